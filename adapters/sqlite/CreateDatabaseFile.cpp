@@ -1,0 +1,86 @@
+#include "adapters/sqlite/CreateDatabaseFile.h"
+
+#include <filesystem>
+#include <random>
+#include <system_error>
+
+#include "adapters/sqlite/FileFormat.h"
+#include "adapters/sqlite/FilePath.h"
+#include "platform/Errors.h"
+
+namespace koru {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The file under its working name; whatever is left of it goes with the object.
+class WorkingFile {
+ public:
+  explicit WorkingFile(const fs::path& target) : path_(target) {
+    path_ += ".new-" + std::to_string(std::random_device()());
+  }
+  WorkingFile(const WorkingFile&) = delete;
+  WorkingFile& operator=(const WorkingFile&) = delete;
+  ~WorkingFile() {
+    std::error_code ignored;
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
+      fs::path leftover = path_;
+      fs::remove(leftover += suffix, ignored);
+    }
+  }
+  [[nodiscard]] const fs::path& Path() const { return path_; }
+
+ private:
+  fs::path path_;
+};
+
+SqliteConnection OpenNew(const fs::path& file, const std::string& path) {
+  try {
+    return {TextOf(file), SqliteConnection::Mode::Create, std::chrono::seconds(0)};
+  } catch (const DatabaseError& failure) {
+    throw InputError("پروندة پايگاه داده ساخته نشد: " + path + " (" + failure.ServerText() + ")");
+  }
+}
+
+void Write(SqliteConnection connection, std::string_view schemaSql,
+           const std::function<void(SqliteConnection&)>& fill) {
+  connection.Execute("PRAGMA journal_mode=MEMORY; PRAGMA synchronous=FULL; PRAGMA cache_size=-65536; BEGIN");
+  connection.Execute(std::string(schemaSql));
+  if (fill) fill(connection);
+  connection.Execute("PRAGMA application_id=" + std::to_string(kApplicationId) + "; PRAGMA user_version=" +
+                     std::to_string(kSchemaVersion) + "; COMMIT; PRAGMA journal_mode=WAL");
+}
+
+void RefuseExisting(const fs::path& target, const std::string& path) {
+  std::error_code ignored;
+  if (fs::exists(fs::symlink_status(target, ignored))) {
+    throw InputError("پرونده اي به اين نام هست و رونويسي نمي شود: " + path);
+  }
+}
+
+/// Gives the finished file its name. A link fails where the name is taken, also by a program that was faster;
+/// where the disk knows no links, the file is renamed.
+void GiveName(const fs::path& working, const fs::path& target, const std::string& path) {
+  std::error_code error;
+  fs::create_hard_link(working, target, error);
+  if (!error) return;
+  RefuseExisting(target, path);
+  fs::rename(working, target, error);
+  if (error) throw InputError("پروندة پايگاه داده ساخته نشد: " + path + " (" + error.message() + ")");
+}
+
+}  // namespace
+
+void CreateDatabaseFile(const std::string& path, std::string_view schemaSql,
+                        const std::function<void(SqliteConnection&)>& fill) {
+  const fs::path target = PathOf(path);
+  RefuseExisting(target, path);
+  const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  std::error_code ignored;
+  if (!fs::is_directory(folder, ignored)) throw InputError("پوشة اين پرونده نيست: " + path);
+  const WorkingFile working(target);
+  Write(OpenNew(working.Path(), path), schemaSql, fill);
+  GiveName(working.Path(), target, path);
+}
+
+}  // namespace koru

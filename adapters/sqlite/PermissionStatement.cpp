@@ -1,0 +1,25 @@
+#include "adapters/sqlite/PermissionStatement.h"
+
+#include <string>
+
+#include "platform/Errors.h"
+#include "platform/Text.h"
+
+namespace koru {
+namespace {
+
+/// The number that the server of the suite gives for a procedure that is not there.
+constexpr int kNoSuchProcedure = 2812;
+
+}  // namespace
+
+SqlText PermissionStatement(std::string_view procedure, const std::vector<std::int32_t>& parameters) {
+  if (!EqualsNoCase(procedure, "spPelinHasPermission") || parameters.size() != 2) {
+    throw DatabaseError("Could not find stored procedure " + std::string(procedure) + ".", kNoSuchProcedure,
+                        std::string(procedure));
+  }
+  return SqlText("select UserID from tblPelinUserPermission where UserID=") + parameters[0] +
+         " and FormPermissionID=" + parameters[1];
+}
+
+}  // namespace koru

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "platform/Database.h"
+
+namespace koru {
+
+/// Connects to the embedded database: `Provider=SQLite;Data Source=<file>`. Opening neither makes nor changes
+/// a file (CreateDatabaseFile makes one). What is not usable throws DatabaseError with one sentence that
+/// names the file: no file named, missing, a folder, not permitted, no database, not one of ours, of an older
+/// or newer version, locked.
+class SqliteConnector : public DatabaseConnector {
+ public:
+  static constexpr std::chrono::milliseconds kBusyTimeout{5000};
+
+  /// `busyTimeout`: how long a statement waits while another program writes.
+  explicit SqliteConnector(std::chrono::milliseconds busyTimeout = kBusyTimeout)
+      : busyTimeout_(busyTimeout) {}
+
+  [[nodiscard]] std::unique_ptr<Database> Connect(const std::string& connectionText) override;
+
+ private:
+  std::chrono::milliseconds busyTimeout_;
+};
+
+}  // namespace koru

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/sqlite/StatementCache.h"
+#include "adapters/sqlite/StatementShape.h"
+#include "platform/Database.h"
+#include "platform/Errors.h"
+
+namespace koru {
+
+/// The embedded database: statements in the suite's server's dialect against a file. Must outlive its write
+/// groups.
+class SqliteDatabase : public Database {
+ public:
+  /// How many prepared statements are kept. The system sends some sixty shapes.
+  static constexpr std::size_t kKeptStatements = 128;
+
+  /// `connection` is open on a file of ours.
+  explicit SqliteDatabase(SqliteConnection connection);
+
+  Recordset Open(const SqlText& statement) override;
+  /// Knows `spPelinHasPermission( user, permission )` alone: 1 when `tblPelinUserPermission` has the row,
+  /// else 0.
+  std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
+  /// A transaction from its beginning, so that a later statement cannot find the file locked. Throws
+  /// DatabaseError when it is locked now.
+  [[nodiscard]] std::unique_ptr<WriteGroup> BeginWriteGroup() override;
+
+  /// The number of prepared statements that are kept.
+  [[nodiscard]] std::size_t KeptStatements() const { return cache_.Size(); }
+
+ private:
+  class Group;
+
+  Recordset Run(const StatementShape& shape);
+  void EndGroup();
+  /// Throws the failure of a statement of a group whose transaction SQLite has given up.
+  void CheckGroupStillThere(const DatabaseError& failure) const;
+
+  SqliteConnection connection_;
+  StatementCache cache_;
+  int openGroups_ = 0;
+};
+
+}  // namespace koru

@@ -1,0 +1,47 @@
+# What every target of the project has in common, and how a box is declared.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+find_program(KORU_CCACHE ccache)
+if(KORU_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${KORU_CCACHE})
+endif()
+
+add_library(koru_options INTERFACE)
+target_compile_options(koru_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # g++ 12 takes the inlined copies of std::string for overlapping ones; later versions do not.
+  target_compile_options(koru_options INTERFACE -Wno-restrict)
+endif()
+if(KORU_SANITIZE)
+  target_compile_options(koru_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                -fno-omit-frame-pointer)
+  target_link_options(koru_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(KORU_CORE_ONLY)
+  # Headers of the desktop and of the databases lie on some machines' default include path; here they are errors.
+  target_include_directories(koru_options BEFORE INTERFACE ${CMAKE_SOURCE_DIR}/cmake/poison)
+endif()
+
+# koru_box(<folder> SOURCES <file>... [LINKS <target>...] [LIBRARIES <target>...])
+#
+# Declares the box that stands in <folder> as the library koru_<folder> (slashes become underscores). Its headers are
+# included as "<folder>/Header.h", and only by targets that link it: each box has an include directory of its own that
+# shows nothing but its folder. LINKS are the boxes that its headers may use, LIBRARIES what only its sources use.
+function(koru_box folder)
+  cmake_parse_arguments(box "" "" "SOURCES;LINKS;LIBRARIES" ${ARGN})
+  string(REPLACE "/" "_" name ${folder})
+  set(shown ${CMAKE_BINARY_DIR}/include/${name})
+  get_filename_component(parent ${shown}/${folder} DIRECTORY)
+  file(MAKE_DIRECTORY ${parent})
+  if(NOT EXISTS ${shown}/${folder})
+    file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${shown}/${folder} SYMBOLIC)
+  endif()
+  add_library(koru_${name} STATIC ${box_SOURCES})
+  target_include_directories(koru_${name} PUBLIC ${shown})
+  target_link_libraries(koru_${name} PUBLIC ${box_LINKS} PRIVATE koru_options ${box_LIBRARIES})
+endfunction()

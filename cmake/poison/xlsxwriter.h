@@ -1,0 +1,1 @@
+#error "the component uses the standard library alone"

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "control/services/SharedState.h"
+
+namespace koru {
+
+/// Whether the signed-in user holds the right; one who does not is told so.
+[[nodiscard]] bool MayDo(SharedState& shared, FormPermission permission);
+
+}  // namespace koru

@@ -1,0 +1,73 @@
+#include "counting/CountingFormControls.h"
+
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace koru {
+
+CountingFormControls::CountingFormControls(Form& form)
+    : lblIDVal(form, "lblIDVal"),
+      txtCode(form, "txtCode"),
+      txtGNO(form, "txtGNO"),
+      txtCreator(form, "txtCreator"),
+      gmpInventory(form, "gmpInventory"),
+      gdpReceiveDate(form, "gdpReceiveDate"),
+      gdpFromDate(form, "gdpFromDate"),
+      gdpToDate(form, "gdpToDate"),
+      mptCounter1(form, "mptCounter1"),
+      mptCounter2(form, "mptCounter2"),
+      mptCounter3(form, "mptCounter3"),
+      mptConfirmer(form, "mptConfirmer"),
+      txtNotes(form, "txtNotes"),
+      flexDetail(form, "flexDetail"),
+      txtTotalBelowValue(form, "txtTotalBelowValue"),
+      txtTotalAboveValue(form, "txtTotalAboveValue"),
+      txtTotalValue(form, "txtTotalValue"),
+      pgbStatus(form, "pgbStatus"),
+      cmdNew(form, "cmdNew"),
+      cmdEdit(form, "cmdEdit"),
+      cmdDelete(form, "cmdDelete"),
+      cmdSearch(form, "cmdSearch"),
+      cmdGoods(form, "cmdGoods"),
+      cmdCalc(form, "cmdCalc"),
+      cmdDeleteAll(form, "cmdDeleteAll"),
+      cmdTmpSave(form, "cmdTmpSave"),
+      cmdIsFinalized(form, "cmdIsFinalized"),
+      cmdFunc(form, "cmdFunc"),
+      cmdCancel(form, "cmdCancel"),
+      cmdView(form, "cmdView"),
+      cmdPrint(form, "cmdPrint"),
+      cmdExcel(form, "cmdExcel"),
+      cmdInvExit(form, "cmdInvExit"),
+      cmdInvReceipt(form, "cmdInvReceipt"),
+      cmdExit(form, "cmdExit"),
+      mnuRS(form, "mnuRS"),
+      Timer1(form, "Timer1") {
+  cmdNew.SetCaption("جديد");
+  cmdEdit.SetCaption("اصلاح");
+  cmdDelete.SetCaption("حذف");
+  cmdSearch.SetCaption("جستجو");
+  cmdGoods.SetCaption("كالاها");
+  cmdCalc.SetCaption("محاسبه");
+  cmdDeleteAll.SetCaption("حذف همه");
+  cmdTmpSave.SetCaption("ثبت موقت");
+  cmdIsFinalized.SetCaption("ثبت نهايي");
+  cmdFunc.SetCaption("بازگشت به موقت");
+  cmdCancel.SetCaption("انصراف");
+  cmdView.SetCaption("مشاهده");
+  cmdPrint.SetCaption("چاپ");
+  cmdExcel.SetCaption("اكسل");
+  cmdInvExit.SetCaption("برگ خروج");
+  cmdInvReceipt.SetCaption("برگ رسيد");
+  cmdExit.SetCaption("خروج");
+  mnuRS.SetCaption("بازگشت به حالت موقت");
+  for (TextBox* shown : {&txtCode, &txtCreator, &txtTotalBelowValue, &txtTotalAboveValue, &txtTotalValue}) {
+    shown->SetLocked(true);
+  }
+}
+
+double CountingFormControls::CountingID() const { return Val(lblIDVal.Caption()); }
+
+bool CountingFormControls::IsFinal() const { return !Trim(txtCode.Text()).empty(); }
+
+}  // namespace koru

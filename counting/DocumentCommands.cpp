@@ -1,0 +1,76 @@
+#include "counting/DocumentCommands.h"
+
+#include "control/services/Permission.h"
+#include "counting/CommandStates.h"
+#include "counting/CountingHeader.h"
+#include "platform/Numbers.h"
+
+namespace koru {
+
+void DocumentCommands::New() {
+  if (!MayDo(shared_, FormPermission::New)) return;
+  ClearCounting(controls_);
+  SetMode(DocumentMode::New);
+  controls_.gdpReceiveDate.SetValue(shared_.surroundings.clock.Today());
+  controls_.txtCreator.SetText(SignedInFullName(shared_.user.userID, shared_.data));
+  controls_.gmpInventory.Parent().SetFocus(controls_.gmpInventory);
+  if (defaultStore_ == StoreChange::kNoDefaultStore) return;
+  controls_.gmpInventory.Select(defaultStore_);
+  storeChange_.Run();
+}
+
+void DocumentCommands::Edit() {
+  if (!MayDo(shared_, FormPermission::Edit)) return;
+  if (controls_.IsFinal()) {
+    shared_.messages.ShowMessage(sentences::kError,
+                                 "اين شمارش ثبت نهايي شده است و نميتوان آن را اصلاح نمود.");
+    return;
+  }
+  SetMode(DocumentMode::Editing);
+}
+
+void DocumentCommands::Delete() {
+  if (!MayDo(shared_, FormPermission::Delete)) return;
+  if (controls_.IsFinal()) {
+    shared_.messages.ShowMessage(sentences::kError,
+                                 "اين شمارش ثبت نهايي شده است و نميتوان آن را ابطال نمود.");
+    return;
+  }
+  if (shared_.messages.AskQuestion("حذف شمارش", sentences::kAreYouSure) != kAnswerYes) return;
+  const double id = controls_.CountingID();
+  const auto written = shared_.data.BeginWriteGroup();
+  shared_.data.rssqldelenterdetail.Open(SqlText("delete tblInventoryCountingDetail where CountingID=") + id);
+  shared_.data.rssqldelenter.Open(SqlText("delete tblInventoryCounting where id=") + id);
+  written->Finish();
+  SetMode(DocumentMode::Empty);
+  ClearCounting(controls_);
+}
+
+void DocumentCommands::DeleteAll() {
+  if (controls_.flexDetail.Rows() < 2) return;
+  const int answer =
+      shared_.messages.AskQuestion(sentences::kWarning, "آيا تمامي كالاها و شمارشهاي وارد شده حذف شوند؟");
+  if (answer != kAnswerYes) return;
+  controls_.flexDetail.SetRows(1);
+  lines_.UpdateTotalQty();
+}
+
+void DocumentCommands::Cancel() {
+  if (shared_.messages.AskQuestion("انصراف از ثبت شمارش", sentences::kAreYouSure) != kAnswerYes) return;
+  const Hourglass hourglass(shared_.surroundings.screen);
+  if (controls_.CountingID() > 0) {
+    FillInvCountingData(static_cast<std::int32_t>(controls_.CountingID()), shared_.data, controls_);
+    SetMode(DocumentMode::Viewing);
+    return;
+  }
+  ClearCounting(controls_);
+  SetMode(DocumentMode::Empty);
+  controls_.cmdExit.Parent().SetFocus(controls_.cmdExit);
+}
+
+void DocumentCommands::SetMode(DocumentMode mode) {
+  shared_.DocMode = mode;
+  disablelockcomponent(mode, controls_);
+}
+
+}  // namespace koru

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "control/services/SharedState.h"
+#include "counting/CountingFormControls.h"
+#include "counting/DocumentCommands.h"
+#include "counting/StoreChange.h"
+#include "documents/FinalRegistration.h"
+#include "documents/ReturnToTemporary.h"
+#include "documents/TemporarySave.h"
+#include "lines/CountingLines.h"
+#include "lines/LineEditing.h"
+#include "lines/SystemQuantity.h"
+#include "platform/Components.h"
+#include "platform/Form.h"
+
+namespace koru {
+
+/// The counting form: one counting document at a time, with its lines, its commands and its totals.
+class frmInvCounting : public Form, public CountingFormControls {
+ public:
+  /// `shared` must outlive the form.
+  explicit frmInvCounting(SharedState& shared);
+
+  /// The form's start-up: base folder, grid, creator, store selector, default store, linked documents. Runs
+  /// once; after a failure (DatabaseError) the next call runs it again from the beginning.
+  void Load();
+
+  /// Opens a stored counting on the form: header, mode 0, lines. False, and nothing but CurrentCountingID
+  /// changes, when there is none of that key.
+  bool ViewInvCounting(std::int32_t id);
+  /// The header alone; false when the counting does not exist.
+  bool FillInvCountingData(std::int32_t id);
+  /// The lines alone.
+  void FillInvCounterDetailData(std::int32_t id) { lines_.FillInvCounterDetailData(id); }
+  /// Sets commands and fields by the shared document mode.
+  void disablelockcomponent();
+  /// Shows the signed-in user's name as the creator.
+  void Initialize();
+  /// Empties the document; the mode is the caller's to set.
+  void Clear();
+
+  /// The folder that report paths are relative to.
+  [[nodiscard]] const std::string& ReportBaseFolder() const { return reportBaseFolder_; }
+  /// The store proposed for a new counting; -1 when none is marked as default.
+  [[nodiscard]] std::int32_t DefaultStore() const { return defaultStore_; }
+
+  /// The condition on goods that the goods search left behind; empty when nothing was searched.
+  SqlText GoodSearchCondition;
+
+  void Activate() override;
+  /// Closing the window is Exit: a document that is being entered is not lost without a question.
+  void UserClose() override;
+
+ protected:
+  void OnUnload() override;
+
+ private:
+  [[nodiscard]] CountingControls DocumentControls();
+  void ConnectEvents();
+  void SetUpStores();
+  void SetUpLinkedDocuments();
+  void Exit();
+
+  SharedState& shared_;
+  std::string reportBaseFolder_;
+  std::int32_t defaultStore_ = StoreChange::kNoDefaultStore;
+  bool started_ = false;
+  CountingLines lines_;
+  LineEditing editing_;
+  SystemQuantity quantity_;
+  StoreChange storeChange_;
+  DocumentCommands commands_;
+  TemporarySave temporarySave_;
+  FinalRegistration finalRegistration_;
+  ReturnToTemporary returnToTemporary_;
+  std::unique_ptr<SiblingComponent> comInvExit_;
+  std::unique_ptr<SiblingComponent> comInvReceipt_;
+};
+
+}  // namespace koru

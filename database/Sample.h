@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/Date.h"
+
+namespace koru {
+
+/// The day on which the sample company stands still, 29 Esfand 1404: nothing in the sample is younger. A host
+/// that shows the sample may take it for today.
+inline constexpr Date kSampleToday{std::chrono::year{2026}, std::chrono::month{3}, std::chrono::day{20}};
+
+/// Told how much of the work is done, in per cent from 0 to 100, never less than the time before.
+using SampleProgress = std::function<void(int percent)>;
+
+/// Makes a new database file at `path` with two years of a wholesaler's goods, documents and countings;
+/// always the same rows. docs/sample-data.md lists who and what is in it. `progress` may be empty. A file
+/// that exists already is left alone and gives InputError; when anything else fails (DatabaseError) no file
+/// is left behind.
+void CreateSample(const std::string& path, const SampleProgress& progress);
+
+}  // namespace koru

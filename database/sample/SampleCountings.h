@@ -1,0 +1,72 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "database/sample/SampleDocuments.h"
+#include "database/sample/SampleStock.h"
+
+namespace koru::sample {
+
+struct CountingLine {
+  std::string barcode;
+  std::optional<int> unit;
+  std::array<std::optional<double>, 3> counts;
+  std::optional<double> accepted;
+  double books = 0;
+  std::optional<double> difference;  ///< accepted less books; empty when there is none
+  std::optional<double> rate;
+};
+
+/// The difference as it is kept with a line: to three decimals, nothing accepted counting as 0; empty when it
+/// is 0.
+[[nodiscard]] std::optional<double> Difference(const std::optional<double>& accepted, double books);
+
+struct Counting {
+  int id = 0;
+  std::optional<std::string> manualCode;
+  int store = 0;
+  int creator = 0;
+  Date day;
+  std::optional<Period> period;
+  std::array<std::optional<int>, 3> counters;
+  std::optional<int> confirmer;
+  std::optional<std::string> notes;
+  std::vector<CountingLine> lines;
+};
+
+/// The documents that a final counting is linked to.
+struct Adjustments {
+  std::optional<int> receipt;
+  std::optional<int> dispatch;
+};
+
+class CountingBook {
+ public:
+  CountingBook(SqliteConnection& connection, DocumentBook& documents);
+
+  /// Writes a temporary counting.
+  void Write(const Counting& counting);
+  /// Writes a counting that is final: the next code, a dispatch for its shortages and a receipt for its
+  /// surpluses, neither of them registered.
+  Adjustments WriteFinal(const Counting& counting);
+  /// Leads the counting to other documents, whether they exist or not.
+  void Link(int id, const Adjustments& adjustments);
+
+ private:
+  std::optional<int> WriteAdjustment(const Counting& counting, DocumentKind kind);
+
+  SqliteConnection& connection_;
+  DocumentBook& documents_;
+  SqliteStatement header_;
+  SqliteStatement line_;
+  SqliteStatement code_;
+  SqliteStatement links_;
+  int lastCode_ = 0;
+};
+
+}  // namespace koru::sample

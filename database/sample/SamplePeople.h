@@ -1,0 +1,14 @@
+#pragma once
+
+#include "adapters/sqlite/SqliteConnection.h"
+
+namespace koru::sample {
+
+inline constexpr int kUserCount = 12;  ///< keys 1 to 12
+inline constexpr int kDepartedUser =
+    13;  ///< has left: documents name the key, but there is no such user any more
+
+/// The users, what each may do, and the stores each may work in.
+void WritePeople(SqliteConnection& connection);
+
+}  // namespace koru::sample

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "platform/Date.h"
+
+namespace koru::sample {
+
+template <typename V>
+void BindField(SqliteStatement& statement, int parameter, const V& value) {
+  statement.Bind(parameter, value);
+}
+
+inline void BindField(SqliteStatement& statement, int parameter, const Date& day) {
+  statement.Bind(parameter, IsoText(day));
+}
+
+/// NULL when there is no value.
+template <typename V>
+void BindField(SqliteStatement& statement, int parameter, const std::optional<V>& value) {
+  if (value) {
+    BindField(statement, parameter, *value);
+  } else {
+    statement.Bind(parameter, nullptr);
+  }
+}
+
+/// Runs an insert with its parameters in their order.
+template <typename... V>
+void Insert(SqliteStatement& statement, const V&... values) {
+  int parameter = 0;
+  (BindField(statement, ++parameter, values), ...);
+  statement.Run();
+}
+
+}  // namespace koru::sample

@@ -1,0 +1,77 @@
+#include "database/sample/SampleSpecialGoods.h"
+
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "database/sample/SampleGoods.h"
+#include "database/sample/SampleGroups.h"
+#include "database/sample/SampleMovements.h"
+#include "database/sample/SampleRows.h"
+#include "database/sample/SampleStores.h"
+#include "database/sample/SampleUnits.h"
+
+namespace koru::sample {
+namespace {
+
+constexpr int kMaker = 9;
+constexpr int kWarehouseGroup = 41;
+
+struct Row {
+  SpecialGood good;
+  std::string_view code;
+  std::string_view name;
+  double price;
+};
+
+constexpr Row kRows[] = {
+    {SpecialGood::StockOf5, "R001", "دستكش كار چرمي", 3},
+    {SpecialGood::BelowZero, "R002", "ماسك فيلتردار", 250000},
+    {SpecialGood::NoDocuments, "R003", "كلاه ايمني", 1200000},
+    {SpecialGood::RateOfReceipt, "R004", "عينك محافظ", 1900},
+    {SpecialGood::NotRegistered, "R005", "گوشي ايمني", 480000},
+    {SpecialGood::BlanksAroundBarcode, "R006", "طناب كار 10 متري", 1100},
+};
+
+void WriteRows(SqliteConnection& connection) {
+  SqliteStatement good = connection.Prepare(
+      "insert into tblGood (Barcode, Code, Name, RetailPrice, SaleScaleID, PurchaseScaleID, TypeID, "
+      "GoodGroupID)"
+      " values (?1, ?2, ?3, ?4, ?5, ?5, ?6, ?7)");
+  SqliteStatement scale = connection.Prepare("insert into tblGoodSaleScale (Barcode, ScaleID) values (?, ?)");
+  for (const Row& row : kRows) {
+    const std::string barcode = BarcodeOf(row.good);
+    Insert(good, barcode, row.code, row.name, row.price, kPiece, kOwnUse, kWarehouseGroup);
+    if (row.good != SpecialGood::NoDocuments) Insert(scale, barcode, kPiece);
+  }
+}
+
+DocumentLine Line(std::string barcode, double quantity, std::optional<double> value) {
+  return {std::move(barcode), quantity, kPiece, quantity, value};
+}
+
+}  // namespace
+
+std::string BarcodeOf(SpecialGood good) { return Barcode(kMaker, static_cast<int>(good)); }
+
+void WriteSpecialGoods(SqliteConnection& connection, DocumentBook& book) {
+  WriteRows(connection);
+  const auto write = [&book](DocumentKind kind, int day, bool registered, std::vector<DocumentLine> lines) {
+    book.Write(
+        {kind, kReturnsStore, 1, Day(kSecondYear, 12, day), registered, std::nullopt, std::move(lines)});
+  };
+  const std::string blanks = " " + BarcodeOf(SpecialGood::BlanksAroundBarcode) + "  ";
+  write(DocumentKind::Receipt, 1, true,
+        {Line(BarcodeOf(SpecialGood::StockOf5), 8, 2), Line(BarcodeOf(SpecialGood::RateOfReceipt), 10, 1400),
+         Line(BarcodeOf(SpecialGood::BlanksAroundBarcode), 3, 900)});
+  write(DocumentKind::Dispatch, 3, true,
+        {Line(BarcodeOf(SpecialGood::StockOf5), 3, 2), Line(BarcodeOf(SpecialGood::BelowZero), 4, 180000),
+         Line(BarcodeOf(SpecialGood::RateOfReceipt), 2, 0)});
+  write(DocumentKind::Receipt, 5, true,
+        {Line(BarcodeOf(SpecialGood::RateOfReceipt), 1, 1500), Line(blanks, 4, 950)});
+  write(DocumentKind::Receipt, 6, false, {Line(BarcodeOf(SpecialGood::NotRegistered), 20, 350000)});
+  write(DocumentKind::Dispatch, 7, false, {Line(BarcodeOf(SpecialGood::NotRegistered), 2, 360000)});
+}
+
+}  // namespace koru::sample

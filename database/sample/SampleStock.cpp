@@ -1,0 +1,52 @@
+#include "database/sample/SampleStock.h"
+
+#include "database/sample/SampleRows.h"
+
+namespace koru::sample {
+namespace {
+
+std::string RegisteredLines(const std::string& kind) {
+  return " from tblInventory" + kind + "Detail join tblInventory" + kind + " on ID = " + kind +
+         "ID where Code is not null and (InventoryID = ?1 or ?1 = 0) and ReceiveDate between ?2 and ?3";
+}
+
+// The trimmed barcode finds the lines by their index, as it does for the statements of the system.
+std::optional<double> LatestValue(SqliteConnection& connection, const std::string& kind, int store,
+                                  const std::string& barcode, const Period& period) {
+  SqliteStatement select = connection.Prepare("select Value" + RegisteredLines(kind) +
+                                              " and ltrim(rtrim(Barcode)) = ?4 collate KORU and +Barcode = "
+                                              "?4 and Value > 0 order by ReceiveDate desc limit 1");
+  BindField(select, 1, store);
+  BindField(select, 2, period.from);
+  BindField(select, 3, period.to);
+  BindField(select, 4, barcode);
+  return select.Step() ? std::optional(select.Real(0)) : std::nullopt;
+}
+
+}  // namespace
+
+std::map<std::string, double> BookStock(SqliteConnection& connection, int store, const Period& period) {
+  SqliteStatement select =
+      connection.Prepare("select trim(Barcode), ifnull(Qty, 0)" + RegisteredLines("Receipt") +
+                         " union all select trim(Barcode), -ifnull(Qty, 0)" + RegisteredLines("Dispatch"));
+  BindField(select, 1, store);
+  BindField(select, 2, period.from);
+  BindField(select, 3, period.to);
+  std::map<std::string, double> stock;
+  while (select.Step()) stock[std::string(select.Text(0))] += select.Real(1);
+  return stock;
+}
+
+std::optional<double> LatestRate(SqliteConnection& connection, int store, const std::string& barcode,
+                                 const Period& period) {
+  const std::optional<double> dispatched = LatestValue(connection, "Dispatch", store, barcode, period);
+  return dispatched ? dispatched : LatestValue(connection, "Receipt", store, barcode, period);
+}
+
+void WriteTotals(SqliteConnection& connection, const Period& period) {
+  SqliteStatement update = connection.Prepare("update tblGood set TotalQty = ?2 where Barcode = ?1");
+  for (const auto& [barcode, quantity] : BookStock(connection, kAllStores, period))
+    Insert(update, barcode, quantity);
+}
+
+}  // namespace koru::sample

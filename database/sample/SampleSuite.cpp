@@ -1,0 +1,49 @@
+#include "database/sample/SampleSuite.h"
+
+#include <array>
+#include <string_view>
+
+#include "database/sample/SampleRows.h"
+
+namespace koru::sample {
+namespace {
+
+struct Parameter {
+  int id;
+  int system;
+  int value;
+};
+
+// 123 shows the counting form modally; here it does not.
+constexpr std::array<Parameter, 5> kParameters = {
+    {{11, 1, 1}, {37, 3, 0}, {88, 8, 1}, {123, 8, 0}, {131, 9, 1}}};
+
+struct Template {
+  int id;
+  int formType;
+  std::string_view title;
+  std::string_view file;
+};
+
+constexpr std::array<Template, 5> kTemplates = {
+    {{1, 801, "رسيد انبار", "reports/receipt.rpt.txt"},
+     {2, 802, "حوالة خروج", "reports/dispatch.rpt.txt"},
+     {3, 806, "شمارش با مغايرت و مبلغ", "reports/counting.rpt.txt"},
+     {4, 806, "برگة شمارش انبار (بدون موجودي)", "reports/counting-sheet.rpt.txt"},
+     {5, 806, "فهرست مغايرتها", "reports/differences.rpt.txt"}}};
+
+}  // namespace
+
+void WriteSuite(SqliteConnection& connection) {
+  SqliteStatement company =
+      connection.Prepare("insert into tblPelinCompany (ID, Name, BasePath) values (?, ?, ?)");
+  Insert(company, 1, "شركت پخش آفتاب كوير", "/usr/share/koru-counting/");
+  SqliteStatement parameter =
+      connection.Prepare("insert into tblPelinSystemParameters (ID, SystemID, Value) values (?, ?, ?)");
+  for (const Parameter& row : kParameters) Insert(parameter, row.id, row.system, row.value);
+  SqliteStatement report = connection.Prepare(
+      "insert into tblPelinReportTemplate (ID, FormTypeID, Title, FilePath) values (?, ?, ?, ?)");
+  for (const Template& row : kTemplates) Insert(report, row.id, row.formType, row.title, row.file);
+}
+
+}  // namespace koru::sample

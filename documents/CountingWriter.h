@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+
+#include "control/services/SharedState.h"
+#include "documents/CountingControls.h"
+
+namespace koru {
+
+/// Writes the counting on the form to the database, the same way for a temporary save and for a registration:
+/// the header, then all lines anew.
+class CountingWriter {
+ public:
+  /// `controls` and `shared` must outlive the writer. `disablelockcomponent` brings the form's controls into
+  /// line with the document mode.
+  CountingWriter(const CountingControls& controls, SharedState& shared,
+                 const std::function<void()>& disablelockcomponent)
+      : controls_(controls), shared_(shared), disablelockcomponent_(disablelockcomponent) {}
+
+  /// Inserts the header of a new counting and shows its key, or updates that of an edited one; in any other
+  /// mode the header is not written. Then the form turns to viewing, and the lines of the database are
+  /// replaced by those of the grid. Throws DatabaseError; what the statements before the failing one wrote
+  /// stays.
+  void Write() const;
+
+ private:
+  void InsertHeader() const;
+  void UpdateHeader() const;
+  void ReplaceLines() const;
+
+  const CountingControls& controls_;
+  SharedState& shared_;
+  const std::function<void()>& disablelockcomponent_;
+};
+
+}  // namespace koru

@@ -1,0 +1,146 @@
+#include "lines/CountingLines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "lines/LineColumns.h"
+#include "platform/Errors.h"
+#include "platform/Numbers.h"
+
+namespace koru {
+namespace {
+
+/// The blanks give the columns their widths.
+constexpr const char* kTitles =
+    "   رديف|"
+    "^  کد ميله\u200cاي            |"
+    "^كد              |"
+    "^نام                                   |"
+    "^واحد          |"
+    "^شماره واحد      |"
+    "^شمارش اول         |"
+    "^شمارش دوم         |"
+    "^شمارش سوم         |"
+    "^شمارش مورد قبول  \u00A0|"
+    "^موجودي دفتري      |"
+    "^كسري       |"
+    "^   اضافي   |"
+    "^نرخ واحد        |"
+    "^ مبلغ كسري           |"
+    "^ مبلغ اضافي          |"
+    "^ مبلغ موجودي شمارش شده";
+constexpr const char* kEditMask = "00000011110001000";
+
+/// The cells that a stored line fills as they are; shortage, surplus and amounts are derived.
+struct LoadedColumn {
+  int column;
+  const char* field;
+};
+constexpr LoadedColumn kLoadedColumns[] = {
+    {LineColumn::Barcode, "Barcode"},
+    {LineColumn::GoodCode, "GoodCode"},
+    {LineColumn::GoodName, "GoodName"},
+    {LineColumn::UnitName, "UnitName"},
+    {LineColumn::ScaleID, "ScaleID"},
+    {LineColumn::FirstCounting, "FirstCounting"},
+    {LineColumn::SecondCounting, "SecondCounting"},
+    {LineColumn::ThirdCounting, "ThirdCounting"},
+    {LineColumn::AcceptedCounting, "AcceptedCounting"},
+    {LineColumn::SystemCounting, "SystemCounting"},
+    {LineColumn::Rate, "Value"},
+};
+
+/// A sum as its box gives it back: every box keeps its sum as text while it grows, line by line. The text of
+/// a whole number of up to 15 digits is that number, so it need not be written and read.
+double AsItsText(double sum) {
+  if (std::fabs(sum) < 1e15 && sum == std::trunc(sum)) return sum;
+  return Val(NumberText(sum));
+}
+
+}  // namespace
+
+void CountingLines::SetUp() {
+  flexDetail_.SetCols(kLineColumns);
+  flexDetail_.SetFormatString(kTitles);
+  flexDetail_.SetEditMask(kEditMask);
+}
+
+void CountingLines::FillInvCounterDetailData(std::int32_t id) {
+  flexDetail_.SetRows(1);
+  const SqlText statement =
+      SqlText(
+          "select round(isnull(BaseValue,0),0) as Value, "
+          "tblGood.barcode,FirstCounting,SecondCounting,ThirdCounting,AcceptedCounting,SystemCounting,"
+          "ContradictionCounting,isnull(ScaleID,-1) as ScaleID,isnull(tblGoodScale.Name,'') as UnitName,"
+          "isnull(tblGood.Code,'') as GoodCode,tblGood.Name as GoodName from tblInventoryCountingDetail "
+          "Inner Join tblGood on tblInventoryCountingDetail.Barcode=tblGood.Barcode "
+          "Left Outer Join tblGoodScale On ScaleID=tblGoodScale.ID where CountingID =") +
+      id + " Order By RowNumber";
+  Recordset records = data_.rssqlgridenterdetail.Open(statement);
+  {
+    const GridRedrawOff redrawOff(flexDetail_);
+    for (; !records.AtEnd(); records.MoveNext()) AddLine(records);
+  }
+  UpdateTotalQty();
+  ColorRows();
+}
+
+void CountingLines::AddLine(const Recordset& record) {
+  flexDetail_.AddItem(std::to_string(flexDetail_.Rows() - 1));
+  const int row = flexDetail_.Rows() - 1;
+  const auto set = [&](int col, std::string_view text) { flexDetail_.SetTextMatrix(row, col, text); };
+
+  set(LineColumn::RowNumber, std::to_string(row));
+  for (const auto& [column, field] : kLoadedColumns) set(column, record.Field(field).Text());
+
+  const double contradiction = record.Field("ContradictionCounting").Number();
+  if (contradiction > 0) set(LineColumn::Surplus, NumberText(contradiction));
+  if (contradiction < 0) set(LineColumn::Shortage, NumberText(-contradiction));
+
+  const double rate = record.Field("Value").Number();
+  const auto setAmount = [&](int amount, int quantity) {
+    const std::string_view text = flexDetail_.TextMatrix(row, quantity);
+    set(amount, text.empty() ? std::string() : NumberText(Val(text) * rate));
+  };
+  setAmount(LineColumn::ShortageAmount, LineColumn::Shortage);
+  setAmount(LineColumn::SurplusAmount, LineColumn::Surplus);
+  setAmount(LineColumn::CountedAmount, LineColumn::AcceptedCounting);
+}
+
+void CountingLines::UpdateTotalQty() {
+  double above = 0;
+  double below = 0;
+  double counted = 0;
+  for (int row = 1; row < flexDetail_.Rows(); ++row) {
+    above = AsItsText(above + Val(flexDetail_.TextMatrix(row, LineColumn::SurplusAmount)));
+    below = AsItsText(below + Val(flexDetail_.TextMatrix(row, LineColumn::ShortageAmount)));
+    counted = AsItsText(counted + Val(flexDetail_.TextMatrix(row, LineColumn::CountedAmount)));
+  }
+  txtTotalAboveValue_.SetText(NumberText(Round(above, 0)));
+  txtTotalBelowValue_.SetText(NumberText(Round(below, 0)));
+  txtTotalValue_.SetText(NumberText(Round(counted, 0)));
+}
+
+void CountingLines::RefreshRows() {
+  {
+    const GridRedrawOff redrawOff(flexDetail_);
+    const int last = std::min(flexDetail_.Rows() - 1, kMostLines);
+    for (int row = 1; row <= last; ++row) {
+      flexDetail_.SetTextMatrix(row, LineColumn::RowNumber, std::to_string(row));
+    }
+  }
+  if (flexDetail_.Rows() - 1 > kMostLines) {
+    throw OverflowError("تعداد رديفهاي شمارش از " + std::to_string(kMostLines) + " بيشتر است.");
+  }
+}
+
+void CountingLines::ColorRows() {
+  const GridRedrawOff redrawOff(flexDetail_);
+  flexDetail_.SetBackColor(kOddRowColor);
+  for (int row = 1; row < flexDetail_.Rows(); ++row) {
+    flexDetail_.SetRowBackColor(row, row % 2 == 0 ? kEvenRowColor : kOddRowColor);
+  }
+}
+
+}  // namespace koru

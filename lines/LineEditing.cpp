@@ -1,0 +1,119 @@
+#include "lines/LineEditing.h"
+
+#include <string>
+
+#include "lines/LineColumns.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace koru {
+namespace {
+
+constexpr double kMost = 1e9;
+
+/// What a person is told of a number out of range, and in which columns.
+struct RangeMessages {
+  const char* tooMuch;
+  const char* tooLittle;
+};
+constexpr RangeMessages kCount{"تعداد بيشتر از اندازة مجاز است.", "تعداد كمتر از اندازة مجاز است."};
+constexpr RangeMessages kRate{"مبلغ بيشتر از اندازة مجاز است.", "مبلغ كمتر از اندازة مجاز است."};
+
+constexpr const char* kDeleteLine = "حذف كالا از شمارش";
+
+/// The messages of a column that holds typed numbers; nullptr for any other column.
+const RangeMessages* MessagesOf(int col) {
+  if (col >= LineColumn::FirstCounting && col <= LineColumn::AcceptedCounting) return &kCount;
+  return col == LineColumn::Rate ? &kRate : nullptr;
+}
+
+}  // namespace
+
+LineEditing::LineEditing(Grid& flexDetail, CountingLines& lines, const Messages& messages,
+                         const DocumentMode& DocMode)
+    : flexDetail_(flexDetail), lines_(lines), messages_(messages), docMode_(DocMode) {
+  subscriptions_.push_back(flexDetail.ValidateEdit.Subscribe([this] { ValidateEdit(); }));
+  subscriptions_.push_back(flexDetail.CellChanged.Subscribe([this] { CellChanged(); }));
+  subscriptions_.push_back(flexDetail.RowDeleting.Subscribe([this] { RowDeleting(); }));
+  subscriptions_.push_back(flexDetail.RowDeleted.Subscribe([this] { RowDeleted(); }));
+  subscriptions_.push_back(flexDetail.RowChange.Subscribe([this] { RemoveEmptyRow(); }));
+  subscriptions_.push_back(flexDetail.LeaveGrid.Subscribe([this] { RemoveEmptyRow(); }));
+  subscriptions_.push_back(flexDetail.HeaderClick.Subscribe([this](int col) { SortBy(col); }));
+}
+
+void LineEditing::CalculateRow(int row) {
+  const auto set = [&](int col, std::string_view text) { flexDetail_.SetTextMatrix(row, col, text); };
+  const auto number = [&](int col) { return Val(flexDetail_.TextMatrix(row, col)); };
+
+  set(LineColumn::Surplus, {});
+  set(LineColumn::SurplusAmount, {});
+  set(LineColumn::Shortage, {});
+  set(LineColumn::ShortageAmount, {});
+
+  const double system = number(LineColumn::SystemCounting);
+  const double accepted = number(LineColumn::AcceptedCounting);
+  const double rate = number(LineColumn::Rate);
+  if (system < accepted) {
+    set(LineColumn::Surplus, NumberText(Round(accepted - system, 3)));
+    set(LineColumn::SurplusAmount, NumberText(number(LineColumn::Surplus) * rate));
+  }
+  if (system > accepted) {
+    set(LineColumn::Shortage, NumberText(Round(system - accepted, 3)));
+    set(LineColumn::ShortageAmount, NumberText(number(LineColumn::Shortage) * rate));
+  }
+  if (!Trim(flexDetail_.TextMatrix(row, LineColumn::AcceptedCounting)).empty()) {
+    set(LineColumn::CountedAmount, NumberText(rate * accepted));
+  }
+}
+
+void LineEditing::ValidateEdit() {
+  const RangeMessages* const messages = MessagesOf(flexDetail_.Col());
+  if (messages == nullptr) return;
+  const std::string typed = flexDetail_.EditText();
+  // Too much is only warned of, since a count may really be that large; a negative count cannot be.
+  if (Val(typed) > kMost) messages_.ShowMessage(sentences::kError, messages->tooMuch);
+  if (!Trim(typed).empty()) flexDetail_.SetEditText(NumberText(Val(typed)));
+  if (Val(flexDetail_.EditText()) < 0) {
+    messages_.ShowMessage(sentences::kError, messages->tooLittle);
+    flexDetail_.SetEditAccepted(false);
+  }
+}
+
+void LineEditing::CellChanged() {
+  const int col = flexDetail_.Col();
+  if (col != LineColumn::AcceptedCounting && col != LineColumn::Rate) return;
+  CalculateRow(flexDetail_.Row());
+  lines_.UpdateTotalQty();
+}
+
+void LineEditing::RowDeleting() {
+  if (flexDetail_.TextMatrix(flexDetail_.Row(), LineColumn::Barcode).empty()) {
+    flexDetail_.SetDeleteAllowed(true);
+    return;
+  }
+  flexDetail_.SetDeleteAllowed(false);
+  if (docMode_ != DocumentMode::Editing && docMode_ != DocumentMode::New) return;
+  flexDetail_.SetDeleteAllowed(messages_.AskQuestion(kDeleteLine, sentences::kAreYouSure) == kAnswerYes);
+}
+
+void LineEditing::RowDeleted() {
+  lines_.UpdateTotalQty();
+  lines_.RefreshRows();
+  lines_.ColorRows();
+}
+
+void LineEditing::RemoveEmptyRow() {
+  const int row = flexDetail_.Row();
+  if (emptyRowRemovalSuspended_ || row < 1 || row >= flexDetail_.Rows()) return;
+  if (flexDetail_.TextMatrix(row, LineColumn::Barcode).empty()) flexDetail_.RemoveItem(row);
+}
+
+void LineEditing::SortBy(int col) {
+  if (col < 0 || col >= flexDetail_.Cols()) return;
+  flexDetail_.SetCurrent(flexDetail_.Row(), col);
+  flexDetail_.Sort(col,
+                   col == LineColumn::Barcode ? SortMode::TextNoCaseAscending : SortMode::GenericAscending);
+  lines_.RefreshRows();
+}
+
+}  // namespace koru

@@ -1,0 +1,115 @@
+#include "lines/SystemQuantity.h"
+
+#include <string>
+
+#include "lines/LineColumns.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace koru {
+
+SystemQuantity::SystemQuantity(Grid& flexDetail, const TreeSelector& gmpInventory, const DateBox& gdpFromDate,
+                               const DateBox& gdpToDate, ProgressBar& pgbStatus, Screen& screen,
+                               dteInvCounting& data, LineEditing& editing, CountingLines& lines)
+    : flexDetail_(flexDetail),
+      gmpInventory_(gmpInventory),
+      gdpFromDate_(gdpFromDate),
+      gdpToDate_(gdpToDate),
+      pgbStatus_(pgbStatus),
+      screen_(screen),
+      data_(data),
+      editing_(editing),
+      lines_(lines) {}
+
+void SystemQuantity::CalculateAllLines() {
+  pgbStatus_.SetVisible(true);
+  pgbStatus_.SetMax(flexDetail_.Rows() - 1);
+  pgbStatus_.SetValue(0);
+  {
+    const Hourglass hourglass(screen_);
+    const GridRedrawOff redrawOff(flexDetail_);
+    for (int row = 1; row < flexDetail_.Rows(); ++row) {
+      pgbStatus_.SetValue(pgbStatus_.Value() + 1);
+      const std::string barcode(Trim(flexDetail_.TextMatrix(row, LineColumn::Barcode)));
+      FillUnit(row, barcode);
+      FillRate(row, barcode);
+      FillSystemCounting(row, barcode);
+      editing_.CalculateRow(row);
+    }
+    pgbStatus_.SetVisible(false);
+  }
+  lines_.UpdateTotalQty();
+}
+
+double SystemQuantity::GetQTy(std::int32_t invID, std::string_view barcode) {
+  const std::string_view trimmed = Trim(barcode);
+  const SqlText documents = DocumentCondition(invID);
+  const double received = SumOfQty(
+      SqlText("Select isnull(sum(isnull(Qty,0)),0) as Qty from tblInventoryReceiptDetail where "
+              "LTrim(RTrim(Barcode))='") +
+      Typed(trimmed) + "' and ReceiptID in (select ID from tblInventoryReceipt where " + documents + ")))");
+  const double dispatched = SumOfQty(
+      SqlText("Select isnull(sum(isnull(Qty,0)),0) as Qty from tblInventoryDispatchDetail where "
+              "LTrim(RTrim(Barcode))='") +
+      Typed(trimmed) + "' and DispatchID in (select ID from tblInventoryDispatch where " + documents + ")))");
+  return received - dispatched;
+}
+
+void SystemQuantity::FillUnit(int row, std::string_view barcode) {
+  const bool found = FillUnitFrom(
+      row, SqlText("Select ID,Name from tblGoodScale Where isnull(ScaleToBaseParent,0)=1 and ID in "
+                   "(Select ScaleID from tblGoodSaleScale Where Barcode = '") +
+               Typed(barcode) + "')");
+  if (found) return;
+  FillUnitFrom(row,
+               SqlText("Select ID,Name from tblGoodScale Where isnull(ScaleToBaseParent,0)=1 Order by ID"));
+}
+
+void SystemQuantity::FillRate(int row, std::string_view barcode) {
+  const SqlText rest = SqlText("' and Isnull(Value,0)>0 and ") +
+                       DocumentCondition(gmpInventory_.SelectedID()) + ")) Order By ReceiveDate Desc";
+  const bool found = FillRateFrom(
+      row, SqlText("Select isnull(Value,0) as Value from tblInventoryDispatchDetail,tblInventoryDispatch "
+                   "Where ID=DispatchID and Barcode='") +
+               Typed(barcode) + rest);
+  if (found) return;
+  FillRateFrom(row,
+               SqlText("Select isnull(Value,0) as Value from tblInventoryReceiptDetail,tblInventoryReceipt "
+                       "Where ID=ReceiptID and Barcode='") +
+                   Typed(barcode) + rest);
+}
+
+void SystemQuantity::FillSystemCounting(int row, std::string_view barcode) {
+  const double quantity = GetQTy(gmpInventory_.SelectedID(), barcode);
+  flexDetail_.SetTextMatrix(row, LineColumn::SystemCounting, NumberText(quantity));
+}
+
+SqlText SystemQuantity::DocumentCondition(std::int32_t invID) const {
+  SqlText condition;
+  // Dispatches, too, carry their date in ReceiveDate.
+  if (const auto from = gdpFromDate_.Value()) condition = condition + "ReceiveDate>='" + *from + "' and ";
+  if (const auto to = gdpToDate_.Value()) condition = condition + "ReceiveDate<='" + *to + "' and ";
+  return condition + " Code is not NULL and (InventoryID=" + invID +
+         " or InventoryID in (Select ChildID from tblInventoryParent Where ID=" + invID;
+}
+
+double SystemQuantity::SumOfQty(const SqlText& statement) {
+  return data_.rssqlCommon.Open(statement).Field("Qty").Number();
+}
+
+bool SystemQuantity::FillUnitFrom(int row, const SqlText& statement) {
+  const Recordset units = data_.rssqlCommon.Open(statement);
+  if (units.RecordCount() == 0) return false;
+  flexDetail_.SetTextMatrix(row, LineColumn::UnitName, units.Field("Name").Text());
+  flexDetail_.SetTextMatrix(row, LineColumn::ScaleID, units.Field("ID").Text());
+  return true;
+}
+
+bool SystemQuantity::FillRateFrom(int row, const SqlText& statement) {
+  const Recordset rates = data_.rssqlCommon.Open(statement);
+  if (rates.RecordCount() == 0) return false;
+  flexDetail_.SetTextMatrix(row, LineColumn::Rate, rates.Field("Value").Text());
+  return true;
+}
+
+}  // namespace koru

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace koru {
+
+/// The code of a DatabaseError for a statement that is no statement, the same that the suite's server gives.
+inline constexpr int kBrokenStatement = 105;
+
+/// The database refused a statement or could not be reached. what() is ServerText().
+class DatabaseError : public std::runtime_error {
+ public:
+  DatabaseError(const std::string& serverText, int code, std::string statement)
+      : std::runtime_error(serverText), code_(code), statement_(std::move(statement)) {}
+
+  /// The server's own words; never a password.
+  [[nodiscard]] std::string ServerText() const { return what(); }
+  /// The server's or driver's own number; 0 where it gave none.
+  [[nodiscard]] int Code() const { return code_; }
+  /// The statement that failed; empty when the failure came before any statement (opening a connection).
+  [[nodiscard]] const std::string& Statement() const { return statement_; }
+
+ private:
+  int code_;
+  std::string statement_;
+};
+
+/// A sibling component could not be made: error 429 when no component is registered under the class name.
+class ComponentError : public std::runtime_error {
+ public:
+  static constexpr int kNotRegistered = 429;
+
+  ComponentError(const std::string& what, int code) : std::runtime_error(what), code_(code) {}
+  [[nodiscard]] int Code() const { return code_; }
+
+ private:
+  int code_;
+};
+
+/// A number does not fit the width that the system gives it (a 16-bit row counter, a 16-bit property).
+class OverflowError : public std::overflow_error {
+ public:
+  using std::overflow_error::overflow_error;
+};
+
+/// Something from outside (a connection text, a property file, a scenario) is not usable. what() is one
+/// sentence for a person that names the thing and the place.
+class InputError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace koru

@@ -1,0 +1,100 @@
+#include "platform/PersianText.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/Text.h"
+
+namespace koru {
+namespace {
+
+constexpr char32_t kArabicBlock = 0x0600;
+
+/// The letters of the Persian alphabet in the order of lists, after folding.
+constexpr std::u32string_view kAlphabet = U"ءآاأإبپتثجچحخدذرزژسشصضطظعغفقکگلمنوؤهۀةیئ";
+
+/// For each character of the Arabic block: its place in a list. The alphabet comes first; what is no letter
+/// of it keeps its own order behind.
+constexpr auto kWeights = [] {
+  std::array<char32_t, 0x100> weights{};
+  for (std::size_t i = 0; i < weights.size(); ++i)
+    weights[i] = kArabicBlock + 0x100 + static_cast<char32_t>(i);
+  for (std::size_t i = 0; i < kAlphabet.size(); ++i) {
+    weights[kAlphabet[i] - kArabicBlock] = kArabicBlock + static_cast<char32_t>(i);
+  }
+  return weights;
+}();
+
+char32_t FoldCase(char32_t c) {
+  if (c >= 'A' && c <= 'Z') return c + 0x20;
+  if (c < 0xC0) return c;
+  if (c <= 0xDE) return c == 0xD7 ? c : c + 0x20;
+  if ((c >= 0x0391 && c <= 0x03A9) || (c >= 0x0410 && c <= 0x042F)) return c + 0x20;
+  if (c >= 0x0400 && c <= 0x040F) return c + 0x50;
+  return c;
+}
+
+char32_t Weight(char32_t folded) {
+  if (folded < kArabicBlock) return folded;
+  if (folded < kArabicBlock + 0x100) return kWeights[folded - kArabicBlock];
+  return folded + 0x100;
+}
+
+std::string_view WithoutTrailingBlanks(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+/// The weight of the next character that counts; 0 at the end of the text.
+char32_t NextWeight(std::string_view text, std::size_t& at) {
+  while (at < text.size()) {
+    const char32_t c = NextCharacter(text, at);
+    if (c != kZeroWidthNonJoiner) return Weight(FoldCharacter(c)) + 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+char32_t FoldCharacter(char32_t character) {
+  if (character < kArabicBlock) return FoldCase(character);
+  if (character == 0x064A || character == 0x0649) return 0x06CC;
+  if (character == 0x0643) return 0x06A9;
+  if (character >= 0x0660 && character <= 0x0669) return '0' + (character - 0x0660);
+  if (character >= 0x06F0 && character <= 0x06F9) return '0' + (character - 0x06F0);
+  return character;
+}
+
+std::string FoldPersian(std::string_view text) {
+  std::string folded;
+  folded.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    const char32_t c = NextCharacter(text, at);
+    if (c != kZeroWidthNonJoiner) AppendCharacter(folded, FoldCharacter(c));
+  }
+  folded.resize(WithoutTrailingBlanks(folded).size());
+  return folded;
+}
+
+std::string PersianSortKey(std::string_view text) {
+  text = WithoutTrailingBlanks(text);
+  std::string key;
+  key.reserve(text.size() + text.size() / 2);
+  std::size_t at = 0;
+  while (const char32_t weight = NextWeight(text, at)) AppendCharacter(key, weight);
+  return key;
+}
+
+int ComparePersian(std::string_view a, std::string_view b) {
+  a = WithoutTrailingBlanks(a);
+  b = WithoutTrailingBlanks(b);
+  std::size_t atA = 0;
+  std::size_t atB = 0;
+  while (true) {
+    const char32_t weightA = NextWeight(a, atA);
+    const char32_t weightB = NextWeight(b, atB);
+    if (weightA != weightB) return weightA < weightB ? -1 : 1;
+    if (weightA == 0) return 0;
+  }
+}
+
+}  // namespace koru

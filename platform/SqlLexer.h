@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace koru {
+
+enum class SqlTokenKind {
+  End,
+  Word,            ///< a name or a keyword, also one in [brackets] or "quotes"
+  Number,          ///< decimal: digits, point, exponent
+  String,          ///< '...' with its apostrophes
+  NationalString,  ///< N'...' with the N and its apostrophes
+  Parameter,       ///< ? or @name
+  Symbol,          ///< an operator or punctuation; <=, >=, <>, != are one token each
+  Comment,         ///< -- to the end of the line, or /* ... */
+  Broken           ///< a literal, bracket or comment that is never closed, up to the end of the text
+};
+
+struct SqlToken {
+  SqlTokenKind kind = SqlTokenKind::End;
+  std::size_t begin = 0;  ///< in bytes
+  std::size_t end = 0;
+};
+
+/// Reads a statement in the suite's server's dialect from left to right, token by token; white space lies
+/// between tokens. Every byte of the text is in a token or is white space.
+class SqlLexer {
+ public:
+  /// `text` must outlive the lexer.
+  explicit SqlLexer(std::string_view text) : text_(text) {}
+
+  /// The next token; End at the end of the text, again and again.
+  SqlToken Next();
+  [[nodiscard]] std::string_view TextOf(SqlToken token) const {
+    return text_.substr(token.begin, token.end - token.begin);
+  }
+
+ private:
+  SqlToken Take(SqlTokenKind kind, std::size_t length);
+  /// A token up to and with the closing character, which counts as part of the content when it is doubled.
+  SqlToken TakeQuoted(SqlTokenKind kind, std::size_t opening, char close);
+  SqlToken TakeComment(std::string_view close, bool mayRunToEnd);
+  SqlToken TakeNumber();
+  SqlToken TakeWord(SqlTokenKind kind);
+  [[nodiscard]] char Peek(std::size_t ahead) const {
+    return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0';
+  }
+
+  std::string_view text_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace koru

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Components.h"
+#include "platform/Database.h"
+#include "platform/Date.h"
+#include "platform/Screen.h"
+#include "platform/Spreadsheet.h"
+
+namespace koru {
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  /// Today in the person's time zone.
+  [[nodiscard]] virtual Date Today() const = 0;
+};
+
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+  /// Whether `path` names a file (not a folder) that is there.
+  [[nodiscard]] virtual bool FileExists(const std::string& path) const = 0;
+};
+
+/// All that the component needs from where it runs. Each must outlive the component.
+struct Surroundings {
+  DatabaseConnector& databases;
+  ComponentRegistry& components;
+  Screen& screen;
+  Clock& clock;
+  FileSystem& files;
+  SpreadsheetStarter& spreadsheets;
+};
+
+}  // namespace koru

@@ -1,0 +1,72 @@
+#include "adapters/sqlite/StatementShape.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/Errors.h"
+
+namespace koru {
+namespace {
+
+TEST(StatementShape, Statements_that_differ_in_literals_alone_have_one_shape) {
+  const StatementShape a = ReadShape("Insert Into T (A,B,C) Values(1,'x',2.5)");
+  const StatementShape b = ReadShape("Insert Into T (A,B,C) Values(77,N'سلام',0.000001)");
+  EXPECT_EQ(a.text, "Insert Into T (A,B,C) Values(?,'?',?)");
+  EXPECT_EQ(a.text, b.text);
+}
+
+TEST(StatementShape, Numbers_and_texts_have_different_shapes) {
+  EXPECT_NE(ReadShape("select * from T where A=1").text, ReadShape("select * from T where A='1'").text);
+}
+
+TEST(StatementShape, Whole_numbers_stay_whole_and_decimals_lose_nothing) {
+  const StatementShape shape = ReadShape("select 1, 9007199254740993, 0.1, 1E+15, 99999999999999999999");
+  ASSERT_EQ(shape.literals.size(), 5U);
+  EXPECT_EQ(std::get<std::int64_t>(shape.literals[0]), 1);
+  EXPECT_EQ(std::get<std::int64_t>(shape.literals[1]), 9007199254740993);
+  EXPECT_EQ(std::get<double>(shape.literals[2]), 0.1);
+  EXPECT_EQ(std::get<double>(shape.literals[3]), 1e15);
+  EXPECT_EQ(std::get<double>(shape.literals[4]), 1e20);
+}
+
+TEST(StatementShape, Doubled_apostrophes_become_one_and_stay_inside_their_text) {
+  const StatementShape shape = ReadShape("update T set A='O''Neil; delete T --', B='''' , C=''");
+  EXPECT_EQ(shape.text, "update T set A='?', B='?' , C='?'");
+  EXPECT_EQ(std::get<std::string>(shape.literals[0]), "O'Neil; delete T --");
+  EXPECT_EQ(std::get<std::string>(shape.literals[1]), "'");
+  EXPECT_EQ(std::get<std::string>(shape.literals[2]), "");
+}
+
+TEST(StatementShape, White_space_and_comments_do_not_count) {
+  EXPECT_EQ(ReadShape("select  A\r\n from\tT /* all */ where--why\n B=1 ").text, "select A from T where B=?");
+}
+
+TEST(StatementShape, A_second_statement_is_refused_and_a_last_semicolon_is_not) {
+  EXPECT_EQ(ReadShape("delete T where A=1; \r\n").text, "delete T where A=?");
+  EXPECT_THROW((void)ReadShape("delete T where A=1; delete T"), DatabaseError);
+  EXPECT_THROW((void)ReadShape("delete T;;"), DatabaseError);
+  EXPECT_THROW((void)ReadShape("delete T; -- really"), DatabaseError);
+}
+
+TEST(StatementShape, What_is_never_closed_is_refused_with_the_whole_statement) {
+  for (const std::string statement :
+       {"select * from T where A='it's'", "select [A from T", "select 1 /* why"}) {
+    try {
+      (void)ReadShape(statement);
+      ADD_FAILURE() << statement;
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(error.Statement(), statement);
+      EXPECT_EQ(error.Code(), kBrokenStatement);
+    }
+  }
+}
+
+TEST(StatementShape, Parameters_without_a_value_and_NUL_characters_are_refused) {
+  EXPECT_THROW((void)ReadShape("select * from T where A=?"), DatabaseError);
+  EXPECT_THROW((void)ReadShape("select * from T where A=@id"), DatabaseError);
+  EXPECT_THROW((void)ReadShape(std::string("select 'a\0b'", 12)), DatabaseError);
+}
+
+}  // namespace
+}  // namespace koru

@@ -1,0 +1,55 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "adapters/sqlite/SqliteConnector.h"
+#include "platform/Errors.h"
+#include "tests/support/TestDatabase.h"
+
+namespace koru {
+namespace {
+
+class TwoConnections : public testing::Test {
+ protected:
+  static std::size_t Users(Database& connection) {
+    return connection.Open(SqlText("select ID from tblUser")).RecordCount();
+  }
+  test::TestDatabase database_;
+  SqliteConnector connector_{std::chrono::milliseconds(0)};
+  std::unique_ptr<Database> writer_ = connector_.Connect(database_.ConnectionText());
+  std::unique_ptr<Database> reader_ = connector_.Connect(database_.ConnectionText());
+};
+
+TEST_F(TwoConnections, What_one_has_written_the_other_reads) {
+  writer_->Open(SqlText("insert into tblUser (FullName) values ('x')"));
+  EXPECT_EQ(Users(*reader_), 1U);
+}
+
+TEST_F(TwoConnections, A_reader_does_not_wait_for_a_write_group) {
+  const auto group = writer_->BeginWriteGroup();
+  writer_->Open(SqlText("insert into tblUser (FullName) values ('x')"));
+  EXPECT_EQ(Users(*reader_), 0U);
+  group->Finish();
+  EXPECT_EQ(Users(*reader_), 1U);
+}
+
+TEST_F(TwoConnections, A_recordset_that_is_still_looked_at_keeps_nobody_from_writing) {
+  writer_->Open(SqlText("insert into tblUser (FullName) values ('a'),('b')"));
+  Recordset users = reader_->Open(SqlText("select ID,FullName from tblUser order by ID"));
+  writer_->Open(SqlText("delete tblUser"));
+  database_.Execute("drop table tblUser");
+  EXPECT_EQ(users.RecordCount(), 2U);
+  users.MoveNext();
+  EXPECT_EQ(users.Field("FullName").Text(), "b");
+}
+
+TEST_F(TwoConnections, A_kept_statement_notices_that_a_table_has_changed) {
+  EXPECT_EQ(Users(*reader_), 0U);
+  database_.Execute("alter table tblUser add column Nick text");
+  writer_->Open(SqlText("insert into tblUser (FullName,Nick) values ('a','b')"));
+  const Recordset users = reader_->Open(SqlText("select * from tblUser"));
+  EXPECT_EQ(users.Field("Nick").Text(), "b");
+}
+
+}  // namespace
+}  // namespace koru

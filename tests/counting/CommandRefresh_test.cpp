@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+
+#include "tests/counting/CountingWorld.h"
+
+namespace koru::test {
+namespace {
+
+using CommandRefresh = CountingWorld;
+
+TEST_F(CommandRefresh, A_viewed_counting_with_lines_can_be_neither_saved_nor_registered) {
+  View(10);
+  EXPECT_FALSE(Form().cmdTmpSave.Enabled());
+  EXPECT_FALSE(Form().cmdIsFinalized.Enabled());
+  EXPECT_TRUE(Form().cmdView.Enabled());
+  EXPECT_TRUE(Form().cmdEdit.Enabled());
+  EXPECT_TRUE(Form().cmdDelete.Enabled());
+  EXPECT_FALSE(Form().cmdFunc.Enabled());
+}
+
+TEST_F(CommandRefresh, A_counting_with_a_date_a_store_and_a_first_good_can_be_saved) {
+  ViewAndEdit(10);
+  Form().Timer1.Fire();
+  EXPECT_TRUE(Form().cmdTmpSave.Enabled());
+  EXPECT_TRUE(Form().cmdIsFinalized.Enabled());
+
+  Form().gdpReceiveDate.Clear();
+  Form().Timer1.Fire();
+  EXPECT_FALSE(Form().cmdTmpSave.Enabled());
+  EXPECT_FALSE(Form().cmdIsFinalized.Enabled());
+
+  Form().gdpReceiveDate.SetValue(clock.Today());
+  Form().gmpInventory.ClearSelection();
+  Form().Timer1.Fire();
+  EXPECT_FALSE(Form().cmdIsFinalized.Enabled());
+
+  Form().gmpInventory.Select(2);
+  Form().flexDetail.SetTextMatrix(1, 3, "");
+  Form().Timer1.Fire();
+  EXPECT_FALSE(Form().cmdTmpSave.Enabled());
+}
+
+TEST_F(CommandRefresh, A_counting_without_lines_cannot_be_saved) {
+  ViewAndEdit(12);
+  Form().gdpReceiveDate.SetValue(clock.Today());
+  Form().Timer1.Fire();
+  EXPECT_FALSE(Form().cmdTmpSave.Enabled());
+}
+
+TEST_F(CommandRefresh, A_final_counting_can_only_be_returned) {
+  View(11);
+  EXPECT_FALSE(Form().cmdEdit.Enabled());
+  EXPECT_FALSE(Form().cmdDelete.Enabled());
+  EXPECT_TRUE(Form().cmdFunc.Enabled());
+
+  messages.WillAnswer(FakeMessages::Answer::Yes);
+  Click(Form().cmdFunc);
+  EXPECT_EQ(Form().txtCode.Text(), "");
+  EXPECT_TRUE(Form().cmdFunc.Enabled()) << "until the next tick";
+  Form().Timer1.Fire();
+  EXPECT_TRUE(Form().cmdEdit.Enabled());
+  EXPECT_TRUE(Form().cmdDelete.Enabled());
+  EXPECT_FALSE(Form().cmdFunc.Enabled());
+}
+
+TEST_F(CommandRefresh, An_empty_form_has_nothing_to_view_or_to_change) {
+  control.ClearShow();
+  Form().Timer1.Fire();
+  EXPECT_FALSE(Form().cmdView.Enabled());
+  EXPECT_FALSE(Form().cmdEdit.Enabled());
+  EXPECT_FALSE(Form().cmdFunc.Enabled());
+}
+
+TEST_F(CommandRefresh, An_unavailable_button_also_looks_so) {
+  View(11);
+  for (const Button* button : {&Form().cmdCancel, &Form().cmdDelete, &Form().cmdEdit, &Form().cmdExit,
+                               &Form().cmdIsFinalized, &Form().cmdNew, &Form().cmdTmpSave, &Form().cmdView,
+                               &Form().cmdCalc, &Form().cmdDeleteAll, &Form().cmdGoods}) {
+    EXPECT_EQ(button->LooksAvailable(), button->Enabled()) << button->Name();
+  }
+}
+
+}  // namespace
+}  // namespace koru::test

@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "platform/Errors.h"
+#include "tests/database/SampleFixture.h"
+
+namespace koru::test {
+namespace {
+
+std::string BytesOf(const std::string& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+}  // namespace
+
+TEST(SampleFile, Is_the_same_every_time_it_is_made) {
+  const TemporaryFolder folder;
+  CreateSample(folder.File("one"), {});
+  CreateSample(folder.File("two"), {});
+  const std::string one = BytesOf(folder.File("one"));
+  EXPECT_GT(one.size(), 500'000U);
+  EXPECT_TRUE(one == BytesOf(folder.File("two")));
+}
+
+TEST(SampleFile, Never_replaces_a_file_that_is_there) {
+  const TemporaryFolder folder;
+  std::ofstream(folder.File("mine")) << "my own";
+  EXPECT_THROW(CreateSample(folder.File("mine"), {}), InputError);
+  EXPECT_EQ(BytesOf(folder.File("mine")), "my own");
+}
+
+TEST(SampleFile, Leaves_nothing_behind_when_it_is_broken_off) {
+  const TemporaryFolder folder;
+  const SampleProgress stop = [](int percent) {
+    if (percent > 30) throw std::runtime_error("stop");
+  };
+  EXPECT_THROW(CreateSample(folder.File("half"), stop), std::runtime_error);
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+TEST(SampleFile, Tells_its_progress_from_0_to_100) {
+  const TemporaryFolder folder;
+  std::vector<int> told;
+  CreateSample(folder.File("sample"), [&told](int percent) { told.push_back(percent); });
+  ASSERT_GE(told.size(), 3U);
+  EXPECT_EQ(told.front(), 0);
+  EXPECT_EQ(told.back(), 100);
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+}
+
+TEST_F(SampleTest, Is_a_sound_database) { EXPECT_EQ(Text("pragma integrity_check"), "ok"); }
+
+}  // namespace koru::test

@@ -1,0 +1,27 @@
+#include "tests/support/RecordingDatabase.h"
+
+namespace koru::test {
+
+Recordset RecordingDatabase::Open(const SqlText& statement) {
+  log_.push_back(statement.Text());
+  return inner_->Open(statement);
+}
+
+std::int32_t RecordingDatabase::Call(std::string_view procedure,
+                                     const std::vector<std::int32_t>& parameters) {
+  std::string text = "{? = CALL " + std::string(procedure) + "(";
+  const char* before = " ";
+  for (const std::int32_t parameter : parameters) {
+    text += before + std::to_string(parameter);
+    before = ", ";
+  }
+  log_.push_back(text + ") }");
+  return inner_->Call(procedure, parameters);
+}
+
+std::unique_ptr<Database> RecordingConnector::Connect(const std::string& connectionText) {
+  connectionTexts_.push_back(connectionText);
+  return std::make_unique<RecordingDatabase>(inner_.Connect(connectionText), statements_);
+}
+
+}  // namespace koru::test

@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "adapters/sqlite/SqliteConnector.h"
+#include "platform/Errors.h"
+#include "tests/support/FailingDatabase.h"
+#include "tests/support/FakeMessages.h"
+#include "tests/support/FakeScreen.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/RecordingDatabase.h"
+#include "tests/support/TestDatabase.h"
+
+namespace koru::test {
+namespace {
+
+TEST(TemporaryFolder, Goes_with_everything_in_it) {
+  std::filesystem::path path;
+  {
+    const TemporaryFolder folder;
+    path = folder.Path();
+    std::filesystem::create_directories(path / "a" / "b");
+  }
+  EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST(TestDatabase, Dumps_NULL_texts_and_numbers_apart_and_regardless_of_their_order) {
+  TestDatabase a;
+  TestDatabase b;
+  EXPECT_EQ(a.Dump(), "");
+  a.Execute("insert into tblInventory (ID, ParentID, Name) values (1, NULL, '1'), (2, 1, 'it''s')");
+  b.Execute("insert into tblInventory (ID, ParentID, Name) values (2, 1, 'it''s'), (1, NULL, '1')");
+  EXPECT_EQ(a.Dump(), b.Dump());
+  EXPECT_EQ(a.Dump(),
+            "tblInventory: ID=1, ParentID=NULL, Name='1', IsDefault=0\n"
+            "tblInventory: ID=2, ParentID=1, Name='it''s', IsDefault=0\n");
+  b.Execute("update tblInventory set ParentID=0 where ID=1");
+  EXPECT_NE(a.Dump(), b.Dump());
+}
+
+TEST(TestDatabase, Reads_fields_and_rows_as_text) {
+  TestDatabase database;
+  EXPECT_EQ(database.Scalar("select ID from tblInventory"), "none");
+  EXPECT_EQ(database.Scalar("select max(ID) from tblInventory"), "NULL");
+  EXPECT_EQ(database.Rows("select 1, NULL union all select 'x', 2.5"), "1|NULL\nx|2.5\n");
+}
+
+TEST(RecordingDatabase, Writes_down_statements_and_calls_in_their_order_also_when_they_fail) {
+  const TestDatabase database;
+  SqliteConnector connector;
+  RecordingConnector recording(connector);
+  const auto connection = recording.Connect(database.ConnectionText());
+  connection->Open(SqlText("select ID  from tblUser where FullName='x'"));
+  EXPECT_EQ(connection->Call("spPelinHasPermission", {1, 806}), 0);
+  EXPECT_THROW(connection->Open(SqlText("broken '")), DatabaseError);
+  EXPECT_EQ(recording.Statements(), (StatementLog{"select ID  from tblUser where FullName='x'",
+                                                  "{? = CALL spPelinHasPermission( 1, 806) }", "broken '"}));
+  EXPECT_EQ(recording.ConnectionTexts(), std::vector<std::string>{database.ConnectionText()});
+}
+
+TEST(FailingDatabase, Fails_the_nth_statement_alone_before_it_reaches_the_database) {
+  TestDatabase database;
+  SqliteConnector connector;
+  FailingConnector failing(connector);
+  const auto connection = failing.Connect(database.ConnectionText());
+  failing.Plan().FailAt(2);
+  for (const bool fails : {false, true, false}) {
+    try {
+      connection->Open(SqlText("insert into tblUser (FullName) values ('x')"));
+      EXPECT_FALSE(fails);
+    } catch (const DatabaseError& error) {
+      EXPECT_TRUE(fails);
+      EXPECT_EQ(error.Code(), FaultPlan::kCode);
+    }
+  }
+  EXPECT_EQ(failing.Plan().Count(), 3);
+  EXPECT_EQ(database.Scalar("select count(*) from tblUser"), "2");
+}
+
+TEST(FakeScreen, Records_forms_and_pointers_and_closes_what_the_person_left_open) {
+  FakeScreen screen;
+  Form form(screen, "frmReport");
+  bool seen = false;
+  screen.OnModal = [&](Form& shown) { seen = shown.Visible() && shown.Name() == "frmReport"; };
+  form.Show(true);
+  EXPECT_TRUE(seen);
+  EXPECT_FALSE(form.Visible());
+  form.Show(false);
+  EXPECT_TRUE(form.Visible());
+  { const Hourglass hourglass(screen); }
+  ASSERT_EQ(screen.Shown().size(), 2U);
+  EXPECT_TRUE(screen.Shown()[0].modal);
+  EXPECT_FALSE(screen.Shown()[1].modal);
+  EXPECT_EQ(screen.Pointers(), (std::vector<Pointer>{Pointer::Hourglass, Pointer::Normal}));
+}
+
+TEST(FakeMessages, Records_messages_and_answers_questions_in_turn) {
+  ComponentRegistry registry;
+  FakeMessages messages;
+  messages.RegisterIn(registry);
+  messages.WillAnswer(FakeMessages::Answer::Yes);
+  messages.WillAnswer(FakeMessages::Answer::No);
+  std::vector<int> answers;
+  for (const int type : {0, 1, 1, 1}) {
+    const auto component = registry.Create(MessageComponent::kClassName);
+    auto& message = dynamic_cast<MessageComponent&>(*component);
+    message.SetFormTitle("خطا");
+    message.SetFormMessage("متن");
+    message.SetFormType(type);
+    message.ClearShow();
+    answers.push_back(message.Resualt());
+  }
+  EXPECT_EQ(answers, (std::vector<int>{-1, 1, 0, -1}));
+  ASSERT_EQ(messages.Shown().size(), 4U);
+  EXPECT_EQ(messages.Shown()[0].title, "خطا");
+  EXPECT_EQ(messages.Texts()[3], "متن");
+}
+
+TEST(FixedClock, Says_the_day_it_was_set_to) {
+  FixedClock clock(Date{std::chrono::year{2024}, std::chrono::month{3}, std::chrono::day{20}});
+  EXPECT_EQ(IsoText(clock.Today()), "2024-03-20");
+}
+
+}  // namespace
+}  // namespace koru::test
