@@ -32,6 +32,7 @@ frmInvCounting& comInvCounting::LoadForm(DocumentMode mode) {
 
 void comInvCounting::ConnectSelectors(frmInvCounting& form) {
   shared_.ConnectionString = oleConnectionString_;
+  form.gmpInventory.SetConnectionString(oleConnectionString_);
   for (PersonSelector* person :
        {&form.mptCounter1, &form.mptCounter2, &form.mptCounter3, &form.mptConfirmer}) {
     person->SetConnectionString(oleConnectionString_);

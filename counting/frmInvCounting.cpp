@@ -3,7 +3,6 @@
 #include "control/services/Permission.h"
 #include "counting/CommandStates.h"
 #include "counting/CountingHeader.h"
-#include "platform/Errors.h"
 #include "platform/Text.h"
 
 namespace koru {
@@ -20,7 +19,13 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       commands_(shared, *this, lines_, storeChange_, defaultStore_),
       temporarySave_(DocumentControls(), shared, [this] { disablelockcomponent(); }),
       finalRegistration_(DocumentControls(), shared, [this] { disablelockcomponent(); }),
-      returnToTemporary_(DocumentControls(), shared) {
+      returnToTemporary_(DocumentControls(), shared),
+      addGoods_(
+          flexDetail, gmpInventory, pgbStatus, shared.surroundings.screen, shared.data, shared.messages,
+          quantity_, lines_, [this] { ShowGoodSearch(); }, GoodSearchCondition),
+      viewReport_(shared, lblIDVal, reportBaseFolder_, ready_),
+      excelExport_(flexDetail, pgbStatus, shared.surroundings.screen, shared.surroundings.spreadsheets),
+      linkedDocuments_(shared, lblIDVal) {
   SetCaption("شمارش");
   OnFailure = [this](const std::exception& failure) { shared_.messages.ShowFailure(failure); };
   ConnectEvents();
@@ -41,12 +46,11 @@ void frmInvCounting::Load() {
   lines_.SetUp();
   Initialize();
   SetUpStores();
-  SetUpLinkedDocuments();
+  linkedDocuments_.SetUp();
   started_ = true;
 }
 
 void frmInvCounting::SetUpStores() {
-  gmpInventory.SetConnectionString(shared_.data.ConnectionString());
   gmpInventory.SetCaption("انبارها");
   gmpInventory.ClearSelection();
   gmpInventory.SetTables("tblInventory", "tblInventoryParent");
@@ -55,21 +59,23 @@ void frmInvCounting::SetUpStores() {
   defaultStore_ = store.RecordCount() == 0 ? StoreChange::kNoDefaultStore : store.Field("ID").Integer();
 }
 
-void frmInvCounting::SetUpLinkedDocuments() {
-  const auto host = [this](std::string_view className) -> std::unique_ptr<SiblingComponent> {
-    try {
-      auto component = shared_.surroundings.components.Create(className);
-      if (auto* document = dynamic_cast<DocumentComponent*>(component.get())) {
-        document->SetConnectionString(shared_.data.ConnectionString());
-        document->SetUserID(shared_.user.userID);
-      }
-      return component;
-    } catch (const ComponentError&) {
-      return nullptr;  // a suite without the stock documents can still count
-    }
-  };
-  comInvExit_ = host(DocumentComponent::kDispatchClassName);
-  comInvReceipt_ = host(DocumentComponent::kReceiptClassName);
+void frmInvCounting::ShowInvSearch() {
+  if (!MayDo(shared_, FormPermission::Search)) return;
+  if (!invSearch_) {
+    invSearch_ =
+        std::make_unique<frmInvSearch>(shared_, [this](std::int32_t id) { return ViewInvCounting(id); });
+  }
+  invSearch_->Load();
+  invSearch_->Show(true);
+}
+
+void frmInvCounting::ShowGoodSearch() {
+  if (!goodSearch_) {
+    goodSearch_ = std::make_unique<frmGoodSearch>(shared_, GoodSearchCondition,
+                                                  [this] { return gmpInventory.SelectedID(); });
+  }
+  goodSearch_->Load();
+  goodSearch_->Show(true);
 }
 
 bool frmInvCounting::ViewInvCounting(std::int32_t id) {
@@ -97,7 +103,11 @@ void frmInvCounting::UserClose() {
   RunEvent([this] { Exit(); });
 }
 
-void frmInvCounting::OnUnload() { shared_.data.Release(); }
+void frmInvCounting::OnUnload() {
+  if (invSearch_) invSearch_->Unload();
+  if (goodSearch_) goodSearch_->Unload();
+  shared_.data.Release();
+}
 
 void frmInvCounting::ConnectEvents() {
   cmdNew.Click.Always([this] { commands_.New(); });
@@ -106,7 +116,12 @@ void frmInvCounting::ConnectEvents() {
   cmdDeleteAll.Click.Always([this] { commands_.DeleteAll(); });
   cmdCancel.Click.Always([this] { commands_.Cancel(); });
   cmdExit.Click.Always([this] { Exit(); });
-  cmdSearch.Click.Always([this] { static_cast<void>(MayDo(shared_, FormPermission::Search)); });
+  cmdSearch.Click.Always([this] { ShowInvSearch(); });
+  cmdGoods.Click.Always([this] { addGoods_.Run(); });
+  cmdView.Click.Always([this] { viewReport_.Run(); });
+  cmdExcel.Click.Always([this] { excelExport_.Run(); });
+  cmdInvExit.Click.Always([this] { linkedDocuments_.OpenDispatch(); });
+  cmdInvReceipt.Click.Always([this] { linkedDocuments_.OpenReceipt(); });
   cmdCalc.Click.Always([this] { quantity_.CalculateAllLines(); });
   cmdTmpSave.Click.Always([this] { temporarySave_.Run(); });
   cmdIsFinalized.Click.Always([this] { finalRegistration_.Run(); });

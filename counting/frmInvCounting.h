@@ -8,14 +8,19 @@
 #include "counting/CountingFormControls.h"
 #include "counting/DocumentCommands.h"
 #include "counting/StoreChange.h"
+#include "documents/ExcelExport.h"
 #include "documents/FinalRegistration.h"
+#include "documents/LinkedDocuments.h"
 #include "documents/ReturnToTemporary.h"
 #include "documents/TemporarySave.h"
+#include "documents/ViewReport.h"
+#include "lines/AddGoods.h"
 #include "lines/CountingLines.h"
 #include "lines/LineEditing.h"
 #include "lines/SystemQuantity.h"
-#include "platform/Components.h"
 #include "platform/Form.h"
+#include "search/frmGoodSearch.h"
+#include "search/frmInvSearch.h"
 
 namespace koru {
 
@@ -51,6 +56,11 @@ class frmInvCounting : public Form, public CountingFormControls {
   /// The condition on goods that the goods search left behind; empty when nothing was searched.
   SqlText GoodSearchCondition;
 
+  /// The search dialogs; nullptr until they were first opened. They keep their criteria until this form is
+  /// unloaded.
+  [[nodiscard]] frmInvSearch* InvSearch() const { return invSearch_.get(); }
+  [[nodiscard]] frmGoodSearch* GoodSearch() const { return goodSearch_.get(); }
+
   void Activate() override;
   /// Closing the window is Exit: a document that is being entered is not lost without a question.
   void UserClose() override;
@@ -62,13 +72,15 @@ class frmInvCounting : public Form, public CountingFormControls {
   [[nodiscard]] CountingControls DocumentControls();
   void ConnectEvents();
   void SetUpStores();
-  void SetUpLinkedDocuments();
+  void ShowInvSearch();
+  void ShowGoodSearch();
   void Exit();
 
   SharedState& shared_;
   std::string reportBaseFolder_;
   std::int32_t defaultStore_ = StoreChange::kNoDefaultStore;
   bool started_ = false;
+  bool ready_ = true;  ///< off while a report is shown
   CountingLines lines_;
   LineEditing editing_;
   SystemQuantity quantity_;
@@ -77,8 +89,12 @@ class frmInvCounting : public Form, public CountingFormControls {
   TemporarySave temporarySave_;
   FinalRegistration finalRegistration_;
   ReturnToTemporary returnToTemporary_;
-  std::unique_ptr<SiblingComponent> comInvExit_;
-  std::unique_ptr<SiblingComponent> comInvReceipt_;
+  AddGoods addGoods_;
+  ViewReport viewReport_;
+  ExcelExport excelExport_;
+  LinkedDocuments linkedDocuments_;
+  std::unique_ptr<frmInvSearch> invSearch_;
+  std::unique_ptr<frmGoodSearch> goodSearch_;
 };
 
 }  // namespace koru

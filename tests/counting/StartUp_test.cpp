@@ -2,6 +2,7 @@
 
 #include "lines/LineColumns.h"
 #include "tests/counting/CountingWorld.h"
+#include "tests/counting/HostedDocument.h"
 
 namespace koru::test {
 namespace {
@@ -90,18 +91,6 @@ TEST_F(StartUp, Unloading_releases_the_connection_and_the_next_use_opens_a_fresh
   View(10);
   EXPECT_EQ(recording.ConnectionTexts().size(), 2U);
 }
-
-/// Notes what the form hands to its linked documents.
-class HostedDocument : public DocumentComponent {
- public:
-  explicit HostedDocument(Texts& told) : told_(told) {}
-  void SetConnectionString(const std::string& text) override { told_.push_back("connection " + text); }
-  void SetUserID(std::int32_t id) override { told_.push_back("user " + std::to_string(id)); }
-  void View(std::int32_t id) override { told_.push_back("view " + std::to_string(id)); }
-
- private:
-  Texts& told_;
-};
 
 TEST_F(StartUp, The_linked_documents_get_the_connection_and_the_user) {
   Texts dispatch;

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/ComboBox.h"
+#include "platform/Recordset.h"
+
+namespace koru {
+
+/// Makes the records the entries of a list, in their order: the text of a column, with the record's `ID` as
+/// item data.
+inline void FillList(ComboBox& list, Recordset records, std::string_view textColumn) {
+  list.Clear();
+  for (; !records.AtEnd(); records.MoveNext()) {
+    list.AddItem(records.Field(textColumn).Text(), records.Field("ID").Integer());
+  }
+}
+
+}  // namespace koru

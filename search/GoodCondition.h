@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/SqlText.h"
+#include "search/GoodSearchControls.h"
+
+namespace koru {
+
+/// The condition on tblGood that the criteria of the goods search make, as it can follow "Where ". Barcode
+/// and code patterns go into it as they were typed; name and notes are trimmed and their apostrophes doubled.
+class GoodCondition {
+ public:
+  explicit GoodCondition(const GoodSearchControls& criteria);
+
+  /// Never empty: goods without a barcode are never asked for.
+  [[nodiscard]] const SqlText& Text() const { return condition_; }
+
+ private:
+  void And(const SqlText& fragment);
+  void AddLimits();
+  void AddLimit(FixedSql comparison, const TextBox& typed);
+  void AddDiscounts();
+  void AddPatterns();
+  /// `like` opens the literal; `preciseEnd` closes it when the pattern is a precise one.
+  void AddPattern(FixedSql like, std::string_view written, FixedSql preciseEnd);
+  void AddUnitsAndTypes();
+  void AddKey(FixedSql comparison, const TreeSelector& selector);
+  void AddBranch(FixedSql column, const TreeSelector& node, const CheckBox& withBranches,
+                 FixedSql childTable);
+  void AddStore();
+
+  const GoodSearchControls& criteria_;
+  SqlText condition_;
+};
+
+}  // namespace koru

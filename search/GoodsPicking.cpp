@@ -1,0 +1,52 @@
+#include "search/GoodsPicking.h"
+
+#include <string>
+
+#include "platform/Errors.h"
+#include "platform/Text.h"
+
+namespace koru {
+namespace {
+
+/// A list of one good is an empty literal and a barcode: its last comma is its fourth character.
+bool NamesOneGood(std::string_view list) {
+  const std::size_t comma = list.rfind(',');
+  return comma != std::string_view::npos && Utf16Length(list.substr(0, comma)) == 3;
+}
+
+}  // namespace
+
+void GoodsPicking::Host() {
+  try {
+    GrnBPGoodPicker_ = shared_.surroundings.components.Create(GoodsPicker::kClassName);
+  } catch (const ComponentError&) {
+    GrnBPGoodPicker_.reset();
+  }
+  if (GoodsPicker* const picker = Picker()) {
+    picker->SetConnectionString(shared_.data.ConnectionString());
+    picker->SetUserID(shared_.user.userID);
+  }
+}
+
+void GoodsPicking::SetInventory(std::int32_t id) {
+  if (GoodsPicker* const picker = Picker()) picker->SetInventory(id);
+}
+
+void GoodsPicking::Pick() {
+  GoodsPicker* const picker = Picker();
+  if (picker == nullptr) return;
+  picker->SetSeveralGoods(true);
+  picker->Show();
+  const std::string list = picker->List();
+  controls_.txtBarCode.SetTag(list);
+  if (!list.empty() && !NamesOneGood(list)) {
+    for (TextBox* box : {&controls_.txtBarCode, &controls_.txtTitle, &controls_.txtCode})
+      box->SetText("چند کالا");
+    return;
+  }
+  controls_.txtTitle.SetText(picker->Name());
+  controls_.txtBarCode.SetText(picker->Barcode());
+  controls_.txtCode.SetText(picker->Code());
+}
+
+}  // namespace koru

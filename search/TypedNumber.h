@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace koru {
+
+/// The number at the beginning of what a person typed into a search box, also in Persian digits; 0 when there
+/// is none.
+[[nodiscard]] inline double TypedNumber(std::string_view typed) { return Val(LatinDigits(typed)); }
+
+}  // namespace koru

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "control/services/SharedState.h"
+#include "platform/Form.h"
+#include "search/CountingSearchControls.h"
+
+namespace koru {
+
+/// The counting search: finds countings by any mix of criteria and opens the one that is double-clicked. It
+/// hides and never unloads itself, so that criteria and results are still there at the next search.
+class frmInvSearch : public Form, public CountingSearchControls {
+ public:
+  /// `shared` must outlive the form; `ViewInvCounting` opens a counting on the counting form.
+  frmInvSearch(SharedState& shared, std::function<bool(std::int32_t)> ViewInvCounting);
+
+  /// The form's start-up: Initialize, then Clear. Runs once; after a failure (DatabaseError) the next call
+  /// runs it again.
+  void Load();
+  /// Sets up the grid, the store and person selectors and the list of creators. Throws DatabaseError.
+  void Initialize();
+  /// Empties every criterion and the results; temporary and final countings are both looked for.
+  void Clear();
+
+ private:
+  void ConnectEvents();
+  void Search();
+  void OpenCurrentRow();
+
+  SharedState& shared_;
+  std::function<bool(std::int32_t)> viewInvCounting_;
+  bool started_ = false;
+};
+
+}  // namespace koru

@@ -1,0 +1,183 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+
+#include "tests/counting/CountingWorld.h"
+
+namespace koru::test {
+namespace {
+
+using Answer = FakeMessages::Answer;
+constexpr const char* kAddQuestion = "كالاهاي جديد به كالاهاي فعلي اضافه مي شوند. آيا ادامه مي دهيد؟";
+
+/// Goods G1 to G3 of the small suite; G1 has a book stock of 5 at rate 2 in store 2, G2 one of -4, G3 none.
+class AddingGoods : public CountingWorld {
+ protected:
+  AddingGoods() {
+    database.Execute(R"(
+insert into tblInventoryReceipt (ID,Code,InventoryID,ReceiveDate) values (1,1,2,'2025-04-01');
+insert into tblInventoryReceiptDetail (ReceiptID,Barcode,Qty,Value) values (1,'G1',5,2);
+insert into tblInventoryDispatch (ID,Code,InventoryID,ReceiveDate) values (1,1,2,'2025-04-02');
+insert into tblInventoryDispatchDetail (DispatchID,Barcode,Qty,Value) values (1,'G2',4,7);
+)");
+    control.ClearShow();
+    Click(Form().cmdNew);
+    screen.OnModal = [this](koru::Form& form) {
+      ++searches;
+      person(dynamic_cast<frmGoodSearch&>(form));
+    };
+  }
+
+  [[nodiscard]] std::string Barcodes() {
+    std::string barcodes;
+    for (int row = 1; row < Form().flexDetail.Rows(); ++row) barcodes += Cell(row, 1) + " ";
+    return barcodes;
+  }
+
+  /// Looks for the goods of all stores; the counting's own is proposed.
+  static void SearchAll(frmGoodSearch& form) {
+    EXPECT_EQ(form.gmpInventory.SelectedID(), 2);
+    form.gmpInventory.UserSelect(Selector::kNothing);
+    form.cmdSearch.UserClick();
+    form.gmpInventory.UserSelect(2);
+  }
+
+  /// What the person does on the goods search.
+  std::function<void(frmGoodSearch&)> person = [](frmGoodSearch& form) { SearchAll(form); };
+  int searches = 0;
+};
+
+TEST_F(AddingGoods, Without_a_store_an_error_is_shown_and_the_search_is_not_opened) {
+  Form().gmpInventory.ClearSelection();
+  Click(Form().cmdGoods);
+  EXPECT_EQ(NewMessages(), Texts{"انبار انتخاب نشده است."});
+  EXPECT_EQ(searches, 0);
+}
+
+TEST_F(AddingGoods, Into_an_empty_counting_asks_nothing_and_adds_what_was_found) {
+  NewStatements();
+  Click(Form().cmdGoods);
+  EXPECT_EQ(NewMessages(), Texts{});
+  EXPECT_EQ(Barcodes(), "G1 G2 G3 ");
+  EXPECT_FALSE(Form().pgbStatus.Visible());
+  EXPECT_EQ(Form().pgbStatus.Max(), 3);
+  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  const Texts statements = NewStatements();
+  EXPECT_NE(
+      std::find(
+          statements.begin(), statements.end(),
+          "Select tblGood.barcode,isnull(tblGood.Code,'') as GoodCode,tblGood.Name as GoodName from tblGood "
+          "Where  tblGood.Barcode<>'' "),
+      statements.end());
+}
+
+TEST_F(AddingGoods, A_good_with_book_stock_starts_as_a_shortage_of_all_of_it) {
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Cell(1, 0), "1");
+  EXPECT_EQ(Cell(1, 2), "101");
+  EXPECT_EQ(Cell(1, 3), "چاي");
+  EXPECT_EQ(Cell(1, 4), "عدد");
+  EXPECT_EQ(Cell(1, 10), "5");
+  EXPECT_EQ(Cell(1, 11), "5");
+  EXPECT_EQ(Cell(1, 13), "2");
+  EXPECT_EQ(Cell(1, 14), "10");
+  for (const int col : {6, 7, 8, 9, 12, 15, 16}) EXPECT_EQ(Cell(1, col), "") << col;
+  EXPECT_EQ(Form().txtTotalBelowValue.Text(), "10");
+}
+
+TEST_F(AddingGoods, A_good_with_negative_book_stock_has_no_shortage_and_no_amount) {
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Cell(2, 10), "-4");
+  EXPECT_EQ(Cell(2, 11), "");
+  EXPECT_EQ(Cell(2, 13), "7");
+  EXPECT_EQ(Cell(2, 14), "");
+  EXPECT_EQ(Cell(3, 10), "0");
+  EXPECT_EQ(Cell(3, 11), "");
+}
+
+TEST_F(AddingGoods, To_lines_that_are_there_asks_first_and_only_no_stops_it) {
+  Click(Form().cmdGoods);
+  messages.WillAnswer(Answer::No);
+  Click(Form().cmdGoods);
+  EXPECT_EQ(messages.Shown().at(0).title, "هشدار");
+  EXPECT_EQ(NewMessages(), Texts{kAddQuestion});
+  EXPECT_EQ(searches, 1);
+  for (const Answer answer : {Answer::Yes, Answer::None}) {
+    messages.WillAnswer(answer);
+    Click(Form().cmdGoods);
+  }
+  EXPECT_EQ(searches, 3);
+  EXPECT_EQ(Barcodes(), "G1 G2 G3 ");
+}
+
+TEST_F(AddingGoods, A_good_that_is_there_keeps_its_counts) {
+  Click(Form().cmdGoods);
+  Form().flexDetail.UserEdit(1, 9, "4");
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Cell(1, 9), "4");
+  EXPECT_EQ(Cell(1, 11), "1");
+  EXPECT_EQ(Form().flexDetail.Rows(), 4);
+}
+
+TEST_F(AddingGoods, Barcodes_that_differ_in_case_are_different_goods) {
+  Form().flexDetail.AddItem("1");
+  Form().flexDetail.SetTextMatrix(1, 1, "g1");
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Barcodes(), "g1 G1 G2 G3 ");
+}
+
+TEST_F(AddingGoods, New_search_and_Exit_leave_nothing_to_add) {
+  person = [](frmGoodSearch& form) {
+    SearchAll(form);
+    form.cmdNewSearch.UserClick();
+    form.cmdExit.UserClick();
+  };
+  NewStatements();
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Barcodes(), "");
+  EXPECT_TRUE(Form().GoodSearchCondition.Empty());
+}
+
+TEST_F(AddingGoods, Exit_reads_the_selection_before_again_and_adds_only_what_is_missing) {
+  Click(Form().cmdGoods);
+  Form().flexDetail.RemoveItem(2);
+  person = [](frmGoodSearch& form) { form.cmdExit.UserClick(); };
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Barcodes(), "G1 G3 G2 ");
+  EXPECT_EQ(Cell(3, 0), "3");
+}
+
+TEST_F(AddingGoods, A_database_failure_keeps_the_lines_added_so_far_and_the_form_usable) {
+  Click(Form().cmdGoods);
+  Form().flexDetail.SetRows(1);
+  NewMessages();
+  failing.Plan().FailAt(9);
+  Click(Form().cmdGoods);
+  EXPECT_EQ(NewMessages(), Texts{"عمليات به دليل خطاي پايگاه داده انجام نشد.\nThe server is shutting down."});
+  EXPECT_EQ(Cell(1, 11), "5") << "the first good was done";
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Barcodes(), "G1 G2 G3 ");
+}
+
+TEST_F(AddingGoods, A_full_counting_takes_what_has_room_and_says_so) {
+  {
+    const GridRedrawOff off(Form().flexDetail);
+    for (int row = 1; row <= 32766; ++row) Form().flexDetail.AddItem(std::to_string(row));
+  }
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Form().flexDetail.Rows() - 1, 32767);
+  EXPECT_EQ(Cell(32767, 1), "G1");
+  EXPECT_EQ(NewMessages(),
+            (Texts{kAddQuestion, "شمارش بيش از 32767 سطر نمي پذيرد. كالاهايي كه جا داشتند اضافه شدند."}));
+  EXPECT_FALSE(Form().pgbStatus.Visible());
+}
+
+}  // namespace
+}  // namespace koru::test

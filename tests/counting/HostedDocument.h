@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Components.h"
+
+namespace koru::test {
+
+/// Notes what the counting form tells its linked documents. `told` must outlive it.
+class HostedDocument : public DocumentComponent {
+ public:
+  explicit HostedDocument(std::vector<std::string>& told) : told_(told) {}
+  void SetConnectionString(const std::string& text) override { told_.push_back("connection " + text); }
+  void SetUserID(std::int32_t id) override { told_.push_back("user " + std::to_string(id)); }
+  void View(std::int32_t id) override { told_.push_back("view " + std::to_string(id)); }
+
+ private:
+  std::vector<std::string>& told_;
+};
+
+}  // namespace koru::test
