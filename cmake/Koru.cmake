@@ -14,8 +14,9 @@ endif()
 add_library(koru_options INTERFACE)
 target_compile_options(koru_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # g++ 12 takes the inlined copies of std::string for overlapping ones; later versions do not.
-  target_compile_options(koru_options INTERFACE -Wno-restrict)
+  # g++ 12 takes the inlined copies of std::string for overlapping ones, and optional values that are not there for
+  # ones that are read; later versions do not.
+  target_compile_options(koru_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
 if(KORU_SANITIZE)
   target_compile_options(koru_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all

@@ -20,4 +20,15 @@ using SampleProgress = std::function<void(int percent)>;
 /// is left behind.
 void CreateSample(const std::string& path, const SampleProgress& progress);
 
+enum class SampleSize {
+  Standard,  ///< the one above
+  Medium,    ///< a tenth of Full
+  Full  ///< 20 stores, 33,000 goods, 200,000 documents of three years with 2,000,000 lines, and a temporary
+        ///< counting of 32,767 lines, the most that one can have; about 240 MB
+};
+
+/// Makes a sample of that size. The large ones show how the system bears its limits; they have the people and
+/// units of the standard one and nothing else of it. All else as above.
+void CreateSample(const std::string& path, SampleSize size, const SampleProgress& progress);
+
 }  // namespace koru

@@ -78,6 +78,7 @@ void AddGoods::Run() {
 
 bool AddGoods::AddFound(Recordset& goods) {
   const GridRedrawOff redrawOff(flexDetail_);
+  const auto oneMoment = data_.BeginReadGroup();
   LineBarcodes barcodes(flexDetail_);
   for (; !goods.AtEnd(); goods.MoveNext()) {
     pgbStatus_.SetValue(pgbStatus_.Value() + 1);

@@ -28,6 +28,7 @@ void SystemQuantity::CalculateAllLines() {
   {
     const Hourglass hourglass(screen_);
     const GridRedrawOff redrawOff(flexDetail_);
+    const auto oneMoment = flexDetail_.Rows() > 1 ? data_.BeginReadGroup() : nullptr;
     for (int row = 1; row < flexDetail_.Rows(); ++row) {
       pgbStatus_.SetValue(pgbStatus_.Value() + 1);
       const std::string barcode(Trim(flexDetail_.TextMatrix(row, LineColumn::Barcode)));

@@ -26,6 +26,17 @@ class WriteGroup {
   virtual void Finish() = 0;
 };
 
+/// While it lives, the statements of its database that read all see the data as the first of them did, so
+/// that a calculation over many goods is of one moment; others may write meanwhile. A statement that writes
+/// ends this, and the rest of the group sees the data as it then is. On a server it may do nothing.
+class ReadGroup {
+ public:
+  ReadGroup() = default;
+  ReadGroup(const ReadGroup&) = delete;
+  ReadGroup& operator=(const ReadGroup&) = delete;
+  virtual ~ReadGroup() = default;
+};
+
 /// A connection to the suite's database. Used by one thread.
 class Database {
  public:
@@ -45,6 +56,9 @@ class Database {
 
   /// Groups may nest; the outermost counts.
   [[nodiscard]] virtual std::unique_ptr<WriteGroup> BeginWriteGroup() = 0;
+
+  /// Groups may nest; the outermost counts. Throws DatabaseError.
+  [[nodiscard]] virtual std::unique_ptr<ReadGroup> BeginReadGroup() { return std::make_unique<ReadGroup>(); }
 };
 
 /// Makes connections. The connection text decides which database; a text that names nothing usable throws

@@ -52,11 +52,18 @@ Decimal ToDecimal(double magnitude) {
   Decimal decimal;
   if (magnitude == 0) return decimal;
   char text[40];
-  std::snprintf(text, sizeof text, "%.*e", kSignificantDigits - 1, magnitude);
-  std::string_view view(text);
+  // The shortest text that gives the number back is also its text to fifteen digits, when it has no more of
+  // them.
+  auto written = std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific);
+  std::string_view view(text, static_cast<std::size_t>(written.ptr - text));
+  if (view.find('e') > kSignificantDigits + 1U || magnitude < std::numeric_limits<double>::min()) {
+    written = std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific,
+                            kSignificantDigits - 1);
+    view = {text, static_cast<std::size_t>(written.ptr - text)};
+  }
   const std::size_t e = view.find('e');
   decimal.digits += view[0];
-  decimal.digits += view.substr(2, e - 2);
+  if (e > 1) decimal.digits += view.substr(2, e - 2);
   decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
   std::string_view exponent = view.substr(e + 1);
   if (exponent.front() == '+') exponent.remove_prefix(1);

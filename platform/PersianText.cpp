@@ -87,8 +87,12 @@ std::string PersianSortKey(std::string_view text) {
 int ComparePersian(std::string_view a, std::string_view b) {
   a = WithoutTrailingBlanks(a);
   b = WithoutTrailingBlanks(b);
-  std::size_t atA = 0;
-  std::size_t atB = 0;
+  // What is the same and ASCII in both cannot make a difference; barcodes have much of it in common.
+  std::size_t same = 0;
+  const std::size_t shorter = std::min(a.size(), b.size());
+  while (same < shorter && a[same] == b[same] && static_cast<unsigned char>(a[same]) < 0x80U) ++same;
+  std::size_t atA = same;
+  std::size_t atB = same;
   while (true) {
     const char32_t weightA = NextWeight(a, atA);
     const char32_t weightB = NextWeight(b, atB);

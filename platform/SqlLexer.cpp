@@ -1,6 +1,7 @@
 #include "platform/SqlLexer.h"
 
 #include <algorithm>
+#include <array>
 
 namespace koru {
 namespace {
@@ -8,10 +9,15 @@ namespace {
 bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 /// Letters of any script belong to words; every byte beyond ASCII is part of one.
-bool IsWord(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '_' || c == '#' || c == '$' ||
-         static_cast<unsigned char>(c) >= 0x80U;
-}
+constexpr auto kWordBytes = [] {
+  std::array<bool, 256> bytes{};
+  for (std::size_t byte = 0; byte < bytes.size(); ++byte) {
+    bytes[byte] = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
+                  (byte >= '0' && byte <= '9') || byte == '_' || byte == '#' || byte == '$' || byte >= 0x80U;
+  }
+  return bytes;
+}();
+bool IsWord(char c) { return kWordBytes[static_cast<unsigned char>(c)]; }
 
 }  // namespace
 
@@ -19,6 +25,7 @@ SqlToken SqlLexer::Next() {
   while (at_ < text_.size() && IsSpace(text_[at_])) ++at_;
   if (at_ == text_.size()) return {SqlTokenKind::End, at_, at_};
   const char c = text_[at_];
+  if (IsWord(c) && !IsDigit(c) && c != 'N' && c != 'n') return TakeWord(SqlTokenKind::Word);
   const char next = Peek(1);
   if (c == '\'') return TakeQuoted(SqlTokenKind::String, 1, '\'');
   if ((c == 'N' || c == 'n') && next == '\'') return TakeQuoted(SqlTokenKind::NationalString, 2, '\'');

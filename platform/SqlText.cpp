@@ -68,10 +68,14 @@ SqlText& SqlText::operator+=(Typed typed) {
 }
 
 SqlText& SqlText::operator+=(const SqlText& other) {
+  // A text may be appended to itself: what it holds before is all that counts.
   const std::size_t shift = text_.size();
-  const std::vector<Span> added = other.typed_;
-  text_ += std::string(other.text_);
-  for (const Span& span : added) typed_.push_back({span.begin + shift, span.end + shift});
+  const std::size_t spans = other.typed_.size();
+  text_.append(other.text_, 0, other.text_.size());
+  for (std::size_t i = 0; i < spans; ++i) {
+    const Span span = other.typed_[i];
+    typed_.push_back({span.begin + shift, span.end + shift});
+  }
   return *this;
 }
 

@@ -1,8 +1,10 @@
 #include "adapters/sqlite/Dialect.h"
 
 #include <iterator>
+#include <utility>
 
 #include "adapters/sqlite/InAsExists.h"
+#include "adapters/sqlite/KeySelection.h"
 #include "adapters/sqlite/StatementTokens.h"
 #include "adapters/sqlite/TrimmedBarcode.h"
 #include "platform/Errors.h"
@@ -73,11 +75,7 @@ void RefuseOrderByNumber(const StatementTokens& tokens, std::string_view shape) 
   }
 }
 
-}  // namespace
-
-std::string TranslateShape(std::string_view shape, SqliteConnection& connection) {
-  StatementTokens tokens = ReadTokens(shape);
-  RefuseOrderByNumber(tokens, shape);
+std::string Translated(StatementTokens tokens, SqliteConnection& connection) {
   ReadInAsExists(tokens, connection);
   UseTrimmedIndex(tokens, connection);
   WriteDeleteFrom(tokens);
@@ -85,6 +83,37 @@ std::string TranslateShape(std::string_view shape, SqliteConnection& connection)
   WriteIsnull(tokens);
   WriteCollation(tokens);
   return JoinTokens(tokens);
+}
+
+/// Whether SQLite knows all names in it: those of a selection that looks at the rows around it are not known.
+bool StandsAlone(const std::string& sql, SqliteConnection& connection) {
+  try {
+    static_cast<void>(connection.Prepare(sql));
+    return true;
+  } catch (const DatabaseError&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+std::string TranslateShape(std::string_view shape, SqliteConnection& connection) {
+  StatementTokens tokens = ReadTokens(shape);
+  RefuseOrderByNumber(tokens, shape);
+  return Translated(std::move(tokens), connection);
+}
+
+ShapeOverKeys TranslateOverKeys(std::string_view shape, SqliteConnection& connection) {
+  StatementTokens tokens = ReadTokens(shape);
+  RefuseOrderByNumber(tokens, shape);
+  ShapeOverKeys translated;
+  for (KeySelection& taken : TakeKeySelections(tokens, connection)) {
+    std::string sql = Translated(std::move(taken.tokens), connection);
+    if (!StandsAlone(sql, connection)) return {TranslateShape(shape, connection), {}};
+    translated.selections.push_back({std::move(sql), std::move(taken.literals), taken.parameter});
+  }
+  translated.sql = Translated(std::move(tokens), connection);
+  return translated;
 }
 
 }  // namespace koru

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
 
@@ -13,5 +14,21 @@ namespace koru {
 /// text that is compared with an expression is given the collation KORU, which in SQLite only plain columns
 /// have from their table. Throws DatabaseError for `order by` the number of a column.
 [[nodiscard]] std::string TranslateShape(std::string_view shape, SqliteConnection& connection);
+
+/// A statement and the selections of keys that were taken out of it (KeySelection.h), all in SQLite's
+/// dialect.
+struct ShapeOverKeys {
+  struct Keys {
+    std::string sql;
+    std::vector<int> literals;  ///< which literals of the statement its parameters 1, 2, ... are; from 1
+    int parameter = 0;          ///< the statement's parameter that takes the KeyRanks
+  };
+  std::string sql;
+  std::vector<Keys> selections;  ///< none: `sql` is that of TranslateShape
+};
+
+/// As TranslateShape, for a shape that is run many times over the same data: the
+/// selections of keys that it shares with its next runs are taken out of it.
+[[nodiscard]] ShapeOverKeys TranslateOverKeys(std::string_view shape, SqliteConnection& connection);
 
 }  // namespace koru

@@ -10,9 +10,7 @@ namespace koru {
 /// sum of one good's movements would read all documents of the store. By the key it looks at the documents of
 /// that good alone.
 ///
-/// It is done only where the rows found are the same and the key makes it pay: the condition is joined by
-/// `and` alone, X is a column of the one table that is read there, T is another table, and `key` is its
-/// whole-number primary key.
+/// It is done only where the rows found are the same and the key makes it pay (ReadInSelection).
 void ReadInAsExists(StatementTokens& tokens, SqliteConnection& connection);
 
 }  // namespace koru

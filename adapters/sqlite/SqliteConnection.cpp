@@ -2,8 +2,10 @@
 
 #include <sqlite3.h>
 
+#include "adapters/sqlite/KeyRanks.h"
 #include "adapters/sqlite/PersianFunctions.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -54,6 +56,11 @@ void SqliteStatement::Bind(int parameter, std::nullptr_t) {
   Check(sqlite3_bind_null(statement_.get(), parameter));
 }
 
+void SqliteStatement::BindPointer(int parameter, const void* object, const char* type) {
+  // SQLite hands the pointer back as it came, and the functions that take it only look.
+  Check(sqlite3_bind_pointer(statement_.get(), parameter, const_cast<void*>(object), type, nullptr));
+}
+
 bool SqliteStatement::Step() {
   const int result = sqlite3_step(statement_.get());
   if (result == SQLITE_ROW) return true;
@@ -67,6 +74,8 @@ void SqliteStatement::Run() {
   Step();
   Reset();
 }
+
+bool SqliteStatement::IsReadOnly() const { return sqlite3_stmt_readonly(statement_.get()) != 0; }
 
 int SqliteStatement::ColumnCount() const { return sqlite3_column_count(statement_.get()); }
 
@@ -110,6 +119,7 @@ SqliteConnection::SqliteConnection(const std::string& path, Mode mode,
   sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   RegisterPersianFunctions(opened);
+  RegisterKeyRanks(opened);
 }
 
 void SqliteConnection::Fail(std::string_view statement) const {
@@ -142,11 +152,20 @@ std::int64_t SqliteConnection::Number(std::string_view sql) {
 
 bool SqliteConnection::InTransaction() const { return sqlite3_get_autocommit(connection_.get()) == 0; }
 
+std::int64_t SqliteConnection::Changes() const { return sqlite3_total_changes64(connection_.get()); }
+
 bool SqliteConnection::IsReadOnly() const { return sqlite3_db_readonly(connection_.get(), "main") == 1; }
 
 bool SqliteConnection::HasColumn(const std::string& table, const std::string& column) const {
   return sqlite3_table_column_metadata(connection_.get(), nullptr, table.c_str(), column.c_str(), nullptr,
                                        nullptr, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+bool SqliteConnection::IsIntegerColumn(const std::string& table, const std::string& column) const {
+  const char* type = nullptr;
+  const int found = sqlite3_table_column_metadata(connection_.get(), nullptr, table.c_str(), column.c_str(),
+                                                  &type, nullptr, nullptr, nullptr, nullptr);
+  return found == SQLITE_OK && type != nullptr && EqualsNoCase(type, "INTEGER");
 }
 
 bool SqliteConnection::Finds(std::string_view query, const std::string& table, const std::string& column) {

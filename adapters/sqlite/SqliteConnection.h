@@ -28,6 +28,9 @@ class SqliteStatement {
   void Bind(int parameter, std::string_view text);
   /// NULL.
   void Bind(int parameter, std::nullptr_t);
+  /// An object that only functions of this connection can see; it must stay until the parameter is bound anew
+  /// or the statement is not run any more. `type` is a constant.
+  void BindPointer(int parameter, const void* object, const char* type);
 
   /// Moves to the next row; false when there is none. A statement that returns no rows is done after one
   /// step.
@@ -36,6 +39,9 @@ class SqliteStatement {
   void Reset() noexcept;
   /// Steps once and resets; for statements that return no rows.
   void Run();
+
+  /// Whether running it changes nothing in the file.
+  [[nodiscard]] bool IsReadOnly() const;
 
   /// Columns count from 0. The values are those of the row that the last Step moved to.
   [[nodiscard]] int ColumnCount() const;
@@ -58,8 +64,8 @@ class SqliteStatement {
   std::unique_ptr<sqlite3_stmt, Finalize> statement_;
 };
 
-/// A connection to one database file, which knows the collation KORU and compares `like` as the suite's
-/// server does. Used by one thread.
+/// A connection to one database file, which knows the collation KORU, compares `like` as the suite's server
+/// does, and looks up KeyRanks. Used by one thread.
 class SqliteConnection {
  public:
   enum class Mode {
@@ -83,12 +89,16 @@ class SqliteConnection {
 
   /// Whether statements run in a transaction at this moment.
   [[nodiscard]] bool InTransaction() const;
+  /// The rows that this connection has inserted, updated and deleted since it was opened.
+  [[nodiscard]] std::int64_t Changes() const;
   /// Whether the file can only be read.
   [[nodiscard]] bool IsReadOnly() const;
   /// Whether `table` is a table (not a view) with a column of that name, regardless of case.
   [[nodiscard]] bool HasColumn(const std::string& table, const std::string& column) const;
   /// Whether that column by itself is the table's whole-number primary key.
   [[nodiscard]] bool IsIntegerKey(const std::string& table, const std::string& column);
+  /// Whether the column of a table is declared to hold whole numbers.
+  [[nodiscard]] bool IsIntegerColumn(const std::string& table, const std::string& column) const;
   /// Whether an index leads with `ltrim(rtrim(column))` and none, nor the primary key, with the column
   /// itself.
   [[nodiscard]] bool HasTrimmedIndexOnly(const std::string& table, const std::string& column);

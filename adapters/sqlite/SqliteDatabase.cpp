@@ -3,14 +3,12 @@
 #include <sqlite3.h>
 
 #include <cstddef>
-#include <type_traits>
 #include <utility>
-#include <variant>
 
+#include "adapters/sqlite/BindLiteral.h"
 #include "adapters/sqlite/Dialect.h"
 #include "adapters/sqlite/PermissionStatement.h"
 #include "platform/Errors.h"
-#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -26,14 +24,6 @@ class ResetAtEnd {
  private:
   SqliteStatement& statement_;
 };
-
-void BindAll(SqliteStatement& statement, const std::vector<Literal>& literals) {
-  int parameter = 0;
-  for (const Literal& literal : literals) {
-    ++parameter;
-    std::visit([&](const auto& value) { statement.Bind(parameter, value); }, literal);
-  }
-}
 
 void AppendRow(Recordset& records, const SqliteStatement& statement, int columns) {
   for (int column = 0; column < columns; ++column) {
@@ -90,10 +80,24 @@ class SqliteDatabase::Group : public WriteGroup {
   SqliteDatabase* database_;
 };
 
+class SqliteDatabase::SnapshotGroup : public ReadGroup {
+ public:
+  explicit SnapshotGroup(Snapshot& snapshot) : snapshot_(snapshot) { snapshot_.Begin(); }
+  SnapshotGroup(const SnapshotGroup&) = delete;
+  SnapshotGroup& operator=(const SnapshotGroup&) = delete;
+  ~SnapshotGroup() override { snapshot_.End(); }
+
+ private:
+  Snapshot& snapshot_;
+};
+
 SqliteDatabase::SqliteDatabase(SqliteConnection connection)
-    : connection_(std::move(connection)), cache_(kKeptStatements, [this](const std::string& shape) {
-        return connection_.Prepare(TranslateShape(shape, connection_));
-      }) {
+    : connection_(std::move(connection)),
+      cache_(kKeptStatements,
+             [this](const std::string& shape) {
+               return connection_.Prepare(TranslateShape(shape, connection_));
+             }),
+      snapshot_(connection_, kKeptStatements) {
   // Up to 128 MB of pages are kept: with a quarter of that, a calculation over two million document lines
   // takes half as long again. The file is not mapped into memory, where a failing disk would end the program
   // without a word.
@@ -114,6 +118,13 @@ Recordset SqliteDatabase::Open(const SqlText& statement) {
 }
 
 Recordset SqliteDatabase::Run(const StatementShape& shape) {
+  if (snapshot_.Stands()) {
+    if (SqliteStatement* statement = snapshot_.Ready(shape)) {
+      const ResetAtEnd reset(*statement);
+      return ReadToEnd(*statement);
+    }
+    snapshot_.End();
+  }
   SqliteStatement& statement = cache_.Get(shape.text);
   const ResetAtEnd reset(statement);
   BindAll(statement, shape.literals);
@@ -125,10 +136,16 @@ std::int32_t SqliteDatabase::Call(std::string_view procedure, const std::vector<
 }
 
 std::unique_ptr<WriteGroup> SqliteDatabase::BeginWriteGroup() {
+  snapshot_.End();
   if (openGroups_ == 0) connection_.Execute("BEGIN IMMEDIATE");
   auto group = std::make_unique<Group>(*this);
   ++openGroups_;
   return group;
+}
+
+std::unique_ptr<ReadGroup> SqliteDatabase::BeginReadGroup() {
+  if (openGroups_ > 0 || snapshot_.Stands()) return std::make_unique<ReadGroup>();
+  return std::make_unique<SnapshotGroup>(snapshot_);
 }
 
 void SqliteDatabase::EndGroup() {

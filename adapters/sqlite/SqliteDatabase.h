@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/sqlite/Snapshot.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/StatementCache.h"
 #include "adapters/sqlite/StatementShape.h"
@@ -14,8 +15,7 @@
 
 namespace koru {
 
-/// The embedded database: statements in the suite's server's dialect against a file. Must outlive its write
-/// groups.
+/// The embedded database: statements in the suite's server's dialect against a file. Must outlive its groups.
 class SqliteDatabase : public Database {
  public:
   /// How many prepared statements are kept. The system sends some sixty shapes.
@@ -31,12 +31,16 @@ class SqliteDatabase : public Database {
   /// A transaction from its beginning, so that a later statement cannot find the file locked. Throws
   /// DatabaseError when it is locked now.
   [[nodiscard]] std::unique_ptr<WriteGroup> BeginWriteGroup() override;
+  /// A snapshot of the file, which holds no lock against anyone. A write inside it ends the snapshot and the
+  /// rest of the group runs as without; a group inside another one does nothing.
+  [[nodiscard]] std::unique_ptr<ReadGroup> BeginReadGroup() override;
 
   /// The number of prepared statements that are kept.
-  [[nodiscard]] std::size_t KeptStatements() const { return cache_.Size(); }
+  [[nodiscard]] std::size_t KeptStatements() const { return cache_.Size() + snapshot_.KeptStatements(); }
 
  private:
   class Group;
+  class SnapshotGroup;
 
   Recordset Run(const StatementShape& shape);
   void EndGroup();
@@ -44,7 +48,8 @@ class SqliteDatabase : public Database {
   void CheckGroupStillThere(const DatabaseError& failure) const;
 
   SqliteConnection connection_;
-  StatementCache cache_;
+  StatementCache<SqliteStatement> cache_;
+  Snapshot snapshot_;
   int openGroups_ = 0;
 };
 

@@ -34,6 +34,7 @@ Literal Number(std::string_view literal) {
   return Val(literal);
 }
 
+/// Appends what stands for a token that is not copied as it is.
 void Append(StatementShape& shape, SqlToken token, std::string_view text, const std::string& statement) {
   switch (token.kind) {
     case SqlTokenKind::End:
@@ -54,7 +55,6 @@ void Append(StatementShape& shape, SqlToken token, std::string_view text, const 
       break;
     case SqlTokenKind::Word:
     case SqlTokenKind::Symbol:
-      shape.text += text;
       break;
   }
 }
@@ -67,19 +67,27 @@ StatementShape ReadShape(const std::string& statement) {
   shape.text.reserve(statement.size());
   SqlLexer lexer(statement);
   std::size_t behindLast = 0;
-  SqlToken token = lexer.Next();
-  while (token.kind != SqlTokenKind::End) {
-    if (lexer.TextOf(token) == ";") {
+  std::size_t run = 0;  // what stands from here to behindLast is copied as it is
+  const auto copyRun = [&] { shape.text.append(statement, run, behindLast - run); };
+  for (SqlToken token = lexer.Next(); token.kind != SqlTokenKind::End; token = lexer.Next()) {
+    if (token.kind == SqlTokenKind::Symbol && lexer.TextOf(token) == ";") {
       if (lexer.Next().kind != SqlTokenKind::End) Refuse("More than one statement in a call.", statement);
       break;
     }
-    const bool isComment = token.kind == SqlTokenKind::Comment;
-    if ((token.begin > behindLast || isComment) && !shape.text.empty() && shape.text.back() != ' ')
-      shape.text += ' ';
-    Append(shape, token, lexer.TextOf(token), statement);
+    const bool isKept = token.kind == SqlTokenKind::Word || token.kind == SqlTokenKind::Symbol;
+    const bool follows =
+        token.begin == behindLast || (token.begin == behindLast + 1 && statement[behindLast] == ' ');
+    if (!isKept || !follows || run == behindLast) {
+      copyRun();
+      const bool isComment = token.kind == SqlTokenKind::Comment;
+      if ((token.begin > behindLast || isComment) && !shape.text.empty() && shape.text.back() != ' ')
+        shape.text += ' ';
+      if (!isKept) Append(shape, token, lexer.TextOf(token), statement);
+      run = isKept ? token.begin : token.end;
+    }
     behindLast = token.end;
-    token = lexer.Next();
   }
+  copyRun();
   return shape;
 }
 

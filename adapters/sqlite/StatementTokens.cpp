@@ -1,6 +1,7 @@
 #include "adapters/sqlite/StatementTokens.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/Text.h"
 
@@ -32,6 +33,13 @@ std::string JoinTokens(const StatementTokens& tokens) {
     joined += token.text;
   }
   return joined;
+}
+
+void Replace(StatementTokens& tokens, std::size_t begin, std::size_t end, const StatementTokens& with) {
+  const auto at = [&](std::size_t index) {
+    return std::next(tokens.begin(), static_cast<std::ptrdiff_t>(index));
+  };
+  tokens.insert(tokens.erase(at(begin), at(end)), with.begin(), with.end());
 }
 
 const StatementToken& At(const StatementTokens& tokens, std::size_t at) {

@@ -26,6 +26,9 @@ using StatementTokens = std::vector<StatementToken>;
 [[nodiscard]] StatementTokens ReadTokens(std::string_view shape);
 [[nodiscard]] std::string JoinTokens(const StatementTokens& tokens);
 
+/// Puts `with` in the place of the tokens [begin, end).
+void Replace(StatementTokens& tokens, std::size_t begin, std::size_t end, const StatementTokens& with);
+
 /// The token at `at`; one of kind End where there is none.
 [[nodiscard]] const StatementToken& At(const StatementTokens& tokens, std::size_t at);
 

@@ -58,6 +58,7 @@ class dteInvCounting {
   [[nodiscard]] bool spPelinHasPermission(std::int32_t userID, FormPermission permission);
 
   [[nodiscard]] std::unique_ptr<WriteGroup> BeginWriteGroup() { return Connection().BeginWriteGroup(); }
+  [[nodiscard]] std::unique_ptr<ReadGroup> BeginReadGroup() { return Connection().BeginReadGroup(); }
 
   /// Closes the connection; the next use opens a fresh one.
   void Release() { connection_.reset(); }

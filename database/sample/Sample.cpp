@@ -2,6 +2,7 @@
 
 #include "adapters/sqlite/CreateDatabaseFile.h"
 #include "database/Schema.h"
+#include "database/sample/LargeSample.h"
 #include "database/sample/SampleCountingCases.h"
 #include "database/sample/SampleGroups.h"
 #include "database/sample/SampleMovements.h"
@@ -15,6 +16,9 @@ namespace koru {
 namespace {
 
 constexpr std::uint64_t kSeed = 1403;
+
+constexpr sample::LargeCounts kFullCounts = {33'000, 200'000, 2'000'000, 32'767};
+constexpr sample::LargeCounts kMediumCounts = {3'300, 20'000, 200'000, 3'276};
 
 void Fill(SqliteConnection& connection, const SampleProgress& progress) {
   using namespace sample;
@@ -48,11 +52,28 @@ void Fill(SqliteConnection& connection, const SampleProgress& progress) {
   report(100);
 }
 
+void FillLarge(SqliteConnection& connection, const sample::LargeCounts& counts,
+               const SampleProgress& progress) {
+  const auto report = [&progress](int percent) {
+    if (progress) progress(percent);
+  };
+  sample::FillLargeSample(connection, counts, report);
+  connection.Execute(std::string(EmbeddedIndexes()));
+  report(100);
+}
+
 }  // namespace
 
 void CreateSample(const std::string& path, const SampleProgress& progress) {
   CreateDatabaseFile(path, EmbeddedSchema(),
                      [&progress](SqliteConnection& connection) { Fill(connection, progress); });
+}
+
+void CreateSample(const std::string& path, SampleSize size, const SampleProgress& progress) {
+  if (size == SampleSize::Standard) return CreateSample(path, progress);
+  const sample::LargeCounts& counts = size == SampleSize::Full ? kFullCounts : kMediumCounts;
+  CreateDatabaseFile(path, EmbeddedTables(),
+                     [&](SqliteConnection& connection) { FillLarge(connection, counts, progress); });
 }
 
 }  // namespace koru

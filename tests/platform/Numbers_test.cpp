@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <random>
 #include <string>
@@ -64,6 +66,22 @@ TEST(NumberText, Large_and_very_small_numbers_are_in_exponent_form) {
   EXPECT_EQ(NumberText(1e-16), "1E-16");
   EXPECT_EQ(NumberText(1.5e-15), "1.5E-15");
   EXPECT_EQ(NumberText(999999999999999.6), "1E+15");
+}
+
+TEST(NumberText, The_smallest_numbers_have_fifteen_digits_too) {
+  EXPECT_EQ(NumberText(5e-324), "4.94065645841247E-324");
+  EXPECT_EQ(NumberText(2.2250738585072014e-308), "2.2250738585072E-308");
+}
+
+TEST(NumberText, Has_the_digits_that_the_number_rounds_to) {
+  std::mt19937_64 random(15);
+  for (int i = 0; i < 20'000; ++i) {
+    const double number =
+        std::ldexp(static_cast<double>(random() >> 11U), static_cast<int>(random() % 600) - 300);
+    char rounded[40];
+    std::snprintf(rounded, sizeof rounded, "%.14e", number);
+    EXPECT_EQ(std::strtod(NumberText(number).c_str(), nullptr), std::strtod(rounded, nullptr)) << rounded;
+  }
 }
 
 TEST(NumberText, Reads_back_as_the_same_fifteen_digits) {

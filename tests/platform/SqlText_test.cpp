@@ -46,6 +46,14 @@ TEST(SqlText, Keeps_the_spans_of_a_text_that_is_appended) {
   EXPECT_THROW(CheckTypedSpans(all), DatabaseError);
 }
 
+TEST(SqlText, Can_be_appended_to_itself) {
+  SqlText text = SqlText("'") + Typed("a") + "' ";
+  text += text;
+  EXPECT_EQ(text.Text(), "'a' 'a' ");
+  ASSERT_EQ(text.TypedSpans().size(), 2U);
+  EXPECT_EQ(text.TypedSpans()[1].begin, 5U);
+}
+
 TEST(SqlText, A_name_is_letters_digits_and_underscores) {
   EXPECT_THROW(SqlName("a b"), std::invalid_argument);
   EXPECT_THROW(SqlName("t;drop"), std::invalid_argument);

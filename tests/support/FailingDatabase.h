@@ -40,6 +40,7 @@ class FailingDatabase : public Database {
   Recordset Open(const SqlText& statement) override;
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
   [[nodiscard]] std::unique_ptr<WriteGroup> BeginWriteGroup() override { return inner_->BeginWriteGroup(); }
+  [[nodiscard]] std::unique_ptr<ReadGroup> BeginReadGroup() override { return inner_->BeginReadGroup(); }
 
  private:
   std::unique_ptr<Database> inner_;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/sqlite/SqliteConnection.h"
 #include "platform/Errors.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -16,11 +17,11 @@ class StatementCacheOfTwo : public testing::Test {
   test::TemporaryFolder folder_;
   SqliteConnection connection_{folder_.File("a.db"), SqliteConnection::Mode::Create, std::chrono::seconds(0)};
   std::vector<std::string> prepared_;
-  StatementCache cache_{2, [this](const std::string& shape) {
-                          SqliteStatement statement = connection_.Prepare(shape);
-                          prepared_.push_back(shape);
-                          return statement;
-                        }};
+  StatementCache<SqliteStatement> cache_{2, [this](const std::string& shape) {
+                                           SqliteStatement statement = connection_.Prepare(shape);
+                                           prepared_.push_back(shape);
+                                           return statement;
+                                         }};
 };
 
 TEST_F(StatementCacheOfTwo, Prepares_a_shape_once) {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "adapters/odbc/OdbcTarget.h"
+#include "platform/Database.h"
+
+namespace koru {
+
+/// Connects through ODBC to what the connection text names (ReadTarget): the suite's server, or an embedded
+/// database file behind an ODBC driver for SQLite. Throws OdbcConnectError with one sentence that names the
+/// driver, the server, the user or the database as the thing in the way, within the login timeout also when
+/// the server says nothing.
+class OdbcConnector : public DatabaseConnector {
+ public:
+  explicit OdbcConnector(OdbcTimeouts timeouts = {}) : timeouts_(timeouts) {}
+
+  [[nodiscard]] std::unique_ptr<Database> Connect(const std::string& connectionText) override;
+
+ private:
+  OdbcTimeouts timeouts_;
+};
+
+}  // namespace koru

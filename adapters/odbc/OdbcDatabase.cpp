@@ -1,0 +1,62 @@
+#include "adapters/odbc/OdbcDatabase.h"
+
+#include <optional>
+#include <utility>
+
+#include "adapters/odbc/OdbcSession.h"
+#include "platform/Errors.h"
+
+namespace koru {
+namespace {
+
+class NoGroup : public WriteGroup {
+ public:
+  void Finish() override {}
+};
+
+}  // namespace
+
+OdbcDatabase::OdbcDatabase(OdbcTarget target, OdbcTimeouts timeouts, std::unique_ptr<OdbcDialect> dialect)
+    : target_(std::move(target)), timeouts_(timeouts), dialect_(std::move(dialect)) {
+  Session();
+}
+
+OdbcDatabase::~OdbcDatabase() = default;
+
+OdbcSession& OdbcDatabase::Session() {
+  if (!session_) {
+    auto opened = std::make_unique<OdbcSession>(target_, timeouts_);
+    opened->Run({dialect_->SessionSettings(), {}});
+    session_ = std::move(opened);
+  }
+  return *session_;
+}
+
+template <class Work>
+auto OdbcDatabase::Tried(const std::string& statement, Work work) {
+  OdbcSession& session = Session();
+  try {
+    return work(session);
+  } catch (const DatabaseError& failure) {
+    if (session.IsLost()) session_.reset();
+    throw DatabaseError(failure.ServerText(), failure.Code(), statement);
+  }
+}
+
+Recordset OdbcDatabase::Open(const SqlText& statement) {
+  const SentStatement sent = dialect_->Write(statement.Text());
+  return Tried(statement.Text(), [&](OdbcSession& session) { return session.Run(sent); });
+}
+
+std::int32_t OdbcDatabase::Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) {
+  const SqlName name(procedure);
+  if (const std::optional<SqlText> statement = dialect_->ProcedureAsStatement(name.text, parameters)) {
+    return Open(*statement).RecordCount() > 0 ? 1 : 0;
+  }
+  return Tried(std::string(name.text),
+               [&](OdbcSession& session) { return session.Call(name.text, parameters); });
+}
+
+std::unique_ptr<WriteGroup> OdbcDatabase::BeginWriteGroup() { return std::make_unique<NoGroup>(); }
+
+}  // namespace koru

@@ -1,0 +1,64 @@
+#include "adapters/odbc/OdbcDiagnostics.h"
+
+#include <algorithm>
+#include <array>
+
+#include "adapters/odbc/OdbcHandle.h"
+#include "adapters/odbc/WideText.h"
+
+namespace koru {
+namespace {
+
+constexpr std::size_t kStateLength = 5;
+constexpr SQLSMALLINT kMaxRecords = 20;
+
+/// How much a record says. Class 01 is a warning; 08001 stands beside every reason for which a connection
+/// failed.
+int Weight(const Diagnostic& diagnostic) {
+  if (diagnostic.state.starts_with("01")) return 0;
+  if (diagnostic.state == "08001" && diagnostic.native == 0) return 1;
+  return diagnostic.native == 0 ? 2 : 3;
+}
+
+}  // namespace
+
+std::vector<Diagnostic> ReadDiagnostics(std::int16_t kind, void* handle) {
+  std::vector<Diagnostic> diagnostics;
+  std::u16string text(1024, u'\0');
+  for (SQLSMALLINT record = 1; record <= kMaxRecords; ++record) {
+    std::array<SQLWCHAR, kStateLength + 1> state{};
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    const auto read = [&] {
+      return SQLGetDiagRecW(kind, handle, record, state.data(), &native, Units(text),
+                            static_cast<SQLSMALLINT>(text.size()), &length);
+    };
+    SQLRETURN result = read();
+    if (result == SQL_SUCCESS_WITH_INFO && length >= static_cast<SQLSMALLINT>(text.size())) {
+      text.resize(static_cast<std::size_t>(length) + 1);
+      result = read();
+    }
+    if (!SQL_SUCCEEDED(result)) break;
+    const std::size_t size = std::min(text.find(u'\0'), text.size());
+    diagnostics.push_back({std::string(state.begin(), state.begin() + kStateLength), native,
+                           ToUtf8(std::u16string_view(text).substr(0, size))});
+  }
+  return diagnostics;
+}
+
+Diagnostic MostUseful(const std::vector<Diagnostic>& diagnostics) {
+  const auto best = std::max_element(diagnostics.begin(), diagnostics.end(),
+                                     [](const auto& a, const auto& b) { return Weight(a) < Weight(b); });
+  return best == diagnostics.end() ? Diagnostic{} : *best;
+}
+
+bool HasState(const std::vector<Diagnostic>& diagnostics, const std::string& state) {
+  return std::any_of(diagnostics.begin(), diagnostics.end(),
+                     [&](const Diagnostic& diagnostic) { return diagnostic.state == state; });
+}
+
+std::string Told(const Diagnostic& diagnostic) {
+  return diagnostic.text + " (" + diagnostic.state + ", " + std::to_string(diagnostic.native) + ")";
+}
+
+}  // namespace koru

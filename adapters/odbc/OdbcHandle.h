@@ -1,0 +1,47 @@
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <string>
+#include <utility>
+
+namespace koru {
+
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager takes UTF-16");
+
+/// An ODBC handle of one of the three kinds; freed when it goes.
+template <SQLSMALLINT kKind>
+class OdbcHandle {
+ public:
+  /// A null handle when there is no memory for it; its first use then fails.
+  explicit OdbcHandle(SQLHANDLE parent) { SQLAllocHandle(kKind, parent, &handle_); }
+  OdbcHandle(const OdbcHandle&) = delete;
+  OdbcHandle& operator=(const OdbcHandle&) = delete;
+  ~OdbcHandle() {
+    if (handle_ != SQL_NULL_HANDLE) SQLFreeHandle(kKind, handle_);
+  }
+
+  [[nodiscard]] SQLHANDLE Get() const { return handle_; }
+
+ private:
+  SQLHANDLE handle_ = SQL_NULL_HANDLE;
+};
+
+/// The environment of a connection, which speaks ODBC 3.
+class OdbcEnvironment : public OdbcHandle<SQL_HANDLE_ENV> {
+ public:
+  OdbcEnvironment() : OdbcHandle(SQL_NULL_HANDLE) {
+    // The version is a number in a pointer's clothes; that is how the interface takes it.
+    SQLSetEnvAttr(Get(), SQL_ATTR_ODBC_VERSION,
+                  reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3),  // NOLINT(performance-no-int-to-ptr)
+                  0);
+  }
+};
+
+/// The units of a text as ODBC takes them. It writes into them only where it is said to.
+[[nodiscard]] inline SQLWCHAR* Units(std::u16string& text) {
+  return reinterpret_cast<SQLWCHAR*>(text.data());
+}
+
+}  // namespace koru

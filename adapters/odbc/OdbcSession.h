@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/odbc/OdbcDialect.h"
+#include "adapters/odbc/OdbcHandle.h"
+#include "adapters/odbc/OdbcTarget.h"
+#include "platform/Recordset.h"
+
+namespace koru {
+
+/// One open ODBC connection. Each statement's rows are read to the end before the next is sent.
+class OdbcSession {
+ public:
+  /// Opens it within the login timeout; throws OdbcConnectError.
+  OdbcSession(const OdbcTarget& target, OdbcTimeouts timeouts);
+  OdbcSession(const OdbcSession&) = delete;
+  OdbcSession& operator=(const OdbcSession&) = delete;
+  ~OdbcSession();
+
+  /// Sends a statement once. The rows are those of its first result that has columns. Throws DatabaseError
+  /// without statement; IsLost then tells whether the connection is of any more use.
+  Recordset Run(const SentStatement& statement);
+
+  /// `{? = CALL procedure( ?, ... ) }`: its return value. `procedure` is a name and nothing else.
+  std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters);
+
+  /// Whether the server is gone, or did not answer in time: what it would still answer belongs to a statement
+  /// that nobody waits for.
+  [[nodiscard]] bool IsLost() const { return lost_; }
+
+ private:
+  using Handle = OdbcHandle<SQL_HANDLE_STMT>;
+
+  void Connect(const OdbcTarget& target);
+  [[nodiscard]] bool Says(SQLINTEGER attribute) const;
+  void Execute(const Handle& statement, std::string_view text);
+  Recordset ReadResults(const Handle& statement);
+  void Check(SQLRETURN result, const Handle& statement);
+
+  OdbcTimeouts timeouts_;
+  OdbcEnvironment environment_;
+  OdbcHandle<SQL_HANDLE_DBC> connection_;
+  bool lost_ = false;
+};
+
+}  // namespace koru

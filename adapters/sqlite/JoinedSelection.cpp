@@ -1,0 +1,148 @@
+#include "adapters/sqlite/JoinedSelection.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+#include "adapters/sqlite/WhereClause.h"
+#include "platform/Text.h"
+
+namespace koru {
+namespace {
+
+StatementTokens Slice(const StatementTokens& tokens, std::size_t begin, std::size_t end) {
+  const auto at = [&](std::size_t index) {
+    return std::next(tokens.begin(), static_cast<std::ptrdiff_t>(index));
+  };
+  return {at(begin), at(end)};
+}
+
+void Append(StatementTokens& tokens, const StatementTokens& more) {
+  tokens.insert(tokens.end(), more.begin(), more.end());
+}
+
+bool IsOutside(const StatementTokens& tokens, std::size_t at) {
+  return EndOfLevel(tokens, at) == tokens.size();
+}
+
+/// Where `word` stands first outside of parentheses; the number of tokens when it does not.
+std::size_t PlaceOf(const StatementTokens& tokens, std::string_view word) {
+  std::size_t at = 0;
+  while (at < tokens.size() && !(tokens[at].Is(word) && IsOutside(tokens, at))) ++at;
+  return at;
+}
+
+/// The parts of [begin, end) that `and` joins.
+std::vector<StatementTokens> PartsOf(const StatementTokens& tokens, std::size_t begin, std::size_t end) {
+  std::vector<StatementTokens> parts;
+  for (std::size_t at = begin; at <= end; ++at) {
+    if (at < end && !(tokens[at].Is("and") && IsOutside(tokens, at))) continue;
+    parts.push_back(Slice(tokens, begin, at));
+    begin = at + 1;
+  }
+  return parts;
+}
+
+/// Whether a name in the tokens is the table's or one of its columns', also in a selection inside.
+bool IsAbout(const StatementTokens& tokens, const std::string& table, const SqliteConnection& connection) {
+  return std::any_of(tokens.begin(), tokens.end(), [&](const StatementToken& token) {
+    return token.kind == SqlTokenKind::Word &&
+           (EqualsNoCase(token.text, table) || connection.HasColumn(table, token.text));
+  });
+}
+
+/// A statement of that form under reading, for one of the two ways to tell lines from documents.
+class Reading {
+ public:
+  Reading(const StatementTokens& tokens, std::string lines, std::string documents,
+          SqliteConnection& connection)
+      : tokens_(tokens), documents_(std::move(documents)), connection_(connection) {
+    read_.lines = std::move(lines);
+  }
+
+  std::optional<JoinedSelection> Read(std::size_t where, std::size_t order) {
+    const std::size_t from = PlaceOf(tokens_, "from");
+    read_.beforeWhere = Slice(tokens_, 0, from);
+    const bool hasStar = std::any_of(read_.beforeWhere.begin(), read_.beforeWhere.end(),
+                                     [](const StatementToken& token) { return token.Is("*"); });
+    if (hasStar || IsAbout(read_.beforeWhere, documents_, connection_)) return {};
+    Append(read_.beforeWhere, ReadTokens("from " + read_.lines));
+    read_.beforeWhere[from].spaceBefore = true;
+    for (const StatementTokens& part : PartsOf(tokens_, where + 1, order)) {
+      if (!Take(part)) return {};
+    }
+    if (key_.empty() || ofDocuments_.empty() || !TakeOrder(order)) return {};
+    return std::move(read_);
+  }
+
+ private:
+  bool Take(const StatementTokens& part) {
+    const bool aboutLines = IsAbout(part, read_.lines, connection_);
+    const bool aboutDocuments = IsAbout(part, documents_, connection_);
+    if (aboutLines && aboutDocuments) return TakeJoin(part);
+    StatementTokens& taken = aboutDocuments ? ofDocuments_ : read_.ofLines;
+    if (!aboutDocuments || !ofDocuments_.empty()) taken.push_back({SqlTokenKind::Word, "and", true});
+    Append(taken, part);
+    return !part.empty();
+  }
+
+  bool TakeJoin(const StatementTokens& part) {
+    if (part.size() != 3 || !part[1].Is("=") || !key_.empty()) return false;
+    for (const auto& [key, column] :
+         {std::pair(part[0].text, part[2].text), std::pair(part[2].text, part[0].text)}) {
+      if (!connection_.IsIntegerKey(documents_, key) || connection_.HasColumn(read_.lines, key)) continue;
+      if (!connection_.IsIntegerColumn(read_.lines, column) || connection_.HasColumn(documents_, column))
+        continue;
+      key_ = key;
+      read_.column = column;
+    }
+    return !key_.empty();
+  }
+
+  /// `order by C [asc|desc]` to the end, or nothing.
+  bool TakeOrder(std::size_t order) {
+    read_.keys = ReadTokens("select " + key_ + " from " + documents_ + " where");
+    ofDocuments_.front().spaceBefore = true;
+    Append(read_.keys, ofDocuments_);
+    read_.isOrdered = order < tokens_.size();
+    if (!read_.isOrdered) return true;
+    const StatementToken& column = At(tokens_, order + 2);
+    const bool hasDirection = At(tokens_, order + 3).Is("asc") || At(tokens_, order + 3).Is("desc");
+    if (!At(tokens_, order + 1).Is("by") || column.kind != SqlTokenKind::Word ||
+        tokens_.size() != order + (hasDirection ? 4 : 3))
+      return false;
+    if (!connection_.HasColumn(documents_, column.text) || connection_.HasColumn(read_.lines, column.text))
+      return false;
+    Append(read_.keys, Slice(tokens_, order, tokens_.size()));
+    read_.keys.push_back({SqlTokenKind::Word, "," + key_, false});
+    return true;
+  }
+
+  const StatementTokens& tokens_;
+  std::string documents_;  // T
+  std::string key_;
+  StatementTokens ofDocuments_;
+  SqliteConnection& connection_;
+  JoinedSelection read_;
+};
+
+}  // namespace
+
+std::optional<JoinedSelection> ReadJoinedSelection(const StatementTokens& tokens,
+                                                   SqliteConnection& connection) {
+  const bool isPlain =
+      At(tokens, 0).Is("select") && !LevelHasAny(tokens, 0, tokens.size(),
+                                                 {"or", "between", "case", "top", "distinct", "all", "group",
+                                                  "having", "union", "except", "intersect"});
+  const std::size_t where = PlaceOf(tokens, "where");
+  if (!isPlain || where == tokens.size()) return {};
+  const std::vector<std::string> tables = TablesOf(tokens, where);
+  if (tables.size() != 2 || EqualsNoCase(tables[0], tables[1])) return {};
+  const std::size_t order = PlaceOf(tokens, "order");
+  if (auto read = Reading(tokens, tables[0], tables[1], connection).Read(where, order)) return read;
+  return Reading(tokens, tables[1], tables[0], connection).Read(where, order);
+}
+
+}  // namespace koru

@@ -1,0 +1,120 @@
+#include "adapters/xlsx/WorkbookFile.h"
+
+#include <xlsxwriter.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "adapters/xlsx/WorkbookCheck.h"
+#include "platform/Text.h"
+
+namespace koru {
+namespace {
+
+constexpr const char* kSheetName = "شمارش";
+constexpr const char* kTextFormat = "@";
+constexpr std::size_t kNarrowest = 6;  ///< in characters
+constexpr std::size_t kWidest = 60;
+constexpr lxw_color_t kHeaderColor = 0xDCE3ED;
+
+/// The text as a workbook can hold it.
+std::string CleanText(std::string_view text) {
+  constexpr char32_t kReplacement = 0xFFFD;
+  std::string clean;
+  clean.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    const char32_t character = NextCharacter(text, at);
+    const bool writable = character != 0 && character != 0xFFFE && character != 0xFFFF;
+    AppendCharacter(clean, writable ? character : kReplacement);
+  }
+  return clean;
+}
+
+/// Reports the first thing that went wrong.
+class Outcome {
+ public:
+  void Note(lxw_error error) {
+    if (first_ == LXW_NO_ERROR) first_ = error;
+  }
+  [[nodiscard]] bool Failed() const { return first_ != LXW_NO_ERROR; }
+  [[nodiscard]] std::string Reason() const { return Failed() ? lxw_strerror(first_) : std::string(); }
+
+ private:
+  lxw_error first_ = LXW_NO_ERROR;
+};
+
+lxw_format* CellFormat(lxw_workbook* book) {
+  lxw_format* const format = workbook_add_format(book);
+  format_set_num_format(format, kTextFormat);  // what a person types over a cell stays a text as well
+  return format;
+}
+
+lxw_format* HeaderFormat(lxw_workbook* book) {
+  lxw_format* const format = CellFormat(book);
+  format_set_bold(format);
+  format_set_align(format, LXW_ALIGN_CENTER);
+  format_set_bg_color(format, kHeaderColor);
+  format_set_border(format, LXW_BORDER_THIN);
+  return format;
+}
+
+void SetWidths(lxw_worksheet* sheet, const SheetTexts& texts, Outcome& outcome) {
+  std::vector<std::size_t> widths;
+  for (const auto& row : texts) {
+    if (row.size() > widths.size()) widths.resize(row.size(), kNarrowest);
+    for (std::size_t col = 0; col < row.size(); ++col) {
+      widths[col] = std::max(widths[col], std::min(kWidest, Utf16Length(row[col]) + 2));
+    }
+  }
+  for (std::size_t col = 0; col < widths.size(); ++col) {
+    const auto place = static_cast<lxw_col_t>(col);
+    outcome.Note(worksheet_set_column(sheet, place, place, static_cast<double>(widths[col]), nullptr));
+  }
+}
+
+std::size_t TextCount(const SheetTexts& texts) {
+  std::size_t count = 0;
+  for (const auto& row : texts) {
+    count += static_cast<std::size_t>(
+        std::count_if(row.begin(), row.end(), [](const std::string& text) { return !text.empty(); }));
+  }
+  return count;
+}
+
+void WriteTexts(lxw_workbook* book, lxw_worksheet* sheet, const SheetTexts& texts, Outcome& outcome) {
+  lxw_format* const header = HeaderFormat(book);
+  lxw_format* const cell = CellFormat(book);
+  for (std::size_t row = 0; row < texts.size() && !outcome.Failed(); ++row) {
+    for (std::size_t col = 0; col < texts[row].size(); ++col) {
+      if (texts[row][col].empty()) continue;
+      outcome.Note(worksheet_write_string(sheet, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(col),
+                                          CleanText(texts[row][col]).c_str(), row == 0 ? header : cell));
+    }
+  }
+}
+
+}  // namespace
+
+std::string WriteWorkbook(const std::string& path, const SheetTexts& texts) {
+  // Row by row with nothing kept: the library holds one row of a full counting at a time.
+  lxw_workbook_options options{};
+  options.constant_memory = LXW_TRUE;
+  lxw_workbook* const book = workbook_new_opt(path.c_str(), &options);
+  if (book == nullptr) return lxw_strerror(LXW_ERROR_MEMORY_MALLOC_FAILED);
+  Outcome outcome;
+  lxw_worksheet* const sheet = workbook_add_worksheet(book, kSheetName);
+  if (sheet == nullptr) {
+    outcome.Note(LXW_ERROR_CREATING_TMPFILE);
+  } else {
+    worksheet_right_to_left(sheet);
+    worksheet_freeze_panes(sheet, 1, 0);
+    SetWidths(sheet, texts, outcome);
+    WriteTexts(book, sheet, texts, outcome);
+    outcome.Note(worksheet_ignore_errors(sheet, LXW_IGNORE_NUMBER_STORED_AS_TEXT, "A1:XFD1048576"));
+  }
+  outcome.Note(workbook_close(book));
+  if (!outcome.Failed() && !IsWholeWorkbook(path, TextCount(texts))) return "شايد ديسك جا ندارد";
+  return outcome.Reason();
+}
+
+}  // namespace koru

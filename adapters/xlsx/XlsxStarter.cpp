@@ -1,0 +1,113 @@
+#include "adapters/xlsx/XlsxStarter.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <random>
+#include <stdexcept>
+#include <system_error>
+
+#include "adapters/xlsx/WorkbookFile.h"
+#include "platform/Errors.h"
+
+namespace koru {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kMostRows = 1048576;
+constexpr int kMostColumns = 16384;
+
+fs::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
+
+std::string TextOf(const fs::path& path) {
+  const std::u8string utf8 = path.u8string();
+  return {utf8.begin(), utf8.end()};
+}
+
+[[noreturn]] void Refuse(const fs::path& path, const std::string& reason) {
+  throw InputError("پروندة اكسل نوشته نشد: " + TextOf(path) + " (" + reason + ")");
+}
+
+/// The file under its working name; whatever is left of it goes with the object.
+class WorkingFile {
+ public:
+  explicit WorkingFile(const fs::path& folder)
+      : path_(folder / ("koru-" + std::to_string(std::random_device()()) + ".tmp")) {}
+  WorkingFile(const WorkingFile&) = delete;
+  WorkingFile& operator=(const WorkingFile&) = delete;
+  ~WorkingFile() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+  }
+  [[nodiscard]] const fs::path& Path() const { return path_; }
+
+ private:
+  fs::path path_;
+};
+
+/// Gives a finished file its name unless the name is taken, also by a program that was faster. A disk that
+/// knows no links renames instead. False: the name is taken.
+bool TakeName(const fs::path& working, const fs::path& target) {
+  std::error_code error;
+  if (fs::exists(fs::symlink_status(target, error))) return false;
+  fs::create_hard_link(working, target, error);
+  if (!error) return true;
+  if (error == std::errc::file_exists) return false;
+  fs::rename(working, target, error);
+  if (error) Refuse(target, error.message());
+  return true;
+}
+
+class XlsxWorkbook : public Spreadsheet {
+ public:
+  XlsxWorkbook(const XlsxPlace& place, Date today) : place_(place), day_(SolarText(today)) {
+    std::replace(day_.begin(), day_.end(), '/', '-');
+  }
+
+  void SetCell(int row, int col, std::string_view text) override {
+    if (row < 1 || row > kMostRows || col < 1 || col > kMostColumns) {
+      throw std::out_of_range("no such cell in a workbook");
+    }
+    const auto r = static_cast<std::size_t>(row - 1);
+    const auto c = static_cast<std::size_t>(col - 1);
+    if (r >= texts_.size()) texts_.resize(r + 1);
+    if (c >= texts_[r].size()) texts_[r].resize(c + 1);
+    texts_[r][c] = text;
+  }
+
+  void LeaveOpen() override {
+    const std::string path = TextOf(Write());
+    if (place_.open && place_.open(path)) return;
+    if (place_.tell) place_.tell("پروندة اكسل ساخته شد، ولي برنامه اي آن را باز نكرد: " + path);
+  }
+
+ private:
+  [[nodiscard]] fs::path Write() const {
+    const fs::path folder = PathOf(place_.folder);
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) Refuse(folder, error.message());
+    const WorkingFile working(folder);
+    const std::string reason = WriteWorkbook(TextOf(working.Path()), texts_);
+    if (!reason.empty()) Refuse(folder / PathOf(Name(1)), reason);
+    int number = 1;
+    while (!TakeName(working.Path(), folder / PathOf(Name(number)))) ++number;
+    return folder / PathOf(Name(number));
+  }
+
+  [[nodiscard]] std::string Name(int number) const {
+    return "شمارش-" + day_ + "-" + std::to_string(number) + ".xlsx";
+  }
+
+  const XlsxPlace place_;
+  std::string day_;
+  SheetTexts texts_;
+};
+
+}  // namespace
+
+std::unique_ptr<Spreadsheet> XlsxStarter::NewWorkbook() {
+  return std::make_unique<XlsxWorkbook>(place_, clock_.Today());
+}
+
+}  // namespace koru

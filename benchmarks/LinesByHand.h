@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "benchmarks/Limits.h"
+#include "platform/Grid.h"
+
+namespace koru::bench {
+
+/// Every field of every row of a query as a text of its own.
+[[nodiscard]] std::vector<std::string> CopyTexts(const PlainConnection& connection, const std::string& sql);
+
+/// A line of a counting as numbers, ready to be bound.
+struct ReadyLine {
+  std::string barcode;
+  int unit = 0;
+  double values[7] = {};  ///< the four counts, the book stock, the difference, the rate
+  bool has[7] = {};
+};
+[[nodiscard]] std::vector<ReadyLine> ReadyLines(const Grid& lines);
+
+/// Replaces the lines of counting 1: one transaction with one prepared insert.
+void SaveByHand(const PlainConnection& connection, const std::vector<ReadyLine>& lines);
+
+/// The sums of three columns of amounts, read from their texts.
+[[nodiscard]] double SumAmounts(const Grid& lines);
+
+}  // namespace koru::bench

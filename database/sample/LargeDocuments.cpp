@@ -1,0 +1,118 @@
+#include "database/sample/LargeDocuments.h"
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "database/Sample.h"
+#include "database/sample/SampleDocuments.h"
+#include "database/sample/SampleMovements.h"
+#include "database/sample/SamplePeople.h"
+#include "database/sample/SampleRows.h"
+#include "database/sample/SampleStores.h"
+#include "database/sample/SampleTree.h"
+
+namespace koru::sample {
+namespace {
+
+constexpr int kStartYear = 1402;
+constexpr int kLastYear = 1404;
+constexpr int kShareOfUnregistered = 10;  // one in so many documents
+
+/// The store that a store stands under; 0 for none.
+int ParentOf(int store) {
+  if (store > kCentralStore && store <= kLastOfCentral) return kCentralStore;
+  if (store > 10 && store <= 16) return 10;
+  return store > 17 && store <= 19 ? 17 : 0;
+}
+
+/// A number below `count`; the smaller, the more often.
+int Uneven(Random& random, int count) { return random.Below(random.Below(count) + 1); }
+
+/// Writes the documents one by one and adds them up.
+class LargeBook {
+ public:
+  LargeBook(SqliteConnection& connection, Random& random, std::vector<LargeGood>& goods)
+      : book_(connection), random_(random), goods_(goods) {}
+
+  void Write(DocumentKind kind, Date day, int lines) {
+    const int store = Uneven(random_, kLargeStores) + 1;
+    Document document{kind, store, random_.Between(1, kUserCount), day, true, {}, {}};
+    document.registered = !random_.OneIn(kShareOfUnregistered);
+    for (int line = 0; line < lines; ++line) document.lines.push_back(WriteLine(document));
+    book_.Write(document);
+  }
+
+ private:
+  DocumentLine WriteLine(const Document& document) {
+    // Goods that move much are spread over all makers. 7,919 shares no factor with the number of goods.
+    const auto count = static_cast<std::int64_t>(goods_.size());
+    const auto place = Uneven(random_, static_cast<int>(count)) * std::int64_t{7919} % count;
+    LargeGood& good = goods_[static_cast<std::size_t>(place)];
+    const bool isReceipt = document.kind == DocumentKind::Receipt;
+    const double quantity = random_.Between(1, isReceipt ? 60 : 50) + random_.Below(4) * 0.25;
+    std::optional<double> value;
+    if (!random_.OneIn(20)) value = random_.OneIn(20) ? 0 : PriceOn(good, document);
+    if (document.registered) Add(good, document, isReceipt ? quantity : -quantity, value.value_or(0));
+    return {good.barcode, quantity, good.unit, quantity, value};
+  }
+
+  /// A good has one price a day, so that the latest rate does not depend on which document of a day comes
+  /// first.
+  static int PriceOn(const LargeGood& good, const Document& document) {
+    const auto day = static_cast<int>(std::chrono::sys_days(document.day).time_since_epoch().count());
+    return good.price + (day * 37 + (document.kind == DocumentKind::Receipt ? 0 : 13)) % 100 * 500;
+  }
+
+  static void Add(LargeGood& good, const Document& document, double change, double value) {
+    static const Period kPeriod = LargePeriod();
+    good.total += change;
+    if (document.store > kLastOfCentral || document.day < kPeriod.from || document.day > kPeriod.to) return;
+    good.books += change;
+    if (value > 0) (document.kind == DocumentKind::Receipt ? good.receiptRate : good.dispatchRate) = value;
+  }
+
+  DocumentBook book_;
+  Random& random_;
+  std::vector<LargeGood>& goods_;
+};
+
+}  // namespace
+
+Period LargePeriod() { return {Day(kLastYear, 1, 1), kSampleToday}; }
+
+void WriteLargeStores(SqliteConnection& connection) {
+  SqliteStatement store =
+      connection.Prepare("insert into tblInventory (ID, ParentID, Name, IsDefault) values (?, ?, ?, ?)");
+  SqliteStatement allow =
+      connection.Prepare("insert or ignore into tblInventoryUser (UserID, InventoryID) values (1, ?)");
+  std::vector<std::pair<int, int>> nodes;
+  for (int id = 1; id <= kLargeStores; ++id) {
+    const int parent = ParentOf(id);
+    Insert(store, id, parent == 0 ? std::nullopt : std::optional(parent), "انبار شماره " + std::to_string(id),
+           id == kCentralStore ? 1 : 0);
+    Insert(allow, id);
+    nodes.emplace_back(id, parent);
+  }
+  WriteClosure(connection, "tblInventoryParent", nodes);
+}
+
+void WriteLargeDocuments(SqliteConnection& connection, Random& random, const LargeCounts& counts,
+                         std::vector<LargeGood>& goods, const std::function<void(int)>& done) {
+  LargeBook book(connection, random, goods);
+  const std::chrono::sys_days first(Day(kStartYear, 1, 1));
+  const auto days = (std::chrono::sys_days(kSampleToday) - first).count() + 1;
+  const int average = counts.documentLines / counts.documents;
+  int more = 0;
+  for (int number = 0; number < counts.documents; ++number) {
+    const std::chrono::days since(days * number / counts.documents);
+    // Every second document has as many lines more as the one before has less, so that the sum comes out.
+    more = number % 2 == 0 ? random.Below(average) : -more;
+    book.Write(number % 4 < 2 ? DocumentKind::Receipt : DocumentKind::Dispatch, first + since,
+               average + more);
+    if (number % (counts.documents / 100) == 0) done(static_cast<int>(number * 100LL / counts.documents));
+  }
+}
+
+}  // namespace koru::sample

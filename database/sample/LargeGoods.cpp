@@ -1,0 +1,68 @@
+#include "database/sample/LargeGoods.h"
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include "database/sample/SampleGoods.h"
+#include "database/sample/SampleGroups.h"
+#include "database/sample/SampleRows.h"
+#include "database/sample/SampleUnits.h"
+
+namespace koru::sample {
+namespace {
+
+constexpr int kGoodsOfOneMaker = 500;
+constexpr int kGoodsWithoutSaleUnit = 60;  // one in so many
+
+constexpr std::array<std::string_view, 16> kStems = {"برنج طارم",
+                                                     "چاي شكسته",
+                                                     "روغن كنجد",
+                                                     "رب گوجه‌فرنگي",
+                                                     "پنير سفيد",
+                                                     "كره گياهي",
+                                                     "شامپو بچه",
+                                                     "مايع ظرفشويي",
+                                                     "دستمال كاغذي",
+                                                     "پيچ چوب",
+                                                     "لامپ رشته‌اي",
+                                                     "دفتر صد برگ",
+                                                     "خودكار آبي",
+                                                     "كابل افشان",
+                                                     "شير آب",
+                                                     "رنگ روغني"};
+constexpr std::array<int, 5> kGroups = {111, 112, 113, 14, 12};
+
+}  // namespace
+
+std::vector<LargeGood> MakeLargeGoods(Random& random, int count) {
+  std::vector<LargeGood> goods(static_cast<std::size_t>(count));
+  for (int number = 0; number < count; ++number) {
+    LargeGood& good = goods[static_cast<std::size_t>(number)];
+    const auto stem = static_cast<std::size_t>(number) % kStems.size();
+    good.barcode = Barcode(number / kGoodsOfOneMaker + 1, number % kGoodsOfOneMaker + 1);
+    good.code = std::to_string(1'000'000 + number);
+    good.name =
+        std::string(kStems.at(stem)) + " سري " + std::to_string(number / static_cast<int>(kStems.size()) + 1);
+    good.unit = random.OneIn(10) ? kKilogram : kPiece;
+    good.price = random.Between(20, 2000) * 1000;
+  }
+  return goods;
+}
+
+void WriteLargeGoods(SqliteConnection& connection, const std::vector<LargeGood>& goods) {
+  SqliteStatement good = connection.Prepare(
+      "insert into tblGood (Barcode, Code, Name, RetailPrice, TotalQty, SaleScaleID, PurchaseScaleID, TypeID,"
+      " GoodGroupID) values (?, ?, ?, ?, ?, ?, ?, ?, ?)");
+  SqliteStatement scale = connection.Prepare("insert into tblGoodSaleScale (Barcode, ScaleID) values (?, ?)");
+  std::size_t number = 0;
+  for (const LargeGood& row : goods) {
+    Insert(good, row.barcode, row.code, row.name, row.price, row.total, row.unit, row.unit, kTradeGoods,
+           kGroups.at(number % kGroups.size()));
+    if (++number % kGoodsWithoutSaleUnit == 0) continue;
+    Insert(scale, row.barcode, row.unit);
+    if (row.unit == kPiece && number % 3 == 0) Insert(scale, row.barcode, kCartonOf12);
+  }
+}
+
+}  // namespace koru::sample

@@ -1,0 +1,34 @@
+-- Indexes that serve the statements as they are written.
+
+-- The lines of one document in one place: read when it is shown, deleted with it.
+create clustered index ixInventoryCountingDetail_Counting on tblInventoryCountingDetail (CountingID, RowNumber)
+GO
+create clustered index ixInventoryReceiptDetail_Receipt on tblInventoryReceiptDetail (ReceiptID)
+GO
+create clustered index ixInventoryDispatchDetail_Dispatch on tblInventoryDispatchDetail (DispatchID)
+GO
+
+-- Book stock of a good: LTrim(RTrim(Barcode)) is the computed column.
+create index ixInventoryReceiptDetail_Trimmed on tblInventoryReceiptDetail (TrimmedBarcode, ReceiptID) include (Qty)
+GO
+create index ixInventoryDispatchDetail_Trimmed on tblInventoryDispatchDetail (TrimmedBarcode, DispatchID) include (Qty)
+GO
+
+-- Rates of a good, which compare the barcode as it is.
+create index ixInventoryReceiptDetail_Barcode on tblInventoryReceiptDetail (Barcode, ReceiptID) include (Value)
+GO
+create index ixInventoryDispatchDetail_Barcode on tblInventoryDispatchDetail (Barcode, DispatchID) include (Value)
+GO
+
+-- The registered documents of a store in a period.
+create index ixInventoryReceipt_Inventory on tblInventoryReceipt (InventoryID, ReceiveDate) include (Code)
+GO
+create index ixInventoryDispatch_Inventory on tblInventoryDispatch (InventoryID, ReceiveDate) include (Code)
+GO
+
+-- Final numbers: the highest one, and closing up after a return.
+create index ixInventoryCounting_Code on tblInventoryCounting (Code)
+GO
+
+-- Countings that contain a good.
+create index ixInventoryCountingDetail_Barcode on tblInventoryCountingDetail (Barcode) include (CountingID)

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace koru {
+
+class GridView;
+
+/// Draws the cells of a GridView and makes the edit that a cell is typed into. The keys that end an edit go
+/// to the view.
+class CellDelegate : public QStyledItemDelegate {
+  Q_OBJECT
+
+ public:
+  explicit CellDelegate(GridView& view);
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const override;
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+  void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const override;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+ private:
+  [[nodiscard]] QColor GroundOf(const QModelIndex& index, const QColor& rowColor) const;
+
+  GridView& view_;
+};
+
+}  // namespace koru

@@ -1,0 +1,275 @@
+#include "desktop/CountingWindow.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "counting/frmInvCounting.h"
+#include "desktop/DateBoxEdit.h"
+#include "desktop/GridView.h"
+#include "desktop/QtText.h"
+#include "desktop/SelectorEdit.h"
+#include "desktop/ShownNumber.h"
+#include "lines/LineColumns.h"
+
+// The widgets belong to their window, as the toolkit's widgets do.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
+namespace koru {
+namespace {
+
+constexpr QSize kUsualSize(1280, 760);
+constexpr QColor kShortage(0xA8, 0x1E, 0x16);
+constexpr QColor kSurplus(0x17, 0x4E, 0xA6);
+
+void AddField(QGridLayout& box, int row, int column, const QString& title, QWidget& field, int columns = 1) {
+  auto* const label = new QLabel(title, box.parentWidget());
+  label->setBuddy(&field);
+  QWidget* const typedInto = field.focusProxy() == nullptr ? &field : field.focusProxy();
+  typedInto->setAccessibleName(title);
+  box.addWidget(label, row, column);
+  box.addWidget(&field, row, column + 1, 1, columns);
+}
+
+void AddGap(QBoxLayout& bar) {
+  auto* const line = new QFrame(bar.parentWidget());
+  line->setFrameShape(QFrame::VLine);
+  line->setProperty("gap", true);
+  bar.addWidget(line);
+}
+
+QLineEdit* NumberField(QWidget* parent, int width) {
+  auto* const field = new QLineEdit(parent);
+  field->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+  field->setMinimumWidth(width);
+  return field;
+}
+
+void LookOfLines(GridView& lines) {
+  for (int col = LineColumn::FirstCounting; col < kLineColumns; ++col) {
+    ColumnLook look;
+    look.number = true;
+    look.grouped = col >= LineColumn::Rate;
+    if (col == LineColumn::Shortage || col == LineColumn::ShortageAmount) {
+      look.sign = ColumnLook::Sign::Down;
+      look.color = kShortage;
+    } else if (col == LineColumn::Surplus || col == LineColumn::SurplusAmount) {
+      look.sign = ColumnLook::Sign::Up;
+      look.color = kSurplus;
+    }
+    lines.SetColumnLook(col, look);
+  }
+  ColumnLook key;
+  key.hidden = true;  // the name of the unit stands beside it
+  lines.SetColumnLook(LineColumn::ScaleID, key);
+  lines.SetStretchColumn(LineColumn::GoodName);
+  lines.SetRowNumbers(true);
+}
+
+}  // namespace
+
+CountingWindow::CountingWindow(frmInvCounting& form, SelectorRecords& records)
+    : FormWindow(form), form_(form), records_(records) {
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(8, 8, 8, 8);
+  layout->setSpacing(6);
+  AddDocumentCommands(*layout);
+  AddHeader(*layout);
+  AddLineCommands(*layout);
+  AddLines(*layout);
+  AddTotals(*layout);
+  Binding().Bind(form.Timer1);
+  resize(kUsualSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
+}
+
+void CountingWindow::AddCommand(QBoxLayout& bar, Button& command, const char* shortcut, bool main) {
+  auto* const button = new QPushButton(this);
+  button->setProperty("main", main);
+  Binding().Bind(command, *button);
+  const QKeySequence keys(QString::fromLatin1(shortcut));
+  button->setToolTip(QStringLiteral("%1 (%2)").arg(button->text(), keys.toString(QKeySequence::NativeText)));
+  auto* const press = new QShortcut(keys, this);
+  connect(press, &QShortcut::activated, button, [this, button] {
+    if (!button->isEnabled() || !lines_->FinishEdit()) return;
+    button->setFocus(Qt::ShortcutFocusReason);
+    button->click();
+  });
+  bar.addWidget(button);
+}
+
+void CountingWindow::AddDocumentCommands(QBoxLayout& window) {
+  auto* const bar = new QHBoxLayout;
+  bar->setSpacing(4);
+  window.addLayout(bar);
+  AddCommand(*bar, form_.cmdNew, "Ctrl+N");
+  AddCommand(*bar, form_.cmdEdit, "Ctrl+E");
+  AddCommand(*bar, form_.cmdDelete, "Ctrl+D");
+  AddCommand(*bar, form_.cmdSearch, "F3");
+  AddGap(*bar);
+  AddCommand(*bar, form_.cmdTmpSave, "Ctrl+S", true);
+  AddCommand(*bar, form_.cmdCancel, "F8");
+  AddCommand(*bar, form_.cmdIsFinalized, "Ctrl+Shift+S", true);
+  AddCommand(*bar, form_.cmdFunc, "Ctrl+Shift+R");
+  AddGap(*bar);
+  AddCommand(*bar, form_.cmdView, "F7");
+  AddCommand(*bar, form_.cmdPrint, "Ctrl+P");
+  AddCommand(*bar, form_.cmdInvReceipt, "F11");
+  AddCommand(*bar, form_.cmdInvExit, "F12");
+  bar->addStretch();
+  AddMenu(*bar);
+  AddCommand(*bar, form_.cmdExit, "Ctrl+W");
+}
+
+void CountingWindow::AddMenu(QBoxLayout& bar) {
+  auto* const button = new QToolButton(this);
+  button->setObjectName(QStringLiteral("menuButton"));
+  button->setText(QStringLiteral("عمليات ▾"));
+  button->setToolTip(QStringLiteral("عمليات (F10)"));
+  button->setPopupMode(QToolButton::InstantPopup);
+  button->setFocusPolicy(Qt::TabFocus);
+  auto* const menu = new QMenu(button);
+  menu->setObjectName(QStringLiteral("menu"));
+  auto* const back = new QAction(this);
+  menu->addAction(back);
+  Binding().Bind(form_.mnuRS, *back);
+  button->setMenu(menu);
+  bar.addWidget(button);
+  connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, button, &QToolButton::showMenu);
+}
+
+void CountingWindow::AddHeader(QBoxLayout& window) {
+  auto* const document = new QGroupBox(QStringLiteral("مشخصات شمارش"), this);
+  auto* const people = new QGroupBox(QStringLiteral("شمارندگان"), this);
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addWidget(document, 5);
+  row->addWidget(people, 2);
+  window.addLayout(row);
+  for (QGroupBox* const box : {document, people}) {
+    auto* const grid = new QGridLayout(box);
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(5);
+    if (box == document) {
+      AddDocument(*grid);
+    } else {
+      AddPeople(*grid);
+    }
+  }
+}
+
+void CountingWindow::AddDocument(QGridLayout& box) {
+  auto* const key = new QLabel(this);
+  key->setProperty("value", true);
+  key->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  key->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+  key->setMinimumWidth(90);
+  Binding().Bind(form_.lblIDVal, *key);
+  auto* const code = NumberField(this, 90);
+  Binding().Bind(form_.txtCode, *code);
+  auto* const manual = NumberField(this, 110);
+  Binding().Bind(form_.txtGNO, *manual);
+  auto* const creator = new QLineEdit(this);
+  Binding().Bind(form_.txtCreator, *creator);
+  auto* const store = new SelectorEdit(this);
+  store->SetPlaceholder(QStringLiteral("انتخاب انبار"));
+  Binding().Bind(form_.gmpInventory, *store, records_);
+  auto* const notes = new QPlainTextEdit(this);
+  notes->setTabChangesFocus(true);
+  notes->setFixedHeight(2 * notes->fontMetrics().lineSpacing() + 14);
+  Binding().Bind(form_.txtNotes, *notes);
+
+  AddField(box, 0, 0, QStringLiteral("شماره رايانه اي"), *key);
+  AddField(box, 0, 2, QStringLiteral("شماره نهايي"), *code);
+  AddField(box, 0, 4, QStringLiteral("شماره دستي"), *manual);
+  AddDate(box, 0, 6, QStringLiteral("تاريخ شمارش"), form_.gdpReceiveDate);
+  AddField(box, 1, 0, QStringLiteral("انبار"), *store, 3);
+  AddDate(box, 1, 4, QStringLiteral("از تاريخ"), form_.gdpFromDate);
+  AddDate(box, 1, 6, QStringLiteral("تا تاريخ"), form_.gdpToDate);
+  AddField(box, 2, 0, QStringLiteral("توضيحات"), *notes, 5);
+  AddField(box, 2, 6, QStringLiteral("ايجاد كننده"), *creator);
+  for (const int column : {1, 3, 5, 7}) box.setColumnStretch(column, 1);
+}
+
+void CountingWindow::AddDate(QGridLayout& box, int row, int column, const QString& title, DateBox& date) {
+  auto* const field = new DateBoxEdit(this);
+  Binding().Bind(date, *field);
+  AddField(box, row, column, title, *field);
+}
+
+void CountingWindow::AddPeople(QGridLayout& box) {
+  AddPerson(box, 0, 0, QStringLiteral("شمارنده اول"), form_.mptCounter1);
+  AddPerson(box, 1, 0, QStringLiteral("شمارنده دوم"), form_.mptCounter2);
+  AddPerson(box, 2, 0, QStringLiteral("شمارنده سوم"), form_.mptCounter3);
+  AddPerson(box, 3, 0, QStringLiteral("تاييد كننده"), form_.mptConfirmer);
+}
+
+void CountingWindow::AddPerson(QGridLayout& box, int row, int column, const QString& title,
+                               PersonSelector& person) {
+  auto* const field = new SelectorEdit(this);
+  Binding().Bind(person, *field, records_);
+  AddField(box, row, column, title, *field);
+}
+
+void CountingWindow::AddLineCommands(QBoxLayout& window) {
+  auto* const bar = new QHBoxLayout;
+  bar->setSpacing(4);
+  window.addLayout(bar);
+  AddCommand(*bar, form_.cmdGoods, "F6");
+  AddCommand(*bar, form_.cmdCalc, "F9");
+  AddCommand(*bar, form_.cmdDeleteAll, "Ctrl+Shift+Delete");
+  AddCommand(*bar, form_.cmdExcel, "Ctrl+Shift+E");
+  auto* const progress = new QProgressBar(this);
+  progress->setMaximumHeight(20);
+  Binding().Bind(form_.pgbStatus, *progress);
+  bar->addSpacing(12);
+  bar->addWidget(progress, 1);
+  auto* const hint = new QLabel(
+      QStringLiteral("خانه بعد: Enter     ويرايش خانه: F2     حذف سطر: Ctrl+Del     ليست و تقويم: F4"), this);
+  hint->setProperty("hint", true);
+  bar->addWidget(hint);
+}
+
+void CountingWindow::AddLines(QBoxLayout& window) {
+  lines_ = new GridView(this);
+  LookOfLines(*lines_);
+  Binding().Bind(form_.flexDetail, *lines_);
+  window.addWidget(lines_, 1);
+}
+
+void CountingWindow::AddTotals(QBoxLayout& window) {
+  auto* const bar = new QHBoxLayout;
+  bar->setSpacing(8);
+  window.addLayout(bar);
+  AddTotal(*bar, QStringLiteral("جمع مبلغ كسري"), form_.txtTotalBelowValue, kShortage);
+  AddTotal(*bar, QStringLiteral("جمع مبلغ اضافي"), form_.txtTotalAboveValue, kSurplus);
+  AddTotal(*bar, QStringLiteral("جمع مبلغ موجودي شمارش شده"), form_.txtTotalValue, {});
+}
+
+void CountingWindow::AddTotal(QBoxLayout& bar, const QString& title, TextBox& total, const QColor& color) {
+  auto* const field = new AmountEdit(this);
+  Binding().Bind(total, *field);
+  QFont bold = font();
+  bold.setBold(true);
+  field->setFont(bold);
+  if (color.isValid()) field->setStyleSheet(QStringLiteral("QLineEdit { color: %1; }").arg(color.name()));
+  auto* const label = new QLabel(title, this);
+  label->setBuddy(field);
+  bar.addWidget(label);
+  bar.addWidget(field, 1);
+}
+
+}  // namespace koru
+// NOLINTEND(cppcoreguidelines-owning-memory)

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "desktop/FormWindow.h"
+
+class QBoxLayout;
+class QGridLayout;
+
+namespace koru {
+
+class frmInvCounting;
+class GridView;
+
+/// The window of the counting form: commands on top, then the header of the document and its people, the
+/// lines with what can be done to them, and the sums of money below.
+class CountingWindow : public FormWindow {
+  Q_OBJECT
+
+ public:
+  /// `records` must outlive the window, the form must until it is unloaded.
+  CountingWindow(frmInvCounting& form, SelectorRecords& records);
+
+ private:
+  void AddDocumentCommands(QBoxLayout& window);
+  void AddMenu(QBoxLayout& bar);
+  void AddHeader(QBoxLayout& window);
+  void AddDocument(QGridLayout& box);
+  void AddPeople(QGridLayout& box);
+  void AddLineCommands(QBoxLayout& window);
+  void AddLines(QBoxLayout& window);
+  void AddTotals(QBoxLayout& window);
+  void AddCommand(QBoxLayout& bar, Button& command, const char* shortcut, bool main = false);
+  void AddDate(QGridLayout& box, int row, int column, const QString& title, DateBox& date);
+  void AddPerson(QGridLayout& box, int row, int column, const QString& title, PersonSelector& person);
+  void AddTotal(QBoxLayout& bar, const QString& title, TextBox& total, const QColor& color);
+
+  frmInvCounting& form_;
+  SelectorRecords& records_;
+  GridView* lines_ = nullptr;
+};
+
+}  // namespace koru

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+
+#include "platform/Date.h"
+
+class QLineEdit;
+class QToolButton;
+
+namespace koru {
+
+class CalendarPopup;
+
+/// A Solar Hijri date box: yyyy/mm/dd, typed digit by digit or picked from the calendar (F4, Alt+Down or its
+/// button). Delete empties it. A text that is no day gives the date before back and marks the field until the
+/// next key.
+class DateBoxEdit : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit DateBoxEdit(QWidget* parent = nullptr);
+
+  void SetDate(std::optional<Date> date);
+  [[nodiscard]] std::optional<Date> ShownDate() const { return date_; }
+
+ signals:
+  /// The person has entered a day or emptied the box.
+  void dateChosen(std::optional<koru::Date> date);
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  bool KeyPressed(int key, Qt::KeyboardModifiers held);
+  void TakeText();
+  void Choose(std::optional<Date> date);
+  void ShowText();
+  void Mark(bool marked);
+  void OpenCalendar();
+
+  QLineEdit* edit_;
+  QToolButton* button_;
+  CalendarPopup* popup_ = nullptr;
+  std::optional<Date> date_;
+};
+
+}  // namespace koru

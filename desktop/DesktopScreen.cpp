@@ -1,0 +1,100 @@
+#include "desktop/DesktopScreen.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QEventLoop>
+#include <QWindow>
+#include <stdexcept>
+#include <utility>
+
+namespace koru {
+namespace {
+
+/// In front of the other windows and with the keyboard, also when it was minimised.
+void ComeToFront(FormWindow& window) {
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+  window.show();
+  window.raise();
+  window.activateWindow();
+  // Only a window that has been on the screen shows how far a long operation has come.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace
+
+DesktopScreen::~DesktopScreen() { SetPointer(Pointer::Normal); }
+
+void DesktopScreen::Register(std::string formName, Factory factory) {
+  factories_.insert_or_assign(std::move(formName), std::move(factory));
+}
+
+FormWindow* DesktopScreen::WindowOf(const Form& form) const {
+  const auto found = shown_.find(&form);
+  return found == shown_.end() ? nullptr : found->second.window.get();
+}
+
+void DesktopScreen::SetPointer(Pointer pointer) {
+  if (pointer == pointer_) return;
+  pointer_ = pointer;
+  if (pointer == Pointer::Hourglass) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QGuiApplication::restoreOverrideCursor();
+  }
+}
+
+void DesktopScreen::Show(Form& form, bool modal) {
+  FormWindow* const known = WindowOf(form);
+  FormWindow& window = known == nullptr ? MakeWindow(form) : *known;
+  if (modal) {
+    ShowModal(form, window);
+  } else {
+    if (!window.isVisible()) window.setWindowModality(Qt::NonModal);
+    ComeToFront(window);
+  }
+}
+
+FormWindow& DesktopScreen::MakeWindow(Form& form) {
+  const auto factory = factories_.find(form.Name());
+  if (factory == factories_.end())
+    throw std::logic_error("no window is registered for the form " + form.Name());
+  Shown shown;
+  shown.window = factory->second(form);
+  FormWindow& window = *shown.window;
+  shown.changed = form.Changed.Subscribe([&form, &window] {
+    if (!form.Visible()) window.hide();
+  });
+  shown.unloaded = form.Unloaded.Subscribe([this, &form] { Unloaded(form); });
+  shown_.insert_or_assign(&form, std::move(shown));
+  return window;
+}
+
+/// The form may have been unloaded from within one of the window's own events, so the window goes later.
+void DesktopScreen::Unloaded(const Form& form) {
+  auto node = shown_.extract(&form);
+  if (node.empty()) return;
+  FormWindow* const window = node.mapped().window.release();
+  window->LetGo();
+  window->hide();
+  window->deleteLater();
+}
+
+void DesktopScreen::ShowModal(Form& form, FormWindow& window) {
+  const QWidget* const above = QApplication::activeWindow();
+  if (window.windowModality() != Qt::ApplicationModal) {
+    window.hide();
+    window.setWindowModality(Qt::ApplicationModal);
+  }
+  if (above != nullptr && above != &window && above->windowHandle() != nullptr) {
+    window.winId();
+    window.windowHandle()->setTransientParent(above->windowHandle());
+  }
+  QEventLoop loop;
+  const Subscription hidden = form.Changed.Subscribe([&form, &loop] {
+    if (!form.Visible()) loop.quit();
+  });
+  ComeToFront(window);
+  if (form.Visible()) loop.exec();
+}
+
+}  // namespace koru

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "platform/Button.h"
+#include "platform/CheckBox.h"
+#include "platform/ComboBox.h"
+#include "platform/DateBox.h"
+#include "platform/Grid.h"
+#include "platform/Label.h"
+#include "platform/MenuItem.h"
+#include "platform/OptionButton.h"
+#include "platform/ProgressBar.h"
+#include "platform/Selector.h"
+#include "platform/TextBox.h"
+#include "platform/Timer.h"
+
+class QAbstractButton;
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QProgressBar;
+class QRadioButton;
+class QWidget;
+
+namespace koru {
+
+class DateBoxEdit;
+class GridView;
+class SelectorEdit;
+class SelectorRecords;
+
+/// Ties the controls of a form to the widgets of its window, both ways: a widget shows its control's state
+/// from the moment it is bound, and what the person does goes to the control's `User...` operations. What the
+/// program changes is shown without coming back as something that the person did. The keyboard's place is the
+/// same on both sides. A bound widget carries its control's name as its object name.
+///
+/// LetGo ends all of it at once; the controls may then go while the widgets are still there.
+class FormBinding : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit FormBinding(Form& form);
+  ~FormBinding() override;
+
+  void Bind(Label& control, QLabel& widget);
+  void Bind(TextBox& control, QLineEdit& widget);
+  void Bind(TextBox& control, QPlainTextEdit& widget);
+  void Bind(Button& control, QAbstractButton& widget);
+  void Bind(CheckBox& control, QCheckBox& widget);
+  void Bind(OptionButton& control, QRadioButton& widget);
+  void Bind(ComboBox& control, QComboBox& widget);
+  void Bind(ProgressBar& control, QProgressBar& widget);
+  void Bind(DateBox& control, DateBoxEdit& widget);
+  void Bind(TreeSelector& control, SelectorEdit& widget, SelectorRecords& records);
+  void Bind(PersonSelector& control, SelectorEdit& widget, SelectorRecords& records);
+  void Bind(Grid& control, GridView& widget);
+  void Bind(MenuItem& control, QAction& action);
+  void Bind(Timer& control);
+
+  [[nodiscard]] QWidget* WidgetOf(const Control& control) const;
+  /// The control whose widget is `widget` or holds it; nullptr when none does.
+  [[nodiscard]] Control* ControlOf(const QWidget* widget) const;
+
+  void LetGo();
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void BindCommon(Control& control, QWidget& widget);
+  /// Calls `show` now and whenever the control has changed.
+  void Follow(const Control& control, const std::function<void()>& show);
+  template <class Selecting>
+  void BindSelector(Selecting& control, SelectorEdit& widget,
+                    const std::function<std::vector<struct SelectorRecord>()>& read,
+                    const std::function<std::string()>& nameOf);
+  void FocusMoved(const QWidget* now);
+  void FollowFocus();
+
+  Form* form_;
+  std::unique_ptr<QObject>
+      listener_;  ///< receives the widgets' signals; without it nothing reaches the controls
+  std::vector<Subscription> subscriptions_;
+  std::map<const QObject*, Control*> controls_;
+  std::map<const Control*, QWidget*> widgets_;
+  std::vector<GridView*> grids_;
+  const Control* focus_ = nullptr;
+};
+
+}  // namespace koru

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QPersistentModelIndex>
+#include <QTableView>
+
+#include "desktop/GridColumns.h"
+#include "desktop/GridModel.h"
+
+class QLineEdit;
+
+namespace koru {
+
+/// A Grid on the screen. Arrows move as in a spreadsheet and typing begins an edit; Enter and Tab store it
+/// and go to the next cell to fill, Shift+Tab to the one before, Escape gives the old text back. A text that
+/// the form refuses stays in its cell, selected. Delete empties a cell that can be typed into; elsewhere, and
+/// with Ctrl everywhere, it asks for the line to go. In a grid without cells to fill Enter is a double click.
+/// Ctrl+Tab leaves the grid.
+class GridView : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit GridView(QWidget* parent = nullptr);
+
+  /// The grid that is shown; it must outlive the view or be taken back with nullptr.
+  void SetGrid(Grid* grid);
+  void SetColumnLook(int col, const ColumnLook& look) { model_.SetColumnLook(col, look); }
+  /// The column that takes the room that the others leave; -1: none.
+  void SetStretchColumn(int col) { stretch_ = col; }
+  /// Column 0 counts the rows and is drawn as a part of the frame.
+  void SetRowNumbers(bool rowNumbers) { rowNumbers_ = rowNumbers; }
+  [[nodiscard]] bool HasRowNumbers() const { return rowNumbers_; }
+  [[nodiscard]] const GridModel& Rows() const { return model_; }
+
+  /// Stores what is being typed, if anything is; false when it was refused and stays in its cell.
+  bool FinishEdit();
+
+  /// A key that was pressed in a cell's edit; true when it was the view's.
+  bool EditorKey(QLineEdit& edit, const QKeyEvent& key);
+  /// The keyboard has left a cell's edit.
+  void EditorLeft(QLineEdit& edit);
+
+ protected:
+  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void SetUpHeaders();
+  void SetUpMouse();
+  void FollowGrid();
+  void ShowCurrent();
+  void ShowSortedColumn();
+  void FitColumnsLater();
+  void FitColumnsNow();
+  [[nodiscard]] ColumnWish WishOf(int col) const;
+
+  [[nodiscard]] bool HasCellsToFill() const;
+  [[nodiscard]] QModelIndex NextCellToFill(const QModelIndex& from, bool forward) const;
+  bool GoToCellToFill(bool forward);
+  bool Store(QLineEdit& edit);
+  void Close(QLineEdit& edit);
+  bool MoveOutOfEdit(QLineEdit& edit, const QKeyEvent& key);
+  void DeletePressed(bool wholeRow);
+  void DeleteRow();
+
+  GridModel model_;
+  Grid* grid_ = nullptr;
+  Subscription gridChanged_;
+  Subscription rowsChanged_;
+  QPersistentModelIndex edited_;
+  int stretch_ = -1;
+  bool rowNumbers_ = false;
+  bool typing_ = false;   ///< the edit was begun by typing: arrows leave the cell
+  bool storing_ = false;  ///< a message may take the keyboard away meanwhile
+  bool ownWidths_ = false;
+  bool fitting_ = false;
+  bool fitWanted_ = false;
+};
+
+}  // namespace koru

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace koru {
+
+[[nodiscard]] inline QString ToQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+[[nodiscard]] inline std::string FromQt(const QString& text) { return text.toStdString(); }
+
+/// A colour of the suite, which keeps red in the low byte.
+[[nodiscard]] inline QColor ColorOf(std::uint32_t color) {
+  return {static_cast<int>(color & 0xFFU), static_cast<int>((color >> 8U) & 0xFFU),
+          static_cast<int>((color >> 16U) & 0xFFU)};
+}
+
+}  // namespace koru

@@ -1,0 +1,17 @@
+#include "desktop/documents/DocumentKind.h"
+
+namespace koru {
+
+const DocumentKind& ReceiptKind() {
+  static const DocumentKind kind{"tblInventoryReceipt", "tblInventoryReceiptDetail", "ReceiptID",
+                                 "رسيد انبار", "comInvReceipt"};
+  return kind;
+}
+
+const DocumentKind& DispatchKind() {
+  static const DocumentKind kind{"tblInventoryDispatch", "tblInventoryDispatchDetail", "DispatchID",
+                                 "خروج انبار", "comInvExit"};
+  return kind;
+}
+
+}  // namespace koru

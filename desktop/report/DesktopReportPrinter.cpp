@@ -1,0 +1,62 @@
+#include "desktop/report/DesktopReportPrinter.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QFile>
+
+#include "desktop/QtText.h"
+#include "desktop/report/ReportPreview.h"
+#include "platform/Errors.h"
+#include "platform/Text.h"
+
+namespace koru {
+namespace {
+
+constexpr const char* kTitle = "مشاهده گزارش";
+
+std::string ReadFile(const std::string& path) {
+  QFile file(ToQt(path));
+  if (!file.open(QIODevice::ReadOnly))
+    RefuseReport(path, 0, "پرونده خوانده نشد (" + FromQt(file.errorString()) + ")");
+  return file.readAll().toStdString();
+}
+
+/// `name='text'`. An apostrophe inside of the text is a part of it: names of companies come as they are.
+void AddFormula(const std::string& formula, ReportFormulas& formulas) {
+  const std::size_t equals = formula.find('=');
+  const std::string_view whole(formula);
+  const std::string_view text =
+      equals == std::string::npos ? std::string_view() : Trim(whole.substr(equals + 1));
+  if (text.size() < 2 || text.front() != '\'' || text.back() != '\'') {
+    throw InputError("فرمول گزارش خوانده نشد: " + formula);
+  }
+  formulas.insert_or_assign(std::string(Trim(whole.substr(0, equals))),
+                            std::string(text.substr(1, text.size() - 2)));
+}
+
+/// The window above which the preview opens. While a form is modal, only windows that belong to it can be
+/// used.
+QWidget* WindowBelow() {
+  QWidget* const modal = QApplication::activeModalWidget();
+  return modal == nullptr ? QApplication::activeWindow() : modal;
+}
+
+}  // namespace
+
+std::unique_ptr<ReportDocument> DesktopReportPrinter::Prepare() const {
+  ReportTemplate report = ParseReportTemplate(ReadFile(fileName_), fileName_);
+  ReportFormulas formulas;
+  for (const auto& [number, formula] : formulas_) AddFormula(formula, formulas);
+  // The query came ready from the component, which has checked what was typed into it.
+  Recordset records = databases_.Connect(connectionString_)->Open(SqlText() + Typed(query_));
+  return std::make_unique<ReportDocument>(std::move(report), std::move(records), std::move(formulas));
+}
+
+void DesktopReportPrinter::Show() {
+  auto* const preview =  // NOLINT(cppcoreguidelines-owning-memory): deletes itself when it is closed
+      new ReportPreview(Prepare(), QString::fromUtf8(kTitle), tell_, WindowBelow());
+  preview->show();
+  preview->activateWindow();
+}
+
+}  // namespace koru

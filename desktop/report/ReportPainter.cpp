@@ -1,0 +1,126 @@
+#include "desktop/report/ReportPainter.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QTextOption>
+
+#include "desktop/QtText.h"
+
+namespace koru {
+namespace {
+
+// Everything is painted in hundredths of a millimetre, so that texts break the same way on every device.
+constexpr double kUnitsPerMm = 100;
+constexpr double kMmPerPoint = 25.4 / 72;
+constexpr double kPadding = 0.8 * kUnitsPerMm;
+constexpr double kHairline = 0.15 * kUnitsPerMm;
+constexpr double kSmallest = 0.6;  ///< of the font size that a cell asks for
+constexpr double kShrinkStep = 0.1;
+constexpr int kGround = 0xE6;
+
+class PagePainter {
+ public:
+  PagePainter(QPainter& painter, const ReportDocument& report, std::size_t page)
+      : painter_(painter), report_(report), page_(page) {}
+
+  void Paint() {
+    for (const PlacedBand& band : report_.Pages()[page_].bands) {
+      double top = band.top * kUnitsPerMm;
+      for (const ReportLine& line : report_.Template().Band(band.kind).lines) {
+        PaintLine(line, band, top);
+        top += line.height * kUnitsPerMm;
+      }
+    }
+  }
+
+ private:
+  void PaintLine(const ReportLine& line, const PlacedBand& band, double top) {
+    const ReportTemplate& report = report_.Template();
+    double right = (report.pageWidth - report.marginRight) * kUnitsPerMm;
+    for (const ReportCell& cell : line.cells) {
+      const double width = cell.width * kUnitsPerMm;
+      const QRectF area(right - width, top, width, line.height * kUnitsPerMm);
+      PaintGround(cell, area);
+      const QString text = ToQt(report_.CellText(cell, band, page_));
+      if (!text.isEmpty()) PaintText(cell, area.adjusted(kPadding, 0, -kPadding, 0), text);
+      right -= width;
+    }
+  }
+
+  void PaintGround(const ReportCell& cell, const QRectF& area) {
+    if (cell.shaded) painter_.fillRect(area, QColor(kGround, kGround, kGround));
+    painter_.setPen(QPen(Qt::black, kHairline));
+    if (cell.boxed) painter_.drawRect(area);
+    if (cell.ruled) painter_.drawLine(area.bottomLeft(), area.bottomRight());
+  }
+
+  /// A text that is too long for its cell is broken into lines and made smaller, as far as it stays readable;
+  /// what does not fit even then ends in dots.
+  void PaintText(const ReportCell& cell, const QRectF& area, const QString& text) {
+    for (double scale = 1; scale > kSmallest - kShrinkStep / 2; scale -= kShrinkStep) {
+      const QFont font = FontOf(cell, scale);
+      const QFontMetricsF metrics(font);
+      if (metrics.horizontalAdvance(text) <= area.width() && !text.contains(QLatin1Char('\n'))) {
+        return Draw(cell, font, area, text, QTextOption::NoWrap);
+      }
+      const QRectF needed = metrics.boundingRect(area, Qt::AlignVCenter | Qt::TextWordWrap, text);
+      if (needed.height() <= area.height() && needed.width() <= area.width()) {
+        return Draw(cell, font, area, text, QTextOption::WordWrap);
+      }
+    }
+    const QFont font = FontOf(cell, kSmallest);
+    const QString line = QString(text).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    Draw(cell, font, area, QFontMetricsF(font).elidedText(line, Qt::ElideRight, area.width()),
+         QTextOption::NoWrap);
+  }
+
+  void Draw(const ReportCell& cell, const QFont& font, const QRectF& area, const QString& text,
+            QTextOption::WrapMode wrap) {
+    QTextOption option;
+    option.setTextDirection(cell.code ? Qt::LeftToRight : Qt::RightToLeft);
+    option.setWrapMode(wrap);
+    option.setAlignment(AlignmentOf(cell.align) | Qt::AlignVCenter);
+    painter_.setPen(Qt::black);
+    painter_.setFont(font);
+    painter_.drawText(area, text, option);
+  }
+
+  static Qt::Alignment AlignmentOf(ReportAlign align) {
+    switch (align) {
+      case ReportAlign::Center:
+        return Qt::AlignHCenter;
+      case ReportAlign::Left:
+        return Qt::AlignLeft | Qt::AlignAbsolute;
+      case ReportAlign::Right:
+        break;
+    }
+    return Qt::AlignRight | Qt::AlignAbsolute;
+  }
+
+  [[nodiscard]] QFont FontOf(const ReportCell& cell, double scale) const {
+    const ReportTemplate& report = report_.Template();
+    const double points = (cell.fontSize > 0 ? cell.fontSize : report.fontSize) * scale;
+    QFont font = report.fontFamily.empty() ? QApplication::font() : QFont(ToQt(report.fontFamily));
+    font.setPixelSize(qRound(points * kMmPerPoint * kUnitsPerMm));
+    font.setBold(cell.bold);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+  }
+
+  QPainter& painter_;
+  const ReportDocument& report_;
+  std::size_t page_;
+};
+
+}  // namespace
+
+void PaintReportPage(QPainter& painter, const ReportDocument& report, std::size_t page, double unitsPerMm) {
+  painter.save();
+  painter.scale(unitsPerMm / kUnitsPerMm, unitsPerMm / kUnitsPerMm);
+  PagePainter(painter, report, page).Paint();
+  painter.restore();
+}
+
+}  // namespace koru

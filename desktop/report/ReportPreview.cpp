@@ -1,0 +1,142 @@
+#include "desktop/report/ReportPreview.h"
+
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProgressDialog>
+#include <QShortcut>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "desktop/report/ReportOutput.h"
+
+namespace koru {
+namespace {
+
+constexpr double kZoomStep = 1.25;
+constexpr int kLongWorkMs = 400;  ///< what is done sooner shows no progress window
+
+}  // namespace
+
+// Everything that is made below belongs to the window, as the toolkit's widgets belong to their parents.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
+ReportPreview::ReportPreview(std::unique_ptr<const ReportDocument> report, const QString& title,
+                             std::function<void(const std::string&)> tell, QWidget* parent)
+    : QWidget(parent, Qt::Window), report_(std::move(report)), tell_(std::move(tell)) {
+  setObjectName(QStringLiteral("reportPreview"));
+  setWindowTitle(title);
+  setAttribute(Qt::WA_DeleteOnClose);
+  auto* const all = new QVBoxLayout(this);
+  all->setContentsMargins(0, 0, 0, 0);
+  all->setSpacing(0);
+  auto* const tools = new QHBoxLayout;
+  tools->setContentsMargins(8, 6, 8, 6);
+  tools->setSpacing(6);
+  all->addLayout(tools);
+  view_ = new PageView(*report_);
+  all->addWidget(view_, 1);
+  AddTools(*tools);
+  connect(view_, &PageView::Moved, this, &ReportPreview::ShowPlace);
+  resize(1000, 720);
+  view_->setFocus();
+  ShowPlace();
+}
+
+QToolButton* ReportPreview::AddTool(QHBoxLayout& tools, const char* name, const QString& caption,
+                                    const QKeySequence& key, const std::function<void()>& pressed) {
+  auto* const button = new QToolButton(this);
+  button->setObjectName(QLatin1String(name));
+  button->setText(caption);
+  button->setToolTip(caption + QStringLiteral(" (\u200E") + key.toString(QKeySequence::NativeText) +
+                     QStringLiteral("\u200E)"));
+  button->setFocusPolicy(Qt::TabFocus);
+  connect(button, &QToolButton::clicked, this, pressed);
+  connect(new QShortcut(key, this), &QShortcut::activated, button, &QToolButton::click);
+  tools.addWidget(button);
+  return button;
+}
+
+void ReportPreview::AddTools(QHBoxLayout& tools) {
+  AddTool(tools, "print", QStringLiteral("چاپ"), QKeySequence::Print, [this] { Print(); });
+  AddTool(tools, "pdf", QStringLiteral("ذخيره PDF"), QKeySequence::Save, [this] { AskPdf(); });
+  tools.addStretch();
+  tools.addWidget(new QLabel(QStringLiteral("صفحه"), this));
+  page_ = new QSpinBox(this);
+  page_->setObjectName(QStringLiteral("page"));
+  page_->setRange(1, static_cast<int>(report_->Pages().size()));
+  page_->setKeyboardTracking(false);
+  connect(page_, &QSpinBox::valueChanged, this, [this](int page) { view_->GoToPage(page - 1); });
+  tools.addWidget(page_);
+  tools.addWidget(new QLabel(QStringLiteral("از ") + locale().toString(page_->maximum()), this));
+  tools.addStretch();
+  AddTool(tools, "smaller", QStringLiteral("كوچكتر"), QKeySequence::ZoomOut,
+          [this] { view_->SetZoom(view_->Zoom() / kZoomStep); });
+  zoom_ = new QLabel(this);
+  tools.addWidget(zoom_);
+  AddTool(tools, "larger", QStringLiteral("بزرگتر"), QKeySequence::ZoomIn,
+          [this] { view_->SetZoom(view_->Zoom() * kZoomStep); });
+  AddTool(tools, "fit", QStringLiteral("هم پهناي پنجره"), Qt::CTRL | Qt::Key_0,
+          [this] { view_->FitWidth(); });
+  tools.addStretch();
+  AddTool(tools, "close", QStringLiteral("بستن"), Qt::Key_Escape, [this] { close(); });
+}
+// NOLINTEND(cppcoreguidelines-owning-memory)
+
+void ReportPreview::ShowPlace() {
+  const QSignalBlocker quiet(page_);
+  if (!page_->hasFocus()) page_->setValue(view_->CurrentPage() + 1);
+  zoom_->setText(locale().toString(qRound(view_->Zoom() * 100)) + QStringLiteral("٪"));
+}
+
+void ReportPreview::AskPdf() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  QString path = QFileDialog::getSaveFileName(
+      this, QStringLiteral("ذخيره PDF"), folder + QLatin1Char('/') + windowTitle() + QStringLiteral(".pdf"),
+      QStringLiteral("PDF (*.pdf)"));
+  if (path.isEmpty()) return;
+  if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) path += QStringLiteral(".pdf");
+  SavePdf(path);
+}
+
+bool ReportPreview::SavePdf(const QString& path) {
+  return WithProgress(QStringLiteral("پروندة PDF ساخته مي شود"), [&](const ReportProgress& progress) {
+    return WriteReportPdf(*report_, path, progress);
+  });
+}
+
+void ReportPreview::Print() {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageLayout(PaperOf(*report_));
+  QPrintDialog dialog(&printer, this);
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+  dialog.setMinMax(1, page_->maximum());
+  dialog.setFromTo(1, page_->maximum());
+  if (dialog.exec() != QDialog::Accepted) return;
+  WithProgress(QStringLiteral("چاپ مي شود"),
+               [&](const ReportProgress& progress) { return PrintReport(*report_, printer, progress); });
+}
+
+bool ReportPreview::WithProgress(const QString& label,
+                                 const std::function<bool(const ReportProgress&)>& work) {
+  QProgressDialog window(label, QStringLiteral("انصراف"), 0, 0, this);
+  window.setObjectName(QStringLiteral("progress"));
+  window.setWindowModality(Qt::WindowModal);
+  window.setMinimumDuration(kLongWorkMs);
+  try {
+    return work([&window](std::size_t done, std::size_t all) {
+      window.setMaximum(static_cast<int>(all));
+      window.setValue(static_cast<int>(done));
+      return !window.wasCanceled();
+    });
+  } catch (const std::exception& failure) {
+    window.reset();
+    tell_(failure.what());
+    return false;
+  }
+}
+
+}  // namespace koru

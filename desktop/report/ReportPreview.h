@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "desktop/report/PageView.h"
+#include "desktop/report/ReportDocument.h"
+
+class QLabel;
+class QSpinBox;
+class QToolButton;
+class QHBoxLayout;
+
+namespace koru {
+
+/// The window in which a person looks at a report, prints it and saves it as PDF.
+class ReportPreview : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `tell` shows the person a sentence when something went wrong.
+  ReportPreview(std::unique_ptr<const ReportDocument> report, const QString& title,
+                std::function<void(const std::string&)> tell, QWidget* parent);
+
+  /// Writes the report to a PDF file, with a progress window that can cancel. False when it was cancelled or
+  /// failed; a failure is told.
+  bool SavePdf(const QString& path);
+  [[nodiscard]] PageView& View() { return *view_; }
+
+ private:
+  void AddTools(QHBoxLayout& tools);
+  QToolButton* AddTool(QHBoxLayout& tools, const char* name, const QString& caption, const QKeySequence& key,
+                       const std::function<void()>& pressed);
+  void ShowPlace();
+  void AskPdf();
+  void Print();
+  /// Runs `work` with a progress window; false when it was cancelled or failed.
+  bool WithProgress(const QString& label, const std::function<bool(const ReportProgress&)>& work);
+
+  std::unique_ptr<const ReportDocument> report_;
+  std::function<void(const std::string&)> tell_;
+  PageView* view_ = nullptr;
+  QSpinBox* page_ = nullptr;
+  QLabel* zoom_ = nullptr;
+};
+
+}  // namespace koru

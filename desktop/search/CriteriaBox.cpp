@@ -1,0 +1,82 @@
+#include "desktop/search/CriteriaBox.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "desktop/FormBinding.h"
+
+// The widgets belong to their window, as the toolkit's widgets do.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
+namespace koru {
+CriteriaBox::CriteriaBox(const QString& title, QWidget* parent, int columns)
+    : QGroupBox(title, parent), rows_(new QGridLayout(this)), columns_(columns) {
+  rows_->setHorizontalSpacing(6);
+  rows_->setVerticalSpacing(5);
+  for (int column = 0; column < columns_; ++column) rows_->setColumnStretch(2 * column + 1, 1);
+}
+
+QLabel* CriteriaBox::NewName(const QString& text) { return new QLabel(text, this); }
+
+void CriteriaBox::AddRow(const QString& name, QWidget& field) { AddRow(*NewName(name), field); }
+
+void CriteriaBox::AddRow(QLabel& name, QWidget& field) {
+  name.setBuddy(&field);
+  rows_->addWidget(&name, count_, 0);
+  rows_->addWidget(&field, count_++, 1, 1, 2 * columns_ - 1);
+}
+
+void CriteriaBox::AddFields(std::initializer_list<std::pair<QLabel*, QWidget*>> fields) {
+  int column = 0;
+  for (const auto& [name, field] : fields) {
+    name->setBuddy(field);
+    rows_->addWidget(name, count_, column++);
+    rows_->addWidget(field, count_, column++);
+  }
+  ++count_;
+}
+
+void CriteriaBox::AddRange(const QString& name, QWidget& from, QWidget& to) {
+  AddFields({{NewName(name + QStringLiteral(" از")), &from}, {NewName(QStringLiteral("تا")), &to}});
+  to.setAccessibleName(name + QStringLiteral(" تا"));
+}
+
+void CriteriaBox::AddLine(std::initializer_list<QWidget*> widgets) {
+  auto* const line = new QHBoxLayout;
+  line->setSpacing(14);
+  for (QWidget* const widget : widgets) line->addWidget(widget);
+  line->addStretch();
+  rows_->addLayout(line, count_++, 0, 1, 2 * columns_);
+}
+
+QString RightToLeft(const QString& text) { return QChar(0x200F) + text; }
+
+QLabel* NewHint(const QString& text, QWidget* parent) {
+  auto* const hint = new QLabel(RightToLeft(text), parent);
+  hint->setProperty("hint", true);
+  return hint;
+}
+
+QLineEdit* NewCodeField(QWidget* parent) {
+  auto* const field = new QLineEdit(parent);
+  field->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+  field->setMinimumWidth(70);
+  return field;
+}
+
+QPushButton* AddSearchCommand(QBoxLayout& bar, FormBinding& binding, Button& command, const QString& keys,
+                              bool main) {
+  auto* const button = new QPushButton(bar.parentWidget());
+  button->setProperty("main", main);
+  button->setAutoDefault(true);
+  button->setMinimumWidth(100);
+  binding.Bind(command, *button);
+  if (!keys.isEmpty()) button->setToolTip(QStringLiteral("%1 (%2)").arg(button->text(), keys));
+  bar.addWidget(button);
+  return button;
+}
+
+}  // namespace koru
+// NOLINTEND(cppcoreguidelines-owning-memory)

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QDialog>
+#include <QTimer>
+#include <optional>
+#include <vector>
+
+#include "desktop/search/GoodsFinder.h"
+
+class QBoxLayout;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace koru {
+
+class GoodsList;
+
+/// The store whose goods are offered first.
+struct OfferedStore {
+  std::int32_t id = GoodsFinder::kAllStores;
+  std::string name;
+};
+
+/// Where a person picks one good, or several into a basket. The list follows what is typed; the arrows move
+/// in it while the keyboard stays in the search line. Enter or a double click takes a good, Delete puts one
+/// back out of the basket, Ctrl+Enter is done, Escape gives up. A database that fails is told in place of the
+/// list; the next key tries again.
+class GoodsPickerWindow : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// `finder` must outlive the window. When there is a store, its goods alone are listed until the
+  /// person asks for all. `basket` is what had been picked before; without one, one good is picked.
+  GoodsPickerWindow(GoodsFinder& finder, OfferedStore store, std::optional<std::vector<PickedGood>> basket,
+                    QWidget* parent);
+
+  /// What the person picked, once the dialog was accepted.
+  [[nodiscard]] const std::vector<PickedGood>& Picked() const { return picked_; }
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void AddSearchLine(QBoxLayout& window);
+  void AddLists(QBoxLayout& window);
+  void AddBasket(QBoxLayout& row);
+  void AddButtons(QBoxLayout& window);
+  QPushButton* AddButton(QBoxLayout& bar, const char* name, const QString& text);
+  bool KeyPressed(const QObject* object, int key, Qt::KeyboardModifiers held);
+  void Find();
+  void ShowFound(const FoundGoods& found);
+  void Tell(const QString& text, bool failure);
+  void Take();
+  void PutBack();
+  void ShowBasket(int current);
+
+  GoodsFinder& finder_;
+  OfferedStore store_;
+  bool several_;
+  std::vector<PickedGood> found_;
+  std::vector<PickedGood> picked_;
+  QTimer
+      typed_;  ///< runs out at once, but after the keys that are waiting: a scanner types faster than we find
+  QLineEdit* filter_ = nullptr;
+  QCheckBox* storeOnly_ = nullptr;
+  GoodsList* results_ = nullptr;
+  GoodsList* basket_ = nullptr;
+  QLabel* basketTitle_ = nullptr;
+  QLabel* status_ = nullptr;
+  QPushButton* ok_ = nullptr;
+};
+
+}  // namespace koru

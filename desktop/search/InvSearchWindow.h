@@ -1,0 +1,46 @@
+#pragma once
+
+#include "desktop/FormWindow.h"
+
+class QBoxLayout;
+class QLabel;
+
+namespace koru {
+
+class CriteriaBox;
+class frmInvSearch;
+
+/// The window of the counting search: the criteria in four boxes, the commands and the number of results
+/// below them, and the results, which take all the room that the window is given. Enter in a criterion
+/// searches and goes to the results, where Enter opens a counting; Escape leaves.
+class InvSearchWindow : public FormWindow {
+  Q_OBJECT
+
+ public:
+  /// `records` must outlive the window, the form must until it is unloaded.
+  InvSearchWindow(frmInvSearch& form, SelectorRecords& records);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void AddCriteria(QBoxLayout& window);
+  void AddNumbers(CriteriaBox& box);
+  void AddDates(CriteriaBox& box);
+  void AddStoreAndPeople(CriteriaBox& box);
+  void AddGoodsAndNotes(CriteriaBox& box);
+  void AddCommands(QBoxLayout& window);
+  void AddResults(QBoxLayout& window);
+  QWidget* NewPerson(QWidget* parent, PersonSelector& person);
+  void ShowEmptyResult();
+  void Search();
+
+  frmInvSearch& form_;
+  SelectorRecords& records_;
+  GridView* results_ = nullptr;
+  QLabel* emptyResult_ = nullptr;
+  Subscription rowsChanged_;
+  Subscription countChanged_;
+};
+
+}  // namespace koru

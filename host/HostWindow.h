@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "desktop/comInvCountingWidget.h"
+#include "host/HostSession.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QVBoxLayout;
+
+namespace koru {
+
+/// A host screen of the suite: who is signed in, which database, and the embedded control with its two doors,
+/// a new counting and a stored one.
+class HostWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `session` must outlive the window. Throws InputError when the settings hold a property that cannot be
+  /// read.
+  explicit HostWindow(HostSession& session);
+
+  [[nodiscard]] comInvCountingWidget& Control() { return *control_; }
+  /// Shows what the connected database holds; one that cannot be read is reported to the person.
+  void ReadDatabase();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void AddSignIn(QVBoxLayout& window);
+  void AddDoors(QVBoxLayout& window);
+  void ShowUsers();
+  void ChooseDatabase();
+  void OpenByNumber();
+  void KeepProperties();
+  /// Runs what the person asked for and reports what it throws.
+  void Try(const std::function<void()>& action) const;
+
+  HostSession& session_;
+  comInvCountingWidget* control_;
+  QComboBox* users_;
+  QLabel* database_;
+  QLineEdit* number_;
+};
+
+}  // namespace koru

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace koru {
+
+/// A file of settings, UTF-8: `[section]` lines, `key=value` lines, and comments behind `;`. A value that
+/// begins or ends with a blank or a quote stands in double quotes; inside of them `\"`, `\\` and `\n` are
+/// written so. Comments, order and what the program does not know are kept when the file is written.
+class IniFile {
+ public:
+  /// A file that is not there is empty. Throws InputError naming file and line when a line cannot be read, or
+  /// the file when it cannot.
+  [[nodiscard]] static IniFile Read(const std::filesystem::path& file);
+
+  /// The value of a key, both by their names as given; nothing when it is not there.
+  [[nodiscard]] std::optional<std::string> Get(std::string_view section, std::string_view key) const;
+  void Set(std::string_view section, std::string_view key, std::string value);
+  void Remove(std::string_view section, std::string_view key);
+
+  /// Where a key stands, for errors: file and line.
+  [[nodiscard]] std::string PlaceOf(std::string_view section, std::string_view key) const;
+
+  /// Writes the file, readable by its owner alone, since a connection text may hold a password. The old file
+  /// is replaced only when the new one is complete. Throws InputError naming the file.
+  void Write() const;
+
+ private:
+  struct Line {
+    std::string section;
+    std::string key;   ///< empty: a comment, an empty line or the section's own line
+    std::string text;  ///< the value of the key, or else the line itself
+  };
+
+  explicit IniFile(std::filesystem::path file) : file_(std::move(file)) {}
+  void ReadLine(std::string_view text, std::string& section);
+  [[nodiscard]] std::vector<Line>::const_iterator Find(std::string_view section, std::string_view key) const;
+
+  std::filesystem::path file_;
+  std::vector<Line> lines_;
+};
+
+}  // namespace koru

@@ -1,0 +1,30 @@
+#include "host/TemporaryFolder.h"
+
+#include <random>
+#include <string>
+#include <system_error>
+
+#include "platform/Errors.h"
+
+namespace koru {
+
+TemporaryFolder::TemporaryFolder() {
+  constexpr int kTries = 16;
+  std::random_device random;
+  std::error_code error;
+  const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
+  for (int i = 0; i < kTries && !error; ++i) {
+    path_ = parent / ("koru-counting-" + std::to_string(random()));
+    if (!std::filesystem::create_directory(path_, error)) continue;
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, error);
+    return;
+  }
+  throw InputError("پوشه موقت در " + parent.string() + " ساخته نشد.");
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;  // what is left in the temporary folder is the system's to clear
+  std::filesystem::remove_all(path_, ignored);
+}
+
+}  // namespace koru

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <filesystem>
+
+namespace koru {
+
+/// A new folder among the system's temporary files, open to its owner alone; it goes with everything in it.
+class TemporaryFolder {
+ public:
+  /// Throws InputError when no folder can be made.
+  TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder();
+
+  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace koru

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/play/Stage.h"
+
+namespace koru {
+
+/// Plays on the forms alone: each operation is the control's own, and there is no window.
+class FormStage : public Stage, private Screen {
+ public:
+  /// `person` must outlive the stage.
+  explicit FormStage(Person& person) : person_(person) {}
+
+  [[nodiscard]] Screen& TheScreen() override { return *this; }
+  void RegisterComponents(ComponentRegistry& components) override;
+  void Run(const std::function<void()>& action) override { action(); }
+
+  bool Click(Button& button) override;
+  bool Click(MenuItem& item) override;
+  bool Type(TextBox& box, const std::string& text) override;
+  bool Pick(Selector& selector, std::int32_t id) override;
+  bool SetDate(DateBox& box, std::optional<Date> date) override;
+  bool Check(CheckBox& box, bool checked) override;
+  bool Choose(ComboBox& list, int index) override;
+  bool Choose(OptionButton& option) override;
+  bool TypeCell(Grid& grid, int row, int col, const std::string& text) override;
+  bool MoveTo(Grid& grid, int row, int col) override;
+  bool DeleteRow(Grid& grid, int row) override;
+  bool ClickHeader(Grid& grid, int col) override;
+  bool DoubleClick(Grid& grid, int row) override;
+  bool RightClick(Control& control) override;
+  bool Press(Control& control, KeyPress key) override;
+  void Close(Form& form) override { form.UserClose(); }
+
+  [[nodiscard]] std::string Difference(const Control&) override { return {}; }
+  [[nodiscard]] std::string FocusDifference(const Form&) override { return {}; }
+  void TakePicture(const std::string&) override {}
+
+ private:
+  void SetPointer(Pointer pointer) override { pointer_ = pointer; }
+  [[nodiscard]] Pointer CurrentPointer() const override { return pointer_; }
+  void Show(Form& form, bool modal) override;
+
+  Person& person_;
+  Pointer pointer_ = Pointer::Normal;
+};
+
+}  // namespace koru

@@ -1,0 +1,109 @@
+#include <sqlite3.h>
+
+#include <algorithm>
+
+#include "host/play/ControlWords.h"
+#include "host/play/StepKind.h"
+#include "host/play/StoryWorld.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace koru {
+namespace {
+
+void ExpectFocus(StoryWorld& world, const StoryStep& step) {
+  const Form& form = world.ActiveForm();
+  const std::string found = form.Focus() == nullptr ? "nothing" : form.Focus()->Name();
+  if (!EqualsNoCase(step.Text(2), found)) Differs("focus", step.Text(2), found);
+  const std::string difference = world.stage->FocusDifference(form);
+  if (!difference.empty()) throw StoryFailure(found + ": " + difference);
+}
+
+void ExpectTitle(StoryWorld& world, const StoryStep& step) {
+  MustBe("title", QuotedForStory(step.Text(2)), QuotedForStory(world.ActiveForm().Caption()));
+}
+
+void ExpectForm(StoryWorld& world, const StoryStep& step) {
+  const Form* const form = world.FindForm(step.Text(2));
+  std::string found = "unloaded";
+  if (form != nullptr) found = form->Visible() ? "shown" : "hidden";
+  MustBe(step.Text(2), step.Text(3), found);
+  if (step.words.size() > 4)
+    MustBe(step.Text(2), step.Text(4), world.screen.IsModal(*form) ? "modal" : "modeless");
+}
+
+void ExpectResult(StoryWorld& world, const StoryStep& step) {
+  if (!world.viewResult) throw StoryFailure("no view has come to its end");
+  MustBe("result of view", step.Text(2), *world.viewResult ? "true" : "false");
+}
+
+void ExpectMode(StoryWorld& world, const StoryStep& step) {
+  MustBe("mode", step.Text(2), std::to_string(static_cast<int>(world.counting.Shared().DocMode)));
+}
+
+void ExpectPointer(StoryWorld& world, const StoryStep& step) {
+  MustBe("pointer", step.Text(2), world.screen.CurrentPointer() == Pointer::Normal ? "normal" : "hourglass");
+}
+
+std::string WrittenRow(const std::vector<StoryWord>& row) {
+  std::string text = "|";
+  for (const StoryWord& word : row) text += " " + Written(word);
+  return text;
+}
+
+void RowsMustBe(const std::vector<std::vector<StoryWord>>& expected,
+                const std::vector<std::vector<StoryWord>>& found, const std::string& what) {
+  for (std::size_t i = 0; i < std::max(expected.size(), found.size()); ++i) {
+    const std::string left = i < expected.size() ? WrittenRow(expected[i]) : "no more";
+    const std::string right = i < found.size() ? WrittenRow(found[i]) : "no more";
+    MustBe(what + " " + std::to_string(i + 1), left, right);
+  }
+}
+
+StoryWord FieldWord(const SqliteStatement& statement, int column) {
+  switch (statement.ColumnType(column)) {
+    case SQLITE_NULL:
+      return {"NULL", false};
+    case SQLITE_INTEGER:
+      return {std::to_string(statement.Integer(column)), false};
+    case SQLITE_FLOAT:
+      return {NumberText(statement.Real(column)), false};
+    default:
+      return {std::string(statement.Text(column)), true};
+  }
+}
+
+void ExpectSql(StoryWorld& world, const StoryStep& step) {
+  SqliteStatement statement = world.Sql().Prepare(step.Text(2));
+  std::vector<std::vector<StoryWord>> found;
+  while (statement.Step()) {
+    auto& row = found.emplace_back();
+    for (int column = 0; column < statement.ColumnCount(); ++column)
+      row.push_back(FieldWord(statement, column));
+  }
+  RowsMustBe(step.rows, found, "row");
+}
+
+void ExpectStatements(StoryWorld& world, const StoryStep& step) {
+  std::vector<std::vector<StoryWord>> found;
+  for (const std::string& statement : world.log.Statements()) found.push_back({{statement, true}});
+  RowsMustBe(step.rows, found, "statement");
+}
+
+constexpr StepKind kKinds[] = {
+    {"expect focus NAME", ExpectFocus},
+    {"expect title TEXT", ExpectTitle},
+    {"expect form NAME shown|hidden|unloaded", ExpectForm},
+    {"expect form NAME shown modal|modeless", ExpectForm},
+    {"expect result true|false", ExpectResult},
+    {"expect mode NUMBER", ExpectMode},
+    {"expect pointer normal|hourglass", ExpectPointer},
+    {"expect sql TEXT ROWS", ExpectSql},
+    {"expect statements ROWS", ExpectStatements},
+};
+
+}  // namespace
+
+std::span<const StepKind> OutcomeSteps() { return kKinds; }
+
+}  // namespace koru

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "platform/Button.h"
+#include "platform/CheckBox.h"
+#include "platform/ComboBox.h"
+#include "platform/Components.h"
+#include "platform/DateBox.h"
+#include "platform/Grid.h"
+#include "platform/Label.h"
+#include "platform/MenuItem.h"
+#include "platform/OptionButton.h"
+#include "platform/Screen.h"
+#include "platform/Selector.h"
+#include "platform/TextBox.h"
+
+namespace koru {
+
+/// A message or question as it stands before a person.
+struct ShownMessage {
+  std::string title;
+  std::string text;
+  int type = 0;  ///< 0: one button; 1: yes and no
+};
+
+/// The answers of a person; the numbers are those of the message component.
+enum class Answer : int { Closed = -1, No = 0, Yes = 1 };
+
+/// The person whom a stage lets work: answers what is asked, and uses what is shown.
+class Person {
+ public:
+  virtual ~Person() = default;
+  /// Reads a message and answers it; an acknowledged message is answered with Yes.
+  virtual Answer AnswerMessage(const ShownMessage& message) = 0;
+  /// Works with a form that was shown modally; afterwards the form is no longer visible.
+  virtual void UseModalForm(Form& form) = 0;
+};
+
+/// Where a story is played: on the forms alone, or on their windows. Each operation does what a person would
+/// do with that control, and answers whether it could be done; what it sets off has come to its end when it
+/// returns.
+class Stage {
+ public:
+  Stage() = default;
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
+  virtual ~Stage() = default;
+
+  [[nodiscard]] virtual Screen& TheScreen() = 0;
+  /// Registers the sibling components of the suite as this stage shows them.
+  virtual void RegisterComponents(ComponentRegistry& components) = 0;
+  /// Runs something that the host does and that may show forms and messages.
+  virtual void Run(const std::function<void()>& action) = 0;
+
+  virtual bool Click(Button& button) = 0;
+  virtual bool Click(MenuItem& item) = 0;
+  virtual bool Type(TextBox& box, const std::string& text) = 0;
+  virtual bool Pick(Selector& selector, std::int32_t id) = 0;
+  virtual bool SetDate(DateBox& box, std::optional<Date> date) = 0;
+  virtual bool Check(CheckBox& box, bool checked) = 0;
+  virtual bool Choose(ComboBox& list, int index) = 0;
+  virtual bool Choose(OptionButton& option) = 0;
+  virtual bool TypeCell(Grid& grid, int row, int col, const std::string& text) = 0;
+  virtual bool MoveTo(Grid& grid, int row, int col) = 0;
+  virtual bool DeleteRow(Grid& grid, int row) = 0;
+  virtual bool ClickHeader(Grid& grid, int col) = 0;
+  virtual bool DoubleClick(Grid& grid, int row) = 0;
+  virtual bool RightClick(Control& control) = 0;
+  virtual bool Press(Control& control, KeyPress key) = 0;
+  virtual void Close(Form& form) = 0;
+
+  /// How what stands on the screen differs from the control's state; empty when it does not, or when there is
+  /// no screen.
+  [[nodiscard]] virtual std::string Difference(const Control& control) = 0;
+  /// The same for the keyboard's place.
+  [[nodiscard]] virtual std::string FocusDifference(const Form& form) = 0;
+  /// Keeps a picture of the active window under that name; a stage without a screen keeps none.
+  virtual void TakePicture(const std::string& name) = 0;
+};
+
+}  // namespace koru

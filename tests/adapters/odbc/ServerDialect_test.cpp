@@ -1,0 +1,41 @@
+#include "adapters/odbc/ServerDialect.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/Errors.h"
+
+namespace koru {
+namespace {
+
+std::string Sent(const std::string& statement) {
+  const SentStatement sent = ServerDialect().Write(statement);
+  EXPECT_TRUE(sent.parameters.empty());
+  return sent.text;
+}
+
+TEST(ServerDialect, Statements_go_to_the_letter) {
+  for (const char* statement :
+       {"select isnull(max(isnull(code,0)),0) as maxcode from tblInventoryCounting where Code is not Null ",
+        "Select top 1 Name from vwPelinCompany", "delete  T where a='it''s' and b=N'x' -- c",
+        "select [a]]b];", "create procedure p @a int as return @a", ""}) {
+    EXPECT_EQ(Sent(statement), statement);
+  }
+}
+
+TEST(ServerDialect, Only_literals_with_characters_beyond_ASCII_become_national) {
+  EXPECT_EQ(Sent("update T set a='علی', b='x', c='it''s \u200C' where d like '%ي%'"),
+            "update T set a=N'علی', b='x', c=N'it''s \u200C' where d like N'%ي%'");
+  EXPECT_EQ(Sent("select N'علی', n'ک' as [علی] -- 'علی'"), "select N'علی', n'ک' as [علی] -- 'علی'");
+  EXPECT_EQ(Sent("'🙂'"), "N'🙂'");
+}
+
+TEST(ServerDialect, What_is_not_one_whole_statement_is_refused) {
+  for (const std::string& statement :
+       {std::string("select 1; delete T"), std::string("select 'a"), std::string("select 1 /* x"),
+        std::string("select ?"), std::string("select [a"), std::string("select '\0'", 10)}) {
+    EXPECT_THROW(Sent(statement), DatabaseError) << statement;
+  }
+}
+
+}  // namespace
+}  // namespace koru

@@ -1,0 +1,229 @@
+#include "adapters/xlsx/XlsxStarter.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "platform/Errors.h"
+#include "tests/adapters/xlsx/WorkbookReader.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace koru::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kFirstName = "شمارش-1404-10-01-1.xlsx";
+
+/// No file of this process grows beyond so many bytes while it lives, as on a disk that is full.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, signal_);
+  }
+
+ private:
+  rlimit before_{};
+  void (*signal_)(int);
+};
+
+class ExportedWorkbook : public ::testing::Test {
+ protected:
+  [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() {
+    XlsxStarter starter({folder.File("documents"),
+                         [this](const std::string& path) {
+                           opened.push_back(path);
+                           return programThere;
+                         },
+                         [this](const std::string& sentence) { told.push_back(sentence); }},
+                        clock);
+    return starter.NewWorkbook();
+  }
+
+  [[nodiscard]] std::vector<std::string> Files() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder.Path() / "documents")) {
+      const std::u8string name = entry.path().filename().u8string();
+      names.emplace_back(name.begin(), name.end());
+    }
+    return names;
+  }
+
+  TemporaryFolder folder;
+  FixedClock clock{Date{std::chrono::year{2025} / 12 / 22}};
+  bool programThere = true;
+  std::vector<std::string> opened;
+  std::vector<std::string> told;
+};
+
+TEST_F(ExportedWorkbook, Is_right_to_left_with_a_bold_header_row_that_stays_in_sight) {
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1, "   رديف");
+  sheet->SetCell(1, 2, "شمارش مورد قبول  \u00A0");
+  sheet->SetCell(2, 1, "1");
+  sheet->LeaveOpen();
+  ASSERT_EQ(opened.size(), 1U);
+  const ReadSheet read = ReadWorkbook(opened[0]);
+  EXPECT_EQ(read.name, "شمارش");
+  EXPECT_TRUE(read.rightToLeft);
+  EXPECT_EQ(read.frozenRows, 1);
+  EXPECT_EQ(read.Text(1, 1), "   رديف");
+  EXPECT_EQ(read.Text(1, 2), "شمارش مورد قبول  \u00A0");
+  EXPECT_TRUE(read.cells.at({1, 1}).bold);
+  EXPECT_FALSE(read.cells.at({2, 1}).bold);
+}
+
+TEST_F(ExportedWorkbook, Texts_come_back_letter_for_letter_and_are_never_numbers_or_formulas) {
+  const std::vector<std::string> texts = {"=1+1",
+                                          "007",
+                                          "-12.50",
+                                          "1E+15",
+                                          "@A1",
+                                          "+1",
+                                          "TRUE",
+                                          "1404/10/01",
+                                          "<b>&\"'",
+                                          "]]>",
+                                          "a\nb",
+                                          "a\r\nb\tc",
+                                          "😀🇮🇷",
+                                          "ميله\u200Cاي",
+                                          "\u00A0x\u00A0",
+                                          "  x  ",
+                                          "{=A1}",
+                                          "http://x",
+                                          std::string("\x01\x1F"),
+                                          "ي ك ی ک"};
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1, "header");
+  for (std::size_t i = 0; i < texts.size(); ++i) sheet->SetCell(2, static_cast<int>(i) + 1, texts[i]);
+  sheet->LeaveOpen();
+  const ReadSheet read = ReadWorkbook(opened.at(0));
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const ReadCell& cell = read.cells.at({2, static_cast<int>(i) + 1});
+    EXPECT_EQ(cell.text, texts[i]);
+    EXPECT_TRUE(cell.isText) << texts[i];
+  }
+}
+
+TEST_F(ExportedWorkbook, Bytes_that_are_no_text_do_not_spoil_the_file) {
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1,
+                 "a\xFF\xFE"
+                 "b");
+  sheet->LeaveOpen();
+  EXPECT_EQ(ReadWorkbook(opened.at(0)).Text(1, 1), "a\uFFFD\uFFFDb");
+}
+
+TEST_F(ExportedWorkbook, Cells_may_be_set_in_any_order_and_again) {
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(3, 2, "c");
+  sheet->SetCell(1, 1, "a");
+  sheet->SetCell(3, 2, "d");
+  sheet->SetCell(2, 17, "b");
+  sheet->LeaveOpen();
+  const ReadSheet read = ReadWorkbook(opened.at(0));
+  EXPECT_EQ(read.cells.size(), 3U);
+  EXPECT_EQ(read.Text(1, 1), "a");
+  EXPECT_EQ(read.Text(2, 17), "b");
+  EXPECT_EQ(read.Text(3, 2), "d");
+  EXPECT_THROW(sheet->SetCell(0, 1, "x"), std::out_of_range);
+  EXPECT_THROW(sheet->SetCell(1, 16385, "x"), std::out_of_range);
+}
+
+TEST_F(ExportedWorkbook, Columns_are_as_wide_as_their_texts_within_reason) {
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1, "x");
+  sheet->SetCell(2, 2, std::string(30, 'x'));
+  sheet->SetCell(2, 3, std::string(500, 'x'));
+  sheet->LeaveOpen();
+  const ReadSheet read = ReadWorkbook(opened.at(0));
+  EXPECT_NEAR(read.widths.at(1), 6, 1);
+  EXPECT_NEAR(read.widths.at(2), 32, 1);
+  EXPECT_NEAR(read.widths.at(3), 60, 1);
+}
+
+TEST_F(ExportedWorkbook, A_full_counting_comes_back_cell_by_cell) {
+  constexpr int kLines = 32767;
+  constexpr int kColumns = 17;
+  const auto text = [](int row, int col) {
+    return col == 4 ? "كالاي شمارة " + std::to_string(row) + " & همراهان"
+                    : std::to_string(row * kColumns + col);
+  };
+  const auto sheet = NewWorkbook();
+  for (int row = 1; row <= kLines + 1; ++row) {
+    for (int col = 1; col <= kColumns; ++col) sheet->SetCell(row, col, text(row, col));
+  }
+  sheet->LeaveOpen();
+  const ReadSheet read = ReadWorkbook(opened.at(0));
+  ASSERT_EQ(read.cells.size(), static_cast<std::size_t>(kLines + 1) * kColumns);
+  for (const auto& [place, cell] : read.cells) {
+    ASSERT_EQ(cell.text, text(place.first, place.second));
+    ASSERT_TRUE(cell.isText);
+  }
+}
+
+TEST_F(ExportedWorkbook, Each_export_is_a_new_file_named_after_the_day) {
+  for (int i = 0; i < 2; ++i) {
+    const auto sheet = NewWorkbook();
+    sheet->SetCell(1, 1, std::to_string(i));
+    sheet->LeaveOpen();
+  }
+  EXPECT_EQ(Files().size(), 2U);
+  EXPECT_EQ(opened.at(0), folder.File("documents") + "/" + kFirstName);
+  EXPECT_EQ(opened.at(1), folder.File("documents") + "/شمارش-1404-10-01-2.xlsx");
+  EXPECT_EQ(ReadWorkbook(opened.at(0)).Text(1, 1), "0");
+  EXPECT_EQ(ReadWorkbook(opened.at(1)).Text(1, 1), "1");
+}
+
+TEST_F(ExportedWorkbook, Without_a_program_to_open_it_the_person_is_told_where_the_file_is) {
+  programThere = false;
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1, "x");
+  sheet->LeaveOpen();
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_NE(told[0].find(folder.File("documents") + "/" + kFirstName), std::string::npos);
+  EXPECT_EQ(ReadWorkbook(opened.at(0)).Text(1, 1), "x");
+}
+
+TEST_F(ExportedWorkbook, A_folder_that_cannot_be_is_an_error_that_names_it) {
+  std::ofstream(folder.File("documents")) << "a file, not a folder";
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1, "x");
+  try {
+    sheet->LeaveOpen();
+    FAIL() << "no failure";
+  } catch (const InputError& failure) {
+    EXPECT_NE(std::string(failure.what()).find(folder.File("documents")), std::string::npos);
+  }
+  EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(ExportedWorkbook, A_full_disk_is_an_error_and_leaves_no_half_file) {
+  const auto sheet = NewWorkbook();
+  for (int row = 1; row <= 2000; ++row) sheet->SetCell(row, 1, std::to_string(row * 7919));
+  {
+    const FullDisk full(8192);
+    EXPECT_THROW(sheet->LeaveOpen(), InputError);
+  }
+  EXPECT_EQ(Files(), std::vector<std::string>{});
+  EXPECT_TRUE(opened.empty());
+  sheet->LeaveOpen();  // there is room again
+  EXPECT_EQ(ReadWorkbook(opened.at(0)).Text(2000, 1), std::to_string(2000 * 7919));
+}
+
+}  // namespace
+}  // namespace koru::test

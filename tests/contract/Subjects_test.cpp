@@ -1,0 +1,83 @@
+#include <array>
+#include <cstdlib>
+#include <vector>
+
+#include "adapters/odbc/OdbcConnector.h"
+#include "adapters/sqlite/SqliteConnector.h"
+#include "database/sqlserver/SqlServerSchema.h"
+#include "platform/Errors.h"
+#include "tests/contract/DatabaseContract.h"
+#include "tests/support/TestDatabase.h"
+
+namespace koru::test {
+namespace {
+
+class EmbeddedFile : public ContractSubject {
+ public:
+  std::unique_ptr<Database> Connect() override { return SqliteConnector().Connect(file_.ConnectionText()); }
+
+ private:
+  TestDatabase file_;
+};
+
+class EmbeddedFileThroughOdbc : public ContractSubject {
+ public:
+  std::unique_ptr<Database> Connect() override {
+    return OdbcConnector().Connect("Provider=ODBC;Dialect=SQLite;Driver=SQLite3;Database=\"" + file_.File() +
+                                   "\"");
+  }
+
+ private:
+  TestDatabase file_;
+};
+
+/// The tables that the tests write to.
+constexpr std::array kTables{"tblInventory",
+                             "tblInventoryParent",
+                             "tblUser",
+                             "tblGood",
+                             "tblGoodScale",
+                             "tblGoodSaleScale",
+                             "tblInventoryReceipt",
+                             "tblInventoryReceiptDetail",
+                             "tblInventoryDispatch",
+                             "tblInventoryDispatchDetail",
+                             "tblInventoryCounting",
+                             "tblInventoryCountingDetail",
+                             "tblPelinCompany",
+                             "tblPelinReportTemplate",
+                             "tblPelinUserPermission"};
+
+/// A database that is there for this: its rows go with every test. The schema is made when it is not there.
+class Server : public ContractSubject {
+ public:
+  explicit Server(std::string connectionText) : connectionText_(std::move(connectionText)) {
+    const std::unique_ptr<Database> database = Connect();
+    try {
+      database->Open(SqlText("select ID from tblInventoryCounting where 1=0"));
+    } catch (const DatabaseError&) {
+      CreateSqlServerSchema(*database, {});
+    }
+    for (const char* table : kTables) database->Open(SqlText("delete ") + SqlName(table));
+  }
+  std::unique_ptr<Database> Connect() override { return OdbcConnector().Connect(connectionText_); }
+
+ private:
+  std::string connectionText_;
+};
+
+std::vector<ContractCase> Cases() {
+  std::vector<ContractCase> cases{
+      {"Embedded", [] { return std::make_unique<EmbeddedFile>(); }},
+      {"EmbeddedThroughOdbc", [] { return std::make_unique<EmbeddedFileThroughOdbc>(); }}};
+  if (const char* text = std::getenv("KORU_SQLSERVER")) {
+    cases.push_back({"SqlServer", [text = std::string(text)] { return std::make_unique<Server>(text); }});
+  }
+  return cases;
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, DatabaseContract, testing::ValuesIn(Cases()),
+                         [](const auto& info) { return info.param.name; });
+
+}  // namespace
+}  // namespace koru::test

@@ -1,0 +1,199 @@
+#include "desktop/CountingWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <set>
+
+#include "control/comInvCounting.h"
+#include "desktop/DesktopScreen.h"
+#include "desktop/GridView.h"
+#include "desktop/SelectorRecords.h"
+#include "lines/LineColumns.h"
+#include "tests/desktop/DesktopWorld.h"
+#include "tests/desktop/WindowTools.h"
+
+namespace koru {
+namespace {
+
+using test::Press;
+using test::Type;
+
+/// A temporary counting (1) of two goods in the default store, on the screen in viewing mode.
+class CountingWindowTest : public testing::Test, public ControlHost {
+ protected:
+  CountingWindowTest() {
+    world.database.Execute(
+        "insert into tblInventory (ID,Name,IsDefault) values (1,'انبار مركزي',1),(2,'انبار شعبه',0);"
+        "insert into tblInventoryUser (UserID,InventoryID) values (1,1),(1,2);"
+        "insert into tblUser (ID,FullName) values (1,'زهرا كريمي'),(2,'مريم احمدي');"
+        "insert into tblGoodScale (ID,Name) values (1,'عدد');"
+        "insert into tblGood (Barcode,Code,Name) values ('6261','101','برنج'),('6262','102','روغن');"
+        "insert into tblInventoryCounting "
+        "(ID,Code,ManualCode,InventoryID,CreatorID,CreateDate,FarsiCreateDate,"
+        "CounterEmployeeID1) values (1,NULL,'م-1',1,1,'2025-04-04','1404/01/15',2);"
+        "insert into tblInventoryCountingDetail "
+        "(CountingID,Barcode,RowNumber,ScaleID,FirstCounting,AcceptedCounting,"
+        "SystemCounting,ContradictionCounting,BaseValue) values (1,'6261',1,1,10,10,12.5,-2.5,3000),"
+        "(1,'6262',2,NULL,7,7,5,2,400)");
+    screen.Register("frmInvCounting", [this](Form& form) -> std::unique_ptr<FormWindow> {
+      return std::make_unique<CountingWindow>(dynamic_cast<frmInvCounting&>(form), records);
+    });
+    control.SetOLEConnectionString(world.database.ConnectionText());
+    control.SetUserID(1);
+    world.database.Execute(
+        "insert into tblPelinUserPermission (UserID,FormPermissionID) values "
+        "(1,806),(1,80601),(1,80602),(1,80605)");
+    EXPECT_TRUE(control.View(1));
+    window = screen.WindowOf(Counting());
+    window->resize(1280, 740);
+    QApplication::processEvents();
+  }
+
+  [[nodiscard]] koru::Font AmbientFont() const override { return {}; }
+  void PropertyChanged(std::string_view /*key*/) override {}
+  [[nodiscard]] frmInvCounting& Counting() const { return *control.CountingForm(); }
+  template <class Widget>
+  [[nodiscard]] Widget& Find(const char* name) const {
+    return *window->findChild<Widget*>(QLatin1String(name));
+  }
+  void Tick() { Counting().Timer1.Fire(); }
+
+  DesktopScreen screen;
+  test::DesktopWorld world{screen};
+  SelectorRecords records{world.databases};
+  comInvCounting control{*this, world.Where()};
+  FormWindow* window = nullptr;
+};
+
+TEST_F(CountingWindowTest, Every_control_of_the_form_has_its_widget) {
+  for (const Control* control : Counting().Controls()) {
+    if (dynamic_cast<const Timer*>(control) != nullptr) continue;
+    EXPECT_NE(window->findChild<QObject*>(QString::fromStdString(control->Name())), nullptr)
+        << control->Name();
+  }
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("شمارش"));
+  EXPECT_EQ(window->layoutDirection(), Qt::RightToLeft);
+}
+
+TEST_F(CountingWindowTest, A_counting_is_shown_with_names_dates_and_amounts_for_the_eye) {
+  EXPECT_EQ(Find<QLabel>("lblIDVal").text(), "1");
+  EXPECT_EQ(Find<QLineEdit>("txtGNO").text(), QStringLiteral("م-1"));
+  EXPECT_EQ(Find<QWidget>("gmpInventory").findChild<QLineEdit*>()->text(), QStringLiteral("انبار مركزي"));
+  EXPECT_EQ(Find<QWidget>("mptCounter1").findChild<QLineEdit*>()->text(), QStringLiteral("مريم احمدي"));
+  EXPECT_EQ(Find<QWidget>("gdpReceiveDate").findChild<QLineEdit*>()->text(), "1404/01/15");
+  const QAbstractItemModel& lines = *Find<GridView>("flexDetail").model();
+  EXPECT_EQ(lines.index(0, LineColumn::ShortageAmount).data().toString(), "7,500");
+  EXPECT_EQ(Find<QLineEdit>("txtTotalBelowValue").text(), "7500");
+}
+
+TEST_F(CountingWindowTest, Nothing_is_cut_off_on_the_smallest_screen) {
+  for (const QSize size : {QSize(1280, 740), QSize(1920, 1040)}) {
+    window->resize(size);
+    QApplication::processEvents();
+    EXPECT_EQ(window->size(), size) << "the window asks for more";
+    for (const QWidget* const widget :
+         window->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+      if (widget->isHidden() || widget->isWindow()) continue;
+      EXPECT_TRUE(window->rect().contains(widget->geometry())) << widget->objectName().toStdString();
+      EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << widget->objectName().toStdString();
+    }
+    for (const QPushButton* const button : window->findChildren<QPushButton*>()) {
+      EXPECT_GE(button->width(), button->fontMetrics().horizontalAdvance(button->text()) + 10)
+          << button->text().toStdString();
+    }
+  }
+}
+
+TEST_F(CountingWindowTest, No_shortcut_is_given_twice) {
+  std::set<QString> seen;
+  for (const QShortcut* const shortcut : window->findChildren<QShortcut*>()) {
+    EXPECT_TRUE(seen.insert(shortcut->key().toString()).second) << shortcut->key().toString().toStdString();
+  }
+  EXPECT_GE(seen.size(), 18U);
+}
+
+TEST_F(CountingWindowTest, Every_field_can_be_reached_with_Tab) {
+  std::set<QWidget*> reached;
+  QWidget* at = window->nextInFocusChain();
+  for (; at != window; at = at->nextInFocusChain()) {
+    if (at->focusPolicy() & Qt::TabFocus) reached.insert(at);
+  }
+  for (const char* name :
+       {"txtGNO", "gmpInventory", "gdpReceiveDate", "gdpFromDate", "gdpToDate", "mptCounter1", "mptConfirmer",
+        "txtNotes", "flexDetail", "cmdNew", "cmdExit", "menuButton"}) {
+    auto& widget = Find<QWidget>(name);
+    EXPECT_TRUE(reached.contains(widget.focusProxy() == nullptr ? &widget : widget.focusProxy())) << name;
+  }
+}
+
+TEST_F(CountingWindowTest, A_line_is_counted_and_saved_from_the_keyboard_alone) {
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Tick();
+  auto& lines = Find<GridView>("flexDetail");
+  lines.setFocus();
+  Counting().flexDetail.SetCurrent(1, LineColumn::AcceptedCounting);
+  Type(QStringLiteral("۱۵"));
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Counting().flexDetail.TextMatrix(1, LineColumn::Surplus), "2.5");
+  EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::Rate);
+  Type("9");
+  Tick();
+  QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);  // what is being typed is stored first
+  EXPECT_EQ(
+      world.database.Scalar("select AcceptedCounting from tblInventoryCountingDetail where RowNumber=1"),
+      "15.0");
+  EXPECT_EQ(world.database.Scalar("select BaseValue from tblInventoryCountingDetail where RowNumber=1"),
+            "9.0");
+}
+
+TEST_F(CountingWindowTest, A_refused_figure_keeps_the_person_from_saving_without_it) {
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Tick();
+  Find<GridView>("flexDetail").setFocus();
+  Counting().flexDetail.SetCurrent(1, LineColumn::AcceptedCounting);
+  Type("-1");
+  QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Counting().cmdTmpSave.Enabled(), true);
+  EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"تعداد كمتر از اندازة مجاز است."});
+  EXPECT_NE(Find<GridView>("flexDetail").findChild<QLineEdit*>("cellEditor"), nullptr);
+}
+
+TEST_F(CountingWindowTest, A_counting_that_is_only_viewed_takes_no_figures) {
+  Find<GridView>("flexDetail").setFocus();
+  Counting().flexDetail.SetCurrent(1, LineColumn::AcceptedCounting);
+  Type("5");
+  EXPECT_EQ(Counting().flexDetail.TextMatrix(1, LineColumn::AcceptedCounting), "10");
+  EXPECT_TRUE(Find<QLineEdit>("txtGNO").isReadOnly());
+  EXPECT_FALSE(Find<QWidget>("gmpInventory").isEnabled());
+}
+
+TEST_F(CountingWindowTest, Closing_the_window_asks_before_what_was_entered_is_lost) {
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  world.messages.WillAnswer(test::FakeMessages::Answer::No);
+  window->close();
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"آيا مطمئن هستيد؟"});
+  world.messages.WillAnswer(test::FakeMessages::Answer::Yes);
+  window->close();
+  EXPECT_TRUE(window->isVisible());
+  window->close();
+  EXPECT_EQ(control.CountingForm(), nullptr);
+}
+
+TEST_F(CountingWindowTest, The_exit_button_takes_its_own_window_away) {
+  QTest::mouseClick(&Find<QPushButton>("cmdExit"), Qt::LeftButton);
+  EXPECT_EQ(control.CountingForm(), nullptr);
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ASSERT_TRUE(control.View(1));
+  EXPECT_TRUE(screen.WindowOf(Counting())->isVisible());
+}
+
+}  // namespace
+}  // namespace koru

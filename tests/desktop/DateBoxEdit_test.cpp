@@ -1,0 +1,127 @@
+#include "desktop/DateBoxEdit.h"
+
+#include <gtest/gtest.h>
+
+#include <QCalendarWidget>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "tests/desktop/WindowTools.h"
+
+namespace koru {
+namespace {
+
+using test::Open;
+using test::Press;
+using test::Type;
+
+class DateBoxEditTest : public testing::Test {
+ protected:
+  DateBoxEditTest() {
+    // The widgets belong to their window. NOLINTBEGIN(cppcoreguidelines-owning-memory)
+    field = new DateBoxEdit(&window);
+    other = new QPushButton(&window);
+    auto* const layout = new QVBoxLayout(&window);
+    // NOLINTEND(cppcoreguidelines-owning-memory)
+    layout->addWidget(field);
+    layout->addWidget(other);
+    binding.Bind(date, *field);
+    edit = field->findChild<QLineEdit*>();
+    Open(window);
+    other->setFocus();
+    edit->setFocus(Qt::TabFocusReason);
+    QApplication::processEvents();
+  }
+
+  test::NoScreen screen;
+  Form form{screen, "frm"};
+  DateBox date{form, "gdpFromDate"};
+  QWidget window;
+  DateBoxEdit* field = nullptr;
+  QLineEdit* edit = nullptr;
+  QPushButton* other = nullptr;
+  FormBinding binding{form};
+};
+
+TEST_F(DateBoxEditTest, A_date_is_typed_digit_by_digit_over_the_one_before) {
+  date.SetValue(ToGregorian({1403, 5, 6}));
+  EXPECT_EQ(edit->text(), "1403/05/06");
+  QApplication::processEvents();
+  edit->selectAll();
+  Type("14040115");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(date.PersianText(), "1404/01/15");
+}
+
+TEST_F(DateBoxEditTest, Digits_of_the_Persian_keyboard_are_dates_too) {
+  Type(QStringLiteral("۱۴۰۴۱۲۲۹"));
+  other->setFocus();
+  EXPECT_EQ(date.PersianText(), "1404/12/29");
+  EXPECT_EQ(edit->text(), "1404/12/29");
+}
+
+TEST_F(DateBoxEditTest, A_day_that_does_not_exist_gives_the_date_before_back_and_marks_the_field) {
+  date.SetValue(ToGregorian({1403, 5, 6}));
+  edit->selectAll();
+  Type("14041230");  // 1404 has no 30 Esfand
+  Press(Qt::Key_Return);
+  EXPECT_EQ(date.PersianText(), "1403/05/06");
+  EXPECT_EQ(edit->text(), "1403/05/06");
+  EXPECT_TRUE(edit->property("marked").toBool());
+  Type("1");
+  EXPECT_FALSE(edit->property("marked").toBool());
+}
+
+TEST_F(DateBoxEditTest, A_date_that_is_typed_by_half_is_no_date) {
+  Type("1404");
+  other->setFocus();
+  EXPECT_TRUE(date.IsEmpty());
+  EXPECT_TRUE(edit->property("marked").toBool());
+}
+
+TEST_F(DateBoxEditTest, Delete_empties_the_box) {
+  date.SetValue(ToGregorian({1403, 5, 6}));
+  int changes = 0;
+  date.ValueChanged.Always([&] { ++changes; });
+  Press(Qt::Key_Delete);
+  EXPECT_TRUE(date.IsEmpty());
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(DateBoxEditTest, A_box_that_the_form_fills_again_when_it_is_emptied_shows_the_form_s_date) {
+  date.ValueChanged.Always([this] {
+    if (date.IsEmpty()) date.SetValue(ToGregorian({1404, 7, 1}));
+  });
+  date.SetValue(ToGregorian({1403, 5, 6}));
+  Press(Qt::Key_Delete);
+  EXPECT_EQ(edit->text(), "1404/07/01");
+}
+
+TEST_F(DateBoxEditTest, The_calendar_opens_on_the_date_and_Enter_picks_the_next_day) {
+  date.SetValue(ToGregorian({1403, 12, 29}));
+  Press(Qt::Key_F4);
+  auto* const calendar = field->findChild<QCalendarWidget*>("calendar");
+  ASSERT_NE(calendar, nullptr);
+  ASSERT_TRUE(calendar->isVisible());
+  EXPECT_EQ(calendar->firstDayOfWeek(), Qt::Saturday);
+  calendar->setSelectedDate(calendar->selectedDate().addDays(1));
+  auto* const days = calendar->findChild<QTableView*>();
+  QTest::keyClick(days, Qt::Key_Return);
+  EXPECT_FALSE(calendar->isVisible());
+  EXPECT_EQ(date.PersianText(), "1403/12/30");
+}
+
+TEST_F(DateBoxEditTest, Looking_at_a_date_changes_nothing) {
+  date.SetValue(ToGregorian({1403, 5, 6}));
+  int changes = 0;
+  date.ValueChanged.Always([&] { ++changes; });
+  other->setFocus();
+  edit->setFocus();
+  other->setFocus();
+  EXPECT_EQ(changes, 0);
+}
+
+}  // namespace
+}  // namespace koru

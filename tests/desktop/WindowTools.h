@@ -1,0 +1,81 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QString>
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+
+#include "desktop/FormBinding.h"
+#include "platform/Screen.h"
+
+namespace koru::test {
+
+/// A screen for forms whose window the test makes itself.
+class NoScreen : public Screen {
+ public:
+  void SetPointer(Pointer pointer) override { pointer_ = pointer; }
+  [[nodiscard]] Pointer CurrentPointer() const override { return pointer_; }
+  void Show(Form& /*form*/, bool /*modal*/) override {}
+
+ private:
+  Pointer pointer_ = Pointer::Normal;
+};
+
+/// Shows a window and gives it the keyboard.
+inline void Open(QWidget& window) {
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+/// Types a text, of any alphabet, where the keyboard is.
+inline void Type(const QString& text) {
+  for (const QChar letter : text) {
+    QWidget* const at = QApplication::activePopupWidget() != nullptr && QApplication::focusWidget() == nullptr
+                            ? QApplication::activePopupWidget()
+                            : QApplication::focusWidget();
+    ASSERT_NE(at, nullptr) << "nothing has the keyboard";
+    QKeyEvent press(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, QString(letter));
+    QApplication::sendEvent(at, &press);
+    QKeyEvent release(QEvent::KeyRelease, letter.toUpper().unicode(), Qt::NoModifier, QString(letter));
+    QApplication::sendEvent(at, &release);
+  }
+}
+
+/// Presses a key where the keyboard is.
+inline void Press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+  QWidget* const at = QApplication::focusWidget();
+  ASSERT_NE(at, nullptr) << "nothing has the keyboard";
+  QTest::keyClick(at, key, held);
+}
+
+/// Runs `answer` with the dialog that opens next.
+inline void WhenDialogOpens(std::function<void(QWidget&)> answer) {
+  QTimer::singleShot(0, qApp, [answer = std::move(answer)] {
+    const QPointer<QWidget> dialog = QApplication::activeModalWidget();
+    if (dialog.isNull()) return;
+    answer(*dialog);
+    if (dialog.isNull() || !dialog->isVisible()) return;
+    ADD_FAILURE() << "the dialog is still open";
+    dialog->close();
+  });
+}
+
+/// How many pixels of a widget have exactly that colour.
+inline int PixelsOf(QWidget& widget, const QColor& color) {
+  const QImage image = widget.grab().toImage();
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) count += image.pixelColor(x, y) == color ? 1 : 0;
+  }
+  return count;
+}
+
+}  // namespace koru::test

@@ -1,0 +1,109 @@
+#include "desktop/comInvCountingWidget.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QSignalSpy>
+
+#include "desktop/GridView.h"
+#include "desktop/QtText.h"
+#include "tests/desktop/DesktopWorld.h"
+#include "tests/desktop/WindowTools.h"
+#include "tests/support/FakeScreen.h"
+
+namespace koru {
+namespace {
+
+class comInvCountingWidgetTest : public testing::Test {
+ protected:
+  comInvCountingWidgetTest() {
+    world.database.Execute(
+        "insert into tblInventory (ID,Name) values (1,'انبار مركزي');"
+        "insert into tblUser (ID,FullName) values (1,'زهرا كريمي');"
+        "insert into tblInventoryCounting (ID,Code,ManualCode,InventoryID,CreatorID,FarsiCreateDate,Notes) "
+        "values "
+        "(4,NULL,'م-4',1,1,'1404/01/15','نيمه تمام'),(5,1,'م-5',1,1,'1404/01/16','نهايي'),"
+        "(9,NULL,NULL,1,1,'1404/02/01',NULL)");
+  }
+
+  void Connect() { widget.SetOLEConnectionString(ToQt(world.database.ConnectionText())); }
+  [[nodiscard]] QString Cell(int row, int col) const {
+    return widget.findChild<GridView*>("flexTempDocs")->model()->index(row, col).data().toString();
+  }
+  [[nodiscard]] int Listed() const {
+    return widget.findChild<GridView*>("flexTempDocs")->model()->rowCount();
+  }
+
+  test::FakeScreen screen;
+  test::DesktopWorld world{screen};
+  comInvCountingWidget widget{world.Where()};
+};
+
+TEST_F(comInvCountingWidgetTest, The_properties_have_their_names_widths_and_defaults) {
+  EXPECT_EQ(widget.property("OLEConnectionString").toString(), "0");
+  EXPECT_EQ(widget.property("ForcedReceiptID").toInt(), -1);
+  EXPECT_EQ(widget.property("EmployeeID").typeId(), QMetaType::Short);
+  EXPECT_EQ(widget.property("PositionID").typeId(), QMetaType::Short);
+  EXPECT_EQ(widget.property("UserID").typeId(), QMetaType::Int);
+  QSignalSpy changed(&widget, &comInvCountingWidget::propertyChanged);
+  widget.setProperty("OLEConnectionString", "Provider=SQLite;Data Source=x");
+  ASSERT_EQ(changed.count(), 1);
+  EXPECT_EQ(changed.first().first().toString(), "OleConnectionString");
+}
+
+TEST_F(comInvCountingWidgetTest, The_font_is_the_one_of_the_identifier_box) {
+  widget.SetFont(QFont("DejaVu Sans", 13));
+  EXPECT_EQ(widget.findChild<QLineEdit*>("txtid")->font().pointSizeF(), 13);
+}
+
+TEST_F(comInvCountingWidgetTest, The_list_shows_the_temporary_countings_only) {
+  Connect();
+  test::Open(widget);
+  ASSERT_EQ(Listed(), 2);
+  EXPECT_EQ(Cell(0, 1), "4");
+  EXPECT_EQ(Cell(0, 2), QStringLiteral("م-4"));
+  EXPECT_EQ(Cell(0, 3), QStringLiteral("انبار مركزي"));
+  EXPECT_EQ(Cell(0, 4), "1404/01/15");
+  EXPECT_EQ(Cell(0, 7), QStringLiteral("نيمه تمام"));
+  EXPECT_EQ(Cell(1, 1), "9");
+}
+
+TEST_F(comInvCountingWidgetTest, A_control_that_nobody_has_connected_asks_no_database_and_shows_no_message) {
+  test::Open(widget);
+  EXPECT_EQ(Listed(), 0);
+  EXPECT_TRUE(world.messages.Shown().empty());
+}
+
+TEST_F(comInvCountingWidgetTest, A_database_that_cannot_be_read_is_told_to_the_person) {
+  widget.SetOLEConnectionString("Provider=SQLite;Data Source=/nowhere/at/all.db");
+  test::Open(widget);
+  EXPECT_EQ(world.messages.Shown().size(), 1U);
+}
+
+TEST_F(comInvCountingWidgetTest, A_double_click_opens_the_counting) {
+  Connect();
+  test::Open(widget);
+  auto* const list = widget.findChild<GridView*>("flexTempDocs");
+  const QPoint cell = list->visualRect(list->model()->index(1, 2)).center();
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell);
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, cell);
+  ASSERT_EQ(screen.Shown().size(), 1U);
+  EXPECT_EQ(screen.Shown().front().form, "frmInvCounting");
+  EXPECT_EQ(widget.findChild<QLineEdit*>("txtid")->text(), "9");
+}
+
+TEST_F(comInvCountingWidgetTest, The_notes_take_the_room_that_the_other_columns_leave) {
+  Connect();
+  widget.resize(1400, 400);
+  test::Open(widget);
+  QApplication::processEvents();
+  const auto* const list = widget.findChild<GridView*>("flexTempDocs");
+  const int before = list->columnWidth(7);
+  widget.resize(1600, 400);
+  QApplication::processEvents();
+  QApplication::processEvents();
+  EXPECT_EQ(list->columnWidth(7), before + 200);
+}
+
+}  // namespace
+}  // namespace koru

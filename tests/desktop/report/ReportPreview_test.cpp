@@ -1,0 +1,128 @@
+#include "desktop/report/ReportPreview.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QProgressDialog>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QToolButton>
+
+#include "desktop/QtText.h"
+#include "tests/desktop/WindowTools.h"
+#include "tests/desktop/report/ReportSamples.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace koru {
+namespace {
+
+class Preview : public ::testing::Test {
+ protected:
+  explicit Preview(std::size_t rows = 40)
+      : window(*new ReportPreview(
+            std::make_unique<ReportDocument>(test::SmallTemplate(), test::Records(rows), ReportFormulas()),
+            QStringLiteral("گزارش"), [this](const std::string& sentence) { told.push_back(sentence); },
+            nullptr)) {
+    window.setAttribute(Qt::WA_DeleteOnClose, false);
+    owner.reset(&window);
+    test::Open(window);
+  }
+
+  [[nodiscard]] QSpinBox& Page() { return *window.findChild<QSpinBox*>(QStringLiteral("page")); }
+  void Click(const char* tool) { window.findChild<QToolButton*>(QLatin1String(tool))->click(); }
+
+  std::vector<std::string> told;
+  std::unique_ptr<ReportPreview> owner;
+  ReportPreview& window;
+  test::TemporaryFolder folder;
+};
+
+TEST_F(Preview, Runs_from_right_to_left_and_begins_on_page_1_as_wide_as_the_window) {
+  EXPECT_EQ(window.layoutDirection(), Qt::RightToLeft);
+  EXPECT_EQ(Page().value(), 1);
+  EXPECT_EQ(Page().maximum(), 4);
+  EXPECT_EQ(window.View().horizontalScrollBar()->maximum(), 0);
+  EXPECT_GT(window.View().Zoom(), 1.0);
+}
+
+TEST_F(Preview, Shows_the_page_that_keys_and_the_page_number_ask_for) {
+  test::Press(Qt::Key_PageDown);
+  EXPECT_EQ(window.View().CurrentPage(), 1);
+  EXPECT_EQ(Page().value(), 2);
+  test::Press(Qt::Key_End);
+  EXPECT_EQ(Page().value(), 4);
+  test::Press(Qt::Key_PageUp);
+  EXPECT_EQ(Page().value(), 3);
+  test::Press(Qt::Key_Home);
+  EXPECT_EQ(Page().value(), 1);
+  Page().setValue(4);
+  EXPECT_EQ(window.View().CurrentPage(), 3);
+}
+
+TEST_F(Preview, Zooms_between_a_quarter_and_four_times_and_keeps_the_page) {
+  window.View().GoToPage(2);
+  const double before = window.View().Zoom();
+  Click("larger");
+  EXPECT_GT(window.View().Zoom(), before);
+  EXPECT_EQ(window.View().CurrentPage(), 2);
+  for (int i = 0; i < 20; ++i) Click("larger");
+  EXPECT_EQ(window.View().Zoom(), PageView::kMostZoom);
+  for (int i = 0; i < 40; ++i) Click("smaller");
+  EXPECT_EQ(window.View().Zoom(), PageView::kLeastZoom);
+  Click("fit");
+  EXPECT_NEAR(window.View().Zoom(), before, 0.05);
+}
+
+TEST_F(Preview, A_page_that_is_wider_than_the_window_shows_its_right_side_first) {
+  window.View().SetZoom(3);
+  const QScrollBar& across = *window.View().horizontalScrollBar();
+  EXPECT_GT(across.maximum(), 0);
+  EXPECT_EQ(across.value(), across.maximum());
+}
+
+TEST_F(Preview, Paints_what_is_in_sight) {
+  EXPECT_GT(test::PixelsOf(window.View(), Qt::white), 100000);
+  test::Press(Qt::Key_End);
+  EXPECT_GT(test::PixelsOf(window.View(), Qt::white), 100000);
+}
+
+TEST_F(Preview, Saves_a_pdf_and_tells_when_that_fails) {
+  const QString path = ToQt(folder.File("a.pdf"));
+  EXPECT_TRUE(window.SavePdf(path));
+  EXPECT_TRUE(QFile::exists(path));
+  EXPECT_TRUE(told.empty());
+  EXPECT_FALSE(window.SavePdf(ToQt(folder.File("none/a.pdf"))));
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_NE(told[0].find("none/a.pdf"), std::string::npos);
+}
+
+class LongPreview : public Preview {
+ protected:
+  LongPreview() : Preview(32767) {}
+};
+
+TEST_F(LongPreview, Scrolls_to_the_end_of_a_full_counting) {
+  test::Press(Qt::Key_End);
+  EXPECT_EQ(Page().value(), Page().maximum());
+  EXPECT_EQ(Page().maximum(), 2341);
+}
+
+TEST_F(LongPreview, Saving_shows_its_progress_and_can_be_cancelled) {
+  bool seen = false;
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, [&] {
+    auto* const progress = window.findChild<QProgressDialog*>(QStringLiteral("progress"));
+    if (progress == nullptr || !progress->isVisible()) return;
+    seen = progress->value() > 0 && progress->maximum() == 2341;
+    progress->cancel();
+  });
+  watch.start(10);
+  const QString path = ToQt(folder.File("a.pdf"));
+  EXPECT_FALSE(window.SavePdf(path));
+  EXPECT_TRUE(seen);
+  EXPECT_FALSE(QFile::exists(path));
+  EXPECT_TRUE(told.empty());
+}
+
+}  // namespace
+}  // namespace koru

@@ -1,0 +1,179 @@
+#include "host/HostWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QTableView>
+
+#include "database/Sample.h"
+#include "desktop/QtText.h"
+#include "host/SampleProgressWindow.h"
+#include "host/TemporaryFolder.h"
+#include "platform/Errors.h"
+#include "tests/desktop/WindowTools.h"
+
+namespace koru {
+namespace {
+
+class HostWindowTest : public testing::Test {
+ protected:
+  void SetUp() override { CreateSample(database_, {}); }
+
+  /// A session over the sample, as after a first start.
+  struct Program {
+    explicit Program(const std::filesystem::path& settings) : session(settings) {}
+    HostSession session;
+    HostWindow window{session};
+  };
+  [[nodiscard]] std::unique_ptr<Program> Start(bool first = true) const {
+    auto program = std::make_unique<Program>(settings_);
+    if (first) program->window.Control().SetOLEConnectionString(ToQt(EmbeddedConnectionText(database_)));
+    return program;
+  }
+  template <class Widget>
+  static Widget& Find(HostWindow& window, const char* name) {
+    return *window.findChild<Widget*>(QString::fromLatin1(name));
+  }
+
+  /// The counting form on the screen; nullptr when there is none.
+  static QWidget* CountingWindow() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == QLatin1String("frmInvCounting") && window->isVisible()) return window;
+    }
+    return nullptr;
+  }
+  /// The text of a message, which is acknowledged.
+  static std::string Acknowledge(const QWidget& dialog) {
+    std::string text = dialog.findChild<QLabel*>(QStringLiteral("message"))->text().toStdString();
+    if (const auto* detail = dialog.findChild<QPlainTextEdit*>(QStringLiteral("detail"))) {
+      text += detail->toPlainText().toStdString();
+    }
+    dialog.findChild<QAbstractButton*>(QStringLiteral("ok"))->click();
+    return text;
+  }
+
+  TemporaryFolder folder_;
+  std::string database_ = (folder_.Path() / "a.db").string();
+  std::filesystem::path settings_ = folder_.Path() / "config" / "koru-counting.ini";
+};
+
+TEST_F(HostWindowTest, Everybody_who_can_sign_in_is_offered_and_somebody_is_signed_in) {
+  const auto program = Start();
+  program->window.ReadDatabase();
+  const auto& users = Find<QComboBox>(program->window, "users");
+  EXPECT_EQ(users.count(), 12);
+  EXPECT_EQ(users.currentData().toInt(), program->window.Control().UserID());
+  EXPECT_GT(program->window.Control().UserID(), 0);
+  EXPECT_EQ(Find<QLabel>(program->window, "database").text().toStdString(), database_);
+}
+
+TEST_F(HostWindowTest, The_temporary_countings_are_listed) {
+  const auto program = Start();
+  test::Open(program->window);
+  program->window.ReadDatabase();
+  const auto& list = Find<QTableView>(program->window, "flexTempDocs");
+  EXPECT_TRUE(list.isVisible());
+  EXPECT_EQ(list.model()->rowCount(), 10);
+  EXPECT_EQ(list.model()->index(0, 1).data().toString(), QStringLiteral("8"));
+}
+
+TEST_F(HostWindowTest, User_and_database_are_the_same_after_a_restart) {
+  int chosen = 0;
+  {
+    const auto program = Start();
+    program->window.ReadDatabase();
+    test::Open(program->window);
+    auto& users = Find<QComboBox>(program->window, "users");
+    const int before = program->window.Control().UserID();
+    users.setFocus();
+    test::Press(users.currentIndex() == 0 ? Qt::Key_End : Qt::Key_Home);
+    chosen = program->window.Control().UserID();
+    EXPECT_NE(chosen, before);
+    EXPECT_EQ(chosen, users.currentData().toInt());
+  }
+  const auto program = Start(false);
+  EXPECT_EQ(program->window.Control().OLEConnectionString().toStdString(), EmbeddedConnectionText(database_));
+  program->window.ReadDatabase();
+  EXPECT_EQ(program->window.Control().UserID(), chosen);
+  EXPECT_EQ(Find<QComboBox>(program->window, "users").currentData().toInt(), chosen);
+}
+
+TEST_F(HostWindowTest, A_counting_is_opened_by_its_number_typed_on_a_persian_keyboard) {
+  const auto program = Start();
+  program->window.ReadDatabase();
+  test::Open(program->window);
+  Find<QLineEdit>(program->window, "number").setFocus();
+  test::Type(QStringLiteral("۱۷"));
+  test::Press(Qt::Key_Return);
+  const QWidget* const counting = CountingWindow();
+  ASSERT_NE(counting, nullptr);
+  EXPECT_EQ(counting->findChild<QLineEdit*>(QStringLiteral("txtGNO"))->text(), QStringLiteral("ش-1404/17"));
+}
+
+TEST_F(HostWindowTest, A_number_that_no_counting_has_is_answered_with_a_message) {
+  const auto program = Start();
+  program->window.ReadDatabase();
+  test::Open(program->window);
+  std::string shown;
+  Find<QLineEdit>(program->window, "number").setText(QStringLiteral("99"));
+  test::WhenDialogOpens([&](QWidget& dialog) { shown = Acknowledge(dialog); });
+  Find<QAbstractButton>(program->window, "open").click();
+  EXPECT_EQ(shown, "شمارش بااين شماره موجود نميباشد.");
+  EXPECT_EQ(CountingWindow(), nullptr);
+}
+
+TEST_F(HostWindowTest, A_database_that_is_gone_is_reported_once_and_the_window_stays) {
+  const auto program = Start();
+  std::filesystem::remove(database_);
+  test::Open(program->window);
+  std::string shown;
+  test::WhenDialogOpens([&](QWidget& dialog) { shown = Acknowledge(dialog); });
+  program->window.ReadDatabase();
+  EXPECT_NE(shown.find(database_), std::string::npos) << shown;
+  EXPECT_TRUE(program->window.isVisible());
+  EXPECT_FALSE(program->window.Control().isVisible());
+  EXPECT_EQ(Find<QComboBox>(program->window, "users").count(), 0);
+}
+
+TEST_F(HostWindowTest, Closing_asks_before_a_document_that_is_being_entered_is_lost) {
+  const auto program = Start();
+  program->window.Control().SetUserID(1);
+  program->window.ReadDatabase();
+  test::Open(program->window);
+  Find<QAbstractButton>(program->window, "new").click();
+  QWidget* const counting = CountingWindow();
+  ASSERT_NE(counting, nullptr);
+  counting->findChild<QAbstractButton*>(QStringLiteral("cmdNew"))->click();
+  test::WhenDialogOpens(
+      [](QWidget& dialog) { dialog.findChild<QAbstractButton*>(QStringLiteral("no"))->click(); });
+  EXPECT_FALSE(program->window.close());
+  EXPECT_TRUE(counting->isVisible());
+  EXPECT_TRUE(program->window.isVisible());
+
+  // Yes gives the document up and leaves the empty form; that one closes without a question.
+  test::WhenDialogOpens(
+      [](QWidget& dialog) { dialog.findChild<QAbstractButton*>(QStringLiteral("yes"))->click(); });
+  EXPECT_FALSE(program->window.close());
+  EXPECT_TRUE(program->window.close());
+  EXPECT_EQ(CountingWindow(), nullptr);
+}
+
+TEST(SampleProgressWindowTest, The_sample_is_made_while_its_progress_is_shown_and_never_twice) {
+  const TemporaryFolder folder;
+  const std::string file = (folder.Path() / "sample.db").string();
+  SampleProgressWindow window;
+  window.Make(file);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.findChild<QProgressBar*>()->value(), 100);
+  EXPECT_GT(std::filesystem::file_size(file), 100000U);
+  EXPECT_THROW(window.Make(file), InputError);
+}
+
+}  // namespace
+}  // namespace koru
