@@ -1,4 +1,3 @@
-#include <array>
 #include <limits>
 #include <string_view>
 #include <utility>

@@ -67,6 +67,7 @@ void frmInvCounting::ShowInvSearch() {
   }
   invSearch_->Load();
   invSearch_->Show(true);
+  Activate();
 }
 
 void frmInvCounting::ShowGoodSearch() {
@@ -76,6 +77,7 @@ void frmInvCounting::ShowGoodSearch() {
   }
   goodSearch_->Load();
   goodSearch_->Show(true);
+  Activate();
 }
 
 bool frmInvCounting::ViewInvCounting(std::int32_t id) {

@@ -1,5 +1,7 @@
 #include "documents/AdjustmentDocuments.h"
 
+#include <utility>
+
 #include "documents/EarlierDocuments.h"
 #include "documents/HeaderValues.h"
 #include "platform/Text.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "control/services/FixQuote.h"
 #include "documents/HeaderValues.h"

@@ -33,11 +33,13 @@ void LinkedDocuments::OpenReceipt() {
 
 std::unique_ptr<SiblingComponent> LinkedDocuments::Host(std::string_view className) const {
   auto component = shared_.surroundings.components.Create(className);
-  if (auto* document = dynamic_cast<DocumentComponent*>(component.get())) {
-    document->SetConnectionString(shared_.data.ConnectionString());
-    document->SetUserID(shared_.user.userID);
-  }
+  if (auto* document = dynamic_cast<DocumentComponent*>(component.get())) HandOver(*document);
   return component;
+}
+
+void LinkedDocuments::HandOver(DocumentComponent& document) const {
+  document.SetConnectionString(shared_.data.ConnectionString());
+  document.SetUserID(shared_.user.userID);
 }
 
 void LinkedDocuments::Open(const SqlText& documents, const char* noDocument,
@@ -51,6 +53,7 @@ void LinkedDocuments::Open(const SqlText& documents, const char* noDocument,
   if (document == nullptr) {
     throw ComponentError("در اين برنامه جزئي براي نمايش اين سند نيست.", ComponentError::kNotRegistered);
   }
+  HandOver(*document);  // the host may have signed somebody else in since the form was loaded
   document->View(found.Field("ID").Integer());
 }
 

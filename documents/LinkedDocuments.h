@@ -27,6 +27,7 @@ class LinkedDocuments {
 
  private:
   [[nodiscard]] std::unique_ptr<SiblingComponent> Host(std::string_view className) const;
+  void HandOver(DocumentComponent& document) const;
   void Open(const SqlText& documents, const char* noDocument, SiblingComponent* component) const;
 
   SharedState& shared_;

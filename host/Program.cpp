@@ -24,8 +24,8 @@ constexpr int kStoryFailed = 1;
 constexpr int kUnusable = 2;
 
 int PlayOnForms(const CommandLine& line) {
-  const auto stage = [](Person& person, DatabaseConnector&) -> std::unique_ptr<Stage> {
-    return std::make_unique<FormStage>(person);
+  const auto stage = [](Person& person, DatabaseConnector& databases) -> std::unique_ptr<Stage> {
+    return std::make_unique<FormStage>(person, databases);
   };
   return PlayStories(line.files, stage, std::cout) ? kDone : kStoryFailed;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <numeric>
 #include <optional>
@@ -23,6 +24,7 @@ std::optional<double> WholeNumber(std::string_view text) {
   const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
   if (text.empty() || result.ec != std::errc{} || result.ptr != text.data() + text.size())
     return std::nullopt;
+  if (!std::isfinite(number)) return std::nullopt;  // "Inf" and "NaN" are names of goods
   return number;
 }
 

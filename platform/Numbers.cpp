@@ -117,6 +117,13 @@ std::string NumberText(double number) {
   if (magnitude < 1e15 && magnitude == std::trunc(magnitude)) {
     return std::to_string(static_cast<std::int64_t>(number));
   }
+  if (magnitude >= 1 && magnitude < 1e15) {
+    // Counts and money: where the shortest text has no more than fifteen digits, it is the text.
+    char text[32];
+    const char* const end = std::to_chars(text, text + sizeof text, number, std::chars_format::fixed).ptr;
+    const std::size_t size = static_cast<std::size_t>(end - text);
+    if (size <= kSignificantDigits + (number < 0 ? 2U : 1U)) return {text, size};
+  }
   const Decimal decimal = ToDecimal(magnitude);
   const int decimals = static_cast<int>(decimal.digits.size()) - decimal.exponent;
   const bool plain = decimal.exponent <= kSignificantDigits && decimals <= kSignificantDigits;

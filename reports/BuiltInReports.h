@@ -1,7 +1,6 @@
 #pragma once
 
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace koru {
@@ -14,9 +13,8 @@ struct BuiltInReport {
 
 [[nodiscard]] std::span<const BuiltInReport> BuiltInReports();
 
-/// Puts the program's report files below `baseFolder` (UTF-8), where the paths that the suite keeps look for
-/// them. A file that is there already is left as it is: somebody may have changed it. Throws InputError
-/// naming the file that cannot be written.
-void WriteBuiltInReports(const std::string& baseFolder);
+/// The text of the program's own report whose path `fileName` ends in, as a whole part of it; empty when
+/// there is none.
+[[nodiscard]] std::string_view FindBuiltInReport(std::string_view fileName);
 
 }  // namespace koru

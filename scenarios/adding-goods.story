@@ -42,3 +42,41 @@ expect gmpProductGroup nothing
 click frmGoodSearch.cmdExit
 expect rows flexDetail 111
 expect cell flexDetail 111 0 "111"
+
+# The goods picker: one good fills the three fields with what it is.
+click cmdDeleteAll
+question "هشدار" "آيا تمامي كالاها و شمارشهاي وارد شده حذف شوند؟" yes
+click cmdGoods
+key frmGoodSearch.txtBarCode F3
+picture "goods-picker"
+picked "6260000303318"
+expect frmGoodSearch.txtBarCode "6260000303318"
+expect frmGoodSearch.txtCode "0201002"
+expect frmGoodSearch.txtTitle "مايع ظرفشويي ليمويي 1 ليتري"
+click frmGoodSearch.cmdSearch
+expect column flexDetail 1 "6260000303318"
+
+# Several goods are only told to be several; the search takes the list, not what stands in the fields. The good that has its
+# line already is not added again.
+click cmdGoods
+question "هشدار" "كالاهاي جديد به كالاهاي فعلي اضافه مي شوند. آيا ادامه مي دهيد؟" yes
+key frmGoodSearch.txtTitle F3
+picked "6260000303349" "6260000303318"
+expect frmGoodSearch.txtBarCode "چند کالا"
+expect frmGoodSearch.txtCode "چند کالا"
+expect frmGoodSearch.txtTitle "چند کالا"
+click frmGoodSearch.cmdSearch
+expect column flexDetail 1 "6260000303318" "6260000303349"
+expect column flexDetail 0 "1" "2"
+
+# Whoever gives up leaves the picker with what had been picked before; a new search forgets it in the fields.
+click cmdGoods
+question "هشدار" "كالاهاي جديد به كالاهاي فعلي اضافه مي شوند. آيا ادامه مي دهيد؟" yes
+key frmGoodSearch.txtCode F3
+picked nothing
+expect frmGoodSearch.txtBarCode "چند کالا"
+click cmdNewSearch
+expect frmGoodSearch.txtBarCode ""
+expect frmGoodSearch.txtCode ""
+click frmGoodSearch.cmdExit
+expect rows flexDetail 2

@@ -72,6 +72,7 @@ const KeyRanks& Snapshot::RanksOf(const Selection& selection, const std::vector<
   if (found != ranks_.end()) return found->ranks;
   SqliteStatement statement = connection_.Prepare(selection.sql);
   std::vector<Literal> values;
+  values.reserve(numbers.size());
   for (const int number : numbers) values.push_back(LiteralOf(literals, number));
   BindAll(statement, values);
   ranks_.push_front({selection.sql, std::move(values), KeyRanks(ReadKeys(statement))});

@@ -10,6 +10,8 @@
 namespace koru {
 namespace {
 
+constexpr std::size_t kUsualLiterals = 16;
+
 [[noreturn]] void Refuse(const std::string& why, const std::string& statement) {
   throw DatabaseError(why, kBrokenStatement, statement);
 }
@@ -65,6 +67,7 @@ StatementShape ReadShape(const std::string& statement) {
   if (statement.find('\0') != std::string::npos) Refuse("A statement has no NUL characters.", statement);
   StatementShape shape;
   shape.text.reserve(statement.size());
+  shape.literals.reserve(kUsualLiterals);
   SqlLexer lexer(statement);
   std::size_t behindLast = 0;
   std::size_t run = 0;  // what stands from here to behindLast is copied as it is

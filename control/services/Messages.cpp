@@ -1,6 +1,7 @@
 #include "control/services/Messages.h"
 
 #include <cstdint>
+#include <memory>
 
 #include "platform/Errors.h"
 
@@ -14,24 +15,36 @@ constexpr std::uint32_t kFrameBackColor = 15655647;
 constexpr int kMessage = 0;
 constexpr int kQuestion = 1;
 
-/// Shows the component and answers what it has as its result; -1 when it is missing or fails, which must
-/// never become a failure of the command that had something to say.
-int Show(const ComponentRegistry& components, const std::string& title, const std::string& text, int type) {
+/// Runs one step of showing a message; a failure of it must never become one of the command that had
+/// something to say.
+template <class Step>
+void IgnoringErrors(const Step& step) {
   try {
-    const auto component = components.Create(MessageComponent::kClassName);
-    auto* message = dynamic_cast<MessageComponent*>(component.get());
-    if (message == nullptr) return -1;
-    message->SetFormTitle(title);
-    message->SetFormMessage(text);
-    message->SetFormType(type);
-    message->SetFormBackColor(kFormBackColor);
-    message->SetBtmBackColor(kBtmBackColor);
-    message->SetFrameBackColor(kFrameBackColor);
-    message->ClearShow();
-    return type == kQuestion ? message->Resualt() : -1;
+    step();
   } catch (const std::exception&) {
-    return -1;
+    return;
   }
+}
+
+/// Shows the component and answers what it has as its result; -1 for a message, and when the component is
+/// missing.
+int Show(const ComponentRegistry& components, const std::string& title, const std::string& text, int type) {
+  std::unique_ptr<SiblingComponent> component;
+  IgnoringErrors([&] { component = components.Create(MessageComponent::kClassName); });
+  auto* const message = dynamic_cast<MessageComponent*>(component.get());
+  if (message == nullptr) return -1;
+  IgnoringErrors([&] { message->SetFormTitle(title); });
+  IgnoringErrors([&] { message->SetFormMessage(text); });
+  IgnoringErrors([&] { message->SetFormType(type); });
+  IgnoringErrors([&] { message->SetFormBackColor(kFormBackColor); });
+  IgnoringErrors([&] { message->SetBtmBackColor(kBtmBackColor); });
+  IgnoringErrors([&] { message->SetFrameBackColor(kFrameBackColor); });
+  int resualt = -1;
+  IgnoringErrors([&] {
+    message->ClearShow();
+    if (type == kQuestion) resualt = message->Resualt();
+  });
+  return resualt;
 }
 
 }  // namespace

@@ -14,4 +14,8 @@ const DocumentKind& DispatchKind() {
   return kind;
 }
 
+std::string RegistrationQuestion(const DocumentKind& kind) {
+  return "آيا از ثبت نهايي " + kind.name + " اطمينان داريد؟";
+}
+
 }  // namespace koru

@@ -19,4 +19,7 @@ struct DocumentKind {
 /// Dispatches out of a store.
 [[nodiscard]] const DocumentKind& DispatchKind();
 
+/// What a person is asked before a document of the kind is registered.
+[[nodiscard]] std::string RegistrationQuestion(const DocumentKind& kind);
+
 }  // namespace koru

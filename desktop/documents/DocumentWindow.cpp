@@ -147,8 +147,7 @@ void DocumentWindow::ShowState() {
 }
 
 void DocumentWindow::Register() {
-  const std::string question = "آيا از ثبت نهايي " + kind_.name + " اطمينان داريد؟";
-  if (messages_.AskQuestion(sentences::kWarning, question) != kAnswerYes) return;
+  if (messages_.AskQuestion(sentences::kWarning, RegistrationQuestion(kind_)) != kAnswerYes) return;
   try {
     RegisterDocument(database_, kind_, document_.id);
     const std::optional<StockDocument> stored = ReadDocument(database_, kind_, document_.id);

@@ -20,7 +20,12 @@ void StockDocumentDialog::View(std::int32_t id) {
     messages_.ShowMessage(sentences::kError, "سندي با اين شماره رايانه اي موجود نيست.");
     return;
   }
-  DocumentWindow window(*database_, kind_, messages_, std::move(*document), QApplication::activeWindow());
+  LetUse(*database_, kind_, messages_, std::move(*document));
+}
+
+void StockDocumentDialog::LetUse(Database& database, const DocumentKind& kind, const Messages& messages,
+                                 StockDocument document) {
+  DocumentWindow window(database, kind, messages, std::move(document), QApplication::activeWindow());
   window.exec();
 }
 

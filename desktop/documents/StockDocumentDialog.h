@@ -4,7 +4,7 @@
 #include <string>
 
 #include "control/services/Messages.h"
-#include "desktop/documents/DocumentKind.h"
+#include "desktop/documents/StockDocument.h"
 #include "platform/Components.h"
 #include "platform/Database.h"
 
@@ -25,6 +25,11 @@ class StockDocumentDialog : public DocumentComponent {
   /// Returns when the window was closed; says so when there is no such document. Throws DatabaseError when it
   /// cannot be read; failures after that are told in the window.
   void View(std::int32_t id) override;
+
+ protected:
+  /// Shows a document that exists, and returns when the person is done with it.
+  virtual void LetUse(Database& database, const DocumentKind& kind, const Messages& messages,
+                      StockDocument document);
 
  private:
   const DocumentKind& kind_;

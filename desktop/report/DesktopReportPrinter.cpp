@@ -8,14 +8,20 @@
 #include "desktop/report/ReportPreview.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
+#include "reports/BuiltInReports.h"
 
 namespace koru {
 namespace {
 
 constexpr const char* kTitle = "مشاهده گزارش";
 
-std::string ReadFile(const std::string& path) {
+/// The report file. The reports that come with the program need no file: one at their place is somebody's own
+/// version of them.
+std::string ReadReport(const std::string& path) {
   QFile file(ToQt(path));
+  if (const std::string_view builtIn = FindBuiltInReport(path); !file.exists() && !builtIn.empty()) {
+    return std::string(builtIn);
+  }
   if (!file.open(QIODevice::ReadOnly))
     RefuseReport(path, 0, "پرونده خوانده نشد (" + FromQt(file.errorString()) + ")");
   return file.readAll().toStdString();
@@ -44,7 +50,7 @@ QWidget* WindowBelow() {
 }  // namespace
 
 std::unique_ptr<ReportDocument> DesktopReportPrinter::Prepare() const {
-  ReportTemplate report = ParseReportTemplate(ReadFile(fileName_), fileName_);
+  ReportTemplate report = ParseReportTemplate(ReadReport(fileName_), fileName_);
   ReportFormulas formulas;
   for (const auto& [number, formula] : formulas_) AddFormula(formula, formulas);
   // The query came ready from the component, which has checked what was typed into it.

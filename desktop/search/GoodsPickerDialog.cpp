@@ -1,7 +1,7 @@
 #include "desktop/search/GoodsPickerDialog.h"
 
 #include <QApplication>
-#include <optional>
+#include <utility>
 
 #include "control/services/FixQuote.h"
 #include "desktop/search/GoodsPickerWindow.h"
@@ -17,10 +17,16 @@ void GoodsPickerDialog::SetConnectionString(const std::string& connectionString)
 void GoodsPickerDialog::Show() {
   if (!database_) database_ = databases_.Connect(connectionString_);
   GoodsFinder finder(*database_);
-  const OfferedStore store{store_, finder.StoreName(store_)};
-  GoodsPickerWindow window(finder, store, several_ ? std::optional(picked_) : std::nullopt,
+  auto picked = LetPick(finder, store_, several_ ? std::optional(picked_) : std::nullopt);
+  if (picked) picked_ = std::move(*picked);
+}
+
+std::optional<std::vector<PickedGood>> GoodsPickerDialog::LetPick(
+    GoodsFinder& finder, std::int32_t store, std::optional<std::vector<PickedGood>> basket) {
+  GoodsPickerWindow window(finder, {store, finder.StoreName(store)}, std::move(basket),
                            QApplication::activeWindow());
-  if (window.exec() == QDialog::Accepted) picked_ = window.Picked();
+  if (window.exec() != QDialog::Accepted) return std::nullopt;
+  return window.Picked();
 }
 
 std::string GoodsPickerDialog::List() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "desktop/search/GoodsFinder.h"
@@ -26,6 +27,12 @@ class GoodsPickerDialog : public GoodsPicker {
   [[nodiscard]] std::string Name() const override { return One().name; }
   [[nodiscard]] std::string Barcode() const override { return One().barcode; }
   [[nodiscard]] std::string Code() const override { return One().code; }
+
+ protected:
+  /// Lets the person pick among the goods of `store`. `basket` is what had been picked before; without one,
+  /// one good is picked. What is picked now, or nothing when the person gave up.
+  virtual std::optional<std::vector<PickedGood>> LetPick(GoodsFinder& finder, std::int32_t store,
+                                                         std::optional<std::vector<PickedGood>> basket);
 
  private:
   [[nodiscard]] PickedGood One() const { return picked_.size() == 1 ? picked_.front() : PickedGood(); }

@@ -1,16 +1,14 @@
 #include "host/play/DesktopStage.h"
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
-#include <QLabel>
-#include <QPlainTextEdit>
 #include <QTimer>
 #include <algorithm>
 
 #include "desktop/QtText.h"
 #include "host/Windows.h"
+#include "host/play/DialogGestures.h"
 #include "host/play/Gestures.h"
 #include "host/play/StepKind.h"
 #include "host/play/WidgetGestures.h"
@@ -87,29 +85,9 @@ void DesktopStage::UseWhatIsModal() {
   if (Form* const form = screen_.ModalFormOf(*modal)) {
     person_.UseModalForm(*form);
   } else {
-    AnswerDialog(*modal);
+    UseDialog(*modal, person_, [this](const std::function<void()>& action) { Run(action); });
   }
   used_.pop_back();
-}
-
-void DesktopStage::AnswerDialog(QWidget& dialog) {
-  const auto* const text = dialog.findChild<QLabel*>(QStringLiteral("message"));
-  const auto* const detail = dialog.findChild<QPlainTextEdit*>(QStringLiteral("detail"));
-  auto* const yes = dialog.findChild<QAbstractButton*>(QStringLiteral("yes"));
-  ShownMessage message;
-  message.title = FromQt(dialog.windowTitle());
-  if (text != nullptr) message.text = FromQt(text->text());
-  if (detail != nullptr) message.text += "\n" + FromQt(detail->toPlainText());
-  message.type = yes == nullptr ? 0 : 1;
-  const Answer answer = person_.AnswerMessage(message);
-  auto* button = dialog.findChild<QAbstractButton*>(QStringLiteral("ok"));
-  if (yes != nullptr)
-    button = answer == Answer::Yes ? yes : dialog.findChild<QAbstractButton*>(QStringLiteral("no"));
-  if (button == nullptr || answer == Answer::Closed) {
-    dialog.close();
-  } else {
-    ClickOn(*button);
-  }
 }
 
 bool DesktopStage::eventFilter(QObject* object, QEvent* event) {

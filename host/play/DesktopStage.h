@@ -70,7 +70,6 @@ class DesktopStage : public QObject, public Stage {
   template <class Action>
   bool With(QWidget* widget, const Action& action);
   void UseWhatIsModal();
-  void AnswerDialog(QWidget& dialog);
   void Settle();
 
   Person& person_;

@@ -3,28 +3,10 @@
 #include <memory>
 #include <utility>
 
+#include "host/play/PlayedComponents.h"
+
 namespace koru {
 namespace {
-
-/// The message component without a dialog: the person answers at once.
-class AnsweredMessage : public MessageComponent {
- public:
-  explicit AnsweredMessage(Person& person) : person_(person) {}
-
-  void SetFormTitle(const std::string& title) override { message_.title = title; }
-  void SetFormMessage(const std::string& message) override { message_.text = message; }
-  void SetFormType(int type) override { message_.type = type; }
-  void SetFormBackColor(std::uint32_t) override {}
-  void SetBtmBackColor(std::uint32_t) override {}
-  void SetFrameBackColor(std::uint32_t) override {}
-  void ClearShow() override { result_ = static_cast<int>(person_.AnswerMessage(message_)); }
-  [[nodiscard]] int Resualt() const override { return result_; }
-
- private:
-  Person& person_;
-  ShownMessage message_;
-  int result_ = static_cast<int>(Answer::Closed);
-};
 
 /// A person who turns to another control leaves the grid first.
 void LeaveGridFor(const Control& control) {
@@ -36,7 +18,18 @@ void LeaveGridFor(const Control& control) {
 
 void FormStage::RegisterComponents(ComponentRegistry& components) {
   components.Register(std::string(MessageComponent::kClassName),
-                      [this] { return std::make_unique<AnsweredMessage>(person_); });
+                      [this] { return std::make_unique<PlayedMessage>(person_); });
+  components.Register(std::string(GoodsPicker::kClassName),
+                      [this] { return std::make_unique<PlayedPicker>(databases_, person_); });
+  components.Register(std::string(ReportPrinter::kClassName),
+                      [this] { return std::make_unique<PlayedPrinter>(person_); });
+  const auto addDocument = [&](std::string_view className, const DocumentKind& kind) {
+    components.Register(std::string(className), [this, &components, &kind] {
+      return std::make_unique<PlayedDocument>(kind, databases_, components, person_);
+    });
+  };
+  addDocument(DocumentComponent::kReceiptClassName, ReceiptKind());
+  addDocument(DocumentComponent::kDispatchClassName, DispatchKind());
 }
 
 void FormStage::Show(Form& form, bool modal) {

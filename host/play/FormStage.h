@@ -1,14 +1,15 @@
 #pragma once
 
 #include "host/play/Stage.h"
+#include "platform/Database.h"
 
 namespace koru {
 
 /// Plays on the forms alone: each operation is the control's own, and there is no window.
 class FormStage : public Stage, private Screen {
  public:
-  /// `person` must outlive the stage.
-  explicit FormStage(Person& person) : person_(person) {}
+  /// Both must outlive the stage.
+  FormStage(Person& person, DatabaseConnector& databases) : person_(person), databases_(databases) {}
 
   [[nodiscard]] Screen& TheScreen() override { return *this; }
   void RegisterComponents(ComponentRegistry& components) override;
@@ -41,6 +42,7 @@ class FormStage : public Stage, private Screen {
   void Show(Form& form, bool modal) override;
 
   Person& person_;
+  DatabaseConnector& databases_;
   Pointer pointer_ = Pointer::Normal;
 };
 

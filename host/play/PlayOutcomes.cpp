@@ -1,7 +1,10 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <string_view>
 
+#include "adapters/xlsx/PackedFile.h"
 #include "host/play/ControlWords.h"
 #include "host/play/StepKind.h"
 #include "host/play/StoryWorld.h"
@@ -90,6 +93,35 @@ void ExpectStatements(StoryWorld& world, const StoryStep& step) {
   RowsMustBe(step.rows, found, "statement");
 }
 
+/// The rows of a workbook's sheet without the header.
+std::size_t RowsOfWorkbook(const std::filesystem::path& file) {
+  std::string sheet;
+  const bool whole = ReadPackedFile(file.string(), [&](std::string_view part, std::string_view piece) {
+    if (part == "xl/worksheets/sheet1.xml") sheet += piece;
+  });
+  if (!whole) throw StoryFailure("the workbook is not whole");
+  constexpr std::string_view kRow = "<row ";
+  std::size_t rows = 0;
+  for (std::size_t at = sheet.find(kRow); at != std::string::npos; at = sheet.find(kRow, at + 1)) ++rows;
+  return rows == 0 ? 0 : rows - 1;
+}
+
+void ExpectWorkbooks(StoryWorld& world, const StoryStep& step) {
+  std::vector<std::filesystem::path> files;
+  if (std::filesystem::exists(world.Workbooks())) {
+    for (const auto& entry : std::filesystem::directory_iterator(world.Workbooks()))
+      files.push_back(entry.path());
+  }
+  std::sort(files.begin(), files.end());  // they are numbered in the order in which they were made
+  std::string found;
+  for (const auto& file : files) found += " " + std::to_string(RowsOfWorkbook(file));
+  std::string expected;
+  for (std::size_t i = 2; i < step.words.size() && step.Text(2) != "none"; ++i)
+    expected += " " + step.Text(i);
+  MustBe("rows of the workbooks", expected.empty() ? "none" : expected.substr(1),
+         found.empty() ? "none" : found.substr(1));
+}
+
 constexpr StepKind kKinds[] = {
     {"expect focus NAME", ExpectFocus},
     {"expect title TEXT", ExpectTitle},
@@ -98,6 +130,8 @@ constexpr StepKind kKinds[] = {
     {"expect result true|false", ExpectResult},
     {"expect mode NUMBER", ExpectMode},
     {"expect pointer normal|hourglass", ExpectPointer},
+    {"expect workbooks NUMBER...", ExpectWorkbooks},
+    {"expect workbooks none", ExpectWorkbooks},
     {"expect sql TEXT ROWS", ExpectSql},
     {"expect statements ROWS", ExpectStatements},
 };

@@ -15,6 +15,14 @@ void PlayNoMessage(StoryWorld&, const StoryStep& step) {
                      QuotedForStory(step.Text(2)) + ", and none is shown");
 }
 
+void PlayNoPicker(StoryWorld&, const StoryStep&) {
+  throw StoryFailure("expected the goods picker, and it is not shown");
+}
+
+void PlayNoDocument(StoryWorld&, const StoryStep& step) {
+  throw StoryFailure("expected the " + step.Text(1) + " " + step.Text(2) + ", and it is not shown");
+}
+
 void PlayError(StoryWorld& world, const StoryStep& step) {
   if (world.hostError.empty()) throw StoryFailure("expected an error, and there was none");
   const std::string error = std::exchange(world.hostError, {});
@@ -28,6 +36,9 @@ void PlayError(StoryWorld& world, const StoryStep& step) {
 constexpr StepKind kAnswerSteps[] = {
     {"message TEXT TEXT", PlayNoMessage},
     {"question TEXT TEXT yes|no|close", PlayNoMessage},
+    {"picked TEXT...", PlayNoPicker},
+    {"picked nothing", PlayNoPicker},
+    {"document receipt|dispatch NUMBER view|register", PlayNoDocument},
     {"error TEXT", PlayError},
 };
 
@@ -100,27 +111,31 @@ bool Player::NextLooksOnly() const {
   return word == "expect" || word == "picture";
 }
 
+const StoryStep* Player::TakeAnswer(const std::string& shown, std::initializer_list<std::string_view> words) {
+  const std::size_t cause = current_;
+  while (GoesOn() && NextLooksOnly()) PlayNext();
+  if (!failure_.empty()) return nullptr;
+  const StoryStep* const step = GoesOn() ? &story_.steps[next_] : nullptr;
+  if (step == nullptr || std::find(words.begin(), words.end(), step->Text(0)) == words.end()) {
+    current_ = cause;
+    Fail(shown + " is shown that the story does not expect");
+    return nullptr;
+  }
+  current_ = next_++;
+  return step;
+}
+
 Answer Player::AnswerMessage(const ShownMessage& message) {
   const ShownMessage* const outer = std::exchange(open_, &message);
-  const std::size_t cause = current_;
-  Answer answer = Answer::Closed;
-  while (GoesOn() && NextLooksOnly()) PlayNext();
-  if (failure_.empty()) {
-    current_ = cause;
-    answer = Compare(message);
-  }
+  const Answer answer = Compare(message);
   open_ = outer;
   return answer;
 }
 
 Answer Player::Compare(const ShownMessage& message) {
   const std::string kind = message.type == 0 ? "message" : "question";
-  const StoryStep* const step = GoesOn() ? &story_.steps[next_] : nullptr;
-  if (step == nullptr || (step->Text(0) != "message" && step->Text(0) != "question")) {
-    Fail("a " + kind + " is shown that the story does not expect");
-    return Answer::Closed;
-  }
-  current_ = next_++;
+  const StoryStep* const step = TakeAnswer("a " + kind, {"message", "question"});
+  if (step == nullptr) return Answer::Closed;
   if (step->Text(0) != kind || step->Text(1) != message.title || step->Text(2) != message.text) {
     Fail("another " + kind + " is shown than the story expects");
     return Answer::Closed;
@@ -128,6 +143,30 @@ Answer Player::Compare(const ShownMessage& message) {
   if (kind == "message" || step->Text(3) == "yes") return Answer::Yes;
   return step->Text(3) == "no" ? Answer::No : Answer::Closed;
 }
+
+std::vector<std::string> Player::PickGoods() {
+  const StoryStep* const step = TakeAnswer("a goods picker", {"picked"});
+  std::vector<std::string> barcodes;
+  if (step == nullptr || !step->words[1].quoted) return barcodes;
+  for (std::size_t i = 1; i < step->words.size(); ++i) barcodes.push_back(step->Text(i));
+  return barcodes;
+}
+
+DocumentUse Player::UseDocument(const ShownDocument& document) {
+  const std::string shown = document.kind + " " + std::to_string(document.id);
+  const StoryStep* const step = TakeAnswer("a document, the " + shown + ",", {"document"});
+  if (step == nullptr) return DocumentUse::View;
+  if (step->Text(1) != document.kind || step->Number(2) != document.id) {
+    Fail("another document is shown than the story expects: the " + shown);
+  } else if (step->Text(3) == "register" && document.registered) {
+    CannotDo("register the " + shown + ": it is registered already");
+  } else if (step->Text(3) == "register") {
+    return DocumentUse::Register;
+  }
+  return DocumentUse::View;
+}
+
+void Player::CannotDo(const std::string& what) { Fail("a person cannot " + what); }
 
 void Player::UseModalForm(Form& form) {
   while (GoesOn() && form.Visible()) PlayNext();

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -32,12 +33,18 @@ class Player : private Person {
  private:
   Answer AnswerMessage(const ShownMessage& message) override;
   void UseModalForm(Form& form) override;
+  std::vector<std::string> PickGoods() override;
+  DocumentUse UseDocument(const ShownDocument& document) override;
+  void CannotDo(const std::string& what) override;
 
   [[nodiscard]] bool GoesOn() const { return failure_.empty() && next_ < story_.steps.size(); }
   [[nodiscard]] bool NextLooksOnly() const;
   void PlayNext();
   void Run(const StoryStep& step);
   void CheckError(const StoryStep* step);
+  /// Plays the steps that only look, then takes the one that answers what is shown: its first word is one of
+  /// `words`. nullptr when the story has another one there, or has failed.
+  const StoryStep* TakeAnswer(const std::string& shown, std::initializer_list<std::string_view> words);
   Answer Compare(const ShownMessage& message);
   void Fail(const std::string& what);
 

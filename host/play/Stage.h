@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Button.h"
 #include "platform/CheckBox.h"
@@ -30,6 +31,16 @@ struct ShownMessage {
 /// The answers of a person; the numbers are those of the message component.
 enum class Answer : int { Closed = -1, No = 0, Yes = 1 };
 
+/// A receipt or dispatch as it stands before a person.
+struct ShownDocument {
+  std::string kind;  ///< `receipt` or `dispatch`, as a story writes it
+  std::int32_t id = 0;
+  bool registered = false;  ///< it has its number, and cannot be registered again
+};
+
+/// What a person does with a document before they close it.
+enum class DocumentUse { View, Register };
+
 /// The person whom a stage lets work: answers what is asked, and uses what is shown.
 class Person {
  public:
@@ -38,6 +49,13 @@ class Person {
   virtual Answer AnswerMessage(const ShownMessage& message) = 0;
   /// Works with a form that was shown modally; afterwards the form is no longer visible.
   virtual void UseModalForm(Form& form) = 0;
+  /// Looks at the goods picker: the barcodes of all goods that shall be picked when it is left; none: the
+  /// person gives up.
+  virtual std::vector<std::string> PickGoods() = 0;
+  /// Reads a document. A registration that asks first is answered by AnswerMessage.
+  virtual DocumentUse UseDocument(const ShownDocument& document) = 0;
+  /// What the person wanted cannot be done here, and why, as in `pick "100": the picker does not offer it`.
+  virtual void CannotDo(const std::string& what) = 0;
 };
 
 /// Where a story is played: on the forms alone, or on their windows. Each operation does what a person would

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -44,6 +45,8 @@ class StoryWorld : private ControlHost {
   void MakeDatabase(Contents contents);
   /// The story's own connection to its database, for rows that it sets up or looks at.
   [[nodiscard]] SqliteConnection& Sql();
+  /// Where the workbooks of the story go; not there before the first one.
+  [[nodiscard]] std::filesystem::path Workbooks() const { return folder_.Path() / "workbooks"; }
 
   /// A form that is loaded, by name; nullptr when there is none.
   [[nodiscard]] Form* FindForm(std::string_view name) const;
@@ -64,7 +67,7 @@ class StoryWorld : private ControlHost {
   StatementLog log{databases_};
   StoryClock clock;
   /// Workbooks stay in the story's folder; nobody opens them.
-  XlsxStarter spreadsheets{{(folder_.Path() / "workbooks").string(), {}, {}}, clock};
+  XlsxStarter spreadsheets{{Workbooks().string(), {}, {}}, clock};
   const std::unique_ptr<Stage> stage;
   WatchedScreen screen;
   comInvCounting counting;

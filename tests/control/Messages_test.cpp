@@ -17,6 +17,7 @@ struct Told {
   std::vector<std::string> calls;
   int resualt = 1;
   bool fails = false;
+  bool colorFails = false;
 };
 
 class ToldComponent : public MessageComponent {
@@ -25,7 +26,10 @@ class ToldComponent : public MessageComponent {
   void SetFormTitle(const std::string& title) override { Add("FormTitle " + title); }
   void SetFormMessage(const std::string& message) override { Add("FormMessage " + message); }
   void SetFormType(int type) override { Add("FormType " + std::to_string(type)); }
-  void SetFormBackColor(std::uint32_t color) override { Add("FormBackColor " + std::to_string(color)); }
+  void SetFormBackColor(std::uint32_t color) override {
+    if (told_.colorFails) throw std::runtime_error("no such colour");
+    Add("FormBackColor " + std::to_string(color));
+  }
   void SetBtmBackColor(std::uint32_t color) override { Add("BtmBackColor " + std::to_string(color)); }
   void SetFrameBackColor(std::uint32_t color) override { Add("FrameBackColor " + std::to_string(color)); }
   void ClearShow() override {
@@ -78,6 +82,12 @@ TEST_F(MessagesTest, A_message_that_cannot_be_shown_fails_nothing_else) {
   told.fails = true;
   EXPECT_NO_THROW(messages.ShowMessage("خطا", "متن"));
   EXPECT_EQ(messages.AskQuestion("هشدار", "؟"), 0);
+}
+
+TEST_F(MessagesTest, A_colour_that_cannot_be_set_does_not_keep_the_question_from_being_asked) {
+  told.colorFails = true;
+  EXPECT_EQ(messages.AskQuestion("هشدار", "؟"), 6);
+  EXPECT_EQ(told.calls.back(), "ClearShow");
 }
 
 TEST_F(MessagesTest, A_database_failure_is_told_in_persian_with_the_servers_text_under_it) {

@@ -33,6 +33,11 @@ TEST(GridSort, Numbers_are_ordered_as_numbers_and_before_texts) {
             (std::vector<std::string>{"-2.5", "2", "9", "9.0", "10", "1E+15", "", "abc"}));
 }
 
+TEST(GridSort, Names_that_a_computer_reads_as_numbers_are_texts) {
+  EXPECT_EQ(Sorted({"10", "NaN", "2", "inf", "abc", "-Infinity"}, SortMode::GenericAscending),
+            (std::vector<std::string>{"2", "10", "-Infinity", "abc", "inf", "NaN"}));
+}
+
 TEST(GridSort, Persian_texts_are_in_the_alphabets_order_whatever_the_keyboard) {
   EXPECT_EQ(Sorted({"گردو", "كره", "پنير", "بادام", "کره"}, SortMode::GenericAscending),
             (std::vector<std::string>{"بادام", "پنير", "كره", "کره", "گردو"}));

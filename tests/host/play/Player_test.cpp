@@ -12,8 +12,8 @@ namespace {
 /// Plays a story on the forms; "" when it passed.
 std::string Play(const std::string& text) {
   const Story story = ParseStory(text, "s.story", Player::Patterns());
-  const auto stage = [](Person& person, DatabaseConnector&) -> std::unique_ptr<Stage> {
-    return std::make_unique<FormStage>(person);
+  const auto stage = [](Person& person, DatabaseConnector& databases) -> std::unique_ptr<Stage> {
+    return std::make_unique<FormStage>(person, databases);
   };
   return Player(story, stage).Play();
 }
@@ -112,6 +112,65 @@ TEST(Playing, The_statements_are_compared_whole_and_in_order) {
   EXPECT_EQ(Play(kCompany + kRights + "clearshow\nforget statements\nexpect statements\n"), "");
   EXPECT_EQ(Play(kCompany + kRights + "clearshow\nforget statements\nexpect statements\n| \"select 1\"\n"),
             "s.story:9: statement 1: expected | \"select 1\", found no more");
+}
+
+/// A counting whose receipt 7 is temporary and whose dispatch 9 is registered, and two goods.
+const std::string kStock =
+    kCompany + kRights +
+    "sql \"insert into tblInventoryReceipt(ID,InventoryID) values(7,1)\"\n"
+    "sql \"insert into tblInventoryDispatch(ID,InventoryID,Code) values(9,1,3)\"\n"
+    "sql \"insert into tblInventoryCounting(ID,InventoryID,CreatorID,ReceiptID,DispatchID) "
+    "values(5,1,1,7,9)\"\n"
+    "sql \"insert into tblGood(Barcode,Code,Name) values('100','A','Rope'),('200','B','Lamp')\"\n"
+    "view 5\n";
+/// Into the goods search of that store.
+const std::string kSearch = "click cmdNew\npick gmpInventory 1\nclick cmdGoods\n";
+
+TEST(Playing, A_document_is_closed_again_or_registered_after_its_question) {
+  const std::string code = "expect sql \"select Code from tblInventoryReceipt\"\n";
+  const std::string question = "question \"هشدار\" \"آيا از ثبت نهايي رسيد انبار اطمينان داريد؟\" ";
+  EXPECT_EQ(Play(kStock + "click cmdInvReceipt\ndocument receipt 7 view\n" + code + "| NULL\n"), "");
+  const std::string registered = kStock + "click cmdInvReceipt\ndocument receipt 7 register\n" + question;
+  EXPECT_EQ(Play(registered + "yes\n" + code + "| 1\n"), "");
+  EXPECT_EQ(Play(registered + "no\n" + code + "| NULL\n"), "");
+}
+
+TEST(Playing, A_document_that_is_another_or_none_or_registered_already_fails_the_story) {
+  EXPECT_EQ(Play(kStock + "click cmdInvReceipt\ndocument dispatch 7 view\n"),
+            "s.story:13: another document is shown than the story expects: the receipt 7");
+  EXPECT_EQ(Play(kStock + "click cmdInvReceipt\nexpect mode 0\n"),
+            "s.story:12: a document, the receipt 7, is shown that the story does not expect");
+  EXPECT_EQ(Play(kStock + "document receipt 7 view\n"),
+            "s.story:12: expected the receipt 7, and it is not shown");
+  EXPECT_EQ(Play(kStock + "click cmdInvExit\ndocument dispatch 9 register\n"),
+            "s.story:13: a person cannot register the dispatch 9: it is registered already");
+  EXPECT_EQ(
+      Play(kStock + "click cmdInvReceipt\ndocument receipt 7 register\nexpect mode 0\n"),
+      "s.story:13: a question is shown that the story does not expect; on the screen stands the question "
+      "\"هشدار\" \"آيا از ثبت نهايي رسيد انبار اطمينان داريد؟\"");
+}
+
+TEST(Playing, Goods_are_picked_in_the_picker_or_not) {
+  const std::string moved =
+      "sql \"insert into tblInventoryReceiptDetail(ReceiptID,Barcode) values(7,'100')\"\n";
+  EXPECT_EQ(Play(kStock + moved + kSearch + "key txtTitle F3\npicked \"100\"\nexpect txtTitle \"Rope\"\n"),
+            "");
+  EXPECT_EQ(Play(kStock + moved + kSearch + "key txtTitle F3\npicked nothing\nexpect txtTitle \"\"\n"), "");
+  EXPECT_EQ(Play(kStock + moved + kSearch + "key txtTitle F3\npicked \"200\"\n"),
+            "s.story:17: a person cannot pick \"200\": the goods picker does not offer it");
+  EXPECT_EQ(Play(kStock + moved + kSearch + "key txtTitle F3\nclick cmdExit\n"),
+            "s.story:16: a goods picker is shown that the story does not expect");
+  EXPECT_EQ(Play(kStock + "picked \"100\"\n"), "s.story:12: expected the goods picker, and it is not shown");
+}
+
+TEST(Playing, Workbooks_are_compared_by_number_and_rows) {
+  const std::string exported = "database sample\nuser 1\nview 17\nclick cmdExcel\nexpect workbooks ";
+  EXPECT_EQ(Play(exported + "6\n"), "");
+  EXPECT_EQ(Play(exported + "7\n"), "s.story:5: rows of the workbooks: expected 7, found 6");
+  EXPECT_EQ(Play(exported + "6 6\n"), "s.story:5: rows of the workbooks: expected 6 6, found 6");
+  EXPECT_EQ(Play(exported + "none\n"), "s.story:5: rows of the workbooks: expected none, found 6");
+  EXPECT_EQ(Play("database sample\nuser 1\nexpect workbooks 6\n"),
+            "s.story:3: rows of the workbooks: expected 6, found none");
 }
 
 TEST(Playing, A_story_without_a_database_is_told_so) {

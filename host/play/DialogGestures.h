@@ -1,0 +1,15 @@
+#pragma once
+
+#include <functional>
+
+#include "host/play/Stage.h"
+
+class QWidget;
+
+namespace koru {
+
+/// Lets the person use a dialog of the suite that is shown modally, and leave it: the goods picker, a receipt
+/// or dispatch, or else a message. `run` does a gesture that may show another dialog (see Stage::Run).
+void UseDialog(QWidget& dialog, Person& person, const std::function<void(const std::function<void()>&)>& run);
+
+}  // namespace koru

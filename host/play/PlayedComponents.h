@@ -1,0 +1,80 @@
+#pragma once
+
+#include "desktop/documents/StockDocumentDialog.h"
+#include "desktop/search/GoodsPickerDialog.h"
+#include "host/play/Stage.h"
+#include "platform/ReportPrinter.h"
+
+namespace koru {
+
+// The suite's components without their windows: a person does at once what they would do in the window.
+
+/// The message component: the person answers.
+class PlayedMessage : public MessageComponent {
+ public:
+  /// `person` must outlive it.
+  explicit PlayedMessage(Person& person) : person_(person) {}
+
+  void SetFormTitle(const std::string& title) override { message_.title = title; }
+  void SetFormMessage(const std::string& message) override { message_.text = message; }
+  void SetFormType(int type) override { message_.type = type; }
+  void SetFormBackColor(std::uint32_t) override {}
+  void SetBtmBackColor(std::uint32_t) override {}
+  void SetFrameBackColor(std::uint32_t) override {}
+  void ClearShow() override { result_ = static_cast<int>(person_.AnswerMessage(message_)); }
+  [[nodiscard]] int Resualt() const override { return result_; }
+
+ private:
+  Person& person_;
+  ShownMessage message_;
+  int result_ = static_cast<int>(Answer::Closed);
+};
+
+/// The goods picker: the person picks among the goods that it offers.
+class PlayedPicker : public GoodsPickerDialog {
+ public:
+  /// Both must outlive it.
+  PlayedPicker(DatabaseConnector& databases, Person& person)
+      : GoodsPickerDialog(databases), person_(person) {}
+
+ protected:
+  std::optional<std::vector<PickedGood>> LetPick(GoodsFinder& finder, std::int32_t store,
+                                                 std::optional<std::vector<PickedGood>> basket) override;
+
+ private:
+  Person& person_;
+};
+
+/// A receipt or dispatch: the person reads it, and perhaps registers it.
+class PlayedDocument : public StockDocumentDialog {
+ public:
+  /// All four must outlive it; see StockDocumentDialog.
+  PlayedDocument(const DocumentKind& kind, DatabaseConnector& databases, const ComponentRegistry& components,
+                 Person& person)
+      : StockDocumentDialog(kind, databases, components), person_(person) {}
+
+ protected:
+  void LetUse(Database& database, const DocumentKind& kind, const Messages& messages,
+              StockDocument document) override;
+
+ private:
+  Person& person_;
+};
+
+/// The report printer. Reports are there to be looked at, so without a window none can be shown.
+class PlayedPrinter : public ReportPrinter {
+ public:
+  /// `person` must outlive it.
+  explicit PlayedPrinter(Person& person) : person_(person) {}
+
+  void SetReportFileName(const std::string&) override {}
+  void SetConnectionString(const std::string&) override {}
+  void SetSQLQuery(const std::string&) override {}
+  void SetFormula(int, const std::string&) override {}
+  void Show() override { person_.CannotDo("look at a report: there is no window"); }
+
+ private:
+  Person& person_;
+};
+
+}  // namespace koru

@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include "tests/counting/CountingWorld.h"
+
+namespace koru::test {
+namespace {
+
+using FailedRegistration = CountingWorld;
+using Answer = FakeMessages::Answer;
+
+/// What a person does after a registration that failed: one that has got its number is returned first, for
+/// only then the form offers it for registration again.
+TEST_F(FailedRegistration, At_any_statement_can_be_completed_by_the_person_and_numbers_stay_1_to_n) {
+  ViewAndEdit(10);
+  Form().Timer1.Fire();
+  NewStatements();
+  Click(Form().cmdIsFinalized);
+  const auto statements = static_cast<int>(NewStatements().size());
+  ASSERT_GT(statements, 15);
+  for (int n = 1; n <= statements; ++n) {
+    SCOPED_TRACE(n);
+    Form().Timer1.Fire();
+    messages.WillAnswer(Answer::Yes);
+    Click(Form().cmdFunc);
+    Form().Timer1.Fire();
+    Click(Form().cmdEdit);
+    Form().Timer1.Fire();
+    NewMessages();
+
+    failing.Plan().FailAt(n);
+    Click(Form().cmdIsFinalized);
+    EXPECT_EQ(NewMessages(),
+              Texts{"عمليات به دليل خطاي پايگاه داده انجام نشد.\nThe server is shutting down."});
+    failing.Plan().FailAt(0);
+    Form().Timer1.Fire();
+    if (Form().cmdFunc.Enabled()) {
+      messages.WillAnswer(Answer::Yes);
+      Click(Form().cmdFunc);
+      Form().Timer1.Fire();
+      Click(Form().cmdEdit);
+      Form().Timer1.Fire();
+    }
+    Click(Form().cmdIsFinalized);
+    EXPECT_EQ(
+        database.Scalar(
+            "select group_concat(Code) from (select Code from tblInventoryCounting where Code is not null "
+            "order by Code)"),
+        "1,2");
+    EXPECT_EQ(database.Scalar("select count(*) from tblInventoryCountingDetail where CountingID=10"), "2");
+    EXPECT_EQ(database.Scalar("select sum(Qty) from tblInventoryDispatchDetail where DispatchID="
+                              "(select DispatchID from tblInventoryCounting where ID=10)"),
+              "2.5");
+    EXPECT_EQ(database.Scalar("select sum(Qty) from tblInventoryReceiptDetail where ReceiptID="
+                              "(select ReceiptID from tblInventoryCounting where ID=10)"),
+              "3.0");
+  }
+}
+
+}  // namespace
+}  // namespace koru::test
