@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "control/services/Permission.h"
+
 namespace koru {
 
 comInvCounting::comInvCounting(ControlHost& host, const Surroundings& surroundings)
@@ -68,10 +70,7 @@ void comInvCounting::ClearShow() {
   }
   ConnectSelectors(*form_);
   shared_.ShowAsModal = ModalityParameter();
-  if (!shared_.data.spPelinHasPermission(shared_.user.userID, FormPermission::OpenForNew)) {
-    shared_.messages.ShowMessage(sentences::kError, sentences::kNotPermitted);
-    return;
-  }
+  if (!MayDo(shared_, FormPermission::OpenForNew)) return;
   form_->Show(shared_.ShowAsModal);
 }
 

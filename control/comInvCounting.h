@@ -47,7 +47,7 @@ class comInvCounting {
   [[nodiscard]] const std::string& OLEConnectionString() const { return oleConnectionString_; }
   void SetOLEConnectionString(std::string connectionString);
 
-  // Who works: the four are deliberately of different widths, and a wider number is refused when compiling.
+  // Who works: the keys are deliberately of different widths, and a 16-bit one takes no wider number.
   [[nodiscard]] std::int32_t UserID() const { return user_.userID; }
   [[nodiscard]] std::int16_t EmployeeID() const { return user_.employeeID; }
   [[nodiscard]] std::int16_t PositionID() const { return user_.positionID; }

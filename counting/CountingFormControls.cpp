@@ -61,6 +61,8 @@ CountingFormControls::CountingFormControls(Form& form)
   cmdInvReceipt.SetCaption("برگ رسيد");
   cmdExit.SetCaption("خروج");
   mnuRS.SetCaption("بازگشت به حالت موقت");
+  // No mode makes it available: people print the report that cmdView shows.
+  cmdPrint.SetVisible(false);
   for (TextBox* shown : {&txtCode, &txtCreator, &txtTotalBelowValue, &txtTotalAboveValue, &txtTotalValue}) {
     shown->SetLocked(true);
   }

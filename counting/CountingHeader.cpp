@@ -5,11 +5,14 @@ namespace {
 
 std::int32_t KeyOf(const Value& value) { return value.IsNull() ? Selector::kNothing : value.Integer(); }
 
+std::string FullName(const SqlText& statement, dteInvCounting& data) {
+  const Recordset user = data.rssqlcreator.Open(statement);
+  return user.RecordCount() == 0 ? std::string() : user.Field("FullName").Text();
+}
+
 std::string NameOfCreator(const Value& creator, dteInvCounting& data) {
   if (creator.IsNull()) return {};
-  const Recordset user =
-      data.rssqlcreator.Open(SqlText("Select FullName from tblUser where ID=") + creator.Integer());
-  return user.RecordCount() == 0 ? std::string() : user.Field("FullName").Text();
+  return FullName(SqlText("Select FullName from tblUser where ID=") + creator.Integer(), data);
 }
 
 }  // namespace
@@ -18,6 +21,13 @@ bool FillInvCountingData(std::int32_t id, dteInvCounting& data, CountingFormCont
   const Recordset counting =
       data.rssqleditenter.Open(SqlText("Select * from tblInventoryCounting where ID =") + id);
   if (counting.RecordCount() == 0) return false;
+  // All that can fail comes first: the key of one counting over the fields of another would be saved so.
+  const std::string creator = NameOfCreator(counting.Field("CreatorID"), data);
+  const std::int32_t counter1 = KeyOf(counting.Field("CounterEmployeeID1"));
+  const std::int32_t counter2 = KeyOf(counting.Field("CounterEmployeeID2"));
+  const std::int32_t counter3 = KeyOf(counting.Field("CounterEmployeeID3"));
+  const std::int32_t confirmer = KeyOf(counting.Field("CounterConfirmerID"));
+  const std::int32_t store = KeyOf(counting.Field("InventoryID"));
 
   controls.lblIDVal.SetCaption(counting.Field("ID").Text());
   controls.txtGNO.SetText(counting.Field("ManualCode").Text());
@@ -25,13 +35,13 @@ bool FillInvCountingData(std::int32_t id, dteInvCounting& data, CountingFormCont
   controls.gdpReceiveDate.SetValue(counting.Field("CreateDate").AsDate());
   controls.gdpFromDate.SetValue(counting.Field("FromDate").AsDate());
   controls.gdpToDate.SetValue(counting.Field("ToDate").AsDate());
-  controls.mptCounter1.Select(KeyOf(counting.Field("CounterEmployeeID1")));
-  controls.mptCounter2.Select(KeyOf(counting.Field("CounterEmployeeID2")));
-  controls.mptCounter3.Select(KeyOf(counting.Field("CounterEmployeeID3")));
-  controls.mptConfirmer.Select(KeyOf(counting.Field("CounterConfirmerID")));
+  controls.mptCounter1.Select(counter1);
+  controls.mptCounter2.Select(counter2);
+  controls.mptCounter3.Select(counter3);
+  controls.mptConfirmer.Select(confirmer);
   controls.txtNotes.SetText(counting.Field("Notes").Text());
-  controls.txtCreator.SetText(NameOfCreator(counting.Field("CreatorID"), data));
-  controls.gmpInventory.Select(KeyOf(counting.Field("InventoryID")));
+  controls.txtCreator.SetText(creator);
+  controls.gmpInventory.Select(store);
   return true;
 }
 
@@ -52,8 +62,7 @@ void ClearCounting(CountingFormControls& controls) {
 }
 
 std::string SignedInFullName(std::int32_t userID, dteInvCounting& data) {
-  const Recordset user = data.rssqlcreator.Open(SqlText("select FullName from tbluser where ID =") + userID);
-  return user.RecordCount() == 0 ? std::string() : user.Field("FullName").Text();
+  return FullName(SqlText("select FullName from tbluser where ID =") + userID, data);
 }
 
 }  // namespace koru

@@ -3,7 +3,6 @@
 #include "control/services/Permission.h"
 #include "counting/CommandStates.h"
 #include "counting/CountingHeader.h"
-#include "platform/Numbers.h"
 
 namespace koru {
 

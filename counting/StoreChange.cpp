@@ -3,6 +3,15 @@
 namespace koru {
 
 void StoreChange::Run() {
+  try {
+    Test();
+  } catch (...) {
+    gmpInventory_.ClearSelection();  // a store that could not be tested is not kept
+    throw;
+  }
+}
+
+void StoreChange::Test() {
   if (gmpInventory_.NothingSelected()) return;
   if (shared_.user.userID >= 1 && !MayWorkThere()) {
     shared_.messages.ShowMessage(sentences::kError, "كاربر انتخاب شده در اين انبار مجاز به كار نميباشد.");
@@ -38,7 +47,7 @@ void StoreChange::TakeBack() {
   }
   // The default store is a choice like any other: a user who may not work in it does not keep it either.
   gmpInventory_.Select(defaultStore_);
-  Run();
+  Test();
 }
 
 void StoreChange::AskAboutLines() {

@@ -20,10 +20,12 @@ class StoreChange {
               const std::int32_t& defaultStore)
       : shared_(shared), gmpInventory_(gmpInventory), flexDetail_(flexDetail), defaultStore_(defaultStore) {}
 
-  /// To be called when the selection of gmpInventory has changed.
+  /// To be called when the selection of gmpInventory has changed. Throws DatabaseError, and no store is
+  /// selected then.
   void Run();
 
  private:
+  void Test();
   [[nodiscard]] bool MayWorkThere();
   [[nodiscard]] bool HasChildren();
   void TakeBack();

@@ -62,8 +62,7 @@ void frmInvCounting::SetUpStores() {
 void frmInvCounting::ShowInvSearch() {
   if (!MayDo(shared_, FormPermission::Search)) return;
   if (!invSearch_) {
-    invSearch_ =
-        std::make_unique<frmInvSearch>(shared_, [this](std::int32_t id) { return ViewInvCounting(id); });
+    invSearch_ = std::make_unique<frmInvSearch>(shared_, [this](std::int32_t id) { return OpenFound(id); });
   }
   invSearch_->Load();
   invSearch_->Show(true);
@@ -85,7 +84,15 @@ bool frmInvCounting::ViewInvCounting(std::int32_t id) {
   if (!FillInvCountingData(id)) return false;
   shared_.DocMode = DocumentMode::Viewing;
   disablelockcomponent();
-  FillInvCounterDetailData(id);
+  try {
+    FillInvCounterDetailData(id);
+  } catch (...) {
+    // Some of the lines, or those of the counting before, would be all that the next save leaves of it.
+    Clear();
+    shared_.DocMode = DocumentMode::Empty;
+    disablelockcomponent();
+    throw;
+  }
   return true;
 }
 
@@ -116,7 +123,7 @@ void frmInvCounting::ConnectEvents() {
   cmdEdit.Click.Always([this] { commands_.Edit(); });
   cmdDelete.Click.Always([this] { commands_.Delete(); });
   cmdDeleteAll.Click.Always([this] { commands_.DeleteAll(); });
-  cmdCancel.Click.Always([this] { commands_.Cancel(); });
+  cmdCancel.Click.Always([this] { RunLast([this] { commands_.Cancel(); }); });
   cmdExit.Click.Always([this] { Exit(); });
   cmdSearch.Click.Always([this] { ShowInvSearch(); });
   cmdGoods.Click.Always([this] { addGoods_.Run(); });
@@ -125,10 +132,10 @@ void frmInvCounting::ConnectEvents() {
   cmdInvExit.Click.Always([this] { linkedDocuments_.OpenDispatch(); });
   cmdInvReceipt.Click.Always([this] { linkedDocuments_.OpenReceipt(); });
   cmdCalc.Click.Always([this] { quantity_.CalculateAllLines(); });
-  cmdTmpSave.Click.Always([this] { temporarySave_.Run(); });
-  cmdIsFinalized.Click.Always([this] { finalRegistration_.Run(); });
+  cmdTmpSave.Click.Always([this] { Save([this] { temporarySave_.Run(); }); });
+  cmdIsFinalized.Click.Always([this] { Save([this] { finalRegistration_.Run(); }); });
   mnuRS.Click.Always([this] { returnToTemporary_.Run(); });
-  cmdFunc.Click.Always([this] { returnToTemporary_.Run(); });
+  cmdFunc.Click.Always([this] { mnuRS.Click.Raise(); });
   gmpInventory.SelectionChanged.Always([this] { storeChange_.Run(); });
   gdpCreateDate.ValueChanged.Always([this] {
     if (gdpCreateDate.IsEmpty()) gdpCreateDate.SetValue(shared_.surroundings.clock.Today());
@@ -137,11 +144,42 @@ void frmInvCounting::ConnectEvents() {
 }
 
 void frmInvCounting::Exit() {
-  if (shared_.DocMode == DocumentMode::Editing || shared_.DocMode == DocumentMode::New) {
-    commands_.Cancel();
+  if (IsBeingEntered()) {
+    RunLast([this] { commands_.Cancel(); });
     return;
   }
   Unload();
+}
+
+bool frmInvCounting::IsBeingEntered() const {
+  return shared_.DocMode == DocumentMode::Editing || shared_.DocMode == DocumentMode::New;
+}
+
+/// What was typed into the document on the form is not lost without a question.
+bool frmInvCounting::OpenFound(std::int32_t id) {
+  if (IsBeingEntered()) RunLast([this] { commands_.Cancel(); });
+  if (IsBeingEntered()) return false;
+  const Hourglass hourglass(shared_.surroundings.screen);
+  return ViewInvCounting(id);
+}
+
+/// Runs a command that ends the entry of a document. The timer comes at once behind it: until it does, the
+/// same command could be pressed again, and a second registration takes a second number.
+void frmInvCounting::RunLast(const std::function<void()>& command) {
+  try {
+    command();
+  } catch (...) {
+    Timer1.Fire();
+    throw;
+  }
+  Timer1.Fire();
+}
+
+/// A saved document has its save commands off; the keyboard goes to what is done with it next, never to a
+/// command that writes.
+void frmInvCounting::Save(const std::function<void()>& command) {
+  RunLast(command);
+  if (shared_.DocMode == DocumentMode::Viewing) SetFocus(IsFinal() ? cmdView : cmdEdit);
 }
 
 }  // namespace koru

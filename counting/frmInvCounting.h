@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -35,7 +36,8 @@ class frmInvCounting : public Form, public CountingFormControls {
   void Load();
 
   /// Opens a stored counting on the form: header, mode 0, lines. False, and nothing but CurrentCountingID
-  /// changes, when there is none of that key.
+  /// changes, when there is none of that key. Throws DatabaseError: nothing changes when the header cannot be
+  /// read, and the form is empty (mode 3) when the lines cannot.
   bool ViewInvCounting(std::int32_t id);
   /// The header alone; false when the counting does not exist.
   bool FillInvCountingData(std::int32_t id);
@@ -48,6 +50,8 @@ class frmInvCounting : public Form, public CountingFormControls {
   /// Empties the document; the mode is the caller's to set.
   void Clear();
 
+  /// Whether the document on the form is new or open for changes.
+  [[nodiscard]] bool IsBeingEntered() const;
   /// The folder that report paths are relative to.
   [[nodiscard]] const std::string& ReportBaseFolder() const { return reportBaseFolder_; }
   /// The store proposed for a new counting; -1 when none is marked as default.
@@ -75,6 +79,9 @@ class frmInvCounting : public Form, public CountingFormControls {
   void ShowInvSearch();
   void ShowGoodSearch();
   void Exit();
+  bool OpenFound(std::int32_t id);
+  void RunLast(const std::function<void()>& command);
+  void Save(const std::function<void()>& command);
 
   SharedState& shared_;
   std::string reportBaseFolder_;

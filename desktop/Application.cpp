@@ -75,6 +75,12 @@ QLabel[hint="true"] { color: #6A7686; }
 QLineEdit, QPlainTextEdit, QComboBox { background: white; border: 1px solid #B4BFCD; border-radius: 3px;
   padding: 2px 5px; selection-background-color: #2F5D8C; selection-color: white; }
 QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { border: 1px solid #2F5D8C; }
+QComboBox::drop-down { width: 22px; border: 0; border-right: 1px solid #B4BFCD; border-top-left-radius: 2px;
+  border-bottom-left-radius: 2px; background: #FDFDFE; }
+QComboBox::drop-down:disabled { background: #F1F3F7; border-color: #D9DEE6; }
+QComboBox::down-arrow { width: 0; height: 0; border: 4px solid #FDFDFE; border-top-color: #6A7483;
+  border-bottom: 0; }
+QComboBox::down-arrow:disabled { border-color: #F1F3F7; border-top-color: #A3ACB9; }
 QLineEdit:read-only, QPlainTextEdit[readOnly="true"] { background: #F4F6F9; }
 QLineEdit[picks="true"]:enabled { background: white; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled {

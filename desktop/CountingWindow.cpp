@@ -20,6 +20,7 @@
 
 #include "counting/frmInvCounting.h"
 #include "desktop/DateBoxEdit.h"
+#include "desktop/Fields.h"
 #include "desktop/GridView.h"
 #include "desktop/QtText.h"
 #include "desktop/SelectorEdit.h"
@@ -49,13 +50,6 @@ void AddGap(QBoxLayout& bar) {
   line->setFrameShape(QFrame::VLine);
   line->setProperty("gap", true);
   bar.addWidget(line);
-}
-
-QLineEdit* NumberField(QWidget* parent, int width) {
-  auto* const field = new QLineEdit(parent);
-  field->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
-  field->setMinimumWidth(width);
-  return field;
 }
 
 void LookOfLines(GridView& lines) {
@@ -95,19 +89,21 @@ CountingWindow::CountingWindow(frmInvCounting& form, SelectorRecords& records)
   resize(kUsualSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
 }
 
-void CountingWindow::AddCommand(QBoxLayout& bar, Button& command, const char* shortcut, bool main) {
+QPushButton& CountingWindow::AddCommand(QBoxLayout& bar, Button& command, const char* shortcut,
+                                        WaitsFor waitsFor) {
   auto* const button = new QPushButton(this);
-  button->setProperty("main", main);
-  Binding().Bind(command, *button);
+  Binding().Bind(command, *button, waitsFor);
   const QKeySequence keys(QString::fromLatin1(shortcut));
   button->setToolTip(QStringLiteral("%1 (%2)").arg(button->text(), keys.toString(QKeySequence::NativeText)));
   auto* const press = new QShortcut(keys, this);
-  connect(press, &QShortcut::activated, button, [this, button] {
-    if (!button->isEnabled() || !lines_->FinishEdit()) return;
+  connect(press, &QShortcut::activated, button, [this, button, waitsFor] {
+    if (!button->isEnabled()) return;
+    if (waitsFor != WaitsFor::Nothing && !lines_->FinishEdit()) return;
     button->setFocus(Qt::ShortcutFocusReason);
     button->click();
   });
   bar.addWidget(button);
+  return *button;
 }
 
 void CountingWindow::AddDocumentCommands(QBoxLayout& window) {
@@ -119,9 +115,9 @@ void CountingWindow::AddDocumentCommands(QBoxLayout& window) {
   AddCommand(*bar, form_.cmdDelete, "Ctrl+D");
   AddCommand(*bar, form_.cmdSearch, "F3");
   AddGap(*bar);
-  AddCommand(*bar, form_.cmdTmpSave, "Ctrl+S", true);
-  AddCommand(*bar, form_.cmdCancel, "F8");
-  AddCommand(*bar, form_.cmdIsFinalized, "Ctrl+Shift+S", true);
+  AddCommand(*bar, form_.cmdTmpSave, "Ctrl+S", WaitsFor::FiguresAndDates).setProperty("main", true);
+  AddCommand(*bar, form_.cmdCancel, "F8", WaitsFor::Nothing);
+  AddCommand(*bar, form_.cmdIsFinalized, "Ctrl+Shift+S", WaitsFor::FiguresAndDates).setProperty("main", true);
   AddCommand(*bar, form_.cmdFunc, "Ctrl+Shift+R");
   AddGap(*bar);
   AddCommand(*bar, form_.cmdView, "F7");
@@ -130,7 +126,7 @@ void CountingWindow::AddDocumentCommands(QBoxLayout& window) {
   AddCommand(*bar, form_.cmdInvExit, "F12");
   bar->addStretch();
   AddMenu(*bar);
-  AddCommand(*bar, form_.cmdExit, "Ctrl+W");
+  AddCommand(*bar, form_.cmdExit, "Ctrl+W", WaitsFor::Nothing);
 }
 
 void CountingWindow::AddMenu(QBoxLayout& bar) {
@@ -170,35 +166,37 @@ void CountingWindow::AddHeader(QBoxLayout& window) {
   }
 }
 
+/// The fields are made in the order in which they stand, which is the order in which Tab goes through them.
 void CountingWindow::AddDocument(QGridLayout& box) {
   auto* const key = new QLabel(this);
   key->setProperty("value", true);
   key->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  key->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+  key->setAlignment(kTrueRight);
   key->setMinimumWidth(90);
   Binding().Bind(form_.lblIDVal, *key);
-  auto* const code = NumberField(this, 90);
+  AddField(box, 0, 0, QStringLiteral("شماره رايانه اي"), *key);
+  auto* const code = NewCodeField(this, 90);
   Binding().Bind(form_.txtCode, *code);
-  auto* const manual = NumberField(this, 110);
+  AddField(box, 0, 2, QStringLiteral("شماره نهايي"), *code);
+  auto* const manual = NewCodeField(this, 110);
   Binding().Bind(form_.txtGNO, *manual);
-  auto* const creator = new QLineEdit(this);
-  Binding().Bind(form_.txtCreator, *creator);
+  AddField(box, 0, 4, QStringLiteral("شماره دستي"), *manual);
+  AddDate(box, 0, 6, QStringLiteral("تاريخ شمارش"), form_.gdpReceiveDate);
+
   auto* const store = new SelectorEdit(this);
   store->SetPlaceholder(QStringLiteral("انتخاب انبار"));
   Binding().Bind(form_.gmpInventory, *store, records_);
+  AddField(box, 1, 0, QStringLiteral("انبار"), *store, 3);
+  AddDate(box, 1, 4, QStringLiteral("از تاريخ"), form_.gdpFromDate);
+  AddDate(box, 1, 6, QStringLiteral("تا تاريخ"), form_.gdpToDate);
+
   auto* const notes = new QPlainTextEdit(this);
   notes->setTabChangesFocus(true);
   notes->setFixedHeight(2 * notes->fontMetrics().lineSpacing() + 14);
   Binding().Bind(form_.txtNotes, *notes);
-
-  AddField(box, 0, 0, QStringLiteral("شماره رايانه اي"), *key);
-  AddField(box, 0, 2, QStringLiteral("شماره نهايي"), *code);
-  AddField(box, 0, 4, QStringLiteral("شماره دستي"), *manual);
-  AddDate(box, 0, 6, QStringLiteral("تاريخ شمارش"), form_.gdpReceiveDate);
-  AddField(box, 1, 0, QStringLiteral("انبار"), *store, 3);
-  AddDate(box, 1, 4, QStringLiteral("از تاريخ"), form_.gdpFromDate);
-  AddDate(box, 1, 6, QStringLiteral("تا تاريخ"), form_.gdpToDate);
   AddField(box, 2, 0, QStringLiteral("توضيحات"), *notes, 5);
+  auto* const creator = new QLineEdit(this);
+  Binding().Bind(form_.txtCreator, *creator);
   AddField(box, 2, 6, QStringLiteral("ايجاد كننده"), *creator);
   for (const int column : {1, 3, 5, 7}) box.setColumnStretch(column, 1);
 }
@@ -227,8 +225,8 @@ void CountingWindow::AddLineCommands(QBoxLayout& window) {
   auto* const bar = new QHBoxLayout;
   bar->setSpacing(4);
   window.addLayout(bar);
-  AddCommand(*bar, form_.cmdGoods, "F6");
-  AddCommand(*bar, form_.cmdCalc, "F9");
+  AddCommand(*bar, form_.cmdGoods, "F6", WaitsFor::FiguresAndDates);
+  AddCommand(*bar, form_.cmdCalc, "F9", WaitsFor::FiguresAndDates);
   AddCommand(*bar, form_.cmdDeleteAll, "Ctrl+Shift+Delete");
   AddCommand(*bar, form_.cmdExcel, "Ctrl+Shift+E");
   auto* const progress = new QProgressBar(this);
@@ -236,10 +234,9 @@ void CountingWindow::AddLineCommands(QBoxLayout& window) {
   Binding().Bind(form_.pgbStatus, *progress);
   bar->addSpacing(12);
   bar->addWidget(progress, 1);
-  auto* const hint = new QLabel(
-      QStringLiteral("خانه بعد: Enter     ويرايش خانه: F2     حذف سطر: Ctrl+Del     ليست و تقويم: F4"), this);
-  hint->setProperty("hint", true);
-  bar->addWidget(hint);
+  bar->addWidget(NewHint(QStringLiteral("خانه بعد: Enter     ويرايش خانه: F2     خروج از جدول: Ctrl+Tab     "
+                                        "حذف سطر: Ctrl+Del     ليست و تقويم: F4"),
+                         this));
 }
 
 void CountingWindow::AddLines(QBoxLayout& window) {

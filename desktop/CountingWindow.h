@@ -4,6 +4,7 @@
 
 class QBoxLayout;
 class QGridLayout;
+class QPushButton;
 
 namespace koru {
 
@@ -28,7 +29,8 @@ class CountingWindow : public FormWindow {
   void AddLineCommands(QBoxLayout& window);
   void AddLines(QBoxLayout& window);
   void AddTotals(QBoxLayout& window);
-  void AddCommand(QBoxLayout& bar, Button& command, const char* shortcut, bool main = false);
+  QPushButton& AddCommand(QBoxLayout& bar, Button& command, const char* shortcut,
+                          WaitsFor waitsFor = WaitsFor::Figures);
   void AddDate(QGridLayout& box, int row, int column, const QString& title, DateBox& date);
   void AddPerson(QGridLayout& box, int row, int column, const QString& title, PersonSelector& person);
   void AddTotal(QBoxLayout& bar, const QString& title, TextBox& total, const QColor& color);

@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
+#include <QToolTip>
 
 #include "desktop/CalendarPopup.h"
 #include "desktop/Keys.h"
@@ -26,6 +27,7 @@ DateBoxEdit::DateBoxEdit(QWidget* parent) : QWidget(parent) {
   edit_->setMinimumWidth(edit_->fontMetrics().horizontalAdvance(QStringLiteral("0000/00/00")) + 22);
   edit_->installEventFilter(this);
   KeepDigitsLatin(*edit_);
+  connect(edit_, &QLineEdit::textEdited, this, [this] { Mark(false); });
   button_ = new QToolButton(this);  // NOLINT(cppcoreguidelines-owning-memory)
   button_->setFocusPolicy(Qt::NoFocus);
   button_->setArrowType(Qt::DownArrow);
@@ -41,10 +43,17 @@ DateBoxEdit::DateBoxEdit(QWidget* parent) : QWidget(parent) {
 }
 
 void DateBoxEdit::SetDate(std::optional<Date> date) {
+  Mark(false);
   if (date_ == date) return;
   date_ = date;
-  Mark(false);
   ShowText();
+}
+
+bool DateBoxEdit::IsMarked() const { return edit_->property("marked").toBool(); }
+
+void DateBoxEdit::TellWhyMarked() {
+  edit_->setFocus(Qt::OtherFocusReason);
+  QToolTip::showText(edit_->mapToGlobal(QPoint(0, edit_->height())), edit_->toolTip(), edit_);
 }
 
 void DateBoxEdit::ShowText() { edit_->setText(date_ ? ToQt(SolarText(*date_)) : QString()); }
@@ -74,8 +83,9 @@ bool DateBoxEdit::KeyPressed(int key, Qt::KeyboardModifiers held) {
     TakeText();
     return false;  // what else Enter does is the window's
   }
-  if (key == Qt::Key_Escape && edit_->isModified()) {
+  if (key == Qt::Key_Escape && (edit_->isModified() || IsMarked())) {
     ShowText();
+    Mark(false);
     return true;
   }
   if (key == Qt::Key_Delete) {
@@ -83,7 +93,6 @@ bool DateBoxEdit::KeyPressed(int key, Qt::KeyboardModifiers held) {
     Choose(std::nullopt);
     return true;
   }
-  Mark(false);
   return false;
 }
 
@@ -114,9 +123,11 @@ void DateBoxEdit::Choose(std::optional<Date> date) {
 }
 
 void DateBoxEdit::Mark(bool marked) {
-  if (edit_->property("marked").toBool() == marked) return;
+  if (IsMarked() == marked) return;
   edit_->setProperty("marked", marked);
-  edit_->setToolTip(marked ? QStringLiteral("تاريخ وارد شده درست نبود.") : QString());
+  edit_->setToolTip(marked ? QStringLiteral("تاريخ وارد شده درست نبود و تاريخ قبلي ماند.\nتاريخ درست را "
+                                            "بنويسيد؛ براي ماندن تاريخ قبلي: Esc")
+                           : QString());
   edit_->style()->unpolish(edit_);
   edit_->style()->polish(edit_);
 }

@@ -14,7 +14,7 @@ class CalendarPopup;
 
 /// A Solar Hijri date box: yyyy/mm/dd, typed digit by digit or picked from the calendar (F4, Alt+Down or its
 /// button). Delete empties it. A text that is no day gives the date before back and marks the field until the
-/// next key.
+/// person types again, or leaves it at that date with Escape.
 class DateBoxEdit : public QWidget {
   Q_OBJECT
 
@@ -23,6 +23,13 @@ class DateBoxEdit : public QWidget {
 
   void SetDate(std::optional<Date> date);
   [[nodiscard]] std::optional<Date> ShownDate() const { return date_; }
+
+  /// Whether a text that is no day was typed, and the person has not answered to that yet.
+  [[nodiscard]] bool IsMarked() const;
+  /// Forgets a text that is no day; the date before is shown again.
+  void Unmark() { SetDate(date_); }
+  /// Gives the field the keyboard and says why it is marked.
+  void TellWhyMarked();
 
  signals:
   /// The person has entered a day or emptied the box.

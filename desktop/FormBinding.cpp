@@ -27,6 +27,7 @@ void FormBinding::LetGo() {
   widgets_.clear();
   for (GridView* const grid : grids_) grid->SetGrid(nullptr);
   grids_.clear();
+  dates_.clear();
 }
 
 QWidget* FormBinding::WidgetOf(const Control& control) const {

@@ -37,6 +37,10 @@ class GridView;
 class SelectorEdit;
 class SelectorRecords;
 
+/// What of a person's typing holds a command back as long as it stands there refused: a figure that the form
+/// did not take into a grid, a text that is no date.
+enum class WaitsFor { Nothing, Figures, FiguresAndDates };
+
 /// Ties the controls of a form to the widgets of its window, both ways: a widget shows its control's state
 /// from the moment it is bound, and what the person does goes to the control's `User...` operations. What the
 /// program changes is shown without coming back as something that the person did. The keyboard's place is the
@@ -53,7 +57,7 @@ class FormBinding : public QObject {
   void Bind(Label& control, QLabel& widget);
   void Bind(TextBox& control, QLineEdit& widget);
   void Bind(TextBox& control, QPlainTextEdit& widget);
-  void Bind(Button& control, QAbstractButton& widget);
+  void Bind(Button& control, QAbstractButton& widget, WaitsFor waitsFor = WaitsFor::Figures);
   void Bind(CheckBox& control, QCheckBox& widget);
   void Bind(OptionButton& control, QRadioButton& widget);
   void Bind(ComboBox& control, QComboBox& widget);
@@ -64,6 +68,10 @@ class FormBinding : public QObject {
   void Bind(Grid& control, GridView& widget);
   void Bind(MenuItem& control, QAction& action);
   void Bind(Timer& control);
+
+  /// Presses a command for the person. False when it cannot be pressed or something refused holds it back;
+  /// then the keyboard is where that stands.
+  bool Press(Button& control, WaitsFor waitsFor);
 
   [[nodiscard]] QWidget* WidgetOf(const Control& control) const;
   /// The control whose widget is `widget` or holds it; nullptr when none does.
@@ -82,6 +90,7 @@ class FormBinding : public QObject {
   void BindSelector(Selecting& control, SelectorEdit& widget,
                     const std::function<std::vector<struct SelectorRecord>()>& read,
                     const std::function<std::string()>& nameOf);
+  void DrawWhileAtWork();
   void FocusMoved(const QWidget* now);
   void FollowFocus();
 
@@ -92,7 +101,9 @@ class FormBinding : public QObject {
   std::map<const QObject*, Control*> controls_;
   std::map<const Control*, QWidget*> widgets_;
   std::vector<GridView*> grids_;
+  std::vector<DateBoxEdit*> dates_;
   const Control* focus_ = nullptr;
+  bool atWork_ = false;  ///< a command runs, and tells how far it is
 };
 
 }  // namespace koru

@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLayout>
@@ -8,12 +9,14 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QTimer>
 #include <algorithm>
 
 #include "desktop/DateBoxEdit.h"
+#include "desktop/Fields.h"
 #include "desktop/FormBinding.h"
 #include "desktop/GridView.h"
 #include "desktop/QtText.h"
@@ -62,6 +65,15 @@ void SelectIn(QLineEdit& widget, const TextBox& control) {
 void StyleAgain(QWidget& widget) {
   widget.style()->unpolish(&widget);
   widget.style()->polish(&widget);
+}
+
+/// So often is a bar drawn: more than the eye can follow would be lost time.
+constexpr int kMsBetweenPictures = 40;
+
+void ShowSteps(QProgressBar& widget, const ProgressBar& control) {
+  const QSignalBlocker blocked(widget);
+  widget.setRange(0, std::max(control.Max(), 1));
+  widget.setValue(std::clamp(control.Value(), 0, widget.maximum()));
 }
 
 QString Lines(const std::string& text) {
@@ -118,7 +130,7 @@ void FormBinding::Bind(TextBox& control, QPlainTextEdit& widget) {
   });
 }
 
-void FormBinding::Bind(Button& control, QAbstractButton& widget) {
+void FormBinding::Bind(Button& control, QAbstractButton& widget, WaitsFor waitsFor) {
   BindCommon(control, widget);
   Follow(control, [&control, &widget] {
     widget.setText(ToQt(control.Caption()));
@@ -126,7 +138,22 @@ void FormBinding::Bind(Button& control, QAbstractButton& widget) {
     widget.setProperty("pale", !control.LooksAvailable());
     StyleAgain(widget);
   });
-  connect(&widget, &QAbstractButton::clicked, listener_.get(), [&control] { control.UserClick(); });
+  connect(&widget, &QAbstractButton::clicked, listener_.get(),
+          [this, &control, waitsFor] { Press(control, waitsFor); });
+}
+
+/// The grid has told the person already why it keeps them in its cell, and takes the keyboard back itself.
+bool FormBinding::Press(Button& control, WaitsFor waitsFor) {
+  const bool typing =
+      std::any_of(grids_.begin(), grids_.end(), [](const GridView* grid) { return grid->IsTypedInto(); });
+  if (waitsFor != WaitsFor::Nothing && typing) return false;
+  const auto refused =
+      std::find_if(dates_.begin(), dates_.end(), [](const DateBoxEdit* date) { return date->IsMarked(); });
+  if (waitsFor == WaitsFor::FiguresAndDates && refused != dates_.end()) {
+    (*refused)->TellWhyMarked();
+    return false;
+  }
+  return control.UserClick();
 }
 
 void FormBinding::Bind(CheckBox& control, QCheckBox& widget) {
@@ -158,6 +185,7 @@ void FormBinding::Bind(OptionButton& control, QRadioButton& widget) {
 
 void FormBinding::Bind(ComboBox& control, QComboBox& widget) {
   BindCommon(control, widget);
+  KeepFromWheel(widget);
   const auto show = [&control, &widget] {
     const QSignalBlocker blocked(widget);
     const auto& items = control.Items();
@@ -183,16 +211,37 @@ void FormBinding::Bind(ProgressBar& control, QProgressBar& widget) {
   policy.setRetainSizeWhenHidden(true);  // nothing else moves when it comes and goes
   widget.setSizePolicy(policy);
   BindCommon(control, widget);
-  Follow(control, [&control, &widget] {
-    const QSignalBlocker blocked(widget);
-    widget.setRange(0, std::max(control.Max(), 1));
-    widget.setValue(std::clamp(control.Value(), 0, widget.maximum()));
-    if (widget.isVisible()) widget.repaint();
+  auto* const rest = new QTimer(this);  // NOLINT(cppcoreguidelines-owning-memory)
+  rest->setSingleShot(true);
+  connect(rest, &QTimer::timeout, listener_.get(), [&control, &widget] { ShowSteps(widget, control); });
+  Follow(control, [this, &control, &widget, rest, sincePicture = QElapsedTimer()]() mutable {
+    if (!widget.isVisible()) {
+      ShowSteps(widget, control);
+      sincePicture.invalidate();
+      return;
+    }
+    if (!sincePicture.isValid()) sincePicture.start();  // work that is done at once needs no picture
+    if (!sincePicture.hasExpired(kMsBetweenPictures)) {
+      if (!rest->isActive()) rest->start(kMsBetweenPictures);
+      return;
+    }
+    ShowSteps(widget, control);
+    DrawWhileAtWork();
+    sincePicture.start();
   });
+}
+
+/// Work that a person waits for runs to its end before anything else does. Meanwhile windows are drawn where
+/// the screen asks for it, so that none stays blank that was covered; what the person types comes after.
+void FormBinding::DrawWhileAtWork() {
+  if (atWork_) return;
+  const QScopedValueRollback<bool> working(atWork_, true);
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void FormBinding::Bind(DateBox& control, DateBoxEdit& widget) {
   BindCommon(control, widget);
+  dates_.push_back(&widget);
   const auto show = [&control, &widget] { widget.SetDate(control.Value()); };
   Follow(control, show);
   connect(&widget, &DateBoxEdit::dateChosen, listener_.get(), [&control, show](std::optional<Date> date) {
@@ -264,12 +313,14 @@ void FormBinding::Bind(Timer& control) {
     if (control.Enabled() && !timer->isActive()) timer->start();
     if (!control.Enabled()) timer->stop();
   });
-  connect(timer, &QTimer::timeout, listener_.get(), [&control, running = std::make_shared<bool>(false)] {
-    if (*running) return;  // a failure is being shown: one is enough
-    *running = true;
-    control.Fire();
-    *running = false;
-  });
+  connect(timer, &QTimer::timeout, listener_.get(),
+          [this, &control, running = std::make_shared<bool>(false)] {
+            if (*running || atWork_)
+              return;  // a failure is being shown, and one is enough; or a command runs
+            *running = true;
+            control.Fire();
+            *running = false;
+          });
 }
 
 }  // namespace koru

@@ -32,7 +32,10 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   SetUpMouse();
   connect(&model_, &QAbstractItemModel::modelReset, this, &GridView::FitColumnsLater);
   connect(&model_, &QAbstractItemModel::rowsInserted, this, &GridView::FitColumnsLater);
-  connect(&model_, &QAbstractItemModel::dataChanged, this, &GridView::FitColumnsLater);
+  connect(&model_, &QAbstractItemModel::dataChanged, this,
+          [this](const QModelIndex& first, const QModelIndex& last) {
+            if (first.row() < last.row() || !FitsColumns(first.row())) FitColumnsLater();
+          });
 }
 
 void GridView::SetUpHeaders() {
@@ -80,6 +83,7 @@ void GridView::SetGrid(Grid* grid) {
 }
 
 void GridView::FollowGrid() {
+  if (IsTypedInto() && !storing_ && !edited_.flags().testFlag(Qt::ItemIsEditable)) Close(*Editor());
   setSelectionBehavior(HasCellsToFill() ? SelectItems : SelectRows);
   QPalette colors = viewport()->palette();
   const QColor ground = ColorOf(grid_->BackColor());
@@ -141,6 +145,23 @@ void GridView::FitColumnsNow() {
   }
 }
 
+/// Whether the columns are wide enough for a row, so that a single figure does not have all of them measured.
+bool GridView::FitsColumns(int row) const {
+  for (int col = 0; col < model_.columnCount(); ++col) {
+    if (!isColumnHidden(col) && NeedOf(row, col) + kCellPadding > columnWidth(col)) return false;
+  }
+  return true;
+}
+
+/// The width of a text, as far as a column grows for it.
+int GridView::NeedOf(int row, int col) const {
+  const QString text = model_.index(row, col).data().toString();
+  if (text.isEmpty()) return 0;
+  const int sign = model_.LookOf(col).sign == ColumnLook::Sign::None ? 0 : kCellPadding;
+  return std::min(QFontMetrics(font()).horizontalAdvance(text) + sign,
+                  col == stretch_ ? kStretchNeed : kWidestNeed);
+}
+
 ColumnWish GridView::WishOf(int col) const {
   const int natural = grid_->ColWidth(col) / kTwipsPerPixel;
   if (natural == 0 || model_.LookOf(col).hidden) return {};
@@ -148,14 +169,10 @@ ColumnWish GridView::WishOf(int col) const {
   headerFont.setBold(grid_->IsEditable(col));
   const QString title = model_.headerData(col, Qt::Horizontal, Qt::DisplayRole).toString();
   int need = TwoLineWidth(title, QFontMetrics(headerFont));
-  const QFontMetrics metrics(font());
   const int shown = std::min(model_.rowCount(), kSampleRows);
-  const int sign = model_.LookOf(col).sign == ColumnLook::Sign::None ? 0 : kCellPadding;
-  const int widest = col == stretch_ ? kStretchNeed : kWidestNeed;
   const int from = std::max(0, rowAt(0));
   for (int row = from; row < std::min(from + shown, model_.rowCount()); ++row) {
-    const QString text = model_.index(row, col).data().toString();
-    need = std::max(need, std::min(metrics.horizontalAdvance(text) + sign, widest));
+    need = std::max(need, NeedOf(row, col));
   }
   return {need + kCellPadding, std::max(natural, need + kCellPadding)};
 }

@@ -13,8 +13,9 @@ namespace koru {
 /// A Grid on the screen. Arrows move as in a spreadsheet and typing begins an edit; Enter and Tab store it
 /// and go to the next cell to fill, Shift+Tab to the one before, Escape gives the old text back. A text that
 /// the form refuses stays in its cell, selected. Delete empties a cell that can be typed into; elsewhere, and
-/// with Ctrl everywhere, it asks for the line to go. In a grid without cells to fill Enter is a double click.
-/// Ctrl+Tab leaves the grid.
+/// with Ctrl everywhere, it asks for the line to go. Copying copies the cell; pasting fills cells downwards
+/// and onwards, as far as texts were copied, and stops at one that the form refuses. In a grid without cells
+/// to fill Enter is a double click. Ctrl+Tab leaves the grid.
 class GridView : public QTableView {
   Q_OBJECT
 
@@ -33,6 +34,8 @@ class GridView : public QTableView {
 
   /// Stores what is being typed, if anything is; false when it was refused and stays in its cell.
   bool FinishEdit();
+  /// Whether a cell's edit is open: it is being typed into, or what was typed was refused.
+  [[nodiscard]] bool IsTypedInto() const { return Editor() != nullptr; }
 
   /// A key that was pressed in a cell's edit; true when it was the view's.
   bool EditorKey(QLineEdit& edit, const QKeyEvent& key);
@@ -57,14 +60,19 @@ class GridView : public QTableView {
   void ShowSortedColumn();
   void FitColumnsLater();
   void FitColumnsNow();
+  [[nodiscard]] bool FitsColumns(int row) const;
+  [[nodiscard]] int NeedOf(int row, int col) const;
   [[nodiscard]] ColumnWish WishOf(int col) const;
 
   [[nodiscard]] bool HasCellsToFill() const;
   [[nodiscard]] QModelIndex NextCellToFill(const QModelIndex& from, bool forward) const;
   bool GoToCellToFill(bool forward);
+  [[nodiscard]] QLineEdit* Editor() const;
   bool Store(QLineEdit& edit);
   void Close(QLineEdit& edit);
   bool MoveOutOfEdit(QLineEdit& edit, const QKeyEvent& key);
+  void Paste(const QModelIndex& from, const std::vector<QStringList>& copied);
+  bool PasteLine(const QPersistentModelIndex& from, const QStringList& texts);
   void DeletePressed(bool wholeRow);
   void DeleteRow();
 

@@ -10,11 +10,35 @@
 #include <QTimer>
 
 #include "desktop/GridView.h"
+#include "desktop/Keys.h"
 #include "desktop/QtText.h"
 
 // How a GridView is walked through and typed into; GridView.cpp has how it is shown.
 
 namespace koru {
+namespace {
+
+/// What was copied, as spreadsheets put it there: lines of texts.
+std::vector<QStringList> Copied() {
+  QString text = QApplication::clipboard()->text();
+  text.remove(u'\r');
+  if (text.isEmpty()) return {};  // nothing, or a picture
+  if (text.endsWith(u'\n')) text.chop(1);
+  std::vector<QStringList> lines;
+  for (const QString& line : text.split(u'\n')) lines.push_back(line.split(u'\t'));
+  return lines;
+}
+
+/// The hourglass while many cells are filled.
+class Waiting {
+ public:
+  Waiting() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  Waiting(const Waiting&) = delete;
+  Waiting& operator=(const Waiting&) = delete;
+  ~Waiting() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+}  // namespace
 
 bool GridView::HasCellsToFill() const {
   if (grid_ == nullptr) return false;
@@ -68,8 +92,12 @@ void GridView::Close(QLineEdit& edit) {
   closeEditor(&edit, QAbstractItemDelegate::NoHint);
 }
 
+QLineEdit* GridView::Editor() const {
+  return qobject_cast<QLineEdit*>(edited_.isValid() ? indexWidget(edited_) : nullptr);
+}
+
 bool GridView::FinishEdit() {
-  auto* const edit = qobject_cast<QLineEdit*>(edited_.isValid() ? indexWidget(edited_) : nullptr);
+  QLineEdit* const edit = Editor();
   if (edit == nullptr) return true;
   if (!Store(*edit)) {
     edit->setFocus();
@@ -83,6 +111,16 @@ bool GridView::FinishEdit() {
 bool GridView::EditorKey(QLineEdit& edit, const QKeyEvent& key) {
   if (key.key() == Qt::Key_Escape) {
     Close(edit);
+    return true;
+  }
+  if (key.matches(QKeySequence::Paste)) {
+    const std::vector<QStringList> copied = Copied();
+    const bool several = copied.size() > 1 || (!copied.empty() && copied.front().size() > 1);
+    if (!several) return false;  // goes into the text that stands there
+    const QModelIndex from = edited_;
+    Close(edit);
+    setFocus();
+    Paste(from, copied);
     return true;
   }
   return MoveOutOfEdit(edit, key);
@@ -104,9 +142,12 @@ bool GridView::MoveOutOfEdit(QLineEdit& edit, const QKeyEvent& key) {
   }
   Close(edit);
   setFocus();
+  const bool tab = pressed == Qt::Key_Tab || pressed == Qt::Key_Backtab;
   if (upDown || sideways) {
     QKeyEvent move(QEvent::KeyPress, pressed, Qt::NoModifier);
     QTableView::keyPressEvent(&move);
+  } else if (tab && key.modifiers().testFlag(Qt::ControlModifier)) {
+    QTableView::focusNextPrevChild(pressed == Qt::Key_Tab);
   } else {
     GoToCellToFill(pressed != Qt::Key_Backtab);
   }
@@ -124,6 +165,7 @@ void GridView::EditorLeft(QLineEdit& edit) {
   }
   // The person has gone on to something else; they are brought back to the text that was refused.
   QTimer::singleShot(0, &edit, [&edit] {
+    if (!edit.isVisible()) return;  // the form has meanwhile stopped taking figures
     edit.setFocus();
     edit.selectAll();
   });
@@ -150,10 +192,40 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   } else if (key == Qt::Key_Delete) {
     DeletePressed(ctrl);
   } else if (event->matches(QKeySequence::Copy)) {
-    QApplication::clipboard()->setText(currentIndex().data(Qt::EditRole).toString());
+    if (currentIndex().isValid())
+      QApplication::clipboard()->setText(currentIndex().data(Qt::EditRole).toString());
+  } else if (event->matches(QKeySequence::Paste)) {
+    Paste(currentIndex(), Copied());
   } else {
     QTableView::keyPressEvent(event);
   }
+}
+
+void GridView::Paste(const QModelIndex& from, const std::vector<QStringList>& copied) {
+  const Waiting hourglass;
+  const GridBlock block(*grid_);
+  QPersistentModelIndex line(from);  // an empty row goes when the person leaves it
+  for (const QStringList& texts : copied) {
+    if (!line.isValid()) return;
+    const QPersistentModelIndex below(model_.index(line.row() + 1, line.column()));
+    if (!PasteLine(line, texts)) return;
+    line = below;
+  }
+}
+
+/// False when the form refused one of the texts.
+bool GridView::PasteLine(const QPersistentModelIndex& from, const QStringList& texts) {
+  int col = from.column();
+  for (const QString& text : texts) {
+    while (isColumnHidden(col)) ++col;
+    const QModelIndex cell = model_.index(from.row(), col);
+    if (!cell.isValid()) return true;
+    const QString typed = model_.LookOf(col).number ? NumberTyped(text) : text;
+    const bool toFill = cell.flags().testFlag(Qt::ItemIsEditable);
+    if (toFill && !grid_->UserEdit(cell.row() + 1, col, FromQt(typed))) return false;
+    ++col;
+  }
+  return true;
 }
 
 void GridView::DeletePressed(bool wholeRow) {
@@ -187,7 +259,8 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
   if (!HasCellsToFill() || !currentIndex().isValid()) return;
   QMenu menu(this);
   menu.setObjectName(QStringLiteral("rowMenu"));
-  const QAction* const remove = menu.addAction(QStringLiteral("حذف سطر\tCtrl+Del"));
+  QAction* const remove = menu.addAction(QStringLiteral("حذف سطر\tCtrl+Del"));
+  remove->setEnabled(grid_->Enabled() && !grid_->Locked());
   if (menu.exec(event->globalPos()) == remove) DeleteRow();
 }
 

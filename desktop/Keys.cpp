@@ -61,9 +61,15 @@ KeyPress PressOf(const QKeyEvent& event) {
   return {VirtualKey(event.key()), shift};
 }
 
+QString NumberTyped(const QString& text) {
+  const auto* const end =
+      std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\n' || c == u'\r' || c == u'\t'; });
+  return ToQt(LatinDigits(FromQt(text.left(end - text.begin())))).remove(u',');
+}
+
 void KeepDigitsLatin(QLineEdit& edit) {
   QObject::connect(&edit, &QLineEdit::textChanged, &edit, [&edit](const QString& text) {
-    const QString latin = ToQt(LatinDigits(FromQt(text)));
+    const QString latin = NumberTyped(text);
     if (latin == text) return;
     const qsizetype fromEnd = text.size() - edit.cursorPosition();
     const bool typed = edit.isModified();

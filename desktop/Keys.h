@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include "platform/Control.h"
 
 class QKeyEvent;
@@ -12,7 +14,11 @@ namespace koru {
 /// know have the number 0.
 [[nodiscard]] KeyPress PressOf(const QKeyEvent& event);
 
-/// Makes every digit that is typed or pasted into `edit` arrive as 0-9.
+/// What a person types or pastes as a number, as forms know numbers: digits are 0-9, and the separators that
+/// group them, also the comma that amounts are shown with, are gone. Of several lines or columns the first.
+[[nodiscard]] QString NumberTyped(const QString& text);
+
+/// Makes whatever is typed or pasted into `edit` arrive as a number.
 void KeepDigitsLatin(QLineEdit& edit);
 
 }  // namespace koru

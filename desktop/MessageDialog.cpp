@@ -37,7 +37,7 @@ class PointerBack {
   ~PointerBack() { QGuiApplication::restoreOverrideCursor(); }
 };
 
-/// Answers a question at the first letter of the answer.
+/// Answers a question at the first letter of the answer; Escape, as everywhere, takes nothing on itself.
 class Dialog : public QDialog {
  public:
   using QDialog::QDialog;
@@ -46,7 +46,8 @@ class Dialog : public QDialog {
   void keyPressEvent(QKeyEvent* event) override {
     const QString letter = event->text().toLower();
     const bool yes = letter == QStringLiteral("ب") || letter == QStringLiteral("y");
-    const bool no = letter == QStringLiteral("خ") || letter == QStringLiteral("n");
+    const bool no =
+        letter == QStringLiteral("خ") || letter == QStringLiteral("n") || event->key() == Qt::Key_Escape;
     auto* const button = findChild<QPushButton*>(yes ? QStringLiteral("yes") : QStringLiteral("no"));
     if ((yes || no) && button != nullptr) {
       button->click();

@@ -13,7 +13,7 @@ namespace koru {
 /// The suite's message component on the desktop: a message with one button, or a question with yes and no.
 /// What follows the first line of the message (a server's own words) is shown below it in a field of its own.
 /// Enter presses the button that has the keyboard, "no" first in a question, since what is asked can hardly
-/// be taken back; ب and خ answer directly. Escape or closing a question is no answer.
+/// be taken back; ب and خ answer directly, and Escape is "no". Closing a question by its frame is no answer.
 class MessageDialog : public MessageComponent {
  public:
   static constexpr int kNoAnswer = -1;

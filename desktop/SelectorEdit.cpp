@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QIconEngine>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -13,18 +14,29 @@
 namespace koru {
 namespace {
 
-/// A small cross that does not draw the eye from one field to the next.
-QIcon Cross() {
-  constexpr int kSize = 16;
-  QPixmap picture(kSize, kSize);
-  picture.fill(Qt::transparent);
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor(0x8A, 0x96, 0xA6), 1.6));
-  painter.drawLine(QPointF(5, 5), QPointF(11, 11));
-  painter.drawLine(QPointF(11, 5), QPointF(5, 11));
-  return picture;
-}
+/// A small cross that does not draw the eye from one field to the next, drawn anew for every scale of a
+/// screen.
+class Cross : public QIconEngine {
+ public:
+  void paint(QPainter* painter, const QRect& place, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+    const double unit = place.width() / 16.0;
+    const QRectF ends = QRectF(place).adjusted(5 * unit, 5 * unit, -5 * unit, -5 * unit);
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(QColor(0x8A, 0x96, 0xA6), 1.6 * unit));
+    painter->drawLine(ends.topLeft(), ends.bottomRight());
+    painter->drawLine(ends.topRight(), ends.bottomLeft());
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap picture(size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    paint(&painter, picture.rect(), mode, state);
+    return picture;
+  }
+  [[nodiscard]] QIconEngine* clone() const override {
+    return new Cross(*this);  // NOLINT(cppcoreguidelines-owning-memory): the icon's
+  }
+};
 
 }  // namespace
 
@@ -33,7 +45,8 @@ SelectorEdit::SelectorEdit(QWidget* parent) : QWidget(parent) {
   edit_->setReadOnly(true);
   edit_->setProperty("picks", true);
   edit_->installEventFilter(this);
-  cross_ = edit_->addAction(Cross(), QLineEdit::TrailingPosition);
+  // The icon's own. NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+  cross_ = edit_->addAction(QIcon(new Cross), QLineEdit::TrailingPosition);
   cross_->setToolTip(QStringLiteral("پاك كردن انتخاب (Delete)"));
   connect(cross_, &QAction::triggered, this, [this] { emit recordChosen(Selector::kNothing); });
   button_ = new QToolButton(this);  // NOLINT(cppcoreguidelines-owning-memory)

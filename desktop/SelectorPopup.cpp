@@ -54,6 +54,7 @@ void SelectorPopup::OpenUnder(const QWidget& field, const std::vector<SelectorRe
                               std::int32_t selected, const QString& typed) {
   Fill(records);
   filter_->setText(typed);
+  Narrow(typed);  // also where the same text still stands there from the last time
   resize(std::max(field.width(), kLeastWidth), kHeight);
   move(PopupPlace(field, size()));
   show();

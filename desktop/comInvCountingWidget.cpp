@@ -5,6 +5,7 @@
 #include <QResizeEvent>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/GridView.h"
 #include "desktop/QtText.h"
@@ -70,31 +71,65 @@ void comInvCountingWidget::ReadList() {
     Recordset temporary =
         surroundings_.databases.Connect(control_.OLEConnectionString())
             ->Open(SqlText("Select * from vwInventoryCounting where Code is null order by ID"));
+    const int chosen = ChosenID();
+    const int row = flexTempDocs_.Row();
     const GridRedrawOff off(flexTempDocs_);
     flexTempDocs_.SetRows(1);
     for (; !temporary.AtEnd(); temporary.MoveNext()) {
-      const int row = flexTempDocs_.Rows();
-      flexTempDocs_.AddItem(std::to_string(row));
+      const int added = flexTempDocs_.Rows();
+      flexTempDocs_.AddItem(std::to_string(added));
       const std::pair<int, const char*> fields[] = {
           {Key, "ID"},           {ManualCode, "ManualCode"},      {Store, "InvName"},
           {Notes, "Notes"},      {CreateDate, "FarsiCreateDate"}, {FromDate, "FarsiFromDate"},
           {Creator, "FullName"}, {ToDate, "FarsiToDate"}};
       for (const auto& [col, name] : fields)
-        flexTempDocs_.SetTextMatrix(row, col, temporary.Field(name).Text());
+        flexTempDocs_.SetTextMatrix(added, col, temporary.Field(name).Text());
     }
+    if (chosen > 0) Choose(chosen, row);
   });
+}
+
+/// Makes the counting of that key the current row; when it has gone from the list, the one that stands in its
+/// row.
+void comInvCountingWidget::Choose(int id, int row) {
+  const std::string key = std::to_string(id);
+  for (int at = 1; at < flexTempDocs_.Rows(); ++at) {
+    if (flexTempDocs_.TextMatrix(at, Key) == key) row = at;
+  }
+  row = std::min(row, flexTempDocs_.Rows() - 1);
+  if (row > 0) flexTempDocs_.SetCurrent(row, flexTempDocs_.Col());
+}
+
+bool comInvCountingWidget::IsBeingEntered() const {
+  const frmInvCounting* const form = control_.CountingForm();
+  return form != nullptr && form->Visible() && form->IsBeingEntered();
+}
+
+/// What is being entered is not thrown away without the form's own question, asked where the person sees what
+/// it is about.
+bool comInvCountingWidget::MayGo() {
+  if (!IsBeingEntered()) return true;
+  frmInvCounting& form = *control_.CountingForm();
+  surroundings_.screen.Show(form, false);
+  form.UserClose();
+  return !IsBeingEntered();
 }
 
 bool comInvCountingWidget::View(int id) {
   bool shown = false;
-  txtid_->setText(QString::number(id));
-  form_.RunEvent([&] { shown = control_.View(id); });
+  form_.RunEvent([&] {
+    if (!MayGo()) return;
+    txtid_->setText(QString::number(id));
+    shown = control_.View(id);
+  });
   FollowForm();
   return shown;
 }
 
 void comInvCountingWidget::ClearShow() {
-  form_.RunEvent([this] { control_.ClearShow(); });
+  form_.RunEvent([this] {
+    if (MayGo()) control_.ClearShow();
+  });
   FollowForm();
 }
 

@@ -18,7 +18,7 @@ class GridView;
 /// The public control as a widget that a host screen places: the control's properties under their own names,
 /// its operations, and its own grid flexTempDocs, which lists the temporary countings of the connected
 /// database and opens one on a double click. The list is read when the widget comes onto the screen and when
-/// the counting form has gone.
+/// the counting form has gone; the chosen counting stays the chosen one.
 class comInvCountingWidget : public QWidget, private ControlHost {
   Q_OBJECT
   Q_PROPERTY(int BackColor READ BackColor WRITE SetBackColor NOTIFY propertyChanged)
@@ -69,9 +69,10 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   void ReadProperties(const PropertyBag& store);
   void WriteProperties(PropertyBag& store) const { control_.WriteProperties(store); }
 
-  /// Opens a stored counting; false when there is none or the database failed, which the person is told.
+  /// Opens a stored counting; false when there is none or the database failed, which the person is told, and
+  /// when the person keeps the one that is being entered.
   Q_INVOKABLE bool View(int id);
-  /// Opens an empty form for a new counting.
+  /// Opens an empty form for a new counting, unless the person keeps the one that is being entered.
   Q_INVOKABLE void ClearShow();
   Q_INVOKABLE void Refresh() { control_.Refresh(); }
 
@@ -91,6 +92,9 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   void FollowForm();
   void ShowFont();
   [[nodiscard]] int ChosenID() const;
+  void Choose(int id, int row);
+  [[nodiscard]] bool IsBeingEntered() const;
+  [[nodiscard]] bool MayGo();
 
   Surroundings surroundings_;
   comInvCounting control_;

@@ -4,6 +4,7 @@
 
 #include "documents/EarlierDocuments.h"
 #include "documents/HeaderValues.h"
+#include "documents/ShownProgress.h"
 #include "platform/Text.h"
 
 namespace koru {
@@ -68,7 +69,9 @@ bool AdjustmentDocuments::InsertLines(const Texts& texts, std::int32_t documentI
   Recordset differences = shared_.data.rssqlCommon.Open(SqlText(texts.differences) + controls_.CountingID() +
                                                         " Group By Barcode,ScaleID");
   if (differences.RecordCount() == 0) return false;
+  ShownProgress progress(controls_.pgbStatus, static_cast<int>(differences.RecordCount()));
   for (differences.MoveFirst(); !differences.AtEnd(); differences.MoveNext()) {
+    progress.Step();
     const std::string barcode = differences.Field("Barcode").Text();
     const double quantity = differences.Field("Qty").Number();
     const Value unit = differences.Field("ScaleID");

@@ -28,7 +28,7 @@ struct CountingControls {
   Selector& mptConfirmer;
   Selector& gmpInventory;
   Grid& flexDetail;
-  ProgressBar& pgbStatus;  ///< shown while lines are written, one step a row
+  ProgressBar& pgbStatus;  ///< shown while lines are written, one step a line
 
   /// The counting's key as the statements write it; 0 on a counting that was never saved.
   [[nodiscard]] double CountingID() const { return Val(lblIDVal.Caption()); }

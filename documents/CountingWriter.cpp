@@ -1,11 +1,11 @@
 #include "documents/CountingWriter.h"
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 
 #include "control/services/FixQuote.h"
 #include "documents/HeaderValues.h"
+#include "documents/ShownProgress.h"
 #include "lines/LineColumns.h"
 #include "platform/Text.h"
 
@@ -15,39 +15,27 @@ namespace {
 constexpr const char* kTemporaryTitle = "شمارش موقت";
 constexpr std::size_t kLongestNotes = 1000;
 
-/// Shows how many of the grid's rows are written. A bar is repainted at every step, so it takes about a
-/// hundred.
-class WritingProgress {
- public:
-  WritingProgress(ProgressBar& bar, int rows) : bar_(bar), step_(std::max(1, rows / 100)) {
-    bar_.SetMax(rows);
-    bar_.SetValue(0);
-    bar_.SetVisible(true);
-  }
-  WritingProgress(const WritingProgress&) = delete;
-  WritingProgress& operator=(const WritingProgress&) = delete;
-  ~WritingProgress() { bar_.SetVisible(false); }
-
-  void Written(int row) {
-    if (row % step_ == 0) bar_.SetValue(row);
-  }
-
- private:
-  ProgressBar& bar_;
-  int step_;
-};
-
 /// A count as a statement writes it: nothing counted is not the same as 0 counted.
-SqlText CountOrNull(std::string_view cell) {
-  return Trim(cell).empty() ? SqlText("NULL") : SqlText() + Val(cell);
+void AppendCount(SqlText& sql, std::string_view cell) {
+  if (Trim(cell).empty()) {
+    sql += "NULL";
+  } else {
+    sql += Val(cell);
+  }
 }
 
 /// The difference of a row from its two columns, of which at most one holds a quantity: a surplus is above 0,
 /// a shortage below.
-SqlText Contradiction(std::string_view shortage, std::string_view surplus) {
-  if (Val(surplus) > 0) return SqlText() + Val(surplus);
-  if (Val(shortage) > 0) return SqlText() + -Val(shortage);
-  return SqlText("Null");
+void AppendContradiction(SqlText& sql, std::string_view shortage, std::string_view surplus) {
+  const double above = Val(surplus);
+  const double below = Val(shortage);
+  if (above > 0) {
+    sql += above;
+  } else if (below > 0) {
+    sql += -below;
+  } else {
+    sql += "Null";
+  }
 }
 
 SqlText LineInsert(const Grid& lines, int row, double countingID) {
@@ -56,13 +44,23 @@ SqlText LineInsert(const Grid& lines, int row, double countingID) {
       "Insert Into tblInventoryCountingDetail "
       "(CountingID,Barcode,RowNumber,ScaleID,FirstCounting,SecondCounting,"
       "ThirdCounting,AcceptedCounting,SystemCounting,ContradictionCounting,BaseValue) Values(");
-  sql = std::move(sql) + countingID + ",'" + Typed(Trim(cell(LineColumn::Barcode))) + "'," + row + "," +
-        Val(cell(LineColumn::ScaleID)) + ",";
+  sql += countingID;
+  sql += ",'";
+  sql += Typed(Trim(cell(LineColumn::Barcode)));
+  sql += "',";
+  sql += row;
+  sql += ",";
+  sql += Val(cell(LineColumn::ScaleID));
+  sql += ",";
   for (int column = LineColumn::FirstCounting; column <= LineColumn::SystemCounting; ++column) {
-    sql = std::move(sql) + CountOrNull(cell(column)) + ",";
+    AppendCount(sql, cell(column));
+    sql += ",";
   }
-  return std::move(sql) + Contradiction(cell(LineColumn::Shortage), cell(LineColumn::Surplus)) + "," +
-         Val(cell(LineColumn::Rate)) + ")";
+  AppendContradiction(sql, cell(LineColumn::Shortage), cell(LineColumn::Surplus));
+  sql += ",";
+  sql += Val(cell(LineColumn::Rate));
+  sql += ")";
+  return sql;
 }
 
 /// The notes and the manual number, which carry the apostrophes around them in the statement. An apostrophe
@@ -119,9 +117,9 @@ void CountingWriter::ReplaceLines() const {
   const Grid& lines = controls_.flexDetail;
   shared_.data.rssqldelenterdetail.Open(SqlText("Delete tblInventoryCountingDetail Where CountingID = ") +
                                         countingID);
-  WritingProgress progress(controls_.pgbStatus, lines.Rows() - 1);
+  ShownProgress progress(controls_.pgbStatus, lines.Rows() - 1);
   for (int row = 1; row < lines.Rows(); ++row) {
-    progress.Written(row);
+    progress.Step();
     if (lines.TextMatrix(row, LineColumn::GoodName).empty()) continue;
     shared_.data.rssqlsaveenter.Open(LineInsert(lines, row, countingID));
   }

@@ -32,7 +32,7 @@ void ViewReport::Run() {
   printer.SetConnectionString(shared_.data.ConnectionString());
   const SqlText query = SqlText("SELECT * From vwInventoryCountingPrint Where ID=") +
                         Val(lblIDVal_.Caption()) + " order by GoodCode";
-  printer.SetSQLQuery(query.Text());
+  printer.SetSQLQuery(query);
   printer.SetFormula(1, CompanyFormula());
   const NotReady shown(ready_);
   printer.Show();
@@ -44,7 +44,7 @@ ReportPrinter& ViewReport::Printer() {
   auto* const printer = dynamic_cast<ReportPrinter*>(component_.get());
   if (printer == nullptr) {
     component_.reset();
-    throw ComponentError("ActiveX component can't create object", ComponentError::kNotRegistered);
+    throw ComponentError("در اين برنامه جزئي براي نمايش گزارش نيست.", ComponentError::kNotRegistered);
   }
   return *printer;
 }

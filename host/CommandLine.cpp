@@ -26,8 +26,15 @@ class Reader {
       line_.connection = EmbeddedConnectionText(ValueOf(argument));
     } else if (argument == "--connection") {
       line_.connection = ValueOf(argument);
+    } else if (argument == "--size") {
+      line_.sample = SizeOf(ValueOf(argument));
+      sizeGiven_ = true;
     } else if (argument == "--desktop") {
       line_.desktop = true;
+    } else if (argument == "--odbc") {
+      TakeWay(StoryRoute::Way::ThroughOdbc);
+    } else if (argument == "--server") {
+      TakeWay(StoryRoute::Way::Server);
     } else if (argument == "--pictures") {
       line_.pictures = ValueOf(argument);
     } else if (argument == "-platform") {
@@ -47,6 +54,10 @@ class Reader {
       line_.command = CommandLine::Command::Play;
     } else if (word == "create-sample") {
       line_.command = CommandLine::Command::CreateSample;
+    } else if (word == "create-schema") {
+      line_.command = CommandLine::Command::CreateSchema;
+    } else if (word == "check") {
+      line_.command = CommandLine::Command::Check;
     } else {
       throw InputError("دستور ناشناخته: " + word);
     }
@@ -58,29 +69,66 @@ class Reader {
     return arguments_[at_++];
   }
 
+  void TakeWay(StoryRoute::Way way) {
+    if (line_.way != StoryRoute::Way::EmbeddedFile) {
+      throw InputError("از --odbc و --server تنها يكي به كار مي رود.");
+    }
+    line_.way = way;
+  }
+
+  static std::optional<SampleSize> SizeOf(const std::string& size) {
+    if (size == "standard") return SampleSize::Standard;
+    if (size == "medium") return SampleSize::Medium;
+    if (size == "full") return SampleSize::Full;
+    if (size == "none") return std::nullopt;
+    throw InputError("اندازة ناشناخته: " + size + ". اندازه ها: standard، medium، full، none");
+  }
+
   void Check() const {
     using Command = CommandLine::Command;
+    CheckDatabaseCommands();
     if (line_.command == Command::Play && line_.files.empty()) {
       throw InputError("پس از play نام پروندة سناريو نيامده است.");
     }
-    if (line_.command == Command::CreateSample && line_.files.size() != 1) {
-      throw InputError("پس از create-sample بايد نام يك پرونده بيايد.");
-    }
-    const bool forPlay = line_.desktop || !line_.pictures.empty();
+    const bool forPlay =
+        line_.desktop || !line_.pictures.empty() || line_.way != StoryRoute::Way::EmbeddedFile;
     const bool isHelp = line_.command == Command::Help || line_.command == Command::Version;
     if (forPlay && line_.command != Command::Play && !isHelp) {
-      throw InputError("--desktop و --pictures تنها با play به كار مي روند.");
+      throw InputError("--desktop، --pictures، --odbc و --server تنها با play به كار مي روند.");
     }
     if (!line_.pictures.empty() && !line_.desktop)
       throw InputError("--pictures تنها با --desktop به كار مي رود.");
-    if (!line_.connection.empty() && line_.command != Command::HostScreen && !isHelp) {
+    const bool takesConnection = line_.command == Command::HostScreen || WorksOnConnection();
+    if (!line_.connection.empty() && !takesConnection && !isHelp) {
       throw InputError("--database و --connection با اين دستور به كار نمي روند.");
+    }
+  }
+
+  [[nodiscard]] bool WorksOnConnection() const {
+    using Command = CommandLine::Command;
+    return line_.command == Command::CreateSchema || line_.command == Command::Check;
+  }
+
+  void CheckDatabaseCommands() const {
+    using Command = CommandLine::Command;
+    if (line_.command == Command::CreateSample && (line_.files.size() != 1 || !line_.sample)) {
+      throw InputError(line_.sample ? "پس از create-sample بايد نام يك پرونده بيايد."
+                                    : "--size none تنها با create-schema به كار مي رود.");
+    }
+    if (WorksOnConnection() && (line_.connection.empty() || !line_.files.empty())) {
+      throw InputError(
+          "create-schema و check رشته اتصال را با --connection مي خواهند و پرونده اي نمي خواهند.");
+    }
+    const bool hasSize = line_.command == Command::CreateSample || line_.command == Command::CreateSchema;
+    if (sizeGiven_ && !hasSize && line_.command != Command::Help && line_.command != Command::Version) {
+      throw InputError("--size تنها با create-sample و create-schema به كار مي رود.");
     }
   }
 
   const std::vector<std::string>& arguments_;
   std::size_t at_ = 0;
   bool commandGiven_ = false;
+  bool sizeGiven_ = false;
   CommandLine line_;
 };
 
@@ -100,16 +148,24 @@ koru-counting --database FILE
 koru-counting --connection TEXT
     Works on the database of that connection text (Provider=SQLite;... or Provider=SQLOLEDB.1;...).
     با پايگاه دادة اين رشته اتصال كار مي كند.
-koru-counting create-sample FILE
-    Makes a new sample database; a file that is there already is left alone.
-    پايگاه دادة نمونة تازه اي مي سازد؛ پروندة موجود دست نمي خورد.
-koru-counting play FILE... [--desktop] [--pictures FOLDER]
+koru-counting create-sample [--size standard|medium|full] FILE
+    Makes a new sample database; a file that is there already is left alone. full has 2,000,000 document lines.
+    پايگاه دادة نمونة تازه اي مي سازد؛ پروندة موجود دست نمي خورد. full دو ميليون سطر سند دارد.
+koru-counting create-schema --connection TEXT [--size standard|medium|full|none]
+    Makes the tables, views and sample data in an empty database of a server; none: no sample data.
+    جدول ها، نماها و دادة نمونه را در پايگاه دادة خالي سرور مي سازد؛ none يعني بي دادة نمونه.
+koru-counting check --connection TEXT
+    Says what of a database works and what is missing.
+    مي گويد در پايگاه داده چه چيز درست است و چه چيز كم است.
+koru-counting play FILE... [--desktop] [--pictures FOLDER] [--odbc | --server]
     Plays scenarios, each on a database of its own: on the forms, or with --desktop on the windows.
+    With --odbc through the ODBC driver for SQLite; with --server on the server that KORU_SQLSERVER holds.
     سناريوها را اجرا مي كند؛ با --desktop روي پنجره ها. --pictures تصوير پنجره ها را نگه مي دارد.
+    با --odbc از راه ODBC؛ با --server روي سروري كه متغير محيطي KORU_SQLSERVER نام مي برد.
 koru-counting --help | --version
 
-Exit codes: 0 all went well, 1 a scenario failed, 2 something given could not be used.
-كد پايان: 0 درست، 1 سناريويي نادرست درآمد، 2 ورودي قابل استفاده نبود.
+Exit codes: 0 all went well, 1 a scenario or a check failed, 2 something given could not be used.
+كد پايان: 0 درست، 1 سناريو يا بررسي نادرست درآمد، 2 ورودي قابل استفاده نبود.
 )";
 }
 

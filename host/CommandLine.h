@@ -1,20 +1,27 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "database/Sample.h"
+#include "host/play/StoryDatabase.h"
 
 namespace koru {
 
 /// What the program was asked for.
 struct CommandLine {
-  enum class Command { HostScreen, CreateSample, Play, Help, Version };
+  enum class Command { HostScreen, CreateSample, CreateSchema, Check, Play, Help, Version };
 
   Command command = Command::HostScreen;
   std::vector<std::string> files;  ///< the stories of Play; the one file of CreateSample
-  std::string connection;          ///< connection text for the host screen; empty: the one used last
-  bool desktop = false;            ///< Play on the windows
-  std::string pictures;            ///< folder for the pictures of Play; empty: none
-  bool platformNamed = false;      ///< the toolkit was told its platform with `-platform`
+  std::string connection;          ///< the database to work on; empty for the host screen: the one used last
+  std::optional<SampleSize> sample =
+      SampleSize::Standard;                             ///< of CreateSample and CreateSchema; nothing: none
+  StoryRoute::Way way = StoryRoute::Way::EmbeddedFile;  ///< how Play reaches the stories' databases
+  bool desktop = false;                                 ///< Play on the windows
+  std::string pictures;                                 ///< folder for the pictures of Play; empty: none
+  bool platformNamed = false;  ///< the toolkit was told its platform with `-platform`
 };
 
 /// Reads the arguments behind the program's name. Throws InputError naming the argument.

@@ -23,10 +23,4 @@ std::unique_ptr<Database> ConnectorByProvider::Connect(const std::string& connec
   Fail("نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: " + text.WithoutPassword());
 }
 
-std::string EmbeddedConnectionText(const std::string& file) {
-  std::string quoted;
-  for (const char c : file) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-  return "Provider=SQLite;Data Source=\"" + quoted + "\"";
-}
-
 }  // namespace koru

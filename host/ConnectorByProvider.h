@@ -20,7 +20,4 @@ class ConnectorByProvider : public DatabaseConnector {
   OdbcConnector odbc_;
 };
 
-/// The connection text of an embedded database file; `file` is UTF-8.
-[[nodiscard]] std::string EmbeddedConnectionText(const std::string& file);
-
 }  // namespace koru

@@ -11,6 +11,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "desktop/Fields.h"
 #include "desktop/FormWindow.h"
 #include "desktop/Keys.h"
 #include "desktop/QtText.h"
@@ -57,6 +58,7 @@ HostWindow::HostWindow(HostSession& session)
 void HostWindow::AddSignIn(QVBoxLayout& window) {
   users_->setObjectName(QStringLiteral("users"));
   users_->setMinimumWidth(kUserWidth);
+  KeepFromWheel(*users_);
   database_->setObjectName(QStringLiteral("database"));
   database_->setTextFormat(Qt::PlainText);
   database_->setTextInteractionFlags(Qt::TextSelectableByMouse);

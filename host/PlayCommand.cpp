@@ -7,13 +7,14 @@
 
 namespace koru {
 
-bool PlayStories(const std::vector<std::string>& files, const StageMaker& makeStage, std::ostream& report) {
+bool PlayStories(const std::vector<std::string>& files, const StageMaker& makeStage, const StoryRoute& route,
+                 std::ostream& report) {
   std::vector<Story> stories;
   stories.reserve(files.size());
   for (const std::string& file : files) stories.push_back(ReadStory(file, Player::Patterns()));
   std::size_t failed = 0;
   for (const Story& story : stories) {
-    const std::string failure = Player(story, makeStage).Play();
+    const std::string failure = Player(story, makeStage, route).Play();
     if (failure.empty()) {
       const std::string name = std::filesystem::path(story.file).stem().string();
       report << "ok  " << name << "  " << story.steps.size() << " steps" << std::endl;

@@ -1,14 +1,15 @@
 #include "host/Program.h"
 
 #include <QApplication>
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <optional>
 #include <system_error>
 
-#include "database/Sample.h"
 #include "desktop/Application.h"
 #include "host/CommandLine.h"
+#include "host/DatabaseCommands.h"
 #include "host/HostProgram.h"
 #include "host/Platform.h"
 #include "host/PlayCommand.h"
@@ -20,14 +21,23 @@ namespace koru {
 namespace {
 
 constexpr int kDone = 0;
-constexpr int kStoryFailed = 1;
+constexpr int kFailed = 1;
 constexpr int kUnusable = 2;
+
+/// The server stands in the environment and not on the command line, where everybody on the machine could
+/// read its password.
+StoryRoute RouteOf(const CommandLine& line) {
+  if (line.way != StoryRoute::Way::Server) return {line.way, {}};
+  const char* server = std::getenv("KORU_SQLSERVER");
+  if (server == nullptr) throw InputError("رشته اتصال سرور در متغير محيطي KORU_SQLSERVER نيامده است.");
+  return {line.way, server};
+}
 
 int PlayOnForms(const CommandLine& line) {
   const auto stage = [](Person& person, DatabaseConnector& databases) -> std::unique_ptr<Stage> {
     return std::make_unique<FormStage>(person, databases);
   };
-  return PlayStories(line.files, stage, std::cout) ? kDone : kStoryFailed;
+  return PlayStories(line.files, stage, RouteOf(line), std::cout) ? kDone : kFailed;
 }
 
 void MakeFolder(const std::string& folder) {
@@ -46,13 +56,7 @@ int PlayOnDesktop(const CommandLine& line, int& argc, char** argv) {
   const auto stage = [&](Person& person, DatabaseConnector& databases) -> std::unique_ptr<Stage> {
     return std::make_unique<DesktopStage>(person, databases, line.pictures);
   };
-  return PlayStories(line.files, stage, std::cout) ? kDone : kStoryFailed;
-}
-
-int MakeSample(const std::string& file) {
-  CreateSample(file, [](int percent) { std::cout << '\r' << percent << " %" << std::flush; });
-  std::cout << "\r" << file << std::endl;
-  return kDone;
+  return PlayStories(line.files, stage, RouteOf(line), std::cout) ? kDone : kFailed;
 }
 
 int Run(const CommandLine& line, int& argc, char** argv) {
@@ -64,7 +68,13 @@ int Run(const CommandLine& line, int& argc, char** argv) {
       std::cout << "koru-counting " << KORU_VERSION << std::endl;
       return kDone;
     case CommandLine::Command::CreateSample:
-      return MakeSample(line.files.front());
+      MakeSampleFile(line.files.front(), *line.sample, std::cout);
+      return kDone;
+    case CommandLine::Command::CreateSchema:
+      MakeSuiteDatabase(line.connection, line.sample, std::cout);
+      return kDone;
+    case CommandLine::Command::Check:
+      return ReportCheck(line.connection, std::cout) ? kDone : kFailed;
     case CommandLine::Command::Play:
       return line.desktop ? PlayOnDesktop(line, argc, argv) : PlayOnForms(line);
     case CommandLine::Command::HostScreen:

@@ -100,9 +100,14 @@ void AddGoods::AddLine(const Recordset& good) {
   flexDetail_.SetTextMatrix(row, LineColumn::Barcode, barcode);
   flexDetail_.SetTextMatrix(row, LineColumn::GoodCode, good.Field("GoodCode").Text());
   flexDetail_.SetTextMatrix(row, LineColumn::GoodName, good.Field("GoodName").Text());
-  quantity_.FillUnit(row, trimmed);
-  quantity_.FillRate(row, trimmed);
-  quantity_.FillSystemCounting(row, trimmed);
+  try {
+    quantity_.FillUnit(row, trimmed);
+    quantity_.FillRate(row, trimmed);
+    quantity_.FillSystemCounting(row, trimmed);
+  } catch (...) {
+    flexDetail_.RemoveItem(row);  // else the good would count as added, and never get what it lacks
+    throw;
+  }
   const std::string bookStock(flexDetail_.TextMatrix(row, LineColumn::SystemCounting));
   if (Val(bookStock) <= 0) return;
   flexDetail_.SetTextMatrix(row, LineColumn::Shortage, bookStock);

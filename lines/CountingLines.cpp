@@ -1,7 +1,9 @@
 #include "lines/CountingLines.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <string>
 
 #include "lines/LineColumns.h"
@@ -34,7 +36,7 @@ constexpr const char* kEditMask = "00000011110001000";
 
 /// The cells that a stored line fills as they are; shortage, surplus and amounts are derived.
 struct LoadedColumn {
-  int column;
+  std::size_t column;
   const char* field;
 };
 constexpr LoadedColumn kLoadedColumns[] = {
@@ -87,25 +89,22 @@ void CountingLines::FillInvCounterDetailData(std::int32_t id) {
 }
 
 void CountingLines::AddLine(const Recordset& record) {
-  flexDetail_.AddItem(std::to_string(flexDetail_.Rows() - 1));
-  const int row = flexDetail_.Rows() - 1;
-  const auto set = [&](int col, std::string_view text) { flexDetail_.SetTextMatrix(row, col, text); };
-
-  set(LineColumn::RowNumber, std::to_string(row));
-  for (const auto& [column, field] : kLoadedColumns) set(column, record.Field(field).Text());
+  std::array<std::string, kLineColumns> texts;
+  texts[LineColumn::RowNumber] = std::to_string(flexDetail_.Rows());
+  for (const auto& [column, field] : kLoadedColumns) texts.at(column) = record.Field(field).Text();
 
   const double contradiction = record.Field("ContradictionCounting").Number();
-  if (contradiction > 0) set(LineColumn::Surplus, NumberText(contradiction));
-  if (contradiction < 0) set(LineColumn::Shortage, NumberText(-contradiction));
+  if (contradiction > 0) texts[LineColumn::Surplus] = NumberText(contradiction);
+  if (contradiction < 0) texts[LineColumn::Shortage] = NumberText(-contradiction);
 
   const double rate = record.Field("Value").Number();
-  const auto setAmount = [&](int amount, int quantity) {
-    const std::string_view text = flexDetail_.TextMatrix(row, quantity);
-    set(amount, text.empty() ? std::string() : NumberText(Val(text) * rate));
+  const auto amount = [rate](const std::string& quantity) {
+    return quantity.empty() ? std::string() : NumberText(Val(quantity) * rate);
   };
-  setAmount(LineColumn::ShortageAmount, LineColumn::Shortage);
-  setAmount(LineColumn::SurplusAmount, LineColumn::Surplus);
-  setAmount(LineColumn::CountedAmount, LineColumn::AcceptedCounting);
+  texts[LineColumn::ShortageAmount] = amount(texts[LineColumn::Shortage]);
+  texts[LineColumn::SurplusAmount] = amount(texts[LineColumn::Surplus]);
+  texts[LineColumn::CountedAmount] = amount(texts[LineColumn::AcceptedCounting]);
+  flexDetail_.AddRow(texts);
 }
 
 void CountingLines::UpdateTotalQty() {

@@ -34,6 +34,7 @@ LineEditing::LineEditing(Grid& flexDetail, CountingLines& lines, const Messages&
     : flexDetail_(flexDetail), lines_(lines), messages_(messages), docMode_(DocMode) {
   subscriptions_.push_back(flexDetail.ValidateEdit.Subscribe([this] { ValidateEdit(); }));
   subscriptions_.push_back(flexDetail.CellChanged.Subscribe([this] { CellChanged(); }));
+  subscriptions_.push_back(flexDetail.BlockFilled.Subscribe([this] { lines_.UpdateTotalQty(); }));
   subscriptions_.push_back(flexDetail.RowDeleting.Subscribe([this] { RowDeleting(); }));
   subscriptions_.push_back(flexDetail.RowDeleted.Subscribe([this] { RowDeleted(); }));
   subscriptions_.push_back(flexDetail.RowChange.Subscribe([this] { RemoveEmptyRow(); }));
@@ -83,7 +84,7 @@ void LineEditing::CellChanged() {
   const int col = flexDetail_.Col();
   if (col != LineColumn::AcceptedCounting && col != LineColumn::Rate) return;
   CalculateRow(flexDetail_.Row());
-  lines_.UpdateTotalQty();
+  if (!flexDetail_.FillsBlock()) lines_.UpdateTotalQty();
 }
 
 void LineEditing::RowDeleting() {
@@ -105,7 +106,9 @@ void LineEditing::RowDeleted() {
 void LineEditing::RemoveEmptyRow() {
   const int row = flexDetail_.Row();
   if (emptyRowRemovalSuspended_ || row < 1 || row >= flexDetail_.Rows()) return;
-  if (flexDetail_.TextMatrix(row, LineColumn::Barcode).empty()) flexDetail_.RemoveItem(row);
+  if (!flexDetail_.TextMatrix(row, LineColumn::Barcode).empty()) return;
+  flexDetail_.RemoveItem(row);
+  RowDeleted();
 }
 
 void LineEditing::SortBy(int col) {

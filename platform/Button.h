@@ -7,6 +7,7 @@
 
 namespace koru {
 
+/// A command button.
 class Button : public Control {
  public:
   using Control::Control;

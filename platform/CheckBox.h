@@ -7,6 +7,7 @@
 
 namespace koru {
 
+/// A box that is checked or not.
 class CheckBox : public Control {
  public:
   using Control::Control;

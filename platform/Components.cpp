@@ -18,7 +18,7 @@ void ComponentRegistry::Unregister(std::string_view className) {
 std::unique_ptr<SiblingComponent> ComponentRegistry::Create(std::string_view className) const {
   const auto found = factories_.find(className);
   if (found == factories_.end()) {
-    throw ComponentError("no component is registered as " + std::string(className),
+    throw ComponentError("در اين برنامه جزء \u200e" + std::string(className) + "\u200e نصب نشده است.",
                          ComponentError::kNotRegistered);
   }
   return found->second();

@@ -23,6 +23,7 @@ class ComponentRegistry {
  public:
   using Factory = std::function<std::unique_ptr<SiblingComponent>()>;
 
+  /// A class name that is registered already gets the new factory.
   void Register(std::string className, Factory factory);
   void Unregister(std::string_view className);
   /// A new component; throws ComponentError with code 429 when the class name is not registered.

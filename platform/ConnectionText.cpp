@@ -80,4 +80,10 @@ std::string ConnectionText::WithoutPassword() const {
   return text;
 }
 
+std::string QuotedForConnection(std::string_view value) {
+  std::string quoted = "\"";
+  for (const char c : value) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+  return quoted + "\"";
+}
+
 }  // namespace koru

@@ -27,4 +27,7 @@ class ConnectionText {
   std::vector<std::pair<std::string, std::string>> entries_;
 };
 
+/// A value as it is written in a connection text, whatever characters it has.
+[[nodiscard]] std::string QuotedForConnection(std::string_view value);
+
 }  // namespace koru

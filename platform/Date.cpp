@@ -13,8 +13,8 @@ using std::chrono::sys_days;
 /// The years in which a new run of 33-year cycles begins. Inside a run the leap years repeat every 33 years:
 /// the run's first year and every fourth year after it, with one pause of five years at the end of each
 /// cycle.
-constexpr std::array<int, 20> kRuns = {-61,  9,    38,   199,  426,  686,  756,  818,  1111, 1181,
-                                       1210, 1635, 2060, 2097, 2192, 2262, 2324, 2394, 2456, 3178};
+constexpr std::array<int, 21> kRuns = {-61,  9,    38,   199,  426,  686,  756,  818,  1111, 1181, 1210,
+                                       1635, 2060, 2097, 2192, 2262, 2324, 2394, 2456, 3178, 10000};
 
 /// Leap years among the first `years` years of a run whose length is `length`. A last cycle that is cut short
 /// of 33 years by at most three ends on the step of four that its length gives.
@@ -84,6 +84,11 @@ int SolarMonthDays(int year, int month) {
 }
 
 bool IsValid(SolarDate date) {
+  constexpr SolarDate kLast{kLastSolarYear, 10, 10};  // 9999-12-31: no statement can hold a later day
+  if (date.year == kLast.year &&
+      (date.month > kLast.month || (date.month == kLast.month && date.day > kLast.day))) {
+    return false;
+  }
   return date.year >= kFirstSolarYear && date.year <= kLastSolarYear && date.day >= 1 &&
          date.day <= SolarMonthDays(date.year, date.month);
 }

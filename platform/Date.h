@@ -27,9 +27,10 @@ struct SolarDate {
   friend bool operator==(const SolarDate&, const SolarDate&) = default;
 };
 
-/// The years for which the calendar is known, both inclusive.
+/// The years that have days here, both inclusive: to 9999-12-31, which databases hold for "without end". No
+/// cycle is known to break off after 3177.
 inline constexpr int kFirstSolarYear = 1;
-inline constexpr int kLastSolarYear = 3177;
+inline constexpr int kLastSolarYear = 9378;
 
 /// Whether the year has 366 days: 33-year rule with its table of the years in which a cycle breaks off.
 [[nodiscard]] bool IsSolarLeapYear(int year);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/GridSort.h"
 #include "platform/Text.h"
@@ -18,7 +19,9 @@ void Grid::SetRows(int rows) {
   if (rows < 1) throw std::out_of_range("a grid keeps its header row");
   const int before = Rows();
   if (rows == before) return;
-  rows_.resize(static_cast<std::size_t>(rows), GridRow(static_cast<std::size_t>(cols_)));
+  rows_.resize(std::min(rows_.size(), static_cast<std::size_t>(rows)));
+  while (Rows() < rows) rows_.emplace_back(static_cast<std::size_t>(cols_));
+  colors_.resize(rows_.size(), kWhite);
   row_ = std::min(row_, rows - 1);
   if (rows > before) {
     RowsCameOrWent({GridChange::Kind::RowsInserted, before, rows - 1});
@@ -32,7 +35,8 @@ void Grid::SetCols(int cols) {
   cols_ = cols;
   col_ = 0;
   columns_.assign(static_cast<std::size_t>(cols), Column{});
-  rows_.assign(rows_.size(), GridRow(static_cast<std::size_t>(cols)));
+  for (GridRow& row : rows_) row = GridRow(static_cast<std::size_t>(cols));
+  colors_.assign(rows_.size(), kWhite);
   RowsCameOrWent({});
 }
 
@@ -74,9 +78,19 @@ void Grid::SetTextMatrix(int row, int col, std::string_view text) {
 }
 
 void Grid::AddItem(std::string_view text) {
-  GridRow& row = rows_.emplace_back(static_cast<std::size_t>(cols_));
+  GridRow row(static_cast<std::size_t>(cols_));
   row.SetText(0, text);
-  row.SetBackColor(backColor_);
+  Append(std::move(row));
+}
+
+void Grid::AddRow(std::span<const std::string> texts) {
+  if (texts.size() != columns_.size()) throw std::out_of_range("a row has a text for every column");
+  Append(GridRow(texts));
+}
+
+void Grid::Append(GridRow row) {
+  rows_.push_back(std::move(row));
+  colors_.push_back(backColor_);
   RowsCameOrWent({GridChange::Kind::RowsInserted, Rows() - 1, Rows() - 1});
 }
 
@@ -84,6 +98,7 @@ void Grid::RemoveItem(int row) {
   if (row < 1) throw std::out_of_range("the header row of a grid cannot be removed");
   static_cast<void>(At(row));
   rows_.erase(rows_.begin() + row);
+  colors_.erase(colors_.begin() + row);
   if (row_ >= row) row_ = std::min(row_, Rows() - 1);
   RowsCameOrWent({GridChange::Kind::RowsRemoved, row, row});
 }
@@ -108,8 +123,9 @@ void Grid::SetBackColor(std::uint32_t color) {
 }
 
 void Grid::SetRowBackColor(int row, std::uint32_t color) {
-  if (At(row).BackColor() == color) return;
-  At(row).SetBackColor(color);
+  std::uint32_t& old = colors_.at(static_cast<std::size_t>(row));
+  if (old == color) return;
+  old = color;
   Report({GridChange::Kind::RowTexts, row, row});
 }
 
@@ -121,7 +137,7 @@ void Grid::SetRedraw(bool redraw) {
 
 bool Grid::UserEdit(int row, int col, std::string text) {
   if (!Reachable() || locked_ || !IsDataCell(row, col) || !IsEditable(col)) return false;
-  if (!UserMoveTo(row, col) || row_ != row) return false;
+  if (!UserMoveTo(row, col)) return false;
   bool stored = false;
   RunEvent([&] {
     editText_ = std::move(text);
@@ -133,6 +149,11 @@ bool Grid::UserEdit(int row, int col, std::string text) {
     CellChanged.Raise();
   });
   return stored;
+}
+
+void Grid::EndBlock() {
+  fillsBlock_ = false;
+  RunEvent([this] { BlockFilled.Raise(); });
 }
 
 bool Grid::UserDeleteRow() {
@@ -151,6 +172,7 @@ bool Grid::UserDeleteRow() {
 
 bool Grid::UserMoveTo(int row, int col) {
   if (!Reachable() || !IsDataCell(row, col)) return false;
+  bool arrived = false;
   RunEvent([&] {
     Parent().SetFocus(*this);
     const int before = Rows();
@@ -158,9 +180,11 @@ bool Grid::UserMoveTo(int row, int col) {
     if (row != left) RowChange.Raise();
     const bool leftIsGone = Rows() < before;
     const int target = leftIsGone && left < row ? row - 1 : row;
-    if (target < Rows()) SetCurrent(target, col);
+    if (target >= Rows()) return;
+    SetCurrent(target, col);
+    arrived = true;
   });
-  return true;
+  return arrived;
 }
 
 void Grid::UserLeave() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -65,6 +66,8 @@ class Grid : public Control {
 
   /// Appends a row whose column 0 holds `text`.
   void AddItem(std::string_view text);
+  /// Appends a row of these texts, one a column.
+  void AddRow(std::span<const std::string> texts);
   void RemoveItem(int row);
 
   /// The current cell.
@@ -72,7 +75,8 @@ class Grid : public Control {
   [[nodiscard]] int Col() const { return col_; }
   void SetCurrent(int row, int col);
 
-  /// Orders the rows behind the header by one column; rows that compare equal keep their order.
+  /// Orders the rows behind the header by one column; rows that compare equal keep their order. Background
+  /// colours stay where they are, so that stripes remain stripes.
   void Sort(int col, SortMode mode);
   /// The column that the rows were last sorted by; -1 when rows came or went since, or never.
   [[nodiscard]] int SortedCol() const { return sortedCol_; }
@@ -81,7 +85,9 @@ class Grid : public Control {
   [[nodiscard]] std::uint32_t BackColor() const { return backColor_; }
   void SetBackColor(std::uint32_t color);
   /// The background of a row's cells from column 1 on.
-  [[nodiscard]] std::uint32_t RowBackColor(int row) const { return At(row).BackColor(); }
+  [[nodiscard]] std::uint32_t RowBackColor(int row) const {
+    return colors_.at(static_cast<std::size_t>(row));
+  }
   void SetRowBackColor(int row, std::uint32_t color);
 
   /// While off, changes of rows are kept back; switching it on again reports one change of everything.
@@ -106,11 +112,16 @@ class Grid : public Control {
   [[nodiscard]] const std::string& EditText() const { return editText_; }
   void SetEditText(std::string text) { editText_ = std::move(text); }
   void SetEditAccepted(bool accepted) { editAccepted_ = accepted; }
+  /// Whether more cells of a block follow the one that was edited, or may follow.
+  [[nodiscard]] bool FillsBlock() const { return fillsBlock_; }
   void SetDeleteAllowed(bool allowed) { deleteAllowed_ = allowed; }
 
   Event<const GridChange&> RowsChanged;
   Event<> ValidateEdit;
   Event<> CellChanged;
+  /// A block of cells that a person filled at once is finished; what follows from all of its cells together,
+  /// and not from each, has waited for this.
+  Event<> BlockFilled;
   Event<> RowDeleting;
   Event<> RowDeleted;
   Event<> RowChange;
@@ -120,6 +131,10 @@ class Grid : public Control {
   Event<> DblClick;
 
  private:
+  friend class GridBlock;
+  void EndBlock();
+  static constexpr std::uint32_t kWhite = 0x00FFFFFF;
+
   struct Column {
     bool centred = false;
     int width = 0;
@@ -128,21 +143,24 @@ class Grid : public Control {
   [[nodiscard]] const GridRow& At(int row) const { return rows_.at(static_cast<std::size_t>(row)); }
   GridRow& At(int row) { return rows_.at(static_cast<std::size_t>(row)); }
   [[nodiscard]] bool IsDataCell(int row, int col) const;
+  void Append(GridRow row);
   void Report(GridChange change);
   void RowsCameOrWent(GridChange change);
 
   std::vector<Column> columns_;
   std::vector<GridRow> rows_ = std::vector<GridRow>(1);
+  std::vector<std::uint32_t> colors_{kWhite};  ///< the background of each row
   std::string editMask_;
   std::string editText_;
   int cols_ = 0;
   int row_ = 0;
   int col_ = 0;
   int sortedCol_ = -1;
-  std::uint32_t backColor_ = 0x00FFFFFF;
+  std::uint32_t backColor_ = kWhite;
   bool locked_ = false;
   bool redraw_ = true;
   bool editAccepted_ = true;
+  bool fillsBlock_ = false;
   bool deleteAllowed_ = true;
 };
 
@@ -153,6 +171,18 @@ class GridRedrawOff {
   GridRedrawOff(const GridRedrawOff&) = delete;
   GridRedrawOff& operator=(const GridRedrawOff&) = delete;
   ~GridRedrawOff() { grid_.SetRedraw(true); }
+
+ private:
+  Grid& grid_;
+};
+
+/// The cells that a person edits while it lives are one block, as a column of figures that is pasted.
+class GridBlock {
+ public:
+  explicit GridBlock(Grid& grid) : grid_(grid) { grid_.fillsBlock_ = true; }
+  GridBlock(const GridBlock&) = delete;
+  GridBlock& operator=(const GridBlock&) = delete;
+  ~GridBlock() { grid_.EndBlock(); }
 
  private:
   Grid& grid_;

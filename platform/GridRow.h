@@ -2,42 +2,45 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace koru {
 
-/// The texts of one row of a grid, kept one behind the other in a single piece of memory: a full counting has
-/// half a million cells, most of them a few characters long.
+/// The texts of one row of a grid in a single piece of memory that is no larger than they need: a full
+/// counting has half a million cells, most of them a few characters long. A column outside the row throws
+/// std::out_of_range.
 class GridRow {
  public:
-  explicit GridRow(std::size_t cols = 0) : ends_(cols, 0) {}
+  /// A row of empty cells.
+  explicit GridRow(std::size_t cols = 0);
+  /// A row of these texts, one a column.
+  explicit GridRow(std::span<const std::string> texts);
 
+  /// Valid until the row changes.
   [[nodiscard]] std::string_view Text(std::size_t col) const {
+    const std::size_t end = End(col);
     const std::size_t begin = Begin(col);
-    return std::string_view(texts_).substr(begin, ends_.at(col) - begin);
+    return {Texts() + begin, end - begin};
   }
-
-  void SetText(std::size_t col, std::string_view text) {
-    const std::size_t begin = Begin(col);
-    const std::size_t oldSize = ends_.at(col) - begin;
-    texts_.replace(begin, oldSize, text);
-    if (text.size() == oldSize) return;
-    for (std::size_t i = col; i < ends_.size(); ++i) {
-      ends_[i] = static_cast<std::uint32_t>(ends_[i] + text.size() - oldSize);
-    }
-  }
-
-  [[nodiscard]] std::uint32_t BackColor() const { return backColor_; }
-  void SetBackColor(std::uint32_t color) { backColor_ = color; }
+  /// `text` may be one of the row's own.
+  void SetText(std::size_t col, std::string_view text);
 
  private:
-  [[nodiscard]] std::size_t Begin(std::size_t col) const { return col == 0 ? 0 : ends_.at(col - 1); }
+  [[nodiscard]] std::size_t Cols() const { return block_[0]; }
+  [[nodiscard]] std::size_t Begin(std::size_t col) const { return col == 0 ? 0 : block_[col]; }
+  [[nodiscard]] std::size_t End(std::size_t col) const {
+    if (col >= Cols()) ThrowNoSuchColumn();
+    return block_[col + 1];
+  }
+  [[nodiscard]] const char* Texts() const { return reinterpret_cast<const char*>(&block_[Cols() + 1]); }
+  [[nodiscard]] char* Texts() { return reinterpret_cast<char*>(&block_[Cols() + 1]); }
+  [[noreturn]] static void ThrowNoSuchColumn();
 
-  std::string texts_;
-  std::vector<std::uint32_t> ends_;  ///< where each cell's text ends in texts_
-  std::uint32_t backColor_ = 0x00FFFFFF;
+  /// The number of columns; where each cell's text ends; the texts, one behind the other.
+  std::unique_ptr<std::uint32_t[]> block_;
 };
 
 }  // namespace koru

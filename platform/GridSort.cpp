@@ -4,11 +4,11 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <numeric>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/Grid.h"
 #include "platform/PersianText.h"
@@ -28,69 +28,76 @@ std::optional<double> WholeNumber(std::string_view text) {
   return number;
 }
 
-/// The keys of a column's texts. The characters of all of them stand one behind the other, so that sorting
-/// moves nothing but a few numbers.
+/// The keys of a column's texts, numbers apart from other texts. The characters of all texts stand one behind
+/// the other, so that sorting moves nothing but a few numbers.
 class SortKeys {
  public:
-  struct Key {
-    bool isText = false;
-    double number = 0;
+  SortKeys(const std::vector<GridRow>& rows, std::size_t col, SortMode mode) {
+    numbers_.reserve(rows.size());
+    for (std::size_t row = 1; row < rows.size(); ++row) {
+      const std::string_view text = rows[row].Text(col);
+      const auto number = mode == SortMode::GenericAscending ? WholeNumber(text) : std::optional<double>();
+      if (number) {
+        numbers_.push_back({*number, row});
+      } else {
+        AddText(text, row);
+      }
+    }
+  }
+
+  /// The rows in their order: numbers before texts, equal ones as they were.
+  std::vector<std::size_t> Sorted() {
+    std::stable_sort(numbers_.begin(), numbers_.end(),
+                     [](const Number& a, const Number& b) { return a.value < b.value; });
+    std::stable_sort(texts_.begin(), texts_.end(), [this](const Text& a, const Text& b) {
+      return a.lead != b.lead ? a.lead < b.lead : CharactersOf(a) < CharactersOf(b);
+    });
+    std::vector<std::size_t> rows;
+    rows.reserve(numbers_.size() + texts_.size());
+    for (const Number& number : numbers_) rows.push_back(number.row);
+    for (const Text& text : texts_) rows.push_back(text.row);
+    return rows;
+  }
+
+ private:
+  struct Number {
+    double value = 0;
+    std::size_t row = 0;
+  };
+  struct Text {
     std::uint64_t lead = 0;  ///< the first eight characters
-    std::size_t begin = 0;   ///< of the text's key in characters_
+    std::size_t begin = 0;   ///< in characters_
     std::size_t size = 0;
     std::size_t row = 0;
   };
 
-  SortKeys(const std::vector<GridRow>& rows, std::size_t col, SortMode mode) {
-    keys_.reserve(rows.size());
-    for (std::size_t row = 1; row < rows.size(); ++row)
-      keys_.push_back(MakeKey(rows[row].Text(col), mode, row));
-  }
-
-  /// Numbers before texts; equal ones as they were.
-  const std::vector<Key>& Sorted() {
-    std::stable_sort(keys_.begin(), keys_.end(), [this](const Key& a, const Key& b) {
-      if (a.isText != b.isText) return b.isText;
-      if (!a.isText) return a.number < b.number;
-      return a.lead != b.lead ? a.lead < b.lead : TextOf(a) < TextOf(b);
-    });
-    return keys_;
-  }
-
- private:
-  Key MakeKey(std::string_view text, SortMode mode, std::size_t row) {
-    if (mode == SortMode::GenericAscending) {
-      if (const auto number = WholeNumber(text)) return {false, *number, 0, 0, 0, row};
-    }
+  void AddText(std::string_view text, std::size_t row) {
     const std::string key = PersianSortKey(text);
     std::uint64_t lead = 0;
     for (std::size_t i = 0; i < sizeof lead; ++i) {
       lead = lead << 8U | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
     }
+    texts_.push_back({lead, characters_.size(), key.size(), row});
     characters_ += key;
-    return {true, 0, lead, characters_.size() - key.size(), key.size(), row};
   }
-  [[nodiscard]] std::string_view TextOf(const Key& key) const {
-    return std::string_view(characters_).substr(key.begin, key.size);
+  [[nodiscard]] std::string_view CharactersOf(const Text& text) const {
+    return std::string_view(characters_).substr(text.begin, text.size);
   }
 
-  std::vector<Key> keys_;
+  std::vector<Number> numbers_;
+  std::vector<Text> texts_;
   std::string characters_;
 };
 
 }  // namespace
 
 void SortRows(std::vector<GridRow>& rows, std::size_t col, SortMode mode) {
-  SortKeys keys(rows, col, mode);
-  std::vector<std::uint32_t> colors;
-  colors.reserve(rows.size());
-  for (const GridRow& row : rows) colors.push_back(row.BackColor());
-
+  if (rows.empty()) return;
+  const std::vector<std::size_t> order = SortKeys(rows, col, mode).Sorted();
   std::vector<GridRow> sorted;
   sorted.reserve(rows.size());
-  if (!rows.empty()) sorted.push_back(std::move(rows.front()));
-  for (const SortKeys::Key& key : keys.Sorted()) sorted.push_back(std::move(rows[key.row]));
-  for (std::size_t row = 0; row < sorted.size(); ++row) sorted[row].SetBackColor(colors[row]);
+  sorted.push_back(std::move(rows.front()));
+  for (const std::size_t row : order) sorted.push_back(std::move(rows[row]));
   rows = std::move(sorted);
 }
 

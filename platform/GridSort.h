@@ -9,8 +9,7 @@ namespace koru {
 
 enum class SortMode;
 
-/// Orders all rows but the first by the texts of one column, ascending and stable. Background colours stay
-/// where they are, so that the stripes of a grid remain stripes.
+/// Orders all rows but the first by the texts of one column, ascending and stable.
 void SortRows(std::vector<GridRow>& rows, std::size_t col, SortMode mode);
 
 }  // namespace koru

@@ -25,7 +25,7 @@ constexpr auto kWeights = [] {
   return weights;
 }();
 
-char32_t FoldCase(char32_t c) {
+constexpr char32_t FoldCase(char32_t c) {
   if (c >= 'A' && c <= 'Z') return c + 0x20;
   if (c < 0xC0) return c;
   if (c <= 0xDE) return c == 0xD7 ? c : c + 0x20;
@@ -34,28 +34,7 @@ char32_t FoldCase(char32_t c) {
   return c;
 }
 
-char32_t Weight(char32_t folded) {
-  if (folded < kArabicBlock) return folded;
-  if (folded < kArabicBlock + 0x100) return kWeights[folded - kArabicBlock];
-  return folded + 0x100;
-}
-
-std::string_view WithoutTrailingBlanks(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
-/// The weight of the next character that counts; 0 at the end of the text.
-char32_t NextWeight(std::string_view text, std::size_t& at) {
-  while (at < text.size()) {
-    const char32_t c = NextCharacter(text, at);
-    if (c != kZeroWidthNonJoiner) return Weight(FoldCharacter(c)) + 1;
-  }
-  return 0;
-}
-
-}  // namespace
-
-char32_t FoldCharacter(char32_t character) {
+constexpr char32_t Folded(char32_t character) {
   if (character < kArabicBlock) return FoldCase(character);
   if (character == 0x064A || character == 0x0649) return 0x06CC;
   if (character == 0x0643) return 0x06A9;
@@ -63,6 +42,58 @@ char32_t FoldCharacter(char32_t character) {
   if (character >= 0x06F0 && character <= 0x06F9) return '0' + (character - 0x06F0);
   return character;
 }
+
+constexpr char32_t Weight(char32_t folded) {
+  if (folded < kArabicBlock) return folded;
+  if (folded < kArabicBlock + 0x100) return kWeights[folded - kArabicBlock];
+  return folded + 0x100;
+}
+
+/// Non-joiners at the end go as well: they count for nothing, and a blank may stand before them.
+std::string_view WithoutTrailingBlanks(std::string_view text) {
+  constexpr std::string_view kNonJoiner = "\u200c";
+  while (true) {
+    text = text.substr(0, text.find_last_not_of(' ') + 1);
+    if (!text.ends_with(kNonJoiner)) return text;
+    text.remove_suffix(kNonJoiner.size());
+  }
+}
+
+/// The weights of the characters that nearly all texts are made of.
+constexpr char32_t kUsualCharacters = kArabicBlock + 0x100;
+constexpr auto kUsualWeights = [] {
+  std::array<char32_t, kUsualCharacters> weights{};
+  for (char32_t c = 0; c < kUsualCharacters; ++c) weights[c] = Weight(Folded(c)) + 1;
+  return weights;
+}();
+
+/// The next character, as NextCharacter reads it; most have one byte or two.
+char32_t TakeCharacter(std::string_view text, std::size_t& at) {
+  const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
+  const char32_t first = byte(at);
+  if (first < 0x80) {
+    ++at;
+    return first;
+  }
+  if (first < 0xC2 || first > 0xDF || at + 1 == text.size() || (byte(at + 1) & 0xC0U) != 0x80U)
+    return NextCharacter(text, at);
+  at += 2;
+  return (first & 0x1FU) << 6U | (byte(at - 1) & 0x3FU);
+}
+
+/// The weight of the next character that counts; 0 at the end of the text.
+char32_t NextWeight(std::string_view text, std::size_t& at) {
+  while (at < text.size()) {
+    const char32_t c = TakeCharacter(text, at);
+    if (c < kUsualCharacters) return kUsualWeights[c];
+    if (c != kZeroWidthNonJoiner) return Weight(Folded(c)) + 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+char32_t FoldCharacter(char32_t character) { return Folded(character); }
 
 std::string FoldPersian(std::string_view text) {
   std::string folded;
@@ -80,7 +111,13 @@ std::string PersianSortKey(std::string_view text) {
   std::string key;
   key.reserve(text.size() + text.size() / 2);
   std::size_t at = 0;
-  while (const char32_t weight = NextWeight(text, at)) AppendCharacter(key, weight);
+  while (const char32_t weight = NextWeight(text, at)) {
+    if (weight < 0x80) {
+      key += static_cast<char>(weight);
+    } else {
+      AppendCharacter(key, weight);
+    }
+  }
   return key;
 }
 

@@ -5,7 +5,8 @@
 namespace koru {
 
 /// How far a long operation has come: Value() of Max() steps. A Max() of 0 is an operation with nothing to
-/// do. Windows repaint at once on a change, since nothing else runs meanwhile.
+/// do. An operation may tell every step: since nothing else runs meanwhile, a change is what lets windows be
+/// drawn, as often as the eye can follow.
 class ProgressBar : public Control {
  public:
   using Control::Control;

@@ -10,6 +10,7 @@
 
 namespace koru {
 
+/// What day it is.
 class Clock {
  public:
   virtual ~Clock() = default;
@@ -17,6 +18,7 @@ class Clock {
   [[nodiscard]] virtual Date Today() const = 0;
 };
 
+/// The files of the machine that the form runs on.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;

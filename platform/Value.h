@@ -21,6 +21,8 @@ class Value {
 
   [[nodiscard]] bool IsNull() const { return std::holds_alternative<std::monostate>(value_); }
 
+  [[nodiscard]] bool IsText() const { return std::holds_alternative<std::string_view>(value_); }
+
   /// As text: NULL is empty, a number its default text.
   [[nodiscard]] std::string Text() const;
   /// As a number: NULL is 0, a text its leading number.

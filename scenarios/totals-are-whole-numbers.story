@@ -2,7 +2,7 @@
 database empty
 sql "insert into tblUser(ID, FullName) values(1, 'سارا')"
 sql "insert into tblGood(Barcode, Name) values('1', 'الف'), ('2', 'ب'), ('3', 'پ')"
-sql "insert into tblInventoryCounting(ID, InventoryID, CreatorID) values(1, 1, 1), (2, 1, 1)"
+sql "insert into tblInventoryCounting(InventoryID, CreatorID) values(1, 1), (1, 1)"
 sql "insert into tblInventoryCountingDetail(CountingID, RowNumber, Barcode, AcceptedCounting, SystemCounting, ContradictionCounting, BaseValue) values(1, 1, '1', 12.5, 0, 12.5, 1), (1, 2, '2', 0, 13.5, -13.5, 1), (1, 3, '3', NULL, NULL, NULL, NULL), (2, 1, '1', 13.5, 26, -12.5, 1.4), (2, 2, '2', 0.125, 0, 0.125, 2.5)"
 user 1
 view 1

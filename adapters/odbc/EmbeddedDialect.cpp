@@ -72,6 +72,10 @@ const EmbeddedDialect::Translation& EmbeddedDialect::Translated(const std::strin
 
 std::string EmbeddedDialect::SessionSettings() const { return "PRAGMA foreign_keys=OFF"; }
 
+std::optional<OdbcDialect::GroupStatements> EmbeddedDialect::WriteGroupStatements() const {
+  return GroupStatements{"BEGIN IMMEDIATE", "COMMIT", "ROLLBACK"};
+}
+
 std::optional<SqlText> EmbeddedDialect::ProcedureAsStatement(
     std::string_view procedure, const std::vector<std::int32_t>& parameters) const {
   return PermissionStatement(procedure, parameters);

@@ -8,16 +8,15 @@
 #include "adapters/odbc/OdbcDrivers.h"
 #include "adapters/odbc/ServerDialect.h"
 #include "adapters/sqlite/SqliteConnector.h"
+#include "platform/ConnectionText.h"
 
 namespace koru {
 namespace {
 
 /// The driver would take any file and make a missing one; the embedded adapter says what is wrong with it.
 void CheckFile(const std::string& file) {
-  std::string quoted;
-  for (const char c : file) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
   try {
-    static_cast<void>(SqliteConnector().Connect("Provider=SQLite;Data Source=\"" + quoted + "\""));
+    static_cast<void>(SqliteConnector().Connect(EmbeddedConnectionText(file)));
   } catch (const DatabaseError& failure) {
     throw OdbcConnectError(OdbcConnectError::Step::Database, failure.ServerText(), failure.Code());
   }
@@ -36,6 +35,10 @@ std::unique_ptr<Database> OdbcConnector::Connect(const std::string& connectionTe
   OdbcTarget target = ReadTarget(connectionText, InstalledDrivers());
   std::unique_ptr<OdbcDialect> dialect = DialectOf(target);
   return std::make_unique<OdbcDatabase>(std::move(target), timeouts_, std::move(dialect));
+}
+
+std::string EmbeddedThroughOdbcText(const std::string& file) {
+  return "Provider=ODBC;Dialect=SQLite;Driver=SQLite3;Database=" + QuotedForConnection(file);
 }
 
 }  // namespace koru

@@ -22,4 +22,8 @@ class OdbcConnector : public DatabaseConnector {
   OdbcTimeouts timeouts_;
 };
 
+/// The connection text of an embedded database file (UTF-8) behind the ODBC driver that Debian installs under
+/// the name SQLite3.
+[[nodiscard]] std::string EmbeddedThroughOdbcText(const std::string& file);
+
 }  // namespace koru

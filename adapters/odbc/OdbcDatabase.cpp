@@ -7,14 +7,29 @@
 #include "platform/Errors.h"
 
 namespace koru {
-namespace {
 
-class NoGroup : public WriteGroup {
+/// One level of nesting; the outermost one holds what is written together.
+class OdbcDatabase::Group : public WriteGroup {
  public:
-  void Finish() override {}
-};
+  explicit Group(OdbcDatabase* database) : database_(database) {}
+  Group(const Group&) = delete;
+  Group& operator=(const Group&) = delete;
 
-}  // namespace
+  ~Group() override {
+    try {
+      Finish();
+    } catch (
+        const DatabaseError&) {  // NOLINT(bugprone-empty-catch): the failure under way is the one to report
+    }
+  }
+
+  void Finish() override {
+    if (OdbcDatabase* database = std::exchange(database_, nullptr)) database->EndGroup();
+  }
+
+ private:
+  OdbcDatabase* database_;  ///< nullptr when there is nothing to end
+};
 
 OdbcDatabase::OdbcDatabase(OdbcTarget target, OdbcTimeouts timeouts, std::unique_ptr<OdbcDialect> dialect)
     : target_(std::move(target)), timeouts_(timeouts), dialect_(std::move(dialect)) {
@@ -57,6 +72,28 @@ std::int32_t OdbcDatabase::Call(std::string_view procedure, const std::vector<st
                [&](OdbcSession& session) { return session.Call(name.text, parameters); });
 }
 
-std::unique_ptr<WriteGroup> OdbcDatabase::BeginWriteGroup() { return std::make_unique<NoGroup>(); }
+std::unique_ptr<WriteGroup> OdbcDatabase::BeginWriteGroup() {
+  const auto statements = dialect_->WriteGroupStatements();
+  if (!statements) return std::make_unique<Group>(nullptr);
+  if (openGroups_ == 0) RunAlone(statements->begin);
+  auto group = std::make_unique<Group>(this);
+  ++openGroups_;
+  return group;
+}
+
+void OdbcDatabase::EndGroup() {
+  if (--openGroups_ > 0) return;
+  const OdbcDialect::GroupStatements statements = *dialect_->WriteGroupStatements();
+  try {
+    RunAlone(statements.end);
+  } catch (const DatabaseError&) {
+    if (session_ != nullptr) RunAlone(statements.giveUp);
+    throw;
+  }
+}
+
+void OdbcDatabase::RunAlone(const std::string& statement) {
+  Tried(statement, [&](OdbcSession& session) { return session.Run({statement, {}}); });
+}
 
 }  // namespace koru

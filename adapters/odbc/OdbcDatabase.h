@@ -27,11 +27,14 @@ class OdbcDatabase : public Database {
 
   Recordset Open(const SqlText& statement) override;
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
-  /// Does nothing: a server decides by itself when it writes to its disk.
+  /// Does nothing on a server, which decides by itself when it writes to its disk.
   [[nodiscard]] std::unique_ptr<WriteGroup> BeginWriteGroup() override;
 
  private:
+  class Group;
   OdbcSession& Session();
+  void RunAlone(const std::string& statement);
+  void EndGroup();
   /// Runs `work` on the session; a failure carries the statement and ends a session that is of no more use.
   template <class Work>
   auto Tried(const std::string& statement, Work work);
@@ -40,6 +43,7 @@ class OdbcDatabase : public Database {
   OdbcTimeouts timeouts_;
   std::unique_ptr<OdbcDialect> dialect_;
   std::unique_ptr<OdbcSession> session_;
+  int openGroups_ = 0;
 };
 
 }  // namespace koru

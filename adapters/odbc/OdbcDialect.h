@@ -32,6 +32,15 @@ class OdbcDialect {
   /// Sent once on every new connection.
   [[nodiscard]] virtual std::string SessionSettings() const = 0;
 
+  /// The statements around those that are to reach the disk together; nothing where the server decides by
+  /// itself when it writes to its disk.
+  struct GroupStatements {
+    std::string begin;
+    std::string end;
+    std::string giveUp;  ///< after an end that failed
+  };
+  [[nodiscard]] virtual std::optional<GroupStatements> WriteGroupStatements() const = 0;
+
   /// Where there are no procedures: a selection that finds rows when the procedure's answer is yes (1), none
   /// for no (0). Throws DatabaseError for a procedure that is not known. Nothing where procedures are called
   /// as such.

@@ -45,6 +45,8 @@ std::string ServerDialect::SessionSettings() const {
          "QUOTED_IDENTIFIER ON SET NUMERIC_ROUNDABORT OFF";
 }
 
+std::optional<OdbcDialect::GroupStatements> ServerDialect::WriteGroupStatements() const { return {}; }
+
 std::optional<SqlText> ServerDialect::ProcedureAsStatement(
     std::string_view /*procedure*/, const std::vector<std::int32_t>& /*parameters*/) const {
   return {};

@@ -5,6 +5,7 @@
 
 #include "adapters/sqlite/InAsExists.h"
 #include "adapters/sqlite/KeySelection.h"
+#include "adapters/sqlite/OrAsIn.h"
 #include "adapters/sqlite/StatementTokens.h"
 #include "adapters/sqlite/TrimmedBarcode.h"
 #include "platform/Errors.h"
@@ -108,9 +109,12 @@ ShapeOverKeys TranslateOverKeys(std::string_view shape, SqliteConnection& connec
   RefuseOrderByNumber(tokens, shape);
   ShapeOverKeys translated;
   for (KeySelection& taken : TakeKeySelections(tokens, connection)) {
+    ReadOrAsIn(taken.tokens, taken.table, connection);
     std::string sql = Translated(std::move(taken.tokens), connection);
-    if (!StandsAlone(sql, connection)) return {TranslateShape(shape, connection), {}};
-    translated.selections.push_back({std::move(sql), std::move(taken.literals), taken.parameter});
+    std::string order = taken.order.empty() ? std::string() : " " + JoinTokens(taken.order);
+    if (!StandsAlone(sql + order, connection)) return {TranslateShape(shape, connection), {}};
+    translated.selections.push_back(
+        {std::move(sql), std::move(order), std::move(taken.literals), taken.parameter});
   }
   translated.sql = Translated(std::move(tokens), connection);
   return translated;

@@ -20,6 +20,7 @@ namespace koru {
 struct ShapeOverKeys {
   struct Keys {
     std::string sql;
+    std::string order;  ///< ` order by ...`, to be put behind it; empty where the order does not count
     std::vector<int> literals;  ///< which literals of the statement its parameters 1, 2, ... are; from 1
     int parameter = 0;          ///< the statement's parameter that takes the KeyRanks
   };
@@ -27,8 +28,8 @@ struct ShapeOverKeys {
   std::vector<Keys> selections;  ///< none: `sql` is that of TranslateShape
 };
 
-/// As TranslateShape, for a shape that is run many times over the same data: the
-/// selections of keys that it shares with its next runs are taken out of it.
+/// As TranslateShape, for a shape that is run many times over the same data: the selections of keys that it
+/// shares with its next runs are taken out of it.
 [[nodiscard]] ShapeOverKeys TranslateOverKeys(std::string_view shape, SqliteConnection& connection);
 
 }  // namespace koru

@@ -60,6 +60,7 @@ class Reading {
           SqliteConnection& connection)
       : tokens_(tokens), documents_(std::move(documents)), connection_(connection) {
     read_.lines = std::move(lines);
+    read_.documents = documents_;
   }
 
   std::optional<JoinedSelection> Read(std::size_t where, std::size_t order) {
@@ -106,8 +107,7 @@ class Reading {
     read_.keys = ReadTokens("select " + key_ + " from " + documents_ + " where");
     ofDocuments_.front().spaceBefore = true;
     Append(read_.keys, ofDocuments_);
-    read_.isOrdered = order < tokens_.size();
-    if (!read_.isOrdered) return true;
+    if (order == tokens_.size()) return true;
     const StatementToken& column = At(tokens_, order + 2);
     const bool hasDirection = At(tokens_, order + 3).Is("asc") || At(tokens_, order + 3).Is("desc");
     if (!At(tokens_, order + 1).Is("by") || column.kind != SqlTokenKind::Word ||
@@ -115,8 +115,8 @@ class Reading {
       return false;
     if (!connection_.HasColumn(documents_, column.text) || connection_.HasColumn(read_.lines, column.text))
       return false;
-    Append(read_.keys, Slice(tokens_, order, tokens_.size()));
-    read_.keys.push_back({SqlTokenKind::Word, "," + key_, false});
+    read_.order = Slice(tokens_, order, tokens_.size());
+    read_.order.push_back({SqlTokenKind::Word, "," + key_, false});
     return true;
   }
 

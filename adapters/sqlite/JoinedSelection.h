@@ -12,11 +12,12 @@ namespace koru {
 /// that the keys of the documents can be selected by themselves.
 struct JoinedSelection {
   std::string lines;            ///< D
+  std::string documents;        ///< T
   std::string column;           ///< X
   StatementTokens beforeWhere;  ///< `select ... from D`
   StatementTokens ofLines;  ///< the parts of the condition that are about D, each with its `and` before it
-  StatementTokens keys;     ///< `select key from T where (parts about T) order by C,key`
-  bool isOrdered = false;
+  StatementTokens keys;     ///< `select key from T where (parts about T)`
+  StatementTokens order;    ///< `order by C,key`, or nothing
 };
 
 /// None when the statement has another form: when a part or a column asked for is about both tables, when T

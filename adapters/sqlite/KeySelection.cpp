@@ -17,8 +17,8 @@ bool IsLiteral(const StatementToken& token) {
 }
 
 /// Numbers the literals anew from 1 and keeps which ones they were.
-KeySelection ByItself(StatementTokens tokens, int parameter) {
-  KeySelection selection{std::move(tokens), {}, parameter};
+KeySelection ByItself(std::string table, StatementTokens tokens, int parameter) {
+  KeySelection selection{std::move(table), std::move(tokens), {}, {}, parameter};
   for (StatementToken& token : selection.tokens) {
     if (!IsLiteral(token)) continue;
     selection.literals.push_back(std::stoi(token.text.substr(1)));
@@ -40,12 +40,14 @@ std::optional<KeySelection> TakeJoined(StatementTokens& tokens, int parameter, S
   rest.push_back({SqlTokenKind::Word, "where", true});
   rest.push_back(rank);
   rest.insert(rest.end(), joined->ofLines.begin(), joined->ofLines.end());
-  if (joined->isOrdered) {
+  if (!joined->order.empty()) {
     rest.push_back({SqlTokenKind::Word, "order by", true});
     rest.push_back(rank);
   }
   tokens = std::move(rest);
-  return ByItself(std::move(joined->keys), parameter);
+  KeySelection keys = ByItself(std::move(joined->documents), std::move(joined->keys), parameter);
+  keys.order = std::move(joined->order);
+  return keys;
 }
 
 KeySelection TakeIn(StatementTokens& tokens, const InSelection& in, int parameter) {
@@ -55,7 +57,7 @@ KeySelection TakeIn(StatementTokens& tokens, const InSelection& in, int paramete
   };
   keys.insert(keys.end(), at(in.condition), at(in.close));
   Replace(tokens, in.begin, in.close + 1, {RankOf(in.outer, in.column, parameter)});
-  return ByItself(std::move(keys), parameter);
+  return ByItself(in.table, std::move(keys), parameter);
 }
 
 }  // namespace

@@ -32,7 +32,6 @@ Snapshot::Snapshot(SqliteConnection& connection, std::size_t keptStatements)
 
 void Snapshot::Begin() {
   connection_.Execute("BEGIN");
-  changes_ = connection_.Changes();
   open_ = true;
 }
 
@@ -46,7 +45,7 @@ void Snapshot::End() noexcept {
 }
 
 bool Snapshot::Stands() {
-  if (open_ && (!connection_.InTransaction() || connection_.Changes() != changes_)) End();
+  if (open_ && !connection_.InTransaction()) End();
   return open_;
 }
 
@@ -65,17 +64,18 @@ SqliteStatement* Snapshot::Ready(const StatementShape& shape) {
 const KeyRanks& Snapshot::RanksOf(const Selection& selection, const std::vector<Literal>& literals) {
   const std::vector<int>& numbers = selection.literals;
   const auto found = std::find_if(ranks_.begin(), ranks_.end(), [&](const KeptRanks& kept) {
-    return kept.sql == selection.sql &&
+    // Keys in some order serve where the order does not count.
+    return kept.sql == selection.sql && (selection.order.empty() || kept.order == selection.order) &&
            std::equal(numbers.begin(), numbers.end(), kept.values.begin(), kept.values.end(),
                       [&](int number, const Literal& value) { return LiteralOf(literals, number) == value; });
   });
   if (found != ranks_.end()) return found->ranks;
-  SqliteStatement statement = connection_.Prepare(selection.sql);
+  SqliteStatement statement = connection_.Prepare(selection.sql + selection.order);
   std::vector<Literal> values;
   values.reserve(numbers.size());
   for (const int number : numbers) values.push_back(LiteralOf(literals, number));
   BindAll(statement, values);
-  ranks_.push_front({selection.sql, std::move(values), KeyRanks(ReadKeys(statement))});
+  ranks_.push_front({selection.sql, selection.order, std::move(values), KeyRanks(ReadKeys(statement))});
   return ranks_.front().ranks;
 }
 

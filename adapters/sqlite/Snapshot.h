@@ -27,7 +27,7 @@ class Snapshot {
   void Begin();
   /// Does nothing when there is none. Does not throw: nothing was written.
   void End() noexcept;
-  /// Whether there is one; a failure may have ended it, and a change of our own ends it here.
+  /// Whether there is one; a failure may have ended it.
   [[nodiscard]] bool Stands();
 
   /// The statement with its values, ready to run and valid until the next one; nullptr when it writes, for
@@ -44,6 +44,7 @@ class Snapshot {
   };
   struct KeptRanks {
     std::string sql;
+    std::string order;
     std::vector<Literal> values;
     KeyRanks ranks;
   };
@@ -52,7 +53,6 @@ class Snapshot {
   SqliteConnection& connection_;
   StatementCache<KeptStatement> statements_;
   std::list<KeptRanks> ranks_;
-  std::int64_t changes_ = 0;
   bool open_ = false;
 };
 

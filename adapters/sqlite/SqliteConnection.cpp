@@ -152,7 +152,7 @@ std::int64_t SqliteConnection::Number(std::string_view sql) {
 
 bool SqliteConnection::InTransaction() const { return sqlite3_get_autocommit(connection_.get()) == 0; }
 
-std::int64_t SqliteConnection::Changes() const { return sqlite3_total_changes64(connection_.get()); }
+void SqliteConnection::ReleasePages() const { sqlite3_db_release_memory(connection_.get()); }
 
 bool SqliteConnection::IsReadOnly() const { return sqlite3_db_readonly(connection_.get(), "main") == 1; }
 

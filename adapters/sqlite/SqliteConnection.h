@@ -89,8 +89,8 @@ class SqliteConnection {
 
   /// Whether statements run in a transaction at this moment.
   [[nodiscard]] bool InTransaction() const;
-  /// The rows that this connection has inserted, updated and deleted since it was opened.
-  [[nodiscard]] std::int64_t Changes() const;
+  /// Gives the memory back that pages of the file are kept in, but for those in use.
+  void ReleasePages() const;
   /// Whether the file can only be read.
   [[nodiscard]] bool IsReadOnly() const;
   /// Whether `table` is a table (not a view) with a column of that name, regardless of case.

@@ -97,4 +97,8 @@ std::unique_ptr<Database> SqliteConnector::Connect(const std::string& connection
   return std::make_unique<SqliteDatabase>(std::move(connection));
 }
 
+std::string EmbeddedConnectionText(const std::string& file) {
+  return "Provider=SQLite;Data Source=" + QuotedForConnection(file);
+}
+
 }  // namespace koru

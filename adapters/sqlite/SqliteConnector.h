@@ -26,4 +26,7 @@ class SqliteConnector : public DatabaseConnector {
   std::chrono::milliseconds busyTimeout_;
 };
 
+/// The connection text of an embedded database file; `file` is UTF-8.
+[[nodiscard]] std::string EmbeddedConnectionText(const std::string& file);
+
 }  // namespace koru

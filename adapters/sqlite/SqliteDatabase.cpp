@@ -13,6 +13,9 @@
 namespace koru {
 namespace {
 
+/// What so many records were read from is not kept in memory beside them: it is hardly read twice.
+constexpr std::size_t kLongReading = 5'000;
+
 /// A statement that is kept must not stay half read: it would hold its lock and its snapshot of the file.
 class ResetAtEnd {
  public:
@@ -109,7 +112,10 @@ SqliteDatabase::SqliteDatabase(SqliteConnection connection)
 Recordset SqliteDatabase::Open(const SqlText& statement) {
   const StatementShape shape = ReadShape(statement.Text());
   try {
-    return Run(shape);
+    Recordset records = Run(shape);
+    if (records.RecordCount() > kLongReading && openGroups_ == 0 && !snapshot_.Stands())
+      connection_.ReleasePages();
+    return records;
   } catch (const DatabaseError& failure) {
     const DatabaseError told(failure.ServerText(), failure.Code(), statement.Text());
     CheckGroupStillThere(told);

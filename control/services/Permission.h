@@ -4,7 +4,7 @@
 
 namespace koru {
 
-/// Whether the signed-in user holds the right; one who does not is told so.
+/// Whether the signed-in user holds the right; one who does not is told so. Throws DatabaseError.
 [[nodiscard]] bool MayDo(SharedState& shared, FormPermission permission);
 
 }  // namespace koru

@@ -3,7 +3,6 @@
 namespace koru {
 
 Recordset dteInvCounting::Command::Open(const SqlText& source) {
-  source_ = source.Text();
   CheckTypedSpans(source);
   return owner_.Connection().Open(source);
 }

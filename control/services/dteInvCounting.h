@@ -36,12 +36,9 @@ class dteInvCounting {
     /// Sends the statement and returns its rows, standing on the first. A statement in which typed text has
     /// left its literal is refused with the DatabaseError of a broken statement, and nothing is sent.
     Recordset Open(const SqlText& source);
-    /// The statement opened last; empty before the first.
-    [[nodiscard]] const std::string& Source() const { return source_; }
 
    private:
     dteInvCounting& owner_;
-    std::string source_;
   };
 
   /// `databases` must outlive the object.

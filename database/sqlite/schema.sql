@@ -263,8 +263,8 @@ left join tblUser as second on second.ID = counting.CounterEmployeeID2
 left join tblUser as third on third.ID = counting.CounterEmployeeID3
 left join tblUser as confirmer on confirmer.ID = counting.CounterConfirmerID;
 
--- What a report prints: one row per line, with the header beside it. The rate is rounded to whole money as on the
--- counting form; a quantity that a line does not have, and its amount, are NULL.
+-- What a report prints: one row per line that the counting form shows, with the header beside it. The rate is rounded
+-- to whole money as on the form; a quantity that a line does not have, and its amount, are NULL.
 create view vwInventoryCountingPrint as
 select
   counting.*,
@@ -284,5 +284,5 @@ select
   line.AcceptedCounting * round(ifnull(line.BaseValue, 0)) as TotalValue
 from vwInventoryCounting as counting
 join tblInventoryCountingDetail as line on line.CountingID = counting.ID
-left join tblGood as good on good.Barcode = line.Barcode
+join tblGood as good on good.Barcode = line.Barcode
 left join tblGoodScale as scale on scale.ID = line.ScaleID;

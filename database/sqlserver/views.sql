@@ -39,8 +39,8 @@ left join tblUser as counter3 on counter3.ID = counting.CounterEmployeeID3
 left join tblUser as confirmer on confirmer.ID = counting.CounterConfirmerID
 GO
 
--- What a report prints: one row per line, with the header beside it. The rate is rounded to whole money as on the
--- counting form. A quantity that a line does not have, and its amount, are NULL.
+-- What a report prints: one row per line that the counting form shows, with the header beside it. The rate is rounded
+-- to whole money as on the form. A quantity that a line does not have, and its amount, are NULL.
 create view vwInventoryCountingPrint as
 select
   counting.ID, counting.Code, counting.ManualCode, counting.InventoryID, counting.InvName,
@@ -69,5 +69,5 @@ select
   line.AcceptedCounting * round(isnull(line.BaseValue, 0), 0) as TotalValue
 from vwInventoryCounting as counting
 join tblInventoryCountingDetail as line on line.CountingID = counting.ID
-left join tblGood as good on good.Barcode = line.Barcode
+join tblGood as good on good.Barcode = line.Barcode
 left join tblGoodScale as scale on scale.ID = line.ScaleID

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "desktop/Fields.h"
 #include "desktop/QtText.h"
 #include "desktop/ShownNumber.h"
 #include "platform/Numbers.h"
@@ -55,7 +56,7 @@ QVariant DocumentLinesModel::data(const QModelIndex& index, int role) const {
   }
   if (role == Qt::TextAlignmentRole) {
     if (index.column() == RowNumber) return Qt::AlignCenter;
-    if (index.column() >= Quantity) return QVariant(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+    if (index.column() >= Quantity) return QVariant(kTrueRight);
     return QVariant(Qt::AlignLeading | Qt::AlignVCenter);
   }
   return {};

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/Fields.h"
 #include "desktop/QtText.h"
 #include "desktop/ShownNumber.h"
 #include "desktop/documents/DocumentLinesModel.h"
@@ -47,7 +48,7 @@ QLabel* DocumentWindow::NewValue(const char* objectName) {
   value->setProperty("value", true);
   value->setTextFormat(Qt::PlainText);
   value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  value->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);  // digits alone would jump left
+  value->setAlignment(kTrueRight);  // digits alone would jump left
   value->setMinimumWidth(90);
   return value;
 }

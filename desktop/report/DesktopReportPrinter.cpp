@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QFile>
+#include <utility>
 
 #include "desktop/QtText.h"
 #include "desktop/report/ReportPreview.h"
@@ -19,7 +20,9 @@ constexpr const char* kTitle = "مشاهده گزارش";
 /// version of them.
 std::string ReadReport(const std::string& path) {
   QFile file(ToQt(path));
-  if (const std::string_view builtIn = FindBuiltInReport(path); !file.exists() && !builtIn.empty()) {
+  if (!file.exists()) {
+    const std::string_view builtIn = FindBuiltInReport(path);
+    if (builtIn.empty()) RefuseReport(path, 0, "چنين پرونده اي نيست");
     return std::string(builtIn);
   }
   if (!file.open(QIODevice::ReadOnly))
@@ -53,14 +56,16 @@ std::unique_ptr<ReportDocument> DesktopReportPrinter::Prepare() const {
   ReportTemplate report = ParseReportTemplate(ReadReport(fileName_), fileName_);
   ReportFormulas formulas;
   for (const auto& [number, formula] : formulas_) AddFormula(formula, formulas);
-  // The query came ready from the component, which has checked what was typed into it.
-  Recordset records = databases_.Connect(connectionString_)->Open(SqlText() + Typed(query_));
+  CheckTypedSpans(query_);
+  Recordset records = databases_.Connect(connectionString_)->Open(query_);
   return std::make_unique<ReportDocument>(std::move(report), std::move(records), std::move(formulas));
 }
 
-void DesktopReportPrinter::Show() {
+void DesktopReportPrinter::Show() { LetRead(Prepare()); }
+
+void DesktopReportPrinter::LetRead(std::unique_ptr<const ReportDocument> report) {
   auto* const preview =  // NOLINT(cppcoreguidelines-owning-memory): deletes itself when it is closed
-      new ReportPreview(Prepare(), QString::fromUtf8(kTitle), tell_, WindowBelow());
+      new ReportPreview(std::move(report), QString::fromUtf8(kTitle), tell_, WindowBelow());
   preview->show();
   preview->activateWindow();
 }

@@ -21,19 +21,23 @@ class DesktopReportPrinter : public ReportPrinter {
 
   void SetReportFileName(const std::string& fileName) override { fileName_ = fileName; }
   void SetConnectionString(const std::string& text) override { connectionString_ = text; }
-  void SetSQLQuery(const std::string& query) override { query_ = query; }
+  void SetSQLQuery(const SqlText& query) override { query_ = query; }
   void SetFormula(int number, const std::string& formula) override { formulas_[number] = formula; }
   void Show() override;
 
   /// The report as Show would preview it; throws what Show throws.
   [[nodiscard]] std::unique_ptr<ReportDocument> Prepare() const;
 
+ protected:
+  /// Opens the preview.
+  virtual void LetRead(std::unique_ptr<const ReportDocument> report);
+
  private:
   DatabaseConnector& databases_;
   std::function<void(const std::string&)> tell_;
   std::string fileName_;
   std::string connectionString_;
-  std::string query_;
+  SqlText query_;
   std::map<int, std::string> formulas_;
 };
 

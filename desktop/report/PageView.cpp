@@ -20,7 +20,6 @@ constexpr double kWheelStep = 1.1;
 PageView::PageView(const ReportDocument& report) : report_(report), pictures_(kKeptPictures) {
   setObjectName(QStringLiteral("pages"));
   setFocusPolicy(Qt::StrongFocus);
-  setLayoutDirection(Qt::LeftToRight);  // the page itself runs from right to left
   viewport()->setBackgroundRole(QPalette::Dark);
   viewport()->setAutoFillBackground(true);
 }
@@ -36,13 +35,15 @@ int PageView::PageStep() const { return PageSize().height() + kGap; }
 
 void PageView::SetZoom(double zoom) {
   fitsWidth_ = false;
+  const bool atTop = verticalScrollBar()->value() == 0;
   const double bounded = std::clamp(zoom, kLeastZoom, kMostZoom);
   const double middle =
       (verticalScrollBar()->value() + viewport()->height() / 2.0) / std::max(1, PageStep() * PageCount());
   zoom_ = bounded;
   pictures_.clear();
   UpdateScrollBars();
-  verticalScrollBar()->setValue(qRound(middle * PageStep() * PageCount() - viewport()->height() / 2.0));
+  const double top = middle * PageStep() * PageCount() - viewport()->height() / 2.0;
+  verticalScrollBar()->setValue(atTop ? 0 : qRound(top));
   viewport()->update();
   emit Moved();
 }
@@ -66,10 +67,8 @@ void PageView::UpdateScrollBars() {
   const QSize page = PageSize();
   const int width = page.width() + 2 * kGap - viewport()->width();
   const int height = PageStep() * PageCount() + kGap - viewport()->height();
-  QScrollBar& across = *horizontalScrollBar();
-  const int fromRight = across.maximum() - across.value();  // people read from the right edge
+  QScrollBar& across = *horizontalScrollBar();  // its 0 is the right edge, where people begin to read
   across.setRange(0, std::max(0, width));
-  across.setValue(across.maximum() - fromRight);
   across.setPageStep(viewport()->width());
   across.setSingleStep(20);
   verticalScrollBar()->setRange(0, std::max(0, height));
@@ -94,8 +93,9 @@ QPixmap PageView::Picture(int page) {
 void PageView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(viewport());
   const int top = verticalScrollBar()->value();
+  const QScrollBar& across = *horizontalScrollBar();
   const int left =
-      std::max(kGap, (viewport()->width() - PageSize().width()) / 2) - horizontalScrollBar()->value();
+      std::max(kGap, (viewport()->width() - PageSize().width()) / 2) + across.value() - across.maximum();
   const int first = std::clamp((top - kGap) / PageStep(), 0, PageCount() - 1);
   for (int page = first; page < PageCount(); ++page) {
     const int y = kGap + page * PageStep() - top;

@@ -17,7 +17,7 @@ class PageView : public QAbstractScrollArea {
   explicit PageView(const ReportDocument& report);
 
   /// How large a page is shown: 1 is as large as on paper. Kept between kLeastZoom and kMostZoom; what is in
-  /// the middle stays there.
+  /// the middle stays there, and so does the top of the first page at the top.
   static constexpr double kLeastZoom = 0.25;
   static constexpr double kMostZoom = 4;
   [[nodiscard]] double Zoom() const { return zoom_; }

@@ -58,9 +58,13 @@ bool WriteReportPdf(const ReportDocument& report, const QString& path, const Rep
     if (!painter.begin(&pdf)) RefuseFile(path, file.errorString());
     whole = PaintPages(painter, pdf, report, 0, report.Pages().size() - 1, progress);
   }
-  if (!whole) {
+  // Taking the name is no failure where only the last bytes found no room.
+  const bool written = file.flush();
+  const QString reason = file.errorString();
+  if (!whole || !written) {
     file.cancelWriting();
     file.commit();
+    if (whole) RefuseFile(path, reason);
     return false;
   }
   if (!file.commit()) RefuseFile(path, file.errorString());

@@ -4,7 +4,10 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QTextLayout>
 #include <QTextOption>
+#include <map>
+#include <utility>
 
 #include "desktop/QtText.h"
 
@@ -18,6 +21,7 @@ constexpr double kPadding = 0.8 * kUnitsPerMm;
 constexpr double kHairline = 0.15 * kUnitsPerMm;
 constexpr double kSmallest = 0.6;  ///< of the font size that a cell asks for
 constexpr double kShrinkStep = 0.1;
+constexpr double kEndless = 1e6;  ///< wider than any paper
 constexpr int kGround = 0xE6;
 
 class PagePainter {
@@ -59,28 +63,51 @@ class PagePainter {
   /// A text that is too long for its cell is broken into lines and made smaller, as far as it stays readable;
   /// what does not fit even then ends in dots.
   void PaintText(const ReportCell& cell, const QRectF& area, const QString& text) {
+    const bool oneLine = !text.contains(QLatin1Char('\n'));
     for (double scale = 1; scale > kSmallest - kShrinkStep / 2; scale -= kShrinkStep) {
-      const QFont font = FontOf(cell, scale);
-      const QFontMetricsF metrics(font);
-      if (metrics.horizontalAdvance(text) <= area.width() && !text.contains(QLatin1Char('\n'))) {
-        return Draw(cell, font, area, text, QTextOption::NoWrap);
-      }
-      const QRectF needed = metrics.boundingRect(area, Qt::AlignVCenter | Qt::TextWordWrap, text);
+      const QFont& font = FontOf(cell, scale);
+      if (oneLine && DrawIfItFits(cell, font, area, text)) return;
+      const QRectF needed = QFontMetricsF(font).boundingRect(area, Qt::AlignVCenter | Qt::TextWordWrap, text);
       if (needed.height() <= area.height() && needed.width() <= area.width()) {
         return Draw(cell, font, area, text, QTextOption::WordWrap);
       }
     }
-    const QFont font = FontOf(cell, kSmallest);
+    const QFont& font = FontOf(cell, kSmallest);
     const QString line = QString(text).replace(QLatin1Char('\n'), QLatin1Char(' '));
     Draw(cell, font, area, QFontMetricsF(font).elidedText(line, Qt::ElideRight, area.width()),
          QTextOption::NoWrap);
   }
 
-  void Draw(const ReportCell& cell, const QFont& font, const QRectF& area, const QString& text,
-            QTextOption::WrapMode wrap) {
+  /// In one line. Most texts fit, and what is shaped to see that is what is painted.
+  bool DrawIfItFits(const ReportCell& cell, const QFont& font, const QRectF& area, const QString& text) {
+    QTextLayout layout(text, font, painter_.device());
+    layout.setCacheEnabled(true);
+    layout.setTextOption(OptionOf(cell, QTextOption::NoWrap));
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(kEndless);
+    layout.endLayout();
+    const double width = line.horizontalAdvance();
+    if (width > area.width() || line.height() > area.height()) return false;
+    const double left = cell.align == ReportAlign::Left     ? area.left()
+                        : cell.align == ReportAlign::Center ? area.center().x() - width / 2
+                                                            : area.right() - width;
+    painter_.setPen(Qt::black);
+    line.draw(&painter_, QPointF(left, area.center().y() - line.height() / 2));
+    return true;
+  }
+
+  static QTextOption OptionOf(const ReportCell& cell, QTextOption::WrapMode wrap) {
     QTextOption option;
     option.setTextDirection(cell.code ? Qt::LeftToRight : Qt::RightToLeft);
     option.setWrapMode(wrap);
+    option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
+    return option;
+  }
+
+  void Draw(const ReportCell& cell, const QFont& font, const QRectF& area, const QString& text,
+            QTextOption::WrapMode wrap) {
+    QTextOption option = OptionOf(cell, wrap);
     option.setAlignment(AlignmentOf(cell.align) | Qt::AlignVCenter);
     painter_.setPen(Qt::black);
     painter_.setFont(font);
@@ -99,10 +126,13 @@ class PagePainter {
     return Qt::AlignRight | Qt::AlignAbsolute;
   }
 
-  [[nodiscard]] QFont FontOf(const ReportCell& cell, double scale) const {
+  const QFont& FontOf(const ReportCell& cell, double scale) {
     const ReportTemplate& report = report_.Template();
     const double points = (cell.fontSize > 0 ? cell.fontSize : report.fontSize) * scale;
-    QFont font = report.fontFamily.empty() ? QApplication::font() : QFont(ToQt(report.fontFamily));
+    const auto [known, isNew] = fonts_.try_emplace({points, cell.bold});
+    QFont& font = known->second;
+    if (!isNew) return font;
+    font = report.fontFamily.empty() ? QApplication::font() : QFont(ToQt(report.fontFamily));
     font.setPixelSize(qRound(points * kMmPerPoint * kUnitsPerMm));
     font.setBold(cell.bold);
     font.setHintingPreference(QFont::PreferNoHinting);
@@ -112,6 +142,7 @@ class PagePainter {
   QPainter& painter_;
   const ReportDocument& report_;
   std::size_t page_;
+  std::map<std::pair<double, bool>, QFont> fonts_;  ///< by size in points, and whether it is bold
 };
 
 }  // namespace

@@ -27,6 +27,7 @@ class ReportPreview : public QWidget {
   /// failed; a failure is told.
   bool SavePdf(const QString& path);
   [[nodiscard]] PageView& View() { return *view_; }
+  [[nodiscard]] const ReportDocument& Report() const { return *report_; }
 
  private:
   void AddTools(QHBoxLayout& tools);

@@ -3,7 +3,6 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 #include "desktop/FormBinding.h"
@@ -51,28 +50,13 @@ void CriteriaBox::AddLine(std::initializer_list<QWidget*> widgets) {
   rows_->addLayout(line, count_++, 0, 1, 2 * columns_);
 }
 
-QString RightToLeft(const QString& text) { return QChar(0x200F) + text; }
-
-QLabel* NewHint(const QString& text, QWidget* parent) {
-  auto* const hint = new QLabel(RightToLeft(text), parent);
-  hint->setProperty("hint", true);
-  return hint;
-}
-
-QLineEdit* NewCodeField(QWidget* parent) {
-  auto* const field = new QLineEdit(parent);
-  field->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
-  field->setMinimumWidth(70);
-  return field;
-}
-
 QPushButton* AddSearchCommand(QBoxLayout& bar, FormBinding& binding, Button& command, const QString& keys,
                               bool main) {
   auto* const button = new QPushButton(bar.parentWidget());
   button->setProperty("main", main);
   button->setAutoDefault(true);
   button->setMinimumWidth(100);
-  binding.Bind(command, *button);
+  binding.Bind(command, *button, main ? WaitsFor::FiguresAndDates : WaitsFor::Figures);
   if (!keys.isEmpty()) button->setToolTip(QStringLiteral("%1 (%2)").arg(button->text(), keys));
   bar.addWidget(button);
   return button;

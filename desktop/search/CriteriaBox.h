@@ -7,7 +7,6 @@
 class QBoxLayout;
 class QGridLayout;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace koru {
@@ -42,17 +41,9 @@ class CriteriaBox : public QGroupBox {
   int count_ = 0;
 };
 
-/// A field for numbers, codes and barcodes: digits begin at the right edge, where the names stand.
-[[nodiscard]] QLineEdit* NewCodeField(QWidget* parent);
-
-/// Tells which keys do what, in small print. The keys' Latin names do not turn its direction round.
-[[nodiscard]] QLabel* NewHint(const QString& text, QWidget* parent);
-
-/// `text` as right to left even where it begins with a Latin letter.
-[[nodiscard]] QString RightToLeft(const QString& text);
-
 /// A command of a search window: Enter presses the one that has the keyboard. `keys` tells in its tooltip how
-/// it can be reached without going there; `main` marks the one that the window is for.
+/// it can be reached without going there; `main` marks the one that the window is for, which waits for dates
+/// to be right.
 QPushButton* AddSearchCommand(QBoxLayout& bar, FormBinding& binding, Button& command, const QString& keys,
                               bool main = false);
 

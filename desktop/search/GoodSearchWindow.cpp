@@ -14,6 +14,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "desktop/Fields.h"
 #include "desktop/Keys.h"
 #include "desktop/SelectorEdit.h"
 #include "desktop/search/CriteriaBox.h"
@@ -50,7 +51,7 @@ QComboBox* NewList(QWidget* parent, const char* nothing) {
   list->setPlaceholderText(QString::fromUtf8(nothing));
   list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   list->setMinimumContentsLength(8);
-  list->setToolTip(QStringLiteral("Delete: پاك كردن انتخاب"));
+  list->setToolTip(RightToLeft(QStringLiteral("Delete: پاك كردن انتخاب")));
   return list;
 }
 
@@ -78,14 +79,15 @@ GoodSearchWindow::GoodSearchWindow(frmGoodSearch& form, SelectorRecords& records
   AddCommands(*layout);
   AddMenu();
   Binding().Bind(form_.Timer1);
-  subscribed_.push_back(form_.Timer1.Tick.Subscribe([this] { ShowHint(); }));
+  subscribed_.push_back(form_.txtBarCode.Changed.Subscribe([this] { ShowHint(); }));
+  subscribed_.push_back(form_.optPrecise.Changed.Subscribe([this] { ShowHint(); }));
   ShowHint();
   resize(kUsualSize);
 }
 
 QLineEdit* GoodSearchWindow::NewField(QWidget* parent, TextBox& control, bool code) {
   auto* const field = new CriterionEdit(parent);
-  if (code) field->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+  if (code) field->setAlignment(kTrueRight);
   field->setMinimumWidth(80);
   Binding().Bind(control, *field);
   return field;

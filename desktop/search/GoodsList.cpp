@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <algorithm>
 
+#include "desktop/Fields.h"
 #include "desktop/QtText.h"
 
 namespace koru {
@@ -14,7 +15,7 @@ constexpr int kBarcodeColumn = 2;
 
 QTableWidgetItem* NewCell(const std::string& text, int column) {
   auto* const cell = new QTableWidgetItem(ToQt(text));  // NOLINT(cppcoreguidelines-owning-memory)
-  if (column != kNameColumn) cell->setTextAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+  if (column != kNameColumn) cell->setTextAlignment(kTrueRight);
   cell->setToolTip(cell->text());
   return cell;
 }

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/Fields.h"
 #include "desktop/QtText.h"
 #include "desktop/search/CriteriaBox.h"
 #include "desktop/search/GoodsList.h"

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/DateBoxEdit.h"
+#include "desktop/Fields.h"
 #include "desktop/GridView.h"
 #include "desktop/QtText.h"
 #include "desktop/SelectorEdit.h"
@@ -133,7 +134,7 @@ void InvSearchWindow::AddStoreAndPeople(CriteriaBox& box) {
   creator->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   creator->setMinimumContentsLength(8);
   Binding().Bind(form_.cmbcreator, *creator);
-  creator->setToolTip(QStringLiteral("Delete: همه تهيه كنندگان"));
+  creator->setToolTip(RightToLeft(QStringLiteral("Delete: همه تهيه كنندگان")));
   QWidget* const confirmer = NewPerson(&box, form_.mptConfirmer);
   QWidget* const first = NewPerson(&box, form_.mptCounter1);
   QWidget* const second = NewPerson(&box, form_.mptCounter2);
@@ -174,6 +175,9 @@ void InvSearchWindow::AddCommands(QBoxLayout& window) {
   commands->setContentsMargins(0, 0, 0, 0);
   AddSearchCommand(*commands, Binding(), form_.cmdSearch, QStringLiteral("Enter"), true);
   AddSearchCommand(*commands, Binding(), form_.cmdNew, {});
+  newSearch_ = form_.cmdNew.Click.Subscribe([this] {
+    for (DateBoxEdit* const date : findChildren<DateBoxEdit*>()) date->Unmark();
+  });
   AddSearchCommand(*commands, Binding(), form_.cmdExit, QStringLiteral("Esc"));
   row->addWidget(frame);
   QLabel* const hint = NewHint(QStringLiteral("Enter: باز كردن    عنوان ستون: مرتب كردن"), this);
@@ -225,13 +229,8 @@ void InvSearchWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void InvSearchWindow::Search() {
-  for (QLineEdit* const edit : findChildren<QLineEdit*>()) {
-    if (!edit->property("marked").toBool()) continue;
-    edit->setFocus();  // what was typed there is no day: the person has not said yet what they look for
-    return;
-  }
   QWidget* const criterion = focusWidget();
-  form_.cmdSearch.UserClick();
+  if (!Binding().Press(form_.cmdSearch, WaitsFor::FiguresAndDates)) return;
   QWidget* const next = form_.flexSearch.Rows() > 1 ? results_ : criterion;
   if (next != nullptr) next->setFocus();
 }

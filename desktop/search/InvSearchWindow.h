@@ -41,6 +41,7 @@ class InvSearchWindow : public FormWindow {
   QLabel* emptyResult_ = nullptr;
   Subscription rowsChanged_;
   Subscription countChanged_;
+  Subscription newSearch_;  ///< takes the marks of refused dates away, too
 };
 
 }  // namespace koru

@@ -3,13 +3,17 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFileDialog>
+#include <QProgressDialog>
 #include <QTimer>
 #include <algorithm>
 
+#include "adapters/sqlite/FilePath.h"
 #include "desktop/QtText.h"
 #include "host/Windows.h"
 #include "host/play/DialogGestures.h"
 #include "host/play/Gestures.h"
+#include "host/play/PreviewGestures.h"
 #include "host/play/StepKind.h"
 #include "host/play/WidgetGestures.h"
 #include "host/play/WidgetState.h"
@@ -35,10 +39,15 @@ QWidget* WindowInFront() {
 DesktopStage::DesktopStage(Person& person, DatabaseConnector& databases, std::filesystem::path pictures)
     : person_(person), databases_(databases), records_(databases), pictures_(std::move(pictures)) {
   RegisterWindows(screen_, records_);
+  // Those of the platform take no events of ours.
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   qApp->installEventFilter(this);
 }
 
-DesktopStage::~DesktopStage() { Settle(); }
+DesktopStage::~DesktopStage() {
+  while (ReportPreview* const open = PreviewInFront()) delete open;  // NOLINT: a story that failed left it
+  Settle();
+}
 
 void DesktopStage::RegisterComponents(ComponentRegistry& components) {
   RegisterDesktopComponents(components, databases_);
@@ -80,10 +89,13 @@ void DesktopStage::Settle() {
 
 void DesktopStage::UseWhatIsModal() {
   QWidget* const modal = QApplication::activeModalWidget();
+  if (qobject_cast<QProgressDialog*>(modal) != nullptr) return;  // asks nothing
   if (modal == nullptr || std::find(used_.begin(), used_.end(), modal) != used_.end()) return;
   used_.push_back(modal);
   if (Form* const form = screen_.ModalFormOf(*modal)) {
     person_.UseModalForm(*form);
+  } else if (auto* const files = qobject_cast<QFileDialog*>(modal)) {
+    NameFile(*files, saveAs_);
   } else {
     UseDialog(*modal, person_, [this](const std::function<void()>& action) { Run(action); });
   }
@@ -104,7 +116,8 @@ QWidget* DesktopStage::Usable(const Control& control) const {
   auto* const widget = window->findChild<QWidget*>(QString::fromStdString(control.Name()));
   if (widget == nullptr || !widget->isEnabled() || !widget->isVisible()) return nullptr;
   window->activateWindow();
-  QCoreApplication::processEvents();
+  // A window system grants the keyboard in its own time; a person waits for it.
+  if (!WaitUntil([&] { return window->isActiveWindow(); })) return nullptr;
   return widget;
 }
 
@@ -206,6 +219,28 @@ void DesktopStage::Close(Form& form) {
   if (FormWindow* const window = screen_.WindowOf(form)) {
     Run([window] { window->close(); });
   }
+}
+
+const ReportDocument* DesktopStage::Report() {
+  const ReportPreview* const preview = PreviewInFront();
+  return preview == nullptr ? nullptr : &preview->Report();
+}
+
+bool DesktopStage::SaveReport(const std::filesystem::path& file) {
+  saveAs_ = ToQt(TextOf(file));
+  ReportPreview* const preview = PreviewInFront();
+  if (preview != nullptr) Run([preview] { PressIn(*preview, Qt::Key_S, Qt::ControlModifier); });
+  return preview != nullptr;
+}
+
+bool DesktopStage::CloseReport() {
+  ReportPreview* const preview = PreviewInFront();
+  if (preview == nullptr) return false;
+  bool open = true;
+  const auto closed = connect(preview, &QObject::destroyed, this, [&open] { open = false; });
+  Run([preview] { PressIn(*preview, Qt::Key_Escape); });
+  disconnect(closed);
+  return !open;
 }
 
 std::string DesktopStage::Difference(const Control& control) {

@@ -44,6 +44,10 @@ class DesktopStage : public QObject, public Stage {
   bool Press(Control& control, KeyPress key) override;
   void Close(Form& form) override;
 
+  [[nodiscard]] const ReportDocument* Report() override;
+  bool SaveReport(const std::filesystem::path& file) override;
+  bool CloseReport() override;
+
   [[nodiscard]] std::string Difference(const Control& control) override;
   [[nodiscard]] std::string FocusDifference(const Form& form) override;
   void TakePicture(const std::string& name) override;
@@ -79,6 +83,7 @@ class DesktopStage : public QObject, public Stage {
   ModalScreen screen_;
   std::vector<const QWidget*> used_;  ///< modal windows that the person is at already
   int depth_ = 0;                     ///< actions under way
+  QString saveAs_;                    ///< what the person answers when a window asks for a file
 };
 
 }  // namespace koru

@@ -22,7 +22,7 @@ void FormStage::RegisterComponents(ComponentRegistry& components) {
   components.Register(std::string(GoodsPicker::kClassName),
                       [this] { return std::make_unique<PlayedPicker>(databases_, person_); });
   components.Register(std::string(ReportPrinter::kClassName),
-                      [this] { return std::make_unique<PlayedPrinter>(person_); });
+                      [this] { return std::make_unique<PlayedPrinter>(databases_, report_); });
   const auto addDocument = [&](std::string_view className, const DocumentKind& kind) {
     components.Register(std::string(className), [this, &components, &kind] {
       return std::make_unique<PlayedDocument>(kind, databases_, components, person_);
@@ -95,5 +95,11 @@ bool FormStage::DoubleClick(Grid& grid, int row) { return grid.UserDoubleClick(r
 bool FormStage::RightClick(Control& control) { return control.UserRightClick(); }
 
 bool FormStage::Press(Control& control, KeyPress key) { return control.UserKey(key); }
+
+bool FormStage::CloseReport() {
+  const bool open = report_ != nullptr;
+  report_.reset();
+  return open;
+}
 
 }  // namespace koru

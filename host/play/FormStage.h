@@ -32,6 +32,10 @@ class FormStage : public Stage, private Screen {
   bool Press(Control& control, KeyPress key) override;
   void Close(Form& form) override { form.UserClose(); }
 
+  [[nodiscard]] const ReportDocument* Report() override { return report_.get(); }
+  bool SaveReport(const std::filesystem::path&) override { return false; }
+  bool CloseReport() override;
+
   [[nodiscard]] std::string Difference(const Control&) override { return {}; }
   [[nodiscard]] std::string FocusDifference(const Form&) override { return {}; }
   void TakePicture(const std::string&) override {}
@@ -44,6 +48,7 @@ class FormStage : public Stage, private Screen {
   Person& person_;
   DatabaseConnector& databases_;
   Pointer pointer_ = Pointer::Normal;
+  std::unique_ptr<const ReportDocument> report_;
 };
 
 }  // namespace koru

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -49,6 +50,16 @@ void PressAndRelease(QWidget& widget, QEvent::Type press, QPoint at) {
 }
 
 }  // namespace
+
+bool WaitUntil(const std::function<bool()>& there) {
+  constexpr int kPatienceMs = 5000;
+  const QDeadlineTimer patience(kPatienceMs);
+  while (!there()) {
+    if (patience.hasExpired()) return false;
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+  }
+  return true;
+}
 
 void ClickOn(QWidget& widget, QPoint at) { PressAndRelease(widget, QEvent::MouseButtonPress, at); }
 

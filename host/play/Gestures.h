@@ -3,6 +3,7 @@
 #include <QPoint>
 #include <QString>
 #include <Qt>
+#include <functional>
 
 #include "platform/Control.h"
 
@@ -11,6 +12,9 @@ class QWidget;
 namespace koru {
 
 // What a person's hands do, as events to widgets. A widget may go while it is clicked.
+
+/// Lets events run until `there` says so; false when it did not within five seconds.
+bool WaitUntil(const std::function<bool()>& there);
 
 /// Presses and releases the left button at `at` (the middle of the widget where none is given), in its
 /// coordinates.

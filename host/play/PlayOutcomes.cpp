@@ -1,5 +1,3 @@
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <string_view>
@@ -8,7 +6,6 @@
 #include "host/play/ControlWords.h"
 #include "host/play/StepKind.h"
 #include "host/play/StoryWorld.h"
-#include "platform/Numbers.h"
 #include "platform/Text.h"
 
 namespace koru {
@@ -63,26 +60,17 @@ void RowsMustBe(const std::vector<std::vector<StoryWord>>& expected,
   }
 }
 
-StoryWord FieldWord(const SqliteStatement& statement, int column) {
-  switch (statement.ColumnType(column)) {
-    case SQLITE_NULL:
-      return {"NULL", false};
-    case SQLITE_INTEGER:
-      return {std::to_string(statement.Integer(column)), false};
-    case SQLITE_FLOAT:
-      return {NumberText(statement.Real(column)), false};
-    default:
-      return {std::string(statement.Text(column)), true};
-  }
+StoryWord FieldWord(const Value& field) {
+  if (field.IsNull()) return {"NULL", false};
+  return {field.Text(), field.IsText()};
 }
 
 void ExpectSql(StoryWorld& world, const StoryStep& step) {
-  SqliteStatement statement = world.Sql().Prepare(step.Text(2));
   std::vector<std::vector<StoryWord>> found;
-  while (statement.Step()) {
+  for (Recordset records = world.Sql().Run(step.Text(2)); !records.AtEnd(); records.MoveNext()) {
     auto& row = found.emplace_back();
-    for (int column = 0; column < statement.ColumnCount(); ++column)
-      row.push_back(FieldWord(statement, column));
+    for (std::size_t column = 0; column < records.Columns().size(); ++column)
+      row.push_back(FieldWord(records.Field(column)));
   }
   RowsMustBe(step.rows, found, "row");
 }

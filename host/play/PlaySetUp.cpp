@@ -12,10 +12,11 @@ namespace koru {
 namespace {
 
 void MakeDatabase(StoryWorld& world, const StoryStep& step) {
-  world.MakeDatabase(step.Text(1) == "sample" ? StoryWorld::Contents::Sample : StoryWorld::Contents::Empty);
+  using Contents = StoryDatabase::Contents;
+  world.MakeDatabase(step.Text(1) == "sample" ? Contents::Sample : Contents::Empty);
 }
 
-void RunSql(StoryWorld& world, const StoryStep& step) { world.Sql().Execute(step.Text(1)); }
+void RunSql(StoryWorld& world, const StoryStep& step) { world.Sql().Run(step.Text(1)); }
 
 void SetToday(StoryWorld& world, const StoryStep& step) {
   world.clock.Set(ToGregorian(*ParseSolar(step.Text(1))));

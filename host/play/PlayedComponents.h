@@ -1,9 +1,9 @@
 #pragma once
 
 #include "desktop/documents/StockDocumentDialog.h"
+#include "desktop/report/DesktopReportPrinter.h"
 #include "desktop/search/GoodsPickerDialog.h"
 #include "host/play/Stage.h"
-#include "platform/ReportPrinter.h"
 
 namespace koru {
 
@@ -61,20 +61,19 @@ class PlayedDocument : public StockDocumentDialog {
   Person& person_;
 };
 
-/// The report printer. Reports are there to be looked at, so without a window none can be shown.
-class PlayedPrinter : public ReportPrinter {
+/// The report printer: reads, asks and lays out as on the desktop, and puts the report before the person
+/// without painting it.
+class PlayedPrinter : public DesktopReportPrinter {
  public:
-  /// `person` must outlive it.
-  explicit PlayedPrinter(Person& person) : person_(person) {}
+  /// Both must outlive it. `before` is the report that the person looks at.
+  PlayedPrinter(DatabaseConnector& databases, std::unique_ptr<const ReportDocument>& before)
+      : DesktopReportPrinter(databases, {}), before_(before) {}
 
-  void SetReportFileName(const std::string&) override {}
-  void SetConnectionString(const std::string&) override {}
-  void SetSQLQuery(const std::string&) override {}
-  void SetFormula(int, const std::string&) override {}
-  void Show() override { person_.CannotDo("look at a report: there is no window"); }
+ protected:
+  void LetRead(std::unique_ptr<const ReportDocument> report) override { before_ = std::move(report); }
 
  private:
-  Person& person_;
+  std::unique_ptr<const ReportDocument>& before_;
 };
 
 }  // namespace koru

@@ -45,7 +45,8 @@ constexpr StepKind kAnswerSteps[] = {
 const std::vector<StepKind>& Kinds() {
   static const std::vector<StepKind> kinds = [] {
     std::vector<StepKind> all(std::begin(kAnswerSteps), std::end(kAnswerSteps));
-    for (const auto steps : {SetUpSteps(), ActionSteps(), OutcomeSteps(), ControlExpectationSteps()}) {
+    for (const auto steps :
+         {SetUpSteps(), ActionSteps(), OutcomeSteps(), ReportSteps(), ControlExpectationSteps()}) {
       all.insert(all.end(), steps.begin(), steps.end());
     }
     return all;
@@ -69,13 +70,16 @@ const std::vector<std::string_view>& Player::Patterns() {
   return patterns;
 }
 
-Player::Player(const Story& story, const StageMaker& makeStage) : story_(story), world_(*this, makeStage) {}
+Player::Player(const Story& story, const StageMaker& makeStage, StoryRoute route)
+    : story_(story), world_(*this, makeStage, std::move(route)) {}
 
 std::string Player::Play() {
   while (GoesOn()) PlayNext();
   if (failure_.empty()) CheckError(nullptr);
   if (failure_.empty() && world_.log.FailureIsPending())
     Fail("the story ends before the statement that was to fail");
+  if (failure_.empty() && world_.stage->Report() != nullptr)
+    Fail("the story ends with a report that it does not close");
   return failure_;
 }
 

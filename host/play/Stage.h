@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "desktop/report/ReportDocument.h"
 #include "platform/Button.h"
 #include "platform/CheckBox.h"
 #include "platform/ComboBox.h"
@@ -90,6 +92,13 @@ class Stage {
   virtual bool RightClick(Control& control) = 0;
   virtual bool Press(Control& control, KeyPress key) = 0;
   virtual void Close(Form& form) = 0;
+
+  /// The report that the person looks at, the one that was opened last; nullptr when none is open.
+  [[nodiscard]] virtual const ReportDocument* Report() = 0;
+  /// Saves that report as a PDF file, and closes it. False when it could not be done; a stage without a
+  /// screen saves none.
+  virtual bool SaveReport(const std::filesystem::path& file) = 0;
+  virtual bool CloseReport() = 0;
 
   /// How what stands on the screen differs from the control's state; empty when it does not, or when there is
   /// no screen.

@@ -30,6 +30,8 @@ struct StepKind {
 [[nodiscard]] std::span<const StepKind> ActionSteps();
 /// What must then stand outside of the controls: forms, results, statements, tables.
 [[nodiscard]] std::span<const StepKind> OutcomeSteps();
+/// The report that is shown.
+[[nodiscard]] std::span<const StepKind> ReportSteps();
 /// What must then stand in the controls. These come last: their patterns also match what the ones before
 /// mean.
 [[nodiscard]] std::span<const StepKind> ControlExpectationSteps();

@@ -1,42 +1,32 @@
 #include "host/play/StoryWorld.h"
 
 #include <array>
-#include <chrono>
+#include <utility>
 
-#include "adapters/sqlite/CreateDatabaseFile.h"
-#include "database/Sample.h"
-#include "database/Schema.h"
-#include "host/ConnectorByProvider.h"
 #include "host/play/StepKind.h"
 #include "platform/Text.h"
 
 namespace koru {
 
-StoryWorld::StoryWorld(Person& person, const StageMaker& makeStage)
-    : stage(makeStage(person, databases_)),
+StoryWorld::StoryWorld(Person& person, const StageMaker& makeStage, StoryRoute route)
+    : route_(std::move(route)),
+      stage(makeStage(person, databases_)),
       screen(stage->TheScreen()),
       counting(static_cast<ControlHost&>(*this),
                Surroundings{log, components, screen, clock, files_, spreadsheets}) {
   stage->RegisterComponents(components);
 }
 
-void StoryWorld::MakeDatabase(Contents contents) {
-  constexpr std::chrono::milliseconds kBusyTimeout{5000};
-  if (sql_) throw StoryFailure("the story has its database already");
-  const std::string file = (folder_.Path() / "story.db").string();
-  if (contents == Contents::Sample) {
-    CreateSample(file, {});
-  } else {
-    CreateDatabaseFile(file, EmbeddedSchema());
-  }
-  sql_ = std::make_unique<SqliteConnection>(file, SqliteConnection::Mode::Existing, kBusyTimeout);
-  counting.SetOLEConnectionString(EmbeddedConnectionText(file));
+void StoryWorld::MakeDatabase(StoryDatabase::Contents contents) {
+  if (database_) throw StoryFailure("the story has its database already");
+  database_ = std::make_unique<StoryDatabase>(route_, contents, folder_.Path());
+  counting.SetOLEConnectionString(database_->ConnectionText());
 }
 
-SqliteConnection& StoryWorld::Sql() {
-  if (!sql_)
+StoryDatabase& StoryWorld::Sql() {
+  if (!database_)
     throw StoryFailure("the story has no database; it begins with `database sample` or `database empty`");
-  return *sql_;
+  return *database_;
 }
 
 Form* StoryWorld::FindForm(std::string_view name) const {

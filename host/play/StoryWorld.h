@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/xlsx/XlsxStarter.h"
 #include "control/comInvCounting.h"
 #include "host/ConnectorByProvider.h"
@@ -14,6 +13,7 @@
 #include "host/TemporaryFolder.h"
 #include "host/play/Stage.h"
 #include "host/play/StatementLog.h"
+#include "host/play/StoryDatabase.h"
 #include "host/play/WatchedScreen.h"
 
 namespace koru {
@@ -33,18 +33,17 @@ class StoryClock : public Clock {
   std::optional<Date> today_;
 };
 
-/// All that a story is played in: a database of its own in a temporary folder, the stage, and the embedded
+/// All that a story is played in: a database of its own, a temporary folder, the stage, and the embedded
 /// control.
 class StoryWorld : private ControlHost {
  public:
   /// `person` must outlive the world.
-  StoryWorld(Person& person, const StageMaker& makeStage);
+  StoryWorld(Person& person, const StageMaker& makeStage, StoryRoute route);
 
-  enum class Contents { Sample, Empty };
   /// Makes the story's database and connects the control to it. A story does so once, before anything else.
-  void MakeDatabase(Contents contents);
-  /// The story's own connection to its database, for rows that it sets up or looks at.
-  [[nodiscard]] SqliteConnection& Sql();
+  void MakeDatabase(StoryDatabase::Contents contents);
+  /// The story's own way to its database, for rows that it sets up or looks at.
+  [[nodiscard]] StoryDatabase& Sql();
   /// Where the workbooks of the story go; not there before the first one.
   [[nodiscard]] std::filesystem::path Workbooks() const { return folder_.Path() / "workbooks"; }
 
@@ -59,7 +58,8 @@ class StoryWorld : private ControlHost {
  private:
   TemporaryFolder folder_;
   ConnectorByProvider databases_;
-  std::unique_ptr<SqliteConnection> sql_;
+  StoryRoute route_;
+  std::unique_ptr<StoryDatabase> database_;
   RealFileSystem files_;
 
  public:

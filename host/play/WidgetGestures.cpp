@@ -27,6 +27,10 @@ void ClickInto(QWidget& widget) {
   QWidget* const inner = widget.focusProxy() == nullptr ? &widget : widget.focusProxy();
   ClickOn(*inner);
   QCoreApplication::processEvents();
+  WaitUntil([&] {
+    const QWidget* const focus = QApplication::focusWidget();
+    return focus != nullptr && (focus == inner || inner->isAncestorOf(focus));
+  });
 }
 
 QModelIndex IndexOf(const QAbstractItemModel& model, std::int32_t id) {
@@ -93,9 +97,10 @@ bool ChooseIn(QWidget& list, int index) {
   if (combo == nullptr || index >= combo->count()) return false;
   combo->setFocus();
   combo->showPopup();
-  combo->view()->setCurrentIndex(combo->model()->index(index, combo->modelColumn()));
-  combo->view()->setFocus();
-  PressKey(Qt::Key_Return);
+  QAbstractItemView& entries = *combo->view();
+  const QModelIndex entry = combo->model()->index(index, combo->modelColumn());
+  entries.scrollTo(entry);
+  ClickOn(*entries.viewport(), entries.visualRect(entry).center());
   return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 
 #include "platform/Database.h"
@@ -26,6 +27,9 @@ struct ContractCase {
   std::string name;
   std::function<std::unique_ptr<ContractSubject>()> make;
 };
+
+/// For the name of the test.
+inline void PrintTo(const ContractCase& way, std::ostream* out) { *out << way.name; }
 
 /// What every Database must do. The tests are instantiated once, for all ways.
 class DatabaseContract : public testing::TestWithParam<ContractCase> {

@@ -1,11 +1,9 @@
-#include <array>
 #include <cstdlib>
 #include <vector>
 
 #include "adapters/odbc/OdbcConnector.h"
 #include "adapters/sqlite/SqliteConnector.h"
-#include "database/sqlserver/SqlServerSchema.h"
-#include "platform/Errors.h"
+#include "database/sqlserver/ScratchDatabase.h"
 #include "tests/contract/DatabaseContract.h"
 #include "tests/support/TestDatabase.h"
 
@@ -23,42 +21,18 @@ class EmbeddedFile : public ContractSubject {
 class EmbeddedFileThroughOdbc : public ContractSubject {
  public:
   std::unique_ptr<Database> Connect() override {
-    return OdbcConnector().Connect("Provider=ODBC;Dialect=SQLite;Driver=SQLite3;Database=\"" + file_.File() +
-                                   "\"");
+    return OdbcConnector().Connect(EmbeddedThroughOdbcText(file_.File()));
   }
 
  private:
   TestDatabase file_;
 };
 
-/// The tables that the tests write to.
-constexpr std::array kTables{"tblInventory",
-                             "tblInventoryParent",
-                             "tblUser",
-                             "tblGood",
-                             "tblGoodScale",
-                             "tblGoodSaleScale",
-                             "tblInventoryReceipt",
-                             "tblInventoryReceiptDetail",
-                             "tblInventoryDispatch",
-                             "tblInventoryDispatchDetail",
-                             "tblInventoryCounting",
-                             "tblInventoryCountingDetail",
-                             "tblPelinCompany",
-                             "tblPelinReportTemplate",
-                             "tblPelinUserPermission"};
-
-/// A database that is there for this: its rows go with every test. The schema is made when it is not there.
+/// A database that is there for this: its rows go with every test.
 class Server : public ContractSubject {
  public:
   explicit Server(std::string connectionText) : connectionText_(std::move(connectionText)) {
-    const std::unique_ptr<Database> database = Connect();
-    try {
-      database->Open(SqlText("select ID from tblInventoryCounting where 1=0"));
-    } catch (const DatabaseError&) {
-      CreateSqlServerSchema(*database, {});
-    }
-    for (const char* table : kTables) database->Open(SqlText("delete ") + SqlName(table));
+    EmptyScratchDatabase(*Connect());
   }
   std::unique_ptr<Database> Connect() override { return OdbcConnector().Connect(connectionText_); }
 

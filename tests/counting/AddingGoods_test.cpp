@@ -160,9 +160,28 @@ TEST_F(AddingGoods, A_database_failure_keeps_the_lines_added_so_far_and_the_form
   Click(Form().cmdGoods);
   EXPECT_EQ(NewMessages(), Texts{"عمليات به دليل خطاي پايگاه داده انجام نشد.\nThe server is shutting down."});
   EXPECT_EQ(Cell(1, 11), "5") << "the first good was done";
+  EXPECT_EQ(Barcodes(), "G1 ") << "no good that lacks its unit, rate or book stock";
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdGoods);
   EXPECT_EQ(Barcodes(), "G1 G2 G3 ");
+  for (int row = 1; row <= 3; ++row) {
+    EXPECT_EQ(Cell(row, 4), "عدد") << row;
+    EXPECT_NE(Cell(row, 10), "") << row;
+  }
+}
+
+TEST_F(AddingGoods, The_hourglass_and_the_bar_show_every_good_and_the_lines_have_their_stripes) {
+  Texts seen;
+  Form().pgbStatus.Changed.Always([&] {
+    if (!Form().pgbStatus.Visible() || screen.CurrentPointer() != Pointer::Hourglass) return;
+    seen.push_back(std::to_string(Form().pgbStatus.Value()) + "/" + std::to_string(Form().pgbStatus.Max()));
+  });
+  Click(Form().cmdGoods);
+  EXPECT_EQ(seen, (Texts{"1/3", "2/3", "3/3"}));
+  EXPECT_FALSE(Form().pgbStatus.Visible());
+  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  EXPECT_EQ(Form().flexDetail.RowBackColor(1), 0xF7F2F0U);
+  EXPECT_EQ(Form().flexDetail.RowBackColor(2), 0xEEE2DFU);
 }
 
 TEST_F(AddingGoods, A_full_counting_takes_what_has_room_and_says_so) {

@@ -62,6 +62,53 @@ TEST_F(CommandRefresh, A_final_counting_can_only_be_returned) {
   EXPECT_FALSE(Form().cmdFunc.Enabled());
 }
 
+TEST_F(CommandRefresh, A_second_press_of_a_save_finds_it_unavailable) {
+  ViewAndEdit(10);
+  Form().Timer1.Fire();
+  Click(Form().cmdTmpSave);
+  EXPECT_FALSE(Form().cmdTmpSave.UserClick()) << "before the timer's next tick";
+  Click(Form().cmdEdit);
+  Form().Timer1.Fire();
+  Click(Form().cmdIsFinalized);
+  EXPECT_FALSE(Form().cmdIsFinalized.UserClick());
+  EXPECT_EQ(Form().txtCode.Text(), "2");
+}
+
+TEST_F(CommandRefresh, What_was_given_up_cannot_be_registered_before_the_next_tick) {
+  ViewAndEdit(10);
+  Form().Timer1.Fire();
+  messages.WillAnswer(FakeMessages::Answer::Yes);
+  Click(Form().cmdCancel);
+  EXPECT_FALSE(Form().cmdIsFinalized.UserClick());
+
+  Click(Form().cmdEdit);
+  Form().Timer1.Fire();
+  messages.WillAnswer(FakeMessages::Answer::Yes);
+  Click(Form().cmdExit);
+  EXPECT_FALSE(Form().cmdIsFinalized.UserClick()) << "given up by Exit";
+}
+
+TEST_F(CommandRefresh, A_registration_that_fails_cannot_be_pressed_twice_either) {
+  ViewAndEdit(10);
+  Form().Timer1.Fire();
+  failing.Plan().FailAt(5);
+  Click(Form().cmdIsFinalized);
+  failing.Plan().FailAt(0);
+  EXPECT_EQ(Mode(), DocumentMode::Viewing);
+  EXPECT_FALSE(Form().cmdIsFinalized.UserClick());
+}
+
+TEST_F(CommandRefresh, After_a_save_the_keyboard_is_where_nothing_is_written) {
+  ViewAndEdit(10);
+  Form().Timer1.Fire();
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(Form().Focus(), &Form().cmdEdit);
+  Click(Form().cmdEdit);
+  Form().Timer1.Fire();
+  Click(Form().cmdIsFinalized);
+  EXPECT_EQ(Form().Focus(), &Form().cmdView);
+}
+
 TEST_F(CommandRefresh, An_empty_form_has_nothing_to_view_or_to_change) {
   control.ClearShow();
   Form().Timer1.Fire();

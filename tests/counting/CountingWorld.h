@@ -23,6 +23,16 @@ namespace koru::test {
 ///   two lines, 11 final (number 1) with one line, 12 temporary with every optional column NULL and no lines,
 ///   13 whose creator is gone.
 class CountingWorld : public testing::Test, public ControlHost {
+ public:
+  class NoFiles : public FileSystem {
+   public:
+    [[nodiscard]] bool FileExists(const std::string& /*path*/) const override { return false; }
+  };
+  class NoSpreadsheets : public SpreadsheetStarter {
+   public:
+    [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override { throw InputError("none"); }
+  };
+
  protected:
   CountingWorld();
 
@@ -43,15 +53,6 @@ class CountingWorld : public testing::Test, public ControlHost {
   std::vector<std::string> NewMessages();
   /// The statements since the last call.
   std::vector<std::string> NewStatements();
-
-  class NoFiles : public FileSystem {
-   public:
-    [[nodiscard]] bool FileExists(const std::string& /*path*/) const override { return false; }
-  };
-  class NoSpreadsheets : public SpreadsheetStarter {
-   public:
-    [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override { throw InputError("none"); }
-  };
 
   TestDatabase database;
   SqliteConnector sqlite;

@@ -129,5 +129,43 @@ TEST_F(EntryOperations,
   }
 }
 
+TEST_F(EntryOperations, A_counting_that_cannot_be_read_leaves_the_one_before_whole_or_nothing) {
+  for (int n = 1; n <= 3; ++n) {
+    View(10);
+    failing.Plan().FailAt(n);
+    EXPECT_THROW(control.View(11), DatabaseError) << n;
+    failing.Plan().FailAt(0);
+    if (Form().lblIDVal.Caption().empty()) {
+      EXPECT_EQ(Form().flexDetail.Rows(), 1) << n;
+      EXPECT_EQ(Mode(), DocumentMode::Empty) << n;
+      EXPECT_EQ(Form().txtGNO.Text() + Form().txtCode.Text() + Form().txtNotes.Text(), "") << n;
+    } else {
+      EXPECT_EQ(Form().lblIDVal.Caption(), "10") << n;
+      EXPECT_EQ(Form().txtGNO.Text(), "A-10") << n;
+      EXPECT_EQ(Form().txtCode.Text(), "") << n;
+      EXPECT_EQ(Form().flexDetail.Rows(), 3) << n;
+      EXPECT_EQ(Mode(), DocumentMode::Viewing) << n;
+    }
+    EXPECT_EQ(Form().lblIDVal.Caption().empty(), n == 3) << "only lines that cannot be read empty the form";
+    Form().Unload();
+  }
+}
+
+TEST_F(EntryOperations, A_period_without_end_is_shown_like_any_other) {
+  database.Execute("update tblInventoryCounting set ToDate='9999-12-31' where ID=10");
+  View(10);
+  EXPECT_EQ(Form().gdpToDate.PersianText().substr(0, 5), "9378/");
+}
+
+TEST_F(EntryOperations, The_hourglass_shows_while_a_counting_is_opened_and_while_the_form_is_emptied) {
+  View(10);
+  std::vector<Pointer> seen;
+  Form().lblIDVal.Changed.Always([&] { seen.push_back(screen.CurrentPointer()); });
+  control.View(11);
+  control.ClearShow();
+  EXPECT_EQ(seen, (std::vector<Pointer>{Pointer::Hourglass, Pointer::Hourglass}));
+  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+}
+
 }  // namespace
 }  // namespace koru::test

@@ -98,6 +98,44 @@ TEST_F(NewEditCancel, Cancel_of_a_new_counting_empties_the_form_and_goes_to_Exit
   EXPECT_EQ(screen.Pointers().back(), Pointer::Normal);
 }
 
+TEST_F(NewEditCancel, The_hourglass_shows_while_a_header_is_read_again) {
+  ViewAndEdit(10);
+  Form().txtGNO.UserType("B-1");
+  std::vector<Pointer> seen;
+  Form().txtGNO.Changed.Always([&] { seen.push_back(screen.CurrentPointer()); });
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdCancel);
+  EXPECT_EQ(Form().txtGNO.Text(), "A-10");
+  ASSERT_FALSE(seen.empty());
+  EXPECT_EQ(seen.front(), Pointer::Hourglass);
+  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+}
+
+TEST_F(NewEditCancel,
+       A_counting_found_by_the_search_does_not_replace_what_is_being_entered_without_a_question) {
+  ViewAndEdit(10);
+  Form().txtNotes.UserType("typed");
+  screen.OnModal = [&](koru::Form&) {
+    frmInvSearch& search = *Form().InvSearch();
+    search.cmdSearch.UserClick();
+    ASSERT_EQ(search.flexSearch.TextMatrix(2, 1), "11");
+    search.flexSearch.UserDoubleClick(2, 1);
+  };
+  messages.WillAnswer(Answer::No);
+  Click(Form().cmdSearch);
+  EXPECT_EQ(NewMessages(), Texts{kAreYouSure});
+  EXPECT_EQ(Mode(), DocumentMode::Editing);
+  EXPECT_EQ(Form().txtNotes.Text(), "typed");
+  EXPECT_EQ(Form().lblIDVal.Caption(), "10");
+
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdSearch);
+  EXPECT_EQ(NewMessages(), Texts{kAreYouSure});
+  EXPECT_EQ(Mode(), DocumentMode::Viewing);
+  EXPECT_EQ(Form().lblIDVal.Caption(), "11");
+  EXPECT_FALSE(Form().cmdIsFinalized.UserClick()) << "before the timer's next tick";
+}
+
 TEST_F(NewEditCancel, Any_answer_but_yes_keeps_the_document) {
   ViewAndEdit(10);
   Form().txtGNO.UserType("B-1");

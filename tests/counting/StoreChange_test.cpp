@@ -20,6 +20,18 @@ TEST_F(StoreChangeTest, A_user_cannot_keep_a_store_in_which_he_may_not_work) {
   EXPECT_EQ(NewStatements(), Texts{"Select * From tblInventoryUser Where UserID=7 and InventoryID=3"});
 }
 
+TEST_F(StoreChangeTest, A_store_that_could_not_be_tested_is_not_kept) {
+  for (int n = 1; n <= 2; ++n) {
+    ViewAndEdit(12);
+    Form().gmpInventory.ClearSelection();
+    failing.Plan().FailAt(n);
+    Form().gmpInventory.UserSelect(1);
+    failing.Plan().FailAt(0);
+    EXPECT_EQ(NewMessages().size(), 1U) << n;
+    EXPECT_TRUE(Form().gmpInventory.NothingSelected()) << n;
+  }
+}
+
 TEST_F(StoreChangeTest, A_store_with_children_gives_way_to_the_default_store) {
   ViewAndEdit(12);
   NewStatements();

@@ -48,15 +48,16 @@ TEST(PrintView, A_line_is_a_shortage_or_a_surplus_and_its_amounts_take_the_round
       "3|NULL|NULL|0.0|NULL|NULL|0.0\n");
 }
 
-TEST(PrintView, Prints_a_line_whose_good_and_unit_are_not_known) {
+TEST(PrintView, Prints_a_line_without_a_unit_and_none_whose_good_is_gone_as_the_form_shows_them) {
   TestDatabase database;
   FillOneCounting(database);
   database.Execute(
-      "insert into tblInventoryCountingDetail (CountingID, Barcode, RowNumber) values (7, 'gone', 1)");
+      "insert into tblInventoryCountingDetail (CountingID, Barcode, RowNumber) values (7, 'gone', 1), (7, "
+      "'b1', 2)");
   EXPECT_EQ(
       database.Rows("select InvName, Barcode, GoodCode, GoodName, UnitName, AcceptedCounting, TotalValue"
                     " from vwInventoryCountingPrint"),
-      "انبار|gone||||NULL|NULL\n");
+      "انبار|b1|g1|قند||NULL|NULL\n");
 }
 
 TEST(PrintView, A_counting_without_lines_prints_nothing) {

@@ -62,6 +62,14 @@ class CountingWindowTest : public testing::Test, public ControlHost {
     return *window->findChild<Widget*>(QLatin1String(name));
   }
   void Tick() { Counting().Timer1.Fire(); }
+  void TypeRefusedFigure() {
+    window->activateWindow();
+    QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+    Tick();
+    Find<GridView>("flexDetail").setFocus();
+    Counting().flexDetail.SetCurrent(1, LineColumn::AcceptedCounting);
+    Type("-1");
+  }
 
   DesktopScreen screen;
   test::DesktopWorld world{screen};
@@ -131,6 +139,21 @@ TEST_F(CountingWindowTest, Every_field_can_be_reached_with_Tab) {
   }
 }
 
+TEST_F(CountingWindowTest, Tab_goes_through_the_fields_row_by_row_as_they_stand) {
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Find<QLineEdit>("txtGNO").setFocus();
+  std::string order;
+  for (int i = 0; i < 12; ++i) {
+    order += Counting().Focus()->Name() + " ";
+    Press(Qt::Key_Tab);
+  }
+  EXPECT_EQ(
+      order,
+      "txtGNO gdpReceiveDate gmpInventory gdpFromDate gdpToDate txtNotes txtCreator mptCounter1 mptCounter2 "
+      "mptCounter3 mptConfirmer cmdGoods ");
+}
+
 TEST_F(CountingWindowTest, A_line_is_counted_and_saved_from_the_keyboard_alone) {
   window->activateWindow();
   QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
@@ -153,16 +176,50 @@ TEST_F(CountingWindowTest, A_line_is_counted_and_saved_from_the_keyboard_alone) 
 }
 
 TEST_F(CountingWindowTest, A_refused_figure_keeps_the_person_from_saving_without_it) {
-  window->activateWindow();
-  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
-  Tick();
-  Find<GridView>("flexDetail").setFocus();
-  Counting().flexDetail.SetCurrent(1, LineColumn::AcceptedCounting);
-  Type("-1");
+  TypeRefusedFigure();
   QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(Counting().cmdTmpSave.Enabled(), true);
   EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"تعداد كمتر از اندازة مجاز است."});
   EXPECT_NE(Find<GridView>("flexDetail").findChild<QLineEdit*>("cellEditor"), nullptr);
+}
+
+TEST_F(CountingWindowTest, A_refused_figure_holds_the_mouse_back_too_and_is_told_of_once) {
+  TypeRefusedFigure();
+  ASSERT_TRUE(Find<QPushButton>("cmdTmpSave").isEnabled());
+  QTest::mouseClick(&Find<QPushButton>("cmdTmpSave"), Qt::LeftButton);
+  EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"تعداد كمتر از اندازة مجاز است."});
+  EXPECT_TRUE(Counting().gmpInventory.Enabled()) << "it is still being entered";
+  EXPECT_TRUE(Find<GridView>("flexDetail").IsTypedInto());
+  QTest::keyClick(window, Qt::Key_F8);
+  EXPECT_EQ(world.messages.Texts().back(), "آيا مطمئن هستيد؟")
+      << "giving everything up needs no right figure";
+}
+
+TEST_F(CountingWindowTest, A_date_that_is_none_keeps_the_person_from_saving_whatever_the_gesture) {
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Tick();
+  auto* const date = Find<QWidget>("gdpReceiveDate").findChild<QLineEdit*>();
+  const auto stored = [this] {
+    return world.database.Scalar("select FarsiCreateDate from tblInventoryCounting");
+  };
+  date->setFocus();
+  date->selectAll();
+  Type("14041345");
+  QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(date->hasFocus());
+  for (const char* const command : {"cmdTmpSave", "cmdIsFinalized", "cmdCalc", "cmdGoods"}) {
+    auto& button = Find<QPushButton>(command);
+    ASSERT_TRUE(button.isEnabled()) << command;
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(date->hasFocus()) << command;
+  }
+  EXPECT_TRUE(world.messages.Texts().empty()) << world.messages.Texts().front();
+  EXPECT_EQ(Counting().gdpReceiveDate.PersianText(), "1404/01/15");
+  QApplication::processEvents();
+  Type("14040120");
+  QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(stored(), "1404/01/20");
 }
 
 TEST_F(CountingWindowTest, A_counting_that_is_only_viewed_takes_no_figures) {

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "tests/desktop/WindowTools.h"
@@ -72,6 +73,51 @@ TEST_F(DateBoxEditTest, A_day_that_does_not_exist_gives_the_date_before_back_and
   EXPECT_TRUE(edit->property("marked").toBool());
   Type("1");
   EXPECT_FALSE(edit->property("marked").toBool());
+}
+
+TEST_F(DateBoxEditTest, The_mark_stays_until_the_person_types_or_leaves_it_at_the_date_before_with_Escape) {
+  date.SetValue(ToGregorian({1403, 5, 6}));
+  edit->selectAll();
+  Type("14041345");
+  other->setFocus();
+  EXPECT_TRUE(field->IsMarked());
+  edit->setFocus();
+  QTest::keyClick(edit, Qt::Key_Shift);
+  Press(Qt::Key_Right);
+  EXPECT_TRUE(field->IsMarked());
+  Press(Qt::Key_Escape);
+  EXPECT_FALSE(field->IsMarked());
+  EXPECT_EQ(date.PersianText(), "1403/05/06");
+}
+
+TEST_F(DateBoxEditTest, A_command_that_waits_for_dates_brings_the_person_back_and_says_why) {
+  Button save(form, "cmdTmpSave");
+  int clicks = 0;
+  save.Click.Always([&] { ++clicks; });
+  binding.Bind(save, *other, WaitsFor::FiguresAndDates);
+  date.SetValue(ToGregorian({1403, 5, 6}));
+  edit->selectAll();
+  Type("14041345");
+  QTest::mouseClick(other, Qt::LeftButton);
+  EXPECT_EQ(clicks, 0);
+  EXPECT_TRUE(edit->hasFocus());
+  EXPECT_TRUE(QToolTip::text().startsWith(QStringLiteral("تاريخ وارد شده درست نبود")))
+      << qPrintable(QToolTip::text());
+  QApplication::processEvents();
+  Type("14041229");
+  QTest::mouseClick(other, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(date.PersianText(), "1404/12/29");
+}
+
+TEST_F(DateBoxEditTest, A_command_that_does_not_wait_for_dates_runs_and_a_form_that_starts_anew_has_no_mark) {
+  Button leave(form, "cmdCancel");
+  leave.Click.Always([&] { date.SetEnabled(false); });
+  binding.Bind(leave, *other, WaitsFor::Figures);
+  Type("14041345");
+  QTest::mouseClick(other, Qt::LeftButton);
+  EXPECT_FALSE(date.Enabled());
+  EXPECT_FALSE(field->IsMarked());
 }
 
 TEST_F(DateBoxEditTest, A_date_that_is_typed_by_half_is_no_date) {

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -121,7 +124,11 @@ TEST_F(GridViewTest, A_refused_text_stays_selected_in_its_cell_and_Escape_gives_
   EXPECT_TRUE(view->hasFocus());
 }
 
-TEST_F(GridViewTest, Who_goes_elsewhere_after_a_refused_text_is_brought_back_to_it) {
+TEST_F(GridViewTest, Who_presses_a_command_after_a_refused_text_is_brought_back_to_it_and_nothing_runs) {
+  Button command(form, "cmdTmpSave");
+  int clicks = 0;
+  command.Click.Always([&] { ++clicks; });
+  binding.Bind(command, *other);
   Start();
   int refusals = 0;
   grid.ValidateEdit.Always([&] { refusals += grid.EditText() == "-1" ? 1 : 0; });
@@ -131,6 +138,28 @@ TEST_F(GridViewTest, Who_goes_elsewhere_after_a_refused_text_is_brought_back_to_
   ASSERT_NE(Editor(), nullptr);
   EXPECT_TRUE(Editor()->hasFocus());
   EXPECT_EQ(refusals, 1);
+  EXPECT_EQ(clicks, 0);
+  Press(Qt::Key_Escape);
+  QTest::mouseClick(other, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(GridViewTest, A_command_that_gives_everything_up_waits_for_no_figure_and_leaves_no_edit_behind) {
+  Button cancel(form, "cmdCancel");
+  int clicks = 0;
+  cancel.Click.Always([&] {
+    ++clicks;
+    grid.SetLocked(true);
+  });
+  binding.Bind(cancel, *other, WaitsFor::Nothing);
+  Start();
+  Type("-1");
+  QTest::mouseClick(other, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+  QApplication::processEvents();
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(1, 2), "");
 }
 
 TEST_F(GridViewTest, A_click_on_another_cell_stores_what_was_typed_and_stays_where_it_was_refused) {
@@ -191,6 +220,107 @@ TEST_F(GridViewTest, F2_edits_the_text_that_is_there) {
   Type("0");
   Press(Qt::Key_Return);
   EXPECT_EQ(Cell(1, 2), "150");
+}
+
+TEST_F(GridViewTest, A_number_with_its_separators_is_that_number_typed_or_pasted) {
+  Start();
+  Type("1,200");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "1200");
+  QApplication::clipboard()->setText(QStringLiteral("۱٬۲۰۰٬۰۰۰٫۵"));
+  Press(Qt::Key_F2);
+  Press(Qt::Key_V, Qt::ControlModifier);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 3), "1200000.5");
+  QApplication::clipboard()->setText("3,400\r\n");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(2, 2), "3400");
+}
+
+TEST_F(GridViewTest, A_block_is_pasted_downwards_and_onwards_into_the_cells_to_fill) {
+  Start();
+  QApplication::clipboard()->setText(QStringLiteral("12\t3,000\r\n۱۳\t400\t9\r\n14\t\r\n99\t99\r\n"));
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2) + " " + Cell(1, 3), "12 3000");
+  EXPECT_EQ(Cell(2, 2) + " " + Cell(2, 3), "13 400");
+  EXPECT_EQ(Cell(3, 2) + " " + Cell(3, 3), "14 ");
+  EXPECT_EQ(grid.Rows(), 4) << "no line is made";
+  grid.SetCurrent(2, 1);
+  QApplication::clipboard()->setText("name\t5");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(2, 1), "مهره");
+  EXPECT_EQ(Cell(2, 2), "5");
+}
+
+TEST_F(GridViewTest, Pasting_goes_past_a_column_that_is_not_shown) {
+  view->setColumnHidden(3, true);
+  grid.SetEditMask("0111");
+  Start();
+  grid.SetCurrent(1, 2);
+  QApplication::clipboard()->setText("1\t2\t3");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2) + "|" + Cell(1, 3), "1|");
+}
+
+TEST_F(GridViewTest, Pasting_stops_at_the_text_that_is_refused) {
+  Start();
+  QApplication::clipboard()->setText("1\n-2\n3");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2), "1");
+  EXPECT_EQ(Cell(2, 2), "");
+  EXPECT_EQ(Cell(3, 2), "");
+  EXPECT_EQ(Current(), std::pair(2, 2));
+}
+
+TEST_F(GridViewTest, Lines_pasted_into_a_cell_that_is_being_typed_fill_it_and_the_cells_below) {
+  Start();
+  Press(Qt::Key_F2);
+  Type("8");
+  QApplication::clipboard()->setText("1\n2\n");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2), "1");
+  EXPECT_EQ(Cell(2, 2), "2");
+  EXPECT_FALSE(view->IsTypedInto());
+  EXPECT_TRUE(view->hasFocus());
+}
+
+TEST_F(GridViewTest, An_empty_line_that_goes_while_pasting_takes_no_other_line_s_figure) {
+  Start();
+  grid.RowChange.Always([this] {
+    if (Cell(grid.Row(), 1) == "مهره") grid.RemoveItem(grid.Row());
+  });
+  grid.SetCurrent(2, 2);
+  QApplication::clipboard()->setText("5\n6\n");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  ASSERT_EQ(grid.Rows(), 3);
+  EXPECT_EQ(Cell(2, 1), "واشر");
+  EXPECT_EQ(Cell(2, 2), "6");
+}
+
+TEST_F(GridViewTest, Pasting_nothing_leaves_the_cell_as_it_is) {
+  Start();
+  grid.SetTextMatrix(1, 2, "8");
+  QApplication::clipboard()->clear();
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2), "8");
+}
+
+TEST_F(GridViewTest, What_is_only_viewed_takes_no_pasted_figures) {
+  Start();
+  grid.SetLocked(true);
+  QApplication::clipboard()->setText("1\n2");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2) + Cell(2, 2), "");
+}
+
+TEST_F(GridViewTest, A_cell_is_copied_and_without_one_the_clipboard_keeps_what_it_holds) {
+  Start();
+  grid.SetCurrent(2, 1);
+  Press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("مهره"));
+  grid.SetRows(1);
+  Press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("مهره"));
 }
 
 TEST_F(GridViewTest, Delete_empties_a_cell_and_with_Ctrl_asks_for_the_line_to_go) {
@@ -257,6 +387,37 @@ TEST_F(GridViewTest, Ctrl_Tab_leaves_the_grid_and_the_grid_is_told) {
   EXPECT_TRUE(other->hasFocus());
   EXPECT_EQ(left, 1);
   EXPECT_EQ(form.Focus(), &cmd);
+}
+
+TEST_F(GridViewTest, Ctrl_Tab_leaves_the_grid_also_out_of_a_cell_that_is_being_typed) {
+  Button cmd(form, "cmd");
+  binding.Bind(cmd, *other);
+  Start();
+  Type("4");
+  Press(Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2), "4");
+  EXPECT_TRUE(other->hasFocus());
+  EXPECT_EQ(Current(), std::pair(1, 2));
+}
+
+TEST_F(GridViewTest, The_menu_offers_to_delete_a_line_only_where_lines_can_go) {
+  Start();
+  const auto deleting = [this] {
+    bool enabled = false;
+    QTimer::singleShot(0, view, [&enabled] {
+      auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      ASSERT_NE(menu, nullptr);
+      enabled = menu->actions().constFirst()->isEnabled();
+      menu->close();
+    });
+    const QPoint at = view->visualRect(view->currentIndex()).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, view->viewport()->mapToGlobal(at));
+    QApplication::sendEvent(view->viewport(), &event);
+    return enabled;
+  };
+  EXPECT_TRUE(deleting());
+  grid.SetLocked(true);
+  EXPECT_FALSE(deleting());
 }
 
 TEST_F(GridViewTest, An_empty_row_that_goes_while_the_person_moves_on_leaves_them_where_they_went) {

@@ -44,5 +44,11 @@ TEST(Keys, Pasted_Persian_digits_become_Latin_and_the_cursor_keeps_its_place) {
   EXPECT_EQ(edit.cursorPosition(), 3);
 }
 
+TEST(Keys, A_number_that_is_pasted_as_amounts_are_shown_is_that_number) {
+  EXPECT_EQ(NumberTyped("1,200.5"), "1200.5");
+  EXPECT_EQ(NumberTyped(QStringLiteral("۱٬۲۰۰٫۵")), "1200.5");
+  EXPECT_EQ(NumberTyped("7\t8\n9"), "7") << "one cell holds one number";
+}
+
 }  // namespace
 }  // namespace koru

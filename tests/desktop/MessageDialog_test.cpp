@@ -75,9 +75,20 @@ TEST_F(MessageDialogTest, A_question_is_answered_from_the_keyboard_and_Enter_alo
             1);
 }
 
-TEST_F(MessageDialogTest, Escape_and_closing_are_no_answer) {
-  EXPECT_EQ(Ask(1, [](QWidget& dialog) { PressIn(dialog, Qt::Key_Escape); }), -1);
+TEST_F(MessageDialogTest, Escape_answers_a_question_with_no_and_only_closing_by_the_frame_is_no_answer) {
+  EXPECT_EQ(Ask(1, [](QWidget& dialog) { PressIn(dialog, Qt::Key_Escape); }), 0);
+  EXPECT_EQ(Ask(1,
+                [](QWidget& dialog) {
+                  PressIn(dialog, Qt::Key_Backtab);
+                  PressIn(dialog, Qt::Key_Escape);
+                }),
+            0)
+      << "also from yes";
   EXPECT_EQ(Ask(1, [](QWidget& dialog) { dialog.close(); }), -1);
+}
+
+TEST_F(MessageDialogTest, Escape_acknowledges_a_message) {
+  EXPECT_EQ(Ask(0, [](QWidget& dialog) { PressIn(dialog, Qt::Key_Escape); }), -1);
 }
 
 TEST_F(MessageDialogTest, The_colours_have_red_in_the_low_byte_and_are_really_used) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QLineEdit>
+#include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -82,6 +84,34 @@ TEST_F(SelectorEditTest, What_nothing_matches_picks_nothing) {
   InPopup(Qt::Key_Return);
   EXPECT_TRUE(chosen.empty());
   InPopup(Qt::Key_Escape);
+}
+
+TEST_F(SelectorEditTest, The_same_letter_a_second_time_finds_the_record_again) {
+  for (int time = 0; time < 2; ++time) {
+    Type(QStringLiteral("ش"));
+    EXPECT_EQ(Current(), QStringLiteral("انبار شعبه")) << time;
+    InPopup(Qt::Key_Return);
+  }
+  EXPECT_EQ(chosen, (std::vector<std::int32_t>{4, 4}));
+}
+
+TEST_F(SelectorEditTest, The_cross_is_drawn_for_the_scale_of_the_screen) {
+  field->SetShown(QStringLiteral("انبار شعبه"), 4);
+  const QIcon cross = field->findChild<QLineEdit*>()->actions().constFirst()->icon();
+  for (const double scale : {1.0, 1.5, 2.0}) {
+    const QImage picture = cross.pixmap(QSize(16, 16), scale).toImage();
+    ASSERT_EQ(picture.width(), 16 * scale);
+    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << scale;
+    EXPECT_GT(picture.pixelColor(picture.width() / 2, picture.height() / 2).alpha(), 200) << scale;
+  }
+}
+
+TEST_F(SelectorEditTest, A_click_on_the_cross_selects_nothing) {
+  field->SetShown(QStringLiteral("انبار شعبه"), 4);
+  auto* const cross = field->findChild<QLineEdit*>()->findChild<QToolButton*>();
+  ASSERT_NE(cross, nullptr);
+  QTest::mouseClick(cross, Qt::LeftButton);
+  EXPECT_EQ(chosen, std::vector<std::int32_t>{Selector::kNothing});
 }
 
 TEST_F(SelectorEditTest, Delete_selects_nothing) {

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWidget>
 #include <functional>
 
@@ -54,6 +55,16 @@ inline void Press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
   QWidget* const at = QApplication::focusWidget();
   ASSERT_NE(at, nullptr) << "nothing has the keyboard";
   QTest::keyClick(at, key, held);
+}
+
+/// Turns the mouse wheel over a widget by so many eighths of a degree; false when the widget leaves it to
+/// what it stands in.
+inline bool TurnWheel(QWidget& widget, int eighths) {
+  const QPoint middle = widget.rect().center();
+  QWheelEvent event(middle, widget.mapToGlobal(middle), {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&widget, &event);
+  return event.isAccepted();
 }
 
 /// Runs `answer` with the dialog that opens next.

@@ -23,7 +23,7 @@ class LoggingPrinter : public ReportPrinter {
 
   void SetReportFileName(const std::string& name) override { log_.calls.push_back("file " + name); }
   void SetConnectionString(const std::string& text) override { log_.calls.push_back("connection " + text); }
-  void SetSQLQuery(const std::string& query) override { log_.calls.push_back("query " + query); }
+  void SetSQLQuery(const SqlText& query) override { log_.calls.push_back("query " + query.Text()); }
   void SetFormula(int number, const std::string& formula) override {
     log_.calls.push_back("formula " + std::to_string(number) + " " + formula);
   }

@@ -104,6 +104,19 @@ TEST_F(HostWindowTest, User_and_database_are_the_same_after_a_restart) {
   EXPECT_EQ(Find<QComboBox>(program->window, "users").currentData().toInt(), chosen);
 }
 
+TEST_F(HostWindowTest, The_wheel_signs_nobody_else_in) {
+  const auto program = Start();
+  program->window.ReadDatabase();
+  test::Open(program->window);
+  auto& users = Find<QComboBox>(program->window, "users");
+  const int before = program->window.Control().UserID();
+  for (const int turned : {120, -120}) {
+    EXPECT_FALSE(test::TurnWheel(users, turned));
+    EXPECT_EQ(users.currentData().toInt(), before);
+    EXPECT_EQ(program->window.Control().UserID(), before);
+  }
+}
+
 TEST_F(HostWindowTest, A_counting_is_opened_by_its_number_typed_on_a_persian_keyboard) {
   const auto program = Start();
   program->window.ReadDatabase();

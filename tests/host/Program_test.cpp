@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <memory>
 
+#include "adapters/sqlite/SqliteConnection.h"
 #include "host/TemporaryFolder.h"
 
 namespace koru {
@@ -83,6 +86,111 @@ TEST_F(ProgramTest, A_sample_is_made_once_and_never_over_another_file) {
   EXPECT_EQ(Text("a.db"), made);
   EXPECT_EQ(Run("create-sample none/a.db").code, 2);
   EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "none"));
+}
+
+TEST_F(ProgramTest, A_sample_of_an_unknown_size_is_refused_and_nothing_is_made) {
+  const Outcome outcome = Run("create-sample --size huge a.db");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.error, "koru-counting: اندازة ناشناخته: huge. اندازه ها: standard، medium، full، none\n");
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "a.db"));
+}
+
+TEST_F(ProgramTest, A_medium_sample_is_made_and_says_how_far_it_is) {
+  const Outcome outcome = Run("create-sample --size medium a.db");
+  EXPECT_EQ(outcome.code, 0) << outcome.error;
+  EXPECT_NE(outcome.out.find("\ra.db: 65 %"), std::string::npos) << outcome.out;
+  EXPECT_TRUE(outcome.out.ends_with("\ra.db: 100 %\n")) << outcome.out;
+  SqliteConnection made(Home() + "/a.db", SqliteConnection::Mode::Existing, std::chrono::seconds(0));
+  EXPECT_EQ(made.Number("select (select count(*) from tblInventoryReceipt) + "
+                        "(select count(*) from tblInventoryDispatch)"),
+            20'000);
+}
+
+/// The database file a.db, made and reached through ODBC.
+class ProgramOnOdbcTest : public ProgramTest {
+ protected:
+  [[nodiscard]] Outcome RunOnOdbc(const std::string& command, const std::string& driver = "SQLite3") const {
+    return Run(command + " --connection 'Provider=ODBC;Dialect=SQLite;Driver=" + driver +
+               ";Database=" + Home() + "/a.db'");
+  }
+  [[nodiscard]] std::unique_ptr<SqliteConnection> Made() const {
+    return std::make_unique<SqliteConnection>(Home() + "/a.db", SqliteConnection::Mode::Existing,
+                                              std::chrono::seconds(5));
+  }
+};
+
+TEST_F(ProgramOnOdbcTest, The_schema_and_its_sample_are_made_once_and_never_over_another) {
+  Outcome outcome = RunOnOdbc("create-schema");
+  EXPECT_EQ(outcome.code, 0) << outcome.error;
+  EXPECT_NE(outcome.out.find("جدول ها: 100 %\n"), std::string::npos) << outcome.out;
+  EXPECT_TRUE(outcome.out.ends_with("نوشتن در پايگاه داده: 100 %\n")) << outcome.out;
+  EXPECT_EQ(Made()->Number("select count(*) from tblInventoryCounting"), 17);
+  Made()->Execute("delete from tblGood");
+  outcome = RunOnOdbc("create-schema");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.error,
+            "koru-counting: پرونده اي به اين نام هست و رونويسي نمي شود: " + Home() + "/a.db\n");
+  EXPECT_EQ(Made()->Number("select count(*) from tblGood"), 0);
+}
+
+TEST_F(ProgramOnOdbcTest, A_schema_can_be_made_without_any_rows) {
+  EXPECT_EQ(RunOnOdbc("create-schema --size none").code, 0);
+  EXPECT_EQ(Made()->Number("select count(*) from tblUser"), 0);
+}
+
+TEST_F(ProgramOnOdbcTest, A_schema_is_for_connections_through_odbc) {
+  Outcome outcome = Run("create-schema --connection 'Provider=SQLite;Data Source=a.db'");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_NE(outcome.error.find("create-sample"), std::string::npos) << outcome.error;
+  outcome = RunOnOdbc("create-schema", "NoSuchDriver");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_NE(outcome.error.find("«NoSuchDriver»"), std::string::npos) << outcome.error;
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "a.db"));
+}
+
+TEST_F(ProgramOnOdbcTest, The_check_of_a_good_database_says_so_line_by_line) {
+  ASSERT_EQ(RunOnOdbc("create-schema --size none").code, 0);
+  const Outcome outcome = RunOnOdbc("check");
+  EXPECT_EQ(outcome.code, 0) << outcome.out << outcome.error;
+  for (const char* line :
+       {"ok      راه انداز: درست است.\n", "ok      tblInventoryCountingDetail: با همة ستون هاي لازم هست.\n",
+        "ok      اجازة نوشتن tblInventoryCounting: داده شده است.\n",
+        "ok      spPelinHasPermission: اجرا شد.\n"}) {
+    EXPECT_NE(outcome.out.find(line), std::string::npos) << line << outcome.out;
+  }
+  EXPECT_EQ(outcome.out.find("FAILED"), std::string::npos) << outcome.out;
+  EXPECT_TRUE(outcome.out.ends_with("همه چيز درست است.\n")) << outcome.out;
+}
+
+TEST_F(ProgramOnOdbcTest, The_check_names_a_missing_table_and_the_view_that_needs_it) {
+  ASSERT_EQ(RunOnOdbc("create-schema --size none").code, 0);
+  Made()->Execute("drop table tblInventoryCountingDetail");
+  const Outcome outcome = RunOnOdbc("check");
+  EXPECT_EQ(outcome.code, 1);
+  for (const char* beginning : {"FAILED  tblInventoryCountingDetail: در اين پايگاه داده نيست",
+                                "FAILED  vwInventoryCountingPrint: ", "ok      tblGood: "}) {
+    EXPECT_NE(outcome.out.find(beginning), std::string::npos) << beginning << outcome.out;
+  }
+  EXPECT_TRUE(outcome.out.ends_with("\n2 مورد درست نيست.\n")) << outcome.out;
+}
+
+TEST_F(ProgramOnOdbcTest, The_check_names_a_missing_column) {
+  ASSERT_EQ(RunOnOdbc("create-schema --size none").code, 0);
+  Made()->Execute("alter table tblGood drop column TmpLocationID");
+  const Outcome outcome = RunOnOdbc("check");
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_NE(outcome.out.find("\nFAILED  tblGood.TmpLocationID: اين ستون نيست"), std::string::npos)
+      << outcome.out;
+  EXPECT_TRUE(outcome.out.ends_with("\n1 مورد درست نيست.\n")) << outcome.out;
+}
+
+TEST_F(ProgramOnOdbcTest, The_check_names_a_driver_that_is_not_there_and_those_that_are) {
+  const Outcome outcome = RunOnOdbc("check", "Wrong");
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_NE(outcome.out.find("FAILED  راه انداز: راه انداز ODBC به نام «Wrong» روي اين رايانه نصب نيست."),
+            std::string::npos)
+      << outcome.out;
+  EXPECT_NE(outcome.out.find("SQLite3"), std::string::npos);
 }
 
 TEST_F(ProgramTest, A_broken_settings_file_is_named_and_kept) {

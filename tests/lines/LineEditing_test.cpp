@@ -225,6 +225,44 @@ TEST_F(LineEditingTest, An_empty_line_goes_when_the_person_moves_to_another) {
   EXPECT_EQ(form.flexDetail.Row(), 2) << "on the line that the person went to";
 }
 
+TEST_F(LineEditingTest, What_is_typed_behind_an_empty_line_is_kept_when_that_line_goes) {
+  form.AddLine("");
+  form.AddLine("4003");
+  form.flexDetail.SetCurrent(2, LineColumn::Barcode);
+  EXPECT_TRUE(form.flexDetail.UserEdit(3, LineColumn::FirstCounting, "11"));
+  EXPECT_EQ(form.Column(LineColumn::FirstCounting), (Texts{"", "11"}));
+}
+
+TEST_F(LineEditingTest, Figures_that_come_as_a_block_are_summed_once_behind_the_last) {
+  form.AddLine("4002");
+  for (int row = 1; row <= 2; ++row) form.flexDetail.SetTextMatrix(row, LineColumn::Rate, "2");
+  Texts sums;
+  form.txtTotalValue.SetText("before");
+  {
+    const GridBlock block(form.flexDetail);
+    for (int row = 1; row <= 2; ++row) {
+      EXPECT_TRUE(form.flexDetail.UserEdit(row, LineColumn::AcceptedCounting, "5"));
+      sums.push_back(form.txtTotalValue.Text());
+    }
+  }
+  EXPECT_EQ(sums, (Texts{"before", "before"}));
+  EXPECT_EQ(form.txtTotalValue.Text(), "20");
+  EXPECT_EQ(form.Column(LineColumn::CountedAmount), (Texts{"10", "10"}));
+}
+
+TEST_F(LineEditingTest, Numbers_sums_and_stripes_follow_a_line_that_goes_by_itself) {
+  form.AddLine("");
+  form.AddLine("4003");
+  for (int row = 1; row <= 3; ++row) {
+    form.flexDetail.SetTextMatrix(row, LineColumn::CountedAmount, std::to_string(row * 5));
+  }
+  form.flexDetail.SetCurrent(2, LineColumn::Barcode);
+  form.flexDetail.UserLeave();
+  EXPECT_EQ(form.Column(LineColumn::RowNumber), (Texts{"1", "2"}));
+  EXPECT_EQ(form.txtTotalValue.Text(), "20");
+  EXPECT_EQ(form.flexDetail.RowBackColor(2), 0xEEE2DFU);
+}
+
 TEST_F(LineEditingTest, An_empty_line_goes_when_the_person_leaves_the_grid) {
   form.flexDetail.SetCurrent(form.AddLine(""), LineColumn::Barcode);
   form.flexDetail.UserLeave();

@@ -23,6 +23,12 @@ TEST(ConnectionText, A_quoted_value_may_hold_separators) {
   EXPECT_EQ(text.Get("X"), "1");
 }
 
+TEST(ConnectionText, Any_value_can_be_written_and_read_back) {
+  for (const char* value : {"", " a ", "a;b=c", "\"", "it's \"x\";", "انبار\\1.db"}) {
+    EXPECT_EQ(ConnectionText::Parse("X=1;Y=" + QuotedForConnection(value) + ";Z=2").Get("Y"), value);
+  }
+}
+
 TEST(ConnectionText, Shows_no_password) {
   const auto text = ConnectionText::Parse("Provider=SQLOLEDB.1;User ID=ali;Password=secret;PWD=secret2");
   EXPECT_EQ(text.WithoutPassword(), "Provider=SQLOLEDB.1;User ID=ali;Password=***;PWD=***;");

@@ -11,8 +11,8 @@ namespace koru {
 namespace {
 
 std::vector<std::string> Sorted(const std::vector<std::string>& texts, SortMode mode) {
-  std::vector<GridRow> rows(1, GridRow(2));
-  rows.front().SetText(0, "header");
+  std::vector<GridRow> rows;
+  rows.emplace_back(2).SetText(0, "header");
   for (std::size_t i = 0; i < texts.size(); ++i) {
     GridRow& row = rows.emplace_back(2);
     row.SetText(0, texts[i]);

@@ -93,6 +93,27 @@ TEST(OdbcConnector, Persian_letters_compare_as_the_embedded_adapter_compares_the
       1U);
 }
 
+TEST(OdbcConnector, What_a_write_group_writes_reaches_the_file_together_also_after_a_failure) {
+  test::TestDatabase file;
+  const auto database = OdbcConnector().Connect(EmbeddedThroughOdbcText(file.File()));
+  const auto count = [&] { return file.Scalar("select count(*) from tblUser"); };
+  {
+    const auto outer = database->BeginWriteGroup();
+    database->Open(SqlText("insert into tblUser (ID, FullName) values (1, 'a')"));
+    {
+      const auto inner = database->BeginWriteGroup();
+      database->Open(SqlText("insert into tblUser (ID, FullName) values (2, 'b')"));
+      inner->Finish();
+    }
+    EXPECT_THROW(database->Open(SqlText("insert into tblUser (ID, FullName) values (1, 'again')")),
+                 DatabaseError);
+    EXPECT_EQ(count(), "0");
+  }
+  EXPECT_EQ(count(), "2");
+  database->Open(SqlText("delete tblUser where ID=1"));
+  EXPECT_EQ(count(), "1") << "each by itself again";
+}
+
 TEST(OdbcConnector, A_file_whose_path_is_Persian_is_opened) {
   const test::TestDatabase made;
   const std::string file = made.Folder().File("پایگاه داده.koru");

@@ -146,7 +146,9 @@ TEST_F(OdbcServer, A_silent_server_is_waited_for_no_longer_than_said) {
 
 TEST_F(OdbcServer, A_refused_sign_in_names_the_server_and_no_password) {
   Script script;
-  script.signIn = {Answer::Kind::Refusal, 18456, "Login failed for user 'clerk', s3cret}pass."};
+  script.signIn = [] {
+    return Answer{Answer::Kind::Refusal, 18456, "Login failed for user 'clerk', s3cret}pass."};
+  };
   const ScriptedServer server(script);
   const OdbcConnectError failure = ConnectFailure(server);
   EXPECT_EQ(failure.Where(), Step::SignIn);
@@ -158,7 +160,7 @@ TEST_F(OdbcServer, A_refused_sign_in_names_the_server_and_no_password) {
 
 TEST_F(OdbcServer, An_unknown_database_is_named) {
   Script script;
-  script.signIn = {Answer::Kind::Refusal, 4060, "Cannot open database."};
+  script.signIn = [] { return Answer{Answer::Kind::Refusal, 4060, "Cannot open database."}; };
   const ScriptedServer server(script);
   const OdbcConnectError failure = ConnectFailure(server);
   EXPECT_EQ(failure.Where(), Step::Database);

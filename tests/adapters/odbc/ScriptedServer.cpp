@@ -55,17 +55,22 @@ std::string Refusal(const ScriptedServer::Answer& answer) {
   return '\xAA' + Little(body.size(), 2) + body + Done('\xFD', 2);
 }
 
-/// One column N of whole numbers, one row.
-std::string Number(std::int32_t number) {
-  const std::string column = Little(0, 4) + Little(0, 2) + '\x38' + '\x01' + Wide("N");
-  return '\x81' + Little(1, 2) + column + '\xD1' + Little(static_cast<std::uint32_t>(number), 4) + Done();
+/// One column of that type, one row.
+std::string OneField(char type, const ScriptedServer::Answer& answer, const std::string& value) {
+  const std::string name = Wide(answer.text.empty() ? "N" : answer.text);
+  const std::string column = Little(0, 4) + Little(0, 2) + type + static_cast<char>(name.size() / 2) + name;
+  return '\x81' + Little(1, 2) + column + '\xD1' + value + Done();
 }
 
-/// One column N of days with times, one row: that many days after 1900, at noon.
-std::string Day(std::int32_t days) {
-  const std::string column = Little(0, 4) + Little(0, 2) + '\x3D' + '\x01' + Wide("N");
-  return '\x81' + Little(1, 2) + column + '\xD1' + Little(static_cast<std::uint32_t>(days), 4) +
-         Little(std::uint64_t{12} * 3600 * 300, 4) + Done();
+std::string Number(const ScriptedServer::Answer& answer) {
+  return OneField('\x38', answer, Little(static_cast<std::uint32_t>(answer.number), 4));
+}
+
+/// A day with its time: that many days after 1900, at noon.
+std::string Day(const ScriptedServer::Answer& answer) {
+  return OneField(
+      '\x3D', answer,
+      Little(static_cast<std::uint32_t>(answer.number), 4) + Little(std::uint64_t{12} * 3600 * 300, 4));
 }
 
 /// The name of the called procedure.
@@ -189,10 +194,10 @@ bool ScriptedServer::Reply(int client, const Answer& answer, const std::string& 
       Send(client, success);
       return true;
     case Answer::Kind::Number:
-      Send(client, Number(answer.number));
+      Send(client, Number(answer));
       return true;
     case Answer::Kind::Day:
-      Send(client, Day(answer.number));
+      Send(client, Day(answer));
       return true;
     case Answer::Kind::Refusal:
       Send(client, Refusal(answer));
@@ -217,7 +222,7 @@ void ScriptedServer::Talk(int client) {
         break;
       case kSignIn:
         NoteSignIn(message.body);
-        goesOn = Reply(client, script_.signIn, SignedIn());
+        goesOn = Reply(client, script_.signIn(), SignedIn());
         break;
       case kBatch:
         goesOn = Reply(client, Take(Narrow(WithoutHeaders(message.body))), Done());

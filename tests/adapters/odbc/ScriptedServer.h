@@ -17,14 +17,14 @@ class ScriptedServer {
   struct Answer {
     enum class Kind { Done, Number, Day, Refusal, Silence, Close };
     Kind kind = Kind::Done;
-    std::int32_t number = 0;  ///< of the one field N, of the return value, or of the refusal
-    std::string text;         ///< of the refusal
+    std::int32_t number = 0;  ///< of the one field, of the return value, or of the refusal
+    std::string text;         ///< of the refusal; the name of the one field, N when empty
   };
-  /// Whether it greets at all, and how it answers the sign-in and each statement. A procedure call arrives as
-  /// "CALL name".
+  /// Whether it greets at all, and how it answers each sign-in and each statement. A procedure call arrives
+  /// as "CALL name".
   struct Script {
     bool greets = true;
-    Answer signIn;
+    std::function<Answer()> signIn = [] { return Answer{}; };
     std::function<Answer(const std::string& statement)> statement = [](const std::string&) {
       return Answer{};
     };

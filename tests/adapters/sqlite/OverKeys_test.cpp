@@ -34,8 +34,8 @@ TEST_F(OverKeys, The_documents_of_a_sum_are_selected_by_themselves) {
   ASSERT_EQ(translated.selections.size(), 1U);
   EXPECT_EQ(
       translated.selections[0].sql,
-      "select ID from tblInventoryReceipt where ReceiveDate>=?1 and Code is not NULL and (InventoryID=?2 or "
-      "InventoryID in (Select ChildID from tblInventoryParent Where ID=?3))");
+      "select ID from tblInventoryReceipt where ReceiveDate>=?1 and Code is not NULL and (InventoryID in "
+      "(select ?2 union all Select ChildID from tblInventoryParent Where ID=?3))");
   EXPECT_EQ(translated.selections[0].literals, (Numbers{4, 5, 6}));
   EXPECT_EQ(translated.selections[0].parameter, 7);
 }
@@ -53,12 +53,29 @@ TEST_F(OverKeys, The_documents_of_a_rate_are_selected_in_its_order) {
       "LTrim(RTrim(tblInventoryDispatchDetail.Barcode)) = LTrim(RTrim(?2)) collate KORU and +Barcode=?2 and "
       "ifnull(Value,?3)>?4 order by KoruRank(?6,tblInventoryDispatchDetail.DispatchID)");
   ASSERT_EQ(translated.selections.size(), 1U);
-  EXPECT_EQ(
-      translated.selections[0].sql,
-      "select ID from tblInventoryDispatch where ReceiveDate<=?1 and Code is not NULL Order By ReceiveDate "
-      "Desc,ID");
+  EXPECT_EQ(translated.selections[0].sql,
+            "select ID from tblInventoryDispatch where ReceiveDate<=?1 and Code is not NULL");
+  EXPECT_EQ(translated.selections[0].order, " Order By ReceiveDate Desc,ID");
   EXPECT_EQ(translated.selections[0].literals, Numbers{5});
   EXPECT_EQ(translated.selections[0].parameter, 6);
+}
+
+TEST_F(OverKeys, A_sum_and_a_rate_of_the_same_documents_share_their_keys) {
+  const std::string documents =
+      "ReceiveDate>='2024-01-01' and ReceiveDate<='2024-12-31' and  Code is not NULL and (InventoryID=4 or "
+      "InventoryID in (Select ChildID from tblInventoryParent Where ID=4";
+  const ShapeOverKeys sum = Translated(
+      "Select isnull(sum(isnull(Qty,0)),0) as Qty from tblInventoryDispatchDetail where "
+      "LTrim(RTrim(Barcode))='A' and DispatchID in (select ID from tblInventoryDispatch where " +
+      documents + ")))");
+  const ShapeOverKeys rate = Translated(
+      "Select isnull(Value,0) as Value from tblInventoryDispatchDetail,tblInventoryDispatch Where "
+      "ID=DispatchID and Barcode='A' and Isnull(Value,0)>0 and " +
+      documents + ")) Order By ReceiveDate Desc");
+  ASSERT_EQ(sum.selections.size(), 1U);
+  ASSERT_EQ(rate.selections.size(), 1U);
+  EXPECT_EQ(sum.selections[0].sql, rate.selections[0].sql);
+  EXPECT_EQ(sum.selections[0].order, "");
 }
 
 TEST_F(OverKeys, Statements_that_need_more_of_the_documents_stay_as_they_are) {

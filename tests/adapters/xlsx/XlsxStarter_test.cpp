@@ -1,9 +1,7 @@
 #include "adapters/xlsx/XlsxStarter.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -11,6 +9,7 @@
 #include "platform/Errors.h"
 #include "tests/adapters/xlsx/WorkbookReader.h"
 #include "tests/support/FixedClock.h"
+#include "tests/support/RefusedWrites.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace koru::test {
@@ -19,26 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kFirstName = "شمارش-1404-10-01-1.xlsx";
-
-/// No file of this process grows beyond so many bytes while it lives, as on a disk that is full.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, signal_);
-  }
-
- private:
-  rlimit before_{};
-  void (*signal_)(int);
-};
 
 class ExportedWorkbook : public ::testing::Test {
  protected:
@@ -210,6 +189,34 @@ TEST_F(ExportedWorkbook, A_folder_that_cannot_be_is_an_error_that_names_it) {
     EXPECT_NE(std::string(failure.what()).find(folder.File("documents")), std::string::npos);
   }
   EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(ExportedWorkbook, A_folder_that_may_not_be_written_to_is_an_error_that_names_the_file) {
+  fs::create_directory(folder.Path() / "documents");
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1, "x");
+  {
+    const LockedFolder locked(folder.Path() / "documents");
+    ASSERT_TRUE(locked.Locked());
+    try {
+      sheet->LeaveOpen();
+      ADD_FAILURE() << "no failure";
+    } catch (const InputError& failure) {
+      EXPECT_NE(std::string(failure.what()).find(folder.File("documents") + "/" + kFirstName),
+                std::string::npos);
+    }
+  }
+  EXPECT_EQ(Files(), std::vector<std::string>{});
+  EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(ExportedWorkbook, A_folder_of_the_workbooks_name_is_left_alone) {
+  fs::create_directories(folder.Path() / "documents" / kFirstName);
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1, "x");
+  sheet->LeaveOpen();
+  EXPECT_EQ(opened.at(0), folder.File("documents") + "/شمارش-1404-10-01-2.xlsx");
+  EXPECT_TRUE(fs::is_directory(folder.Path() / "documents" / kFirstName));
 }
 
 TEST_F(ExportedWorkbook, A_full_disk_is_an_error_and_leaves_no_half_file) {

@@ -1,5 +1,7 @@
 #include "tests/database/sqlserver/ScriptTables.h"
 
+#include <limits>
+
 #include "platform/SqlLexer.h"
 #include "platform/Text.h"
 
@@ -54,7 +56,13 @@ std::map<std::string, ScriptTable> TablesOf(const std::vector<SqlText>& batches)
     const Tokens tokens = TokensOf(batch);
     if (!Begins(tokens, "table")) continue;
     ForEachPart(tokens, 4, ")", [&](const Tokens& column) {
-      if (column.front() != "primary") tables[tokens[2]].types[column.front()] = column.at(1);
+      if (column.front() == "primary") return;
+      ScriptTable& table = tables[tokens[2]];
+      table.types[column.front()] = column.at(1);
+      if (column.at(1) == "nvarchar") {
+        table.lengths[column.front()] =
+            column.at(3) == "max" ? std::numeric_limits<int>::max() : std::stoi(column.at(3));
+      }
     });
   }
   return tables;

@@ -16,6 +16,7 @@ using Columns = std::set<std::string>;
 /// type; a computed column's is "as".
 struct ScriptTable {
   std::map<std::string, std::string> types;
+  std::map<std::string, int> lengths;  ///< of nvarchar columns, in UTF-16 units; `max` is the largest int
   [[nodiscard]] Columns Names() const;
 };
 [[nodiscard]] std::map<std::string, ScriptTable> TablesOf(const std::vector<SqlText>& batches);

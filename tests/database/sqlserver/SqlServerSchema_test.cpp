@@ -4,10 +4,12 @@
 
 #include <algorithm>
 
+#include "database/Sample.h"
 #include "database/sqlserver/NeededTables.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
 #include "tests/database/sqlserver/ScriptTables.h"
+#include "tests/support/TSqlRules.h"
 #include "tests/support/TestDatabase.h"
 
 namespace koru::test {
@@ -23,6 +25,8 @@ Columns Lines(const std::string& text) {
   }
   return lines;
 }
+
+using Findings = std::vector<std::string>;
 
 class SqlServerSchema : public testing::Test {
  protected:
@@ -84,17 +88,45 @@ TEST_F(SqlServerSchema, Types_hold_what_the_component_writes) {
   }
 }
 
-TEST_F(SqlServerSchema, Each_batch_is_one_statement_that_creates_one_thing) {
+TEST_F(SqlServerSchema, Each_batch_is_one_statement_that_creates_one_thing_in_the_servers_own_words) {
   ASSERT_FALSE(SqlServerBatches().empty());
+  std::set<std::string> names;
   for (const SqlText& batch : SqlServerBatches()) {
+    EXPECT_EQ(BrokenRules(batch.Text()), Findings()) << batch.Text();
     const std::vector<std::string> tokens = TokensOf(batch);
     ASSERT_GT(tokens.size(), 3U) << batch.Text();
     EXPECT_EQ(tokens.front(), "create") << batch.Text();
-    EXPECT_EQ(std::count(tokens.begin(), tokens.end(), "create"), 1) << batch.Text();
-    EXPECT_EQ(std::count(tokens.begin(), tokens.end(), "go"), 0) << batch.Text();
-    EXPECT_EQ(std::count(tokens.begin(), tokens.end(), ";"), 0) << batch.Text();
-    EXPECT_EQ(std::count(tokens.begin(), tokens.end(), "("), std::count(tokens.begin(), tokens.end(), ")"))
-        << batch.Text();
+    EXPECT_TRUE(names.insert(tokens[tokens[1] == "clustered" ? 3 : 2]).second) << batch.Text();
+  }
+}
+
+TEST_F(SqlServerSchema, Numbers_the_rows_of_those_tables_whose_keys_the_component_reads_back) {
+  std::set<std::string> numbered;
+  for (const std::string& table : SuiteTables()) {
+    if (IsNumberedByServer(table)) numbered.insert(table);
+  }
+  EXPECT_EQ(numbered,
+            (std::set<std::string>{"tblInventoryCounting", "tblInventoryReceipt", "tblInventoryDispatch"}));
+}
+
+TEST_F(SqlServerSchema, Columns_are_wide_enough_for_the_sample) {
+  const std::string file = embedded_.Folder().File("sample.db");
+  CreateSample(file, {});
+  embedded_.Execute("attach '" + file + "' as sample");
+  for (const auto& [name, table] : TablesOf(SqlServerBatches())) {
+    for (const auto& [column, length] : table.lengths) {
+      // Characters beyond U+FFFF take two units; counted twice, no text is held for shorter than it is.
+      const std::string longest =
+          embedded_.Scalar("select ifnull(max(length(" + column + ")),0)*2 from sample." + name);
+      EXPECT_LE(std::stoi(longest), length) << name << "." << column;
+    }
+    for (const auto& [column, type] : table.types) {
+      if (type != "int") continue;
+      EXPECT_EQ(
+          embedded_.Scalar("select count(*) from sample." + name + " where abs(" + column + ")>2147483647"),
+          "0")
+          << name << "." << column;
+    }
   }
 }
 
@@ -114,11 +146,18 @@ TEST_F(SqlServerSchema, Indexes_are_on_columns_that_are_there) {
   EXPECT_GT(indexes, 5);
 }
 
-/// Takes what it is sent and refuses one.
+/// Takes what it is sent and refuses one; has objects of some names.
 class Listener : public Database {
  public:
-  explicit Listener(std::size_t refused) : refused_(refused) {}
+  explicit Listener(std::size_t refused, std::vector<std::string> objects = {})
+      : refused_(refused), objects_(std::move(objects)) {}
   Recordset Open(const SqlText& statement) override {
+    if (statement.Text().starts_with("select name as Name from sys.objects")) {
+      asked = statement.Text();
+      Recordset found({"Name"});
+      for (const std::string& name : objects_) found.AppendText(name);
+      return found;
+    }
     if (sent.size() == refused_)
       throw DatabaseError("There is already an object named so.", 2714, statement.Text());
     sent.push_back(statement.Text());
@@ -131,9 +170,11 @@ class Listener : public Database {
   std::unique_ptr<WriteGroup> BeginWriteGroup() override { return nullptr; }
 
   std::vector<std::string> sent;
+  std::string asked;  ///< after what is there
 
  private:
   std::size_t refused_;
+  std::vector<std::string> objects_;
 };
 
 TEST_F(SqlServerSchema, Is_made_batch_by_batch_and_tells_how_far_it_is) {
@@ -146,6 +187,30 @@ TEST_F(SqlServerSchema, Is_made_batch_by_batch_and_tells_how_far_it_is) {
   });
   EXPECT_EQ(told.size(), SqlServerBatches().size());
   EXPECT_EQ(listener.sent.back(), SqlServerBatches().back().Text());
+}
+
+TEST_F(SqlServerSchema, Is_not_made_where_something_of_it_is_and_says_what) {
+  Listener listener(1000, {"tblGood", "vwPelinCompany"});
+  try {
+    CreateSqlServerSchema(listener, {});
+    FAIL();
+  } catch (const InputError& refusal) {
+    EXPECT_NE(std::string(refusal.what()).find("tblGood، vwPelinCompany"), std::string::npos)
+        << refusal.what();
+  }
+  EXPECT_TRUE(listener.sent.empty());
+}
+
+TEST_F(SqlServerSchema, Looks_for_every_table_view_and_procedure_before_it_is_made) {
+  Listener listener(1000);
+  CreateSqlServerSchema(listener, {});
+  for (const auto& [name, table] : TablesOf(SqlServerBatches())) {
+    EXPECT_NE(LowerAscii(listener.asked).find("'" + name + "'"), std::string::npos) << name;
+  }
+  for (const auto& [name, view] : ViewsOf(SqlServerBatches())) {
+    EXPECT_NE(LowerAscii(listener.asked).find("'" + name + "'"), std::string::npos) << name;
+  }
+  EXPECT_NE(listener.asked.find("'spPelinHasPermission'"), std::string::npos);
 }
 
 TEST_F(SqlServerSchema, Stops_at_the_first_batch_that_is_refused) {

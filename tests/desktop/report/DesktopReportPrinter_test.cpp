@@ -76,8 +76,25 @@ TEST_F(ReportPrinterOnTheDesktop, A_report_file_that_is_not_there_is_an_error_th
 
 TEST_F(ReportPrinterOnTheDesktop, A_query_that_fails_is_the_databases_failure) {
   WriteTemplate("band row\nline 6\ncell *\n");
-  printer.SetSQLQuery("select * from vwNoSuchView");
+  printer.SetSQLQuery(SqlText("select * from vwNoSuchView"));
   EXPECT_THROW(printer.Show(), DatabaseError);
+}
+
+TEST_F(ReportPrinterOnTheDesktop, A_typed_text_that_leaves_its_literal_is_refused_and_nothing_is_sent) {
+  AddLine("1", "نان", 1, 2, 3);
+  WriteTemplate("band row\nline 6\ncell * \"{GoodName}\"\n");
+  const auto ask = [&](const char* name) {
+    printer.SetSQLQuery(SqlText("select GoodName from vwInventoryCountingPrint where GoodName='") +
+                        Typed(name) + "'");
+    printer.Show();
+  };
+  EXPECT_THROW(ask("x' or '1'='1"), DatabaseError);
+  EXPECT_TRUE(recording.Statements().empty());
+  EXPECT_TRUE(recording.ConnectionTexts().empty());
+  EXPECT_TRUE(Previews().empty());
+  ask("نان");
+  ASSERT_EQ(Previews().size(), 1U);
+  Previews()[0]->close();
 }
 
 TEST_F(ReportPrinterOnTheDesktop, Formulas_replace_those_of_the_same_number) {

@@ -22,7 +22,7 @@ class ReportDesk : public ::testing::Test {
         "insert into tblGoodScale (ID, Name) values (4, 'عدد');"
         "insert into tblInventoryCounting (InventoryID, CreatorID) values (3, 7)");
     printer.SetConnectionString(database.ConnectionText());
-    printer.SetSQLQuery("SELECT * From vwInventoryCountingPrint Where ID=1 order by GoodCode");
+    printer.SetSQLQuery(SqlText("SELECT * From vwInventoryCountingPrint Where ID=1 order by GoodCode"));
     printer.SetFormula(1, "fmlCompanyName='شركت آفتاب'");
   }
 

@@ -10,22 +10,12 @@
 namespace koru {
 namespace {
 
+using test::ExpectNothingIsCut;
+
 std::size_t CountOf(const ReportPage& page, ReportBandKind kind) {
   std::size_t count = 0;
   for (const PlacedBand& band : page.bands) count += band.kind == kind ? 1U : 0U;
   return count;
-}
-
-/// Every band lies between the margins, below the one before it.
-void ExpectNothingIsCut(const ReportTemplate& report, const std::vector<ReportPage>& pages) {
-  for (const ReportPage& page : pages) {
-    double free = report.marginTop;
-    for (const PlacedBand& band : page.bands) {
-      ASSERT_GE(band.top, free - 1e-6);
-      free = band.top + report.Band(band.kind).Height();
-    }
-    ASSERT_LE(free, report.pageHeight - report.marginBottom + 1e-6);
-  }
 }
 
 TEST(ReportPages, Each_of_32767_rows_stands_on_exactly_one_page_in_order_and_whole) {

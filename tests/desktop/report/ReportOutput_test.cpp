@@ -11,6 +11,7 @@
 #include "desktop/QtText.h"
 #include "platform/Errors.h"
 #include "tests/desktop/report/ReportSamples.h"
+#include "tests/support/RefusedWrites.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace koru {
@@ -68,12 +69,35 @@ TEST_F(SavedReport, A_cancelled_pdf_leaves_the_file_that_was_there) {
 }
 
 TEST_F(SavedReport, A_place_that_takes_no_file_is_an_error_that_names_it) {
-  try {
-    WriteReportPdf(report, Path("no such folder/a.pdf"), {});
-    FAIL() << "no failure";
-  } catch (const InputError& failure) {
-    EXPECT_NE(std::string(failure.what()).find("no such folder/a.pdf"), std::string::npos);
+  std::filesystem::create_directory(folder.Path() / "folder");
+  std::filesystem::create_directory(folder.Path() / "folder.pdf");
+  const test::LockedFolder locked(folder.Path() / "folder");
+  ASSERT_TRUE(locked.Locked());
+  for (const char* const place : {"no such folder/a.pdf", "folder/a.pdf", "folder.pdf"}) {
+    try {
+      WriteReportPdf(report, Path(place), {});
+      ADD_FAILURE() << "no failure: " << place;
+    } catch (const InputError& failure) {
+      EXPECT_NE(std::string(failure.what()).find(place), std::string::npos);
+      EXPECT_NE(std::string(failure.what()).find('('), std::string::npos) << "no reason: " << failure.what();
+    }
   }
+  EXPECT_EQ(FilesThere(), 0);
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path() / "folder"));
+}
+
+TEST_F(SavedReport, A_full_disk_is_an_error_and_leaves_the_file_that_was_there) {
+  QFile before(Path("a.pdf"));
+  ASSERT_TRUE(before.open(QIODevice::WriteOnly));
+  before.write("before");
+  before.close();
+  for (const int bytes : {0, 100, 4096, 8192}) {
+    const test::FullDisk full(static_cast<rlim_t>(bytes));
+    EXPECT_THROW(WriteReportPdf(report, Path("a.pdf"), {}), InputError) << bytes;
+    EXPECT_THROW(WriteReportPdf(report, Path("b.pdf"), {}), InputError) << bytes;
+  }
+  EXPECT_EQ(Content(Path("a.pdf")), "before");
+  EXPECT_EQ(FilesThere(), 1);
 }
 
 TEST_F(SavedReport, A_printer_gets_the_pages_that_were_asked_for) {
@@ -90,6 +114,18 @@ TEST_F(SavedReport, A_printer_gets_the_pages_that_were_asked_for) {
   some.setFromTo(2, 9);
   EXPECT_TRUE(PrintReport(report, some, {}));
   EXPECT_EQ(PagesIn(Path("some.pdf")), 3);
+}
+
+TEST_F(SavedReport, Printing_ends_where_the_person_cancels_it) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(Path("half.pdf"));
+  std::size_t told = 0;
+  EXPECT_FALSE(PrintReport(report, printer, [&](std::size_t done, std::size_t) {
+    told = done;
+    return done < 2;
+  }));
+  EXPECT_EQ(told, 2U);
 }
 
 }  // namespace

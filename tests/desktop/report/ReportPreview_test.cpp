@@ -39,10 +39,15 @@ class Preview : public ::testing::Test {
 
 TEST_F(Preview, Runs_from_right_to_left_and_begins_on_page_1_as_wide_as_the_window) {
   EXPECT_EQ(window.layoutDirection(), Qt::RightToLeft);
+  EXPECT_EQ(window.View().layoutDirection(), Qt::RightToLeft);
   EXPECT_EQ(Page().value(), 1);
   EXPECT_EQ(Page().maximum(), 4);
   EXPECT_EQ(window.View().horizontalScrollBar()->maximum(), 0);
+  EXPECT_EQ(window.View().verticalScrollBar()->value(), 0);
   EXPECT_GT(window.View().Zoom(), 1.0);
+  window.resize(1200, 700);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window.View().verticalScrollBar()->value(), 0);
 }
 
 TEST_F(Preview, Shows_the_page_that_keys_and_the_page_number_ask_for) {
@@ -75,9 +80,17 @@ TEST_F(Preview, Zooms_between_a_quarter_and_four_times_and_keeps_the_page) {
 
 TEST_F(Preview, A_page_that_is_wider_than_the_window_shows_its_right_side_first) {
   window.View().SetZoom(3);
-  const QScrollBar& across = *window.View().horizontalScrollBar();
+  QScrollBar& across = *window.View().horizontalScrollBar();
   EXPECT_GT(across.maximum(), 0);
-  EXPECT_EQ(across.value(), across.maximum());
+  const auto edge = [&](bool right) {
+    const QImage image = window.View().viewport()->grab().toImage();
+    return image.pixelColor(right ? image.width() - 3 : 3, image.height() / 2);
+  };
+  EXPECT_NE(edge(true), QColor(Qt::white)) << "the ground beside the page";
+  EXPECT_EQ(edge(false), QColor(Qt::white));
+  across.setValue(across.maximum());
+  EXPECT_EQ(edge(true), QColor(Qt::white));
+  EXPECT_NE(edge(false), QColor(Qt::white));
 }
 
 TEST_F(Preview, Paints_what_is_in_sight) {

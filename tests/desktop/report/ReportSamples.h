@@ -1,7 +1,10 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "desktop/report/ReportDocument.h"
 #include "desktop/report/ReportTemplate.h"
@@ -54,6 +57,18 @@ inline std::string TextsOf(const ReportDocument& report, std::size_t page, Repor
     }
   }
   return texts;
+}
+
+/// Every band lies between the margins, below the one before it.
+inline void ExpectNothingIsCut(const ReportTemplate& report, const std::vector<ReportPage>& pages) {
+  for (const ReportPage& page : pages) {
+    double free = report.marginTop;
+    for (const PlacedBand& band : page.bands) {
+      ASSERT_GE(band.top, free - 1e-6);
+      free = band.top + report.Band(band.kind).Height();
+    }
+    ASSERT_LE(free, report.pageHeight - report.marginBottom + 1e-6);
+  }
 }
 
 }  // namespace koru::test

@@ -79,6 +79,28 @@ TEST_F(InvSearchWindowTest, A_date_that_is_none_is_marked_and_nothing_is_searche
   EXPECT_TRUE(Keys().empty());
 }
 
+TEST_F(InvSearchWindowTest, A_date_that_is_none_holds_the_button_back_too_and_a_new_search_forgets_it) {
+  auto* const date = window->findChild<QWidget*>("gdpToDate1")->findChild<QLineEdit*>();
+  date->setFocus();
+  Type("14031399");
+  QTest::mouseClick(Named<QPushButton>("cmdSearch"), Qt::LeftButton);
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_TRUE(date->hasFocus());
+  Named<QLineEdit>("txtid1")->setFocus();
+  Press(Qt::Key_Return);
+  EXPECT_TRUE(Sent().empty()) << "from another criterion, too";
+  EXPECT_TRUE(date->hasFocus());
+  QTest::mouseClick(Named<QPushButton>("cmdNew"), Qt::LeftButton);
+  QTest::mouseClick(Named<QPushButton>("cmdSearch"), Qt::LeftButton);
+  EXPECT_EQ(Keys().size(), 5U);
+}
+
+TEST_F(InvSearchWindowTest, The_wheel_leaves_the_creator_alone) {
+  auto* const creator = Named<QComboBox>("cmbcreator");
+  EXPECT_FALSE(test::TurnWheel(*creator, -120));
+  EXPECT_EQ(form.cmbcreator.ListIndex(), -1);
+}
+
 TEST_F(InvSearchWindowTest, Enter_on_a_result_opens_it_and_leaves_the_search) {
   Named<QLineEdit>("txtCode")->setFocus();
   Type("K-1");

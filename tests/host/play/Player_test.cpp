@@ -173,6 +173,23 @@ TEST(Playing, Workbooks_are_compared_by_number_and_rows) {
             "s.story:3: rows of the workbooks: expected 6, found none");
 }
 
+TEST(Playing, A_report_is_read_page_by_page_and_closed) {
+  const std::string shown =
+      "database sample\nuser 1\nview 1\ntick\nclick cmdView\nclick frmReport.cmdPrint\n";
+  EXPECT_EQ(Play(shown + "expect report 3 pages\nexpect report page 3 \"۶۰\" \"جمع ۶۰ سطر\" \"صفحه ۳ از ۳\"\n"
+                         "save report\nclose report\nexpect report none\n"),
+            "");
+  EXPECT_EQ(Play(shown + "expect report 2 pages\n"), "s.story:7: pages of the report: expected 2, found 3");
+  EXPECT_EQ(Play(shown + "expect report page 4 \"x\"\n"), "s.story:7: the report has no page 4");
+  EXPECT_EQ(Play(shown + "expect report page 1 \"جمع ۶۰ سطر\"\n"),
+            "s.story:7: page 1 of the report does not show \"جمع ۶۰ سطر\"");
+  EXPECT_EQ(Play(shown + "expect report page 3 \"جمع ۶۰ سطر\" \"۶۰\"\n"),
+            "s.story:7: page 3 of the report does not show \"۶۰\" behind \"جمع ۶۰ سطر\"");
+  EXPECT_EQ(Play(shown + "expect report none\n"), "s.story:7: a report is shown");
+  EXPECT_EQ(Play(shown), "s.story:6: the story ends with a report that it does not close");
+  EXPECT_EQ(Play("database sample\nclose report\n"), "s.story:2: no report is shown");
+}
+
 TEST(Playing, A_story_without_a_database_is_told_so) {
   EXPECT_EQ(Play("sql \"select 1\"\n"),
             "s.story:1: the story has no database; it begins with `database sample` or `database empty`");

@@ -1,0 +1,111 @@
+#include "database/sqlserver/CopyRows.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/sqlite/SqliteConnector.h"
+#include "control/services/FixQuote.h"
+#include "database/sqlserver/SqlServerSchema.h"
+
+namespace koru {
+namespace {
+
+/// The server takes 1000 rows in a statement; the driver for SQLite some 30,000 values.
+constexpr int kRowsOfStatement = 500;
+
+std::vector<std::string> Column(SqliteConnection& from, const std::string& query) {
+  std::vector<std::string> names;
+  SqliteStatement select = from.Prepare(query);
+  while (select.Step()) names.emplace_back(select.Text(0));
+  return names;
+}
+
+SqlText Written(const SqliteStatement& row, int column) {
+  switch (row.ColumnType(column)) {
+    case SQLITE_NULL:
+      return SqlText("NULL");
+    case SQLITE_INTEGER:
+      return SqlText() + row.Integer(column);
+    case SQLITE_FLOAT:
+      return SqlText() + row.Real(column);
+    default:
+      return SqlText("'") + Typed(FixQuote(row.Text(column))) + "'";
+  }
+}
+
+SqlText Written(const SqliteStatement& row) {
+  SqlText values("(");
+  for (int column = 0; column < row.ColumnCount(); ++column) {
+    if (column > 0) values += ",";
+    values += Written(row, column);
+  }
+  return values + ")";
+}
+
+class Copy {
+ public:
+  Copy(SqliteConnection& from, Database& to, RowsTarget target, const SampleProgress& progress)
+      : from_(from), to_(to), target_(target), progress_(progress) {}
+
+  void Run() {
+    const std::vector<std::string> tables =
+        Column(from_, "select name from sqlite_schema where type='table' and name not like 'sqlite[_]%'");
+    for (const std::string& table : tables) all_ += from_.Number("select count(*) from " + table);
+    Tell();
+    for (const std::string& table : tables) CopyTable(table);
+  }
+
+ private:
+  void CopyTable(const std::string& table) {
+    const SqlText columns = ColumnsOf(table);
+    const bool isNumbered = target_ == RowsTarget::Server && IsNumberedByServer(table);
+    SqliteStatement rows = from_.Prepare("select " + columns.Text() + " from " + table + " not indexed");
+    for (bool more = rows.Step(); more;) {
+      SqlText insert;
+      // The key of a numbered row is taken from the statement while this is on, and in this session alone.
+      if (isNumbered) insert += SqlText("set identity_insert ") + SqlName(table) + " on ";
+      insert += SqlText("insert into ") + SqlName(table) + " (" + columns + ") values ";
+      int count = 0;
+      for (; more && count < kRowsOfStatement; more = rows.Step(), ++count) {
+        if (count > 0) insert += ",";
+        insert += Written(rows);
+      }
+      if (isNumbered) insert += SqlText(" set identity_insert ") + SqlName(table) + " off";
+      to_.Open(insert);
+      done_ += count;
+      Tell();
+    }
+  }
+
+  SqlText ColumnsOf(const std::string& table) {
+    SqlText columns;
+    for (const std::string& name : Column(from_, "select name from pragma_table_info('" + table + "')")) {
+      if (!columns.Empty()) columns += ",";
+      columns += SqlName(name);
+    }
+    return columns;
+  }
+
+  void Tell() const {
+    if (progress_) progress_(all_ == 0 ? 100 : static_cast<int>(done_ * 100 / all_));
+  }
+
+  SqliteConnection& from_;
+  Database& to_;
+  RowsTarget target_;
+  const SampleProgress& progress_;
+  std::int64_t done_ = 0;
+  std::int64_t all_ = 0;
+};
+
+}  // namespace
+
+void CopyRows(const std::string& file, Database& to, RowsTarget target, const SampleProgress& progress) {
+  SqliteConnection from(file, SqliteConnection::Mode::Existing, SqliteConnector::kBusyTimeout);
+  Copy(from, to, target, progress).Run();
+}
+
+}  // namespace koru

@@ -1,0 +1,114 @@
+#include <cstdio>
+
+#include "control/services/dteInvCounting.h"
+#include "desktop/report/ReportNumbers.h"
+#include "lines/CountingLines.h"
+#include "lines/LineColumns.h"
+#include "platform/Form.h"
+#include "platform/Numbers.h"
+#include "tests/desktop/report/ReportDesk.h"
+#include "tests/desktop/report/ReportSamples.h"
+#include "tests/support/FakeScreen.h"
+
+namespace koru {
+namespace {
+
+using test::Bare;
+using test::TextsOf;
+
+/// A counting of so many lines, on the counting form's grid and on paper.
+class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterface<int> {
+ protected:
+  PaperAndForm() {
+    const std::string lines = std::to_string(GetParam());
+    // Every seventh agrees with the books, every eleventh was not counted, a rate may be missing; quantities
+    // have halves of a thousandth, and rates are not whole.
+    database.Execute(
+        "with recursive n(i) as (select 1 union all select i + 1 from n where i < " + lines +
+        ") insert into tblGood (Barcode, Code, Name) select 'b' || i, printf('c%05d', i), 'كالاي ' || i from "
+        "n;"
+        "with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
+        lines +
+        "), counts(i, accepted, book) as (select i, case when i % 11 then i % 900 + i % 8 * 0.125 end,"
+        " i % 900 + case when i % 7 then (i % 13 - 6) * 0.0625 else i % 8 * 0.125 end from n)"
+        " insert into tblInventoryCountingDetail (CountingID, RowNumber, Barcode, ScaleID, FirstCounting,"
+        " AcceptedCounting, SystemCounting, ContradictionCounting, BaseValue)"
+        " select 1, i, 'b' || i, 4, accepted, accepted, book, nullif(accepted - book, 0),"
+        " case when i % 17 then i % 4000 * 250.5 + 1 end from counts;"
+        // One line's good is gone since.
+        "insert into tblInventoryCountingDetail (CountingID, RowNumber, Barcode, AcceptedCounting, "
+        "SystemCounting,"
+        " ContradictionCounting, BaseValue) values (1, 0, 'gone', 5, 7, -2, 1000)");
+    data.SetConnectionString(database.ConnectionText());
+    lines_.SetUp();
+    lines_.FillInvCounterDetailData(1);
+  }
+
+  [[nodiscard]] std::unique_ptr<ReportDocument> Report(const std::string& name) {
+    printer.SetReportFileName(folder.File("reports/" + name));
+    return printer.Prepare();
+  }
+
+  /// What a box below the grid holds, as paper shows it.
+  static std::string OnPaper(const TextBox& total) {
+    return PersianNumber(ReportNumber(Val(total.Text()), 0));
+  }
+
+  test::FakeScreen screen;
+  Form form{screen, "frmInvCounting"};
+  Grid flexDetail{form, "flexDetail"};
+  TextBox txtTotalBelowValue{form, "txtTotalBelowValue"};
+  TextBox txtTotalAboveValue{form, "txtTotalAboveValue"};
+  TextBox txtTotalValue{form, "txtTotalValue"};
+  dteInvCounting data{sqlite};
+
+ private:
+  CountingLines lines_{flexDetail, txtTotalBelowValue, txtTotalAboveValue, txtTotalValue, data};
+};
+
+TEST_P(PaperAndForm, The_sums_on_paper_are_the_forms) {
+  ASSERT_EQ(flexDetail.Rows(), GetParam() + 1);
+  const auto summary = [&](const char* report) {
+    const auto document = Report(report);
+    return TextsOf(*document, document->Pages().size() - 1, ReportBandKind::Summary);
+  };
+  const std::string amounts = "|" + OnPaper(txtTotalBelowValue) + "|" + OnPaper(txtTotalAboveValue) + "|";
+  EXPECT_EQ(summary("counting.rpt.txt"), "جمع " + PersianDigits(std::to_string(GetParam())) + " سطر" +
+                                             amounts + OnPaper(txtTotalValue) + "|");
+  EXPECT_NE(summary("differences.rpt.txt").find(" سطر" + amounts), std::string::npos);
+}
+
+TEST_P(PaperAndForm, Each_line_stands_on_exactly_one_page_and_each_page_says_which_it_is) {
+  for (const char* const name : {"counting.rpt.txt", "counting-sheet.rpt.txt", "differences.rpt.txt"}) {
+    const bool all = std::string(name) != "differences.rpt.txt";
+    const auto report = Report(name);
+    const ReportLine& cells = report->Template().Band(ReportBandKind::Row).lines.at(0);
+    const std::size_t codeAt = std::string(name) == "counting-sheet.rpt.txt" ? 2 : 1;
+    std::vector<std::string> expected;
+    for (int line = 1; line < flexDetail.Rows(); ++line) {
+      const bool differs = !flexDetail.TextMatrix(line, LineColumn::Shortage).empty() ||
+                           !flexDetail.TextMatrix(line, LineColumn::Surplus).empty();
+      if (all || differs) expected.emplace_back(flexDetail.TextMatrix(line, LineColumn::GoodCode));
+    }
+    std::vector<std::string> printed;
+    for (std::size_t page = 0; page < report->Pages().size(); ++page) {
+      for (const PlacedBand& band : report->Pages()[page].bands) {
+        if (band.kind != ReportBandKind::Row) continue;
+        printed.push_back(report->CellText(cells.cells.at(codeAt), band, page));
+        ASSERT_EQ(Bare(report->CellText(cells.cells.at(0), band, page)),
+                  PersianDigits(std::to_string(printed.size())));
+      }
+      ASSERT_NE(TextsOf(*report, page, ReportBandKind::Footer)
+                    .find("صفحه " + PersianDigits(std::to_string(page + 1)) + " از " +
+                          PersianDigits(std::to_string(report->Pages().size())) + "|"),
+                std::string::npos);
+    }
+    EXPECT_EQ(printed, expected) << name;
+    test::ExpectNothingIsCut(report->Template(), report->Pages());
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, PaperAndForm, ::testing::Values(500, 5000, 32767));
+
+}  // namespace
+}  // namespace koru

@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <set>
+
+#include "adapters/odbc/ServerDialect.h"
+#include "control/services/dteInvCounting.h"
+#include "tests/statements/SentStatements.h"
+#include "tests/statements/SourceTexts.h"
+#include "tests/support/TSqlRules.h"
+
+namespace koru::test {
+namespace {
+
+constexpr const char* kFile = KORU_SOURCES "/docs/statements.md";
+
+constexpr const char* kHead = R"(# Statements
+
+Every statement that the component can send, by what a person does, in the order in which they are sent. The values are those
+of a small suite; a line's statements repeat for every line, and a search's criteria are left out where nothing is asked for.
+
+Users, stores, goods and documents are chosen in windows that read lists of their own; these are not listed here.
+
+The file is written by a test, `tests/statements`, and compared by it. To write it anew after a change:
+
+    KORU_RENEW_STATEMENTS=1 build/dev/koru_test_statements
+)";
+
+std::string Page(const std::vector<Operation>& operations) {
+  std::string page = kHead;
+  for (const Operation& operation : operations) {
+    page += "\n## " + operation.title + "\n\n```sql\n";
+    for (const std::string& statement : operation.statements) page += statement + "\n";
+    page += "```\n";
+  }
+  return page;
+}
+
+std::string Stored() {
+  std::ifstream stream(kFile, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+std::string AllStatements() {
+  std::string all;
+  for (const Operation& operation : SentStatements()) {
+    for (const std::string& statement : operation.statements) all += statement + "\n";
+  }
+  return all;
+}
+
+/// Texts beside statements that are part of none: names of forms and controls, fields that are read from `*`,
+/// tables that the selectors are told, and the grid's mask.
+const std::set<std::string> kNoSql{"frmInvCounting",
+                                   "frmInvSearch",
+                                   "frmGoodSearch",
+                                   "frmReport",
+                                   "cmbReport",
+                                   "cmdPrint",
+                                   "cmdOk",
+                                   "Title",
+                                   "FilePath",
+                                   "fmlCompanyName='",
+                                   "vwGoodScaleMajor",
+                                   "vwGoodGroup_CodeMajor",
+                                   "tblGoodScaleParent",
+                                   "00000011110001000"};
+
+/// A sentence for a person, which no statement holds.
+bool IsSentence(const std::string& text) {
+  const bool isPersian = std::any_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
+  return isPersian && text.find('\'') == std::string::npos;
+}
+
+std::vector<SourceText> TextsOfTheComponent() {
+  return TextsOfStatementSources(KORU_SOURCES, {"control", "counting", "lines", "documents", "search"});
+}
+
+TEST(Statements, The_document_lists_what_is_sent) {
+  const std::string page = Page(SentStatements());
+  if (std::getenv("KORU_RENEW_STATEMENTS") != nullptr) std::ofstream(kFile, std::ios::binary) << page;
+  const std::string stored = Stored();
+  const auto differs = std::mismatch(page.begin(), page.end(), stored.begin(), stored.end());
+  EXPECT_TRUE(page == stored)
+      << "docs/statements.md differs from what the component sends, first at line "
+      << std::count(page.begin(), differs.first, '\n') + 1
+      << ". After a wanted change: KORU_RENEW_STATEMENTS=1 build/dev/koru_test_statements";
+}
+
+TEST(Statements, No_text_that_a_source_puts_into_a_statement_is_missing_from_the_list) {
+  const std::string sent = AllStatements();
+  int parts = 0;
+  for (const SourceText& source : TextsOfTheComponent()) {
+    if (IsSentence(source.text) || kNoSql.contains(source.text)) continue;
+    ++parts;
+    EXPECT_NE(sent.find(source.text), std::string::npos) << source.place << ": " << source.text;
+  }
+  EXPECT_GT(parts, 150);
+}
+
+TEST(Statements, Every_right_that_is_asked_for_is_in_the_list) {
+  const std::string sent = AllStatements();
+  for (const FormPermission permission :
+       {FormPermission::OpenForNew, FormPermission::New, FormPermission::Edit, FormPermission::Delete,
+        FormPermission::Search, FormPermission::TemporarySave, FormPermission::FinalRegistration,
+        FormPermission::ReturnToTemporary}) {
+    const std::string number = std::to_string(static_cast<int>(permission));
+    EXPECT_NE(sent.find("{? = CALL spPelinHasPermission( 7, " + number + ") }\n"), std::string::npos)
+        << number;
+  }
+}
+
+TEST(Statements, What_counts_as_no_part_of_a_statement_still_stands_in_the_sources) {
+  std::set<std::string> texts;
+  for (const SourceText& source : TextsOfTheComponent()) texts.insert(source.text);
+  for (const std::string& text : kNoSql) EXPECT_TRUE(texts.contains(text)) << text;
+}
+
+TEST(Statements, Every_operation_sends_something_and_each_statement_stands_on_one_line) {
+  for (const Operation& operation : SentStatements()) {
+    EXPECT_FALSE(operation.statements.empty()) << operation.title;
+    for (const std::string& statement : operation.statements) {
+      EXPECT_EQ(statement.find('\n'), std::string::npos) << statement;
+    }
+  }
+}
+
+TEST(Statements, Each_is_one_whole_statement_of_the_server) {
+  ServerDialect dialect;
+  for (const Operation& operation : SentStatements()) {
+    for (const std::string& statement : operation.statements) {
+      if (statement.starts_with("{? = CALL ")) continue;
+      EXPECT_EQ(BrokenRules(dialect.Write(statement).text), std::vector<std::string>{}) << statement;
+    }
+  }
+}
+
+TEST(SourceTexts, Are_read_as_the_compiler_reads_them) {
+  const std::string source =
+      "#include \"a.h\"\n// \"no\"\nf(\"a\\\"b\" /* \"no\" */\n  \"c\\u200C\", '\"', \"d\", 1'000);\n";
+  const auto texts = TextsOf(source, "x.cpp");
+  ASSERT_EQ(texts.size(), 2U);
+  EXPECT_EQ(texts[0].text, "a\"bc\u200C");
+  EXPECT_EQ(texts[0].place, "x.cpp:3");
+  EXPECT_EQ(texts[1].text, "d");
+  EXPECT_EQ(texts[1].place, "x.cpp:4");
+}
+
+}  // namespace
+}  // namespace koru::test
