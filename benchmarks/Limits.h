@@ -18,7 +18,7 @@ class PlainConnection {
   ~PlainConnection();
 
   [[nodiscard]] sqlite3* Get() const { return connection_; }
-  void Execute(const char* sql) const;
+  void Execute(const std::string& sql) const;
 
  private:
   sqlite3* connection_ = nullptr;

@@ -21,8 +21,12 @@ struct ReadyLine {
 };
 [[nodiscard]] std::vector<ReadyLine> ReadyLines(const Grid& lines);
 
-/// Replaces the lines of counting 1: one transaction with one prepared insert.
-void SaveByHand(const PlainConnection& connection, const std::vector<ReadyLine>& lines);
+/// Replaces the lines of the counting: one transaction with one prepared insert.
+void SaveByHand(const PlainConnection& connection, int counting, const std::vector<ReadyLine>& lines);
+
+/// Replaces the lines of the counting, gives it the next number and writes its dispatch and its receipt: one
+/// transaction with three prepared inserts.
+void RegisterByHand(const PlainConnection& connection, int counting, const std::vector<ReadyLine>& lines);
 
 /// The sums of three columns of amounts, read from their texts.
 [[nodiscard]] double SumAmounts(const Grid& lines);

@@ -17,8 +17,8 @@ PlainConnection::PlainConnection(const std::string& path) {
 
 PlainConnection::~PlainConnection() { sqlite3_close_v2(connection_); }
 
-void PlainConnection::Execute(const char* sql) const {
-  if (sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+void PlainConnection::Execute(const std::string& sql) const {
+  if (sqlite3_exec(connection_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
     throw std::runtime_error(sqlite3_errmsg(connection_));
 }
 

@@ -13,6 +13,9 @@ struct Workload {
   std::function<void()> ours;
   std::function<void()> limit;
   std::function<void()> before = {};  ///< makes the state that both start from; not measured
+  // Where the sizes of the two differ, the times of one step of each are compared.
+  int steps = 1;
+  int limitSteps = 1;
 };
 
 /// What something takes in bytes, beside the least that it could.

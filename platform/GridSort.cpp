@@ -72,13 +72,14 @@ class SortKeys {
   };
 
   void AddText(std::string_view text, std::size_t row) {
-    const std::string key = PersianSortKey(text);
+    const std::size_t begin = characters_.size();
+    AppendPersianSortKey(characters_, text);
+    const std::string_view key = std::string_view(characters_).substr(begin);
     std::uint64_t lead = 0;
     for (std::size_t i = 0; i < sizeof lead; ++i) {
       lead = lead << 8U | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
     }
-    texts_.push_back({lead, characters_.size(), key.size(), row});
-    characters_ += key;
+    texts_.push_back({lead, begin, key.size(), row});
   }
   [[nodiscard]] std::string_view CharactersOf(const Text& text) const {
     return std::string_view(characters_).substr(text.begin, text.size);

@@ -106,18 +106,31 @@ std::string FoldPersian(std::string_view text) {
   return folded;
 }
 
-std::string PersianSortKey(std::string_view text) {
+void AppendPersianSortKey(std::string& keys, std::string_view text) {
+  // Two bytes a character, the higher first; the few weights that need more stand behind all of those.
+  constexpr char32_t kWide = 0xFFFF;
+  constexpr std::size_t kMostBytes = 5;
   text = WithoutTrailingBlanks(text);
-  std::string key;
-  key.reserve(text.size() + text.size() / 2);
+  const std::size_t begin = keys.size();
+  keys.resize(begin + kMostBytes * text.size());
+  char* end = &keys[begin];
+  const auto append = [&end](char32_t byte) { *end++ = static_cast<char>(byte & 0xFFU); };
   std::size_t at = 0;
   while (const char32_t weight = NextWeight(text, at)) {
-    if (weight < 0x80) {
-      key += static_cast<char>(weight);
-    } else {
-      AppendCharacter(key, weight);
+    if (weight >= kWide) {
+      append(0xFF);
+      append(0xFF);
+      append(weight >> 16U);
     }
+    append(weight >> 8U);
+    append(weight);
   }
+  keys.resize(static_cast<std::size_t>(end - keys.data()));
+}
+
+std::string PersianSortKey(std::string_view text) {
+  std::string key;
+  AppendPersianSortKey(key, text);
   return key;
 }
 

@@ -19,6 +19,8 @@ inline constexpr char32_t kZeroWidthNonJoiner = 0x200C;
 /// A key whose byte order is the order of Persian lists: texts are folded, then compared letter by letter in
 /// the alphabet's order (so that پ comes after ب and گ after ک), digits and Latin letters first.
 [[nodiscard]] std::string PersianSortKey(std::string_view text);
+/// Writes the key behind others.
+void AppendPersianSortKey(std::string& keys, std::string_view text);
 
 /// Below 0, 0 or above 0 as `a` comes before, equals or comes after `b` in that order.
 [[nodiscard]] int ComparePersian(std::string_view a, std::string_view b);

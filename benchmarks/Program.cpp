@@ -1,0 +1,43 @@
+#include "benchmarks/Program.h"
+
+#include <QApplication>
+#include <stdexcept>
+
+#include "host/Windows.h"
+
+namespace koru::bench {
+
+Program::Program(const std::string& file, std::int32_t counting, const std::string& workbooks)
+    : spreadsheets_({.folder = workbooks, .open = Opened, .tell = {}}, clock_) {
+  RegisterWindows(screen_, records_);
+  RegisterDesktopComponents(components_, databases_);
+  messages_.RegisterIn(components_);
+  control_.SetOLEConnectionString("Provider=SQLite;Data Source=" + file);
+  control_.SetUserID(1);
+  if (!control_.View(counting)) throw std::runtime_error("no such counting in " + file);
+  Edit();
+  Draw();
+}
+
+GridView& Program::Lines() const {
+  return *screen_.WindowOf(Form())->findChild<GridView*>(QStringLiteral("flexDetail"));
+}
+
+void Program::Edit() {
+  Form().Timer1.Fire();
+  if (Form().cmdEdit.Enabled()) Press(Form().cmdEdit);
+  Form().Timer1.Fire();
+}
+
+void Program::Press(Button& button) {
+  if (!button.UserClick()) throw std::runtime_error(button.Name() + " is not available");
+  const std::vector<std::string> texts = messages_.Texts();
+  if (!texts.empty()) throw std::runtime_error(texts.front());
+}
+
+void Program::Draw() {
+  constexpr int kRounds = 4;  // a width that is fitted sets off a repaint
+  for (int round = 0; round < kRounds; ++round) QApplication::processEvents();
+}
+
+}  // namespace koru::bench

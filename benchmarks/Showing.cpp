@@ -1,0 +1,152 @@
+#include "benchmarks/Showing.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QScrollBar>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
+#include "benchmarks/Countings.h"
+#include "benchmarks/LinesByHand.h"
+#include "benchmarks/Program.h"
+#include "benchmarks/SortByHand.h"
+#include "benchmarks/WorkbookByHand.h"
+#include "lines/LineColumns.h"
+#include "platform/Numbers.h"
+#include "platform/PersianText.h"
+
+namespace koru::bench {
+namespace {
+
+constexpr const char* kLinesQuery =
+    "select round(ifnull(BaseValue,0),0), tblGood.Barcode, FirstCounting, SecondCounting, ThirdCounting, "
+    "AcceptedCounting, SystemCounting, ContradictionCounting, ifnull(ScaleID,-1), "
+    "ifnull(tblGoodScale.Name,''), "
+    "ifnull(tblGood.Code,''), tblGood.Name from tblInventoryCountingDetail join tblGood on "
+    "tblInventoryCountingDetail.Barcode = tblGood.Barcode left join tblGoodScale on ScaleID = "
+    "tblGoodScale.ID where "
+    "CountingID = 1 order by RowNumber";
+
+constexpr int kEditedRows = 10;  ///< all of them in sight
+
+/// Moves through the lines page by page, and draws each page whole.
+class Paging {
+ public:
+  explicit Paging(GridView& lines) : lines_(lines) {}
+
+  void ShowNextPage() {
+    QScrollBar& bar = *lines_.verticalScrollBar();
+    bar.setValue(bar.value() + bar.pageStep() > bar.maximum() ? 0 : bar.value() + bar.pageStep());
+    lines_.viewport()->repaint();
+  }
+
+ private:
+  GridView& lines_;
+};
+
+class Showing {
+ public:
+  Showing(const std::string& file, const std::string& workbooks)
+      : program_(file, kFullCounting, workbooks),
+        few_(file, kCountingOf100, {}),
+        plain_(file),
+        workbooks_(workbooks),
+        names_(KeysOf<std::string>(Lines(), LineColumn::GoodName, PersianSortKey)),
+        rates_(KeysOf<double>(Lines(), LineColumn::Rate, Val)),
+        texts_(TextsOf(Lines())) {}
+
+  void Load() { program_.Form().FillInvCounterDetailData(kFullCounting); }
+  void LoadByHand() { benchmark::DoNotOptimize(CopyTexts(plain_, kLinesQuery)); }
+
+  void StartAtTop() {
+    SortByNumber();
+    program_.Lines().verticalScrollBar()->setValue(0);
+    Program::Draw();
+  }
+  void EditAndDraw() {
+    const int row = ++edits_ % kEditedRows + 1;
+    if (!Lines().UserEdit(row, LineColumn::AcceptedCounting, std::to_string(edits_)))
+      throw std::runtime_error("not edited");
+    Program::Draw();
+  }
+  void SumAndDrawPage() {
+    benchmark::DoNotOptimize(SumAmounts(Lines()));
+    program_.Lines().viewport()->repaint();
+  }
+
+  void SortByNumber() { Lines().Sort(LineColumn::RowNumber, SortMode::GenericAscending); }
+  void SortBy(int column) {
+    if (!Lines().UserClickHeader(column)) throw std::runtime_error("not sorted");
+  }
+  void SortNames() { benchmark::DoNotOptimize(SortReady(names_)); }
+  void SortRates() { benchmark::DoNotOptimize(SortReady(rates_)); }
+
+  void ShowPageOfFull() { pagesOfFull_.ShowNextPage(); }
+  void ShowPageOfFew() { pagesOfFew_.ShowNextPage(); }
+
+  void RemoveWorkbooks() {
+    std::filesystem::remove_all(workbooks_);
+    std::filesystem::create_directories(workbooks_);
+  }
+  void Export() { program_.Press(program_.Form().cmdExcel); }
+  void ExportByHand() { WriteWorkbookByHand(workbooks_ + "/by-hand.xlsx", texts_); }
+
+ private:
+  [[nodiscard]] Grid& Lines() { return program_.Form().flexDetail; }
+
+  Program program_;
+  Program few_;
+  PlainConnection plain_;
+  std::string workbooks_;
+  std::vector<std::pair<std::string, int>> names_;
+  std::vector<std::pair<double, int>> rates_;
+  std::vector<std::vector<std::string>> texts_;
+  Paging pagesOfFull_{program_.Lines()};
+  Paging pagesOfFew_{few_.Lines()};
+  int edits_ = 0;
+};
+
+}  // namespace
+
+std::vector<Workload> ShowingWorkloads(const std::string& fullSample, const std::string& workbooks) {
+  const auto lines = std::make_shared<Showing>(fullSample, workbooks);
+  const auto unsorted = [lines] { lines->SortByNumber(); };
+  return {
+      {"loading 32,767 lines and totals", 2, [lines] { lines->Load(); }, [lines] { lines->LoadByHand(); }},
+      {"edit of an accepted count, totals, repaint", 2, [lines] { lines->EditAndDraw(); },
+       [lines] { lines->SumAndDrawPage(); }, [lines] { lines->StartAtTop(); }},
+      {"sort by rate, 32,767 lines", 3, [lines] { lines->SortBy(LineColumn::Rate); },
+       [lines] { lines->SortRates(); }, unsorted},
+      {"sort by name, 32,767 lines", 3, [lines] { lines->SortBy(LineColumn::GoodName); },
+       [lines] { lines->SortNames(); }, unsorted},
+      {"a page of 32,767 lines beside one of 100", 1.2, [lines] { lines->ShowPageOfFull(); },
+       [lines] { lines->ShowPageOfFew(); }},
+      {"cmdExcel, 32,767 lines", 1.5, [lines] { lines->Export(); }, [lines] { lines->ExportByHand(); },
+       [lines] { lines->RemoveWorkbooks(); }}};
+}
+
+Workload SearchWorkload(const std::string& searchDatabase) {
+  struct Searching {
+    explicit Searching(const std::string& file) : program(file, 2, {}), plain(file) {
+      program.Press(program.Form().cmdSearch);
+    }
+    Program program;
+    PlainConnection plain;
+  };
+  const auto searching = std::make_shared<Searching>(searchDatabase);
+  return {"counting search, 30,000 found", 2,
+          [searching] {
+            frmInvSearch& form = *searching->program.Form().InvSearch();
+            searching->program.Press(form.cmdSearch);
+            if (form.flexSearch.Rows() != kCountingsFound + 1) throw std::runtime_error("not all were found");
+          },
+          [searching] {
+            benchmark::DoNotOptimize(CopyTexts(
+                searching->plain,
+                "select ID, Code, ManualCode, InvName, FarsiCreateDate, FullName, FarsiFromDate, FarsiToDate,"
+                " Counter1, Counter2, Counter3, Accepter from vwInventoryCounting order by ID"));
+          }};
+}
+
+}  // namespace koru::bench
