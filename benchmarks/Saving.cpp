@@ -28,12 +28,8 @@ class Saving {
 
   /// The counting is temporary, has no documents and is being edited.
   void StartAnew() {
-    for (const std::string kind : {"Receipt", "Dispatch"}) {
-      const std::string document =
-          "(select " + kind + "ID from tblInventoryCounting where ID = " + Key() + ")";
-      plain_.Execute("delete from tblInventory" + kind + "Detail where " + kind + "ID = " + document);
-      plain_.Execute("delete from tblInventory" + kind + " where ID = " + document);
-    }
+    RemoveDocument("Receipt");
+    RemoveDocument("Dispatch");
     plain_.Execute(
         "update tblInventoryCounting set Code = null, ReceiptID = null, DispatchID = null where ID = " +
         Key());
@@ -56,24 +52,35 @@ class Saving {
 
  private:
   [[nodiscard]] std::string Key() const { return std::to_string(counting_); }
+  /// The key of the counting's receipt or dispatch, as a selection.
+  [[nodiscard]] std::string DocumentOf(const std::string& kind) const {
+    return "(select " + kind + "ID from tblInventoryCounting where ID = " + Key() + ")";
+  }
+  void RemoveDocument(const std::string& kind) const {
+    const std::string document = DocumentOf(kind);
+    plain_.Execute("delete from tblInventory" + kind + "Detail where " + kind + "ID = " + document);
+    plain_.Execute("delete from tblInventory" + kind + " where ID = " + document);
+  }
+  void AppendDocument(std::vector<std::string>& rows, const std::string& kind) const {
+    const std::string document = DocumentOf(kind);
+    const std::string lines = "select Barcode, Qty, ScaleID, ScaleQty, Description from tblInventory" + kind +
+                              "Detail where " + kind + "ID = " + document + " order by Barcode";
+    const std::string header =
+        "select Code, InventoryID, CreatorID, ReceiveDate, FarsiReceiveDate, CreateDate, FarsiCreateDate, "
+        "Notes"
+        " from tblInventory" +
+        kind + " where ID = " + document;
+    for (const std::string& sql : {lines, header}) {
+      const std::vector<std::string> more = CopyTexts(plain_, sql);
+      rows.insert(rows.end(), more.begin(), more.end());
+    }
+  }
   [[nodiscard]] std::vector<std::string> Rows() const {
     std::vector<std::string> rows =
         CopyTexts(plain_, "select * from tblInventoryCountingDetail where CountingID = " + Key() +
                               " order by RowNumber");
-    for (const std::string kind : {"Receipt", "Dispatch"}) {
-      const std::string document =
-          " = (select " + kind + "ID from tblInventoryCounting where ID = " + Key() + ")";
-      for (const std::string& sql :
-           {"select Barcode, Qty, ScaleID, ScaleQty, Description from tblInventory" + kind + "Detail where " +
-                kind + "ID" + document + " order by Barcode",
-            "select Code, InventoryID, CreatorID, ReceiveDate, FarsiReceiveDate, CreateDate, "
-            "FarsiCreateDate, Notes"
-            " from tblInventory" +
-                kind + " where ID" + document}) {
-        const std::vector<std::string> more = CopyTexts(plain_, sql);
-        rows.insert(rows.end(), more.begin(), more.end());
-      }
-    }
+    AppendDocument(rows, "Receipt");
+    AppendDocument(rows, "Dispatch");
     return rows;
   }
 

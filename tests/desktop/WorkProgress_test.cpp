@@ -143,12 +143,15 @@ class WorkProgress : public testing::Test, public ControlHost {
         window->update();  // as when another program stood before them
     });
     const int before = lines.Count();
+    QElapsedTimer work;
+    work.start();
     ASSERT_TRUE(command.UserClick());
+    const std::int64_t mostOften = work.elapsed() / 40 * 2 + 5;
     EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{});
     EXPECT_GE(steps, least);
     EXPECT_LE(late, steps / 20) << "a step on a machine under load may be late, and no more";
     EXPECT_GE(bar.Count(), 5);
-    EXPECT_LT(bar.Count(), steps) << "more than the eye can follow is lost time";
+    EXPECT_LE(bar.Count(), mostOften) << "more than the eye can follow is lost time";
     EXPECT_GE(linesDrawn - before, 3) << "the window is drawn while the work goes on";
     EXPECT_GE(besideDrawn, 3) << "and so are the others";
     EXPECT_EQ(ticksAtWork, 0) << "nothing else runs meanwhile";

@@ -58,6 +58,20 @@ TEST_F(GridTest, Cells_hold_what_is_put_into_them) {
   EXPECT_EQ(grid.TextMatrix(2, 2), "12.5");
 }
 
+TEST_F(GridTest, A_whole_row_is_appended_at_once) {
+  std::vector<GridChange::Kind> changes;
+  const Subscription told =
+      grid.RowsChanged.Subscribe([&](const GridChange& change) { changes.push_back(change.kind); });
+  grid.SetBackColor(0x00F7F2F0);
+  grid.AddRow(std::vector<std::string>{"4", "d", "12.5"});
+  EXPECT_EQ(grid.TextMatrix(4, 0), "4");
+  EXPECT_EQ(grid.TextMatrix(4, 2), "12.5");
+  EXPECT_EQ(grid.RowBackColor(4), 0x00F7F2F0U);
+  EXPECT_EQ(changes, std::vector<GridChange::Kind>{GridChange::Kind::RowsInserted});
+  EXPECT_THROW(grid.AddRow(std::vector<std::string>{"5", "e"}), std::out_of_range);
+  EXPECT_EQ(grid.Rows(), 5);
+}
+
 TEST_F(GridTest, An_index_outside_the_grid_is_an_error) {
   EXPECT_THROW(static_cast<void>(grid.TextMatrix(4, 0)), std::out_of_range);
   EXPECT_THROW(static_cast<void>(grid.TextMatrix(1, 3)), std::out_of_range);

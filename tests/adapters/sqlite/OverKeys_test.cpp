@@ -78,6 +78,22 @@ TEST_F(OverKeys, A_sum_and_a_rate_of_the_same_documents_share_their_keys) {
   EXPECT_EQ(sum.selections[0].order, "");
 }
 
+TEST_F(OverKeys, Stores_that_are_asked_for_in_another_way_are_selected_as_they_were_written) {
+  for (const std::string condition :
+       {"(InventoryID=4 or Code in (Select ChildID from tblInventoryParent))",
+        "(InventoryID='4' or InventoryID in (Select ChildID from tblInventoryParent))",
+        "(InventoryID=4 or InventoryID in (Select ChildID from tblInventoryParent) or Code=3)",
+        "(Code=2 and InventoryID=4 or InventoryID in (Select ChildID from tblInventoryParent))",
+        "(FarsiReceiveDate=4 or FarsiReceiveDate in (Select ChildID from tblInventoryParent))"}) {
+    const ShapeOverKeys translated = Translated(
+        "select Qty from tblInventoryReceiptDetail where ReceiptID in (select ID from tblInventoryReceipt "
+        "where " +
+        condition + ")");
+    ASSERT_EQ(translated.selections.size(), 1U) << condition;
+    EXPECT_EQ(translated.selections[0].sql.find("union"), std::string::npos) << condition;
+  }
+}
+
 TEST_F(OverKeys, Statements_that_need_more_of_the_documents_stay_as_they_are) {
   const std::string join =
       " from tblInventoryReceiptDetail,tblInventoryReceipt where ID=ReceiptID and Code=1";

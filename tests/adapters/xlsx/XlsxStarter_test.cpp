@@ -135,26 +135,6 @@ TEST_F(ExportedWorkbook, Columns_are_as_wide_as_their_texts_within_reason) {
   EXPECT_NEAR(read.widths.at(3), 60, 1);
 }
 
-TEST_F(ExportedWorkbook, A_full_counting_comes_back_cell_by_cell) {
-  constexpr int kLines = 32767;
-  constexpr int kColumns = 17;
-  const auto text = [](int row, int col) {
-    return col == 4 ? "كالاي شمارة " + std::to_string(row) + " & همراهان"
-                    : std::to_string(row * kColumns + col);
-  };
-  const auto sheet = NewWorkbook();
-  for (int row = 1; row <= kLines + 1; ++row) {
-    for (int col = 1; col <= kColumns; ++col) sheet->SetCell(row, col, text(row, col));
-  }
-  sheet->LeaveOpen();
-  const ReadSheet read = ReadWorkbook(opened.at(0));
-  ASSERT_EQ(read.cells.size(), static_cast<std::size_t>(kLines + 1) * kColumns);
-  for (const auto& [place, cell] : read.cells) {
-    ASSERT_EQ(cell.text, text(place.first, place.second));
-    ASSERT_TRUE(cell.isText);
-  }
-}
-
 TEST_F(ExportedWorkbook, Each_export_is_a_new_file_named_after_the_day) {
   for (int i = 0; i < 2; ++i) {
     const auto sheet = NewWorkbook();
