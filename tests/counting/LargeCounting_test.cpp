@@ -14,6 +14,15 @@
 #include "tests/counting/PlainStock.h"
 #include "tests/support/TemporaryFolder.h"
 
+namespace koru {
+
+/// How a size is called in the name of a test.
+static void PrintTo(SampleSize size, std::ostream* out) {
+  *out << (size == SampleSize::Full ? "full size" : "a tenth");
+}
+
+}  // namespace koru
+
 namespace koru::test {
 namespace {
 
@@ -218,7 +227,7 @@ TEST_P(LargeCounting, A_save_and_a_registration_write_every_line_and_difference)
 }
 
 INSTANTIATE_TEST_SUITE_P(Medium, LargeCounting, testing::Values(SampleSize::Medium));
-// Takes some minutes; ./bench runs it.
+// Takes a minute; ./bench runs it.
 INSTANTIATE_TEST_SUITE_P(DISABLED_Full, LargeCounting, testing::Values(SampleSize::Full));
 
 }  // namespace
