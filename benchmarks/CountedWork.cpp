@@ -10,6 +10,7 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/SqliteConnector.h"
+#include "benchmarks/RunMain.h"
 #include "control/comInvCounting.h"
 #include "database/Sample.h"
 #include "platform/Errors.h"
@@ -114,11 +115,4 @@ int Main(int argc, char** argv) {
 }  // namespace
 }  // namespace koru::bench
 
-int main(int argc, char** argv) {
-  try {
-    return koru::bench::Main(argc, argv);
-  } catch (const std::exception& failure) {
-    std::fprintf(stderr, "%s\n", failure.what());
-    return 1;
-  }
-}
+int main(int argc, char** argv) { return koru::bench::RunMain(koru::bench::Main, argc, argv); }

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "benchmarks/RunMain.h"
 #include "benchmarks/Workload.h"
 #include "desktop/Application.h"
 #include "desktop/QtText.h"
@@ -173,11 +174,4 @@ int Main(int argc, char** argv) {
 }  // namespace
 }  // namespace koru::bench
 
-int main(int argc, char** argv) {
-  try {
-    return koru::bench::Main(argc, argv);
-  } catch (const std::exception& failure) {
-    std::fprintf(stderr, "%s\n", failure.what());
-    return 2;
-  }
-}
+int main(int argc, char** argv) { return koru::bench::RunMain(koru::bench::Main, argc, argv); }

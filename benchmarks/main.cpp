@@ -7,6 +7,7 @@
 #include "benchmarks/Calculating.h"
 #include "benchmarks/Countings.h"
 #include "benchmarks/Memory.h"
+#include "benchmarks/RunMain.h"
 #include "benchmarks/Saving.h"
 #include "benchmarks/Showing.h"
 #include "benchmarks/Workload.h"
@@ -61,11 +62,4 @@ int Main(int argc, char** argv) {
 }  // namespace
 }  // namespace koru::bench
 
-int main(int argc, char** argv) {
-  try {
-    return koru::bench::Main(argc, argv);
-  } catch (const std::exception& failure) {
-    std::fprintf(stderr, "%s\n", failure.what());
-    return 2;
-  }
-}
+int main(int argc, char** argv) { return koru::bench::RunMain(koru::bench::Main, argc, argv); }

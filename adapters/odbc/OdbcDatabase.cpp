@@ -4,32 +4,10 @@
 #include <utility>
 
 #include "adapters/odbc/OdbcSession.h"
+#include "adapters/sqlite/NestedGroup.h"
 #include "platform/Errors.h"
 
 namespace koru {
-
-/// One level of nesting; the outermost one holds what is written together.
-class OdbcDatabase::Group : public WriteGroup {
- public:
-  explicit Group(OdbcDatabase* database) : database_(database) {}
-  Group(const Group&) = delete;
-  Group& operator=(const Group&) = delete;
-
-  ~Group() override {
-    try {
-      Finish();
-    } catch (
-        const DatabaseError&) {  // NOLINT(bugprone-empty-catch): the failure under way is the one to report
-    }
-  }
-
-  void Finish() override {
-    if (OdbcDatabase* database = std::exchange(database_, nullptr)) database->EndGroup();
-  }
-
- private:
-  OdbcDatabase* database_;  ///< nullptr when there is nothing to end
-};
 
 OdbcDatabase::OdbcDatabase(OdbcTarget target, OdbcTimeouts timeouts, std::unique_ptr<OdbcDialect> dialect)
     : target_(std::move(target)), timeouts_(timeouts), dialect_(std::move(dialect)) {
@@ -74,9 +52,9 @@ std::int32_t OdbcDatabase::Call(std::string_view procedure, const std::vector<st
 
 std::unique_ptr<WriteGroup> OdbcDatabase::BeginWriteGroup() {
   const auto statements = dialect_->WriteGroupStatements();
-  if (!statements) return std::make_unique<Group>(nullptr);
+  if (!statements) return std::make_unique<NestedGroup>(nullptr);
   if (openGroups_ == 0) RunAlone(statements->begin);
-  auto group = std::make_unique<Group>(this);
+  auto group = std::make_unique<NestedGroup>([this] { EndGroup(); });
   ++openGroups_;
   return group;
 }

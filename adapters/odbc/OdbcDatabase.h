@@ -31,7 +31,6 @@ class OdbcDatabase : public Database {
   [[nodiscard]] std::unique_ptr<WriteGroup> BeginWriteGroup() override;
 
  private:
-  class Group;
   OdbcSession& Session();
   void RunAlone(const std::string& statement);
   void EndGroup();

@@ -7,6 +7,7 @@
 
 #include "adapters/sqlite/BindLiteral.h"
 #include "adapters/sqlite/Dialect.h"
+#include "adapters/sqlite/NestedGroup.h"
 #include "adapters/sqlite/PermissionStatement.h"
 #include "platform/Errors.h"
 
@@ -59,29 +60,6 @@ Recordset ReadToEnd(SqliteStatement& statement) {
 }
 
 }  // namespace
-
-/// One level of nesting; the outermost one holds the transaction.
-class SqliteDatabase::Group : public WriteGroup {
- public:
-  explicit Group(SqliteDatabase& database) : database_(&database) {}
-  Group(const Group&) = delete;
-  Group& operator=(const Group&) = delete;
-
-  ~Group() override {
-    try {
-      Finish();
-    } catch (
-        const DatabaseError&) {  // NOLINT(bugprone-empty-catch): the failure under way is the one to report
-    }
-  }
-
-  void Finish() override {
-    if (SqliteDatabase* database = std::exchange(database_, nullptr)) database->EndGroup();
-  }
-
- private:
-  SqliteDatabase* database_;
-};
 
 class SqliteDatabase::SnapshotGroup : public ReadGroup {
  public:
@@ -144,7 +122,7 @@ std::int32_t SqliteDatabase::Call(std::string_view procedure, const std::vector<
 std::unique_ptr<WriteGroup> SqliteDatabase::BeginWriteGroup() {
   snapshot_.End();
   if (openGroups_ == 0) connection_.Execute("BEGIN IMMEDIATE");
-  auto group = std::make_unique<Group>(*this);
+  auto group = std::make_unique<NestedGroup>([this] { EndGroup(); });
   ++openGroups_;
   return group;
 }

@@ -39,7 +39,6 @@ class SqliteDatabase : public Database {
   [[nodiscard]] std::size_t KeptStatements() const { return cache_.Size() + snapshot_.KeptStatements(); }
 
  private:
-  class Group;
   class SnapshotGroup;
 
   Recordset Run(const StatementShape& shape);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -226,9 +227,12 @@ TEST_P(LargeCounting, A_save_and_a_registration_write_every_line_and_difference)
   ExpectDocument("Receipt", LineColumn::Surplus);
 }
 
-INSTANTIATE_TEST_SUITE_P(Medium, LargeCounting, testing::Values(SampleSize::Medium));
-// Takes a minute; ./bench runs it.
-INSTANTIATE_TEST_SUITE_P(DISABLED_Full, LargeCounting, testing::Values(SampleSize::Full));
+/// The full size takes a minute and is asked for by ./bench.
+SampleSize AskedFor() {
+  return std::getenv("KORU_FULL_SIZE") == nullptr ? SampleSize::Medium : SampleSize::Full;
+}
+
+INSTANTIATE_TEST_SUITE_P(Sample, LargeCounting, testing::Values(AskedFor()));
 
 }  // namespace
 }  // namespace koru::test

@@ -1,69 +1,17 @@
-#include "desktop/GridView.h"
-
 #include <gtest/gtest.h>
 
-#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include "desktop/QtText.h"
-#include "tests/desktop/WindowTools.h"
+#include "tests/desktop/GridViewTest.h"
 
-namespace koru {
+namespace koru::test {
 namespace {
-
-using test::Open;
-using test::Press;
-using test::Type;
-
-/// Three goods with a count (column 2) and a rate (column 3) to fill in. A count below zero is refused.
-class GridViewTest : public testing::Test {
- protected:
-  GridViewTest() {
-    grid.SetCols(4);
-    grid.SetFormatString("رديف|^نام              |^شمارش    |^نرخ       ");
-    grid.SetEditMask("0011");
-    grid.ValidateEdit.Always([this] { grid.SetEditAccepted(!grid.EditText().starts_with("-")); });
-    for (const char* name : {"پيچ", "مهره", "واشر"}) {
-      grid.AddItem(std::to_string(grid.Rows()));
-      grid.SetTextMatrix(grid.Rows() - 1, 1, name);
-    }
-    // The widgets belong to their window. NOLINTBEGIN(cppcoreguidelines-owning-memory)
-    view = new GridView(&window);
-    view->SetColumnLook(2, {.number = true, .grouped = false, .sign = {}, .color = {}});
-    view->SetColumnLook(3, {.number = true, .grouped = false, .sign = {}, .color = {}});
-    view->SetStretchColumn(1);
-    other = new QPushButton(&window);
-    auto* const layout = new QVBoxLayout(&window);
-    // NOLINTEND(cppcoreguidelines-owning-memory)
-    layout->addWidget(view);
-    layout->addWidget(other);
-    window.resize(600, 300);
-    binding.Bind(grid, *view);
-  }
-
-  void Start() {
-    Open(window);
-    view->setFocus();
-    QApplication::processEvents();
-  }
-  [[nodiscard]] std::string Cell(int row, int col) const { return std::string(grid.TextMatrix(row, col)); }
-  [[nodiscard]] QLineEdit* Editor() const { return view->findChild<QLineEdit*>("cellEditor"); }
-  [[nodiscard]] std::pair<int, int> Current() const { return {grid.Row(), grid.Col()}; }
-
-  test::NoScreen screen;
-  Form form{screen, "frm"};
-  Grid grid{form, "flexDetail"};
-  QWidget window;
-  GridView* view = nullptr;
-  QPushButton* other = nullptr;
-  FormBinding binding{form};
-};
 
 TEST_F(GridViewTest, The_keyboard_comes_to_the_first_cell_to_fill) {
   Start();
@@ -222,107 +170,6 @@ TEST_F(GridViewTest, F2_edits_the_text_that_is_there) {
   EXPECT_EQ(Cell(1, 2), "150");
 }
 
-TEST_F(GridViewTest, A_number_with_its_separators_is_that_number_typed_or_pasted) {
-  Start();
-  Type("1,200");
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Cell(1, 2), "1200");
-  QApplication::clipboard()->setText(QStringLiteral("۱٬۲۰۰٬۰۰۰٫۵"));
-  Press(Qt::Key_F2);
-  Press(Qt::Key_V, Qt::ControlModifier);
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Cell(1, 3), "1200000.5");
-  QApplication::clipboard()->setText("3,400\r\n");
-  Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(2, 2), "3400");
-}
-
-TEST_F(GridViewTest, A_block_is_pasted_downwards_and_onwards_into_the_cells_to_fill) {
-  Start();
-  QApplication::clipboard()->setText(QStringLiteral("12\t3,000\r\n۱۳\t400\t9\r\n14\t\r\n99\t99\r\n"));
-  Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(1, 2) + " " + Cell(1, 3), "12 3000");
-  EXPECT_EQ(Cell(2, 2) + " " + Cell(2, 3), "13 400");
-  EXPECT_EQ(Cell(3, 2) + " " + Cell(3, 3), "14 ");
-  EXPECT_EQ(grid.Rows(), 4) << "no line is made";
-  grid.SetCurrent(2, 1);
-  QApplication::clipboard()->setText("name\t5");
-  Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(2, 1), "مهره");
-  EXPECT_EQ(Cell(2, 2), "5");
-}
-
-TEST_F(GridViewTest, Pasting_goes_past_a_column_that_is_not_shown) {
-  view->setColumnHidden(3, true);
-  grid.SetEditMask("0111");
-  Start();
-  grid.SetCurrent(1, 2);
-  QApplication::clipboard()->setText("1\t2\t3");
-  Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(1, 2) + "|" + Cell(1, 3), "1|");
-}
-
-TEST_F(GridViewTest, Pasting_stops_at_the_text_that_is_refused) {
-  Start();
-  QApplication::clipboard()->setText("1\n-2\n3");
-  Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(1, 2), "1");
-  EXPECT_EQ(Cell(2, 2), "");
-  EXPECT_EQ(Cell(3, 2), "");
-  EXPECT_EQ(Current(), std::pair(2, 2));
-}
-
-TEST_F(GridViewTest, Lines_pasted_into_a_cell_that_is_being_typed_fill_it_and_the_cells_below) {
-  Start();
-  Press(Qt::Key_F2);
-  Type("8");
-  QApplication::clipboard()->setText("1\n2\n");
-  Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(1, 2), "1");
-  EXPECT_EQ(Cell(2, 2), "2");
-  EXPECT_FALSE(view->IsTypedInto());
-  EXPECT_TRUE(view->hasFocus());
-}
-
-TEST_F(GridViewTest, An_empty_line_that_goes_while_pasting_takes_no_other_line_s_figure) {
-  Start();
-  grid.RowChange.Always([this] {
-    if (Cell(grid.Row(), 1) == "مهره") grid.RemoveItem(grid.Row());
-  });
-  grid.SetCurrent(2, 2);
-  QApplication::clipboard()->setText("5\n6\n");
-  Press(Qt::Key_V, Qt::ControlModifier);
-  ASSERT_EQ(grid.Rows(), 3);
-  EXPECT_EQ(Cell(2, 1), "واشر");
-  EXPECT_EQ(Cell(2, 2), "6");
-}
-
-TEST_F(GridViewTest, Pasting_nothing_leaves_the_cell_as_it_is) {
-  Start();
-  grid.SetTextMatrix(1, 2, "8");
-  QApplication::clipboard()->clear();
-  Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(1, 2), "8");
-}
-
-TEST_F(GridViewTest, What_is_only_viewed_takes_no_pasted_figures) {
-  Start();
-  grid.SetLocked(true);
-  QApplication::clipboard()->setText("1\n2");
-  Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(1, 2) + Cell(2, 2), "");
-}
-
-TEST_F(GridViewTest, A_cell_is_copied_and_without_one_the_clipboard_keeps_what_it_holds) {
-  Start();
-  grid.SetCurrent(2, 1);
-  Press(Qt::Key_C, Qt::ControlModifier);
-  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("مهره"));
-  grid.SetRows(1);
-  Press(Qt::Key_C, Qt::ControlModifier);
-  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("مهره"));
-}
-
 TEST_F(GridViewTest, Delete_empties_a_cell_and_with_Ctrl_asks_for_the_line_to_go) {
   Start();
   grid.SetTextMatrix(1, 2, "15");
@@ -436,9 +283,9 @@ TEST_F(GridViewTest, Shortage_and_surplus_carry_signs_of_different_shape_and_col
   const QColor red(0xA0, 0x1C, 0x14);
   view->SetColumnLook(3, {.number = true, .grouped = false, .sign = ColumnLook::Sign::Down, .color = red});
   Start();
-  EXPECT_EQ(test::PixelsOf(*view->viewport(), red), 0);
+  EXPECT_EQ(PixelsOf(*view->viewport(), red), 0);
   grid.SetTextMatrix(1, 3, "5");
-  EXPECT_GT(test::PixelsOf(*view->viewport(), red), 10);
+  EXPECT_GT(PixelsOf(*view->viewport(), red), 10);
   EXPECT_EQ(Cell(1, 3), "5");
 }
 
@@ -465,4 +312,4 @@ TEST_F(GridViewTest, After_the_grid_is_gone_the_view_shows_nothing_and_takes_no_
 }
 
 }  // namespace
-}  // namespace koru
+}  // namespace koru::test
