@@ -1,5 +1,6 @@
 #include "counting/CountingFormControls.h"
 
+#include "documents/CountingWriter.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 
@@ -63,6 +64,8 @@ CountingFormControls::CountingFormControls(Form& form)
   mnuRS.SetCaption("بازگشت به حالت موقت");
   // No mode makes it available: people print the report that cmdView shows.
   cmdPrint.SetVisible(false);
+  txtGNO.SetMaxLength(kLongestManualCode);
+  txtNotes.SetMaxLength(kLongestNotes);
   for (TextBox* shown : {&txtCode, &txtCreator, &txtTotalBelowValue, &txtTotalAboveValue, &txtTotalValue}) {
     shown->SetLocked(true);
   }

@@ -126,7 +126,9 @@ void frmInvCounting::ConnectEvents() {
   cmdCancel.Click.Always([this] { RunLast([this] { commands_.Cancel(); }); });
   cmdExit.Click.Always([this] { Exit(); });
   cmdSearch.Click.Always([this] { ShowInvSearch(); });
-  cmdGoods.Click.Always([this] { addGoods_.Run(); });
+  cmdGoods.Click.Always([this] {
+    if (const auto added = addGoods_.Run()) GoodsAdded.Raise(*added);
+  });
   cmdView.Click.Always([this] { viewReport_.Run(); });
   cmdExcel.Click.Always([this] { excelExport_.Run(); });
   cmdInvExit.Click.Always([this] { linkedDocuments_.OpenDispatch(); });

@@ -57,6 +57,9 @@ class frmInvCounting : public Form, public CountingFormControls {
   /// The store proposed for a new counting; -1 when none is marked as default.
   [[nodiscard]] std::int32_t DefaultStore() const { return defaultStore_; }
 
+  /// Goods were searched and added as so many lines, which may be none.
+  Event<int> GoodsAdded;
+
   /// The condition on goods that the goods search left behind; empty when nothing was searched.
   SqlText GoodSearchCondition;
 

@@ -47,23 +47,23 @@ QPalette FormPalette() {
 }
 
 /// Fields that take no input are grey, unavailable buttons are flat and pale, the field with the keyboard has
-/// a ring.
+/// a ring, and the arrow of a sorted column stands above its title.
 constexpr const char* kStyleSheet = R"(
-QToolTip { border: 1px solid #253345; padding: 3px; }
-QPushButton { background: #FDFDFE; border: 1px solid #B4BFCD; border-radius: 4px; padding: 4px 12px; }
+QToolTip { background: #253345; color: white; border: 1px solid #253345; padding: 3px; }
+QPushButton { background: #FDFDFE; border: 1px solid #B4BFCD; border-radius: 4px; padding: 4px 9px; }
 QPushButton:hover { background: #E6EDF6; border-color: #7F9BBB; }
 QPushButton:pressed { background: #D3DFEE; }
-QPushButton:focus { border: 2px solid #2F5D8C; padding: 3px 11px; }
+QPushButton:focus { border: 2px solid #2F5D8C; padding: 3px 8px; }
 QPushButton:default { border-color: #2F5D8C; }
 QPushButton[main="true"] { background: #2F5D8C; border-color: #264C73; color: white; }
 QPushButton[main="true"]:hover { background: #386DA3; }
 QPushButton[main="true"]:focus { border: 2px solid #12263B; }
 QPushButton:disabled, QPushButton[pale="true"], QPushButton[main="true"]:disabled {
-  background: #EAEDF2; border: 1px solid #D9DEE6; color: #A3ACB9; padding: 4px 12px; }
+  background: #EAEDF2; border: 1px solid #D9DEE6; color: #A3ACB9; padding: 4px 9px; }
 QToolButton { background: #FDFDFE; border: 1px solid #B4BFCD; border-radius: 3px; padding: 2px; }
 QToolButton:hover { background: #E6EDF6; }
 QToolButton:disabled { background: #F1F3F7; border-color: #D9DEE6; }
-QToolButton#menuButton { padding: 4px 12px; border-radius: 4px; }
+QToolButton#menuButton { padding: 4px 9px; border-radius: 4px; }
 QToolButton#menuButton:focus { border: 2px solid #2F5D8C; }
 QToolButton::menu-indicator { image: none; }
 QCalendarWidget QToolButton { background: transparent; border: 0; color: white; font-weight: bold; padding: 3px 6px; }
@@ -99,6 +99,8 @@ QHeaderView { background: #DCE3ED; }
 QHeaderView::section { background: #DCE3ED; border: 0; border-left: 1px solid #B9C4D3; border-bottom: 1px solid #9FAEC2;
   padding: 2px 3px; }
 QHeaderView::section:hover { background: #CDD8E6; }
+QHeaderView::down-arrow, QHeaderView::up-arrow { subcontrol-position: top center; width: 0; height: 0;
+  border: 4px solid #DCE3ED; border-top: 3px solid #2F5D8C; border-bottom: 0; }
 QProgressBar { border: 1px solid #B4BFCD; border-radius: 4px; background: white; text-align: center; }
 QProgressBar::chunk { background: #7FA3CC; border-radius: 3px; }
 )";

@@ -91,8 +91,8 @@ bool CellDelegate::eventFilter(QObject* object, QEvent* event) {
   auto* const edit = qobject_cast<QLineEdit*>(object);
   if (edit == nullptr) return false;
   if (event->type() == QEvent::ShortcutOverride) {
-    const auto* const key = static_cast<QKeyEvent*>(event);
-    if (key->key() == Qt::Key_Escape) event->accept();
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (key.key() == Qt::Key_Escape || GridView::LeavesGrid(key)) event->accept();
     return false;
   }
   if (event->type() == QEvent::KeyPress) return view_.EditorKey(*edit, *static_cast<QKeyEvent*>(event));

@@ -1,10 +1,10 @@
 #include "desktop/CountingWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,11 +12,12 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
+#include <QTextOption>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "counting/frmInvCounting.h"
 #include "desktop/DateBoxEdit.h"
@@ -25,6 +26,7 @@
 #include "desktop/QtText.h"
 #include "desktop/SelectorEdit.h"
 #include "desktop/ShownNumber.h"
+#include "desktop/WindowPlace.h"
 #include "lines/LineColumns.h"
 
 // The widgets belong to their window, as the toolkit's widgets do.
@@ -33,6 +35,9 @@ namespace koru {
 namespace {
 
 constexpr QSize kUsualSize(1280, 760);
+constexpr const char* kKeysOfLines =
+    "خانه بعد: Enter    ويرايش خانه: F2    ورود/خروج جدول: Ctrl+Tab    حذف سطر: Ctrl+Del    "
+    "ليست و تقويم: F4";
 constexpr QColor kShortage(0xA8, 0x1E, 0x16);
 constexpr QColor kSurplus(0x17, 0x4E, 0xA6);
 
@@ -71,6 +76,7 @@ void LookOfLines(GridView& lines) {
   lines.SetColumnLook(LineColumn::ScaleID, key);
   lines.SetStretchColumn(LineColumn::GoodName);
   lines.SetRowNumbers(true);
+  lines.SetScanColumn(LineColumn::Barcode);
 }
 
 }  // namespace
@@ -86,7 +92,7 @@ CountingWindow::CountingWindow(frmInvCounting& form, SelectorRecords& records)
   AddLines(*layout);
   AddTotals(*layout);
   Binding().Bind(form.Timer1);
-  resize(kUsualSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
+  resize(FirstSize(kUsualSize));
 }
 
 QPushButton& CountingWindow::AddCommand(QBoxLayout& bar, Button& command, const char* shortcut,
@@ -94,7 +100,7 @@ QPushButton& CountingWindow::AddCommand(QBoxLayout& bar, Button& command, const 
   auto* const button = new QPushButton(this);
   Binding().Bind(command, *button, waitsFor);
   const QKeySequence keys(QString::fromLatin1(shortcut));
-  button->setToolTip(QStringLiteral("%1 (%2)").arg(button->text(), keys.toString(QKeySequence::NativeText)));
+  button->setToolTip(WithKeys(button->text(), keys.toString()));
   auto* const press = new QShortcut(keys, this);
   connect(press, &QShortcut::activated, button, [this, button, waitsFor] {
     if (!button->isEnabled()) return;
@@ -172,13 +178,13 @@ void CountingWindow::AddDocument(QGridLayout& box) {
   key->setProperty("value", true);
   key->setTextInteractionFlags(Qt::TextSelectableByMouse);
   key->setAlignment(kTrueRight);
-  key->setMinimumWidth(90);
+  key->setMinimumWidth(70);
   Binding().Bind(form_.lblIDVal, *key);
   AddField(box, 0, 0, QStringLiteral("شماره رايانه اي"), *key);
-  auto* const code = NewCodeField(this, 90);
+  auto* const code = NewCodeField(this, 70);
   Binding().Bind(form_.txtCode, *code);
   AddField(box, 0, 2, QStringLiteral("شماره نهايي"), *code);
-  auto* const manual = NewCodeField(this, 110);
+  auto* const manual = NewCodeField(this, 90);
   Binding().Bind(form_.txtGNO, *manual);
   AddField(box, 0, 4, QStringLiteral("شماره دستي"), *manual);
   AddDate(box, 0, 6, QStringLiteral("تاريخ شمارش"), form_.gdpReceiveDate);
@@ -192,6 +198,9 @@ void CountingWindow::AddDocument(QGridLayout& box) {
 
   auto* const notes = new QPlainTextEdit(this);
   notes->setTabChangesFocus(true);
+  QTextOption fromTheRight(kTrueRight);
+  fromTheRight.setTextDirection(Qt::RightToLeft);
+  notes->document()->setDefaultTextOption(fromTheRight);
   notes->setFixedHeight(2 * notes->fontMetrics().lineSpacing() + 14);
   Binding().Bind(form_.txtNotes, *notes);
   AddField(box, 2, 0, QStringLiteral("توضيحات"), *notes, 5);
@@ -231,12 +240,19 @@ void CountingWindow::AddLineCommands(QBoxLayout& window) {
   AddCommand(*bar, form_.cmdExcel, "Ctrl+Shift+E");
   auto* const progress = new QProgressBar(this);
   progress->setMaximumHeight(20);
+  progress->setMinimumWidth(60);
   Binding().Bind(form_.pgbStatus, *progress);
   bar->addSpacing(12);
   bar->addWidget(progress, 1);
-  bar->addWidget(NewHint(QStringLiteral("خانه بعد: Enter     ويرايش خانه: F2     خروج از جدول: Ctrl+Tab     "
-                                        "حذف سطر: Ctrl+Del     ليست و تقويم: F4"),
-                         this));
+  hint_ = NewHint(QString::fromUtf8(kKeysOfLines), this);
+  bar->addWidget(hint_);
+  goodsAdded_ = form_.GoodsAdded.Subscribe([this](int added) {
+    added_ = added;
+    hint_->setText(added == 0 ? QStringLiteral("كالاي تازه اي افزوده نشد.")
+                              : QStringLiteral("%1 سطر افزوده شد.").arg(added));
+  });
+  keyPressed_ = form_.KeyDown.Subscribe(
+      [this](KeyPress) { hint_->setText(RightToLeft(QString::fromUtf8(kKeysOfLines))); });
 }
 
 void CountingWindow::AddLines(QBoxLayout& window) {
@@ -244,6 +260,29 @@ void CountingWindow::AddLines(QBoxLayout& window) {
   LookOfLines(*lines_);
   Binding().Bind(form_.flexDetail, *lines_);
   window.addWidget(lines_, 1);
+  // The grid itself has the key that leaves it.
+  connect(new QShortcut(Qt::CTRL | Qt::Key_Tab, this), &QShortcut::activated, lines_,
+          [this] { lines_->setFocus(Qt::ShortcutFocusReason); });
+  connect(&Binding(), &FormBinding::commandDone, this, &CountingWindow::CommandDone);
+}
+
+/// What these commands are pressed for is done in the lines.
+void CountingWindow::CommandDone(const Button& command) {
+  const int added = std::exchange(added_, 0);
+  if (&command == &form_.cmdGoods && added > 0) {
+    GoToLine(form_.flexDetail.Rows() - added);
+  } else if (&command == &form_.cmdEdit || &command == &form_.cmdGoods || &command == &form_.cmdCalc) {
+    GoToLine(std::max(1, form_.flexDetail.Row()));
+  }
+}
+
+/// The keyboard goes where figures are typed or barcodes scanned in: it keeps such a column.
+void CountingWindow::GoToLine(int row) {
+  Grid& lines = form_.flexDetail;
+  const QWidget* const dialog = QApplication::activeModalWidget();
+  if (lines.Locked() || row >= lines.Rows() || (dialog != nullptr && dialog != this)) return;
+  const bool keepsColumn = lines.Col() == LineColumn::Barcode || lines.IsEditable(lines.Col());
+  lines.UserMoveTo(row, keepsColumn ? lines.Col() : LineColumn::FirstCounting);
 }
 
 void CountingWindow::AddTotals(QBoxLayout& window) {

@@ -4,6 +4,7 @@
 
 class QBoxLayout;
 class QGridLayout;
+class QLabel;
 class QPushButton;
 
 namespace koru {
@@ -29,6 +30,8 @@ class CountingWindow : public FormWindow {
   void AddLineCommands(QBoxLayout& window);
   void AddLines(QBoxLayout& window);
   void AddTotals(QBoxLayout& window);
+  void CommandDone(const Button& command);
+  void GoToLine(int row);
   QPushButton& AddCommand(QBoxLayout& bar, Button& command, const char* shortcut,
                           WaitsFor waitsFor = WaitsFor::Figures);
   void AddDate(QGridLayout& box, int row, int column, const QString& title, DateBox& date);
@@ -38,6 +41,10 @@ class CountingWindow : public FormWindow {
   frmInvCounting& form_;
   SelectorRecords& records_;
   GridView* lines_ = nullptr;
+  int added_ = 0;  ///< how many goods the command that runs has added
+  QLabel* hint_ = nullptr;
+  Subscription goodsAdded_;
+  Subscription keyPressed_;  ///< the next key takes away what the hint told
 };
 
 }  // namespace koru

@@ -24,7 +24,7 @@ DateBoxEdit::DateBoxEdit(QWidget* parent) : QWidget(parent) {
   edit_ = new QLineEdit(this);  // NOLINT(cppcoreguidelines-owning-memory)
   edit_->setLayoutDirection(Qt::LeftToRight);
   edit_->setInputMask(QStringLiteral("0000/00/00;_"));
-  edit_->setMinimumWidth(edit_->fontMetrics().horizontalAdvance(QStringLiteral("0000/00/00")) + 22);
+  edit_->setMinimumWidth(edit_->fontMetrics().horizontalAdvance(QStringLiteral("0000/00/00")) + 18);
   edit_->installEventFilter(this);
   KeepDigitsLatin(*edit_);
   connect(edit_, &QLineEdit::textEdited, this, [this] { Mark(false); });
@@ -43,8 +43,8 @@ DateBoxEdit::DateBoxEdit(QWidget* parent) : QWidget(parent) {
 }
 
 void DateBoxEdit::SetDate(std::optional<Date> date) {
+  if (date_ == date && !IsMarked()) return;
   Mark(false);
-  if (date_ == date) return;
   date_ = date;
   ShowText();
 }
@@ -108,7 +108,6 @@ void DateBoxEdit::TakeText() {
     Choose(ToGregorian(*day));
     return;
   }
-  ShowText();
   Mark(true);
 }
 
@@ -125,8 +124,8 @@ void DateBoxEdit::Choose(std::optional<Date> date) {
 void DateBoxEdit::Mark(bool marked) {
   if (IsMarked() == marked) return;
   edit_->setProperty("marked", marked);
-  edit_->setToolTip(marked ? QStringLiteral("تاريخ وارد شده درست نبود و تاريخ قبلي ماند.\nتاريخ درست را "
-                                            "بنويسيد؛ براي ماندن تاريخ قبلي: Esc")
+  edit_->setToolTip(marked ? QStringLiteral("اين تاريخ درست نيست و پذيرفته نشد.\nتاريخ درست را بنويسيد؛ "
+                                            "تاريخ قبلي: Esc، بدون تاريخ: Delete")
                            : QString());
   edit_->style()->unpolish(edit_);
   edit_->style()->polish(edit_);

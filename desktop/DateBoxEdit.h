@@ -13,8 +13,8 @@ namespace koru {
 class CalendarPopup;
 
 /// A Solar Hijri date box: yyyy/mm/dd, typed digit by digit or picked from the calendar (F4, Alt+Down or its
-/// button). Delete empties it. A text that is no day gives the date before back and marks the field until the
-/// person types again, or leaves it at that date with Escape.
+/// button). Delete empties it. A text that is no day stays to be seen, and the field is marked, until the
+/// person types another or goes back to the date before with Escape; the form keeps that date meanwhile.
 class DateBoxEdit : public QWidget {
   Q_OBJECT
 

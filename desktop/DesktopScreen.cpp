@@ -7,17 +7,24 @@
 #include <stdexcept>
 #include <utility>
 
+#include "desktop/WindowPlace.h"
+
 namespace koru {
 namespace {
 
-/// In front of the other windows and with the keyboard, also when it was minimised.
-void ComeToFront(FormWindow& window) {
-  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
-  window.show();
-  window.raise();
-  window.activateWindow();
+void BringToScreen(FormWindow& window) {
+  window.ComeToFront();
   // Only a window that has been on the screen shows how far a long operation has come.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+/// A modal form is a dialog: it has no place of its own among the windows and is not minimised alone.
+void SetModal(FormWindow& window, bool modal) {
+  if (window.isModal() == modal) return;
+  constexpr Qt::WindowFlags kDialog = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                      Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
+  window.setWindowFlags(modal ? kDialog : Qt::Window);
+  window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
 }
 
 }  // namespace
@@ -49,8 +56,8 @@ void DesktopScreen::Show(Form& form, bool modal) {
   if (modal) {
     ShowModal(form, window);
   } else {
-    if (!window.isVisible()) window.setWindowModality(Qt::NonModal);
-    ComeToFront(window);
+    if (!window.isVisible()) SetModal(window, false);
+    BringToScreen(window);
   }
 }
 
@@ -80,20 +87,18 @@ void DesktopScreen::Unloaded(const Form& form) {
 }
 
 void DesktopScreen::ShowModal(Form& form, FormWindow& window) {
-  const QWidget* const above = QApplication::activeWindow();
-  if (window.windowModality() != Qt::ApplicationModal) {
-    window.hide();
-    window.setWindowModality(Qt::ApplicationModal);
-  }
-  if (above != nullptr && above != &window && above->windowHandle() != nullptr) {
+  const QWidget* const below = QApplication::activeWindow();
+  SetModal(window, true);
+  if (below != nullptr && below != &window && below->windowHandle() != nullptr) {
     window.winId();
-    window.windowHandle()->setTransientParent(above->windowHandle());
+    window.windowHandle()->setTransientParent(below->windowHandle());
+    PutOver(window, *below);
   }
   QEventLoop loop;
   const Subscription hidden = form.Changed.Subscribe([&form, &loop] {
     if (!form.Visible()) loop.quit();
   });
-  ComeToFront(window);
+  BringToScreen(window);
   if (form.Visible()) loop.exec();
 }
 

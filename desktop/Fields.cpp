@@ -5,6 +5,11 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <algorithm>
+#include <memory>
 
 namespace koru {
 namespace {
@@ -38,7 +43,37 @@ QLabel* NewHint(const QString& text, QWidget* parent) {
   return hint;
 }
 
+QString WithKeys(const QString& text, const QString& keys) {
+  return QStringLiteral("%1 (\u200E%2\u200E)").arg(text, keys);  // "Ctrl++" does not turn round
+}
+
 QString RightToLeft(const QString& text) { return QChar(0x200F) + text; }
+
+void LimitLength(QPlainTextEdit& field, int units) {
+  struct Added {
+    int begin = 0;
+    int end = 0;
+  };
+  const auto last = std::make_shared<Added>();
+  QTextDocument* const text = field.document();
+  QObject::connect(text, &QTextDocument::contentsChange, &field,
+                   [last, text](int at, int /*removed*/, int added) {
+                     *last = {at, std::min(at + added, text->characterCount() - 1)};
+                   });
+  QObject::connect(&field, &QPlainTextEdit::textChanged, &field, [last, text, units] {
+    const int tooMany = text->characterCount() - 1 - units;
+    if (tooMany <= 0) return;
+    int begin = std::max(last->begin, last->end - tooMany);
+    if (begin > last->begin && text->characterAt(begin).isLowSurrogate()) --begin;
+    QTextCursor cut(text);
+    cut.setPosition(begin);
+    cut.setPosition(last->end, QTextCursor::KeepAnchor);
+    if (!cut.hasSelection()) return;
+    cut.joinPreviousEditBlock();
+    cut.removeSelectedText();
+    cut.endEditBlock();
+  });
+}
 
 void KeepFromWheel(QComboBox& list) {
   list.setFocusPolicy(Qt::StrongFocus);  // the wheel brings the keyboard nowhere either

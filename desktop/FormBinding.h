@@ -79,6 +79,10 @@ class FormBinding : public QObject {
 
   void LetGo();
 
+ signals:
+  /// A person has pressed the command, and what it does is done.
+  void commandDone(const Button& command);
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
 

@@ -7,6 +7,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QScopedValueRollback>
@@ -89,6 +90,7 @@ void FormBinding::Bind(Label& control, QLabel& widget) {
 
 void FormBinding::Bind(TextBox& control, QLineEdit& widget) {
   BindCommon(control, widget);
+  if (control.MaxLength() != 0) widget.setMaxLength(static_cast<int>(control.MaxLength()));
   const auto show = [&control, &widget] {
     widget.setReadOnly(control.Locked());
     const QString text = ToQt(control.Text());
@@ -113,6 +115,7 @@ void FormBinding::Bind(TextBox& control, QLineEdit& widget) {
 
 void FormBinding::Bind(TextBox& control, QPlainTextEdit& widget) {
   BindCommon(control, widget);
+  if (control.MaxLength() != 0) LimitLength(widget, static_cast<int>(control.MaxLength()));
   const auto show = [&control, &widget] {
     if (widget.isReadOnly() != control.Locked()) {
       widget.setReadOnly(control.Locked());
@@ -153,7 +156,10 @@ bool FormBinding::Press(Button& control, WaitsFor waitsFor) {
     (*refused)->TellWhyMarked();
     return false;
   }
-  return control.UserClick();
+  const QPointer<FormBinding> alive(this);  // the command may have taken the form away
+  if (!control.UserClick()) return false;
+  if (alive && form_ != nullptr) emit commandDone(control);
+  return true;
 }
 
 void FormBinding::Bind(CheckBox& control, QCheckBox& widget) {

@@ -14,6 +14,13 @@ FormWindow::FormWindow(Form& form) : form_(&form), binding_(form) {
   });
 }
 
+void FormWindow::ComeToFront() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+}
+
 void FormWindow::LetGo() {
   form_ = nullptr;
   changed_.End();

@@ -14,6 +14,8 @@ class FormWindow : public QWidget {
   explicit FormWindow(Form& form);
 
   [[nodiscard]] FormBinding& Binding() { return binding_; }
+  /// In front of the other windows and with the keyboard, also when it was minimised.
+  void ComeToFront();
   /// The form goes: nothing of it is touched from now on.
   void LetGo();
 

@@ -32,6 +32,8 @@ class GridModel : public QAbstractTableModel {
   void SetGrid(Grid* grid);
   void SetColumnLook(int col, const ColumnLook& look);
   [[nodiscard]] ColumnLook LookOf(int col) const;
+  /// Whether rows are announced to come or go: the grid has its new rows, the views still have the old ones.
+  [[nodiscard]] bool Announces() const { return announced_.inserted > 0 || announced_.removed > 0; }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

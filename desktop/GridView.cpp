@@ -77,7 +77,9 @@ void GridView::SetGrid(Grid* grid) {
   if (grid_ == nullptr) return;
   gridChanged_ = grid_->Changed.Subscribe([this] { FollowGrid(); });
   rowsChanged_ = grid_->RowsChanged.Subscribe([this](const GridChange& change) {
-    if (change.kind != GridChange::Kind::RowTexts) FollowGrid();
+    if (change.kind == GridChange::Kind::RowTexts) return;
+    if (!scanMoves_) LeaveScanning();  // another good may stand in the line now
+    FollowGrid();
   });
   FollowGrid();
 }
@@ -115,6 +117,9 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
   QTableView::currentChanged(current, previous);
   if (current.row() != previous.row()) viewport()->update();
   if (grid_ == nullptr || !current.isValid()) return;
+  // The toolkit steps aside from a row that goes; where the person stands then is for the grid to say.
+  if (model_.Announces()) return;
+  if (!scanMoves_) LeaveScanning();
   const int row = current.row() + 1;
   if (grid_->Row() == row && grid_->Col() == current.column()) return;
   grid_->UserMoveTo(row, current.column());

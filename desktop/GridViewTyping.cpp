@@ -40,6 +40,11 @@ class Waiting {
 
 }  // namespace
 
+bool GridView::LeavesGrid(const QKeyEvent& key) {
+  const bool tab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+  return tab && key.modifiers().testFlag(Qt::ControlModifier);
+}
+
 bool GridView::HasCellsToFill() const {
   if (grid_ == nullptr) return false;
   for (int col = 0; col < grid_->Cols(); ++col) {
@@ -63,9 +68,13 @@ QModelIndex GridView::NextCellToFill(const QModelIndex& from, bool forward) cons
 bool GridView::GoToCellToFill(bool forward) {
   const QModelIndex next = NextCellToFill(currentIndex(), forward);
   if (!next.isValid()) return false;
-  setCurrentIndex(next);
-  scrollTo(next);
+  GoTo(next);
   return true;
+}
+
+void GridView::GoTo(const QModelIndex& cell) {
+  setCurrentIndex(cell);
+  scrollTo(currentIndex());  // rows may have gone on the way
 }
 
 bool GridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
@@ -78,13 +87,18 @@ bool GridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
   return begun;
 }
 
+QString GridView::TextTyped(int col, const QString& text) const {
+  return model_.LookOf(col).number ? NumberTyped(text) : text;
+}
+
 /// True when the cell's edit is over: the text was stored, or nobody may type there any more.
 bool GridView::Store(QLineEdit& edit) {
   if (grid_ == nullptr || !edited_.isValid() || !edited_.flags().testFlag(Qt::ItemIsEditable)) return true;
   const QString before = edited_.data(Qt::EditRole).toString();
   if (edit.text() == before) return true;
   const QScopedValueRollback<bool> storing(storing_, true);
-  return grid_->UserEdit(edited_.row() + 1, edited_.column(), FromQt(edit.text()));
+  return grid_->UserEdit(edited_.row() + 1, edited_.column(),
+                         FromQt(TextTyped(edited_.column(), edit.text())));
 }
 
 void GridView::Close(QLineEdit& edit) {
@@ -128,7 +142,8 @@ bool GridView::EditorKey(QLineEdit& edit, const QKeyEvent& key) {
 
 bool GridView::MoveOutOfEdit(QLineEdit& edit, const QKeyEvent& key) {
   const int pressed = key.key();
-  const bool next = pressed == Qt::Key_Return || pressed == Qt::Key_Enter || pressed == Qt::Key_Tab;
+  const bool enter = pressed == Qt::Key_Return || pressed == Qt::Key_Enter;
+  const bool next = enter || pressed == Qt::Key_Tab;
   const bool upDown = pressed == Qt::Key_Up || pressed == Qt::Key_Down;
   const bool sideways = typing_ && (pressed == Qt::Key_Left || pressed == Qt::Key_Right);
   if (!next && !upDown && !sideways && pressed != Qt::Key_Backtab) return false;
@@ -142,12 +157,14 @@ bool GridView::MoveOutOfEdit(QLineEdit& edit, const QKeyEvent& key) {
   }
   Close(edit);
   setFocus();
-  const bool tab = pressed == Qt::Key_Tab || pressed == Qt::Key_Backtab;
   if (upDown || sideways) {
     QKeyEvent move(QEvent::KeyPress, pressed, Qt::NoModifier);
-    QTableView::keyPressEvent(&move);
-  } else if (tab && key.modifiers().testFlag(Qt::ControlModifier)) {
+    MovePressed(move);
+  } else if (LeavesGrid(key)) {
     QTableView::focusNextPrevChild(pressed == Qt::Key_Tab);
+  } else if (enter && scanned_) {
+    figureColumn_ = currentIndex().column();
+    GoBackToScan();
   } else {
     GoToCellToFill(pressed != Qt::Key_Backtab);
   }
@@ -156,6 +173,7 @@ bool GridView::MoveOutOfEdit(QLineEdit& edit, const QKeyEvent& key) {
 
 void GridView::EditorLeft(QLineEdit& edit) {
   if (storing_) return;
+  if (!hasFocus()) LeaveScanning();
   const QPointer<QLineEdit> alive(&edit);
   const bool stored = Store(edit);
   if (alive.isNull()) return;
@@ -174,21 +192,18 @@ void GridView::EditorLeft(QLineEdit& edit) {
 void GridView::mousePressEvent(QMouseEvent* event) {
   // The keyboard has left the edit by now; one that is still open was refused and keeps the person in its
   // cell.
-  if (state() != EditingState) QTableView::mousePressEvent(event);
+  if (state() == EditingState) return;
+  LeaveScanning();
+  QTableView::mousePressEvent(event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
   const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
   const int key = event->key();
-  if (ctrl && (key == Qt::Key_Tab || key == Qt::Key_Backtab)) {
+  if (LeavesGrid(*event)) {
     QTableView::focusNextPrevChild(key == Qt::Key_Tab);
   } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-    const QModelIndex current = currentIndex();
-    if (HasCellsToFill()) {
-      GoToCellToFill(true);
-    } else if (grid_ != nullptr && current.isValid()) {
-      grid_->UserDoubleClick(current.row() + 1, current.column());
-    }
+    EnterPressed();
   } else if (key == Qt::Key_Delete) {
     DeletePressed(ctrl);
   } else if (event->matches(QKeySequence::Copy)) {
@@ -197,7 +212,20 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   } else if (event->matches(QKeySequence::Paste)) {
     Paste(currentIndex(), Copied());
   } else {
-    QTableView::keyPressEvent(event);
+    MovePressed(*event);
+  }
+}
+
+void GridView::EnterPressed() {
+  const QModelIndex current = currentIndex();
+  if (search_.Failed()) {
+    search_.Forget();  // what was told of it stays on the screen: a scanner's Enter comes at once
+  } else if (scanned_) {
+    GoBackToScan();
+  } else if (HasCellsToFill()) {
+    if (!GoToScannedFigure()) GoToCellToFill(true);
+  } else if (grid_ != nullptr && current.isValid()) {
+    grid_->UserDoubleClick(current.row() + 1, current.column());
   }
 }
 
@@ -220,9 +248,8 @@ bool GridView::PasteLine(const QPersistentModelIndex& from, const QStringList& t
     while (isColumnHidden(col)) ++col;
     const QModelIndex cell = model_.index(from.row(), col);
     if (!cell.isValid()) return true;
-    const QString typed = model_.LookOf(col).number ? NumberTyped(text) : text;
     const bool toFill = cell.flags().testFlag(Qt::ItemIsEditable);
-    if (toFill && !grid_->UserEdit(cell.row() + 1, col, FromQt(typed))) return false;
+    if (toFill && !grid_->UserEdit(cell.row() + 1, col, FromQt(TextTyped(col, text)))) return false;
     ++col;
   }
   return true;
@@ -250,7 +277,28 @@ void GridView::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
 }
 
+void GridView::focusOutEvent(QFocusEvent* event) {
+  const bool left = event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
+  if (left && !storing_ && !isAncestorOf(QApplication::focusWidget())) LeaveScanning();
+  QTableView::focusOutEvent(event);
+}
+
+bool GridView::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (LeavesGrid(key)) {  // it may be the window's key into the grid, too
+      event->accept();
+      return true;
+    }
+  }
+  return QTableView::event(event);
+}
+
 bool GridView::focusNextPrevChild(bool next) {
+  if (search_.Failed()) {  // some scanners end with a Tab
+    search_.Forget();
+    return true;
+  }
   if (currentIndex().isValid() && GoToCellToFill(next)) return true;
   return QTableView::focusNextPrevChild(next);
 }

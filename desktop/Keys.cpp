@@ -52,6 +52,13 @@ int VirtualKey(int key) {
   return place < 0 ? 0 : kLatinKeys.at(place).unicode();
 }
 
+/// The separators stay: as long as a number is being typed, nobody knows what they part.
+QString DigitsTyped(const QString& text) {
+  const auto* const end =
+      std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\n' || c == u'\r' || c == u'\t'; });
+  return ToQt(LatinDigits(FromQt(text.left(end - text.begin()))));
+}
+
 }  // namespace
 
 KeyPress PressOf(const QKeyEvent& event) {
@@ -62,14 +69,12 @@ KeyPress PressOf(const QKeyEvent& event) {
 }
 
 QString NumberTyped(const QString& text) {
-  const auto* const end =
-      std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\n' || c == u'\r' || c == u'\t'; });
-  return ToQt(LatinDigits(FromQt(text.left(end - text.begin())))).remove(u',');
+  return ToQt(WithoutGroups(FromQt(DigitsTyped(text)), U",\u060C\u066C"));
 }
 
 void KeepDigitsLatin(QLineEdit& edit) {
   QObject::connect(&edit, &QLineEdit::textChanged, &edit, [&edit](const QString& text) {
-    const QString latin = NumberTyped(text);
+    const QString latin = DigitsTyped(text);
     if (latin == text) return;
     const qsizetype fromEnd = text.size() - edit.cursorPosition();
     const bool typed = edit.isModified();

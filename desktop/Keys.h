@@ -14,11 +14,12 @@ namespace koru {
 /// know have the number 0.
 [[nodiscard]] KeyPress PressOf(const QKeyEvent& event);
 
-/// What a person types or pastes as a number, as forms know numbers: digits are 0-9, and the separators that
-/// group them, also the comma that amounts are shown with, are gone. Of several lines or columns the first.
+/// What a person has typed or pasted as a number, as forms know numbers: digits are 0-9, and separators that
+/// part groups of three digits, as amounts are shown with, are gone (12,5 keeps its comma). Of several lines
+/// or columns the first.
 [[nodiscard]] QString NumberTyped(const QString& text);
 
-/// Makes whatever is typed or pasted into `edit` arrive as a number.
+/// Makes the digits that are typed or pasted into `edit` arrive as 0-9, and of several lines the first.
 void KeepDigitsLatin(QLineEdit& edit);
 
 }  // namespace koru

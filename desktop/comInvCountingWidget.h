@@ -19,6 +19,9 @@ class GridView;
 /// its operations, and its own grid flexTempDocs, which lists the temporary countings of the connected
 /// database and opens one on a double click. The list is read when the widget comes onto the screen and when
 /// the counting form has gone; the chosen counting stays the chosen one.
+///
+/// Setting a property reads nothing, nor does Refresh: a host that connects a widget which is on the screen
+/// hides it before and shows it again afterwards. The list does not depend on the user.
 class comInvCountingWidget : public QWidget, private ControlHost {
   Q_OBJECT
   Q_PROPERTY(int BackColor READ BackColor WRITE SetBackColor NOTIFY propertyChanged)

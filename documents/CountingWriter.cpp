@@ -13,7 +13,6 @@ namespace koru {
 namespace {
 
 constexpr const char* kTemporaryTitle = "شمارش موقت";
-constexpr std::size_t kLongestNotes = 1000;
 
 /// A count as a statement writes it: nothing counted is not the same as 0 counted.
 void AppendCount(SqlText& sql, std::string_view cell) {

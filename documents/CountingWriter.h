@@ -1,11 +1,16 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 
 #include "control/services/SharedState.h"
 #include "documents/CountingControls.h"
 
 namespace koru {
+
+/// What is stored of the notes, and what the column of the manual number holds, in UTF-16 units.
+inline constexpr std::size_t kLongestNotes = 1000;
+inline constexpr std::size_t kLongestManualCode = 255;
 
 /// Writes the counting on the form to the database, the same way for a temporary save and for a registration:
 /// the header, then all lines anew.

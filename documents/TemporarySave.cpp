@@ -17,6 +17,9 @@ void TemporarySave::Run() {
   if (!MayDo(shared_, FormPermission::TemporarySave)) return;
   const Hourglass busy(shared_.surroundings.screen);
   const auto group = shared_.data.BeginWriteGroup();
+  // What is being entered has no number yet. One that a failed registration left on the form would let Return
+  // move the numbers of other countings.
+  if (shared_.DocMode != DocumentMode::Viewing) controls_.txtCode.SetText("");
   writer_.Write();
   group->Finish();
 }

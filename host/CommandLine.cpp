@@ -32,9 +32,9 @@ class Reader {
     } else if (argument == "--desktop") {
       line_.desktop = true;
     } else if (argument == "--odbc") {
-      TakeWay(StoryRoute::Way::ThroughOdbc);
+      TakeWay(TrialRoute::Way::ThroughOdbc);
     } else if (argument == "--server") {
-      TakeWay(StoryRoute::Way::Server);
+      TakeWay(TrialRoute::Way::Server);
     } else if (argument == "--pictures") {
       line_.pictures = ValueOf(argument);
     } else if (argument == "-platform") {
@@ -69,8 +69,8 @@ class Reader {
     return arguments_[at_++];
   }
 
-  void TakeWay(StoryRoute::Way way) {
-    if (line_.way != StoryRoute::Way::EmbeddedFile) {
+  void TakeWay(TrialRoute::Way way) {
+    if (line_.way != TrialRoute::Way::EmbeddedFile) {
       throw InputError("از --odbc و --server تنها يكي به كار مي رود.");
     }
     line_.way = way;
@@ -91,7 +91,7 @@ class Reader {
       throw InputError("پس از play نام پروندة سناريو نيامده است.");
     }
     const bool forPlay =
-        line_.desktop || !line_.pictures.empty() || line_.way != StoryRoute::Way::EmbeddedFile;
+        line_.desktop || !line_.pictures.empty() || line_.way != TrialRoute::Way::EmbeddedFile;
     const bool isHelp = line_.command == Command::Help || line_.command == Command::Version;
     if (forPlay && line_.command != Command::Play && !isHelp) {
       throw InputError("--desktop، --pictures، --odbc و --server تنها با play به كار مي روند.");

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "database/Sample.h"
-#include "host/play/StoryDatabase.h"
+#include "database/trial/TrialDatabase.h"
 
 namespace koru {
 
@@ -18,7 +18,7 @@ struct CommandLine {
   std::string connection;          ///< the database to work on; empty for the host screen: the one used last
   std::optional<SampleSize> sample =
       SampleSize::Standard;                             ///< of CreateSample and CreateSchema; nothing: none
-  StoryRoute::Way way = StoryRoute::Way::EmbeddedFile;  ///< how Play reaches the stories' databases
+  TrialRoute::Way way = TrialRoute::Way::EmbeddedFile;  ///< how Play reaches the stories' databases
   bool desktop = false;                                 ///< Play on the windows
   std::string pictures;                                 ///< folder for the pictures of Play; empty: none
   bool platformNamed = false;  ///< the toolkit was told its platform with `-platform`

@@ -20,7 +20,7 @@ std::unique_ptr<Database> ConnectorByProvider::Connect(const std::string& connec
   if (EqualsNoCase(provider, "SQLite")) return sqlite_.Connect(connectionText);
   if (EqualsNoCase(provider, "SQLOLEDB.1") || EqualsNoCase(provider, "ODBC"))
     return odbc_.Connect(connectionText);
-  Fail("نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: " + text.WithoutPassword());
+  Fail("نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: " + LeftToRight(text.WithoutPassword()));
 }
 
 }  // namespace koru

@@ -11,6 +11,7 @@
 #include "host/HostWindow.h"
 #include "host/SampleProgressWindow.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -27,7 +28,8 @@ std::string SampleFile() {
   if (std::filesystem::exists(file, error)) return file;
   std::filesystem::create_directories(folder, error);
   if (error)
-    throw InputError("پوشة داده هاي برنامه ساخته نشد: " + folder.string() + " (" + error.message() + ")");
+    throw InputError("پوشة داده هاي برنامه ساخته نشد: " + LeftToRight(folder.string()) + " (" +
+                     error.message() + ")");
   SampleProgressWindow().Make(file);
   return file;
 }

@@ -3,18 +3,21 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/Fields.h"
+#include "desktop/FileChoice.h"
 #include "desktop/FormWindow.h"
 #include "desktop/Keys.h"
 #include "desktop/QtText.h"
+#include "desktop/WindowPlace.h"
 #include "platform/ConnectionText.h"
 #include "platform/Text.h"
 
@@ -52,7 +55,7 @@ HostWindow::HostWindow(HostSession& session)
   AddSignIn(*layout);
   AddDoors(*layout);
   layout->addWidget(control_, 1);
-  resize(kUsualSize);
+  resize(FirstSize(kUsualSize));
 }
 
 void HostWindow::AddSignIn(QVBoxLayout& window) {
@@ -124,15 +127,19 @@ void HostWindow::ShowUsers() {
   for (const HostSession::User& user : users) users_->addItem(ToQt(user.name), user.id);
   int signedIn = users_->findData(control_->UserID());
   if (signedIn < 0 && !users.empty()) {
-    signedIn = 0;
-    control_->SetUserID(users.front().id);
+    const auto first = std::ranges::min_element(users, {}, &HostSession::User::id);
+    signedIn = static_cast<int>(first - users.begin());
+    control_->SetUserID(first->id);
   }
   users_->setCurrentIndex(signedIn);
 }
 
 void HostWindow::ChooseDatabase() {
-  const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("انتخاب پايگاه داده"), {},
-                                                    QStringLiteral("پايگاه داده (*.db);;همة پرونده ها (*)"));
+  const QString current = database_->text();
+  const QString file =
+      AskForFile({QStringLiteral("انتخاب پايگاه داده"), QFileInfo::exists(current) ? current : QString(),
+                  QStringLiteral("پايگاه داده (*.db);;همة پرونده ها (*)")},
+                 this);
   if (file.isEmpty()) return;
   Try([&] {
     const std::string connection = EmbeddedConnectionText(FromQt(file));
@@ -144,7 +151,7 @@ void HostWindow::ChooseDatabase() {
 
 void HostWindow::OpenByNumber() {
   bool isNumber = false;
-  const int id = number_->text().trimmed().toInt(&isNumber);
+  const int id = NumberTyped(number_->text()).trimmed().toInt(&isNumber);
   if (isNumber) {
     control_->View(id);
   } else {
@@ -171,8 +178,10 @@ void HostWindow::Try(const std::function<void()>& action) const {
 /// A document that is being entered is not lost without a question: each form decides whether its window
 /// closes.
 void HostWindow::closeEvent(QCloseEvent* event) {
-  for (QWidget* const window : QApplication::topLevelWidgets()) {
-    if (qobject_cast<FormWindow*>(window) == nullptr || !window->isVisible()) continue;
+  for (QWidget* const widget : QApplication::topLevelWidgets()) {
+    auto* const window = qobject_cast<FormWindow*>(widget);
+    if (window == nullptr || !window->isVisible()) continue;
+    window->ComeToFront();  // the question is about what it shows
     window->close();
     if (!window->isVisible()) continue;
     event->ignore();

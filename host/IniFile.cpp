@@ -55,7 +55,7 @@ IniFile IniFile::Read(const std::filesystem::path& file) {
   if (!std::filesystem::exists(file, error) && !error) return ini;
   std::ifstream stream(file, std::ios::binary);
   if (error || !stream || std::filesystem::is_directory(file)) {
-    throw InputError("پروندة تنظيمات خوانده نشد: " + file.string());
+    throw InputError("پروندة تنظيمات خوانده نشد: " + LeftToRight(file.string()));
   }
   std::string section;
   for (std::string line; std::getline(stream, line);) ini.ReadLine(line, section);
@@ -65,8 +65,8 @@ IniFile IniFile::Read(const std::filesystem::path& file) {
 void IniFile::ReadLine(std::string_view text, std::string& section) {
   const std::string_view line = Stripped(text);
   const auto fail = [&](const std::string& why) {
-    throw InputError("پروندة تنظيمات " + file_.string() + "، سطر " + std::to_string(lines_.size() + 1) +
-                     ": " + why);
+    throw InputError("پروندة تنظيمات " + LeftToRight(file_.string()) + "، سطر " +
+                     std::to_string(lines_.size() + 1) + ": " + why);
   };
   if (line.empty() || line.starts_with(';')) {
     lines_.push_back({section, {}, std::string(line)});
@@ -118,7 +118,7 @@ void IniFile::Remove(std::string_view section, std::string_view key) {
 
 std::string IniFile::PlaceOf(std::string_view section, std::string_view key) const {
   const auto found = Find(section, key);
-  return file_.string() + "، سطر " + std::to_string(found - lines_.begin() + 1);
+  return LeftToRight(file_.string()) + "، سطر " + std::to_string(found - lines_.begin() + 1);
 }
 
 void IniFile::Write() const {
@@ -136,7 +136,7 @@ void IniFile::Write() const {
   if (stream.good()) std::filesystem::rename(whole, file_, error);
   if (stream.good() && !error) return;
   std::filesystem::remove(whole, error);
-  throw InputError("پروندة تنظيمات نوشته نشد: " + file_.string());
+  throw InputError("پروندة تنظيمات نوشته نشد: " + LeftToRight(file_.string()));
 }
 
 }  // namespace koru

@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -38,7 +39,7 @@ MemoryScreen::MemoryScreen() {
   std::ofstream stream(file);
   stream << kScreens;
   stream.close();
-  if (!stream) throw InputError("پروندة موقت نوشته نشد: " + file);
+  if (!stream) throw InputError("پروندة موقت نوشته نشد: " + LeftToRight(file));
   qInstallMessageHandler(DropComplaintsOfThePlatform);
   qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString("offscreen:configfile=" + file));
 }

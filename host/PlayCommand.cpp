@@ -7,7 +7,7 @@
 
 namespace koru {
 
-bool PlayStories(const std::vector<std::string>& files, const StageMaker& makeStage, const StoryRoute& route,
+bool PlayStories(const std::vector<std::string>& files, const StageMaker& makeStage, const TrialRoute& route,
                  std::ostream& report) {
   std::vector<Story> stories;
   stories.reserve(files.size());

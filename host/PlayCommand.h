@@ -12,6 +12,6 @@ namespace koru {
 /// a last line with the counts. True when all passed. Every story is read before the first is played: throws
 /// InputError for one that cannot be read.
 [[nodiscard]] bool PlayStories(const std::vector<std::string>& files, const StageMaker& makeStage,
-                               const StoryRoute& route, std::ostream& report);
+                               const TrialRoute& route, std::ostream& report);
 
 }  // namespace koru

@@ -16,6 +16,7 @@
 #include "host/play/DesktopStage.h"
 #include "host/play/FormStage.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -26,8 +27,8 @@ constexpr int kUnusable = 2;
 
 /// The server stands in the environment and not on the command line, where everybody on the machine could
 /// read its password.
-StoryRoute RouteOf(const CommandLine& line) {
-  if (line.way != StoryRoute::Way::Server) return {line.way, {}};
+TrialRoute RouteOf(const CommandLine& line) {
+  if (line.way != TrialRoute::Way::Server) return {line.way, {}};
   const char* server = std::getenv("KORU_SQLSERVER");
   if (server == nullptr) throw InputError("رشته اتصال سرور در متغير محيطي KORU_SQLSERVER نيامده است.");
   return {line.way, server};
@@ -43,7 +44,8 @@ int PlayOnForms(const CommandLine& line) {
 void MakeFolder(const std::string& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
-  if (error) throw InputError("پوشة تصويرها ساخته نشد: " + folder + " (" + error.message() + ")");
+  if (error)
+    throw InputError("پوشة تصويرها ساخته نشد: " + LeftToRight(folder) + " (" + error.message() + ")");
 }
 
 int PlayOnDesktop(const CommandLine& line, int& argc, char** argv) {

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 
@@ -19,7 +20,7 @@ TemporaryFolder::TemporaryFolder() {
     std::filesystem::permissions(path_, std::filesystem::perms::owner_all, error);
     return;
   }
-  throw InputError("پوشه موقت در " + parent.string() + " ساخته نشد.");
+  throw InputError("پوشه موقت در " + LeftToRight(parent.string()) + " ساخته نشد.");
 }
 
 TemporaryFolder::~TemporaryFolder() {

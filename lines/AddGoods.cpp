@@ -45,24 +45,25 @@ AddGoods::AddGoods(Grid& flexDetail, const TreeSelector& gmpInventory, ProgressB
       showGoodSearch_(std::move(showGoodSearch)),
       goodSearchCondition_(goodSearchCondition) {}
 
-void AddGoods::Run() {
+std::optional<int> AddGoods::Run() {
   if (gmpInventory_.NothingSelected()) {
     messages_.ShowMessage(sentences::kError, "انبار انتخاب نشده است.");
-    return;
+    return std::nullopt;
   }
   if (flexDetail_.Rows() > 1) {
     const int answer = messages_.AskQuestion(
         sentences::kWarning, "كالاهاي جديد به كالاهاي فعلي اضافه مي شوند. آيا ادامه مي دهيد؟");
-    if (answer == kAnswerNo) return;
+    if (answer == kAnswerNo) return std::nullopt;
   }
   showGoodSearch_();
-  if (goodSearchCondition_.Empty()) return;
+  if (goodSearchCondition_.Empty()) return std::nullopt;
   Recordset goods = data_.rssqlINVGood.Open(SqlText("Select tblGood.barcode,isnull(tblGood.Code,'') as "
                                                     "GoodCode,tblGood.Name as GoodName from tblGood Where ") +
                                             goodSearchCondition_);
   pgbStatus_.SetVisible(true);
   pgbStatus_.SetMax(static_cast<int>(goods.RecordCount()));
   pgbStatus_.SetValue(0);
+  const int before = flexDetail_.Rows();
   bool allFit = true;
   {
     const Hourglass hourglass(screen_);
@@ -71,9 +72,11 @@ void AddGoods::Run() {
   }
   lines_.UpdateTotalQty();
   lines_.ColorRows();
-  if (allFit) return;
-  messages_.ShowMessage(sentences::kWarning, "شمارش بيش از " + std::to_string(kMostLines) +
-                                                 " سطر نمي پذيرد. كالاهايي كه جا داشتند اضافه شدند.");
+  if (!allFit) {
+    messages_.ShowMessage(sentences::kWarning, "شمارش بيش از " + std::to_string(kMostLines) +
+                                                   " سطر نمي پذيرد. كالاهايي كه جا داشتند اضافه شدند.");
+  }
+  return flexDetail_.Rows() - before;
 }
 
 bool AddGoods::AddFound(Recordset& goods) {

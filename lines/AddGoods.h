@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "control/services/Messages.h"
 #include "control/services/dteInvCounting.h"
@@ -25,9 +26,10 @@ class AddGoods {
            std::function<void()> showGoodSearch, const SqlText& goodSearchCondition);
 
   /// Refused with a message while no store is chosen; on a counting with lines, asked first. A counting ends
-  /// at kMostLines lines: goods that fit are added, and the user is told that there were more. Throws
-  /// DatabaseError; lines added before stay.
-  void Run();
+  /// at kMostLines lines: goods that fit are added, and the user is told that there were more. How
+  /// many lines were added; nothing when the search was not made. Throws DatabaseError; lines added before
+  /// stay.
+  std::optional<int> Run();
 
  private:
   /// False when there was no room for all.

@@ -1,5 +1,8 @@
 #include "platform/Text.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace koru {
 namespace {
 
@@ -21,6 +24,35 @@ constexpr char32_t kInvalid = 0xFFFD;
 bool IsDirectionMark(char32_t c) {
   return c == 0x200E || c == 0x200F || c == 0x061C || (c >= 0x202A && c <= 0x202E) ||
          (c >= 0x2066 && c <= 0x2069);
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Digits, with separators between them.
+struct Figure {
+  std::size_t length = 0;  ///< in bytes, the separators included
+  bool isGrouped = false;  ///< the separators part groups of three
+  std::string digits;
+};
+
+Figure FigureAt(std::string_view text, std::size_t at, std::u32string_view separators) {
+  const std::size_t begin = at;
+  Figure figure;
+  std::vector<std::size_t> groups;
+  for (std::size_t digits = at; digits < text.size() && IsDigit(text[digits]);) {
+    at = digits;
+    while (at < text.size() && IsDigit(text[at])) ++at;
+    groups.push_back(at - digits);
+    figure.digits += text.substr(digits, at - digits);
+    digits = at;
+    if (digits == text.size() || separators.find(NextCharacter(text, digits)) == std::u32string_view::npos)
+      break;
+  }
+  figure.length = at - begin;
+  figure.isGrouped =
+      groups.size() > 1 && groups.front() <= 3 && text[begin] != '0' &&
+      std::all_of(groups.begin() + 1, groups.end(), [](std::size_t size) { return size == 3; });
+  return figure;
 }
 
 }  // namespace
@@ -103,6 +135,15 @@ bool EqualsNoCase(std::string_view a, std::string_view b) {
   return true;
 }
 
+std::string LeftToRight(std::string_view text) {
+  constexpr std::string_view kLeftToRightIsolate = "\u2066";
+  constexpr std::string_view kEndOfIsolate = "\u2069";
+  std::string isolated(kLeftToRightIsolate);
+  isolated += text;
+  isolated += kEndOfIsolate;
+  return isolated;
+}
+
 std::string LatinDigits(std::string_view text) {
   std::string latin;
   for (std::size_t at = 0; at < text.size();) {
@@ -115,11 +156,22 @@ std::string LatinDigits(std::string_view text) {
       latin += '.';
     } else if (c == 0x2212) {
       latin += '-';
-    } else if (c != 0x066C && !IsDirectionMark(c)) {
+    } else if (!IsDirectionMark(c)) {
       AppendCharacter(latin, c);
     }
   }
   return latin;
+}
+
+std::string WithoutGroups(std::string_view text, std::u32string_view separators) {
+  std::string number;
+  for (std::size_t at = 0; at < text.size();) {
+    const Figure figure = FigureAt(text, at, separators);
+    const std::string_view written = text.substr(at, std::max<std::size_t>(figure.length, 1));
+    number += figure.isGrouped && !number.ends_with('.') ? std::string_view(figure.digits) : written;
+    at += written.size();
+  }
+  return number;
 }
 
 }  // namespace koru

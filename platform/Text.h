@@ -29,9 +29,16 @@ namespace koru {
 /// Appends `character` to `text` as UTF-8.
 void AppendCharacter(std::string& text, char32_t character);
 
+/// A path, a file name or a connection text as it stands in a Persian sentence: between marks that keep it
+/// from left to right and its parts in their order. They are not seen.
+[[nodiscard]] std::string LeftToRight(std::string_view text);
+
 /// What a person's keyboard or clipboard gives, as a number cell wants it: Persian and Arabic digits become
-/// 0-9, the Arabic decimal separator a point, the Unicode minus a hyphen; thousands separators and direction
-/// marks are dropped.
+/// 0-9, the Arabic decimal separator a point, the Unicode minus a hyphen; direction marks are dropped.
 [[nodiscard]] std::string LatinDigits(std::string_view text);
+
+/// A number with digits 0-9 without those of its `separators` that part its whole part into groups of three,
+/// as in 1,200 or 1,200,000.5. A separator anywhere else stays: where 12,5 was meant as 12.5, 125 is wrong.
+[[nodiscard]] std::string WithoutGroups(std::string_view text, std::u32string_view separators);
 
 }  // namespace koru

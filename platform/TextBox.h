@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/Form.h"
+#include "platform/Text.h"
 
 namespace koru {
 
@@ -27,6 +28,10 @@ class TextBox : public Control {
     Changed.Raise();
   }
 
+  /// So many UTF-16 units of what a person types are taken; 0: all. What the program sets is not cut.
+  [[nodiscard]] std::size_t MaxLength() const { return maxLength_; }
+  void SetMaxLength(std::size_t units) { maxLength_ = units; }
+
   /// A text that the program keeps with the box and nobody sees.
   [[nodiscard]] const std::string& Tag() const { return tag_; }
   void SetTag(std::string tag) { tag_ = std::move(tag); }
@@ -43,6 +48,7 @@ class TextBox : public Control {
   /// The person makes `text` the content of the box; refused while it is locked or not reachable.
   bool UserType(std::string text) {
     if (!Reachable() || locked_) return false;
+    if (maxLength_ != 0) text.resize(Utf16Prefix(text, maxLength_).size());
     RunEvent([&] {
       Parent().SetFocus(*this);
       SetText(std::move(text));
@@ -57,6 +63,7 @@ class TextBox : public Control {
  private:
   std::string text_;
   std::string tag_;
+  std::size_t maxLength_ = 0;
   std::size_t selStart_ = 0;
   std::size_t selLength_ = 0;
   bool locked_ = false;

@@ -22,6 +22,7 @@ class Value {
   [[nodiscard]] bool IsNull() const { return std::holds_alternative<std::monostate>(value_); }
 
   [[nodiscard]] bool IsText() const { return std::holds_alternative<std::string_view>(value_); }
+  [[nodiscard]] bool IsWhole() const { return std::holds_alternative<std::int64_t>(value_); }
 
   /// As text: NULL is empty, a number its default text.
   [[nodiscard]] std::string Text() const;

@@ -81,7 +81,7 @@ type frmInvSearch.txtBarCode "6260000900012"
 click frmInvSearch.cmdSearch
 expect column flexSearch 1 "16" "17"
 type frmInvSearch.txtBarCode ""
-type frmInvSearch.txtName "ماسک فيلتر"
+type frmInvSearch.txtName "ماسك فيلتر"
 click frmInvSearch.cmdSearch
 expect column flexSearch 1 "17"
 type frmInvSearch.txtName ""

@@ -62,7 +62,7 @@ sql "update tblPelinReportTemplate set FilePath = 'nowhere/a.rpt.txt' where ID =
 click cmdView
 choose cmbReport "فهرست مغايرتها"
 click frmReport.cmdPrint
-message "خطا" "قالب گزارش /usr/share/koru-counting/nowhere/a.rpt.txt: چنين پرونده اي نيست."
+message "خطا" "قالب گزارش \u2066/usr/share/koru-counting/nowhere/a.rpt.txt\u2069: چنين پرونده اي نيست."
 expect report none
 expect pointer normal
 

@@ -9,6 +9,7 @@
 #include "adapters/odbc/OdbcRows.h"
 #include "adapters/odbc/WideText.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -46,8 +47,9 @@ Step WhereItFailed(const Diagnostics& diagnostics) {
 
 std::string Sentence(Step step, const OdbcTarget& target, bool isTimeout, OdbcTimeouts timeouts) {
   if (target.kind == OdbcTarget::Kind::EmbeddedFile) {
-    return step == Step::Driver ? "راه انداز ODBC باز نشد: " + target.driver
-                                : "پروندة پايگاه داده با راه انداز ODBC باز نشد: " + target.database;
+    return step == Step::Driver
+               ? "راه انداز ODBC باز نشد: " + target.driver
+               : "پروندة پايگاه داده با راه انداز ODBC باز نشد: " + LeftToRight(target.database);
   }
   switch (step) {
     case Step::Driver:

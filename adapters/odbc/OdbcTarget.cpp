@@ -182,7 +182,7 @@ OdbcTarget ReadFile(const ConnectionText& text, const std::vector<std::string>& 
     throw OdbcConnectError(
         Step::Text,
         "رشته اتصال ODBC بايد Dialect=SQLite، نام راه انداز (Driver) و پرونده (Database) را بگويد: " +
-            text.WithoutPassword());
+            LeftToRight(text.WithoutPassword()));
   }
   target.driver = Named(text.Get("Driver"), installed);
   OdbcText odbc(Braces::Unknown);
@@ -205,8 +205,8 @@ OdbcTarget ReadTarget(const std::string& connectionText, const std::vector<std::
   const std::string provider = text.Get("Provider");
   if (EqualsNoCase(provider, "ODBC")) return ReadFile(text, installedDrivers);
   if (EqualsNoCase(provider, "SQLOLEDB.1")) return ReadServer(text, installedDrivers);
-  throw OdbcConnectError(Step::Text,
-                         "نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: " + text.WithoutPassword());
+  throw OdbcConnectError(Step::Text, "نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: " +
+                                         LeftToRight(text.WithoutPassword()));
 }
 
 }  // namespace koru

@@ -7,6 +7,7 @@
 #include "adapters/sqlite/FileFormat.h"
 #include "adapters/sqlite/FilePath.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -38,7 +39,8 @@ SqliteConnection OpenNew(const fs::path& file, const std::string& path) {
   try {
     return {TextOf(file), SqliteConnection::Mode::Create, std::chrono::seconds(0)};
   } catch (const DatabaseError& failure) {
-    throw InputError("پروندة پايگاه داده ساخته نشد: " + path + " (" + failure.ServerText() + ")");
+    throw InputError("پروندة پايگاه داده ساخته نشد: " + LeftToRight(path) + " (" + failure.ServerText() +
+                     ")");
   }
 }
 
@@ -54,7 +56,7 @@ void Write(SqliteConnection connection, std::string_view schemaSql,
 void RefuseExisting(const fs::path& target, const std::string& path) {
   std::error_code ignored;
   if (fs::exists(fs::symlink_status(target, ignored))) {
-    throw InputError("پرونده اي به اين نام هست و رونويسي نمي شود: " + path);
+    throw InputError("پرونده اي به اين نام هست و رونويسي نمي شود: " + LeftToRight(path));
   }
 }
 
@@ -66,7 +68,8 @@ void GiveName(const fs::path& working, const fs::path& target, const std::string
   if (!error) return;
   RefuseExisting(target, path);
   fs::rename(working, target, error);
-  if (error) throw InputError("پروندة پايگاه داده ساخته نشد: " + path + " (" + error.message() + ")");
+  if (error)
+    throw InputError("پروندة پايگاه داده ساخته نشد: " + LeftToRight(path) + " (" + error.message() + ")");
 }
 
 }  // namespace
@@ -77,7 +80,7 @@ void CreateDatabaseFile(const std::string& path, std::string_view schemaSql,
   RefuseExisting(target, path);
   const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
   std::error_code ignored;
-  if (!fs::is_directory(folder, ignored)) throw InputError("پوشة اين پرونده نيست: " + path);
+  if (!fs::is_directory(folder, ignored)) throw InputError("پوشة اين پرونده نيست: " + LeftToRight(path));
   const WorkingFile working(target);
   Write(OpenNew(working.Path(), path), schemaSql, fill);
   GiveName(working.Path(), target, path);

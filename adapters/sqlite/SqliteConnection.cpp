@@ -154,6 +154,20 @@ bool SqliteConnection::InTransaction() const { return sqlite3_get_autocommit(con
 
 void SqliteConnection::ReleasePages() const { sqlite3_db_release_memory(connection_.get()); }
 
+std::string SqliteConnection::File() const { return sqlite3_db_filename(connection_.get(), "main"); }
+
+bool SqliteConnection::HasMoved() const {
+  int hasMoved = 0;
+  sqlite3_file_control(connection_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+  return hasMoved != 0;
+}
+
+std::string SqliteConnection::WriteAheadLog() {
+  SqliteStatement mode = Prepare("PRAGMA journal_mode");
+  const bool hasLog = mode.Step() && mode.Text(0) == "wal";
+  return hasLog ? sqlite3_filename_wal(sqlite3_db_filename(connection_.get(), "main")) : std::string();
+}
+
 bool SqliteConnection::IsReadOnly() const { return sqlite3_db_readonly(connection_.get(), "main") == 1; }
 
 bool SqliteConnection::HasColumn(const std::string& table, const std::string& column) const {

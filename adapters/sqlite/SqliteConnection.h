@@ -91,6 +91,13 @@ class SqliteConnection {
   [[nodiscard]] bool InTransaction() const;
   /// Gives the memory back that pages of the file are kept in, but for those in use.
   void ReleasePages() const;
+  /// The path of the file in full.
+  [[nodiscard]] std::string File() const;
+  /// Whether the file was deleted or moved, or another one put in its place.
+  [[nodiscard]] bool HasMoved() const;
+  /// The path of the file's write-ahead log, which is there while the connection has read; empty when the
+  /// file has none.
+  [[nodiscard]] std::string WriteAheadLog();
   /// Whether the file can only be read.
   [[nodiscard]] bool IsReadOnly() const;
   /// Whether `table` is a table (not a view) with a column of that name, regardless of case.

@@ -21,7 +21,8 @@ namespace {
 std::string FileNamed(const std::string& connectionText) {
   const ConnectionText text = ConnectionText::Parse(connectionText);
   if (!EqualsNoCase(text.Get("Provider"), "SQLite")) {
-    Fail("رشته اتصال، پايگاه دادة توكار را نشان نمي دهد: " + text.WithoutPassword(), SQLITE_CANTOPEN);
+    Fail("رشته اتصال، پايگاه دادة توكار را نشان نمي دهد: " + LeftToRight(text.WithoutPassword()),
+         SQLITE_CANTOPEN);
   }
   std::string file = text.Get("Data Source");
   if (file.empty()) Fail("رشته اتصال، پروندة پايگاه داده (Data Source) را نام نمي برد.", SQLITE_CANTOPEN);
@@ -32,10 +33,10 @@ void CheckIsFile(const std::string& file) {
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(PathOf(file), error);
   if (status.type() == std::filesystem::file_type::not_found) {
-    Fail("پروندة پايگاه داده پيدا نشد: " + file, SQLITE_CANTOPEN);
+    Fail("پروندة پايگاه داده پيدا نشد: " + LeftToRight(file), SQLITE_CANTOPEN);
   }
   if (std::filesystem::is_directory(status)) {
-    Fail("به جاي پروندة پايگاه داده، پوشه اي به اين نام هست: " + file, SQLITE_CANTOPEN_ISDIR);
+    Fail("به جاي پروندة پايگاه داده، پوشه اي به اين نام هست: " + LeftToRight(file), SQLITE_CANTOPEN_ISDIR);
   }
 }
 
@@ -45,26 +46,28 @@ void CheckIsFile(const std::string& file) {
   switch (failure.Code() & 0xFF) {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
-      Fail("اين پرونده پايگاه داده نيست يا آسيب ديده است: " + file + reason, failure.Code());
+      Fail("اين پرونده پايگاه داده نيست يا آسيب ديده است: " + LeftToRight(file) + reason, failure.Code());
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      Fail("پروندة پايگاه داده در دست برنامة ديگري است و قفل شده است: " + file + reason, failure.Code());
+      Fail("پروندة پايگاه داده در دست برنامة ديگري است و قفل شده است: " + LeftToRight(file) + reason,
+           failure.Code());
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_READONLY:
     case SQLITE_AUTH:
-      Fail("اجازة خواندن و نوشتن پروندة پايگاه داده داده نشده است: " + file + reason, failure.Code());
+      Fail("اجازة خواندن و نوشتن پروندة پايگاه داده داده نشده است: " + LeftToRight(file) + reason,
+           failure.Code());
     default:
-      Fail("پروندة پايگاه داده خوانده نشد: " + file + reason, failure.Code());
+      Fail("پروندة پايگاه داده خوانده نشد: " + LeftToRight(file) + reason, failure.Code());
   }
 }
 
 void CheckIsOurs(SqliteConnection& connection, const std::string& file) {
   if (connection.IsReadOnly()) {
-    Fail("اجازة نوشتن پروندة پايگاه داده داده نشده است: " + file, SQLITE_READONLY);
+    Fail("اجازة نوشتن پروندة پايگاه داده داده نشده است: " + LeftToRight(file), SQLITE_READONLY);
   }
   if (connection.Number("PRAGMA application_id") != kApplicationId) {
-    Fail("اين پرونده، پايگاه دادة اين سيستم نيست: " + file, SQLITE_NOTADB);
+    Fail("اين پرونده، پايگاه دادة اين سيستم نيست: " + LeftToRight(file), SQLITE_NOTADB);
   }
   const std::int64_t version = connection.Number("PRAGMA user_version");
   if (version == kSchemaVersion) return;
@@ -72,7 +75,7 @@ void CheckIsOurs(SqliteConnection& connection, const std::string& file) {
       " (نسخة پرونده " + std::to_string(version) + "، نسخة برنامه " + std::to_string(kSchemaVersion) + ")";
   Fail((version < kSchemaVersion ? "پروندة پايگاه داده از نسخة قديمي تر است: "
                                  : "پروندة پايگاه داده از نسخة جديدتر است: ") +
-           file + versions,
+           LeftToRight(file) + versions,
        SQLITE_SCHEMA);
 }
 

@@ -3,13 +3,17 @@
 #include <sqlite3.h>
 
 #include <cstddef>
+#include <system_error>
 #include <utility>
 
 #include "adapters/sqlite/BindLiteral.h"
 #include "adapters/sqlite/Dialect.h"
+#include "adapters/sqlite/FilePath.h"
 #include "adapters/sqlite/NestedGroup.h"
 #include "adapters/sqlite/PermissionStatement.h"
+#include "adapters/sqlite/ReadToEnd.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -17,47 +21,8 @@ namespace {
 /// What so many records were read from is not kept in memory beside them: it is hardly read twice.
 constexpr std::size_t kLongReading = 5'000;
 
-/// A statement that is kept must not stay half read: it would hold its lock and its snapshot of the file.
-class ResetAtEnd {
- public:
-  explicit ResetAtEnd(SqliteStatement& statement) : statement_(statement) {}
-  ResetAtEnd(const ResetAtEnd&) = delete;
-  ResetAtEnd& operator=(const ResetAtEnd&) = delete;
-  ~ResetAtEnd() { statement_.Reset(); }
-
- private:
-  SqliteStatement& statement_;
-};
-
-void AppendRow(Recordset& records, const SqliteStatement& statement, int columns) {
-  for (int column = 0; column < columns; ++column) {
-    switch (statement.ColumnType(column)) {
-      case SQLITE_NULL:
-        records.AppendNull();
-        break;
-      case SQLITE_INTEGER:
-        records.AppendInteger(statement.Integer(column));
-        break;
-      case SQLITE_FLOAT:
-        records.AppendReal(statement.Real(column));
-        break;
-      default:
-        records.AppendText(statement.Text(column));
-    }
-  }
-}
-
-Recordset ReadToEnd(SqliteStatement& statement) {
-  // The first step comes before the names: it prepares the statement anew when the tables have changed.
-  bool hasRow = statement.Step();
-  const int columns = statement.ColumnCount();
-  std::vector<std::string> names;
-  names.reserve(static_cast<std::size_t>(columns));
-  for (int column = 0; column < columns; ++column) names.push_back(statement.ColumnName(column));
-  Recordset records(std::move(names));
-  for (; hasRow; hasRow = statement.Step()) AppendRow(records, statement, columns);
-  return records;
-}
+constexpr const char* kBegin = "BEGIN IMMEDIATE";
+constexpr const char* kCommit = "COMMIT";
 
 }  // namespace
 
@@ -79,6 +44,7 @@ SqliteDatabase::SqliteDatabase(SqliteConnection connection)
                return connection_.Prepare(TranslateShape(shape, connection_));
              }),
       snapshot_(connection_, kKeptStatements) {
+  log_ = PathOf(connection_.WriteAheadLog());
   // Up to 128 MB of pages are kept: with a quarter of that, a calculation over two million document lines
   // takes half as long again. The file is not mapped into memory, where a failing disk would end the program
   // without a word.
@@ -103,14 +69,11 @@ Recordset SqliteDatabase::Open(const SqlText& statement) {
 
 Recordset SqliteDatabase::Run(const StatementShape& shape) {
   if (snapshot_.Stands()) {
-    if (SqliteStatement* statement = snapshot_.Ready(shape)) {
-      const ResetAtEnd reset(*statement);
-      return ReadToEnd(*statement);
-    }
+    if (SqliteStatement* statement = snapshot_.Ready(shape)) return ReadToEnd(*statement);
     snapshot_.End();
   }
   SqliteStatement& statement = cache_.Get(shape.text);
-  const ResetAtEnd reset(statement);
+  if (openGroups_ == 0 && !statement.IsReadOnly()) RequireFiles(shape.text);
   BindAll(statement, shape.literals);
   return ReadToEnd(statement);
 }
@@ -121,7 +84,10 @@ std::int32_t SqliteDatabase::Call(std::string_view procedure, const std::vector<
 
 std::unique_ptr<WriteGroup> SqliteDatabase::BeginWriteGroup() {
   snapshot_.End();
-  if (openGroups_ == 0) connection_.Execute("BEGIN IMMEDIATE");
+  if (openGroups_ == 0) {
+    RequireFiles(kBegin);
+    connection_.Execute(kBegin);
+  }
   auto group = std::make_unique<NestedGroup>([this] { EndGroup(); });
   ++openGroups_;
   return group;
@@ -129,20 +95,35 @@ std::unique_ptr<WriteGroup> SqliteDatabase::BeginWriteGroup() {
 
 std::unique_ptr<ReadGroup> SqliteDatabase::BeginReadGroup() {
   if (openGroups_ > 0 || snapshot_.Stands()) return std::make_unique<ReadGroup>();
+  RequireFiles({});
   return std::make_unique<SnapshotGroup>(snapshot_);
 }
 
 void SqliteDatabase::EndGroup() {
   if (--openGroups_ > 0) return;
   if (!connection_.InTransaction()) {
-    throw DatabaseError("تغييرات اين فرمان ثبت نشد.", SQLITE_ABORT, "COMMIT");
+    throw DatabaseError("تغييرات اين فرمان ثبت نشد.", SQLITE_ABORT, kCommit);
   }
   try {
-    connection_.Execute("COMMIT");
+    RequireFiles(kCommit);
+    connection_.Execute(kCommit);
   } catch (const DatabaseError&) {
     if (connection_.InTransaction()) connection_.Execute("ROLLBACK");
     throw;
   }
+}
+
+void SqliteDatabase::RequireFiles(const std::string& statement) const {
+  std::error_code error;
+  std::string lost;
+  if (connection_.HasMoved()) {
+    lost = connection_.File();
+  } else if (!log_.empty() && !std::filesystem::exists(log_, error) && !error) {
+    lost = TextOf(log_);
+  }
+  if (lost.empty()) return;
+  throw DatabaseError("پروندة پايگاه داده از جاي خود رفته است: " + LeftToRight(lost), SQLITE_READONLY_DBMOVED,
+                      statement);
 }
 
 void SqliteDatabase::CheckGroupStillThere(const DatabaseError& failure) const {

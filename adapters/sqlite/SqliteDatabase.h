@@ -1,6 +1,6 @@
 #pragma once
 
-#include <chrono>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -16,6 +16,8 @@
 namespace koru {
 
 /// The embedded database: statements in the suite's server's dialect against a file. Must outlive its groups.
+/// Writing, and each group, throws DatabaseError when the file was deleted or moved meanwhile: SQLite would
+/// go on writing into what no program can open any more.
 class SqliteDatabase : public Database {
  public:
   /// How many prepared statements are kept. The system sends some sixty shapes.
@@ -42,11 +44,14 @@ class SqliteDatabase : public Database {
   class SnapshotGroup;
 
   Recordset Run(const StatementShape& shape);
+  /// Throws DatabaseError when the file or its log is not in its place. Costs two looks at the folder.
+  void RequireFiles(const std::string& statement) const;
   void EndGroup();
   /// Throws the failure of a statement of a group whose transaction SQLite has given up.
   void CheckGroupStillThere(const DatabaseError& failure) const;
 
   SqliteConnection connection_;
+  std::filesystem::path log_;  ///< empty when the file has none
   StatementCache<SqliteStatement> cache_;
   Snapshot snapshot_;
   int openGroups_ = 0;

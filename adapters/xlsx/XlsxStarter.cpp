@@ -8,6 +8,7 @@
 
 #include "adapters/xlsx/WorkbookFile.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -25,7 +26,7 @@ std::string TextOf(const fs::path& path) {
 }
 
 [[noreturn]] void Refuse(const fs::path& path, const std::string& reason) {
-  throw InputError("پروندة اكسل نوشته نشد: " + TextOf(path) + " (" + reason + ")");
+  throw InputError("پروندة اكسل نوشته نشد: " + LeftToRight(TextOf(path)) + " (" + reason + ")");
 }
 
 /// The file under its working name; whatever is left of it goes with the object.
@@ -78,7 +79,7 @@ class XlsxWorkbook : public Spreadsheet {
   void LeaveOpen() override {
     const std::string path = TextOf(Write());
     if (place_.open && place_.open(path)) return;
-    if (place_.tell) place_.tell("پروندة اكسل ساخته شد، ولي برنامه اي آن را باز نكرد: " + path);
+    if (place_.tell) place_.tell("پروندة اكسل ساخته شد، ولي برنامه اي آن را باز نكرد: " + LeftToRight(path));
   }
 
  private:

@@ -61,23 +61,35 @@ class Copy {
  private:
   void CopyTable(const std::string& table) {
     const SqlText columns = ColumnsOf(table);
-    const bool isNumbered = target_ == RowsTarget::Server && IsNumberedByServer(table);
     SqliteStatement rows = from_.Prepare("select " + columns.Text() + " from " + table + " not indexed");
     for (bool more = rows.Step(); more;) {
-      SqlText insert;
-      // The key of a numbered row is taken from the statement while this is on, and in this session alone.
-      if (isNumbered) insert += SqlText("set identity_insert ") + SqlName(table) + " on ";
-      insert += SqlText("insert into ") + SqlName(table) + " (" + columns + ") values ";
+      SqlText insert = SqlText("insert into ") + SqlName(table) + " (" + columns + ") values ";
       int count = 0;
       for (; more && count < kRowsOfStatement; more = rows.Step(), ++count) {
         if (count > 0) insert += ",";
         insert += Written(rows);
       }
-      if (isNumbered) insert += SqlText(" set identity_insert ") + SqlName(table) + " off";
-      to_.Open(insert);
+      to_.Open(WithKeys(table, insert));
       done_ += count;
       Tell();
     }
+    SkipDeletedKeys(table);
+  }
+
+  /// The key of a numbered row is taken from the statement while this is on, and in this session alone.
+  [[nodiscard]] SqlText WithKeys(const std::string& table, const SqlText& insert) const {
+    if (target_ != RowsTarget::Server || !IsNumberedByServer(table)) return insert;
+    return SqlText("set identity_insert ") + SqlName(table) + " on " + insert + " set identity_insert " +
+           SqlName(table) + " off";
+  }
+
+  /// A counting may be linked to a document that was deleted, whose key must not become that of another: the
+  /// last key that was given goes in, and out again.
+  void SkipDeletedKeys(const std::string& table) {
+    const std::int64_t last = from_.Number("select seq from sqlite_sequence where name='" + table + "'");
+    if (last == 0 || last == from_.Number("select max(ID) from " + table)) return;
+    to_.Open(WithKeys(table, SqlText("insert into ") + SqlName(table) + " (ID) values (" + last + ")"));
+    to_.Open(SqlText("delete ") + SqlName(table) + " where ID=" + last);
   }
 
   SqlText ColumnsOf(const std::string& table) {

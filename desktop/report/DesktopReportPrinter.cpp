@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QFile>
+#include <QRegularExpression>
 #include <utility>
 
 #include "desktop/QtText.h"
@@ -64,8 +65,12 @@ std::unique_ptr<ReportDocument> DesktopReportPrinter::Prepare() const {
 void DesktopReportPrinter::Show() { LetRead(Prepare()); }
 
 void DesktopReportPrinter::LetRead(std::unique_ptr<const ReportDocument> report) {
+  const std::string name = report->Name();
+  QString title = ToQt(name.empty() ? kTitle : name);
+  title.replace(QRegularExpression(QStringLiteral("[<>:\"/\\\\|?*]")),
+                QStringLiteral("-"));  // a PDF is called so
   auto* const preview =  // NOLINT(cppcoreguidelines-owning-memory): deletes itself when it is closed
-      new ReportPreview(std::move(report), QString::fromUtf8(kTitle), tell_, WindowBelow());
+      new ReportPreview(std::move(report), title, tell_, WindowBelow());
   preview->show();
   preview->activateWindow();
 }

@@ -52,15 +52,23 @@ void ReportDocument::ChooseRows() {
 }
 
 void ReportDocument::ResolveValues() {
+  ResolveValuesOf(report_.name);
   for (const ReportBand& band : report_.bands) {
     for (const ReportLine& line : band.lines) {
-      for (const ReportCell& cell : line.cells) {
-        for (const ReportPiece& piece : cell.pieces) {
-          if (piece.isValue && !values_.contains(piece.text)) values_[piece.text] = Resolve(cell, piece.text);
-        }
-      }
+      for (const ReportCell& cell : line.cells) ResolveValuesOf(cell);
     }
   }
+}
+
+void ReportDocument::ResolveValuesOf(const ReportCell& cell) {
+  for (const ReportPiece& piece : cell.pieces) {
+    if (piece.isValue && !values_.contains(piece.text)) values_[piece.text] = Resolve(cell, piece.text);
+  }
+}
+
+std::string ReportDocument::Name() const {
+  const PlacedBand title{.kind = ReportBandKind::Title};
+  return std::string(Trim(CellText(report_.name, title, 0)));
 }
 
 ReportDocument::ValueSource ReportDocument::Resolve(const ReportCell& cell, const std::string& name) const {

@@ -27,6 +27,9 @@ class ReportDocument {
   ReportDocument(ReportTemplate report, Recordset records, ReportFormulas formulas);
 
   [[nodiscard]] const ReportTemplate& Template() const { return report_; }
+  /// What the report is called, with the values of the query's first record; empty when its file does not
+  /// say.
+  [[nodiscard]] std::string Name() const;
   [[nodiscard]] const std::vector<ReportPage>& Pages() const { return pages_; }
   /// The rows that the template's condition lets through.
   [[nodiscard]] std::size_t RowCount() const { return rows_.size(); }
@@ -46,6 +49,7 @@ class ReportDocument {
 
   void ChooseRows();
   void ResolveValues();
+  void ResolveValuesOf(const ReportCell& cell);
   [[nodiscard]] ValueSource Resolve(const ReportCell& cell, const std::string& name) const;
   [[nodiscard]] std::size_t ColumnOf(std::string_view name, int sourceLine) const;
   [[nodiscard]] double SumOf(std::size_t column) const;

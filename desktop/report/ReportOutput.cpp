@@ -10,6 +10,7 @@
 #include "desktop/QtText.h"
 #include "desktop/report/ReportPainter.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -32,7 +33,7 @@ bool PaintPages(QPainter& painter, Device& device, const ReportDocument& report,
 }
 
 [[noreturn]] void RefuseFile(const QString& path, const QString& reason) {
-  throw InputError("پروندة PDF نوشته نشد: " + FromQt(path) + " (" + FromQt(reason) + ")");
+  throw InputError("پروندة PDF نوشته نشد: " + LeftToRight(FromQt(path)) + " (" + FromQt(reason) + ")");
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
 #include "desktop/report/ReportPreview.h"
 
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QProgressDialog>
 #include <QShortcut>
 #include <QSpinBox>
@@ -12,11 +11,16 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "desktop/Fields.h"
+#include "desktop/FileChoice.h"
+#include "desktop/WindowPlace.h"
+#include "desktop/report/PrintChoice.h"
 #include "desktop/report/ReportOutput.h"
 
 namespace koru {
 namespace {
 
+constexpr QSize kUsualSize(1000, 720);
 constexpr double kZoomStep = 1.25;
 constexpr int kLongWorkMs = 400;  ///< what is done sooner shows no progress window
 
@@ -41,7 +45,7 @@ ReportPreview::ReportPreview(std::unique_ptr<const ReportDocument> report, const
   all->addWidget(view_, 1);
   AddTools(*tools);
   connect(view_, &PageView::Moved, this, &ReportPreview::ShowPlace);
-  resize(1000, 720);
+  resize(FirstSize(kUsualSize));
   view_->setFocus();
   ShowPlace();
 }
@@ -51,8 +55,7 @@ QToolButton* ReportPreview::AddTool(QHBoxLayout& tools, const char* name, const 
   auto* const button = new QToolButton(this);
   button->setObjectName(QLatin1String(name));
   button->setText(caption);
-  button->setToolTip(caption + QStringLiteral(" (\u200E") + key.toString(QKeySequence::NativeText) +
-                     QStringLiteral("\u200E)"));
+  button->setToolTip(WithKeys(caption, key.toString()));
   button->setFocusPolicy(Qt::TabFocus);
   connect(button, &QToolButton::clicked, this, pressed);
   connect(new QShortcut(key, this), &QShortcut::activated, button, &QToolButton::click);
@@ -94,12 +97,10 @@ void ReportPreview::ShowPlace() {
 
 void ReportPreview::AskPdf() {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  QString path = QFileDialog::getSaveFileName(
-      this, QStringLiteral("ذخيره PDF"), folder + QLatin1Char('/') + windowTitle() + QStringLiteral(".pdf"),
-      QStringLiteral("PDF (*.pdf)"));
-  if (path.isEmpty()) return;
-  if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) path += QStringLiteral(".pdf");
-  SavePdf(path);
+  const QString start = folder + QLatin1Char('/') + windowTitle() + QStringLiteral(".pdf");
+  const QString path = AskWhereToSave({QStringLiteral("ذخيره PDF"), start, QStringLiteral("PDF (*.pdf)")},
+                                      QStringLiteral("pdf"), this);
+  if (!path.isEmpty()) SavePdf(path);
 }
 
 bool ReportPreview::SavePdf(const QString& path) {
@@ -109,13 +110,11 @@ bool ReportPreview::SavePdf(const QString& path) {
 }
 
 void ReportPreview::Print() {
+  const QStringList printers = QPrinterInfo::availablePrinterNames();
+  if (printers.isEmpty()) return tell_("چاپگري پيدا نشد. گزارش را مي توان در پروندة PDF ذخيره كرد.");
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageLayout(PaperOf(*report_));
-  QPrintDialog dialog(&printer, this);
-  dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-  dialog.setMinMax(1, page_->maximum());
-  dialog.setFromTo(1, page_->maximum());
-  if (dialog.exec() != QDialog::Accepted) return;
+  if (!AskHowToPrint(printer, printers, page_->maximum(), this)) return;
   WithProgress(QStringLiteral("چاپ مي شود"),
                [&](const ReportProgress& progress) { return PrintReport(*report_, printer, progress); });
 }

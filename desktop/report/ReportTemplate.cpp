@@ -1,6 +1,7 @@
 #include "desktop/report/ReportTemplate.h"
 
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 
@@ -12,7 +13,7 @@ double ReportBand::Height() const {
 
 void RefuseReport(const std::string& file, int line, const std::string& reason) {
   const std::string place = line == 0 ? std::string() : "، سطر " + std::to_string(line);
-  throw InputError("قالب گزارش " + file + place + ": " + reason + ".");
+  throw InputError("قالب گزارش " + LeftToRight(file) + place + ": " + reason + ".");
 }
 
 }  // namespace koru

@@ -76,6 +76,7 @@ struct ReportTemplate {
   std::string fontFamily;  ///< empty: the program's
   double fontSize = 9;
   bool persianDigits = true;
+  ReportCell name;  ///< what the report is called; no pieces where the file does not say
   std::optional<ReportRowCondition> rows;
   std::array<ReportBand, kReportBandKinds> bands;
 

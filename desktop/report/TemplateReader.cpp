@@ -68,6 +68,7 @@ class TemplateReader {
     if (name == "font") return Font();
     if (name == "digits") return Digits();
     if (name == "rows") return Rows();
+    if (name == "name") return Name();
     if (name == "band") return Band();
     if (name == "line") return Line();
     if (name == "cell") return Cell();
@@ -145,6 +146,13 @@ class TemplateReader {
     condition.comparison = Choice("مقايسه", kOperators);
     condition.number = Number("عدد شرط");
     report_.rows = condition;
+  }
+
+  void Name() {
+    if (!More() || !words_[next_].quoted) Refuse("نام گزارش نوشته نشده است");
+    report_.name.sourceLine = number_;
+    report_.name.pieces = Pieces(words_[next_++].text);
+    report_.name.code = true;  // names of files have neither direction marks nor other digits
   }
 
   // The bands.

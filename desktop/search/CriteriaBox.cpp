@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "desktop/Fields.h"
 #include "desktop/FormBinding.h"
 
 // The widgets belong to their window, as the toolkit's widgets do.
@@ -57,7 +58,7 @@ QPushButton* AddSearchCommand(QBoxLayout& bar, FormBinding& binding, Button& com
   button->setAutoDefault(true);
   button->setMinimumWidth(100);
   binding.Bind(command, *button, main ? WaitsFor::FiguresAndDates : WaitsFor::Figures);
-  if (!keys.isEmpty()) button->setToolTip(QStringLiteral("%1 (%2)").arg(button->text(), keys));
+  if (!keys.isEmpty()) button->setToolTip(WithKeys(button->text(), keys));
   bar.addWidget(button);
   return button;
 }

@@ -17,6 +17,7 @@
 #include "desktop/Fields.h"
 #include "desktop/Keys.h"
 #include "desktop/SelectorEdit.h"
+#include "desktop/WindowPlace.h"
 #include "desktop/search/CriteriaBox.h"
 #include "desktop/search/ShortcutMenu.h"
 #include "search/Keys.h"
@@ -82,7 +83,7 @@ GoodSearchWindow::GoodSearchWindow(frmGoodSearch& form, SelectorRecords& records
   subscribed_.push_back(form_.txtBarCode.Changed.Subscribe([this] { ShowHint(); }));
   subscribed_.push_back(form_.optPrecise.Changed.Subscribe([this] { ShowHint(); }));
   ShowHint();
-  resize(kUsualSize);
+  resize(FirstSize(kUsualSize));
 }
 
 QLineEdit* GoodSearchWindow::NewField(QWidget* parent, TextBox& control, bool code) {

@@ -12,6 +12,7 @@
 
 #include "desktop/Fields.h"
 #include "desktop/QtText.h"
+#include "desktop/WindowPlace.h"
 #include "desktop/search/CriteriaBox.h"
 #include "desktop/search/GoodsList.h"
 #include "platform/Errors.h"
@@ -42,7 +43,7 @@ GoodsPickerWindow::GoodsPickerWindow(GoodsFinder& finder, OfferedStore store,
   AddSearchLine(*layout);
   AddLists(*layout);
   AddButtons(*layout);
-  resize(several_ ? kSizeForSeveral : kSizeForOne);
+  resize(FirstSize(several_ ? kSizeForSeveral : kSizeForOne));
   if (several_) ShowBasket(0);
   Find();
 }
@@ -220,6 +221,7 @@ void GoodsPickerWindow::Tell(const QString& text, bool failure) {
 void GoodsPickerWindow::Take() {
   if (typed_.isActive()) Find();
   const int current = results_->Current();
+  if (filter_->hasFocus()) filter_->selectAll();  // the next good can be typed or scanned at once
   if (current < 0 || current >= static_cast<int>(found_.size())) return;
   const PickedGood& good = found_[static_cast<std::size_t>(current)];
   if (!several_) {
@@ -232,7 +234,6 @@ void GoodsPickerWindow::Take() {
   const auto place = static_cast<int>(there - picked_.begin());
   if (there == picked_.end()) picked_.push_back(good);
   ShowBasket(place);
-  if (filter_->hasFocus()) filter_->selectAll();  // the next good can be typed or scanned at once
 }
 
 void GoodsPickerWindow::PutBack() {

@@ -3,13 +3,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScreen>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 #include "desktop/DateBoxEdit.h"
@@ -17,6 +16,7 @@
 #include "desktop/GridView.h"
 #include "desktop/QtText.h"
 #include "desktop/SelectorEdit.h"
+#include "desktop/WindowPlace.h"
 #include "desktop/search/CriteriaBox.h"
 #include "search/frmInvSearch.h"
 
@@ -64,7 +64,7 @@ InvSearchWindow::InvSearchWindow(frmInvSearch& form, SelectorRecords& records)
   AddCriteria(*layout);
   AddCommands(*layout);
   AddResults(*layout);
-  resize(kUsualSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
+  resize(FirstSize(kUsualSize));
 }
 
 void InvSearchWindow::AddCriteria(QBoxLayout& window) {
@@ -206,6 +206,12 @@ void InvSearchWindow::AddResults(QBoxLayout& window) {
   rowsChanged_ = form_.flexSearch.RowsChanged.Subscribe([this](const GridChange&) { ShowEmptyResult(); });
   countChanged_ = form_.lblResultCount.Changed.Subscribe([this] { ShowEmptyResult(); });
   ShowEmptyResult();
+}
+
+/// Where the search was left is nothing to begin the next one with.
+void InvSearchWindow::showEvent(QShowEvent* event) {
+  FormWindow::showEvent(event);
+  if (!event->spontaneous()) Binding().WidgetOf(form_.txtid1)->setFocus(Qt::TabFocusReason);
 }
 
 void InvSearchWindow::ShowEmptyResult() {

@@ -11,8 +11,9 @@ class CriteriaBox;
 class frmInvSearch;
 
 /// The window of the counting search: the criteria in four boxes, the commands and the number of results
-/// below them, and the results, which take all the room that the window is given. Enter in a criterion
-/// searches and goes to the results, where Enter opens a counting; Escape leaves.
+/// below them, and the results, which take all the room that the window is given. Each showing begins in the
+/// first criterion. Enter in a criterion searches and goes to the results, where Enter opens a counting;
+/// Escape leaves.
 class InvSearchWindow : public FormWindow {
   Q_OBJECT
 
@@ -21,6 +22,7 @@ class InvSearchWindow : public FormWindow {
   InvSearchWindow(frmInvSearch& form, SelectorRecords& records);
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:

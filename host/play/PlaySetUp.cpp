@@ -12,7 +12,7 @@ namespace koru {
 namespace {
 
 void MakeDatabase(StoryWorld& world, const StoryStep& step) {
-  using Contents = StoryDatabase::Contents;
+  using Contents = StoryWorld::Contents;
   world.MakeDatabase(step.Text(1) == "sample" ? Contents::Sample : Contents::Empty);
 }
 

@@ -70,7 +70,7 @@ const std::vector<std::string_view>& Player::Patterns() {
   return patterns;
 }
 
-Player::Player(const Story& story, const StageMaker& makeStage, StoryRoute route)
+Player::Player(const Story& story, const StageMaker& makeStage, TrialRoute route)
     : story_(story), world_(*this, makeStage, std::move(route)) {}
 
 std::string Player::Play() {

@@ -24,7 +24,7 @@ class Player : private Person {
   [[nodiscard]] static const std::vector<std::string_view>& Patterns();
 
   /// `story` must outlive the player.
-  Player(const Story& story, const StageMaker& makeStage, StoryRoute route = {});
+  Player(const Story& story, const StageMaker& makeStage, TrialRoute route = {});
 
   /// Plays to the end or to the first failure. Answers the failure (`file:line: sentence`); empty when all
   /// went as the story says.

@@ -3,12 +3,16 @@
 #include <array>
 #include <utility>
 
+#include "adapters/sqlite/CreateDatabaseFile.h"
+#include "adapters/sqlite/FilePath.h"
+#include "database/Sample.h"
+#include "database/Schema.h"
 #include "host/play/StepKind.h"
 #include "platform/Text.h"
 
 namespace koru {
 
-StoryWorld::StoryWorld(Person& person, const StageMaker& makeStage, StoryRoute route)
+StoryWorld::StoryWorld(Person& person, const StageMaker& makeStage, TrialRoute route)
     : route_(std::move(route)),
       stage(makeStage(person, databases_)),
       screen(stage->TheScreen()),
@@ -17,13 +21,19 @@ StoryWorld::StoryWorld(Person& person, const StageMaker& makeStage, StoryRoute r
   stage->RegisterComponents(components);
 }
 
-void StoryWorld::MakeDatabase(StoryDatabase::Contents contents) {
+void StoryWorld::MakeDatabase(Contents contents) {
   if (database_) throw StoryFailure("the story has its database already");
-  database_ = std::make_unique<StoryDatabase>(route_, contents, folder_.Path());
+  const std::string file = TextOf(folder_.Path() / "story.db");
+  if (contents == Contents::Sample) {
+    CreateSample(file, {});
+  } else {
+    CreateDatabaseFile(file, EmbeddedSchema());
+  }
+  database_ = std::make_unique<TrialDatabase>(route_, file);
   counting.SetOLEConnectionString(database_->ConnectionText());
 }
 
-StoryDatabase& StoryWorld::Sql() {
+TrialDatabase& StoryWorld::Sql() {
   if (!database_)
     throw StoryFailure("the story has no database; it begins with `database sample` or `database empty`");
   return *database_;

@@ -8,12 +8,12 @@
 
 #include "adapters/xlsx/XlsxStarter.h"
 #include "control/comInvCounting.h"
+#include "database/trial/TrialDatabase.h"
 #include "host/ConnectorByProvider.h"
 #include "host/RealSurroundings.h"
 #include "host/TemporaryFolder.h"
 #include "host/play/Stage.h"
 #include "host/play/StatementLog.h"
-#include "host/play/StoryDatabase.h"
 #include "host/play/WatchedScreen.h"
 
 namespace koru {
@@ -37,13 +37,15 @@ class StoryClock : public Clock {
 /// control.
 class StoryWorld : private ControlHost {
  public:
+  enum class Contents { Sample, Empty };
+
   /// `person` must outlive the world.
-  StoryWorld(Person& person, const StageMaker& makeStage, StoryRoute route);
+  StoryWorld(Person& person, const StageMaker& makeStage, TrialRoute route);
 
   /// Makes the story's database and connects the control to it. A story does so once, before anything else.
-  void MakeDatabase(StoryDatabase::Contents contents);
+  void MakeDatabase(Contents contents);
   /// The story's own way to its database, for rows that it sets up or looks at.
-  [[nodiscard]] StoryDatabase& Sql();
+  [[nodiscard]] TrialDatabase& Sql();
   /// Where the workbooks of the story go; not there before the first one.
   [[nodiscard]] std::filesystem::path Workbooks() const { return folder_.Path() / "workbooks"; }
 
@@ -58,8 +60,8 @@ class StoryWorld : private ControlHost {
  private:
   TemporaryFolder folder_;
   ConnectorByProvider databases_;
-  StoryRoute route_;
-  std::unique_ptr<StoryDatabase> database_;
+  TrialRoute route_;
+  std::unique_ptr<TrialDatabase> database_;
   RealFileSystem files_;
 
  public:

@@ -1,11 +1,14 @@
 #include <cstdlib>
-#include <vector>
+#include <memory>
+#include <optional>
+#include <string>
 
 #include "adapters/odbc/OdbcConnector.h"
 #include "adapters/sqlite/SqliteConnector.h"
 #include "database/sqlserver/ScratchDatabase.h"
 #include "tests/contract/DatabaseContract.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/server/StandInServer.h"
+#include "tests/support/TestFile.h"
 
 namespace koru::test {
 namespace {
@@ -15,7 +18,7 @@ class EmbeddedFile : public ContractSubject {
   std::unique_ptr<Database> Connect() override { return SqliteConnector().Connect(file_.ConnectionText()); }
 
  private:
-  TestDatabase file_;
+  TestFile file_;
 };
 
 class EmbeddedFileThroughOdbc : public ContractSubject {
@@ -25,32 +28,37 @@ class EmbeddedFileThroughOdbc : public ContractSubject {
   }
 
  private:
-  TestDatabase file_;
+  TestFile file_;
 };
 
-/// A database that is there for this: its rows go with every test.
+/// The scratch database of a server, whose rows go with every test: that which KORU_SQLSERVER names, or that
+/// of a stand-in.
 class Server : public ContractSubject {
  public:
-  explicit Server(std::string connectionText) : connectionText_(std::move(connectionText)) {
-    EmptyScratchDatabase(*Connect());
+  Server() {
+    if (const char* named = std::getenv("KORU_SQLSERVER")) {
+      connectionText_ = named;
+    } else {
+      connectionText_ = standIn_.emplace().ConnectionText();
+    }
+    EmptyScratchDatabase(*OdbcConnector().Connect(connectionText_));
   }
   std::unique_ptr<Database> Connect() override { return OdbcConnector().Connect(connectionText_); }
 
  private:
+  std::optional<StandInServer> standIn_;
   std::string connectionText_;
 };
 
-std::vector<ContractCase> Cases() {
-  std::vector<ContractCase> cases{
-      {"Embedded", [] { return std::make_unique<EmbeddedFile>(); }},
-      {"EmbeddedThroughOdbc", [] { return std::make_unique<EmbeddedFileThroughOdbc>(); }}};
-  if (const char* text = std::getenv("KORU_SQLSERVER")) {
-    cases.push_back({"SqlServer", [text = std::string(text)] { return std::make_unique<Server>(text); }});
-  }
-  return cases;
+template <class Subject>
+std::unique_ptr<ContractSubject> Made() {
+  return std::make_unique<Subject>();
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, DatabaseContract, testing::ValuesIn(Cases()),
+INSTANTIATE_TEST_SUITE_P(Every, DatabaseContract,
+                         testing::Values(ContractCase{"Embedded", Made<EmbeddedFile>},
+                                         ContractCase{"EmbeddedThroughOdbc", Made<EmbeddedFileThroughOdbc>},
+                                         ContractCase{"Server", Made<Server>}),
                          [](const auto& info) { return info.param.name; });
 
 }  // namespace

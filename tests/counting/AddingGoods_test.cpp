@@ -73,6 +73,20 @@ TEST_F(AddingGoods, Into_an_empty_counting_asks_nothing_and_adds_what_was_found)
       statements.end());
 }
 
+TEST_F(AddingGoods, Tells_how_many_lines_came_and_nothing_of_a_search_that_was_not_made) {
+  std::string told;
+  Form().GoodsAdded.Always([&](int added) { told += std::to_string(added) + " "; });
+  Click(Form().cmdGoods);
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdGoods);
+  messages.WillAnswer(Answer::No);
+  Click(Form().cmdGoods);
+  messages.WillAnswer(Answer::Yes);
+  person = [](frmGoodSearch& form) { form.cmdNewSearch.UserClick(); };
+  Click(Form().cmdGoods);
+  EXPECT_EQ(told, "3 0 ");
+}
+
 TEST_F(AddingGoods, A_good_with_book_stock_starts_as_a_shortage_of_all_of_it) {
   Click(Form().cmdGoods);
   EXPECT_EQ(Cell(1, 0), "1");

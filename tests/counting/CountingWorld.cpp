@@ -13,7 +13,7 @@ insert into tblPelinUserPermission (UserID,FormPermissionID) values
   (7,806),(7,80601),(7,80602),(7,80603),(7,80604),(7,80605),(7,80606),(7,80607);
 insert into tblGoodScale (ID,Name,ScaleToBaseParent) values (1,'عدد',1);
 insert into tblGood (Barcode,Code,Name) values ('G1','101','چاي'),('G2',null,'قند'),('G3','103','شكر');
-insert into tblPelinCompany (Name,BasePath) values ('بازرگاني كورش','/reports/');
+insert into tblPelinCompany (ID,Name,BasePath) values (1,'بازرگاني كورش','/reports/');
 insert into tblInventoryCounting
   (ID,Code,ManualCode,InventoryID,CreatorID,CreateDate,FarsiCreateDate,FromDate,FarsiFromDate,ToDate,FarsiToDate,
    CounterEmployeeID1,CounterEmployeeID2,CounterEmployeeID3,CounterConfirmerID,Notes) values

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "control/comInvCounting.h"
 #include "platform/Errors.h"
 #include "tests/support/FailingDatabase.h"
@@ -55,8 +54,7 @@ class CountingWorld : public testing::Test, public ControlHost {
   std::vector<std::string> NewStatements();
 
   TestDatabase database;
-  SqliteConnector sqlite;
-  FailingConnector failing{sqlite};
+  FailingConnector failing{database.Connector()};
   RecordingConnector recording{failing};
   ComponentRegistry components;
   FakeMessages messages;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnector.h"
+#include "adapters/sqlite/SqliteConnection.h"
 #include "control/comInvCounting.h"
 #include "database/Sample.h"
 #include "lines/LineColumns.h"
@@ -48,7 +48,7 @@ class LargeCounting : public testing::TestWithParam<SampleSize>, public ControlH
       search.gmpInventory.UserSelect(Selector::kNothing);
       search.cmdSearch.UserClick();
     };
-    control.SetOLEConnectionString("Provider=SQLite;Data Source=" + file);
+    control.SetOLEConnectionString(database.ConnectionText());
     control.SetUserID(1);
     EXPECT_TRUE(control.View(1));
     Form().Timer1.Fire();
@@ -71,12 +71,13 @@ class LargeCounting : public testing::TestWithParam<SampleSize>, public ControlH
   }
   /// What another program writes while this one works: documents and units of every third good or so.
   void OthersWrite() {
-    SqliteConnection(file, SqliteConnection::Mode::Existing, std::chrono::seconds(0))
-        .Execute(
-            "update tblInventoryReceipt set Code = null where ID % 3 = 0;"
-            "update tblInventoryDispatch set InventoryID = 12 where ID % 5 = 0;"
-            "update tblInventoryDispatchDetail set Value = Value + 7 where DispatchID % 2 = 0;"
-            "delete from tblGoodSaleScale where Barcode like '%7'");
+    const std::string writing =
+        "update tblInventoryReceipt set Code = null where ID % 3 = 0;"
+        "update tblInventoryDispatch set InventoryID = 12 where ID % 5 = 0;"
+        "update tblInventoryDispatchDetail set Value = Value + 7 where DispatchID % 2 = 0;"
+        "delete from tblGoodSaleScale where Barcode like '%7'";
+    database.Execute(writing);
+    SqliteConnection(plain, SqliteConnection::Mode::Existing, std::chrono::seconds(0)).Execute(writing);
   }
 
   /// The row that a calculation leaves where `row` was before.
@@ -128,7 +129,7 @@ class LargeCounting : public testing::TestWithParam<SampleSize>, public ControlH
   }
   /// All rows of a statement, numbers by their texts.
   [[nodiscard]] std::vector<Row> RowsOf(const std::string& sql) {
-    Recordset records = sqlite.Connect("Provider=SQLite;Data Source=" + file)->Open(SqlText() + Typed(sql));
+    Recordset records = database.Open(sql);
     std::vector<Row> rows;
     for (; !records.AtEnd(); records.MoveNext()) {
       Row& row = rows.emplace_back();
@@ -167,7 +168,7 @@ class LargeCounting : public testing::TestWithParam<SampleSize>, public ControlH
     std::vector<Row> before;
     for (int row = 1; row < Lines().Rows(); ++row) before.push_back(Cells(row));
     Click(Form().cmdCalc);
-    PlainStock stock(file);
+    PlainStock stock(plain);
     int changed = 0;
     for (int row = 1; row < Lines().Rows(); ++row) {
       const Row& old = before[static_cast<std::size_t>(row - 1)];
@@ -180,15 +181,16 @@ class LargeCounting : public testing::TestWithParam<SampleSize>, public ControlH
   }
 
   TemporaryFolder folder;
-  std::string file = CopyOfSample(GetParam(), folder.File("large.koru"));
-  SqliteConnector sqlite;
+  TestDatabase database{CopyOfSample(GetParam(), folder.File("large.koru"))};
+  std::string plain =
+      CopyOfSample(GetParam(), folder.File("plain.koru"));  ///< of the same rows, always a file
   ComponentRegistry components;
   FakeMessages messages;
   FakeScreen screen;
   FixedClock clock{kSampleToday};
   CountingWorld::NoFiles files;
   CountingWorld::NoSpreadsheets spreadsheets;
-  comInvCounting control{*this, {sqlite, components, screen, clock, files, spreadsheets}};
+  comInvCounting control{*this, {database.Connector(), components, screen, clock, files, spreadsheets}};
 };
 
 TEST_P(LargeCounting,
@@ -204,7 +206,7 @@ TEST_P(LargeCounting, Added_goods_get_what_their_statements_give_one_by_one_also
     if (othersHaveWritten) OthersWrite();
     Lines().SetRows(1);
     Click(Form().cmdGoods);
-    const std::vector<PlainLine> goods = PlainStock(file).LinesOfAllGoods();
+    const std::vector<PlainLine> goods = PlainStock(plain).LinesOfAllGoods();
     const bool allFit = goods.size() <= static_cast<std::size_t>(kMostLines);
     EXPECT_EQ(messages.Texts().empty(), allFit) << "beyond the limit the person is told";
     messages.Forget();

@@ -63,7 +63,7 @@ class RandomStories : public CountingWorld, public testing::WithParamInterface<i
   void StoreLines(ModelCounting& counting) const;
   void Log(const std::string& step) { log += step + "; "; }
 
-  std::unique_ptr<Database> reader = sqlite.Connect(database.ConnectionText());
+  std::unique_ptr<Database> reader = database.Connector().Connect(database.ConnectionText());
   std::mt19937 random;
   std::string log;
   CountingModel model;

@@ -7,8 +7,8 @@
 
 #include "adapters/odbc/OdbcConnector.h"
 #include "lines/LineColumns.h"
-#include "tests/adapters/odbc/ScriptedServer.h"
 #include "tests/counting/CountingWorld.h"
+#include "tests/server/ScriptedServer.h"
 
 namespace koru::test {
 namespace {
@@ -115,9 +115,8 @@ class ServerFailure : public CountingWorld {
   Answer AnswerTo(const std::string& statement) {
     if (!part_.empty() && statement.find(part_) != std::string::npos) return {kind_, 0, {}};
     if (statement.starts_with("CALL ")) return {Answer::Kind::Done, 1, {}};
-    if (statement.starts_with("Select * From tblInventoryUser"))
-      return {Answer::Kind::Number, 2, "InventoryID"};
-    if (statement.starts_with("select max(id)")) return {Answer::Kind::Number, 17, "maxid"};
+    if (statement.starts_with("Select * From tblInventoryUser")) return OneField("InventoryID", 2);
+    if (statement.starts_with("select max(id)")) return OneField("maxid", 17);
     return {};
   }
 

@@ -1,19 +1,19 @@
 #include <gtest/gtest.h>
 
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru::test {
 namespace {
 
 /// How SQLite would run a statement, step by step.
-std::string PlanOf(TestDatabase& database, const std::string& sql) {
+std::string PlanOf(TestFile& database, const std::string& sql) {
   return database.Rows("explain query plan " + sql);
 }
 
 }  // namespace
 
 TEST(Indexes, Sums_of_a_good_read_one_index_and_no_table) {
-  TestDatabase database;
+  TestFile database;
   const auto check = [&database](const std::string& kind) {
     const std::string lines = "tblInventory" + kind + "Detail";
     EXPECT_NE(
@@ -27,7 +27,7 @@ TEST(Indexes, Sums_of_a_good_read_one_index_and_no_table) {
 }
 
 TEST(Indexes, The_lines_of_a_counting_are_found_in_their_order) {
-  TestDatabase database;
+  TestFile database;
   const std::string plan = PlanOf(
       database, "select Barcode from tblInventoryCountingDetail where CountingID = 1 order by RowNumber");
   EXPECT_NE(plan.find("USING INDEX ixInventoryCountingDetail_Counting"), std::string::npos) << plan;
@@ -35,7 +35,7 @@ TEST(Indexes, The_lines_of_a_counting_are_found_in_their_order) {
 }
 
 TEST(Indexes, No_document_statement_reads_a_whole_table) {
-  TestDatabase database;
+  TestFile database;
   for (const std::string statement :
        {"delete from tblInventoryCountingDetail where CountingID = 1",
         "delete from tblInventoryReceiptDetail where ReceiptID = 1",

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru::test {
 namespace {
@@ -116,7 +116,7 @@ const std::vector<Table> kTables = {
     {"vwPelinBasePath", {"BasePath"}},
 };
 
-std::string CountColumn(TestDatabase& database, const std::string& table, const std::string& column) {
+std::string CountColumn(TestFile& database, const std::string& table, const std::string& column) {
   return database.Scalar("select count(*) from pragma_table_info('" + table + "') where name = '" + column +
                          "'");
 }
@@ -124,7 +124,7 @@ std::string CountColumn(TestDatabase& database, const std::string& table, const 
 }  // namespace
 
 TEST(Schema, Every_table_and_view_has_the_columns_that_statements_name) {
-  TestDatabase database;
+  TestFile database;
   for (const Table& table : kTables) {
     for (const std::string& column : table.columns) {
       EXPECT_EQ(CountColumn(database, table.name, column), "1") << table.name << '.' << column;
@@ -134,7 +134,7 @@ TEST(Schema, Every_table_and_view_has_the_columns_that_statements_name) {
 
 // "ID=ReceiptID", "On ScaleID=", "Code is not NULL": the statements do not say whose column they mean.
 TEST(Schema, Columns_that_statements_name_without_a_table_are_in_one_of_the_joined_tables_only) {
-  TestDatabase database;
+  TestFile database;
   const std::map<std::string, std::vector<std::string>> without = {
       {"tblInventoryCountingDetail", {"ID", "Code", "Name"}},
       {"tblInventoryReceiptDetail", {"ID", "Code", "InventoryID", "ReceiveDate"}},
@@ -152,7 +152,7 @@ TEST(Schema, Columns_that_statements_name_without_a_table_are_in_one_of_the_join
 }
 
 TEST(Schema, The_largest_key_after_an_insert_is_the_new_one_and_no_key_is_given_twice) {
-  TestDatabase database;
+  TestFile database;
   const auto check = [&database](const std::string& table) {
     const std::string insert = "insert into " + table + " (InventoryID) values (1)";
     database.Execute(insert + "; " + insert);
@@ -166,7 +166,7 @@ TEST(Schema, The_largest_key_after_an_insert_is_the_new_one_and_no_key_is_given_
 }
 
 TEST(Schema, Texts_are_found_whichever_keyboard_wrote_them) {
-  TestDatabase database;
+  TestFile database;
   database.Execute("insert into tblGood (Barcode, Name) values ('AB12', 'كيك')");
   EXPECT_EQ(database.Scalar("select Barcode from tblGood where Name = 'کیک'"), "AB12");
   EXPECT_EQ(database.Scalar("select Name from tblGood where Barcode = 'ab۱۲ '"), "كيك");

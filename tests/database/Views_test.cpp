@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru::test {
 namespace {
 
-void FillOneCounting(TestDatabase& database) {
+void FillOneCounting(TestFile& database) {
   database.Execute(
       "insert into tblInventory (ID, Name) values (3, 'انبار');"
       "insert into tblUser (ID, FullName) values (1, 'يك'), (2, 'دو');"
@@ -18,7 +18,7 @@ void FillOneCounting(TestDatabase& database) {
 }  // namespace
 
 TEST(CountingView, Shows_names_where_there_are_people_and_nothing_where_not) {
-  TestDatabase database;
+  TestFile database;
   FillOneCounting(database);
   EXPECT_EQ(database.Rows(
                 "select ID, Code, InvName, FullName, Counter1, Counter2, Accepter from vwInventoryCounting"),
@@ -26,14 +26,14 @@ TEST(CountingView, Shows_names_where_there_are_people_and_nothing_where_not) {
 }
 
 TEST(CountingView, Lists_a_counting_whose_store_and_creator_are_gone) {
-  TestDatabase database;
+  TestFile database;
   FillOneCounting(database);
   database.Execute("delete from tblInventory; delete from tblUser");
   EXPECT_EQ(database.Rows("select ID, InvName, FullName from vwInventoryCounting"), "7|NULL|NULL\n");
 }
 
 TEST(PrintView, A_line_is_a_shortage_or_a_surplus_and_its_amounts_take_the_rounded_rate) {
-  TestDatabase database;
+  TestFile database;
   FillOneCounting(database);
   database.Execute(
       "insert into tblInventoryCountingDetail (CountingID, Barcode, RowNumber, ScaleID, AcceptedCounting,"
@@ -49,7 +49,7 @@ TEST(PrintView, A_line_is_a_shortage_or_a_surplus_and_its_amounts_take_the_round
 }
 
 TEST(PrintView, Prints_a_line_without_a_unit_and_none_whose_good_is_gone_as_the_form_shows_them) {
-  TestDatabase database;
+  TestFile database;
   FillOneCounting(database);
   database.Execute(
       "insert into tblInventoryCountingDetail (CountingID, Barcode, RowNumber) values (7, 'gone', 1), (7, "
@@ -61,13 +61,13 @@ TEST(PrintView, Prints_a_line_without_a_unit_and_none_whose_good_is_gone_as_the_
 }
 
 TEST(PrintView, A_counting_without_lines_prints_nothing) {
-  TestDatabase database;
+  TestFile database;
   FillOneCounting(database);
   EXPECT_EQ(database.Rows("select * from vwInventoryCountingPrint"), "");
 }
 
 TEST(SuiteViews, Show_the_company_and_the_folder_of_its_reports) {
-  TestDatabase database;
+  TestFile database;
   database.Execute(
       "insert into tblPelinCompany (ID, Name, BasePath) values (2, 'دوم', '/b/'), (1, 'اول', '/a/')");
   EXPECT_EQ(database.Scalar("select Name from vwPelinCompany"), "اول");

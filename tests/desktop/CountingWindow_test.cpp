@@ -5,16 +5,17 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <set>
 
 #include "control/comInvCounting.h"
-#include "desktop/DesktopScreen.h"
 #include "desktop/GridView.h"
 #include "desktop/SelectorRecords.h"
 #include "lines/LineColumns.h"
 #include "tests/desktop/DesktopWorld.h"
+#include "tests/desktop/SearchingScreen.h"
 #include "tests/desktop/WindowTools.h"
 
 namespace koru {
@@ -71,9 +72,9 @@ class CountingWindowTest : public testing::Test, public ControlHost {
     Type("-1");
   }
 
-  DesktopScreen screen;
+  test::SearchingScreen screen;
   test::DesktopWorld world{screen};
-  SelectorRecords records{world.databases};
+  SelectorRecords records{world.database.Connector()};
   comInvCounting control{*this, world.Where()};
   FormWindow* window = nullptr;
 };
@@ -100,7 +101,7 @@ TEST_F(CountingWindowTest, A_counting_is_shown_with_names_dates_and_amounts_for_
 }
 
 TEST_F(CountingWindowTest, Nothing_is_cut_off_on_the_smallest_screen) {
-  for (const QSize size : {QSize(1280, 740), QSize(1920, 1040)}) {
+  for (const QSize size : {QSize(990, 700), QSize(1280, 740), QSize(1920, 1040)}) {
     window->resize(size);
     QApplication::processEvents();
     EXPECT_EQ(window->size(), size) << "the window asks for more";
@@ -115,6 +116,52 @@ TEST_F(CountingWindowTest, Nothing_is_cut_off_on_the_smallest_screen) {
           << button->text().toStdString();
     }
   }
+}
+
+TEST_F(CountingWindowTest, A_command_says_its_keys_as_the_hints_do) {
+  EXPECT_EQ(Find<QPushButton>("cmdNew").toolTip(), QStringLiteral("جديد (\u200ECtrl+N\u200E)"));
+  EXPECT_EQ(Find<QPushButton>("cmdDeleteAll").toolTip(),
+            QStringLiteral("حذف همه (\u200ECtrl+Shift+Del\u200E)"));
+}
+
+TEST_F(CountingWindowTest, Notes_begin_at_the_right_edge_and_take_what_is_stored) {
+  auto& notes = Find<QPlainTextEdit>("txtNotes");
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  notes.setFocus();
+  for (const QString& start : {QString(), QStringLiteral("شمارش")}) {
+    notes.selectAll();
+    Type(start);
+    notes.moveCursor(QTextCursor::Start);
+    EXPECT_GT(notes.cursorRect().x(), notes.viewport()->width() - 12);
+  }
+  notes.selectAll();
+  notes.insertPlainText(QString(1001, QChar(u'ش')));
+  EXPECT_EQ(notes.toPlainText().size(), 1000);
+  EXPECT_EQ(Counting().txtNotes.Text(), notes.toPlainText().toStdString());
+  auto& number = Find<QLineEdit>("txtGNO");
+  number.setFocus();
+  number.selectAll();
+  number.insert(QString(300, QChar(u'7')));
+  EXPECT_EQ(number.text().size(), 255);
+}
+
+TEST_F(CountingWindowTest, How_many_lines_the_goods_search_added_is_said_until_the_next_key) {
+  const auto said = [this](const char* text) {
+    for (const QLabel* const label : window->findChildren<QLabel*>()) {
+      if (label->text().contains(QString::fromUtf8(text))) return true;
+    }
+    return false;
+  };
+  Counting().GoodsAdded.Raise(0);
+  EXPECT_TRUE(said("كالاي تازه اي افزوده نشد."));
+  EXPECT_FALSE(said("خانه بعد"));
+  Counting().GoodsAdded.Raise(3);
+  EXPECT_TRUE(said("3 سطر افزوده شد."));
+  Find<GridView>("flexDetail").setFocus();
+  Press(Qt::Key_Down);
+  EXPECT_FALSE(said("افزوده"));
+  EXPECT_TRUE(said("خانه بعد"));
 }
 
 TEST_F(CountingWindowTest, No_shortcut_is_given_twice) {
@@ -170,9 +217,8 @@ TEST_F(CountingWindowTest, A_line_is_counted_and_saved_from_the_keyboard_alone) 
   QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);  // what is being typed is stored first
   EXPECT_EQ(
       world.database.Scalar("select AcceptedCounting from tblInventoryCountingDetail where RowNumber=1"),
-      "15.0");
-  EXPECT_EQ(world.database.Scalar("select BaseValue from tblInventoryCountingDetail where RowNumber=1"),
-            "9.0");
+      "15");
+  EXPECT_EQ(world.database.Scalar("select BaseValue from tblInventoryCountingDetail where RowNumber=1"), "9");
 }
 
 TEST_F(CountingWindowTest, A_refused_figure_keeps_the_person_from_saving_without_it) {
@@ -229,6 +275,87 @@ TEST_F(CountingWindowTest, A_counting_that_is_only_viewed_takes_no_figures) {
   EXPECT_EQ(Counting().flexDetail.TextMatrix(1, LineColumn::AcceptedCounting), "10");
   EXPECT_TRUE(Find<QLineEdit>("txtGNO").isReadOnly());
   EXPECT_FALSE(Find<QWidget>("gmpInventory").isEnabled());
+}
+
+TEST_F(CountingWindowTest, After_Edit_the_keyboard_is_in_the_lines_by_mouse_as_by_key) {
+  window->activateWindow();
+  for (const bool byMouse : {true, false}) {
+    Find<QLineEdit>("txtGNO").setFocus();
+    if (byMouse) {
+      QTest::mouseClick(&Find<QPushButton>("cmdEdit"), Qt::LeftButton);
+    } else {
+      QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+    }
+    EXPECT_TRUE(Find<GridView>("flexDetail").hasFocus());
+    EXPECT_EQ(Counting().Focus(), &Counting().flexDetail);
+    EXPECT_EQ(Counting().flexDetail.Row(), 1);
+    EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::FirstCounting);
+    world.messages.WillAnswer(test::FakeMessages::Answer::Yes);
+    QTest::keyClick(window, Qt::Key_F8);
+    Tick();
+  }
+}
+
+TEST_F(CountingWindowTest, An_edit_that_is_refused_leaves_the_keyboard_alone) {
+  world.database.Execute("delete from tblPelinUserPermission where FormPermissionID=80602");
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  EXPECT_FALSE(Find<GridView>("flexDetail").hasFocus());
+}
+
+TEST_F(CountingWindowTest, After_Calculate_the_keyboard_is_on_the_line_where_it_was) {
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Tick();
+  Counting().flexDetail.SetCurrent(2, LineColumn::Barcode);
+  QTest::mouseClick(&Find<QPushButton>("cmdCalc"), Qt::LeftButton);
+  EXPECT_TRUE(Find<GridView>("flexDetail").hasFocus());
+  EXPECT_EQ(Counting().flexDetail.Row(), 2);
+  EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::Barcode) << "a scanner goes on";
+}
+
+TEST_F(CountingWindowTest, After_Goods_the_keyboard_is_on_the_first_line_that_was_added) {
+  world.database.Execute(
+      "insert into tblGood (Barcode,Code,Name) values ('6263','103','چاي'),('6264','104','قند')");
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Tick();
+  QTest::mouseClick(&Find<QPushButton>("cmdGoods"), Qt::LeftButton);
+  ASSERT_EQ(Counting().flexDetail.Rows(), 5);
+  EXPECT_TRUE(Find<GridView>("flexDetail").hasFocus());
+  EXPECT_EQ(Counting().flexDetail.Row(), 3);
+  EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::FirstCounting);
+}
+
+TEST_F(CountingWindowTest, Ctrl_Tab_goes_into_the_lines_and_out_again) {
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  for (const char* name : {"txtGNO", "txtNotes", "cmdTmpSave"}) {
+    Find<QWidget>(name).setFocus();
+    Press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_TRUE(Find<GridView>("flexDetail").hasFocus()) << name;
+    Press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_FALSE(Find<GridView>("flexDetail").hasFocus()) << name;
+  }
+  Find<GridView>("flexDetail").setFocus();
+  Counting().flexDetail.SetCurrent(1, LineColumn::FirstCounting);
+  Type("4");
+  Press(Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_FALSE(Find<GridView>("flexDetail").hasFocus()) << "also while typing";
+  EXPECT_EQ(Counting().flexDetail.TextMatrix(1, LineColumn::FirstCounting), "4");
+}
+
+TEST_F(CountingWindowTest, Goods_are_scanned_and_counted_without_any_other_key) {
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Counting().flexDetail.SetCurrent(1, LineColumn::Barcode);
+  for (const char* const scanned : {"6262", "31", "6269", "6261", "32"}) {
+    Type(scanned);
+    Press(Qt::Key_Return);
+  }
+  EXPECT_EQ(Counting().flexDetail.TextMatrix(2, LineColumn::FirstCounting), "31");
+  EXPECT_EQ(Counting().flexDetail.TextMatrix(1, LineColumn::FirstCounting), "32");
+  EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::Barcode);
 }
 
 TEST_F(CountingWindowTest, Closing_the_window_asks_before_what_was_entered_is_lost) {

@@ -63,14 +63,18 @@ TEST_F(DateBoxEditTest, Digits_of_the_Persian_keyboard_are_dates_too) {
   EXPECT_EQ(edit->text(), "1404/12/29");
 }
 
-TEST_F(DateBoxEditTest, A_day_that_does_not_exist_gives_the_date_before_back_and_marks_the_field) {
+TEST_F(DateBoxEditTest, A_day_that_does_not_exist_stays_to_be_seen_and_marks_the_field) {
   date.SetValue(ToGregorian({1403, 5, 6}));
   edit->selectAll();
   Type("14041230");  // 1404 has no 30 Esfand
   Press(Qt::Key_Return);
-  EXPECT_EQ(date.PersianText(), "1403/05/06");
-  EXPECT_EQ(edit->text(), "1403/05/06");
+  EXPECT_EQ(date.PersianText(), "1403/05/06") << "the form keeps the date before";
+  EXPECT_EQ(edit->text(), "1404/12/30");
   EXPECT_TRUE(edit->property("marked").toBool());
+  other->setFocus();
+  EXPECT_EQ(edit->text(), "1404/12/30");
+  edit->setFocus();
+  QApplication::processEvents();
   Type("1");
   EXPECT_FALSE(edit->property("marked").toBool());
 }
@@ -87,6 +91,7 @@ TEST_F(DateBoxEditTest, The_mark_stays_until_the_person_types_or_leaves_it_at_th
   EXPECT_TRUE(field->IsMarked());
   Press(Qt::Key_Escape);
   EXPECT_FALSE(field->IsMarked());
+  EXPECT_EQ(edit->text(), "1403/05/06");
   EXPECT_EQ(date.PersianText(), "1403/05/06");
 }
 
@@ -101,7 +106,7 @@ TEST_F(DateBoxEditTest, A_command_that_waits_for_dates_brings_the_person_back_an
   QTest::mouseClick(other, Qt::LeftButton);
   EXPECT_EQ(clicks, 0);
   EXPECT_TRUE(edit->hasFocus());
-  EXPECT_TRUE(QToolTip::text().startsWith(QStringLiteral("تاريخ وارد شده درست نبود")))
+  EXPECT_TRUE(QToolTip::text().startsWith(QStringLiteral("اين تاريخ درست نيست")))
       << qPrintable(QToolTip::text());
   QApplication::processEvents();
   Type("14041229");
@@ -125,6 +130,28 @@ TEST_F(DateBoxEditTest, A_date_that_is_typed_by_half_is_no_date) {
   other->setFocus();
   EXPECT_TRUE(date.IsEmpty());
   EXPECT_TRUE(edit->property("marked").toBool());
+}
+
+TEST_F(DateBoxEditTest, A_refused_date_goes_when_the_box_is_emptied_or_the_form_shows_another) {
+  date.SetValue(ToGregorian({1403, 5, 6}));
+  edit->selectAll();
+  Type("14041345");
+  other->setFocus();
+  edit->setFocus();
+  Press(Qt::Key_Delete);
+  EXPECT_TRUE(date.IsEmpty());
+  EXPECT_FALSE(field->IsMarked());
+  EXPECT_EQ(edit->text(), "//");
+  for (const SolarDate shown : {SolarDate{1404, 7, 1}, SolarDate{1404, 7, 1}}) {
+    edit->setFocus();
+    edit->selectAll();
+    Type("14041345");
+    other->setFocus();
+    ASSERT_TRUE(field->IsMarked());
+    field->SetDate(ToGregorian(shown));
+    EXPECT_FALSE(field->IsMarked());
+    EXPECT_EQ(edit->text(), "1404/07/01");
+  }
 }
 
 TEST_F(DateBoxEditTest, Delete_empties_the_box) {

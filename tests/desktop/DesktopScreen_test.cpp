@@ -4,7 +4,10 @@
 
 #include <QLineEdit>
 #include <QPointer>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <QWindow>
+#include <functional>
 
 #include "tests/desktop/WindowTools.h"
 
@@ -63,6 +66,38 @@ TEST_F(DesktopScreenTest, A_modal_form_returns_when_it_is_hidden) {
   form.Show(true);
   EXPECT_TRUE(wasModal);
   EXPECT_FALSE(form.Visible());
+}
+
+TEST_F(DesktopScreenTest, A_modal_form_is_a_dialog_over_the_middle_of_the_window_below_it) {
+  QWidget below;
+  below.setGeometry(700, 400, 600, 500);
+  test::Open(below);
+  Form form(screen, "frmSmall");
+  const auto show = [&](const std::function<void(const FormWindow&)>& look) {
+    QTimer::singleShot(0, [&] {
+      QTimer::singleShot(0, [&] {
+        look(*screen.WindowOf(form));
+        form.Hide();
+      });
+    });
+    form.Show(true);
+  };
+  show([&](const FormWindow& window) {
+    EXPECT_EQ(window.windowType(), Qt::Dialog);
+    EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+    EXPECT_EQ(window.windowHandle()->transientParent(), below.windowHandle());
+    const QPoint off = window.frameGeometry().center() - below.frameGeometry().center();
+    EXPECT_LT(off.manhattanLength(), 40) << off.x() << "," << off.y();
+  });
+  below.activateWindow();
+  below.move(1600, 900);
+  QApplication::processEvents();
+  show([](const FormWindow& window) {
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(window.frameGeometry()));
+  });
+  form.Show(false);
+  EXPECT_EQ(screen.WindowOf(form)->windowType(), Qt::Window);
+  EXPECT_FALSE(screen.WindowOf(form)->isModal());
 }
 
 TEST_F(DesktopScreenTest, Closing_the_window_asks_the_form) {

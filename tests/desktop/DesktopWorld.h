@@ -1,6 +1,5 @@
 #pragma once
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "platform/Errors.h"
 #include "platform/Surroundings.h"
 #include "tests/support/FakeMessages.h"
@@ -9,18 +8,17 @@
 
 namespace koru::test {
 
-/// What the component stands on in tests of its windows: the real embedded database, a person who is asked by
+/// What the component stands on in tests of its windows: a real database, a person who is asked by
 /// FakeMessages, the screen that the test brings, and 15 Farvardin 1404 for today.
 class DesktopWorld {
  public:
   explicit DesktopWorld(Screen& screen) : screen_(screen) { messages.RegisterIn(components); }
 
   [[nodiscard]] Surroundings Where() {
-    return {databases, components, screen_, clock, files_, spreadsheets_};
+    return {database.Connector(), components, screen_, clock, files_, spreadsheets_};
   }
 
   TestDatabase database;
-  SqliteConnector databases;
   ComponentRegistry components;
   FakeMessages messages;
   FixedClock clock{ToGregorian({1404, 1, 15})};

@@ -89,6 +89,33 @@ TEST_F(FormBindingTest, A_form_that_corrects_what_is_typed_is_shown) {
   EXPECT_EQ(widget.toPlainText(), "12");
 }
 
+TEST_F(FormBindingTest, A_full_text_takes_no_more_wherever_that_is_typed_or_pasted) {
+  TextBox text(form, "txtNotes");
+  text.SetMaxLength(8);
+  FormBinding binding(form);
+  auto& widget = Add<QPlainTextEdit>();
+  binding.Bind(text, widget);
+  Open(window);
+  widget.setFocus();
+  Type("12345678");
+  widget.moveCursor(QTextCursor::Start);
+  Type("9");
+  EXPECT_EQ(text.Text(), "12345678") << "what was there is not pushed out";
+  EXPECT_EQ(widget.textCursor().position(), 0);
+  QTextCursor middle = widget.textCursor();
+  middle.setPosition(2);
+  middle.setPosition(5, QTextCursor::KeepAnchor);
+  widget.setTextCursor(middle);
+  widget.insertPlainText("a\nbcd");
+  EXPECT_EQ(text.Text(), "12a\nb678");
+  EXPECT_EQ(widget.toPlainText(), "12a\nb678");
+  widget.undo();
+  EXPECT_EQ(text.Text(), "12345678") << "one step back";
+  widget.selectAll();
+  widget.insertPlainText(QStringLiteral("1234567\U0001F600"));
+  EXPECT_EQ(text.Text(), "1234567") << "no character is cut in two";
+}
+
 TEST_F(FormBindingTest, A_field_that_selects_its_text_on_arrival_does_so_every_time) {
   TextBox text(form, "txtCode");
   TextBox other(form, "txtTitle");

@@ -1,6 +1,7 @@
 #include <QClipboard>
 
 #include "desktop/QtText.h"
+#include "platform/Numbers.h"
 #include "tests/desktop/GridViewTest.h"
 
 namespace koru::test {
@@ -19,6 +20,29 @@ TEST_F(GridViewTest, A_number_with_its_separators_is_that_number_typed_or_pasted
   QApplication::clipboard()->setText("3,400\r\n");
   Press(Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(Cell(2, 2), "3400");
+}
+
+TEST_F(GridViewTest, Separators_that_are_typed_one_after_the_other_part_one_number) {
+  Start();
+  Type("1,200,000.5");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "1200000.5");
+  Type(QStringLiteral("۱،۲۰۰"));
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 3), "1200");
+}
+
+TEST_F(GridViewTest, A_comma_for_the_decimal_point_never_makes_another_number_of_it) {
+  grid.ValidateEdit.Always([this] { grid.SetEditText(NumberText(Val(grid.EditText()))); });
+  Start();
+  Type("12,5");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "12");
+  QApplication::clipboard()->setText(QStringLiteral("۱۲،۵\n0,200"));
+  grid.SetCurrent(1, 3);
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 3), "12");
+  EXPECT_EQ(Cell(2, 3), "0");
 }
 
 TEST_F(GridViewTest, A_block_is_pasted_downwards_and_onwards_into_the_cells_to_fill) {

@@ -189,6 +189,37 @@ TEST_F(GridViewTest, Delete_empties_a_cell_and_with_Ctrl_asks_for_the_line_to_go
   EXPECT_EQ(grid.Rows(), 2);
 }
 
+TEST_F(GridViewTest, After_a_line_is_deleted_the_keyboard_stands_on_the_one_that_took_its_place) {
+  for (const char* name : {"ميخ", "آچار", "انبر"}) {
+    grid.AddItem(std::to_string(grid.Rows()));
+    grid.SetTextMatrix(grid.Rows() - 1, 1, name);
+  }
+  Start();
+  grid.SetCurrent(2, 2);
+  const auto deleteLine = [this] {
+    Press(Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(view->currentIndex(), view->model()->index(grid.Row() - 1, grid.Col()));
+    return Cell(grid.Row(), 1);
+  };
+  EXPECT_EQ(deleteLine(), "واشر");
+  EXPECT_EQ(Current(), std::pair(2, 2));
+  EXPECT_EQ(deleteLine(), "ميخ");
+  grid.SetCurrent(4, 1);
+  EXPECT_EQ(deleteLine(), "آچار") << "the last line";
+  EXPECT_EQ(Current(), std::pair(3, 1));
+}
+
+TEST_F(GridViewTest, After_the_only_line_is_deleted_the_keyboard_waits_in_the_grid) {
+  grid.SetRows(2);
+  Start();
+  Press(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(grid.Rows(), 1);
+  EXPECT_FALSE(view->currentIndex().isValid());
+  EXPECT_TRUE(view->hasFocus());
+  Press(Qt::Key_Return);
+  Type("6");
+}
+
 TEST_F(GridViewTest, A_cell_that_is_not_for_typing_takes_no_text) {
   Start();
   grid.SetCurrent(1, 1);

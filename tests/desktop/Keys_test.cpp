@@ -47,6 +47,7 @@ TEST(Keys, Pasted_Persian_digits_become_Latin_and_the_cursor_keeps_its_place) {
 TEST(Keys, A_number_that_is_pasted_as_amounts_are_shown_is_that_number) {
   EXPECT_EQ(NumberTyped("1,200.5"), "1200.5");
   EXPECT_EQ(NumberTyped(QStringLiteral("۱٬۲۰۰٫۵")), "1200.5");
+  EXPECT_EQ(NumberTyped(QStringLiteral("۱۲،۵")), QStringLiteral("12،5"));
   EXPECT_EQ(NumberTyped("7\t8\n9"), "7") << "one cell holds one number";
 }
 

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <string>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "platform/Errors.h"
 #include "tests/desktop/WindowTools.h"
 #include "tests/support/RecordingDatabase.h"
@@ -38,8 +37,7 @@ class SelectorRecordsTest : public testing::Test {
   }
 
   test::TestDatabase database;
-  SqliteConnector sqlite;
-  test::RecordingConnector databases{sqlite};
+  test::RecordingConnector databases{database.Connector()};
   SelectorRecords records{databases};
   test::NoScreen screen;
   Form form{screen, "frm"};

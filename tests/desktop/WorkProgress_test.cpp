@@ -13,6 +13,7 @@
 #include "desktop/SelectorRecords.h"
 #include "lines/LineColumns.h"
 #include "tests/desktop/DesktopWorld.h"
+#include "tests/desktop/SearchingScreen.h"
 #include "tests/desktop/WindowTools.h"
 
 namespace koru {
@@ -38,27 +39,14 @@ class SlowDatabase : public Database {
 
 class SlowConnector : public DatabaseConnector {
  public:
+  explicit SlowConnector(DatabaseConnector& inner) : inner_(inner) {}
+
   [[nodiscard]] std::unique_ptr<Database> Connect(const std::string& connectionText) override {
-    return std::make_unique<SlowDatabase>(sqlite_.Connect(connectionText));
+    return std::make_unique<SlowDatabase>(inner_.Connect(connectionText));
   }
 
  private:
-  SqliteConnector sqlite_;
-};
-
-/// A screen on which the goods search finds all goods at once.
-class SearchingScreen : public DesktopScreen {
- public:
-  void Show(Form& form, bool modal) override {
-    auto* const goods = dynamic_cast<frmGoodSearch*>(&form);
-    if (goods == nullptr) {
-      DesktopScreen::Show(form, modal);
-    } else {
-      goods->gmpInventory.UserSelect(Selector::kNothing);
-      goods->cmdSearch.UserClick();
-      goods->Hide();
-    }
-  }
+  DatabaseConnector& inner_;
 };
 
 /// When a widget was drawn.
@@ -98,11 +86,15 @@ class WorkProgress : public testing::Test, public ControlHost {
         "insert into tblPelinUserPermission (UserID,FormPermissionID) values "
         "(1,80602),(1,80605),(1,80606);"
         "insert into tblInventoryCounting (ID,InventoryID,CreatorID,CreateDate,FarsiCreateDate) values "
-        "(1,1,1,'2025-04-04','1404/01/15');"
-        "with recursive n(i) as (select 1 union all select i + 1 from n where i < 200) "
-        "insert into tblGood (Barcode,Code,Name) select 62600 + i, 100 + i, 'كالاي ' || i from n;"
-        "insert into tblInventoryCountingDetail (CountingID,Barcode,RowNumber,ScaleID,AcceptedCounting,"
-        "SystemCounting,ContradictionCounting,BaseValue) select 1,Barcode,rowid,1,10,12,-2,500 from tblGood");
+        "(1,1,1,'2025-04-04','1404/01/15')");
+    const auto barcode = [](int i) { return "'" + std::to_string(62600 + i) + "'"; };
+    world.database.InsertRows("tblGood (Barcode,Code,Name)", 1, kLines, [&](int i) {
+      return barcode(i) + ",'" + std::to_string(100 + i) + "','كالاي " + std::to_string(i) + "'";
+    });
+    world.database.InsertRows(
+        "tblInventoryCountingDetail (CountingID,Barcode,RowNumber,ScaleID,AcceptedCounting,SystemCounting,"
+        "ContradictionCounting,BaseValue)",
+        1, kLines, [&](int i) { return "1," + barcode(i) + "," + std::to_string(i) + ",1,10,12,-2,500"; });
     screen.Register("frmInvCounting", [this](Form& form) -> std::unique_ptr<FormWindow> {
       return std::make_unique<CountingWindow>(dynamic_cast<frmInvCounting&>(form), records);
     });
@@ -158,10 +150,10 @@ class WorkProgress : public testing::Test, public ControlHost {
     EXPECT_FALSE(Counting().pgbStatus.Visible());
   }
 
-  SearchingScreen screen;
+  test::SearchingScreen screen;
   test::DesktopWorld world{screen};
-  SlowConnector slow;
-  SelectorRecords records{world.databases};
+  SlowConnector slow{world.database.Connector()};
+  SelectorRecords records{world.database.Connector()};
   Surroundings where = world.Where();
   comInvCounting control{*this,
                          {slow, where.components, screen, where.clock, where.files, where.spreadsheets}};

@@ -165,7 +165,7 @@ class WidgetWhileEnteringTest : public testing::Test {
 
   DesktopScreen screen;
   test::DesktopWorld world{screen};
-  SelectorRecords records{world.databases};
+  SelectorRecords records{world.database.Connector()};
   FormWindow* window = nullptr;
   comInvCountingWidget widget{world.Where()};
 };

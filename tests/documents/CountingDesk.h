@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "control/services/SharedState.h"
 #include "tests/documents/SmallCountingForm.h"
 #include "tests/support/FailingDatabase.h"
@@ -56,7 +55,7 @@ class CountingDesk {
   void Grant(int permission);
   void Revoke(int permission);
 
-  /// Statements in SQLite's own dialect that nobody records.
+  /// Statements that nobody records.
   void Execute(const std::string& sql) { database.Execute(sql); }
   /// Rows as "field|field", NULL as "NULL".
   [[nodiscard]] Texts Rows(const std::string& sql);
@@ -76,8 +75,7 @@ class CountingDesk {
   std::size_t sentWhenLocked = 0;
 
   test::TestDatabase database;
-  SqliteConnector sqlite;
-  test::RecordingConnector recording{sqlite};
+  test::RecordingConnector recording{database.Connector()};
   test::FailingConnector failing{recording};
   ComponentRegistry components;
   test::FakeMessages person;

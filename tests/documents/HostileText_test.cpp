@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "control/services/FixQuote.h"
 #include "documents/AdjustmentDocuments.h"
 #include "documents/TemporarySave.h"
 #include "platform/Errors.h"
+#include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "tests/documents/DocumentsTest.h"
 #include "tests/documents/HostileTexts.h"
@@ -16,7 +18,7 @@ namespace {
 class HostileText : public DocumentsTest {
  protected:
   HostileText() {
-    Execute("pragma synchronous = off; insert into tblGood (Barcode, Name) values ('1', 'good')");
+    Execute("insert into tblGood (Barcode, Name) values ('1', 'good')");
     StoreCounting();
     AddLine({.barcode = "1"});
   }
@@ -53,13 +55,9 @@ class HostileText : public DocumentsTest {
   void StoreOneLine(const std::string& barcode, double contradiction, const std::string& document) {
     Execute("delete from tblInventoryCountingDetail; delete from " + document + "; delete from " + document +
             "Detail");
-    SqliteConnection raw(database.File(), SqliteConnection::Mode::Existing, std::chrono::seconds(5));
-    SqliteStatement line = raw.Prepare(
-        "insert into tblInventoryCountingDetail (CountingID, Barcode, ContradictionCounting) values (1, ?, "
-        "?)");
-    line.Bind(1, barcode);
-    line.Bind(2, contradiction);
-    line.Run();
+    Execute(
+        "insert into tblInventoryCountingDetail (CountingID, Barcode, ContradictionCounting) values (1, '" +
+        FixQuote(barcode) + "', " + NumberText(contradiction) + ")");
   }
 
   /// The document's line has the stored barcode, or it is refused and nothing but the document's header is

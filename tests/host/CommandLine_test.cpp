@@ -37,9 +37,9 @@ TEST(CommandLineReading, Play_takes_files_and_options_in_any_order) {
   EXPECT_EQ(line.files, (std::vector<std::string>{"a.story", "b.story"}));
   EXPECT_TRUE(line.desktop);
   EXPECT_EQ(line.pictures, "shots");
-  EXPECT_EQ(line.way, StoryRoute::Way::EmbeddedFile);
-  EXPECT_EQ(ParseCommandLine({"play", "a", "--odbc"}).way, StoryRoute::Way::ThroughOdbc);
-  EXPECT_EQ(ParseCommandLine({"play", "a", "--server"}).way, StoryRoute::Way::Server);
+  EXPECT_EQ(line.way, TrialRoute::Way::EmbeddedFile);
+  EXPECT_EQ(ParseCommandLine({"play", "a", "--odbc"}).way, TrialRoute::Way::ThroughOdbc);
+  EXPECT_EQ(ParseCommandLine({"play", "a", "--server"}).way, TrialRoute::Way::Server);
 }
 
 TEST(CommandLineReading, A_sample_is_the_standard_one_unless_another_size_is_named) {

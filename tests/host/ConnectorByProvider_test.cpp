@@ -32,8 +32,9 @@ TEST(ConnectorByProviderTest, Anything_else_is_refused_with_one_sentence_and_no_
   EXPECT_EQ(ErrorOf("0"), "هنوز پايگاه داده اي به اين فرم داده نشده است.");
   EXPECT_EQ(ErrorOf(" "), "هنوز پايگاه داده اي به اين فرم داده نشده است.");
   EXPECT_EQ(ErrorOf("Provider=Oracle;pwd=secret"),
-            "نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: Provider=Oracle;pwd=***;");
-  EXPECT_EQ(ErrorOf("Data Source=x"), "نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: Data Source=x;");
+            "نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: \u2066Provider=Oracle;pwd=***;\u2069");
+  EXPECT_EQ(ErrorOf("Data Source=x"),
+            "نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: \u2066Data Source=x;\u2069");
   for (const char* text :
        {"Password=secret", "Provider=Other;Password=secret", "Provider=SQLite;Password=secret"}) {
     EXPECT_EQ(ErrorOf(text).find("secret"), std::string::npos) << text;

@@ -7,7 +7,7 @@
 
 #include "database/sqlserver/SqlServerSchema.h"
 #include "platform/Errors.h"
-#include "tests/adapters/odbc/ScriptedServer.h"
+#include "tests/server/ScriptedServer.h"
 
 namespace koru {
 namespace {
@@ -47,7 +47,7 @@ TEST_F(DatabaseCommandsTest, A_server_gets_the_tables_and_the_sample_with_its_ke
 TEST_F(DatabaseCommandsTest, A_server_that_has_one_of_the_tables_is_asked_and_nothing_more) {
   ScriptedServer::Script script;
   script.statement = [](const std::string& statement) {
-    return AsksWhatIsThere(statement) ? Answer{Answer::Kind::Number, 7, "Name"} : Answer{};
+    return AsksWhatIsThere(statement) ? test::OneField("Name", "tblGood") : Answer{};
   };
   const ScriptedServer server(script);
   EXPECT_THROW(MakeSuiteDatabase(server.ConnectionText(), SampleSize::Standard, report_), InputError);

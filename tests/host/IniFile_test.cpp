@@ -7,6 +7,7 @@
 
 #include "host/TemporaryFolder.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -70,7 +71,7 @@ TEST_F(IniFileTest, The_same_key_in_another_section_is_another_key) {
 }
 
 TEST_F(IniFileTest, A_broken_line_is_named_with_file_and_line) {
-  const std::string name = "پروندة تنظيمات " + file_.string();
+  const std::string name = "پروندة تنظيمات " + LeftToRight(file_.string());
   EXPECT_EQ(ErrorOf("[a]\nx=1\nnonsense\n"), name + "، سطر 3: اين سطر به شكل «نام=مقدار» نيست.");
   EXPECT_EQ(ErrorOf("=1\n"), name + "، سطر 1: اين سطر به شكل «نام=مقدار» نيست.");
   EXPECT_EQ(ErrorOf("\n[a\n"), name + "، سطر 2: نام بخش با ] بسته نشده است.");

@@ -6,6 +6,7 @@
 
 #include "host/TemporaryFolder.h"
 #include "platform/Errors.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -52,11 +53,12 @@ TEST_F(IniPropertyBagTest, What_is_not_of_the_kind_is_named_with_key_file_and_li
     }
     return "no error";
   };
-  EXPECT_EQ(errorOf("UserID", 0), "مقدار UserID در پروندة تنظيمات خوانا نيست: " + path_.string() + "، سطر 2");
+  EXPECT_EQ(errorOf("UserID", 0),
+            "مقدار UserID در پروندة تنظيمات خوانا نيست: " + LeftToRight(path_.string()) + "، سطر 2");
   EXPECT_NE(errorOf("Enabled", false), "no error");
   EXPECT_NE(errorOf("Big", 0), "no error");
   EXPECT_EQ(errorOf("Font", Font{"x", 8}),
-            "مقدار Font در پروندة تنظيمات خوانا نيست: " + path_.string() + "، سطر 5");
+            "مقدار Font در پروندة تنظيمات خوانا نيست: " + LeftToRight(path_.string()) + "، سطر 5");
   EXPECT_EQ(errorOf("Font", std::string()), "no error");
 }
 

@@ -9,6 +9,7 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "host/TemporaryFolder.h"
+#include "platform/Text.h"
 
 namespace koru {
 namespace {
@@ -128,8 +129,8 @@ TEST_F(ProgramOnOdbcTest, The_schema_and_its_sample_are_made_once_and_never_over
   Made()->Execute("delete from tblGood");
   outcome = RunOnOdbc("create-schema");
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.error,
-            "koru-counting: پرونده اي به اين نام هست و رونويسي نمي شود: " + Home() + "/a.db\n");
+  EXPECT_EQ(outcome.error, "koru-counting: پرونده اي به اين نام هست و رونويسي نمي شود: " +
+                               LeftToRight(Home() + "/a.db") + "\n");
   EXPECT_EQ(Made()->Number("select count(*) from tblGood"), 0);
 }
 
@@ -198,14 +199,14 @@ TEST_F(ProgramTest, A_broken_settings_file_is_named_and_kept) {
   Write("config/koru-counting/koru-counting.ini", broken);
   Outcome outcome = Run("", "QT_QPA_PLATFORM=offscreen");
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_NE(outcome.error.find("koru-counting.ini، سطر 2"), std::string::npos) << outcome.error;
+  EXPECT_NE(outcome.error.find("koru-counting.ini\u2069، سطر 2"), std::string::npos) << outcome.error;
   EXPECT_EQ(Text("config/koru-counting/koru-counting.ini"), broken);
   EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "data"));
 
   Write("config/koru-counting/koru-counting.ini", "[comInvCounting]\nnonsense\n");
   outcome = Run("", "QT_QPA_PLATFORM=offscreen");
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_NE(outcome.error.find("koru-counting.ini، سطر 2"), std::string::npos) << outcome.error;
+  EXPECT_NE(outcome.error.find("koru-counting.ini\u2069، سطر 2"), std::string::npos) << outcome.error;
 }
 
 TEST_F(ProgramTest, A_database_that_cannot_be_used_is_named_and_not_remembered) {

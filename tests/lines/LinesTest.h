@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "tests/lines/LineForm.h"
 #include "tests/support/FailingDatabase.h"
 #include "tests/support/FakeMessages.h"
@@ -48,8 +47,7 @@ class LinesTest : public ::testing::Test {
  private:
   test::FakeMessages messages_;
   ComponentRegistry components_;
-  SqliteConnector sqlite_;
-  test::RecordingConnector recording_{sqlite_};
+  test::RecordingConnector recording_{database.Connector()};
   test::FailingConnector failing_{recording_};
 
  protected:

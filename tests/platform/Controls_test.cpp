@@ -50,6 +50,14 @@ TEST_F(Controls, Are_found_by_name_regardless_of_case) {
   EXPECT_EQ(form.Controls().front(), &form.txtName);
 }
 
+TEST_F(Controls, A_text_box_takes_no_more_than_its_length_from_a_person) {
+  form.txtName.SetMaxLength(3);
+  form.txtName.UserType("شمارش");
+  EXPECT_EQ(form.txtName.Text(), "شما");
+  form.txtName.SetText("as it was stored");
+  EXPECT_EQ(form.txtName.Text(), "as it was stored");
+}
+
 TEST_F(Controls, A_window_is_told_once_of_each_change_and_not_of_none) {
   int changes = 0;
   const Subscription told = form.txtName.Changed.Subscribe([&] { ++changes; });

@@ -50,9 +50,25 @@ TEST(AppendCharacter, Writes_what_NextCharacter_reads) {
 TEST(LatinDigits, Make_a_persian_keyboard_type_numbers) {
   EXPECT_EQ(LatinDigits("۱۲۳۴۵۶۷۸۹۰"), "1234567890");
   EXPECT_EQ(LatinDigits("٠١٢٣٤٥٦٧٨٩"), "0123456789");
-  EXPECT_EQ(LatinDigits("۱۲٬۳۴۵٫۵"), "12345.5");
+  EXPECT_EQ(LatinDigits("۱۲٬۳۴۵٫۵"), "12٬345.5");
   EXPECT_EQ(LatinDigits("\u200E\u2212۸۳۷"), "-837");
   EXPECT_EQ(LatinDigits("كد 5"), "كد 5");
+}
+
+TEST(LeftToRight, Puts_a_path_between_marks_of_its_own_direction) {
+  EXPECT_EQ(LeftToRight("/home/ي.db"), "\u2066/home/ي.db\u2069");
+}
+
+TEST(WithoutGroups, Drops_the_separators_that_part_groups_of_three_and_no_others) {
+  const auto number = [](std::string_view text) { return WithoutGroups(text, U",\u066C"); };
+  EXPECT_EQ(number("1,200"), "1200");
+  EXPECT_EQ(number("-1,200,000.5"), "-1200000.5");
+  EXPECT_EQ(number("1٬200,000 كيلو"), "1200000 كيلو");
+  EXPECT_EQ(number("1,200,"), "1200,");
+  for (const char* const text : {"12,5", "12,50", "12,5000", "1,20,300", "1200,000", "1,2000", "1,,200",
+                                 "0,200", "0.125,300", ",200", "12", "", "،1،200", "الف"}) {
+    EXPECT_EQ(number(text), text);
+  }
 }
 
 TEST(EqualsNoCase, Is_for_names) {

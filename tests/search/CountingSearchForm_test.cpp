@@ -213,9 +213,8 @@ TEST_F(CountingSearchForm, A_counting_that_cannot_be_opened_leaves_the_search_on
 }
 
 TEST_F(CountingSearchForm, Thirty_thousand_countings_are_drawn_at_once) {
-  database.Execute(
-      "with recursive n(i) as (select 100 union all select i+1 from n where i<30099) "
-      "insert into tblInventoryCounting (ID,ManualCode,InventoryID,CreatorID) select i,'M'||i,7,5 from n");
+  database.InsertRows("tblInventoryCounting (ID,ManualCode,InventoryID,CreatorID)", 100, 30'099,
+                      [](int i) { return std::to_string(i) + ",'M" + std::to_string(i) + "',7,5"; });
   int reports = 0;
   form.flexSearch.RowsChanged.Always([&](const GridChange&) { ++reports; });
   EXPECT_EQ(Found().size(), 30005U);

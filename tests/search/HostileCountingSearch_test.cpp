@@ -24,11 +24,11 @@ class HostileCountingSearch : public CountingSearchTest {
  protected:
   void SetUp() override {
     CountingSearchTest::SetUp();
-    std::string rows = "delete from tblInventoryCounting; delete from tblInventoryCountingDetail; begin;";
+    std::string rows = "delete from tblInventoryCounting; delete from tblInventoryCountingDetail;";
     for (std::size_t i = 0; i < texts.size(); ++i) {
       rows += RowsOf(std::to_string(i + 1), Literal(texts[i]));
     }
-    database.Execute(rows + "commit");
+    database.Execute(rows);
     before = database.Dump();
   }
   /// The countings that hold a text.

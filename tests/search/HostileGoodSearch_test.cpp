@@ -27,11 +27,11 @@ class HostileGoodSearch : public GoodSearchTest {
 
   void SetUp() override {
     GoodSearchTest::SetUp();
-    std::string rows = "delete from tblGood; begin;";
+    std::string rows = "delete from tblGood;";
     for (std::size_t i = 0; i < texts.size(); ++i) {
       rows += RowOf(std::to_string(i), Literal(texts[i]));
     }
-    database.Execute(rows + "commit");
+    database.Execute(rows);
     before = database.Dump();
   }
   [[nodiscard]] Texts Expected(const std::string& text, Matches matches) const {

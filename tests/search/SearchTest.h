@@ -8,7 +8,6 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "control/services/SharedState.h"
 #include "platform/SqlLexer.h"
 #include "tests/support/FakeMessages.h"
@@ -70,8 +69,7 @@ class SearchTest : public ::testing::Test {
     }
   };
 
-  SqliteConnector sqlite_;
-  test::RecordingConnector recording_{sqlite_};
+  test::RecordingConnector recording_{database.Connector()};
   test::FixedClock clock_{Date{std::chrono::year(2024) / 3 / 20}};
   NoFiles files_;
   NoSpreadsheets spreadsheets_;

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "platform/Errors.h"
 #include "tests/support/FailingDatabase.h"
 #include "tests/support/FakeMessages.h"
@@ -27,30 +26,30 @@ TEST(TemporaryFolder, Goes_with_everything_in_it) {
 }
 
 TEST(TestDatabase, Dumps_NULL_texts_and_numbers_apart_and_regardless_of_their_order) {
-  TestDatabase a;
-  TestDatabase b;
-  EXPECT_EQ(a.Dump(), "");
-  a.Execute("insert into tblInventory (ID, ParentID, Name) values (1, NULL, '1'), (2, 1, 'it''s')");
-  b.Execute("insert into tblInventory (ID, ParentID, Name) values (2, 1, 'it''s'), (1, NULL, '1')");
-  EXPECT_EQ(a.Dump(), b.Dump());
-  EXPECT_EQ(a.Dump(),
-            "tblInventory: ID=1, ParentID=NULL, Name='1', IsDefault=0\n"
-            "tblInventory: ID=2, ParentID=1, Name='it''s', IsDefault=0\n");
-  b.Execute("update tblInventory set ParentID=0 where ID=1");
-  EXPECT_NE(a.Dump(), b.Dump());
+  TestDatabase database;
+  EXPECT_EQ(database.Dump(), "");
+  const std::string rows =
+      "tblUser: ID=1, FullName='1'\n"
+      "tblUser: ID=2, FullName='it''s'\n";
+  database.Execute("insert into tblUser (ID, FullName) values (1, '1'), (2, 'it''s')");
+  EXPECT_EQ(database.Dump(), rows);
+  database.Execute("delete from tblUser; insert into tblUser (ID, FullName) values (2, 'it''s'), (1, '1')");
+  EXPECT_EQ(database.Dump(), rows);
+  database.Execute("insert into tblInventory (ID, ParentID, Name) values (1, NULL, '')");
+  EXPECT_EQ(database.Dump(), "tblInventory: ID=1, ParentID=NULL, Name='', IsDefault=0\n" + rows);
 }
 
 TEST(TestDatabase, Reads_fields_and_rows_as_text) {
   TestDatabase database;
   EXPECT_EQ(database.Scalar("select ID from tblInventory"), "none");
   EXPECT_EQ(database.Scalar("select max(ID) from tblInventory"), "NULL");
-  EXPECT_EQ(database.Rows("select 1, NULL union all select 'x', 2.5"), "1|NULL\nx|2.5\n");
+  database.Execute("insert into tblGood (Barcode,Name,TotalQty) values ('x','',2.5),('y','a;b',NULL)");
+  EXPECT_EQ(database.Rows("select Name,TotalQty from tblGood order by Barcode"), "|2.5\na;b|NULL\n");
 }
 
 TEST(RecordingDatabase, Writes_down_statements_and_calls_in_their_order_also_when_they_fail) {
-  const TestDatabase database;
-  SqliteConnector connector;
-  RecordingConnector recording(connector);
+  TestDatabase database;
+  RecordingConnector recording(database.Connector());
   const auto connection = recording.Connect(database.ConnectionText());
   connection->Open(SqlText("select ID  from tblUser where FullName='x'"));
   EXPECT_EQ(connection->Call("spPelinHasPermission", {1, 806}), 0);
@@ -62,13 +61,13 @@ TEST(RecordingDatabase, Writes_down_statements_and_calls_in_their_order_also_whe
 
 TEST(FailingDatabase, Fails_the_nth_statement_alone_before_it_reaches_the_database) {
   TestDatabase database;
-  SqliteConnector connector;
-  FailingConnector failing(connector);
+  FailingConnector failing(database.Connector());
   const auto connection = failing.Connect(database.ConnectionText());
   failing.Plan().FailAt(2);
+  int id = 0;
   for (const bool fails : {false, true, false}) {
     try {
-      connection->Open(SqlText("insert into tblUser (FullName) values ('x')"));
+      connection->Open(SqlText("insert into tblUser (ID,FullName) values (") + ++id + ",'x')");
       EXPECT_FALSE(fails);
     } catch (const DatabaseError& error) {
       EXPECT_TRUE(fails);

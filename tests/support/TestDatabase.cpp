@@ -1,8 +1,6 @@
 #include "tests/support/TestDatabase.h"
 
-#include <algorithm>
-#include <chrono>
-#include <vector>
+#include <cstdlib>
 
 #include "adapters/sqlite/CreateDatabaseFile.h"
 #include "database/Schema.h"
@@ -10,72 +8,61 @@
 namespace koru::test {
 namespace {
 
-SqliteConnection MakeAndOpen(const std::string& file) {
+TrialRoute AskedFor() {
+  const char* server = std::getenv("KORU_SQLSERVER");
+  if (server == nullptr) return {};
+  return {TrialRoute::Way::Server, server};
+}
+
+std::string EmptyFile(std::string file) {
   CreateDatabaseFile(file, EmbeddedSchema());
-  return {file, SqliteConnection::Mode::Existing, std::chrono::seconds(5)};
+  return file;
 }
 
-std::string FieldText(const SqliteStatement& statement, int column) {
-  return statement.IsNull(column) ? "NULL" : std::string(statement.Text(column));
-}
-
-std::vector<std::string> Column(SqliteConnection& connection, const std::string& sql) {
-  std::vector<std::string> values;
-  SqliteStatement statement = connection.Prepare(sql);
-  while (statement.Step()) values.push_back(FieldText(statement, 0));
-  return values;
-}
-
-/// A query for each row of a table as one text, in which a text is quoted and NULL is not.
-std::string RowsAsText(SqliteConnection& connection, const std::string& table) {
-  std::string joined;
-  for (const std::string& column :
-       Column(connection, "select name from pragma_table_info('" + table + "')")) {
-    joined += joined.empty() ? "'" : " || ', ";
-    joined += column;
-    joined += "=' || quote(" + column;
-    joined += ")";
-  }
-  return "select " + joined + " from " + table;
+std::string FieldText(const Recordset& records, std::size_t column) {
+  const Value value = records.Field(column);
+  return value.IsNull() ? "NULL" : value.Text();
 }
 
 }  // namespace
 
-TestDatabase::TestDatabase() : file_(folder_.File("test.koru")), connection_(MakeAndOpen(file_)) {}
+TestDatabase::TestDatabase() : trial_(AskedFor(), EmptyFile(folder_.File("test.koru"))) {}
 
-std::string TestDatabase::ConnectionText() const { return "Provider=SQLite;Data Source=\"" + file_ + "\""; }
+TestDatabase::TestDatabase(const std::string& file) : trial_(AskedFor(), file) {}
+
+bool TestDatabase::TakesKeyboardsAsEqual() {
+  Execute("insert into tblUser (ID,FullName) values (-1,'كي4')");
+  const bool isFound = Scalar("select ID from tblUser where ID=-1 and FullName='کی۴'") != "none";
+  Execute("delete from tblUser where ID=-1");
+  return isFound;
+}
+
+void TestDatabase::InsertRows(const std::string& columns, int first, int last,
+                              const std::function<std::string(int)>& values) {
+  constexpr int kRowsOfStatement = 500;  // a server takes no more than 1,000
+  std::string statements;
+  for (int row = first; row <= last; ++row) {
+    const bool isFirst = (row - first) % kRowsOfStatement == 0;
+    statements += isFirst ? ";insert into " + columns + " values (" : ",(";
+    statements += values(row) + ")";
+  }
+  Execute(statements);
+}
 
 std::string TestDatabase::Scalar(const std::string& sql) {
-  SqliteStatement statement = connection_.Prepare(sql);
-  return statement.Step() ? FieldText(statement, 0) : "none";
+  const Recordset records = trial_.Run(sql);
+  return records.AtEnd() ? "none" : FieldText(records, 0);
 }
 
 std::string TestDatabase::Rows(const std::string& sql) {
   std::string text;
-  SqliteStatement statement = connection_.Prepare(sql);
-  while (statement.Step()) {
-    for (int column = 0; column < statement.ColumnCount(); ++column) {
-      text += (column == 0 ? "" : "|") + FieldText(statement, column);
+  for (Recordset records = trial_.Run(sql); !records.AtEnd(); records.MoveNext()) {
+    for (std::size_t column = 0; column < records.Columns().size(); ++column) {
+      text += (column == 0 ? "" : "|") + FieldText(records, column);
     }
     text += '\n';
   }
   return text;
-}
-
-std::string TestDatabase::Dump() {
-  std::string dump;
-  const std::string tables =
-      "select name from sqlite_schema where type = 'table' and name not like 'sqlite[_]%' order by name";
-  for (const std::string& table : Column(connection_, tables)) {
-    std::vector<std::string> rows = Column(connection_, RowsAsText(connection_, table));
-    std::sort(rows.begin(), rows.end());
-    for (const std::string& row : rows) {
-      dump += table;
-      dump += ": " + row;
-      dump += '\n';
-    }
-  }
-  return dump;
 }
 
 }  // namespace koru::test

@@ -1,38 +1,52 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
-#include "adapters/sqlite/SqliteConnection.h"
+#include "database/trial/TrialDatabase.h"
+#include "tests/support/DumpTables.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace koru::test {
 
-/// A fresh database file with the real schema and no rows, in a folder of its own, and a connection of the
-/// test's to put rows in and to look at what the component has stored. The statements here are in SQLite's
-/// own dialect.
+/// A fresh database with the suite's tables and no rows: an embedded file, or, where KORU_SQLSERVER holds a
+/// connection text, the scratch database of that server, so that one suite of tests tells of both. A server
+/// has one scratch database: there, a second one of these takes the first one's rows away. Statements are in
+/// the dialect of the suite's server.
 class TestDatabase {
  public:
   TestDatabase();
+  /// One that begins with the rows of that embedded database, and may be it.
+  explicit TestDatabase(const std::string& file);
 
-  /// What a host would hand to the component: `Provider=SQLite;Data Source=...`.
-  [[nodiscard]] std::string ConnectionText() const;
-  [[nodiscard]] const std::string& File() const { return file_; }
-  [[nodiscard]] const TemporaryFolder& Folder() const { return folder_; }
+  /// What a host would hand to the component.
+  [[nodiscard]] const std::string& ConnectionText() const { return trial_.ConnectionText(); }
+  /// Whether it is a server's: there every statement reaches the disk by itself.
+  [[nodiscard]] bool IsOnServer() const { return trial_.IsOnServer(); }
+  /// What makes the component's connections.
+  [[nodiscard]] DatabaseConnector& Connector() { return trial_.Connector(); }
 
-  /// Runs one or more statements that return no rows.
-  void Execute(const std::string& sql) { connection_.Execute(sql); }
+  /// Whether letters and digits of Persian and Arabic keyboards are equal to it: an embedded database takes
+  /// them so, a server by its collation.
+  [[nodiscard]] bool TakesKeyboardsAsEqual();
+
+  /// Runs statements that return no rows, parted by `;`.
+  void Execute(const std::string& sql) { trial_.RunAll(sql); }
+  /// Inserts the rows `first` to `last` into `table (column, ...)`; `values` writes one without parentheses.
+  void InsertRows(const std::string& columns, int first, int last,
+                  const std::function<std::string(int)>& values);
+  /// The rows of one statement.
+  [[nodiscard]] Recordset Open(const std::string& sql) { return trial_.Run(sql); }
   /// The first field of the first row as text; "NULL" for NULL, "none" when there is no row.
   [[nodiscard]] std::string Scalar(const std::string& sql);
   /// All rows as text: fields are joined by `|`, NULL is "NULL", every row ends in a line feed.
   [[nodiscard]] std::string Rows(const std::string& sql);
-  /// All rows of all tables, for comparing before and after. Texts are quoted; the order of rows does not
-  /// count.
-  [[nodiscard]] std::string Dump();
+  /// All rows of all tables; see DumpTables.
+  [[nodiscard]] std::string Dump() { return DumpTables(trial_.Own()); }
 
  private:
   TemporaryFolder folder_;
-  std::string file_;
-  SqliteConnection connection_;
+  TrialDatabase trial_;
 };
 
 }  // namespace koru::test

@@ -3,14 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "platform/Errors.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
 
 class EmbeddedDialectTest : public testing::Test {
  protected:
-  test::TestDatabase file_;
+  test::TestFile file_;
   EmbeddedDialect dialect_{file_.File()};
 };
 

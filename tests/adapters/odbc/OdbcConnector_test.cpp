@@ -9,7 +9,7 @@
 #include <filesystem>
 
 #include "adapters/odbc/OdbcConnectError.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -82,7 +82,7 @@ TEST(OdbcConnector, A_file_that_is_not_there_is_not_made) {
 }
 
 TEST(OdbcConnector, Persian_letters_compare_as_the_embedded_adapter_compares_them) {
-  test::TestDatabase file;
+  test::TestFile file;
   file.Execute("insert into tblUser (ID, FullName) values (1, 'علي اكبري')");
   const auto database =
       OdbcConnector().Connect("Provider=ODBC;Dialect=SQLite;Driver=SQLite3;Database=\"" + file.File() + "\"");
@@ -94,7 +94,7 @@ TEST(OdbcConnector, Persian_letters_compare_as_the_embedded_adapter_compares_the
 }
 
 TEST(OdbcConnector, What_a_write_group_writes_reaches_the_file_together_also_after_a_failure) {
-  test::TestDatabase file;
+  test::TestFile file;
   const auto database = OdbcConnector().Connect(EmbeddedThroughOdbcText(file.File()));
   const auto count = [&] { return file.Scalar("select count(*) from tblUser"); };
   {
@@ -115,7 +115,7 @@ TEST(OdbcConnector, What_a_write_group_writes_reaches_the_file_together_also_aft
 }
 
 TEST(OdbcConnector, A_file_whose_path_is_Persian_is_opened) {
-  const test::TestDatabase made;
+  const test::TestFile made;
   const std::string file = made.Folder().File("پایگاه داده.koru");
   std::filesystem::copy_file(made.File(), std::filesystem::path(std::u8string(file.begin(), file.end())));
   const auto database =

@@ -5,7 +5,7 @@
 
 #include "adapters/odbc/OdbcConnectError.h"
 #include "adapters/odbc/OdbcConnector.h"
-#include "tests/adapters/odbc/ScriptedServer.h"
+#include "tests/server/ScriptedServer.h"
 
 namespace koru::test {
 namespace {
@@ -73,7 +73,7 @@ TEST_F(OdbcServer, Persian_names_and_messages_arrive) {
 }
 
 TEST_F(OdbcServer, Rows_are_read) {
-  const ScriptedServer server(Answering("select N", {Answer::Kind::Number, 806, {}}));
+  const ScriptedServer server(Answering("select N", OneField("N", 806)));
   const std::unique_ptr<Database> database = OdbcConnector(kShort).Connect(server.ConnectionText());
   const Recordset records = database->Open(SqlText("select N"));
   ASSERT_EQ(records.RecordCount(), 1U);
@@ -81,13 +81,13 @@ TEST_F(OdbcServer, Rows_are_read) {
 }
 
 TEST_F(OdbcServer, Days_are_read_without_their_time) {
-  const ScriptedServer server(Answering("select N", {Answer::Kind::Day, 45352, {}}));
+  const ScriptedServer server(Answering("select N", OneField("CreateDate", "2024-03-03")));
   const std::unique_ptr<Database> database = OdbcConnector(kShort).Connect(server.ConnectionText());
-  EXPECT_EQ(database->Open(SqlText("select N")).Field("N").Text(), "2024-03-03");
+  EXPECT_EQ(database->Open(SqlText("select N")).Field("CreateDate").Text(), "2024-03-03");
 }
 
 TEST_F(OdbcServer, A_procedure_is_called_and_answers_with_its_return_value) {
-  const ScriptedServer server(Answering("CALL spPelinHasPermission", {Answer::Kind::Done, 1, {}}));
+  const ScriptedServer server(Answering("CALL spPelinHasPermission(7,806)", {Answer::Kind::Done, 1, {}}));
   const std::unique_ptr<Database> database = OdbcConnector(kShort).Connect(server.ConnectionText());
   EXPECT_EQ(database->Call("spPelinHasPermission", {7, 806}), 1);
   EXPECT_EQ(database->Call("spOther", {7}), 0);

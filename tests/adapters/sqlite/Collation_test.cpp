@@ -3,7 +3,7 @@
 #include <string>
 
 #include "adapters/sqlite/SqliteConnector.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -13,7 +13,7 @@ class Collation : public testing::Test {
   Recordset Open(const SqlText& statement) { return connection_->Open(statement); }
   std::size_t Count(const SqlText& statement) { return Open(statement).RecordCount(); }
 
-  test::TestDatabase database_;
+  test::TestFile database_;
   SqliteConnector connector_;
   std::unique_ptr<Database> connection_ = connector_.Connect(database_.ConnectionText());
 };

@@ -7,7 +7,7 @@
 
 #include "adapters/sqlite/StatementShape.h"
 #include "platform/Errors.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -17,7 +17,7 @@ class Dialect : public testing::Test {
   std::string Translated(const std::string& statement) {
     return TranslateShape(ReadShape(statement).text, connection_);
   }
-  test::TestDatabase database_;
+  test::TestFile database_;
   SqliteConnection connection_{database_.File(), SqliteConnection::Mode::Existing, std::chrono::seconds(0)};
 };
 

@@ -5,7 +5,7 @@
 
 #include "adapters/sqlite/Dialect.h"
 #include "adapters/sqlite/StatementShape.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -17,7 +17,7 @@ class OverKeys : public testing::Test {
   ShapeOverKeys Translated(const std::string& statement) {
     return TranslateOverKeys(ReadShape(statement).text, connection_);
   }
-  test::TestDatabase database_;
+  test::TestFile database_;
   SqliteConnection connection_{database_.File(), SqliteConnection::Mode::Existing, std::chrono::seconds(0)};
 };
 

@@ -4,7 +4,7 @@
 
 #include "adapters/sqlite/Dialect.h"
 #include "adapters/sqlite/StatementShape.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -43,7 +43,7 @@ class QueryPlan : public testing::Test {
     return plan.find(step) != std::string::npos;
   }
 
-  test::TestDatabase database_;
+  test::TestFile database_;
   SqliteConnection connection_{database_.File(), SqliteConnection::Mode::Existing, std::chrono::seconds(0)};
 };
 

@@ -4,7 +4,7 @@
 
 #include "adapters/sqlite/SqliteConnector.h"
 #include "platform/Errors.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -43,7 +43,7 @@ class ReadGroupTest : public testing::Test {
   /// By another connection, which does not wait.
   void RegisterTheOther() { other_->Open(SqlText("update tblInventoryReceipt set Code=2 where ID=2")); }
 
-  test::TestDatabase database_;
+  test::TestFile database_;
   SqliteConnector connector_{std::chrono::milliseconds(0)};
   std::unique_ptr<Database> connection_ = connector_.Connect(database_.ConnectionText());
   std::unique_ptr<Database> other_ = connector_.Connect(database_.ConnectionText());

@@ -12,7 +12,7 @@
 #include "adapters/sqlite/FileFormat.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/Errors.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -58,7 +58,7 @@ class OpeningAFile : public testing::Test {
     EXPECT_NE(sentence.find(file), std::string::npos) << sentence;
   }
 
-  test::TestDatabase database_;
+  test::TestFile database_;
   const test::TemporaryFolder& folder_ = database_.Folder();
 };
 

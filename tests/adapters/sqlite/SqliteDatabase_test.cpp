@@ -7,7 +7,7 @@
 
 #include "adapters/sqlite/SqliteConnector.h"
 #include "platform/Errors.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -22,7 +22,7 @@ class Embedded : public testing::Test {
     return connection_.Open(SqlText("select Notes from tblInventoryCounting")).Field("Notes").Text();
   }
 
-  test::TestDatabase database_;
+  test::TestFile database_;
   SqliteDatabase connection_{
       SqliteConnection(database_.File(), SqliteConnection::Mode::Existing, std::chrono::seconds(0))};
 };

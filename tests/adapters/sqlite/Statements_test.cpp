@@ -6,7 +6,7 @@
 
 #include "adapters/sqlite/SqliteConnector.h"
 #include "platform/Errors.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -32,7 +32,7 @@ class StatementsOfTheSystem : public testing::Test {
  protected:
   Recordset Open(const SqlText& statement) { return connection_->Open(statement); }
 
-  test::TestDatabase database_;
+  test::TestFile database_;
   SqliteConnector connector_;
   std::unique_ptr<Database> connection_ = connector_.Connect(database_.ConnectionText());
 };

@@ -4,7 +4,7 @@
 
 #include "adapters/sqlite/SqliteConnector.h"
 #include "platform/Errors.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -14,7 +14,7 @@ class TwoConnections : public testing::Test {
   static std::size_t Users(Database& connection) {
     return connection.Open(SqlText("select ID from tblUser")).RecordCount();
   }
-  test::TestDatabase database_;
+  test::TestFile database_;
   SqliteConnector connector_{std::chrono::milliseconds(0)};
   std::unique_ptr<Database> writer_ = connector_.Connect(database_.ConnectionText());
   std::unique_ptr<Database> reader_ = connector_.Connect(database_.ConnectionText());

@@ -9,7 +9,7 @@
 #include "adapters/sqlite/SqliteConnector.h"
 #include "platform/Errors.h"
 #include "tests/support/FailingDatabase.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru {
 namespace {
@@ -22,7 +22,7 @@ class InAWriteGroup : public testing::Test {
     return database_.Scalar("select group_concat(ID) from (select ID from tblUser order by ID)");
   }
 
-  test::TestDatabase database_;
+  test::TestFile database_;
   SqliteConnector connector_{std::chrono::milliseconds(0)};
   std::unique_ptr<Database> connection_ = connector_.Connect(database_.ConnectionText());
 };

@@ -8,7 +8,7 @@
 #include "adapters/sqlite/SqliteConnector.h"
 #include "database/sqlserver/NeededTables.h"
 #include "tests/support/FailingDatabase.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru::test {
 namespace {
@@ -34,7 +34,7 @@ class CheckDatabaseTest : public testing::Test {
     return names;
   }
 
-  TestDatabase file_;
+  TestFile file_;
 };
 
 TEST_F(CheckDatabaseTest, A_good_database_is_good_in_every_line_and_stays_as_it_is) {

@@ -11,7 +11,7 @@
 #include "tests/support/FailingDatabase.h"
 #include "tests/support/RecordingDatabase.h"
 #include "tests/support/TSqlRules.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru::test {
 namespace {
@@ -28,8 +28,8 @@ class CopyRowsTest : public testing::Test {
   void CopyTo(Database& to, RowsTarget target) {
     CopyRows(from_.File(), to, target, [this](int percent) { told_.push_back(percent); });
   }
-  TestDatabase from_;
-  TestDatabase to_;
+  TestFile from_;
+  TestFile to_;
   std::vector<int> told_;
 };
 
@@ -95,6 +95,27 @@ TEST_F(CopyRowsTest, Keys_that_a_server_gives_by_itself_are_put_in_between_on_an
           "off"));
   EXPECT_TRUE(has(
       "insert into tblUser (ID,FullName) values (1,'علي ''رضا'''),(2,'می‌شود 🙂'),(3,'')"));
+}
+
+TEST_F(CopyRowsTest, The_key_of_a_deleted_document_is_not_given_again) {
+  from_.Execute(kRows);
+  from_.Execute("delete from tblInventoryCounting where ID = 12");
+  from_.Execute("delete from tblInventoryReceipt");
+  const auto database = OdbcConnector().Connect(EmbeddedThroughOdbcText(to_.File()));
+  CopyTo(*database, RowsTarget::EmbeddedFile);
+  EXPECT_EQ(to_.Dump(), from_.Dump());
+  to_.Execute("insert into tblInventoryCounting (Code) values (NULL)");
+  to_.Execute("insert into tblInventoryReceipt (Code) values (NULL)");
+  EXPECT_EQ(to_.Scalar("select max(ID) from tblInventoryCounting"), "13");
+  EXPECT_EQ(to_.Scalar("select max(ID) from tblInventoryReceipt"), "8");
+
+  Taker server;
+  CopyTo(server, RowsTarget::Server);
+  const auto insert = std::find(server.taken.begin(), server.taken.end(),
+                                "set identity_insert tblInventoryReceipt on insert into tblInventoryReceipt "
+                                "(ID) values (7) set identity_insert tblInventoryReceipt off");
+  ASSERT_LT(insert, server.taken.end() - 1);
+  EXPECT_EQ(*(insert + 1), "delete tblInventoryReceipt where ID=7");
 }
 
 TEST_F(CopyRowsTest, A_statement_never_has_more_rows_than_a_server_takes) {

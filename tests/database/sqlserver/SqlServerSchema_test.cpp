@@ -10,7 +10,7 @@
 #include "platform/Text.h"
 #include "tests/database/sqlserver/ScriptTables.h"
 #include "tests/support/TSqlRules.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/TestFile.h"
 
 namespace koru::test {
 namespace {
@@ -37,7 +37,7 @@ class SqlServerSchema : public testing::Test {
   Columns EmbeddedColumns(const std::string& table) {
     return Lines(embedded_.Rows("select name from pragma_table_info('" + table + "')"));
   }
-  TestDatabase embedded_;
+  TestFile embedded_;
 };
 
 TEST_F(SqlServerSchema, Has_the_tables_of_the_embedded_database_with_the_same_columns) {

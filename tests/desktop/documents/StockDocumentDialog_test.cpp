@@ -4,8 +4,8 @@
 #include <QPushButton>
 #include <QTableView>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "tests/desktop/WindowTools.h"
+#include "tests/support/FailingDatabase.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/TestDatabase.h"
 
@@ -20,7 +20,7 @@ class StockDocumentDialogTest : public testing::Test {
  protected:
   StockDocumentDialogTest() {
     messages.RegisterIn(components);
-    RegisterDocumentComponents(components, connector);
+    RegisterDocumentComponents(components, failing);
     base.Execute(
         "insert into tblInventory (ID,Name) values (3,'سردخانه');"
         "insert into tblUser (ID,FullName) values (5,'مريم احمدي');"
@@ -60,7 +60,7 @@ class StockDocumentDialogTest : public testing::Test {
   }
 
   test::TestDatabase base;
-  SqliteConnector connector;
+  test::FailingConnector failing{base.Connector()};
   FakeMessages messages;
   ComponentRegistry components;
 };
@@ -129,10 +129,9 @@ TEST_F(StockDocumentDialogTest, A_failing_database_is_told_and_the_window_stays_
   messages.WillAnswer(FakeMessages::Answer::Yes);
   messages.WillAnswer(FakeMessages::Answer::Yes);
   View(kReceipt, 7, [this](QWidget& dialog) {
-    base.Execute("alter table tblInventoryReceipt rename to away");
+    failing.Plan().FailAt(1);
     PressRegister(dialog);
     EXPECT_EQ(Shown(dialog, "code"), QStringLiteral("موقت"));
-    base.Execute("alter table away rename to tblInventoryReceipt");
     PressRegister(dialog);
     EXPECT_EQ(Shown(dialog, "code"), "42");
   });

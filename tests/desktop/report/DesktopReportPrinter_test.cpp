@@ -53,6 +53,24 @@ TEST_F(ReportPrinterOnTheDesktop, The_preview_opens_beside_the_program_and_goes_
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+TEST_F(ReportPrinterOnTheDesktop,
+       The_preview_is_called_what_the_report_says_with_the_number_of_the_counting) {
+  const auto titleOf = [this](const std::string& file) {
+    WriteTemplate(file + "band row\nline 6\ncell *\n");
+    printer.Show();
+    QString title = Previews().at(0)->windowTitle();
+    Previews()[0]->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return title.toStdString();
+  };
+  EXPECT_EQ(titleOf("name \"گزارش شمارش انبار {ID}\"\n"), "گزارش شمارش انبار") << "no lines, no number";
+  AddLine("1", "نان", 1, 2, 3);
+  EXPECT_EQ(titleOf("name \"گزارش شمارش انبار {ID}\"\n"), "گزارش شمارش انبار 1");
+  EXPECT_EQ(titleOf("name \"a/b: {fmlCompanyName}\"\n"), "a-b- شركت آفتاب") << "as a file can be called";
+  EXPECT_EQ(titleOf(""), "مشاهده گزارش");
+  EXPECT_THROW(titleOf("name \"{NoSuchColumn}\"\n"), InputError);
+}
+
 TEST_F(ReportPrinterOnTheDesktop, Above_a_modal_window_the_preview_can_be_used) {
   WriteTemplate("band row\nline 6\ncell *\n");
   QWidget form;

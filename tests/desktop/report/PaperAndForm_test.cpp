@@ -20,28 +20,37 @@ using test::TextsOf;
 class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterface<int> {
  protected:
   PaperAndForm() {
-    const std::string lines = std::to_string(GetParam());
-    // Every seventh agrees with the books, every eleventh was not counted, a rate may be missing; quantities
-    // have halves of a thousandth, and rates are not whole.
+    const auto barcode = [](int i) { return "'b" + std::to_string(i) + "'"; };
+    database.InsertRows("tblGood (Barcode, Code, Name)", 1, GetParam(), [&](int i) {
+      const std::string number = std::to_string(i);
+      return barcode(i) + ",'c" + std::string(5 - number.size(), '0') + number + "','كالاي " + number + "'";
+    });
+    database.InsertRows(
+        "tblInventoryCountingDetail (CountingID, RowNumber, Barcode, ScaleID, FirstCounting, "
+        "AcceptedCounting,"
+        " SystemCounting, ContradictionCounting, BaseValue)",
+        1, GetParam(),
+        [&](int i) { return "1," + std::to_string(i) + "," + barcode(i) + ",4," + Figures(i); });
+    // One line's good is gone since.
     database.Execute(
-        "with recursive n(i) as (select 1 union all select i + 1 from n where i < " + lines +
-        ") insert into tblGood (Barcode, Code, Name) select 'b' || i, printf('c%05d', i), 'كالاي ' || i from "
-        "n;"
-        "with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
-        lines +
-        "), counts(i, accepted, book) as (select i, case when i % 11 then i % 900 + i % 8 * 0.125 end,"
-        " i % 900 + case when i % 7 then (i % 13 - 6) * 0.0625 else i % 8 * 0.125 end from n)"
-        " insert into tblInventoryCountingDetail (CountingID, RowNumber, Barcode, ScaleID, FirstCounting,"
-        " AcceptedCounting, SystemCounting, ContradictionCounting, BaseValue)"
-        " select 1, i, 'b' || i, 4, accepted, accepted, book, nullif(accepted - book, 0),"
-        " case when i % 17 then i % 4000 * 250.5 + 1 end from counts;"
-        // One line's good is gone since.
         "insert into tblInventoryCountingDetail (CountingID, RowNumber, Barcode, AcceptedCounting, "
-        "SystemCounting,"
-        " ContradictionCounting, BaseValue) values (1, 0, 'gone', 5, 7, -2, 1000)");
+        "SystemCounting, ContradictionCounting, BaseValue) values (1, 0, 'gone', 5, 7, -2, 1000)");
     data.SetConnectionString(database.ConnectionText());
     lines_.SetUp();
     lines_.FillInvCounterDetailData(1);
+  }
+
+  /// Counts, book stock, difference and rate of a line. Every seventh agrees with the books, every eleventh
+  /// was not counted, a rate may be missing; quantities have halves of a thousandth, and rates are not whole.
+  static std::string Figures(int i) {
+    const double book = i % 900 + (i % 7 != 0 ? (i % 13 - 6) * 0.0625 : i % 8 * 0.125);
+    const double accepted = i % 900 + i % 8 * 0.125;
+    const bool isCounted = i % 11 != 0;
+    const bool differs = isCounted && accepted != book;
+    const std::string count = isCounted ? NumberText(accepted) : "NULL";
+    return count + "," + count + "," + NumberText(book) + "," +
+           (differs ? NumberText(accepted - book) : "NULL") + "," +
+           (i % 17 != 0 ? NumberText(i % 4000 * 250.5 + 1) : "NULL");
   }
 
   [[nodiscard]] std::unique_ptr<ReportDocument> Report(const std::string& name) {
@@ -60,7 +69,7 @@ class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterfa
   TextBox txtTotalBelowValue{form, "txtTotalBelowValue"};
   TextBox txtTotalAboveValue{form, "txtTotalAboveValue"};
   TextBox txtTotalValue{form, "txtTotalValue"};
-  dteInvCounting data{sqlite};
+  dteInvCounting data{recording};
 
  private:
   CountingLines lines_{flexDetail, txtTotalBelowValue, txtTotalAboveValue, txtTotalValue, data};

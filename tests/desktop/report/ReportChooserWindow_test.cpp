@@ -52,7 +52,7 @@ class ChooserWindow : public test::ReportDesk {
   DesktopScreen screen;
   test::FixedClock clock{Date{std::chrono::year{2024} / 3 / 20}};
   NothingThere machine;
-  SharedState shared{{.databases = sqlite,
+  SharedState shared{{.databases = recording,
                       .components = components,
                       .screen = screen,
                       .clock = clock,

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "desktop/report/DesktopReportPrinter.h"
 #include "tests/support/RecordingDatabase.h"
 #include "tests/support/TemporaryFolder.h"
@@ -41,8 +40,7 @@ class ReportDesk : public ::testing::Test {
 
   TestDatabase database;
   TemporaryFolder folder;
-  SqliteConnector sqlite;
-  RecordingConnector recording{sqlite};
+  RecordingConnector recording{database.Connector()};
   std::vector<std::string> told;
   DesktopReportPrinter printer{recording, [this](const std::string& sentence) { told.push_back(sentence); }};
 

@@ -69,6 +69,7 @@ TEST(ReportFile, A_mistake_is_told_with_file_line_and_reason) {
       {"margins 10 150 10 150\n" + row, "سطر 1", "جايي نمي ماند"},
       {"font 200\n" + row, "سطر 1", "قلم"},
       {"digits roman\n" + row, "سطر 1", "roman"},
+      {"name list\n" + row, "سطر 1", "نام گزارش"},
       {"rows Amount ~ 3\n" + row, "سطر 1", "~"},
       {"rows Amount = many\n" + row, "سطر 1", "many"},
       {"band rows", "سطر 1", "rows"},

@@ -46,8 +46,7 @@ class GoodSearchWindowTest : public GoodSearchTest {
                       widget->mapTo(window.get(), widget->rect().center()));
   }
 
-  SqliteConnector connector;
-  SelectorRecords records{connector};
+  SelectorRecords records{database.Connector()};
   std::unique_ptr<GoodSearchWindow> window;
 };
 
@@ -67,6 +66,18 @@ TEST_F(GoodSearchWindowTest, The_search_command_has_the_keyboard_first_and_Tab_g
   EXPECT_EQ(QApplication::focusWidget(), Named<QPushButton>("cmdSearch"));
   Press(Qt::Key_Tab);
   EXPECT_EQ(QApplication::focusWidget(), Field("txtBarCode"));
+}
+
+TEST_F(GoodSearchWindowTest, Shown_again_the_search_command_has_the_keyboard_wherever_it_was_left) {
+  Named<QPushButton>("cmdExit")->setFocus();
+  Press(Qt::Key_Escape);
+  ASSERT_FALSE(form.Visible());
+  window->hide();
+  QWidget below;
+  Open(below);
+  form.Show(false);
+  Open(*window);
+  EXPECT_EQ(QApplication::focusWidget(), Named<QPushButton>("cmdSearch"));
 }
 
 TEST_F(GoodSearchWindowTest, Ctrl_S_leaves_the_condition_and_hides) {

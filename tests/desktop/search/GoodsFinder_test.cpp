@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "tests/support/TestDatabase.h"
 
 namespace koru {
@@ -36,8 +35,7 @@ class GoodsFinderTest : public testing::Test {
   using Barcodes = std::vector<std::string>;
 
   test::TestDatabase base;
-  SqliteConnector connector;
-  std::unique_ptr<Database> database = connector.Connect(base.ConnectionText());
+  std::unique_ptr<Database> database = base.Connector().Connect(base.ConnectionText());
   GoodsFinder finder{*database};
 };
 
@@ -49,6 +47,7 @@ TEST_F(GoodsFinderTest, Every_word_must_occur_in_name_code_or_barcode) {
 }
 
 TEST_F(GoodsFinderTest, Persian_letters_and_digits_find_what_is_written_with_others) {
+  if (!base.TakesKeyboardsAsEqual()) GTEST_SKIP() << "the collation of this server keeps them apart";
   EXPECT_EQ(Found("چای"), (Barcodes{"626400", "A-1x"}));
   EXPECT_EQ(Found("۶۲۶۲"), Barcodes{"626200"});
 }
@@ -83,9 +82,8 @@ TEST_F(GoodsFinderTest, A_store_offers_what_it_or_a_store_below_it_has_moved) {
 }
 
 TEST_F(GoodsFinderTest, A_long_list_is_cut_and_says_so) {
-  base.Execute(
-      "with recursive n(v) as (select 1 union all select v+1 from n where v<5000)"
-      "insert into tblGood (Barcode,Name) select 'N'||v,'كالا '||v from n");
+  base.InsertRows("tblGood (Barcode,Name)", 1, 5'000,
+                  [](int i) { return "'N" + std::to_string(i) + "','كالا " + std::to_string(i) + "'"; });
   const FoundGoods found = finder.Find("كالا");
   EXPECT_EQ(found.goods.size(), GoodsFinder::kMostListed);
   EXPECT_TRUE(found.more);

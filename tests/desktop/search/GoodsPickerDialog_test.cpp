@@ -7,8 +7,8 @@
 #include <QPushButton>
 #include <QTableWidget>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "tests/desktop/WindowTools.h"
+#include "tests/support/FailingDatabase.h"
 #include "tests/support/TestDatabase.h"
 
 namespace koru {
@@ -42,14 +42,14 @@ class GoodsPickerDialogTest : public testing::Test {
   }
 
   test::TestDatabase base;
-  SqliteConnector connector;
-  GoodsPickerDialog picker{connector};
+  test::FailingConnector failing{base.Connector()};
+  GoodsPickerDialog picker{failing};
 };
 
 TEST_F(GoodsPickerDialogTest, Typing_narrows_the_list_and_Enter_picks_the_one) {
   Pick([](QWidget& dialog) {
     EXPECT_EQ(Rows(dialog, "results"), 4);
-    Type(QStringLiteral("هاشمی"));
+    Type(QStringLiteral("هاشمي"));
     Press(Qt::Key_Return);
   });
   EXPECT_EQ(picker.List(), "('','200')");
@@ -85,6 +85,23 @@ TEST_F(GoodsPickerDialogTest, Several_goods_go_into_the_basket_once_each_and_com
   });
   EXPECT_EQ(picker.List(), "('','100','3''0')");
   EXPECT_EQ(picker.Name(), "") << "there is no one good";
+}
+
+TEST_F(GoodsPickerDialogTest, A_scan_that_finds_nothing_is_said_and_the_next_one_replaces_it) {
+  picker.SetSeveralGoods(true);
+  Pick([](QWidget& dialog) {
+    for (const char* const barcode : {"999", "100", "998", "200"}) {
+      Type(barcode);
+      Press(Qt::Key_Return);
+      if (*barcode != '9') continue;
+      EXPECT_EQ(dialog.findChild<QLabel*>("status")->text(),
+                QStringLiteral("كالايي با اين مشخصات يافت نشد."));
+      EXPECT_EQ(dialog.findChild<QLineEdit*>("filter")->selectedText(), barcode);
+    }
+    EXPECT_LT(dialog.minimumSizeHint().width(), 1000);
+    Press(Qt::Key_Return, Qt::ControlModifier);
+  });
+  EXPECT_EQ(picker.List(), "('','100','200')");
 }
 
 TEST_F(GoodsPickerDialogTest, A_double_click_adds_a_good) {
@@ -142,12 +159,11 @@ TEST_F(GoodsPickerDialogTest, The_goods_of_the_store_are_offered_until_all_are_a
 TEST_F(GoodsPickerDialogTest, A_database_that_fails_is_told_and_the_next_key_tries_again) {
   Pick([this](QWidget& dialog) {
     auto* const status = dialog.findChild<QLabel*>("status");
-    base.Execute("alter table tblGood rename to away");
+    failing.Plan().FailAt(1);
     Type("1");
     QCoreApplication::processEvents();
     EXPECT_TRUE(status->text().startsWith(QStringLiteral("كالاها خوانده نشدند")));
     EXPECT_FALSE(dialog.findChild<QPushButton*>("ok")->isEnabled());
-    base.Execute("alter table away rename to tblGood");
     Type("0");
     QCoreApplication::processEvents();
     EXPECT_EQ(Rows(dialog, "results"), 1);

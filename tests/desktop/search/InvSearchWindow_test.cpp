@@ -40,8 +40,7 @@ class InvSearchWindowTest : public CountingSearchTest {
     return Results()->visualRect(Results()->model()->index(row, col)).center();
   }
 
-  SqliteConnector connector;
-  SelectorRecords records{connector};
+  SelectorRecords records{database.Connector()};
   std::unique_ptr<InvSearchWindow> window;
 };
 
@@ -165,6 +164,24 @@ TEST_F(InvSearchWindowTest, Escape_leaves_from_a_criterion_and_from_the_results_
   EXPECT_EQ(Named<QLineEdit>("txtNotes")->text(), QStringLiteral("ماهانه"));
 }
 
+TEST_F(InvSearchWindowTest, Each_showing_begins_in_the_first_criterion) {
+  QWidget below;
+  for (const char* const leftFrom : {"txtid1", "cmdExit", "txtNotes"}) {
+    EXPECT_EQ(QApplication::focusWidget(), Named<QLineEdit>("txtid1"));
+    Named<QWidget>(leftFrom)->setFocus();
+    Press(Qt::Key_Escape);
+    ASSERT_FALSE(form.Visible());
+    window->hide();
+    Open(below);
+    form.Show(false);
+    Open(*window);
+  }
+  EXPECT_EQ(QApplication::focusWidget(), Named<QLineEdit>("txtid1"));
+  EXPECT_EQ(form.Focus(), &form.txtid1);
+}
+
+TEST_F(InvSearchWindowTest, It_fits_on_a_small_screen) { EXPECT_LT(window->minimumSizeHint().width(), 1000); }
+
 TEST_F(InvSearchWindowTest, Enter_on_a_command_presses_that_command) {
   Named<QLineEdit>("txtNotes")->setFocus();
   Type("x");
@@ -190,10 +207,11 @@ TEST_F(InvSearchWindowTest, The_results_take_the_room_of_a_larger_window) {
 }
 
 TEST_F(InvSearchWindowTest, Thirty_thousand_countings_are_listed_and_the_last_can_be_reached) {
-  database.Execute(
-      "with recursive n(v) as (select 100 union all select v+1 from n where v<30099)"
-      "insert into tblInventoryCounting (ID,Code,ManualCode,InventoryID,CreatorID) "
-      "select v,v,'M-'||v,7,5 from n");
+  database.InsertRows("tblInventoryCounting (ID,Code,ManualCode,InventoryID,CreatorID)", 100, 30'099,
+                      [](int i) {
+                        const std::string number = std::to_string(i);
+                        return number + "," + number + ",'M-" + number + "',7,5";
+                      });
   form.cmdSearch.UserClick();
   EXPECT_EQ(Results()->model()->rowCount(), 30005);
   Results()->setFocus();
