@@ -47,7 +47,7 @@ QPalette FormPalette() {
 }
 
 /// Fields that take no input are grey, unavailable buttons are flat and pale, the field with the keyboard has
-/// a ring, and the arrow of a sorted column stands above its title.
+/// a ring.
 constexpr const char* kStyleSheet = R"(
 QToolTip { background: #253345; color: white; border: 1px solid #253345; padding: 3px; }
 QPushButton { background: #FDFDFE; border: 1px solid #B4BFCD; border-radius: 4px; padding: 4px 9px; }
@@ -99,8 +99,6 @@ QHeaderView { background: #DCE3ED; }
 QHeaderView::section { background: #DCE3ED; border: 0; border-left: 1px solid #B9C4D3; border-bottom: 1px solid #9FAEC2;
   padding: 2px 3px; }
 QHeaderView::section:hover { background: #CDD8E6; }
-QHeaderView::down-arrow, QHeaderView::up-arrow { subcontrol-position: top center; width: 0; height: 0;
-  border: 4px solid #DCE3ED; border-top: 3px solid #2F5D8C; border-bottom: 0; }
 QProgressBar { border: 1px solid #B4BFCD; border-radius: 4px; background: white; text-align: center; }
 QProgressBar::chunk { background: #7FA3CC; border-radius: 3px; }
 )";
