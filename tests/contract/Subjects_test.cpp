@@ -1,11 +1,8 @@
 #include <cstdlib>
 #include <memory>
-#include <optional>
 #include <string>
 
-#include "adapters/odbc/OdbcConnector.h"
-#include "adapters/sqlite/SqliteConnector.h"
-#include "database/sqlserver/ScratchDatabase.h"
+#include "database/trial/TrialDatabase.h"
 #include "tests/contract/DatabaseContract.h"
 #include "tests/server/StandInServer.h"
 #include "tests/support/TestFile.h"
@@ -13,52 +10,43 @@
 namespace koru::test {
 namespace {
 
-class EmbeddedFile : public ContractSubject {
+using Way = TrialRoute::Way;
+
+class TrialSubject : public ContractSubject {
  public:
-  std::unique_ptr<Database> Connect() override { return SqliteConnector().Connect(file_.ConnectionText()); }
+  explicit TrialSubject(const TrialRoute& route) : trial_(route, file_.File()) {}
+  std::unique_ptr<Database> Connect() override { return trial_.Connector().Connect(trial_.ConnectionText()); }
 
  private:
   TestFile file_;
+  TrialDatabase trial_;
 };
 
-class EmbeddedFileThroughOdbc : public ContractSubject {
+class StandInSubject : public ContractSubject {
  public:
-  std::unique_ptr<Database> Connect() override {
-    return OdbcConnector().Connect(EmbeddedThroughOdbcText(file_.File()));
-  }
+  std::unique_ptr<Database> Connect() override { return trial_.Connect(); }
 
  private:
-  TestFile file_;
+  StandInServer server_;
+  TrialSubject trial_{{Way::Server, server_.ConnectionText()}};
 };
 
-/// The scratch database of a server, whose rows go with every test: that which KORU_SQLSERVER names, or that
-/// of a stand-in.
-class Server : public ContractSubject {
- public:
-  Server() {
-    if (const char* named = std::getenv("KORU_SQLSERVER")) {
-      connectionText_ = named;
-    } else {
-      connectionText_ = standIn_.emplace().ConnectionText();
-    }
-    EmptyScratchDatabase(*OdbcConnector().Connect(connectionText_));
+ContractCase OnFile(const std::string& name, Way way) {
+  return {name, [way] { return std::make_unique<TrialSubject>(TrialRoute{way, {}}); }};
+}
+
+/// The server that KORU_SQLSERVER names, or a stand-in.
+std::unique_ptr<ContractSubject> Server() {
+  if (const char* named = std::getenv("KORU_SQLSERVER")) {
+    return std::make_unique<TrialSubject>(TrialRoute{Way::Server, named});
   }
-  std::unique_ptr<Database> Connect() override { return OdbcConnector().Connect(connectionText_); }
-
- private:
-  std::optional<StandInServer> standIn_;
-  std::string connectionText_;
-};
-
-template <class Subject>
-std::unique_ptr<ContractSubject> Made() {
-  return std::make_unique<Subject>();
+  return std::make_unique<StandInSubject>();
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, DatabaseContract,
-                         testing::Values(ContractCase{"Embedded", Made<EmbeddedFile>},
-                                         ContractCase{"EmbeddedThroughOdbc", Made<EmbeddedFileThroughOdbc>},
-                                         ContractCase{"Server", Made<Server>}),
+                         testing::Values(OnFile("Embedded", Way::EmbeddedFile),
+                                         OnFile("EmbeddedThroughOdbc", Way::ThroughOdbc),
+                                         ContractCase{"Server", Server}),
                          [](const auto& info) { return info.param.name; });
 
 }  // namespace
