@@ -7,6 +7,7 @@
 #include "documents/HeaderValues.h"
 #include "documents/ShownProgress.h"
 #include "lines/LineColumns.h"
+#include "platform/Errors.h"
 #include "platform/Text.h"
 
 namespace koru {
@@ -71,12 +72,25 @@ SqlText ManualCode(const CountingControls& form) { return SqlText() + Typed(Trim
 
 }  // namespace
 
-void CountingWriter::Write() const {
+void CountingWriter::Write() {
+  before_ = {shared_.DocMode, controls_.lblIDVal.Caption(), controls_.form.Caption()};
   if (shared_.DocMode == DocumentMode::New) InsertHeader();
   if (shared_.DocMode == DocumentMode::Editing) UpdateHeader();
   shared_.DocMode = DocumentMode::Viewing;
   disablelockcomponent_();
   ReplaceLines();
+}
+
+void CountingWriter::Finish(WriteGroup& group) const {
+  try {
+    group.Finish();
+  } catch (const DatabaseError&) {
+    shared_.DocMode = before_.mode;
+    controls_.lblIDVal.SetCaption(before_.id);
+    controls_.form.SetCaption(before_.title);
+    disablelockcomponent_();
+    throw;
+  }
 }
 
 void CountingWriter::InsertHeader() const {

@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
 
 #include "control/services/SharedState.h"
 #include "documents/CountingControls.h"
+#include "platform/Database.h"
 
 namespace koru {
 
@@ -26,9 +28,19 @@ class CountingWriter {
   /// mode the header is not written. Then the form turns to viewing, and the lines of the database are
   /// replaced by those of the grid. Throws DatabaseError; what the statements before the failing one wrote
   /// stays.
-  void Write() const;
+  void Write();
+  /// Brings what was written since the group began to the disk. When that fails nothing of it is there: the
+  /// form is again what it was before Write, and what was typed is still being entered. Throws DatabaseError.
+  void Finish(WriteGroup& group) const;
 
  private:
+  /// What Write changes on the form.
+  struct Entry {
+    DocumentMode mode = DocumentMode::Viewing;
+    std::string id;
+    std::string title;
+  };
+
   void InsertHeader() const;
   void UpdateHeader() const;
   void ReplaceLines() const;
@@ -36,6 +48,7 @@ class CountingWriter {
   const CountingControls& controls_;
   SharedState& shared_;
   const std::function<void()>& disablelockcomponent_;
+  Entry before_;
 };
 
 }  // namespace koru

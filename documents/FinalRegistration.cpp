@@ -30,7 +30,7 @@ void FinalRegistration::Run() {
   writer_.Write();
   StoreCode();
   documents_.CreateAdjustmentDocuments();
-  group->Finish();
+  writer_.Finish(*group);
 }
 
 void FinalRegistration::ShowNextCode() {

@@ -21,7 +21,7 @@ void TemporarySave::Run() {
   // move the numbers of other countings.
   if (shared_.DocMode != DocumentMode::Viewing) controls_.txtCode.SetText("");
   writer_.Write();
-  group->Finish();
+  writer_.Finish(*group);
 }
 
 }  // namespace koru

@@ -18,8 +18,9 @@ class LostFile : public CountingWorld {
     Form().txtNotes.UserType("پاياني");
     ASSERT_TRUE(Form().flexDetail.UserEdit(1, LineColumn::AcceptedCounting, "11"));
     NewMessages();
-    std::filesystem::rename(file_, file_ + ".away");
   }
+  void MoveAway() const { std::filesystem::rename(file_, file_ + ".away"); }
+  void PutBack() const { std::filesystem::rename(file_ + ".away", file_); }
   void ExpectIsToldAndKeepsWhatWasTyped(Button& command) {
     Form().Timer1.Fire();
     Click(command);
@@ -39,19 +40,56 @@ class LostFile : public CountingWorld {
 };
 
 TEST_F(LostFile, A_save_and_a_registration_tell_it_and_keep_what_was_typed) {
+  MoveAway();
   ExpectIsToldAndKeepsWhatWasTyped(Form().cmdTmpSave);
   ExpectIsToldAndKeepsWhatWasTyped(Form().cmdIsFinalized);
 }
 
 TEST_F(LostFile, Once_it_is_back_the_same_save_is_done) {
+  MoveAway();
   ExpectIsToldAndKeepsWhatWasTyped(Form().cmdTmpSave);
-  std::filesystem::rename(file_ + ".away", file_);
+  PutBack();
   Click(Form().cmdTmpSave);
   EXPECT_EQ(NewMessages(), Texts{});
   EXPECT_EQ(Mode(), DocumentMode::Viewing);
   EXPECT_EQ(database.Scalar("select AcceptedCounting from tblInventoryCountingDetail where CountingID=10 and "
                             "Barcode='G1'"),
             "11");
+}
+
+TEST_F(LostFile, When_nothing_of_a_save_could_be_kept_the_counting_is_still_being_entered) {
+  const auto moving = Form().pgbStatus.Changed.Subscribe([this] {
+    if (Form().pgbStatus.Value() == 2 && std::filesystem::exists(file_)) MoveAway();
+  });
+  ExpectIsToldAndKeepsWhatWasTyped(Form().cmdTmpSave);
+  EXPECT_FALSE(Form().txtNotes.Locked());
+}
+
+TEST_F(LostFile, A_new_counting_that_was_not_stored_shows_no_key_and_is_stored_by_the_next_save) {
+  messages.WillAnswer(FakeMessages::Answer::Yes);
+  Click(Form().cmdCancel);
+  Click(Form().cmdNew);
+  Form().flexDetail.SetRows(2);
+  Form().flexDetail.SetTextMatrix(1, LineColumn::Barcode, "G1");
+  Form().flexDetail.SetTextMatrix(1, LineColumn::GoodName, "چاي");
+  const std::string title = Form().Caption();
+  NewMessages();
+  {
+    const auto moving = Form().pgbStatus.Changed.Subscribe([this] {
+      if (Form().pgbStatus.Value() == 1 && std::filesystem::exists(file_)) MoveAway();
+    });
+    Form().Timer1.Fire();
+    Click(Form().cmdTmpSave);
+  }
+  EXPECT_EQ(NewMessages().size(), 1U);
+  EXPECT_EQ(Mode(), DocumentMode::New);
+  EXPECT_EQ(Form().lblIDVal.Caption(), "");
+  EXPECT_EQ(Form().Caption(), title);
+  PutBack();
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(NewMessages(), Texts{});
+  EXPECT_EQ(Form().lblIDVal.Caption(), "14");
+  EXPECT_EQ(database.Scalar("select count(*) from tblInventoryCounting"), "5");
 }
 
 }  // namespace
