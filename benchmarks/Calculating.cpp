@@ -10,7 +10,7 @@
 #include "benchmarks/Limits.h"
 #include "benchmarks/Program.h"
 #include "lines/LineColumns.h"
-#include "platform/Numbers.h"
+#include "platform/text/Numbers.h"
 
 namespace koru::bench {
 namespace {
@@ -51,8 +51,7 @@ struct Calculating {
   }
   void AddGoods() {
     empty.Press(empty.Form().cmdGoods);
-    if (empty.Form().flexDetail.Rows() != kMostLines + 1)
-      throw std::runtime_error("not all goods were added");
+    if (empty.Form().flexDetail.Rows() != kMaxLines + 1) throw std::runtime_error("not all goods were added");
   }
 
   PlainConnection plain;
@@ -70,11 +69,11 @@ std::vector<Workload> CalculatingWorkloads(const std::string& fullSample) {
   Workload of8000{"a line of cmdCalc, 8,000 lines beside 32,767", 1.5,
                   [all] { Calculating::Calculate(all->lines8000); }, calculateAll, Program::Draw};
   of8000.steps = 8'000;
-  of8000.limitSteps = kMostLines;
+  of8000.limitSteps = kMaxLines;
   Workload of2000{"a line of cmdCalc, 2,000 lines beside 32,767", 1.5,
                   [all] { Calculating::Calculate(all->lines2000); }, calculateAll, Program::Draw};
   of2000.steps = 2'000;
-  of2000.limitSteps = kMostLines;
+  of2000.limitSteps = kMaxLines;
   return {{"cmdCalc, 32,767 lines, 2,000,000 document lines", 5, calculateAll,
            [all] { benchmark::DoNotOptimize(CalculateByHand(all->plain)); }, Program::Draw},
           of8000,

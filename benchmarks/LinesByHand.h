@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "benchmarks/Limits.h"
-#include "platform/Grid.h"
+#include "platform/controls/Grid.h"
 
 namespace koru::bench {
 

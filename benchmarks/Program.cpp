@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <stdexcept>
 
-#include "host/Windows.h"
+#include "desktop/suite/Windows.h"
 
 namespace koru::bench {
 

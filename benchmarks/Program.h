@@ -4,12 +4,12 @@
 #include <string>
 
 #include "adapters/sqlite/SqliteConnector.h"
+#include "adapters/system/SystemServices.h"
 #include "adapters/xlsx/XlsxStarter.h"
-#include "control/comInvCounting.h"
-#include "desktop/DesktopScreen.h"
-#include "desktop/GridView.h"
-#include "desktop/SelectorRecords.h"
-#include "host/RealSurroundings.h"
+#include "component/comInvCounting.h"
+#include "desktop/fields/SelectorRecords.h"
+#include "desktop/forms/DesktopScreen.h"
+#include "desktop/grid/GridView.h"
 #include "tests/support/FakeMessages.h"
 
 namespace koru::bench {
@@ -50,8 +50,8 @@ class Program : private ControlHost {
   SqliteConnector databases_;
   ComponentRegistry components_;
   test::FakeMessages messages_;
-  RealClock clock_;
-  RealFileSystem files_;
+  SystemClock clock_;
+  SystemFileSystem files_;
   XlsxStarter spreadsheets_;
   SelectorRecords records_{databases_};
   OpenScreen screen_;

@@ -8,11 +8,11 @@
 
 #include "benchmarks/RunMain.h"
 #include "benchmarks/Workload.h"
-#include "desktop/Application.h"
-#include "desktop/QtText.h"
 #include "desktop/report/ReportDocument.h"
 #include "desktop/report/ReportOutput.h"
-#include "platform/Errors.h"
+#include "desktop/toolkit/Application.h"
+#include "desktop/toolkit/QtText.h"
+#include "platform/text/Errors.h"
 #include "reports/BuiltInReports.h"
 
 namespace koru::bench {

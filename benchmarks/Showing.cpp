@@ -13,8 +13,8 @@
 #include "benchmarks/SortByHand.h"
 #include "benchmarks/WorkbookByHand.h"
 #include "lines/LineColumns.h"
-#include "platform/Numbers.h"
-#include "platform/PersianText.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/PersianText.h"
 
 namespace koru::bench {
 namespace {

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Grid.h"
+#include "platform/controls/Grid.h"
 
 namespace koru::bench {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Grid.h"
+#include "platform/controls/Grid.h"
 
 namespace koru::bench {
 

@@ -11,7 +11,7 @@
 #include "benchmarks/Saving.h"
 #include "benchmarks/Showing.h"
 #include "benchmarks/Workload.h"
-#include "desktop/Application.h"
+#include "desktop/toolkit/Application.h"
 #include "host/Platform.h"
 
 namespace koru::bench {

@@ -4,14 +4,14 @@
 #include <utility>
 
 #include "lines/LineColumns.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
 
 /// Whether there is enough on the form for a save: a date, a store, and a first line with a good.
-bool CanBeSaved(DocumentMode mode, const CountingFormControls& controls) {
+bool CanBeSaved(DocumentMode mode, const InvCountingControls& controls) {
   if (mode == DocumentMode::Viewing || controls.flexDetail.Rows() < 2) return false;
   return !controls.gdpReceiveDate.IsEmpty() && !controls.gmpInventory.NothingSelected() &&
          !controls.flexDetail.TextMatrix(1, LineColumn::GoodName).empty();
@@ -19,7 +19,7 @@ bool CanBeSaved(DocumentMode mode, const CountingFormControls& controls) {
 
 }  // namespace
 
-void disablelockcomponent(DocumentMode mode, CountingFormControls& controls) {
+void disablelockcomponent(DocumentMode mode, InvCountingControls& controls) {
   if (mode < DocumentMode::Viewing || mode > DocumentMode::Empty) return;
   const bool viewing = mode == DocumentMode::Viewing;
   const bool empty = mode == DocumentMode::Empty;
@@ -56,7 +56,7 @@ void disablelockcomponent(DocumentMode mode, CountingFormControls& controls) {
   controls.flexDetail.SetLocked(!entering);
 }
 
-void RefreshCommands(DocumentMode mode, CountingFormControls& controls) {
+void RefreshCommands(DocumentMode mode, InvCountingControls& controls) {
   const bool canBeSaved = CanBeSaved(mode, controls);
   controls.cmdIsFinalized.SetEnabled(canBeSaved);
   controls.cmdTmpSave.SetEnabled(canBeSaved);

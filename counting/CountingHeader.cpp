@@ -17,7 +17,7 @@ std::string NameOfCreator(const Value& creator, dteInvCounting& data) {
 
 }  // namespace
 
-bool FillInvCountingData(std::int32_t id, dteInvCounting& data, CountingFormControls& controls) {
+bool FillInvCountingData(std::int32_t id, dteInvCounting& data, InvCountingControls& controls) {
   const Recordset counting =
       data.rssqleditenter.Open(SqlText("Select * from tblInventoryCounting where ID =") + id);
   if (counting.RecordCount() == 0) return false;
@@ -45,7 +45,7 @@ bool FillInvCountingData(std::int32_t id, dteInvCounting& data, CountingFormCont
   return true;
 }
 
-void ClearCounting(CountingFormControls& controls) {
+void ClearCounting(InvCountingControls& controls) {
   controls.lblIDVal.SetCaption({});
   for (TextBox* box : {&controls.txtCode, &controls.txtGNO, &controls.txtNotes, &controls.txtTotalAboveValue,
                        &controls.txtTotalBelowValue, &controls.txtTotalValue, &controls.txtCreator}) {

@@ -1,16 +1,16 @@
 #include "counting/DocumentCommands.h"
 
-#include "control/services/Permission.h"
 #include "counting/CommandStates.h"
 #include "counting/CountingHeader.h"
+#include "services/Permission.h"
 
 namespace koru {
 
 void DocumentCommands::New() {
-  if (!MayDo(shared_, FormPermission::New)) return;
+  if (!CheckPermission(shared_, FormPermission::New)) return;
   ClearCounting(controls_);
   SetMode(DocumentMode::New);
-  controls_.gdpReceiveDate.SetValue(shared_.surroundings.clock.Today());
+  controls_.gdpReceiveDate.SetValue(shared_.services.clock.Today());
   controls_.txtCreator.SetText(SignedInFullName(shared_.user.userID, shared_.data));
   controls_.gmpInventory.Parent().SetFocus(controls_.gmpInventory);
   if (defaultStore_ == StoreChange::kNoDefaultStore) return;
@@ -19,7 +19,7 @@ void DocumentCommands::New() {
 }
 
 void DocumentCommands::Edit() {
-  if (!MayDo(shared_, FormPermission::Edit)) return;
+  if (!CheckPermission(shared_, FormPermission::Edit)) return;
   if (controls_.IsFinal()) {
     shared_.messages.ShowMessage(sentences::kError,
                                  "اين شمارش ثبت نهايي شده است و نميتوان آن را اصلاح نمود.");
@@ -29,7 +29,7 @@ void DocumentCommands::Edit() {
 }
 
 void DocumentCommands::Delete() {
-  if (!MayDo(shared_, FormPermission::Delete)) return;
+  if (!CheckPermission(shared_, FormPermission::Delete)) return;
   if (controls_.IsFinal()) {
     shared_.messages.ShowMessage(sentences::kError,
                                  "اين شمارش ثبت نهايي شده است و نميتوان آن را ابطال نمود.");
@@ -37,7 +37,7 @@ void DocumentCommands::Delete() {
   }
   if (shared_.messages.AskQuestion("حذف شمارش", sentences::kAreYouSure) != kAnswerYes) return;
   const double id = controls_.CountingID();
-  const auto written = shared_.data.BeginWriteGroup();
+  const auto written = shared_.data.BeginWriteBatch();
   shared_.data.rssqldelenterdetail.Open(SqlText("delete tblInventoryCountingDetail where CountingID=") + id);
   shared_.data.rssqldelenter.Open(SqlText("delete tblInventoryCounting where id=") + id);
   written->Finish();
@@ -56,7 +56,7 @@ void DocumentCommands::DeleteAll() {
 
 void DocumentCommands::Cancel() {
   if (shared_.messages.AskQuestion("انصراف از ثبت شمارش", sentences::kAreYouSure) != kAnswerYes) return;
-  const Hourglass hourglass(shared_.surroundings.screen);
+  const Hourglass hourglass(shared_.services.screen);
   if (controls_.CountingID() > 0) {
     FillInvCountingData(static_cast<std::int32_t>(controls_.CountingID()), shared_.data, controls_);
     SetMode(DocumentMode::Viewing);

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
-#include "control/services/SharedState.h"
-#include "counting/CountingFormControls.h"
+#include "counting/InvCountingControls.h"
 #include "counting/StoreChange.h"
 #include "lines/CountingLines.h"
+#include "services/SharedState.h"
 
 namespace koru {
 
@@ -13,7 +13,7 @@ namespace koru {
 class DocumentCommands {
  public:
   /// All arguments must outlive the object.
-  DocumentCommands(SharedState& shared, CountingFormControls& controls, CountingLines& lines,
+  DocumentCommands(SharedState& shared, InvCountingControls& controls, CountingLines& lines,
                    StoreChange& storeChange, const std::int32_t& defaultStore)
       : shared_(shared),
         controls_(controls),
@@ -39,7 +39,7 @@ class DocumentCommands {
   void SetMode(DocumentMode mode);
 
   SharedState& shared_;
-  CountingFormControls& controls_;
+  InvCountingControls& controls_;
   CountingLines& lines_;
   StoreChange& storeChange_;
   const std::int32_t& defaultStore_;

@@ -21,7 +21,7 @@ void StoreChange::Test() {
   const bool entering = shared_.DocMode == DocumentMode::Editing || shared_.DocMode == DocumentMode::New;
   if (entering && gmpInventory_.SelectedID() != defaultStore_ && HasChildren()) {
     shared_.messages.ShowMessage(sentences::kError, "انبار انتخاب شده فرزند دارد.");
-    TakeBack();
+    RestoreDefaultStore();
     return;
   }
   AskAboutLines();
@@ -40,7 +40,7 @@ bool StoreChange::HasChildren() {
   return shared_.data.rssqlCommon.Open(children).RecordCount() > 0;
 }
 
-void StoreChange::TakeBack() {
+void StoreChange::RestoreDefaultStore() {
   if (defaultStore_ == kNoDefaultStore) {
     gmpInventory_.ClearSelection();
     return;

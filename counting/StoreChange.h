@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "control/services/SharedState.h"
-#include "platform/Grid.h"
-#include "platform/Selector.h"
+#include "platform/controls/Grid.h"
+#include "platform/controls/Selector.h"
+#include "services/SharedState.h"
 
 namespace koru {
 
@@ -28,7 +28,7 @@ class StoreChange {
   void Test();
   [[nodiscard]] bool MayWorkThere();
   [[nodiscard]] bool HasChildren();
-  void TakeBack();
+  void RestoreDefaultStore();
   void AskAboutLines();
 
   SharedState& shared_;

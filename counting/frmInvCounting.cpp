@@ -1,19 +1,19 @@
 #include "counting/frmInvCounting.h"
 
-#include "control/services/Permission.h"
 #include "counting/CommandStates.h"
 #include "counting/CountingHeader.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
+#include "services/Permission.h"
 
 namespace koru {
 
 frmInvCounting::frmInvCounting(SharedState& shared)
-    : Form(shared.surroundings.screen, "frmInvCounting"),
-      CountingFormControls(static_cast<Form&>(*this)),
+    : Form(shared.services.screen, "frmInvCounting"),
+      InvCountingControls(static_cast<Form&>(*this)),
       shared_(shared),
       lines_(flexDetail, txtTotalBelowValue, txtTotalAboveValue, txtTotalValue, shared.data),
       editing_(flexDetail, lines_, shared.messages, shared.DocMode),
-      quantity_(flexDetail, gmpInventory, gdpFromDate, gdpToDate, pgbStatus, shared.surroundings.screen,
+      quantity_(flexDetail, gmpInventory, gdpFromDate, gdpToDate, pgbStatus, shared.services.screen,
                 shared.data, editing_, lines_),
       storeChange_(shared, gmpInventory, flexDetail, defaultStore_),
       commands_(shared, *this, lines_, storeChange_, defaultStore_),
@@ -21,10 +21,10 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       finalRegistration_(DocumentControls(), shared, [this] { disablelockcomponent(); }),
       returnToTemporary_(DocumentControls(), shared),
       addGoods_(
-          flexDetail, gmpInventory, pgbStatus, shared.surroundings.screen, shared.data, shared.messages,
+          flexDetail, gmpInventory, pgbStatus, shared.services.screen, shared.data, shared.messages,
           quantity_, lines_, [this] { ShowGoodSearch(); }, GoodSearchCondition),
       viewReport_(shared, lblIDVal, reportBaseFolder_, ready_),
-      excelExport_(flexDetail, pgbStatus, shared.surroundings.screen, shared.surroundings.spreadsheets),
+      excelExport_(flexDetail, pgbStatus, shared.services.screen, shared.services.spreadsheets),
       linkedDocuments_(shared, lblIDVal) {
   SetCaption("شمارش");
   OnFailure = [this](const std::exception& failure) { shared_.messages.ShowFailure(failure); };
@@ -60,7 +60,7 @@ void frmInvCounting::SetUpStores() {
 }
 
 void frmInvCounting::ShowInvSearch() {
-  if (!MayDo(shared_, FormPermission::Search)) return;
+  if (!CheckPermission(shared_, FormPermission::Search)) return;
   if (!invSearch_) {
     invSearch_ = std::make_unique<frmInvSearch>(shared_, [this](std::int32_t id) { return OpenFound(id); });
   }
@@ -123,7 +123,7 @@ void frmInvCounting::ConnectEvents() {
   cmdEdit.Click.Always([this] { commands_.Edit(); });
   cmdDelete.Click.Always([this] { commands_.Delete(); });
   cmdDeleteAll.Click.Always([this] { commands_.DeleteAll(); });
-  cmdCancel.Click.Always([this] { RunLast([this] { commands_.Cancel(); }); });
+  cmdCancel.Click.Always([this] { RunAndTick([this] { commands_.Cancel(); }); });
   cmdExit.Click.Always([this] { Exit(); });
   cmdSearch.Click.Always([this] { ShowInvSearch(); });
   cmdGoods.Click.Always([this] {
@@ -140,14 +140,14 @@ void frmInvCounting::ConnectEvents() {
   cmdFunc.Click.Always([this] { mnuRS.Click.Raise(); });
   gmpInventory.SelectionChanged.Always([this] { storeChange_.Run(); });
   gdpCreateDate.ValueChanged.Always([this] {
-    if (gdpCreateDate.IsEmpty()) gdpCreateDate.SetValue(shared_.surroundings.clock.Today());
+    if (gdpCreateDate.IsEmpty()) gdpCreateDate.SetValue(shared_.services.clock.Today());
   });
   Timer1.Tick.Always([this] { RefreshCommands(shared_.DocMode, *this); });
 }
 
 void frmInvCounting::Exit() {
   if (IsBeingEntered()) {
-    RunLast([this] { commands_.Cancel(); });
+    RunAndTick([this] { commands_.Cancel(); });
     return;
   }
   Unload();
@@ -159,15 +159,15 @@ bool frmInvCounting::IsBeingEntered() const {
 
 /// What was typed into the document on the form is not lost without a question.
 bool frmInvCounting::OpenFound(std::int32_t id) {
-  if (IsBeingEntered()) RunLast([this] { commands_.Cancel(); });
+  if (IsBeingEntered()) RunAndTick([this] { commands_.Cancel(); });
   if (IsBeingEntered()) return false;
-  const Hourglass hourglass(shared_.surroundings.screen);
+  const Hourglass hourglass(shared_.services.screen);
   return ViewInvCounting(id);
 }
 
 /// Runs a command that ends the entry of a document. The timer comes at once behind it: until it does, the
 /// same command could be pressed again, and a second registration takes a second number.
-void frmInvCounting::RunLast(const std::function<void()>& command) {
+void frmInvCounting::RunAndTick(const std::function<void()>& command) {
   try {
     command();
   } catch (...) {
@@ -180,7 +180,7 @@ void frmInvCounting::RunLast(const std::function<void()>& command) {
 /// A saved document has its save commands off; the keyboard goes to what is done with it next, never to a
 /// command that writes.
 void frmInvCounting::Save(const std::function<void()>& command) {
-  RunLast(command);
+  RunAndTick(command);
   if (shared_.DocMode == DocumentMode::Viewing) SetFocus(IsFinal() ? cmdView : cmdEdit);
 }
 

@@ -5,28 +5,28 @@
 #include <memory>
 #include <string>
 
-#include "control/services/SharedState.h"
-#include "counting/CountingFormControls.h"
 #include "counting/DocumentCommands.h"
+#include "counting/InvCountingControls.h"
 #include "counting/StoreChange.h"
-#include "documents/ExcelExport.h"
-#include "documents/FinalRegistration.h"
-#include "documents/LinkedDocuments.h"
-#include "documents/ReturnToTemporary.h"
-#include "documents/TemporarySave.h"
-#include "documents/ViewReport.h"
 #include "lines/AddGoods.h"
 #include "lines/CountingLines.h"
 #include "lines/LineEditing.h"
 #include "lines/SystemQuantity.h"
-#include "platform/Form.h"
+#include "output/ExcelExport.h"
+#include "output/LinkedDocuments.h"
+#include "output/ViewReport.h"
+#include "platform/controls/Form.h"
+#include "registration/FinalRegistration.h"
+#include "registration/ReturnToTemporary.h"
+#include "registration/TemporarySave.h"
 #include "search/frmGoodSearch.h"
 #include "search/frmInvSearch.h"
+#include "services/SharedState.h"
 
 namespace koru {
 
 /// The counting form: one counting document at a time, with its lines, its commands and its totals.
-class frmInvCounting : public Form, public CountingFormControls {
+class frmInvCounting : public Form, public InvCountingControls {
  public:
   /// `shared` must outlive the form.
   explicit frmInvCounting(SharedState& shared);
@@ -83,7 +83,7 @@ class frmInvCounting : public Form, public CountingFormControls {
   void ShowGoodSearch();
   void Exit();
   bool OpenFound(std::int32_t id);
-  void RunLast(const std::function<void()>& command);
+  void RunAndTick(const std::function<void()>& command);
   void Save(const std::function<void()>& command);
 
   SharedState& shared_;

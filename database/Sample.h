@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/Date.h"
+#include "platform/text/Date.h"
 
 namespace koru {
 

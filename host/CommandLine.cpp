@@ -1,7 +1,7 @@
 #include "host/CommandLine.h"
 
-#include "host/ConnectorByProvider.h"
-#include "platform/Errors.h"
+#include "adapters/provider/ConnectorByProvider.h"
+#include "platform/text/Errors.h"
 
 namespace koru {
 namespace {
@@ -32,9 +32,9 @@ class Reader {
     } else if (argument == "--desktop") {
       line_.desktop = true;
     } else if (argument == "--odbc") {
-      TakeWay(TrialRoute::Way::ThroughOdbc);
+      TakeWay(ScratchRoute::Way::ThroughOdbc);
     } else if (argument == "--server") {
-      TakeWay(TrialRoute::Way::Server);
+      TakeWay(ScratchRoute::Way::Server);
     } else if (argument == "--pictures") {
       line_.pictures = ValueOf(argument);
     } else if (argument == "-platform") {
@@ -69,8 +69,8 @@ class Reader {
     return arguments_[at_++];
   }
 
-  void TakeWay(TrialRoute::Way way) {
-    if (line_.way != TrialRoute::Way::EmbeddedFile) {
+  void TakeWay(ScratchRoute::Way way) {
+    if (line_.way != ScratchRoute::Way::EmbeddedFile) {
       throw InputError("از --odbc و --server تنها يكي به كار مي رود.");
     }
     line_.way = way;
@@ -91,7 +91,7 @@ class Reader {
       throw InputError("پس از play نام پروندة سناريو نيامده است.");
     }
     const bool forPlay =
-        line_.desktop || !line_.pictures.empty() || line_.way != TrialRoute::Way::EmbeddedFile;
+        line_.desktop || !line_.pictures.empty() || line_.way != ScratchRoute::Way::EmbeddedFile;
     const bool isHelp = line_.command == Command::Help || line_.command == Command::Version;
     if (forPlay && line_.command != Command::Play && !isHelp) {
       throw InputError("--desktop، --pictures، --odbc و --server تنها با play به كار مي روند.");

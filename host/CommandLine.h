@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "database/Sample.h"
-#include "database/trial/TrialDatabase.h"
+#include "database/scratch/ScratchDatabase.h"
 
 namespace koru {
 
@@ -14,13 +14,13 @@ struct CommandLine {
   enum class Command { HostScreen, CreateSample, CreateSchema, Check, Play, Help, Version };
 
   Command command = Command::HostScreen;
-  std::vector<std::string> files;  ///< the stories of Play; the one file of CreateSample
+  std::vector<std::string> files;  ///< the scenarios of Play; the one file of CreateSample
   std::string connection;          ///< the database to work on; empty for the host screen: the one used last
   std::optional<SampleSize> sample =
-      SampleSize::Standard;                             ///< of CreateSample and CreateSchema; nothing: none
-  TrialRoute::Way way = TrialRoute::Way::EmbeddedFile;  ///< how Play reaches the stories' databases
-  bool desktop = false;                                 ///< Play on the windows
-  std::string pictures;                                 ///< folder for the pictures of Play; empty: none
+      SampleSize::Standard;  ///< of CreateSample and CreateSchema; nothing: none
+  ScratchRoute::Way way = ScratchRoute::Way::EmbeddedFile;  ///< how Play reaches the scenarios' databases
+  bool desktop = false;                                     ///< Play on the windows
+  std::string pictures;                                     ///< folder for the pictures of Play; empty: none
   bool platformNamed = false;  ///< the toolkit was told its platform with `-platform`
 };
 

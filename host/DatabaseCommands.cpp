@@ -8,17 +8,17 @@
 #include "adapters/odbc/OdbcConnector.h"
 #include "adapters/odbc/OdbcDrivers.h"
 #include "adapters/odbc/OdbcTarget.h"
+#include "adapters/provider/ConnectorByProvider.h"
 #include "adapters/sqlite/CreateDatabaseFile.h"
 #include "adapters/sqlite/FilePath.h"
+#include "adapters/system/TemporaryFolder.h"
 #include "database/Schema.h"
 #include "database/sqlserver/CheckDatabase.h"
 #include "database/sqlserver/CopyRows.h"
 #include "database/sqlserver/SqlServerSchema.h"
-#include "host/ConnectorByProvider.h"
-#include "host/TemporaryFolder.h"
-#include "platform/ConnectionText.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/sql/ConnectionText.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

@@ -4,14 +4,14 @@
 #include <QStandardPaths>
 #include <filesystem>
 
-#include "desktop/Application.h"
-#include "desktop/MessageDialog.h"
-#include "desktop/QtText.h"
+#include "desktop/forms/MessageDialog.h"
+#include "desktop/toolkit/Application.h"
+#include "desktop/toolkit/QtText.h"
 #include "host/HostSession.h"
 #include "host/HostWindow.h"
 #include "host/SampleProgressWindow.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

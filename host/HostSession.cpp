@@ -4,9 +4,9 @@
 #include <QStandardPaths>
 #include <QUrl>
 
-#include "desktop/QtText.h"
-#include "host/Windows.h"
-#include "platform/Text.h"
+#include "desktop/suite/Windows.h"
+#include "desktop/toolkit/QtText.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
@@ -32,7 +32,7 @@ HostSession::HostSession(const std::filesystem::path& settings)
   RegisterDesktopComponents(components_, databases_);
 }
 
-Surroundings HostSession::Where() {
+HostServices HostSession::Where() {
   return {databases_, components_, screen_, clock_, files_, spreadsheets_};
 }
 

@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
+#include "adapters/provider/ConnectorByProvider.h"
+#include "adapters/system/SystemServices.h"
 #include "adapters/xlsx/XlsxStarter.h"
-#include "control/services/Messages.h"
-#include "desktop/DesktopScreen.h"
-#include "desktop/SelectorRecords.h"
-#include "host/ConnectorByProvider.h"
+#include "desktop/fields/SelectorRecords.h"
+#include "desktop/forms/DesktopScreen.h"
 #include "host/IniFile.h"
 #include "host/IniPropertyBag.h"
-#include "host/RealSurroundings.h"
-#include "platform/Components.h"
-#include "platform/Surroundings.h"
+#include "platform/ports/Components.h"
+#include "platform/ports/HostServices.h"
+#include "services/Messages.h"
 
 namespace koru {
 
@@ -31,7 +31,7 @@ class HostSession {
   /// read; the file then stays as it is.
   explicit HostSession(const std::filesystem::path& settings);
 
-  [[nodiscard]] Surroundings Where();
+  [[nodiscard]] HostServices Where();
   [[nodiscard]] PropertyBag& Properties() { return properties_; }
   /// Brings the properties to the disk. Throws InputError.
   void SaveProperties() const { settings_.Write(); }
@@ -49,8 +49,8 @@ class HostSession {
   ConnectorByProvider databases_;
   ComponentRegistry components_;
   Messages messages_{components_};
-  RealClock clock_;
-  RealFileSystem files_;
+  SystemClock clock_;
+  SystemFileSystem files_;
   XlsxStarter spreadsheets_;
   SelectorRecords records_{databases_};
   DesktopScreen screen_;

@@ -12,19 +12,19 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/Fields.h"
-#include "desktop/FileChoice.h"
-#include "desktop/FormWindow.h"
-#include "desktop/Keys.h"
-#include "desktop/QtText.h"
-#include "desktop/WindowPlace.h"
-#include "platform/ConnectionText.h"
-#include "platform/Text.h"
+#include "desktop/fields/Fields.h"
+#include "desktop/forms/FormWindow.h"
+#include "desktop/toolkit/FileChoice.h"
+#include "desktop/toolkit/Keys.h"
+#include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/WindowPlace.h"
+#include "platform/sql/ConnectionText.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
 
-constexpr QSize kUsualSize(1000, 620);
+constexpr QSize kDefaultSize(1000, 620);
 constexpr int kUserWidth = 200;
 constexpr int kNumberWidth = 140;
 
@@ -55,7 +55,7 @@ HostWindow::HostWindow(HostSession& session)
   AddSignIn(*layout);
   AddDoors(*layout);
   layout->addWidget(control_, 1);
-  resize(FirstSize(kUsualSize));
+  resize(FirstSize(kDefaultSize));
 }
 
 void HostWindow::AddSignIn(QVBoxLayout& window) {

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "desktop/comInvCountingWidget.h"
+#include "desktop/forms/comInvCountingWidget.h"
 #include "host/HostSession.h"
 
 class QComboBox;
@@ -24,7 +24,7 @@ class HostWindow : public QWidget {
   explicit HostWindow(HostSession& session);
 
   [[nodiscard]] comInvCountingWidget& Control() { return *control_; }
-  /// Shows what the connected database holds; one that cannot be read is reported to the person.
+  /// Shows what the connected database holds; one that cannot be read is reported to the user.
   void ReadDatabase();
 
  protected:

@@ -5,8 +5,8 @@
 #include <iterator>
 #include <system_error>
 
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

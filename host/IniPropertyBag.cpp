@@ -3,8 +3,8 @@
 #include <charconv>
 #include <optional>
 
-#include "platform/Errors.h"
-#include "platform/Numbers.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Numbers.h"
 
 namespace koru {
 namespace {

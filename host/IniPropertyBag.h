@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/IniFile.h"
-#include "platform/PropertyBag.h"
+#include "platform/ports/PropertyBag.h"
 
 namespace koru {
 

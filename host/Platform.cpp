@@ -6,8 +6,8 @@
 #include <fstream>
 #include <iostream>
 
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

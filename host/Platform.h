@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/TemporaryFolder.h"
+#include "adapters/system/TemporaryFolder.h"
 
 namespace koru {
 

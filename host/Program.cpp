@@ -7,16 +7,16 @@
 #include <optional>
 #include <system_error>
 
-#include "desktop/Application.h"
+#include "desktop/toolkit/Application.h"
 #include "host/CommandLine.h"
 #include "host/DatabaseCommands.h"
 #include "host/HostProgram.h"
 #include "host/Platform.h"
-#include "host/PlayCommand.h"
-#include "host/play/DesktopStage.h"
-#include "host/play/FormStage.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
+#include "scenario/FormDriver.h"
+#include "scenario/PlayCommand.h"
+#include "scenario/desktop/WindowDriver.h"
 
 namespace koru {
 namespace {
@@ -27,18 +27,18 @@ constexpr int kUnusable = 2;
 
 /// The server stands in the environment and not on the command line, where everybody on the machine could
 /// read its password.
-TrialRoute RouteOf(const CommandLine& line) {
-  if (line.way != TrialRoute::Way::Server) return {line.way, {}};
+ScratchRoute RouteOf(const CommandLine& line) {
+  if (line.way != ScratchRoute::Way::Server) return {line.way, {}};
   const char* server = std::getenv("KORU_SQLSERVER");
   if (server == nullptr) throw InputError("رشته اتصال سرور در متغير محيطي KORU_SQLSERVER نيامده است.");
   return {line.way, server};
 }
 
 int PlayOnForms(const CommandLine& line) {
-  const auto stage = [](Person& person, DatabaseConnector& databases) -> std::unique_ptr<Stage> {
-    return std::make_unique<FormStage>(person, databases);
+  const auto driver = [](ScenarioUser& user, DatabaseConnector& databases) -> std::unique_ptr<UiDriver> {
+    return std::make_unique<FormDriver>(user, databases);
   };
-  return PlayStories(line.files, stage, RouteOf(line), std::cout) ? kDone : kFailed;
+  return PlayScenarios(line.files, driver, RouteOf(line), std::cout) ? kDone : kFailed;
 }
 
 void MakeFolder(const std::string& folder) {
@@ -55,10 +55,10 @@ int PlayOnDesktop(const CommandLine& line, int& argc, char** argv) {
   QApplication application(argc, argv);
   SetUpApplication(application);
   QApplication::setQuitOnLastWindowClosed(false);
-  const auto stage = [&](Person& person, DatabaseConnector& databases) -> std::unique_ptr<Stage> {
-    return std::make_unique<DesktopStage>(person, databases, line.pictures);
+  const auto driver = [&](ScenarioUser& user, DatabaseConnector& databases) -> std::unique_ptr<UiDriver> {
+    return std::make_unique<WindowDriver>(user, databases, line.pictures);
   };
-  return PlayStories(line.files, stage, RouteOf(line), std::cout) ? kDone : kFailed;
+  return PlayScenarios(line.files, driver, RouteOf(line), std::cout) ? kDone : kFailed;
 }
 
 int Run(const CommandLine& line, int& argc, char** argv) {

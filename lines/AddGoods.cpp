@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "lines/LineColumns.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
@@ -73,7 +73,7 @@ std::optional<int> AddGoods::Run() {
   lines_.UpdateTotalQty();
   lines_.ColorRows();
   if (!allFit) {
-    messages_.ShowMessage(sentences::kWarning, "شمارش بيش از " + std::to_string(kMostLines) +
+    messages_.ShowMessage(sentences::kWarning, "شمارش بيش از " + std::to_string(kMaxLines) +
                                                    " سطر نمي پذيرد. كالاهايي كه جا داشتند اضافه شدند.");
   }
   return flexDetail_.Rows() - before;
@@ -81,13 +81,13 @@ std::optional<int> AddGoods::Run() {
 
 bool AddGoods::AddFound(Recordset& goods) {
   const GridRedrawOff redrawOff(flexDetail_);
-  const auto oneMoment = data_.BeginReadGroup();
+  const auto oneMoment = data_.BeginReadSnapshot();
   LineBarcodes barcodes(flexDetail_);
   for (; !goods.AtEnd(); goods.MoveNext()) {
     pgbStatus_.SetValue(pgbStatus_.Value() + 1);
     const std::string barcode = goods.Field("Barcode").Text();
     if (barcodes.GoodExistsInGrid(barcode)) continue;
-    if (flexDetail_.Rows() > kMostLines) return false;
+    if (flexDetail_.Rows() > kMaxLines) return false;
     AddLine(goods);
     barcodes.Add(barcode);
   }

@@ -3,14 +3,14 @@
 #include <functional>
 #include <optional>
 
-#include "control/services/Messages.h"
-#include "control/services/dteInvCounting.h"
 #include "lines/CountingLines.h"
 #include "lines/SystemQuantity.h"
-#include "platform/Grid.h"
-#include "platform/ProgressBar.h"
-#include "platform/Screen.h"
-#include "platform/Selector.h"
+#include "platform/controls/Grid.h"
+#include "platform/controls/ProgressBar.h"
+#include "platform/controls/Selector.h"
+#include "platform/ports/Screen.h"
+#include "services/Messages.h"
+#include "services/dteInvCounting.h"
 
 namespace koru {
 
@@ -26,7 +26,7 @@ class AddGoods {
            std::function<void()> showGoodSearch, const SqlText& goodSearchCondition);
 
   /// Refused with a message while no store is chosen; on a counting with lines, asked first. A counting ends
-  /// at kMostLines lines: goods that fit are added, and the user is told that there were more. How
+  /// at kMaxLines lines: goods that fit are added, and the user is told that there were more. How
   /// many lines were added; nothing when the search was not made. Throws DatabaseError; lines added before
   /// stay.
   std::optional<int> Run();

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "lines/LineColumns.h"
-#include "platform/Errors.h"
-#include "platform/Numbers.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Numbers.h"
 
 namespace koru {
 namespace {
@@ -124,13 +124,13 @@ void CountingLines::UpdateTotalQty() {
 void CountingLines::RefreshRows() {
   {
     const GridRedrawOff redrawOff(flexDetail_);
-    const int last = std::min(flexDetail_.Rows() - 1, kMostLines);
+    const int last = std::min(flexDetail_.Rows() - 1, kMaxLines);
     for (int row = 1; row <= last; ++row) {
       flexDetail_.SetTextMatrix(row, LineColumn::RowNumber, std::to_string(row));
     }
   }
-  if (flexDetail_.Rows() - 1 > kMostLines) {
-    throw OverflowError("تعداد رديفهاي شمارش از " + std::to_string(kMostLines) + " بيشتر است.");
+  if (flexDetail_.Rows() - 1 > kMaxLines) {
+    throw OverflowError("تعداد رديفهاي شمارش از " + std::to_string(kMaxLines) + " بيشتر است.");
   }
 }
 

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "control/services/dteInvCounting.h"
-#include "platform/Grid.h"
-#include "platform/TextBox.h"
+#include "platform/controls/Grid.h"
+#include "platform/controls/TextBox.h"
+#include "services/dteInvCounting.h"
 
 namespace koru {
 
@@ -38,7 +38,7 @@ class CountingLines {
   /// counts as its leading number; none is 0.
   void UpdateTotalQty();
 
-  /// Numbers the lines 1 to n in column 0. Throws OverflowError when there are more than kMostLines; the
+  /// Numbers the lines 1 to n in column 0. Throws OverflowError when there are more than kMaxLines; the
   /// lines up to that one are numbered.
   void RefreshRows();
 

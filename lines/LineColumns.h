@@ -28,6 +28,6 @@ enum : int {
 inline constexpr int kLineColumns = 17;
 
 /// Row numbers are 16-bit: a counting ends at this many lines.
-inline constexpr int kMostLines = 32767;
+inline constexpr int kMaxLines = 32767;
 
 }  // namespace koru

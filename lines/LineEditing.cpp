@@ -3,13 +3,13 @@
 #include <string>
 
 #include "lines/LineColumns.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
 
-constexpr double kMost = 1e9;
+constexpr double kMaxQuantityWithoutWarning = 1e9;
 
 /// What a person is told of a number out of range, and in which columns.
 struct RangeMessages {
@@ -34,7 +34,7 @@ LineEditing::LineEditing(Grid& flexDetail, CountingLines& lines, const Messages&
     : flexDetail_(flexDetail), lines_(lines), messages_(messages), docMode_(DocMode) {
   subscriptions_.push_back(flexDetail.ValidateEdit.Subscribe([this] { ValidateEdit(); }));
   subscriptions_.push_back(flexDetail.CellChanged.Subscribe([this] { CellChanged(); }));
-  subscriptions_.push_back(flexDetail.BlockFilled.Subscribe([this] { lines_.UpdateTotalQty(); }));
+  subscriptions_.push_back(flexDetail.BatchEdited.Subscribe([this] { lines_.UpdateTotalQty(); }));
   subscriptions_.push_back(flexDetail.RowDeleting.Subscribe([this] { RowDeleting(); }));
   subscriptions_.push_back(flexDetail.RowDeleted.Subscribe([this] { RowDeleted(); }));
   subscriptions_.push_back(flexDetail.RowChange.Subscribe([this] { RemoveEmptyRow(); }));
@@ -72,7 +72,7 @@ void LineEditing::ValidateEdit() {
   if (messages == nullptr) return;
   const std::string typed = flexDetail_.EditText();
   // Too much is only warned of, since a count may really be that large; a negative count cannot be.
-  if (Val(typed) > kMost) messages_.ShowMessage(sentences::kError, messages->tooMuch);
+  if (Val(typed) > kMaxQuantityWithoutWarning) messages_.ShowMessage(sentences::kError, messages->tooMuch);
   if (!Trim(typed).empty()) flexDetail_.SetEditText(NumberText(Val(typed)));
   if (Val(flexDetail_.EditText()) < 0) {
     messages_.ShowMessage(sentences::kError, messages->tooLittle);
@@ -84,7 +84,7 @@ void LineEditing::CellChanged() {
   const int col = flexDetail_.Col();
   if (col != LineColumn::AcceptedCounting && col != LineColumn::Rate) return;
   CalculateRow(flexDetail_.Row());
-  if (!flexDetail_.FillsBlock()) lines_.UpdateTotalQty();
+  if (!flexDetail_.InBatchEdit()) lines_.UpdateTotalQty();
 }
 
 void LineEditing::RowDeleting() {

@@ -2,10 +2,10 @@
 
 #include <vector>
 
-#include "control/services/Messages.h"
-#include "control/services/SharedState.h"
 #include "lines/CountingLines.h"
-#include "platform/Grid.h"
+#include "platform/controls/Grid.h"
+#include "services/Messages.h"
+#include "services/SharedState.h"
 
 namespace koru {
 

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "lines/LineColumns.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 
@@ -28,7 +28,7 @@ void SystemQuantity::CalculateAllLines() {
   {
     const Hourglass hourglass(screen_);
     const GridRedrawOff redrawOff(flexDetail_);
-    const auto oneMoment = flexDetail_.Rows() > 1 ? data_.BeginReadGroup() : nullptr;
+    const auto oneMoment = flexDetail_.Rows() > 1 ? data_.BeginReadSnapshot() : nullptr;
     for (int row = 1; row < flexDetail_.Rows(); ++row) {
       pgbStatus_.SetValue(pgbStatus_.Value() + 1);
       const std::string barcode(Trim(flexDetail_.TextMatrix(row, LineColumn::Barcode)));

@@ -3,15 +3,15 @@
 #include <cstdint>
 #include <string_view>
 
-#include "control/services/dteInvCounting.h"
 #include "lines/CountingLines.h"
 #include "lines/LineEditing.h"
-#include "platform/DateBox.h"
-#include "platform/Grid.h"
-#include "platform/ProgressBar.h"
-#include "platform/Screen.h"
-#include "platform/Selector.h"
-#include "platform/SqlText.h"
+#include "platform/controls/DateBox.h"
+#include "platform/controls/Grid.h"
+#include "platform/controls/ProgressBar.h"
+#include "platform/controls/Selector.h"
+#include "platform/ports/Screen.h"
+#include "platform/sql/SqlText.h"
+#include "services/dteInvCounting.h"
 
 namespace koru {
 

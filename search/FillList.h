@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "platform/ComboBox.h"
-#include "platform/Recordset.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/sql/Recordset.h"
 
 namespace koru {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "control/services/FixQuote.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 #include "search/PickedList.h"
 #include "search/TypedNumber.h"
+#include "services/FixQuote.h"
 
 namespace koru {
 

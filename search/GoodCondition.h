@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/SqlText.h"
+#include "platform/sql/SqlText.h"
 #include "search/GoodSearchControls.h"
 
 namespace koru {

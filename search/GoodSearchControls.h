@@ -1,17 +1,17 @@
 #pragma once
 
-#include "platform/Button.h"
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/Grid.h"
-#include "platform/Label.h"
-#include "platform/MenuItem.h"
-#include "platform/OptionButton.h"
-#include "platform/PopupMenu.h"
-#include "platform/ProgressBar.h"
-#include "platform/Selector.h"
-#include "platform/TextBox.h"
-#include "platform/Timer.h"
+#include "platform/controls/Button.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Grid.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/MenuItem.h"
+#include "platform/controls/OptionButton.h"
+#include "platform/controls/PopupMenu.h"
+#include "platform/controls/ProgressBar.h"
+#include "platform/controls/Selector.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Timer.h"
 
 namespace koru {
 

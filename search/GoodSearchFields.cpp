@@ -1,6 +1,6 @@
 #include "search/GoodSearchFields.h"
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 #include "search/Keys.h"
 #include "search/TypedNumber.h"
 
@@ -42,7 +42,7 @@ void ConnectFields(GoodSearchControls& controls) {
       &c.txtTitle,   &c.lblTitle,    &c.txtCode,     &c.lblCode,     &c.txtBarCode,
       &c.lblBarCode, &c.txtMinPrice, &c.txtMaxPrice, &c.lblMaxPrice, &c.lblLocation};
   for (Control* control : withMenu) {
-    control->RightClick.Always([&c] { c.menu.PopUp(MenuPlace::Pointer); });
+    control->RightClick.Always([&c] { c.menu.PopUp(MenuPlace::Cursor); });
   }
 }
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/ports/ComponentError.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
@@ -18,7 +18,7 @@ bool NamesOneGood(std::string_view list) {
 
 void GoodsPicking::Host() {
   try {
-    GrnBPGoodPicker_ = shared_.surroundings.components.Create(GoodsPicker::kClassName);
+    GrnBPGoodPicker_ = shared_.services.components.Create(GoodsPicker::kClassName);
   } catch (const ComponentError&) {
     GrnBPGoodPicker_.reset();
   }

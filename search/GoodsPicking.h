@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <memory>
 
-#include "control/services/SharedState.h"
-#include "platform/GoodsPicker.h"
+#include "platform/ports/GoodsPicker.h"
 #include "search/GoodSearchControls.h"
+#include "services/SharedState.h"
 
 namespace koru {
 

@@ -1,6 +1,6 @@
 #include "search/PickedList.h"
 
-#include "platform/SqlLexer.h"
+#include "platform/sql/SqlLexer.h"
 
 namespace koru {
 namespace {

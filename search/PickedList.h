@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/SqlText.h"
+#include "platform/sql/SqlText.h"
 
 namespace koru {
 

@@ -22,7 +22,7 @@ void SetUpTree(TreeSelector& selector, const std::string& connection, const char
 
 frmGoodSearch::frmGoodSearch(SharedState& shared, SqlText& GoodSearchCondition,
                              std::function<std::int32_t()> chosenStore)
-    : Form(shared.surroundings.screen, "frmGoodSearch"),
+    : Form(shared.services.screen, "frmGoodSearch"),
       GoodSearchControls(static_cast<Form&>(*this)),
       shared_(shared),
       goodSearchCondition_(GoodSearchCondition),

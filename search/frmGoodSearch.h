@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <functional>
 
-#include "control/services/SharedState.h"
-#include "platform/Form.h"
+#include "platform/controls/Form.h"
 #include "search/GoodSearchControls.h"
 #include "search/GoodsPicking.h"
+#include "services/SharedState.h"
 
 namespace koru {
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <utility>
 
-#include "search/CountingSearchQuery.h"
-#include "search/CountingSearchResult.h"
 #include "search/FillList.h"
+#include "search/InvSearchQuery.h"
+#include "search/InvSearchResult.h"
 #include "search/Keys.h"
 
 namespace koru {
@@ -20,8 +20,8 @@ std::string CountText(int count) {
 }  // namespace
 
 frmInvSearch::frmInvSearch(SharedState& shared, std::function<bool(std::int32_t)> ViewInvCounting)
-    : Form(shared.surroundings.screen, "frmInvSearch"),
-      CountingSearchControls(static_cast<Form&>(*this)),
+    : Form(shared.services.screen, "frmInvSearch"),
+      InvSearchControls(static_cast<Form&>(*this)),
       shared_(shared),
       viewInvCounting_(std::move(ViewInvCounting)) {
   SetCaption("جستجوي شمارش");
@@ -88,7 +88,7 @@ void frmInvSearch::Search() {
   const Hourglass hourglass(TheScreen());
   flexSearch.SetRows(1);
   lblResultCount.SetCaption({});
-  Recordset found = shared_.data.rssqlInvSearch.Open(CountingSearchQuery(*this).Statement());
+  Recordset found = shared_.data.rssqlInvSearch.Open(InvSearchQuery(*this).Statement());
   ShowFoundCountings(flexSearch, found);
   lblResultCount.SetCaption(CountText(flexSearch.Rows() - 1));
 }

@@ -3,15 +3,15 @@
 #include <cstdint>
 #include <functional>
 
-#include "control/services/SharedState.h"
-#include "platform/Form.h"
-#include "search/CountingSearchControls.h"
+#include "platform/controls/Form.h"
+#include "search/InvSearchControls.h"
+#include "services/SharedState.h"
 
 namespace koru {
 
 /// The counting search: finds countings by any mix of criteria and opens the one that is double-clicked. It
 /// hides and never unloads itself, so that criteria and results are still there at the next search.
-class frmInvSearch : public Form, public CountingSearchControls {
+class frmInvSearch : public Form, public InvSearchControls {
  public:
   /// `shared` must outlive the form; `ViewInvCounting` opens a counting on the counting form.
   frmInvSearch(SharedState& shared, std::function<bool(std::int32_t)> ViewInvCounting);

@@ -8,8 +8,8 @@
 #include "adapters/sqlite/Dialect.h"
 #include "adapters/sqlite/PermissionStatement.h"
 #include "adapters/sqlite/PersianFunctions.h"
-#include "platform/Errors.h"
-#include "platform/SqlLexer.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/sql/SqlLexer.h"
 
 namespace koru {
 namespace {
@@ -72,7 +72,7 @@ const EmbeddedDialect::Translation& EmbeddedDialect::Translated(const std::strin
 
 std::string EmbeddedDialect::SessionSettings() const { return "PRAGMA foreign_keys=OFF"; }
 
-std::optional<OdbcDialect::GroupStatements> EmbeddedDialect::WriteGroupStatements() const {
+std::optional<OdbcDialect::GroupStatements> EmbeddedDialect::WriteBatchStatements() const {
   return GroupStatements{"BEGIN IMMEDIATE", "COMMIT", "ROLLBACK"};
 }
 

@@ -21,7 +21,7 @@ class EmbeddedDialect : public OdbcDialect {
 
   [[nodiscard]] SentStatement Write(const std::string& statement) override;
   [[nodiscard]] std::string SessionSettings() const override;
-  [[nodiscard]] std::optional<GroupStatements> WriteGroupStatements() const override;
+  [[nodiscard]] std::optional<GroupStatements> WriteBatchStatements() const override;
   [[nodiscard]] std::optional<SqlText> ProcedureAsStatement(
       std::string_view procedure, const std::vector<std::int32_t>& parameters) const override;
 

@@ -8,7 +8,7 @@
 #include "adapters/odbc/OdbcDrivers.h"
 #include "adapters/odbc/ServerDialect.h"
 #include "adapters/sqlite/SqliteConnector.h"
-#include "platform/ConnectionText.h"
+#include "platform/sql/ConnectionText.h"
 
 namespace koru {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "adapters/odbc/OdbcTarget.h"
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru {
 

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "adapters/odbc/OdbcSession.h"
-#include "adapters/sqlite/NestedGroup.h"
-#include "platform/Errors.h"
+#include "adapters/sqlite/WriteBatchLevel.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru {
 
@@ -50,18 +50,18 @@ std::int32_t OdbcDatabase::Call(std::string_view procedure, const std::vector<st
                [&](OdbcSession& session) { return session.Call(name.text, parameters); });
 }
 
-std::unique_ptr<WriteGroup> OdbcDatabase::BeginWriteGroup() {
-  const auto statements = dialect_->WriteGroupStatements();
-  if (!statements) return std::make_unique<NestedGroup>(nullptr);
+std::unique_ptr<WriteBatch> OdbcDatabase::BeginWriteBatch() {
+  const auto statements = dialect_->WriteBatchStatements();
+  if (!statements) return std::make_unique<WriteBatchLevel>(nullptr);
   if (openGroups_ == 0) RunAlone(statements->begin);
-  auto group = std::make_unique<NestedGroup>([this] { EndGroup(); });
+  auto group = std::make_unique<WriteBatchLevel>([this] { EndGroup(); });
   ++openGroups_;
   return group;
 }
 
 void OdbcDatabase::EndGroup() {
   if (--openGroups_ > 0) return;
-  const OdbcDialect::GroupStatements statements = *dialect_->WriteGroupStatements();
+  const OdbcDialect::GroupStatements statements = *dialect_->WriteBatchStatements();
   try {
     RunAlone(statements.end);
   } catch (const DatabaseError&) {

@@ -8,7 +8,7 @@
 
 #include "adapters/odbc/OdbcDialect.h"
 #include "adapters/odbc/OdbcTarget.h"
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru {
 
@@ -28,7 +28,7 @@ class OdbcDatabase : public Database {
   Recordset Open(const SqlText& statement) override;
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
   /// Does nothing on a server, which decides by itself when it writes to its disk.
-  [[nodiscard]] std::unique_ptr<WriteGroup> BeginWriteGroup() override;
+  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override;
 
  private:
   OdbcSession& Session();

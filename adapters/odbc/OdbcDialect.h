@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "adapters/sqlite/StatementShape.h"
-#include "platform/SqlText.h"
+#include "platform/sql/SqlText.h"
 
 namespace koru {
 
@@ -39,7 +39,7 @@ class OdbcDialect {
     std::string end;
     std::string giveUp;  ///< after an end that failed
   };
-  [[nodiscard]] virtual std::optional<GroupStatements> WriteGroupStatements() const = 0;
+  [[nodiscard]] virtual std::optional<GroupStatements> WriteBatchStatements() const = 0;
 
   /// Where there are no procedures: a selection that finds rows when the procedure's answer is yes (1), none
   /// for no (0). Throws DatabaseError for a procedure that is not known. Nothing where procedures are called

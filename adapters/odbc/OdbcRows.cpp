@@ -7,7 +7,7 @@
 #include "adapters/odbc/OdbcDiagnostics.h"
 #include "adapters/odbc/OdbcHandle.h"
 #include "adapters/odbc/WideText.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Recordset.h"
+#include "platform/sql/Recordset.h"
 
 namespace koru {
 

@@ -8,8 +8,8 @@
 #include "adapters/odbc/OdbcDiagnostics.h"
 #include "adapters/odbc/OdbcRows.h"
 #include "adapters/odbc/WideText.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

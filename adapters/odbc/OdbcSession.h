@@ -8,7 +8,7 @@
 #include "adapters/odbc/OdbcDialect.h"
 #include "adapters/odbc/OdbcHandle.h"
 #include "adapters/odbc/OdbcTarget.h"
-#include "platform/Recordset.h"
+#include "platform/sql/Recordset.h"
 
 namespace koru {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "adapters/odbc/OdbcConnectError.h"
-#include "platform/ConnectionText.h"
-#include "platform/Text.h"
+#include "platform/sql/ConnectionText.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

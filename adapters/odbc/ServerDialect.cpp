@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/Errors.h"
-#include "platform/SqlLexer.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/sql/SqlLexer.h"
 
 namespace koru {
 namespace {
@@ -45,7 +45,7 @@ std::string ServerDialect::SessionSettings() const {
          "QUOTED_IDENTIFIER ON SET NUMERIC_ROUNDABORT OFF";
 }
 
-std::optional<OdbcDialect::GroupStatements> ServerDialect::WriteGroupStatements() const { return {}; }
+std::optional<OdbcDialect::GroupStatements> ServerDialect::WriteBatchStatements() const { return {}; }
 
 std::optional<SqlText> ServerDialect::ProcedureAsStatement(
     std::string_view /*procedure*/, const std::vector<std::int32_t>& /*parameters*/) const {

@@ -6,8 +6,9 @@
 
 #include "adapters/sqlite/FileFormat.h"
 #include "adapters/sqlite/FilePath.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

@@ -8,7 +8,7 @@
 #include "adapters/sqlite/OrAsIn.h"
 #include "adapters/sqlite/StatementTokens.h"
 #include "adapters/sqlite/TrimmedBarcode.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru {
 namespace {

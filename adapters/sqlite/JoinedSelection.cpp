@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "adapters/sqlite/WhereClause.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

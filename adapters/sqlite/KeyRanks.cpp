@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/PersianText.h"
-#include "platform/Text.h"
+#include "platform/text/PersianText.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

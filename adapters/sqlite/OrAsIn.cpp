@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

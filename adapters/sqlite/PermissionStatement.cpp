@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/SqlText.h"
+#include "platform/sql/SqlText.h"
 
 namespace koru {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "adapters/sqlite/LikePattern.h"
-#include "platform/Errors.h"
-#include "platform/PersianText.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/PersianText.h"
 
 namespace koru {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "platform/Recordset.h"
+#include "platform/sql/Recordset.h"
 
 namespace koru {
 

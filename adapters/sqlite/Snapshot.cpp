@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "adapters/sqlite/BindLiteral.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "adapters/sqlite/KeyRanks.h"
 #include "adapters/sqlite/PersianFunctions.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

@@ -9,9 +9,9 @@
 #include "adapters/sqlite/FilePath.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/SqliteDatabase.h"
-#include "platform/ConnectionText.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/sql/ConnectionText.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru {
 

@@ -9,11 +9,11 @@
 #include "adapters/sqlite/BindLiteral.h"
 #include "adapters/sqlite/Dialect.h"
 #include "adapters/sqlite/FilePath.h"
-#include "adapters/sqlite/NestedGroup.h"
 #include "adapters/sqlite/PermissionStatement.h"
 #include "adapters/sqlite/ReadToEnd.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "adapters/sqlite/WriteBatchLevel.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
@@ -26,7 +26,7 @@ constexpr const char* kCommit = "COMMIT";
 
 }  // namespace
 
-class SqliteDatabase::SnapshotGroup : public ReadGroup {
+class SqliteDatabase::SnapshotGroup : public ReadSnapshot {
  public:
   explicit SnapshotGroup(Snapshot& snapshot) : snapshot_(snapshot) { snapshot_.Begin(); }
   SnapshotGroup(const SnapshotGroup&) = delete;
@@ -82,19 +82,19 @@ std::int32_t SqliteDatabase::Call(std::string_view procedure, const std::vector<
   return Open(PermissionStatement(procedure, parameters)).RecordCount() > 0 ? 1 : 0;
 }
 
-std::unique_ptr<WriteGroup> SqliteDatabase::BeginWriteGroup() {
+std::unique_ptr<WriteBatch> SqliteDatabase::BeginWriteBatch() {
   snapshot_.End();
   if (openGroups_ == 0) {
     RequireFiles(kBegin);
     connection_.Execute(kBegin);
   }
-  auto group = std::make_unique<NestedGroup>([this] { EndGroup(); });
+  auto group = std::make_unique<WriteBatchLevel>([this] { EndGroup(); });
   ++openGroups_;
   return group;
 }
 
-std::unique_ptr<ReadGroup> SqliteDatabase::BeginReadGroup() {
-  if (openGroups_ > 0 || snapshot_.Stands()) return std::make_unique<ReadGroup>();
+std::unique_ptr<ReadSnapshot> SqliteDatabase::BeginReadSnapshot() {
+  if (openGroups_ > 0 || snapshot_.Stands()) return std::make_unique<ReadSnapshot>();
   RequireFiles({});
   return std::make_unique<SnapshotGroup>(snapshot_);
 }

@@ -10,8 +10,8 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/StatementCache.h"
 #include "adapters/sqlite/StatementShape.h"
-#include "platform/Database.h"
-#include "platform/Errors.h"
+#include "platform/sql/Database.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru {
 
@@ -32,10 +32,10 @@ class SqliteDatabase : public Database {
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
   /// A transaction from its beginning, so that a later statement cannot find the file locked. Throws
   /// DatabaseError when it is locked now.
-  [[nodiscard]] std::unique_ptr<WriteGroup> BeginWriteGroup() override;
+  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override;
   /// A snapshot of the file, which holds no lock against anyone. A write inside it ends the snapshot and the
   /// rest of the group runs as without; a group inside another one does nothing.
-  [[nodiscard]] std::unique_ptr<ReadGroup> BeginReadGroup() override;
+  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override;
 
   /// The number of prepared statements that are kept.
   [[nodiscard]] std::size_t KeptStatements() const { return cache_.Size() + snapshot_.KeptStatements(); }

@@ -3,14 +3,14 @@
 #include <charconv>
 #include <string_view>
 
-#include "platform/Errors.h"
-#include "platform/Numbers.h"
-#include "platform/SqlLexer.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/sql/SqlLexer.h"
+#include "platform/text/Numbers.h"
 
 namespace koru {
 namespace {
 
-constexpr std::size_t kUsualLiterals = 16;
+constexpr std::size_t kExpectedLiterals = 16;
 
 [[noreturn]] void Refuse(const std::string& why, const std::string& statement) {
   throw DatabaseError(why, kBrokenStatement, statement);
@@ -67,7 +67,7 @@ StatementShape ReadShape(const std::string& statement) {
   if (statement.find('\0') != std::string::npos) Refuse("A statement has no NUL characters.", statement);
   StatementShape shape;
   shape.text.reserve(statement.size());
-  shape.literals.reserve(kUsualLiterals);
+  shape.literals.reserve(kExpectedLiterals);
   SqlLexer lexer(statement);
   std::size_t behindLast = 0;
   std::size_t run = 0;  // what stands from here to behindLast is copied as it is

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 

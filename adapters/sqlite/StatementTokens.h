@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/SqlLexer.h"
+#include "platform/sql/SqlLexer.h"
 
 namespace koru {
 

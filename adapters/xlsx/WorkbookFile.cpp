@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "adapters/xlsx/WorkbookCheck.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

@@ -7,16 +7,16 @@
 #include <system_error>
 
 #include "adapters/xlsx/WorkbookFile.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostRows = 1048576;
-constexpr int kMostColumns = 16384;
+constexpr int kMaxRows = 1048576;
+constexpr int kMaxColumns = 16384;
 
 fs::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
 
@@ -66,7 +66,7 @@ class XlsxWorkbook : public Spreadsheet {
   }
 
   void SetCell(int row, int col, std::string_view text) override {
-    if (row < 1 || row > kMostRows || col < 1 || col > kMostColumns) {
+    if (row < 1 || row > kMaxRows || col < 1 || col > kMaxColumns) {
       throw std::out_of_range("no such cell in a workbook");
     }
     const auto r = static_cast<std::size_t>(row - 1);

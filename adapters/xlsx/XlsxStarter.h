@@ -3,8 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "platform/Spreadsheet.h"
-#include "platform/Surroundings.h"
+#include "platform/ports/HostServices.h"
+#include "platform/ports/Spreadsheet.h"
 
 namespace koru {
 

@@ -58,7 +58,7 @@ void FillLargeSample(SqliteConnection& connection, const LargeCounts& counts,
   WritePeople(connection);
   WriteLargeStores(connection);
   WriteUnits(connection);
-  WriteGroups(connection);
+  WriteBatchs(connection);
   std::vector<LargeGood> goods = MakeLargeGoods(random, counts.goods);
   WriteLargeDocuments(connection, random, counts, goods, [&report](int done) { report(done * 3 / 5); });
   WriteLargeGoods(connection, goods);

@@ -1,7 +1,7 @@
 #include "database/sample/SampleCountings.h"
 
 #include "database/sample/SampleRows.h"
-#include "platform/Numbers.h"
+#include "platform/text/Numbers.h"
 
 namespace koru::sample {
 namespace {

@@ -53,7 +53,7 @@ std::string GroupCode(int group) {
   return {};
 }
 
-void WriteGroups(SqliteConnection& connection) {
+void WriteBatchs(SqliteConnection& connection) {
   SqliteStatement insert =
       connection.Prepare("insert into tblGoodGroup (ID, ParentID, Code, Name) values (?, ?, ?, ?)");
   std::vector<std::pair<int, int>> nodes;

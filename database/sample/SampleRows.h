@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "platform/Date.h"
+#include "platform/text/Date.h"
 
 namespace koru::sample {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "platform/Date.h"
+#include "platform/text/Date.h"
 
 namespace koru::sample {
 

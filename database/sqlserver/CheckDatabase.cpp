@@ -6,7 +6,7 @@
 
 #include "adapters/odbc/OdbcConnectError.h"
 #include "database/sqlserver/NeededTables.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru {
 

@@ -7,8 +7,8 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/SqliteConnector.h"
-#include "control/services/FixQuote.h"
 #include "database/sqlserver/SqlServerSchema.h"
+#include "services/FixQuote.h"
 
 namespace koru {
 namespace {

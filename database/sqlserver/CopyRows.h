@@ -3,7 +3,7 @@
 #include <string>
 
 #include "database/Sample.h"
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru {
 

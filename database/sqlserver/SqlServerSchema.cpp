@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/Errors.h"
-#include "platform/SqlLexer.h"
-#include "platform/Text.h"
+#include "platform/sql/SqlLexer.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

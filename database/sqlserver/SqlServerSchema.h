@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Database.h"
-#include "platform/SqlText.h"
+#include "platform/sql/Database.h"
+#include "platform/sql/SqlText.h"
 
 namespace koru {
 

@@ -2,10 +2,10 @@
 
 #include <array>
 
-#include "desktop/Fields.h"
-#include "desktop/QtText.h"
-#include "desktop/ShownNumber.h"
-#include "platform/Numbers.h"
+#include "desktop/fields/Fields.h"
+#include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/ShownNumber.h"
+#include "platform/text/Numbers.h"
 
 namespace koru {
 namespace {

@@ -11,18 +11,18 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "desktop/Fields.h"
-#include "desktop/QtText.h"
-#include "desktop/ShownNumber.h"
 #include "desktop/documents/DocumentLinesModel.h"
-#include "platform/Numbers.h"
+#include "desktop/fields/Fields.h"
+#include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/ShownNumber.h"
+#include "platform/text/Numbers.h"
 
 // The widgets belong to their window, as the toolkit's widgets do.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 namespace koru {
 namespace {
 
-constexpr QSize kUsualSize(900, 560);
+constexpr QSize kDefaultSize(900, 560);
 
 }  // namespace
 
@@ -39,7 +39,7 @@ DocumentWindow::DocumentWindow(Database& database, const DocumentKind& kind, con
   AddTotals(*layout);
   AddCommands(*layout);
   ShowState();
-  resize(kUsualSize);
+  resize(kDefaultSize);
 }
 
 QLabel* DocumentWindow::NewValue(const char* objectName) {

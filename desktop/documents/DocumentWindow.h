@@ -2,8 +2,8 @@
 
 #include <QDialog>
 
-#include "control/services/Messages.h"
 #include "desktop/documents/StockDocument.h"
+#include "services/Messages.h"
 
 class QBoxLayout;
 class QGridLayout;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "desktop/documents/DocumentKind.h"
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru {
 

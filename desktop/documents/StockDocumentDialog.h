@@ -3,10 +3,10 @@
 #include <memory>
 #include <string>
 
-#include "control/services/Messages.h"
 #include "desktop/documents/StockDocument.h"
-#include "platform/Components.h"
-#include "platform/Database.h"
+#include "platform/ports/Components.h"
+#include "platform/sql/Database.h"
+#include "services/Messages.h"
 
 namespace koru {
 

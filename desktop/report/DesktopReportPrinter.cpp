@@ -6,10 +6,10 @@
 #include <QRegularExpression>
 #include <utility>
 
-#include "desktop/QtText.h"
 #include "desktop/report/ReportPreview.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "desktop/toolkit/QtText.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 #include "reports/BuiltInReports.h"
 
 namespace koru {

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "desktop/report/ReportDocument.h"
-#include "platform/Database.h"
-#include "platform/ReportPrinter.h"
+#include "platform/ports/ReportPrinter.h"
+#include "platform/sql/Database.h"
 
 namespace koru {
 

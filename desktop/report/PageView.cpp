@@ -36,7 +36,7 @@ int PageView::PageStep() const { return PageSize().height() + kGap; }
 void PageView::SetZoom(double zoom) {
   fitsWidth_ = false;
   const bool atTop = verticalScrollBar()->value() == 0;
-  const double bounded = std::clamp(zoom, kLeastZoom, kMostZoom);
+  const double bounded = std::clamp(zoom, kMinZoom, kMaxZoom);
   const double middle =
       (verticalScrollBar()->value() + viewport()->height() / 2.0) / std::max(1, PageStep() * PageCount());
   zoom_ = bounded;

@@ -16,10 +16,10 @@ class PageView : public QAbstractScrollArea {
   /// `report` must outlive the view.
   explicit PageView(const ReportDocument& report);
 
-  /// How large a page is shown: 1 is as large as on paper. Kept between kLeastZoom and kMostZoom; what is in
+  /// How large a page is shown: 1 is as large as on paper. Kept between kMinZoom and kMaxZoom; what is in
   /// the middle stays there, and so does the top of the first page at the top.
-  static constexpr double kLeastZoom = 0.25;
-  static constexpr double kMostZoom = 4;
+  static constexpr double kMinZoom = 0.25;
+  static constexpr double kMaxZoom = 4;
   [[nodiscard]] double Zoom() const { return zoom_; }
   void SetZoom(double zoom);
   /// As wide as the window.

@@ -11,7 +11,7 @@
 namespace koru {
 namespace {
 
-constexpr int kMostCopies = 99;
+constexpr int kMaxCopies = 99;
 constexpr int kListWidth = 260;
 
 // The widgets belong to their dialog, as the toolkit's widgets do.
@@ -53,7 +53,7 @@ bool AskHowToPrint(QPrinter& printer, const QStringList& printers, int pages, QW
   fields->addRow(QStringLiteral("چاپگر"), name);
   const auto* const from = AddNumber(*fields, "from", QStringLiteral("از صفحة"), pages, 1);
   const auto* const to = AddNumber(*fields, "to", QStringLiteral("تا صفحة"), pages, pages);
-  const auto* const copies = AddNumber(*fields, "copies", QStringLiteral("شمار نسخه ها"), kMostCopies, 1);
+  const auto* const copies = AddNumber(*fields, "copies", QStringLiteral("شمار نسخه ها"), kMaxCopies, 1);
   AddButtons(dialog, *fields);
   if (dialog.exec() != QDialog::Accepted) return false;
   printer.setPrinterName(name->currentText());

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "desktop/report/ReportNumbers.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

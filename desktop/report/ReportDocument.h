@@ -9,7 +9,7 @@
 
 #include "desktop/report/ReportLayout.h"
 #include "desktop/report/ReportTemplate.h"
-#include "platform/Recordset.h"
+#include "platform/sql/Recordset.h"
 
 namespace koru {
 

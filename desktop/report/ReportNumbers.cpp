@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "desktop/QtText.h"
-#include "desktop/ShownNumber.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
+#include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/ShownNumber.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

@@ -7,10 +7,10 @@
 #include <QSaveFile>
 #include <algorithm>
 
-#include "desktop/QtText.h"
 #include "desktop/report/ReportPainter.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "desktop/toolkit/QtText.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

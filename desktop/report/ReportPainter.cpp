@@ -9,7 +9,7 @@
 #include <map>
 #include <utility>
 
-#include "desktop/QtText.h"
+#include "desktop/toolkit/QtText.h"
 
 namespace koru {
 namespace {

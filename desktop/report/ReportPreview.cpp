@@ -11,16 +11,16 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "desktop/Fields.h"
-#include "desktop/FileChoice.h"
-#include "desktop/WindowPlace.h"
+#include "desktop/fields/Fields.h"
 #include "desktop/report/PrintChoice.h"
 #include "desktop/report/ReportOutput.h"
+#include "desktop/toolkit/FileChoice.h"
+#include "desktop/toolkit/WindowPlace.h"
 
 namespace koru {
 namespace {
 
-constexpr QSize kUsualSize(1000, 720);
+constexpr QSize kDefaultSize(1000, 720);
 constexpr double kZoomStep = 1.25;
 constexpr int kLongWorkMs = 400;  ///< what is done sooner shows no progress window
 
@@ -45,7 +45,7 @@ ReportPreview::ReportPreview(std::unique_ptr<const ReportDocument> report, const
   all->addWidget(view_, 1);
   AddTools(*tools);
   connect(view_, &PageView::Moved, this, &ReportPreview::ShowPlace);
-  resize(FirstSize(kUsualSize));
+  resize(FirstSize(kDefaultSize));
   view_->setFocus();
   ShowPlace();
 }

@@ -1,7 +1,7 @@
 #include "desktop/report/ReportTemplate.h"
 
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 

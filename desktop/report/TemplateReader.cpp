@@ -10,8 +10,8 @@ namespace koru {
 namespace {
 
 constexpr double kTolerance = 0.01;  ///< of lengths, in mm
-constexpr double kLongestLength = 2000;
-constexpr int kMostDecimals = 9;
+constexpr double kMaxLength = 2000;
+constexpr int kMaxDecimals = 9;
 
 constexpr std::array<std::pair<std::string_view, ReportBandKind>, kReportBandKinds> kBandNames = {
     {{"title", ReportBandKind::Title},
@@ -93,7 +93,7 @@ class TemplateReader {
   }
   double Length(const std::string& meaning) {
     const double length = Number(meaning);
-    if (length < 0 || length > kLongestLength) Refuse(meaning + " بيرون از اندازه است");
+    if (length < 0 || length > kMaxLength) Refuse(meaning + " بيرون از اندازه است");
     return length;
   }
   /// What a table says of the next word.
@@ -218,7 +218,7 @@ class TemplateReader {
   }
   int Decimals() {
     const double decimals = Number("شمار رقمهاي اعشار");
-    if (decimals < 0 || decimals > kMostDecimals || decimals != std::floor(decimals)) {
+    if (decimals < 0 || decimals > kMaxDecimals || decimals != std::floor(decimals)) {
       Refuse("شمار رقمهاي اعشار بايد ميان 0 و 9 باشد");
     }
     return static_cast<int>(decimals);

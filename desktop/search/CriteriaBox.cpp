@@ -5,8 +5,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "desktop/Fields.h"
-#include "desktop/FormBinding.h"
+#include "desktop/fields/Fields.h"
+#include "desktop/forms/FormBinding.h"
 
 // The widgets belong to their window, as the toolkit's widgets do.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
@@ -57,7 +57,7 @@ QPushButton* AddSearchCommand(QBoxLayout& bar, FormBinding& binding, Button& com
   button->setProperty("main", main);
   button->setAutoDefault(true);
   button->setMinimumWidth(100);
-  binding.Bind(command, *button, main ? WaitsFor::FiguresAndDates : WaitsFor::Figures);
+  binding.Bind(command, *button, main ? BlockedBy::FiguresAndDates : BlockedBy::Figures);
   if (!keys.isEmpty()) button->setToolTip(WithKeys(button->text(), keys));
   bar.addWidget(button);
   return button;

@@ -14,12 +14,12 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "desktop/Fields.h"
-#include "desktop/Keys.h"
-#include "desktop/SelectorEdit.h"
-#include "desktop/WindowPlace.h"
+#include "desktop/fields/Fields.h"
+#include "desktop/fields/SelectorEdit.h"
 #include "desktop/search/CriteriaBox.h"
 #include "desktop/search/ShortcutMenu.h"
+#include "desktop/toolkit/Keys.h"
+#include "desktop/toolkit/WindowPlace.h"
 #include "search/Keys.h"
 #include "search/frmGoodSearch.h"
 
@@ -28,7 +28,7 @@
 namespace koru {
 namespace {
 
-constexpr QSize kUsualSize(980, 470);
+constexpr QSize kDefaultSize(980, 470);
 
 /// A criterion to type. Ctrl+Z is the form's and leaves the search; the field must not take the last typing
 /// back on the way out, since the criteria are still wanted the next time.
@@ -83,7 +83,7 @@ GoodSearchWindow::GoodSearchWindow(frmGoodSearch& form, SelectorRecords& records
   subscribed_.push_back(form_.txtBarCode.Changed.Subscribe([this] { ShowHint(); }));
   subscribed_.push_back(form_.optPrecise.Changed.Subscribe([this] { ShowHint(); }));
   ShowHint();
-  resize(FirstSize(kUsualSize));
+  resize(FirstSize(kDefaultSize));
 }
 
 QLineEdit* GoodSearchWindow::NewField(QWidget* parent, TextBox& control, bool code) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/FormWindow.h"
+#include "desktop/forms/FormWindow.h"
 
 class QBoxLayout;
 class QLabel;

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "control/services/FixQuote.h"
-#include "platform/SqlText.h"
-#include "platform/Text.h"
+#include "platform/sql/SqlText.h"
+#include "platform/text/Text.h"
+#include "services/FixQuote.h"
 
 namespace koru {
 namespace {
@@ -78,7 +78,7 @@ bool GoodsFinder::MovedInStore(const std::string& barcode) {
 
 FoundGoods GoodsFinder::Find(std::string_view typed) {
   const bool narrowed = store_ != kAllStores;
-  SqlText sql = SqlText("Select top ") + ((narrowed ? kMostLookedAt : kMostListed) + 1);
+  SqlText sql = SqlText("Select top ") + ((narrowed ? kMaxExamined : kMaxListed) + 1);
   sql +=
       " tblGood.Barcode as Barcode,isnull(tblGood.Code,'') as GoodCode,tblGood.Name as GoodName"
       " from tblGood Where tblGood.Barcode<>''";
@@ -87,11 +87,11 @@ FoundGoods GoodsFinder::Find(std::string_view typed) {
   CheckTypedSpans(sql);
   FoundGoods found;
   Recordset rows = database_.Open(sql);
-  found.more = narrowed && rows.RecordCount() > kMostLookedAt;
+  found.more = narrowed && rows.RecordCount() > kMaxExamined;
   for (; !rows.AtEnd(); rows.MoveNext()) {
     std::string barcode = rows.Field("Barcode").Text();
     if (narrowed && !MovedInStore(barcode)) continue;
-    if (found.goods.size() == kMostListed) {
+    if (found.goods.size() == kMaxListed) {
       found.more = true;
       break;
     }

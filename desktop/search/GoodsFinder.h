@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru {
 
@@ -28,9 +28,9 @@ class GoodsFinder {
  public:
   static constexpr std::int32_t kAllStores = -1;
   /// More lines than this nobody reads; typing one more word is faster.
-  static constexpr std::size_t kMostListed = 100;
+  static constexpr std::size_t kMaxListed = 100;
   /// Of so many goods at most is it looked up whether they belong to the store, so that no key waits for it.
-  static constexpr std::size_t kMostLookedAt = 1000;
+  static constexpr std::size_t kMaxExamined = 1000;
 
   /// `database` must outlive the object.
   explicit GoodsFinder(Database& database) : database_(database) {}

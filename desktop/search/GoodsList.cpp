@@ -3,8 +3,8 @@
 #include <QHeaderView>
 #include <algorithm>
 
-#include "desktop/Fields.h"
-#include "desktop/QtText.h"
+#include "desktop/fields/Fields.h"
+#include "desktop/toolkit/QtText.h"
 
 namespace koru {
 namespace {

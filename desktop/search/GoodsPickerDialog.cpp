@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <utility>
 
-#include "control/services/FixQuote.h"
 #include "desktop/search/GoodsPickerWindow.h"
+#include "services/FixQuote.h"
 
 namespace koru {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "desktop/search/GoodsFinder.h"
-#include "platform/GoodsPicker.h"
+#include "platform/ports/GoodsPicker.h"
 
 namespace koru {
 

@@ -10,12 +10,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/Fields.h"
-#include "desktop/QtText.h"
-#include "desktop/WindowPlace.h"
+#include "desktop/fields/Fields.h"
 #include "desktop/search/CriteriaBox.h"
 #include "desktop/search/GoodsList.h"
-#include "platform/Errors.h"
+#include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/WindowPlace.h"
+#include "platform/sql/DatabaseError.h"
 
 // The widgets belong to their window, as the toolkit's widgets do.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)

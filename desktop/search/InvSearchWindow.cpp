@@ -11,13 +11,13 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 
-#include "desktop/DateBoxEdit.h"
-#include "desktop/Fields.h"
-#include "desktop/GridView.h"
-#include "desktop/QtText.h"
-#include "desktop/SelectorEdit.h"
-#include "desktop/WindowPlace.h"
+#include "desktop/fields/DateBoxEdit.h"
+#include "desktop/fields/Fields.h"
+#include "desktop/fields/SelectorEdit.h"
+#include "desktop/grid/GridView.h"
 #include "desktop/search/CriteriaBox.h"
+#include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/WindowPlace.h"
 #include "search/frmInvSearch.h"
 
 // The widgets belong to their window, as the toolkit's widgets do.
@@ -25,7 +25,7 @@
 namespace koru {
 namespace {
 
-constexpr QSize kUsualSize(1240, 740);
+constexpr QSize kDefaultSize(1240, 740);
 constexpr int kColumnID = 1;
 constexpr int kColumnCode = 2;
 constexpr int kColumnStore = 4;
@@ -64,7 +64,7 @@ InvSearchWindow::InvSearchWindow(frmInvSearch& form, SelectorRecords& records)
   AddCriteria(*layout);
   AddCommands(*layout);
   AddResults(*layout);
-  resize(FirstSize(kUsualSize));
+  resize(FirstSize(kDefaultSize));
 }
 
 void InvSearchWindow::AddCriteria(QBoxLayout& window) {
@@ -188,10 +188,10 @@ void InvSearchWindow::AddCommands(QBoxLayout& window) {
 
 void InvSearchWindow::AddResults(QBoxLayout& window) {
   results_ = new GridView(this);
-  ColumnLook number;
+  ColumnStyle number;
   number.number = true;
-  results_->SetColumnLook(kColumnID, number);
-  results_->SetColumnLook(kColumnCode, number);
+  results_->SetColumnStyle(kColumnID, number);
+  results_->SetColumnStyle(kColumnCode, number);
   results_->SetStretchColumn(kColumnStore);
   results_->SetRowNumbers(true);
   Binding().Bind(form_.flexSearch, *results_);
@@ -236,7 +236,7 @@ void InvSearchWindow::keyPressEvent(QKeyEvent* event) {
 
 void InvSearchWindow::Search() {
   QWidget* const criterion = focusWidget();
-  if (!Binding().Press(form_.cmdSearch, WaitsFor::FiguresAndDates)) return;
+  if (!Binding().Press(form_.cmdSearch, BlockedBy::FiguresAndDates)) return;
   QWidget* const next = form_.flexSearch.Rows() > 1 ? results_ : criterion;
   if (next != nullptr) next->setFocus();
 }

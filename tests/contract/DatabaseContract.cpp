@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru::test {
 namespace {
@@ -202,7 +202,7 @@ TEST_P(DatabaseContract, A_procedure_answers_with_its_return_value) {
 
 TEST_P(DatabaseContract, What_a_write_group_wrote_is_there_for_others_when_it_ends) {
   {
-    const std::unique_ptr<WriteGroup> group = database_->BeginWriteGroup();
+    const std::unique_ptr<WriteBatch> group = database_->BeginWriteBatch();
     Open(InsertUser(1, "a"));
     EXPECT_THROW(Open(InsertUser(1, "again")), DatabaseError);
     Open(InsertUser(2, "b"));

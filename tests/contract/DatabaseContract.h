@@ -7,7 +7,7 @@
 #include <ostream>
 #include <string>
 
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru::test {
 

@@ -2,24 +2,24 @@
 #include <memory>
 #include <string>
 
-#include "database/trial/TrialDatabase.h"
+#include "database/scratch/ScratchDatabase.h"
 #include "tests/contract/DatabaseContract.h"
-#include "tests/server/StandInServer.h"
 #include "tests/support/TestFile.h"
+#include "tools/tds-stand-in/StandInServer.h"
 
 namespace koru::test {
 namespace {
 
-using Way = TrialRoute::Way;
+using Way = ScratchRoute::Way;
 
-class TrialSubject : public ContractSubject {
+class ScratchSubject : public ContractSubject {
  public:
-  explicit TrialSubject(const TrialRoute& route) : trial_(route, file_.File()) {}
+  explicit ScratchSubject(const ScratchRoute& route) : trial_(route, file_.File()) {}
   std::unique_ptr<Database> Connect() override { return trial_.Connector().Connect(trial_.ConnectionText()); }
 
  private:
   TestFile file_;
-  TrialDatabase trial_;
+  ScratchDatabase trial_;
 };
 
 class StandInSubject : public ContractSubject {
@@ -28,17 +28,17 @@ class StandInSubject : public ContractSubject {
 
  private:
   StandInServer server_;
-  TrialSubject trial_{{Way::Server, server_.ConnectionText()}};
+  ScratchSubject trial_{{Way::Server, server_.ConnectionText()}};
 };
 
 ContractCase OnFile(const std::string& name, Way way) {
-  return {name, [way] { return std::make_unique<TrialSubject>(TrialRoute{way, {}}); }};
+  return {name, [way] { return std::make_unique<ScratchSubject>(ScratchRoute{way, {}}); }};
 }
 
 /// The server that KORU_SQLSERVER names, or a stand-in.
 std::unique_ptr<ContractSubject> Server() {
   if (const char* named = std::getenv("KORU_SQLSERVER")) {
-    return std::make_unique<TrialSubject>(TrialRoute{Way::Server, named});
+    return std::make_unique<ScratchSubject>(ScratchRoute{Way::Server, named});
   }
   return std::make_unique<StandInSubject>();
 }

@@ -63,7 +63,7 @@ TEST_F(AddingGoods, Into_an_empty_counting_asks_nothing_and_adds_what_was_found)
   EXPECT_EQ(Barcodes(), "G1 G2 G3 ");
   EXPECT_FALSE(Form().pgbStatus.Visible());
   EXPECT_EQ(Form().pgbStatus.Max(), 3);
-  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
   const Texts statements = NewStatements();
   EXPECT_NE(
       std::find(
@@ -187,13 +187,13 @@ TEST_F(AddingGoods, A_database_failure_keeps_the_lines_added_so_far_and_the_form
 TEST_F(AddingGoods, The_hourglass_and_the_bar_show_every_good_and_the_lines_have_their_stripes) {
   Texts seen;
   Form().pgbStatus.Changed.Always([&] {
-    if (!Form().pgbStatus.Visible() || screen.CurrentPointer() != Pointer::Hourglass) return;
+    if (!Form().pgbStatus.Visible() || screen.CurrentCursor() != Cursor::Hourglass) return;
     seen.push_back(std::to_string(Form().pgbStatus.Value()) + "/" + std::to_string(Form().pgbStatus.Max()));
   });
   Click(Form().cmdGoods);
   EXPECT_EQ(seen, (Texts{"1/3", "2/3", "3/3"}));
   EXPECT_FALSE(Form().pgbStatus.Visible());
-  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
   EXPECT_EQ(Form().flexDetail.RowBackColor(1), 0xF7F2F0U);
   EXPECT_EQ(Form().flexDetail.RowBackColor(2), 0xEEE2DFU);
 }

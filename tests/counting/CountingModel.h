@@ -8,7 +8,7 @@
 
 namespace koru::test {
 
-/// A decimal number in millionths: wide enough for every product in a story, and exact.
+/// A decimal number in millionths: wide enough for every product in a scenario, and exact.
 using Decimal = std::int64_t;
 inline constexpr Decimal kOne = 1'000'000;
 
@@ -52,7 +52,7 @@ struct ModelCounting {
   std::optional<ModelDocument> receipt;
 };
 
-/// What countings and their numbers must be after any story, told in the plainest way.
+/// What countings and their numbers must be after any scenario, told in the plainest way.
 class CountingModel {
  public:
   std::map<int, ModelCounting> countings;  ///< by key

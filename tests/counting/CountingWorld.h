@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "control/comInvCounting.h"
-#include "platform/Errors.h"
+#include "component/comInvCounting.h"
+#include "platform/text/Errors.h"
 #include "tests/support/FailingDatabase.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeScreen.h"
@@ -62,7 +62,7 @@ class CountingWorld : public testing::Test, public ControlHost {
   FixedClock clock{std::chrono::year{2025} / 12 / 22};
   NoFiles files;
   NoSpreadsheets spreadsheets;
-  comInvCounting control{*this, Surroundings{recording, components, screen, clock, files, spreadsheets}};
+  comInvCounting control{*this, HostServices{recording, components, screen, clock, files, spreadsheets}};
 };
 
 using Texts = std::vector<std::string>;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "platform/sql/DatabaseError.h"
 #include "tests/counting/CountingWorld.h"
 
 namespace koru::test {
@@ -17,7 +18,7 @@ TEST_F(EntryOperations, View_opens_a_stored_counting_modeless) {
   EXPECT_FALSE(control.Shared().ShowAsModal);
   ASSERT_EQ(screen.Shown().size(), 1U);
   EXPECT_FALSE(screen.Shown()[0].modal);
-  EXPECT_EQ(screen.Pointers().back(), Pointer::Normal);
+  EXPECT_EQ(screen.Cursors().back(), Cursor::Normal);
   EXPECT_EQ(
       NewStatements(),
       (Texts{"Select Isnull(BasePath,'') as BasePath from vwPelinBasePath",
@@ -39,7 +40,7 @@ TEST_F(EntryOperations, View_of_a_deleted_counting_says_so_and_leaves_mode_0) {
   EXPECT_EQ(Mode(), DocumentMode::Viewing);
   EXPECT_FALSE(Form().Visible());
   EXPECT_TRUE(Form().Loaded());
-  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
   EXPECT_TRUE(screen.Shown().empty());
 }
 
@@ -121,7 +122,7 @@ TEST_F(EntryOperations,
   for (int n = 1; n <= statements; ++n) {
     failing.Plan().FailAt(n);
     EXPECT_THROW(control.View(10), DatabaseError) << n;
-    EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+    EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
     failing.Plan().FailAt(0);
     EXPECT_TRUE(control.View(10));
     EXPECT_EQ(Form().flexDetail.Rows(), 3);
@@ -159,12 +160,12 @@ TEST_F(EntryOperations, A_period_without_end_is_shown_like_any_other) {
 
 TEST_F(EntryOperations, The_hourglass_shows_while_a_counting_is_opened_and_while_the_form_is_emptied) {
   View(10);
-  std::vector<Pointer> seen;
-  Form().lblIDVal.Changed.Always([&] { seen.push_back(screen.CurrentPointer()); });
+  std::vector<Cursor> seen;
+  Form().lblIDVal.Changed.Always([&] { seen.push_back(screen.CurrentCursor()); });
   control.View(11);
   control.ClearShow();
-  EXPECT_EQ(seen, (std::vector<Pointer>{Pointer::Hourglass, Pointer::Hourglass}));
-  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  EXPECT_EQ(seen, (std::vector<Cursor>{Cursor::Hourglass, Cursor::Hourglass}));
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
 }
 
 }  // namespace

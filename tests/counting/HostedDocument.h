@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Components.h"
+#include "platform/ports/Components.h"
 
 namespace koru::test {
 

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "control/comInvCounting.h"
+#include "component/comInvCounting.h"
 #include "database/Sample.h"
 #include "lines/LineColumns.h"
-#include "platform/Numbers.h"
+#include "platform/text/Numbers.h"
 #include "tests/counting/CountingWorld.h"
 #include "tests/counting/PlainStock.h"
 #include "tests/support/TemporaryFolder.h"
@@ -207,10 +207,10 @@ TEST_P(LargeCounting, Added_goods_get_what_their_statements_give_one_by_one_also
     Lines().SetRows(1);
     Click(Form().cmdGoods);
     const std::vector<PlainLine> goods = PlainStock(plain).LinesOfAllGoods();
-    const bool allFit = goods.size() <= static_cast<std::size_t>(kMostLines);
+    const bool allFit = goods.size() <= static_cast<std::size_t>(kMaxLines);
     EXPECT_EQ(messages.Texts().empty(), allFit) << "beyond the limit the person is told";
     messages.Forget();
-    ASSERT_EQ(Lines().Rows() - 1, allFit ? static_cast<int>(goods.size()) : kMostLines);
+    ASSERT_EQ(Lines().Rows() - 1, allFit ? static_cast<int>(goods.size()) : kMaxLines);
     for (int row = 1; row < Lines().Rows(); ++row)
       ASSERT_EQ(Cells(row), Added(row, goods[static_cast<std::size_t>(row - 1)]));
   }

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "lines/LineColumns.h"
-#include "platform/ConnectionText.h"
+#include "platform/sql/ConnectionText.h"
 #include "tests/counting/CountingWorld.h"
 
 namespace koru::test {
@@ -33,7 +33,7 @@ class LostFile : public CountingWorld {
     EXPECT_EQ(Cell(1, LineColumn::AcceptedCounting), "11");
     EXPECT_EQ(Form().txtNotes.Text(), "پاياني");
     EXPECT_EQ(Form().txtCode.Text(), "");
-    EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+    EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
   }
 
   const std::string file_ = ConnectionText::Parse(database.ConnectionText()).Get("Data Source");

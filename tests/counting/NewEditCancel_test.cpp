@@ -95,20 +95,20 @@ TEST_F(NewEditCancel, Cancel_of_a_new_counting_empties_the_form_and_goes_to_Exit
   EXPECT_EQ(Mode(), DocumentMode::Empty);
   EXPECT_TRUE(Form().gmpInventory.NothingSelected());
   EXPECT_EQ(Form().Focus(), &Form().cmdExit);
-  EXPECT_EQ(screen.Pointers().back(), Pointer::Normal);
+  EXPECT_EQ(screen.Cursors().back(), Cursor::Normal);
 }
 
 TEST_F(NewEditCancel, The_hourglass_shows_while_a_header_is_read_again) {
   ViewAndEdit(10);
   Form().txtGNO.UserType("B-1");
-  std::vector<Pointer> seen;
-  Form().txtGNO.Changed.Always([&] { seen.push_back(screen.CurrentPointer()); });
+  std::vector<Cursor> seen;
+  Form().txtGNO.Changed.Always([&] { seen.push_back(screen.CurrentCursor()); });
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdCancel);
   EXPECT_EQ(Form().txtGNO.Text(), "A-10");
   ASSERT_FALSE(seen.empty());
-  EXPECT_EQ(seen.front(), Pointer::Hourglass);
-  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  EXPECT_EQ(seen.front(), Cursor::Hourglass);
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
 }
 
 TEST_F(NewEditCancel,

@@ -1,6 +1,6 @@
 #include "tests/counting/PlainStock.h"
 
-#include "platform/Numbers.h"
+#include "platform/text/Numbers.h"
 
 namespace koru::test {
 namespace {

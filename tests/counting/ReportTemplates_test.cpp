@@ -1,4 +1,4 @@
-#include "control/services/ReportTemplates.h"
+#include "services/ReportTemplates.h"
 
 #include <gtest/gtest.h>
 

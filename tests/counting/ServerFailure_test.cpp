@@ -7,8 +7,9 @@
 
 #include "adapters/odbc/OdbcConnector.h"
 #include "lines/LineColumns.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/counting/CountingWorld.h"
-#include "tests/server/ScriptedServer.h"
+#include "tests/tools/tds-stand-in/ScriptedServer.h"
 
 namespace koru::test {
 namespace {
@@ -74,7 +75,7 @@ class ServerFailure : public CountingWorld {
                 std::to_string(row * 100) + ".5");
     }
     EXPECT_TRUE(OnServer().Visible());
-    EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+    EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
     EXPECT_FALSE(OnServer().pgbStatus.Visible());
   }
 
@@ -108,7 +109,7 @@ class ServerFailure : public CountingWorld {
 
   std::unique_ptr<ScriptedServer> server;
   OdbcConnector odbc{kShort};
-  comInvCounting onServer{*this, Surroundings{odbc, components, screen, clock, files, spreadsheets}};
+  comInvCounting onServer{*this, HostServices{odbc, components, screen, clock, files, spreadsheets}};
 
  private:
   /// Called on the server's thread, while the form waits for the answer.
@@ -150,7 +151,7 @@ TEST_F(ServerFailure, A_server_that_is_not_there_is_named_to_the_host) {
     EXPECT_TRUE(failure.ServerText().starts_with("به سرور «127.0.0.1,")) << failure.ServerText();
     EXPECT_EQ(failure.ServerText().find(kPassword), std::string::npos);
   }
-  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
   Start();  // another server, and the form opens
   onServer.ClearShow();
   EXPECT_TRUE(OnServer().Visible());

@@ -1,4 +1,4 @@
-#include "platform/Date.h"
+#include "platform/text/Date.h"
 #include "tests/database/SampleFixture.h"
 
 namespace koru::test {

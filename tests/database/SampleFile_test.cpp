@@ -6,7 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "platform/Errors.h"
+#include "platform/text/Errors.h"
 #include "tests/database/SampleFixture.h"
 
 namespace koru::test {

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnector.h"
-#include "platform/Errors.h"
-#include "platform/SqlText.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/sql/SqlText.h"
 #include "tests/database/SampleFixture.h"
 
 namespace koru::test {

@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "desktop/Application.h"
+#include "desktop/toolkit/Application.h"
 
 namespace {
 

@@ -13,20 +13,20 @@
 #include <QWidget>
 #include <functional>
 
-#include "desktop/FormBinding.h"
-#include "platform/Screen.h"
+#include "desktop/forms/FormBinding.h"
+#include "platform/ports/Screen.h"
 
 namespace koru::test {
 
 /// A screen for forms whose window the test makes itself.
 class NoScreen : public Screen {
  public:
-  void SetPointer(Pointer pointer) override { pointer_ = pointer; }
-  [[nodiscard]] Pointer CurrentPointer() const override { return pointer_; }
+  void SetCursor(Cursor cursor) override { cursor_ = cursor; }
+  [[nodiscard]] Cursor CurrentCursor() const override { return cursor_; }
   void Show(Form& /*form*/, bool /*modal*/) override {}
 
  private:
-  Pointer pointer_ = Pointer::Normal;
+  Cursor cursor_ = Cursor::Normal;
 };
 
 /// Shows a window and gives it the keyboard.

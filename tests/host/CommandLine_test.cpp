@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Errors.h"
+#include "platform/text/Errors.h"
 
 namespace koru {
 namespace {
@@ -32,14 +32,14 @@ TEST(CommandLineReading, A_database_file_becomes_a_connection_text) {
 
 TEST(CommandLineReading, Play_takes_files_and_options_in_any_order) {
   const CommandLine line =
-      ParseCommandLine({"--desktop", "play", "a.story", "--pictures", "shots", "b.story"});
+      ParseCommandLine({"--desktop", "play", "a.scenario", "--pictures", "shots", "b.scenario"});
   EXPECT_EQ(line.command, Command::Play);
-  EXPECT_EQ(line.files, (std::vector<std::string>{"a.story", "b.story"}));
+  EXPECT_EQ(line.files, (std::vector<std::string>{"a.scenario", "b.scenario"}));
   EXPECT_TRUE(line.desktop);
   EXPECT_EQ(line.pictures, "shots");
-  EXPECT_EQ(line.way, TrialRoute::Way::EmbeddedFile);
-  EXPECT_EQ(ParseCommandLine({"play", "a", "--odbc"}).way, TrialRoute::Way::ThroughOdbc);
-  EXPECT_EQ(ParseCommandLine({"play", "a", "--server"}).way, TrialRoute::Way::Server);
+  EXPECT_EQ(line.way, ScratchRoute::Way::EmbeddedFile);
+  EXPECT_EQ(ParseCommandLine({"play", "a", "--odbc"}).way, ScratchRoute::Way::ThroughOdbc);
+  EXPECT_EQ(ParseCommandLine({"play", "a", "--server"}).way, ScratchRoute::Way::Server);
 }
 
 TEST(CommandLineReading, A_sample_is_the_standard_one_unless_another_size_is_named) {

@@ -6,8 +6,9 @@
 #include <sstream>
 
 #include "database/sqlserver/SqlServerSchema.h"
-#include "platform/Errors.h"
-#include "tests/server/ScriptedServer.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Errors.h"
+#include "tests/tools/tds-stand-in/ScriptedServer.h"
 
 namespace koru {
 namespace {

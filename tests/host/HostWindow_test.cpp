@@ -11,11 +11,11 @@
 #include <QProgressBar>
 #include <QTableView>
 
+#include "adapters/system/TemporaryFolder.h"
 #include "database/Sample.h"
-#include "desktop/QtText.h"
+#include "desktop/toolkit/QtText.h"
 #include "host/SampleProgressWindow.h"
-#include "host/TemporaryFolder.h"
-#include "platform/Errors.h"
+#include "platform/text/Errors.h"
 #include "tests/desktop/WindowTools.h"
 
 namespace koru {
@@ -42,7 +42,7 @@ class HostWindowTest : public testing::Test {
   }
 
   /// The counting form on the screen; nullptr when there is none.
-  static QWidget* CountingWindow() {
+  static QWidget* InvCountingWindow() {
     for (QWidget* const window : QApplication::topLevelWidgets()) {
       if (window->objectName() == QLatin1String("frmInvCounting") && window->isVisible()) return window;
     }
@@ -126,7 +126,7 @@ TEST_F(HostWindowTest, A_counting_is_opened_by_its_number_typed_on_a_persian_key
   Find<QLineEdit>(program->window, "number").setFocus();
   test::Type(QStringLiteral("۱۷"));
   test::Press(Qt::Key_Return);
-  const QWidget* const counting = CountingWindow();
+  const QWidget* const counting = InvCountingWindow();
   ASSERT_NE(counting, nullptr);
   EXPECT_EQ(counting->findChild<QLineEdit*>(QStringLiteral("txtGNO"))->text(), QStringLiteral("ش-1404/17"));
 }
@@ -140,7 +140,7 @@ TEST_F(HostWindowTest, A_number_that_no_counting_has_is_answered_with_a_message)
   test::WhenDialogOpens([&](QWidget& dialog) { shown = Acknowledge(dialog); });
   Find<QAbstractButton>(program->window, "open").click();
   EXPECT_EQ(shown, "شمارش بااين شماره موجود نميباشد.");
-  EXPECT_EQ(CountingWindow(), nullptr);
+  EXPECT_EQ(InvCountingWindow(), nullptr);
 }
 
 TEST_F(HostWindowTest, A_database_that_is_gone_is_reported_once_and_the_window_stays) {
@@ -162,7 +162,7 @@ TEST_F(HostWindowTest, Closing_asks_before_a_document_that_is_being_entered_is_l
   program->window.ReadDatabase();
   test::Open(program->window);
   Find<QAbstractButton>(program->window, "new").click();
-  QWidget* const counting = CountingWindow();
+  QWidget* const counting = InvCountingWindow();
   ASSERT_NE(counting, nullptr);
   counting->findChild<QAbstractButton*>(QStringLiteral("cmdNew"))->click();
   counting->showMinimized();
@@ -181,7 +181,7 @@ TEST_F(HostWindowTest, Closing_asks_before_a_document_that_is_being_entered_is_l
       [](QWidget& dialog) { dialog.findChild<QAbstractButton*>(QStringLiteral("yes"))->click(); });
   EXPECT_FALSE(program->window.close());
   EXPECT_TRUE(program->window.close());
-  EXPECT_EQ(CountingWindow(), nullptr);
+  EXPECT_EQ(InvCountingWindow(), nullptr);
 }
 
 TEST(SampleProgressWindowTest, The_sample_is_made_while_its_progress_is_shown_and_never_twice) {

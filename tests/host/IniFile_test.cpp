@@ -5,9 +5,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "host/TemporaryFolder.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "adapters/system/TemporaryFolder.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <fstream>
 
-#include "host/TemporaryFolder.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "adapters/system/TemporaryFolder.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {

@@ -8,8 +8,8 @@
 #include <memory>
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "host/TemporaryFolder.h"
-#include "platform/Text.h"
+#include "adapters/system/TemporaryFolder.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
@@ -44,37 +44,37 @@ class ProgramTest : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(ProgramTest, Stories_are_reported_one_line_each_with_the_counts_at_the_end) {
-  Write("good.story", "database sample\nuser 1\nview 17\nexpect mode 0\n");
-  Write("bad.story", "database sample\nuser 1\n\nview 17\nexpect txtCode \"9\"\n");
-  Outcome outcome = Run("play good.story bad.story");
+TEST_F(ProgramTest, Scenarios_are_reported_one_line_each_with_the_counts_at_the_end) {
+  Write("good.scenario", "database sample\nuser 1\nview 17\nexpect mode 0\n");
+  Write("bad.scenario", "database sample\nuser 1\n\nview 17\nexpect txtCode \"9\"\n");
+  Outcome outcome = Run("play good.scenario bad.scenario");
   EXPECT_EQ(outcome.code, 1);
   EXPECT_EQ(
       outcome.out,
-      "ok  good  4 steps\nFAILED bad.story:5: txtCode: expected \"9\", found \"\"\n1 passed, 1 failed\n");
-  outcome = Run("play good.story");
+      "ok  good  4 steps\nFAILED bad.scenario:5: txtCode: expected \"9\", found \"\"\n1 passed, 1 failed\n");
+  outcome = Run("play good.scenario");
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.out, "ok  good  4 steps\n1 passed, 0 failed\n");
 }
 
-TEST_F(ProgramTest, The_same_story_is_played_on_windows_without_a_display) {
-  Write("good.story", "database sample\nuser 1\nview 17\nexpect mode 0\npicture \"seventeen\"\n");
-  const Outcome outcome = Run("play --desktop --pictures shots good.story");
+TEST_F(ProgramTest, The_same_scenario_is_played_on_windows_without_a_display) {
+  Write("good.scenario", "database sample\nuser 1\nview 17\nexpect mode 0\npicture \"seventeen\"\n");
+  const Outcome outcome = Run("play --desktop --pictures shots good.scenario");
   EXPECT_EQ(outcome.out, "ok  good  5 steps\n1 passed, 0 failed\n") << outcome.error;
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(Text("shots/seventeen.png").substr(1, 3), "PNG");
 }
 
-TEST_F(ProgramTest, A_story_that_cannot_be_read_stops_everything_before_the_first_step) {
-  Write("good.story", "database sample\n");
-  Write("broken.story", "database sample\nlook\n");
-  Outcome outcome = Run("play good.story broken.story");
+TEST_F(ProgramTest, A_scenario_that_cannot_be_read_stops_everything_before_the_first_step) {
+  Write("good.scenario", "database sample\n");
+  Write("broken.scenario", "database sample\nlook\n");
+  Outcome outcome = Run("play good.scenario broken.scenario");
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.error, "koru-counting: broken.story:2: this is no step that can be played: look\n");
-  outcome = Run("play none.story");
+  EXPECT_EQ(outcome.error, "koru-counting: broken.scenario:2: this is no step that can be played: look\n");
+  outcome = Run("play none.scenario");
   EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.error, "koru-counting: none.story: the story cannot be read\n");
+  EXPECT_EQ(outcome.error, "koru-counting: none.scenario: the scenario cannot be read\n");
 }
 
 TEST_F(ProgramTest, A_sample_is_made_once_and_never_over_another_file) {

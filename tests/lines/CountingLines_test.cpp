@@ -6,8 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/Errors.h"
-#include "platform/Numbers.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Numbers.h"
 #include "tests/lines/LinesTest.h"
 
 namespace koru {
@@ -217,28 +218,28 @@ TEST_F(CountingLinesTest, Each_sum_changes_once_before_the_eyes) {
 }
 
 TEST_F(CountingLinesTest, As_many_lines_as_a_counting_may_have_are_numbered) {
-  form.flexDetail.SetRows(1 + kMostLines);
+  form.flexDetail.SetRows(1 + kMaxLines);
   form.lines.RefreshRows();
   EXPECT_EQ(form.Cell(1, LineColumn::RowNumber), "1");
-  EXPECT_EQ(form.Cell(kMostLines, LineColumn::RowNumber), "32767");
+  EXPECT_EQ(form.Cell(kMaxLines, LineColumn::RowNumber), "32767");
 }
 
 TEST_F(CountingLinesTest, One_line_more_is_an_overflow_that_keeps_what_was_there) {
-  form.flexDetail.SetRows(1 + kMostLines);
+  form.flexDetail.SetRows(1 + kMaxLines);
   form.AddLine("last");
   form.Set(1, LineColumn::Barcode, "first");
-  form.Set(kMostLines + 1, LineColumn::RowNumber, "as it was");
+  form.Set(kMaxLines + 1, LineColumn::RowNumber, "as it was");
   try {
     form.lines.RefreshRows();
     FAIL() << "no overflow";
   } catch (const OverflowError& overflow) {
     EXPECT_EQ(std::string(overflow.what()), "تعداد رديفهاي شمارش از 32767 بيشتر است.");
   }
-  EXPECT_EQ(form.flexDetail.Rows(), kMostLines + 2);
+  EXPECT_EQ(form.flexDetail.Rows(), kMaxLines + 2);
   EXPECT_EQ(form.Cell(1, LineColumn::Barcode), "first");
-  EXPECT_EQ(form.Cell(kMostLines, LineColumn::RowNumber), "32767");
-  EXPECT_EQ(form.Cell(kMostLines + 1, LineColumn::RowNumber), "as it was");
-  EXPECT_EQ(form.Cell(kMostLines + 1, LineColumn::Barcode), "last");
+  EXPECT_EQ(form.Cell(kMaxLines, LineColumn::RowNumber), "32767");
+  EXPECT_EQ(form.Cell(kMaxLines + 1, LineColumn::RowNumber), "as it was");
+  EXPECT_EQ(form.Cell(kMaxLines + 1, LineColumn::Barcode), "last");
 }
 
 TEST_F(CountingLinesTest, Lines_are_coloured_in_turn_and_the_current_cell_stays) {

@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/Errors.h"
-#include "platform/SqlLexer.h"
-#include "platform/Text.h"
-#include "tests/documents/HostileTexts.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/sql/SqlLexer.h"
+#include "platform/text/Text.h"
 #include "tests/lines/LinesTest.h"
+#include "tests/support/HostileTexts.h"
 
 namespace koru {
 namespace {

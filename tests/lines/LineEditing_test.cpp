@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Numbers.h"
+#include "platform/text/Numbers.h"
 #include "tests/lines/LinesTest.h"
 
 namespace koru {
@@ -239,7 +239,7 @@ TEST_F(LineEditingTest, Figures_that_come_as_a_block_are_summed_once_behind_the_
   Texts sums;
   form.txtTotalValue.SetText("before");
   {
-    const GridBlock block(form.flexDetail);
+    const BatchEdit block(form.flexDetail);
     for (int row = 1; row <= 2; ++row) {
       EXPECT_TRUE(form.flexDetail.UserEdit(row, LineColumn::AcceptedCounting, "5"));
       sums.push_back(form.txtTotalValue.Text());

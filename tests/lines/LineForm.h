@@ -4,15 +4,15 @@
 #include <string_view>
 #include <vector>
 
-#include "control/services/Messages.h"
-#include "control/services/SharedState.h"
 #include "lines/CountingLines.h"
 #include "lines/LineColumns.h"
 #include "lines/LineEditing.h"
 #include "lines/SystemQuantity.h"
-#include "platform/Components.h"
-#include "platform/Form.h"
-#include "platform/Grid.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Grid.h"
+#include "platform/ports/Components.h"
+#include "services/Messages.h"
+#include "services/SharedState.h"
 
 namespace koru {
 

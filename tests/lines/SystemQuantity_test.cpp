@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/lines/LinesTest.h"
 
 namespace koru {
@@ -270,13 +270,13 @@ TEST_F(SystemQuantityTest, The_progress_bar_and_the_hourglass_show_every_line) {
   form.pgbStatus.SetVisible(false);
   Texts seen;
   form.pgbStatus.Changed.Always([&] {
-    if (!form.pgbStatus.Visible() || screen.CurrentPointer() != Pointer::Hourglass) return;
+    if (!form.pgbStatus.Visible() || screen.CurrentCursor() != Cursor::Hourglass) return;
     seen.push_back(std::to_string(form.pgbStatus.Value()) + "/" + std::to_string(form.pgbStatus.Max()));
   });
   form.quantity.CalculateAllLines();
   EXPECT_EQ(seen, (Texts{"1/3", "2/3", "3/3"}));
   EXPECT_FALSE(form.pgbStatus.Visible());
-  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
 }
 
 /// Two lines whose goods need all six statements: no unit of their own, no dispatch with a value.
@@ -326,7 +326,7 @@ TEST_P(FailingCalculation, The_lines_done_before_a_failure_stay_and_the_progress
   EXPECT_TRUE(form.pgbStatus.Visible());
   EXPECT_EQ(form.pgbStatus.Value(), failedRow);
   EXPECT_EQ(form.txtTotalBelowValue.Text(), "before");
-  EXPECT_EQ(screen.CurrentPointer(), Pointer::Normal);
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
 }
 
 TEST_P(FailingCalculation, The_next_calculation_does_it_all) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/search/GoodSearchTest.h"
 #include "tests/search/PlainGoodSearch.h"
 

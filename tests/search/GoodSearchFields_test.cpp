@@ -79,7 +79,7 @@ TEST_F(GoodSearchFields, The_right_mouse_button_shows_the_menu_at_the_pointer) {
       &form.txtTitle,   &form.lblTitle,    &form.txtCode,     &form.lblCode,     &form.txtBarCode,
       &form.lblBarCode, &form.txtMinPrice, &form.txtMaxPrice, &form.lblMaxPrice, &form.lblLocation};
   for (Control* control : withMenu) control->UserRightClick();
-  EXPECT_EQ(places, std::vector<MenuPlace>(10, MenuPlace::Pointer));
+  EXPECT_EQ(places, std::vector<MenuPlace>(10, MenuPlace::Cursor));
   for (Control* control : {static_cast<Control*>(&form.txtNotes), static_cast<Control*>(&form.txtMinQty)}) {
     control->UserRightClick();
   }

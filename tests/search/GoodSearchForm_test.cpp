@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/search/GoodSearchTest.h"
 
 namespace koru {

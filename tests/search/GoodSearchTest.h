@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "platform/GoodsPicker.h"
+#include "platform/ports/GoodsPicker.h"
 #include "search/frmGoodSearch.h"
 #include "tests/search/SearchTest.h"
 
 namespace koru {
 
 /// What a goods picker was told, and what the person picks in it.
-struct PickerStory {
+struct PickerScenario {
   std::string connection;
   std::int32_t userID = 0;
   std::int32_t inventory = -1;
@@ -22,23 +22,23 @@ struct PickerStory {
   std::string list, name, barcode, code;
 };
 
-class StoryPicker : public GoodsPicker {
+class ScenarioPicker : public GoodsPicker {
  public:
-  explicit StoryPicker(PickerStory& story) : story_(story) {}
+  explicit ScenarioPicker(PickerScenario& scenario) : scenario_(scenario) {}
   void SetConnectionString(const std::string& connectionString) override {
-    story_.connection = connectionString;
+    scenario_.connection = connectionString;
   }
-  void SetUserID(std::int32_t userID) override { story_.userID = userID; }
-  void SetInventory(std::int32_t id) override { story_.inventory = id; }
-  void SetSeveralGoods(bool several) override { story_.several = several; }
-  void Show() override { ++story_.shown; }
-  [[nodiscard]] std::string List() const override { return story_.list; }
-  [[nodiscard]] std::string Name() const override { return story_.name; }
-  [[nodiscard]] std::string Barcode() const override { return story_.barcode; }
-  [[nodiscard]] std::string Code() const override { return story_.code; }
+  void SetUserID(std::int32_t userID) override { scenario_.userID = userID; }
+  void SetInventory(std::int32_t id) override { scenario_.inventory = id; }
+  void SetSeveralGoods(bool several) override { scenario_.several = several; }
+  void Show() override { ++scenario_.shown; }
+  [[nodiscard]] std::string List() const override { return scenario_.list; }
+  [[nodiscard]] std::string Name() const override { return scenario_.name; }
+  [[nodiscard]] std::string Barcode() const override { return scenario_.barcode; }
+  [[nodiscard]] std::string Code() const override { return scenario_.code; }
 
  private:
-  PickerStory& story_;
+  PickerScenario& scenario_;
 };
 
 /// A goods search over a few goods.
@@ -60,7 +60,7 @@ class GoodSearchTest : public SearchTest {
         "('200','K-2','كتابچه',900,0,4,2,13,21,'سخت و نرم'),"
         "('300',NULL,'O''Neil',NULL,10,NULL,NULL,14,22,NULL)");
     components.Register(std::string(GoodsPicker::kClassName),
-                        [this] { return std::make_unique<StoryPicker>(picker); });
+                        [this] { return std::make_unique<ScenarioPicker>(picker); });
     form.Load();
     Sent();
   }
@@ -83,7 +83,7 @@ class GoodSearchTest : public SearchTest {
     return condition.Text();
   }
 
-  PickerStory picker;
+  PickerScenario picker;
   SqlText condition;
   std::int32_t chosenStore = -1;
   frmGoodSearch form{shared, condition, [this] { return chosenStore; }};

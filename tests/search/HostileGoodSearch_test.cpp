@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/Errors.h"
-#include "platform/Text.h"
-#include "tests/documents/HostileTexts.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Text.h"
 #include "tests/search/GoodSearchTest.h"
 #include "tests/search/Matching.h"
+#include "tests/support/HostileTexts.h"
 
 namespace koru {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/PersianText.h"
+#include "platform/text/PersianText.h"
 
 namespace koru {
 

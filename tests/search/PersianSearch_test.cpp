@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/search/CountingSearchTest.h"
 #include "tests/search/GoodSearchTest.h"
+#include "tests/search/InvSearchTest.h"
 
 namespace koru {
 namespace {
@@ -60,7 +60,7 @@ TEST_F(PersianGoodSearch, Bounds_count_in_any_digits) {
   EXPECT_EQ(Found(), Texts{"x"});
 }
 
-class PersianCountingSearch : public CountingSearchTest {};
+class PersianCountingSearch : public InvSearchTest {};
 
 TEST_F(PersianCountingSearch, Either_keyboard_finds_what_the_other_stored) {
   if (!database.TakesKeyboardsAsEqual()) GTEST_SKIP() << kKeptApart;

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "control/services/SharedState.h"
-#include "platform/SqlLexer.h"
+#include "platform/sql/SqlLexer.h"
+#include "services/SharedState.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeScreen.h"
 #include "tests/support/FixedClock.h"
@@ -75,7 +75,7 @@ class SearchTest : public ::testing::Test {
   NoSpreadsheets spreadsheets_;
 
  protected:
-  SharedState shared{Surroundings{recording_, components, screen, clock_, files_, spreadsheets_}};
+  SharedState shared{HostServices{recording_, components, screen, clock_, files_, spreadsheets_}};
 };
 
 }  // namespace koru

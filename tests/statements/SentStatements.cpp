@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "documents/frmReport.h"
 #include "lines/LineColumns.h"
+#include "output/frmReport.h"
 #include "tests/counting/CountingWorld.h"
 #include "tests/counting/HostedDocument.h"
 

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 namespace koru::test {
 namespace {

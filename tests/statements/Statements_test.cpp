@@ -7,10 +7,10 @@
 #include <set>
 
 #include "adapters/odbc/ServerDialect.h"
-#include "control/services/dteInvCounting.h"
+#include "services/dteInvCounting.h"
 #include "tests/statements/SentStatements.h"
 #include "tests/statements/SourceTexts.h"
-#include "tests/support/TSqlRules.h"
+#include "tools/tds-stand-in/TSqlRules.h"
 
 namespace koru::test {
 namespace {
@@ -76,7 +76,8 @@ bool IsSentence(const std::string& text) {
 }
 
 std::vector<SourceText> TextsOfTheComponent() {
-  return TextsOfStatementSources(KORU_SOURCES, {"control", "counting", "lines", "documents", "search"});
+  return TextsOfStatementSources(
+      KORU_SOURCES, {"services", "component", "counting", "lines", "registration", "output", "search"});
 }
 
 TEST(Statements, The_document_lists_what_is_sent) {

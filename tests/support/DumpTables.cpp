@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "control/services/FixQuote.h"
 #include "database/sqlserver/SqlServerSchema.h"
+#include "services/FixQuote.h"
 
 namespace koru::test {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru::test {
 

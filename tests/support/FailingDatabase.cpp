@@ -1,6 +1,6 @@
 #include "tests/support/FailingDatabase.h"
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru::test {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Database.h"
+#include "platform/sql/Database.h"
 
 namespace koru::test {
 
@@ -39,8 +39,10 @@ class FailingDatabase : public Database {
 
   Recordset Open(const SqlText& statement) override;
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
-  [[nodiscard]] std::unique_ptr<WriteGroup> BeginWriteGroup() override { return inner_->BeginWriteGroup(); }
-  [[nodiscard]] std::unique_ptr<ReadGroup> BeginReadGroup() override { return inner_->BeginReadGroup(); }
+  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
+  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
+    return inner_->BeginReadSnapshot();
+  }
 
  private:
   std::unique_ptr<Database> inner_;

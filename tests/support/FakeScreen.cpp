@@ -2,9 +2,9 @@
 
 namespace koru::test {
 
-void FakeScreen::SetPointer(Pointer pointer) {
-  pointer_ = pointer;
-  pointers_.push_back(pointer);
+void FakeScreen::SetCursor(Cursor cursor) {
+  cursor_ = cursor;
+  cursors_.push_back(cursor);
 }
 
 void FakeScreen::Show(Form& form, bool modal) {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Form.h"
-#include "platform/Screen.h"
+#include "platform/controls/Form.h"
+#include "platform/ports/Screen.h"
 
 namespace koru::test {
 
@@ -17,8 +17,8 @@ class FakeScreen : public Screen {
     bool modal = false;
   };
 
-  void SetPointer(Pointer pointer) override;
-  [[nodiscard]] Pointer CurrentPointer() const override { return pointer_; }
+  void SetCursor(Cursor cursor) override;
+  [[nodiscard]] Cursor CurrentCursor() const override { return cursor_; }
   /// A form that is still visible when OnModal returns is closed by its frame, and hidden when that does not
   /// help.
   void Show(Form& form, bool modal) override;
@@ -29,12 +29,12 @@ class FakeScreen : public Screen {
   /// What was shown, in order.
   [[nodiscard]] const std::vector<Showing>& Shown() const { return shown_; }
   /// Every pointer that was set, in order.
-  [[nodiscard]] const std::vector<Pointer>& Pointers() const { return pointers_; }
+  [[nodiscard]] const std::vector<Cursor>& Cursors() const { return cursors_; }
 
  private:
-  Pointer pointer_ = Pointer::Normal;
+  Cursor cursor_ = Cursor::Normal;
   std::vector<Showing> shown_;
-  std::vector<Pointer> pointers_;
+  std::vector<Cursor> cursors_;
 };
 
 }  // namespace koru::test

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Surroundings.h"
+#include "platform/ports/HostServices.h"
 
 namespace koru::test {
 

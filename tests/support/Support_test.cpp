@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/support/FailingDatabase.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeScreen.h"
@@ -92,7 +92,7 @@ TEST(FakeScreen, Records_forms_and_pointers_and_closes_what_the_person_left_open
   ASSERT_EQ(screen.Shown().size(), 2U);
   EXPECT_TRUE(screen.Shown()[0].modal);
   EXPECT_FALSE(screen.Shown()[1].modal);
-  EXPECT_EQ(screen.Pointers(), (std::vector<Pointer>{Pointer::Hourglass, Pointer::Normal}));
+  EXPECT_EQ(screen.Cursors(), (std::vector<Cursor>{Cursor::Hourglass, Cursor::Normal}));
 }
 
 TEST(FakeMessages, Records_messages_and_answers_questions_in_turn) {

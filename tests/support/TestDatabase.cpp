@@ -8,10 +8,10 @@
 namespace koru::test {
 namespace {
 
-TrialRoute AskedFor() {
+ScratchRoute AskedFor() {
   const char* server = std::getenv("KORU_SQLSERVER");
   if (server == nullptr) return {};
-  return {TrialRoute::Way::Server, server};
+  return {ScratchRoute::Way::Server, server};
 }
 
 std::string EmptyFile(std::string file) {

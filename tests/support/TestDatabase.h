@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "database/trial/TrialDatabase.h"
+#include "database/scratch/ScratchDatabase.h"
 #include "tests/support/DumpTables.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -46,7 +46,7 @@ class TestDatabase {
 
  private:
   TemporaryFolder folder_;
-  TrialDatabase trial_;
+  ScratchDatabase trial_;
 };
 
 }  // namespace koru::test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/support/TestFile.h"
 
 namespace koru {

@@ -98,10 +98,10 @@ TEST(OdbcConnector, What_a_write_group_writes_reaches_the_file_together_also_aft
   const auto database = OdbcConnector().Connect(EmbeddedThroughOdbcText(file.File()));
   const auto count = [&] { return file.Scalar("select count(*) from tblUser"); };
   {
-    const auto outer = database->BeginWriteGroup();
+    const auto outer = database->BeginWriteBatch();
     database->Open(SqlText("insert into tblUser (ID, FullName) values (1, 'a')"));
     {
-      const auto inner = database->BeginWriteGroup();
+      const auto inner = database->BeginWriteBatch();
       database->Open(SqlText("insert into tblUser (ID, FullName) values (2, 'b')"));
       inner->Finish();
     }

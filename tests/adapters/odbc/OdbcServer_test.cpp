@@ -5,7 +5,7 @@
 
 #include "adapters/odbc/OdbcConnectError.h"
 #include "adapters/odbc/OdbcConnector.h"
-#include "tests/server/ScriptedServer.h"
+#include "tests/tools/tds-stand-in/ScriptedServer.h"
 
 namespace koru::test {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru {
 namespace {

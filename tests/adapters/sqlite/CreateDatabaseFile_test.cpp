@@ -9,7 +9,8 @@
 #include <string>
 
 #include "adapters/sqlite/FileFormat.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Errors.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace koru {

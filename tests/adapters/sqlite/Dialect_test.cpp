@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "adapters/sqlite/StatementShape.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/support/TestFile.h"
 
 namespace koru {

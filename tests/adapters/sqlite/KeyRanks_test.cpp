@@ -16,14 +16,14 @@ TEST(KeyRanks, Know_each_key_by_its_place_and_no_other_key) {
 }
 
 TEST(KeyRanks, Know_keys_that_lie_as_far_apart_as_keys_can) {
-  constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
-  constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
-  const KeyRanks ranks({kMost, 0, kLeast});
-  EXPECT_EQ(ranks.RankOf(kMost), 1U);
+  constexpr std::int64_t kMin = std::numeric_limits<std::int64_t>::min();
+  constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
+  const KeyRanks ranks({kMax, 0, kMin});
+  EXPECT_EQ(ranks.RankOf(kMax), 1U);
   EXPECT_EQ(ranks.RankOf(0), 2U);
-  EXPECT_EQ(ranks.RankOf(kLeast), 3U);
+  EXPECT_EQ(ranks.RankOf(kMin), 3U);
   EXPECT_EQ(ranks.RankOf(1), 0U);
-  EXPECT_EQ(ranks.RankOf(kLeast + 1), 0U);
+  EXPECT_EQ(ranks.RankOf(kMin + 1), 0U);
 }
 
 TEST(KeyRanks, Of_nothing_know_no_key) {

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "adapters/sqlite/SqliteConnector.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Text.h"
 #include "tests/support/TestFile.h"
 
 namespace koru {
@@ -37,10 +37,10 @@ class LostFile : public testing::Test {
     return Lost([this] { connection_->Open(InsertUser(2)); });
   }
   std::string WhenWritingMany() {
-    return Lost([this] { (void)connection_->BeginWriteGroup(); });
+    return Lost([this] { (void)connection_->BeginWriteBatch(); });
   }
   std::string WhenReadingMany() {
-    return Lost([this] { (void)connection_->BeginReadGroup(); });
+    return Lost([this] { (void)connection_->BeginReadSnapshot(); });
   }
   void ExpectRefused(const std::string& lost) {
     EXPECT_EQ(WhenWritingOne(), lost);
@@ -80,14 +80,14 @@ TEST_F(LostFile, A_log_that_another_program_took_away_takes_no_more_writes) {
 }
 
 TEST_F(LostFile, A_save_whose_file_goes_before_it_ends_is_not_reported_as_done) {
-  const auto group = connection_->BeginWriteGroup();
+  const auto group = connection_->BeginWriteBatch();
   connection_->Open(InsertUser(2));
   connection_->Open(InsertUser(3));
   std::filesystem::rename(file_, elsewhere_);
   EXPECT_EQ(Lost([&] { group->Finish(); }), named_);
   std::filesystem::rename(elsewhere_, file_);
   EXPECT_EQ(database_.Scalar("select count(*) from tblUser"), "1");
-  connection_->BeginWriteGroup()->Finish();
+  connection_->BeginWriteBatch()->Finish();
 }
 
 TEST_F(LostFile, Without_a_log_only_the_file_itself_counts) {

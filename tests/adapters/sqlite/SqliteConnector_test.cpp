@@ -11,7 +11,7 @@
 
 #include "adapters/sqlite/FileFormat.h"
 #include "adapters/sqlite/SqliteConnection.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/support/TestFile.h"
 
 namespace koru {

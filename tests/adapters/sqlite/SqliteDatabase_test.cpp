@@ -6,7 +6,7 @@
 #include <string>
 
 #include "adapters/sqlite/SqliteConnector.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/support/TestFile.h"
 
 namespace koru {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace koru {

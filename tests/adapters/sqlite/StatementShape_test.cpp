@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 
 namespace koru {
 namespace {

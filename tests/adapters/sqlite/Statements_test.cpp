@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnector.h"
-#include "platform/Errors.h"
+
 #include "tests/support/TestFile.h"
 
 namespace koru {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "adapters/sqlite/SqliteConnector.h"
-#include "platform/Errors.h"
+
 #include "tests/support/TestFile.h"
 
 namespace koru {
@@ -26,7 +26,7 @@ TEST_F(TwoConnections, What_one_has_written_the_other_reads) {
 }
 
 TEST_F(TwoConnections, A_reader_does_not_wait_for_a_write_group) {
-  const auto group = writer_->BeginWriteGroup();
+  const auto group = writer_->BeginWriteBatch();
   writer_->Open(SqlText("insert into tblUser (FullName) values ('x')"));
   EXPECT_EQ(Users(*reader_), 0U);
   group->Finish();

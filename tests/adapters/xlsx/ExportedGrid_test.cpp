@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "adapters/xlsx/XlsxStarter.h"
-#include "documents/ExcelExport.h"
-#include "platform/Errors.h"
+#include "output/ExcelExport.h"
+#include "platform/text/Errors.h"
 #include "tests/adapters/xlsx/WorkbookReader.h"
 #include "tests/lines/LineForm.h"
 #include "tests/support/FakeScreen.h"
@@ -35,7 +35,7 @@ TEST(ExportedGrid, Of_a_full_counting_is_read_back_cell_by_cell_as_the_grid_show
   ProgressBar pgbStatus(form, "pgbExport");
   {
     const GridRedrawOff redrawOff(form.flexDetail);
-    for (int line = 1; line <= kMostLines; ++line) {
+    for (int line = 1; line <= kMaxLines; ++line) {
       const int row = form.AddLine("62600" + std::to_string(line));
       const std::string hard = kHard.at(static_cast<std::size_t>(line) % kHard.size());
       form.Set(row, LineColumn::RowNumber, std::to_string(row));
@@ -61,7 +61,7 @@ TEST(ExportedGrid, Of_a_full_counting_is_read_back_cell_by_cell_as_the_grid_show
   ASSERT_EQ(opened.size(), 1U);
   const ReadSheet sheet = ReadWorkbook(opened[0]);
   int filled = 0;
-  for (int row = 0; row <= kMostLines; ++row) {
+  for (int row = 0; row <= kMaxLines; ++row) {
     for (int col = 0; col < kLineColumns; ++col) {
       const std::string shown = form.Cell(row, col);
       ASSERT_EQ(sheet.Text(row + 1, col + 1), shown) << row << "," << col;
@@ -70,7 +70,7 @@ TEST(ExportedGrid, Of_a_full_counting_is_read_back_cell_by_cell_as_the_grid_show
       ASSERT_TRUE(sheet.cells.at({row + 1, col + 1}).isText) << row << "," << col;
     }
   }
-  EXPECT_GT(filled, 8 * kMostLines);
+  EXPECT_GT(filled, 8 * kMaxLines);
   EXPECT_EQ(sheet.Text(1, 10), "شمارش مورد قبول  \u00A0");
 }
 

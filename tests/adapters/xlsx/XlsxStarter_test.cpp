@@ -6,7 +6,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "platform/Errors.h"
+#include "platform/text/Errors.h"
 #include "tests/adapters/xlsx/WorkbookReader.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/RefusedWrites.h"

@@ -7,11 +7,11 @@
 #include "adapters/odbc/OdbcConnector.h"
 #include "adapters/odbc/ServerDialect.h"
 #include "adapters/sqlite/SqliteConnector.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
 #include "tests/support/FailingDatabase.h"
 #include "tests/support/RecordingDatabase.h"
-#include "tests/support/TSqlRules.h"
 #include "tests/support/TestFile.h"
+#include "tools/tds-stand-in/TSqlRules.h"
 
 namespace koru::test {
 namespace {
@@ -76,7 +76,7 @@ class Taker : public Database {
     return {};
   }
   std::int32_t Call(std::string_view, const std::vector<std::int32_t>&) override { return 0; }
-  std::unique_ptr<WriteGroup> BeginWriteGroup() override { return nullptr; }
+  std::unique_ptr<WriteBatch> BeginWriteBatch() override { return nullptr; }
 
   std::vector<std::string> taken;
 };

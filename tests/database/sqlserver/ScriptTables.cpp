@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "platform/SqlLexer.h"
-#include "platform/Text.h"
+#include "platform/sql/SqlLexer.h"
+#include "platform/text/Text.h"
 
 namespace koru::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/SqlText.h"
+#include "platform/sql/SqlText.h"
 
 namespace koru::test {
 

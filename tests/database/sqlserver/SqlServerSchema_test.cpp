@@ -6,11 +6,12 @@
 
 #include "database/Sample.h"
 #include "database/sqlserver/NeededTables.h"
-#include "platform/Errors.h"
-#include "platform/Text.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
 #include "tests/database/sqlserver/ScriptTables.h"
-#include "tests/support/TSqlRules.h"
 #include "tests/support/TestFile.h"
+#include "tools/tds-stand-in/TSqlRules.h"
 
 namespace koru::test {
 namespace {
@@ -167,7 +168,7 @@ class Listener : public Database {
                     const std::vector<std::int32_t>& /*parameters*/) override {
     return 0;
   }
-  std::unique_ptr<WriteGroup> BeginWriteGroup() override { return nullptr; }
+  std::unique_ptr<WriteBatch> BeginWriteBatch() override { return nullptr; }
 
   std::vector<std::string> sent;
   std::string asked;  ///< after what is there

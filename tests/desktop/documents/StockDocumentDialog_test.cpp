@@ -33,13 +33,13 @@ class StockDocumentDialogTest : public testing::Test {
         "insert into tblInventoryDispatch (ID,InventoryID) values (9,99)");
   }
 
-  void View(std::string_view className, std::int32_t id, const std::function<void(QWidget&)>& story) {
+  void View(std::string_view className, std::int32_t id, const std::function<void(QWidget&)>& scenario) {
     const auto component = components.Create(className);
     auto& document = dynamic_cast<DocumentComponent&>(*component);
     document.SetConnectionString(base.ConnectionText());
     WhenDialogOpens([&](QWidget& dialog) {
       ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-      story(dialog);
+      scenario(dialog);
       if (dialog.isVisible()) Press(Qt::Key_Escape);
     });
     document.View(id);

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "desktop/report/ReportDocument.h"
-#include "platform/Errors.h"
+#include "platform/text/Errors.h"
 #include "tests/desktop/report/ReportDesk.h"
 #include "tests/desktop/report/ReportSamples.h"
 

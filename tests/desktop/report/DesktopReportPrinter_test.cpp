@@ -4,7 +4,8 @@
 #include <fstream>
 
 #include "desktop/report/ReportPreview.h"
-#include "platform/Errors.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Errors.h"
 #include "tests/desktop/WindowTools.h"
 #include "tests/desktop/report/ReportDesk.h"
 #include "tests/desktop/report/ReportSamples.h"

@@ -1,11 +1,11 @@
 #include <cstdio>
 
-#include "control/services/dteInvCounting.h"
 #include "desktop/report/ReportNumbers.h"
 #include "lines/CountingLines.h"
 #include "lines/LineColumns.h"
-#include "platform/Form.h"
-#include "platform/Numbers.h"
+#include "platform/controls/Form.h"
+#include "platform/text/Numbers.h"
+#include "services/dteInvCounting.h"
 #include "tests/desktop/report/ReportDesk.h"
 #include "tests/desktop/report/ReportSamples.h"
 #include "tests/support/FakeScreen.h"

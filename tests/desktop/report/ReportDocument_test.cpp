@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Errors.h"
+#include "platform/text/Errors.h"
 #include "tests/desktop/report/ReportSamples.h"
 
 namespace koru {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "platform/Errors.h"
+#include "platform/text/Errors.h"
 #include "tests/desktop/report/ReportSamples.h"
 
 namespace koru {

@@ -8,8 +8,8 @@
 #include <QPrinter>
 #include <QRegularExpression>
 
-#include "desktop/QtText.h"
-#include "platform/Errors.h"
+#include "desktop/toolkit/QtText.h"
+#include "platform/text/Errors.h"
 #include "tests/desktop/report/ReportSamples.h"
 #include "tests/support/RefusedWrites.h"
 #include "tests/support/TemporaryFolder.h"

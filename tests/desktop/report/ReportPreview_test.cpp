@@ -8,7 +8,7 @@
 #include <QSpinBox>
 #include <QToolButton>
 
-#include "desktop/QtText.h"
+#include "desktop/toolkit/QtText.h"
 #include "tests/desktop/WindowTools.h"
 #include "tests/desktop/report/ReportSamples.h"
 #include "tests/support/TemporaryFolder.h"
@@ -71,9 +71,9 @@ TEST_F(Preview, Zooms_between_a_quarter_and_four_times_and_keeps_the_page) {
   EXPECT_GT(window.View().Zoom(), before);
   EXPECT_EQ(window.View().CurrentPage(), 2);
   for (int i = 0; i < 20; ++i) Click("larger");
-  EXPECT_EQ(window.View().Zoom(), PageView::kMostZoom);
+  EXPECT_EQ(window.View().Zoom(), PageView::kMaxZoom);
   for (int i = 0; i < 40; ++i) Click("smaller");
-  EXPECT_EQ(window.View().Zoom(), PageView::kLeastZoom);
+  EXPECT_EQ(window.View().Zoom(), PageView::kMinZoom);
   Click("fit");
   EXPECT_NEAR(window.View().Zoom(), before, 0.05);
 }

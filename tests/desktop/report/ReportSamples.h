@@ -8,7 +8,7 @@
 
 #include "desktop/report/ReportDocument.h"
 #include "desktop/report/ReportTemplate.h"
-#include "platform/Recordset.h"
+#include "platform/sql/Recordset.h"
 
 namespace koru::test {
 

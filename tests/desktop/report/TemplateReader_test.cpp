@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/report/ReportTemplate.h"
-#include "platform/Errors.h"
+#include "platform/text/Errors.h"
 
 namespace koru {
 namespace {

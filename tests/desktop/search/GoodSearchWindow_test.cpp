@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "desktop/SelectorRecords.h"
+#include "desktop/fields/SelectorRecords.h"
 #include "tests/desktop/WindowTools.h"
 #include "tests/search/GoodSearchTest.h"
 

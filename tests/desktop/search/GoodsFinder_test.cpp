@@ -85,7 +85,7 @@ TEST_F(GoodsFinderTest, A_long_list_is_cut_and_says_so) {
   base.InsertRows("tblGood (Barcode,Name)", 1, 5'000,
                   [](int i) { return "'N" + std::to_string(i) + "','كالا " + std::to_string(i) + "'"; });
   const FoundGoods found = finder.Find("كالا");
-  EXPECT_EQ(found.goods.size(), GoodsFinder::kMostListed);
+  EXPECT_EQ(found.goods.size(), GoodsFinder::kMaxListed);
   EXPECT_TRUE(found.more);
   EXPECT_FALSE(finder.Find("كالا 4999").more);
   finder.OnlyOfStore(3);

@@ -30,10 +30,10 @@ class GoodsPickerDialogTest : public testing::Test {
     picker.SetConnectionString(base.ConnectionText());
   }
 
-  void Pick(const std::function<void(QWidget&)>& story) {
+  void Pick(const std::function<void(QWidget&)>& scenario) {
     WhenDialogOpens([&](QWidget& dialog) {
       ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-      story(dialog);
+      scenario(dialog);
     });
     picker.Show();
   }

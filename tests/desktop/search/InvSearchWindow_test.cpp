@@ -7,11 +7,11 @@
 #include <QPushButton>
 #include <memory>
 
-#include "desktop/DateBoxEdit.h"
-#include "desktop/GridView.h"
-#include "desktop/SelectorRecords.h"
+#include "desktop/fields/DateBoxEdit.h"
+#include "desktop/fields/SelectorRecords.h"
+#include "desktop/grid/GridView.h"
 #include "tests/desktop/WindowTools.h"
-#include "tests/search/CountingSearchTest.h"
+#include "tests/search/InvSearchTest.h"
 
 namespace koru {
 namespace {
@@ -20,10 +20,10 @@ using test::Open;
 using test::Press;
 using test::Type;
 
-class InvSearchWindowTest : public CountingSearchTest {
+class InvSearchWindowTest : public InvSearchTest {
  protected:
   void SetUp() override {
-    CountingSearchTest::SetUp();
+    InvSearchTest::SetUp();
     window = std::make_unique<InvSearchWindow>(form, records);
     form.Show(false);
     Open(*window);

@@ -1,0 +1,31 @@
+#include "adapters/system/TemporaryFolder.h"
+
+#include <random>
+#include <string>
+#include <system_error>
+
+#include "platform/text/Errors.h"
+#include "platform/text/Text.h"
+
+namespace koru {
+
+TemporaryFolder::TemporaryFolder() {
+  constexpr int kTries = 16;
+  std::random_device random;
+  std::error_code error;
+  const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
+  for (int i = 0; i < kTries && !error; ++i) {
+    path_ = parent / ("koru-counting-" + std::to_string(random()));
+    if (!std::filesystem::create_directory(path_, error)) continue;
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, error);
+    return;
+  }
+  throw InputError("پوشه موقت در " + LeftToRight(parent.string()) + " ساخته نشد.");
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;  // what is left in the temporary folder is the system's to clear
+  std::filesystem::remove_all(path_, ignored);
+}
+
+}  // namespace koru

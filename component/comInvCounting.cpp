@@ -1,0 +1,88 @@
+#include "component/comInvCounting.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "services/Permission.h"
+
+namespace koru {
+
+comInvCounting::comInvCounting(ControlHost& host, const HostServices& services)
+    : host_(host), shared_(services) {
+  InitProperties();
+}
+
+comInvCounting::~comInvCounting() {
+  if (form_) form_->Unload();
+}
+
+frmInvCounting* comInvCounting::CountingForm() const {
+  return form_ && form_->Loaded() ? form_.get() : nullptr;
+}
+
+/// The form with the control's properties handed over, started up and in the given mode. An unloaded form is
+/// replaced: what it held is gone, as its window is.
+frmInvCounting& comInvCounting::LoadForm(DocumentMode mode) {
+  if (CountingForm() == nullptr) form_ = std::make_unique<frmInvCounting>(shared_);
+  shared_.user = user_;
+  shared_.data.SetConnectionString(oleConnectionString_);
+  form_->Load();
+  shared_.DocMode = mode;
+  form_->disablelockcomponent();
+  return *form_;
+}
+
+void comInvCounting::ConnectSelectors(frmInvCounting& form) {
+  shared_.ConnectionString = oleConnectionString_;
+  form.gmpInventory.SetConnectionString(oleConnectionString_);
+  for (PersonSelector* person :
+       {&form.mptCounter1, &form.mptCounter2, &form.mptCounter3, &form.mptConfirmer}) {
+    person->SetConnectionString(oleConnectionString_);
+  }
+}
+
+bool comInvCounting::ModalityParameter() {
+  return shared_.data.rssqlCommon
+             .Open(SqlText("Select * from tblPelinSystemParameters Where ID=123 and Value=1"))
+             .RecordCount() > 0;
+}
+
+bool comInvCounting::View(std::int32_t id) {
+  bool found = false;
+  {
+    const Hourglass hourglass(shared_.services.screen);
+    found = LoadForm(DocumentMode::Viewing).ViewInvCounting(id);
+  }
+  if (!found) {
+    shared_.messages.ShowMessage(sentences::kError, "شمارش بااين شماره موجود نميباشد.");
+    return false;
+  }
+  ConnectSelectors(*form_);
+  shared_.ShowAsModal = ModalityParameter();
+  form_->Show(shared_.ShowAsModal);
+  return true;
+}
+
+void comInvCounting::ClearShow() {
+  {
+    const Hourglass hourglass(shared_.services.screen);
+    LoadForm(DocumentMode::Empty).Clear();
+  }
+  ConnectSelectors(*form_);
+  shared_.ShowAsModal = ModalityParameter();
+  if (!CheckPermission(shared_, FormPermission::OpenForNew)) return;
+  form_->Show(shared_.ShowAsModal);
+}
+
+void comInvCounting::Resize(int width, int height, Grid& flexTempDocs) {
+  constexpr int kSmallestWidth = 4000;
+  constexpr int kSmallestHeight = 2000;
+  constexpr int kStretched = 7;
+  constexpr int kMinWidth = 2800;
+  if (width <= kSmallestWidth || height <= kSmallestHeight) return;
+  int others = 0;
+  for (int col = 0; col <= 8; ++col) others += col == kStretched ? 0 : flexTempDocs.ColWidth(col);
+  flexTempDocs.SetColWidth(kStretched, others + 200 >= width ? kMinWidth : std::max(0, width - others - 250));
+}
+
+}  // namespace koru

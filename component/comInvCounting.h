@@ -1,0 +1,105 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "counting/frmInvCounting.h"
+#include "platform/ports/PropertyBag.h"
+#include "services/SharedState.h"
+
+namespace koru {
+
+/// The public control: a host screen places it, hands it a connection and the signed-in user, and asks it to
+/// open a stored counting (View) or an empty form for a new one (ClearShow). Setting a property keeps the
+/// value and reports the change to the host; nothing is tested and no database is touched before a form is
+/// opened.
+class comInvCounting {
+ public:
+  /// `host` and everything in `surroundings` must outlive the control. The control starts as one that is
+  /// placed for the first time (InitProperties).
+  comInvCounting(ControlHost& host, const HostServices& services);
+  comInvCounting(const comInvCounting&) = delete;
+  comInvCounting& operator=(const comInvCounting&) = delete;
+  ~comInvCounting();
+
+  /// Sets every property to its default; Font to the host's ambient font.
+  void InitProperties();
+  /// Reads every property in the order in which they are stored, absent ones as their defaults.
+  void ReadProperties(const PropertyBag& store);
+  /// Writes every property in that order; one at its default is not stored.
+  void WriteProperties(PropertyBag& store) const;
+
+  // Appearance: kept for hosts that set it, and without effect.
+  [[nodiscard]] std::int32_t BackColor() const { return backColor_; }
+  [[nodiscard]] std::int32_t ForeColor() const { return foreColor_; }
+  [[nodiscard]] bool Enabled() const { return enabled_; }
+  [[nodiscard]] std::int16_t BackStyle() const { return backStyle_; }
+  [[nodiscard]] std::int16_t BorderStyle() const { return borderStyle_; }
+  void SetBackColor(std::int32_t color);
+  void SetForeColor(std::int32_t color);
+  void SetEnabled(bool enabled);
+  void SetBackStyle(std::int16_t style);
+  void SetBorderStyle(std::int16_t style);
+
+  /// The database connection; "0" until a host sets one.
+  [[nodiscard]] const std::string& OLEConnectionString() const { return oleConnectionString_; }
+  void SetOLEConnectionString(std::string connectionString);
+
+  // Who works: the keys are deliberately of different widths, and a 16-bit one takes no wider number.
+  [[nodiscard]] std::int32_t UserID() const { return user_.userID; }
+  [[nodiscard]] std::int16_t EmployeeID() const { return user_.employeeID; }
+  [[nodiscard]] std::int16_t PositionID() const { return user_.positionID; }
+  [[nodiscard]] std::int32_t AccPeriodSpecID() const { return user_.accPeriodSpecID; }
+  /// A receipt that the host forces on the form; -1 for none.
+  [[nodiscard]] std::int16_t ForcedReceiptID() const { return user_.forcedReceiptID; }
+  void SetUserID(std::int32_t id);
+  void SetAccPeriodSpecID(std::int32_t id);
+  void SetEmployeeID(std::same_as<std::int16_t> auto id) { StoreEmployeeID(id); }
+  void SetPositionID(std::same_as<std::int16_t> auto id) { StorePositionID(id); }
+  void SetForcedReceiptID(std::same_as<std::int16_t> auto id) { StoreForcedReceiptID(id); }
+
+  /// The font of the control's identifier box txtid.
+  [[nodiscard]] const koru::Font& Font() const { return font_; }
+  void SetFont(koru::Font font);
+
+  /// Opens the stored counting of that key. False, with a message, when there is none: the form then stays
+  /// loaded and hidden. Throws DatabaseError when the connection or a statement fails.
+  bool View(std::int32_t id);
+  /// Opens an empty form, for who holds the right to. Throws DatabaseError.
+  void ClearShow();
+  /// Does nothing; hosts call it on every control.
+  void Refresh() {}
+
+  /// Lays out the control's own grid `flexTempDocs` for a control of this size in twips: it fills the
+  /// control, and its column 7 takes the width that the other columns leave. A control of 4000 twips or less
+  /// in width, or 2000 or less in height, is left as it is.
+  static void Resize(int width, int height, Grid& flexTempDocs);
+
+  /// The counting form; nullptr before the first View or ClearShow and after it was unloaded.
+  [[nodiscard]] frmInvCounting* CountingForm() const;
+  [[nodiscard]] const SharedState& Shared() const { return shared_; }
+
+ private:
+  void StoreEmployeeID(std::int16_t id);
+  void StorePositionID(std::int16_t id);
+  void StoreForcedReceiptID(std::int16_t id);
+  frmInvCounting& LoadForm(DocumentMode mode);
+  void ConnectSelectors(frmInvCounting& form);
+  [[nodiscard]] bool ModalityParameter();
+
+  ControlHost& host_;
+  SharedState shared_;
+  std::int32_t backColor_ = 0;
+  std::int32_t foreColor_ = 0;
+  bool enabled_ = false;
+  std::int16_t backStyle_ = 0;
+  std::int16_t borderStyle_ = 0;
+  std::string oleConnectionString_;
+  SignedInUser user_;
+  koru::Font font_;
+  std::unique_ptr<frmInvCounting> form_;
+};
+
+}  // namespace koru

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QFrame>
+#include <optional>
+
+#include "platform/text/Date.h"
+
+class QCalendarWidget;
+
+namespace koru {
+
+/// A month of the Solar Hijri calendar that drops down under a date box. Arrows walk through the days, Enter
+/// picks, Escape closes.
+class CalendarPopup : public QFrame {
+  Q_OBJECT
+
+ public:
+  explicit CalendarPopup(QWidget* parent);
+
+  /// Opens under `field` on the month of `date`; on today's when there is none or the toolkit does not know
+  /// its year.
+  void OpenUnder(const QWidget& field, std::optional<Date> date);
+
+ signals:
+  void picked(koru::Date date);
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void Pick();
+
+  QCalendarWidget* calendar_;
+};
+
+}  // namespace koru

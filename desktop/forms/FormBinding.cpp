@@ -1,0 +1,102 @@
+#include "desktop/forms/FormBinding.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTimer>
+#include <QWidget>
+
+#include "desktop/grid/GridView.h"
+#include "desktop/toolkit/Keys.h"
+
+namespace koru {
+
+FormBinding::FormBinding(Form& form) : form_(&form), listener_(std::make_unique<QObject>()) {
+  subscriptions_.push_back(form.Changed.Subscribe([this] { FollowFocus(); }));
+  connect(qApp, &QApplication::focusChanged, listener_.get(),
+          [this](const QWidget* /*before*/, const QWidget* now) { FocusMoved(now); });
+}
+
+FormBinding::~FormBinding() { LetGo(); }
+
+void FormBinding::LetGo() {
+  form_ = nullptr;
+  listener_.reset();
+  for (QTimer* const timer : findChildren<QTimer*>()) timer->stop();
+  subscriptions_.clear();
+  controls_.clear();
+  widgets_.clear();
+  for (GridView* const grid : grids_) grid->SetGrid(nullptr);
+  grids_.clear();
+  dates_.clear();
+}
+
+QWidget* FormBinding::WidgetOf(const Control& control) const {
+  const auto found = widgets_.find(&control);
+  return found == widgets_.end() ? nullptr : found->second;
+}
+
+Control* FormBinding::ControlOf(const QWidget* widget) const {
+  for (const QWidget* at = widget; at != nullptr; at = at->parentWidget()) {
+    const auto found = controls_.find(at);
+    if (found != controls_.end()) return found->second;
+    if (at->isWindow()) break;
+  }
+  return nullptr;
+}
+
+void FormBinding::Follow(const Control& control, const std::function<void()>& show) {
+  show();
+  subscriptions_.push_back(const_cast<Control&>(control).Changed.Subscribe(show));
+}
+
+void FormBinding::BindCommon(Control& control, QWidget& widget) {
+  widget.setObjectName(QString::fromStdString(control.Name()));
+  controls_[&widget] = &control;
+  widgets_[&control] = &widget;
+  widget.installEventFilter(this);
+  if (QWidget* const inner = widget.focusProxy()) {
+    inner->installEventFilter(this);
+    controls_[inner] = &control;
+  }
+  Follow(control, [&control, &widget] {
+    if (widget.isEnabledTo(widget.parentWidget()) != control.Enabled()) widget.setEnabled(control.Enabled());
+    if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
+  });
+  // The form may have given the keyboard away before it had a window.
+  if (form_->Focus() == &control) widget.setFocus(Qt::OtherFocusReason);
+}
+
+bool FormBinding::eventFilter(QObject* object, QEvent* event) {
+  const auto found = controls_.find(object);
+  if (found == controls_.end()) return false;
+  if (event->type() == QEvent::KeyPress) {
+    // A key that an inner field leaves alone comes a second time, to the widget that the field is a part of.
+    if (static_cast<const QWidget*>(object)->focusProxy() != nullptr) return false;
+    found->second->UserKey(PressOf(*static_cast<QKeyEvent*>(event)));
+  } else if (event->type() == QEvent::ContextMenu) {
+    found->second->UserRightClick();
+  }
+  return false;
+}
+
+/// The person has gone to another widget.
+void FormBinding::FocusMoved(const QWidget* now) {
+  Control* const control = ControlOf(now);
+  if (control == nullptr || control == form_->Focus()) return;
+  form_->RunEvent([this, control] {
+    Form* const form = form_;
+    if (auto* const grid = dynamic_cast<Grid*>(form->Focus())) grid->UserLeave();
+    if (form_ != nullptr) form->SetFocus(*control);
+  });
+}
+
+/// The form may have given the keyboard to another control.
+void FormBinding::FollowFocus() {
+  if (form_->Focus() == focus_) return;
+  focus_ = form_->Focus();
+  QWidget* const widget = focus_ == nullptr ? nullptr : WidgetOf(*focus_);
+  if (widget == nullptr || widget->isAncestorOf(QApplication::focusWidget())) return;
+  widget->setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace koru

@@ -1,0 +1,36 @@
+#include "desktop/forms/FormWindow.h"
+
+#include <QCloseEvent>
+
+#include "desktop/toolkit/QtText.h"
+
+namespace koru {
+
+FormWindow::FormWindow(Form& form) : form_(&form), binding_(form) {
+  setObjectName(ToQt(form.Name()));
+  setWindowTitle(ToQt(form.Caption()));
+  changed_ = form.Changed.Subscribe([this] {
+    if (!form_->Caption().empty()) setWindowTitle(ToQt(form_->Caption()));
+  });
+}
+
+void FormWindow::ComeToFront() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+}
+
+void FormWindow::LetGo() {
+  form_ = nullptr;
+  changed_.End();
+  binding_.LetGo();
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // the form decides, and hides or unloads itself
+  if (form_ == nullptr) return;
+  form_->RunEvent([form = form_] { form->UserClose(); });
+}
+
+}  // namespace koru

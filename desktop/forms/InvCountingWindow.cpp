@@ -1,0 +1,312 @@
+#include "desktop/forms/InvCountingWindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTextOption>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "counting/frmInvCounting.h"
+#include "desktop/fields/DateBoxEdit.h"
+#include "desktop/fields/Fields.h"
+#include "desktop/fields/SelectorEdit.h"
+#include "desktop/grid/GridView.h"
+#include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/ShownNumber.h"
+#include "desktop/toolkit/WindowPlace.h"
+#include "lines/LineColumns.h"
+
+// The widgets belong to their window, as the toolkit's widgets do.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
+namespace koru {
+namespace {
+
+constexpr QSize kDefaultSize(1280, 760);
+constexpr const char* kKeysOfLines =
+    "خانه بعد: Enter    ويرايش خانه: F2    ورود/خروج جدول: Ctrl+Tab    حذف سطر: Ctrl+Del    "
+    "ليست و تقويم: F4";
+constexpr QColor kShortage(0xA8, 0x1E, 0x16);
+constexpr QColor kSurplus(0x17, 0x4E, 0xA6);
+
+void AddField(QGridLayout& box, int row, int column, const QString& title, QWidget& field, int columns = 1) {
+  auto* const label = new QLabel(title, box.parentWidget());
+  label->setBuddy(&field);
+  QWidget* const typedInto = field.focusProxy() == nullptr ? &field : field.focusProxy();
+  typedInto->setAccessibleName(title);
+  box.addWidget(label, row, column);
+  box.addWidget(&field, row, column + 1, 1, columns);
+}
+
+void AddGap(QBoxLayout& bar) {
+  auto* const line = new QFrame(bar.parentWidget());
+  line->setFrameShape(QFrame::VLine);
+  line->setProperty("gap", true);
+  bar.addWidget(line);
+}
+
+void LookOfLines(GridView& lines) {
+  for (int col = LineColumn::FirstCounting; col < kLineColumns; ++col) {
+    ColumnStyle look;
+    look.number = true;
+    look.grouped = col >= LineColumn::Rate;
+    if (col == LineColumn::Shortage || col == LineColumn::ShortageAmount) {
+      look.sign = ColumnStyle::Sign::Down;
+      look.color = kShortage;
+    } else if (col == LineColumn::Surplus || col == LineColumn::SurplusAmount) {
+      look.sign = ColumnStyle::Sign::Up;
+      look.color = kSurplus;
+    }
+    lines.SetColumnStyle(col, look);
+  }
+  ColumnStyle key;
+  key.hidden = true;  // the name of the unit stands beside it
+  lines.SetColumnStyle(LineColumn::ScaleID, key);
+  lines.SetStretchColumn(LineColumn::GoodName);
+  lines.SetRowNumbers(true);
+  lines.SetScanColumn(LineColumn::Barcode);
+}
+
+}  // namespace
+
+InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& records)
+    : FormWindow(form), form_(form), records_(records) {
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(8, 8, 8, 8);
+  layout->setSpacing(6);
+  AddDocumentCommands(*layout);
+  AddHeader(*layout);
+  AddLineCommands(*layout);
+  AddLines(*layout);
+  AddTotals(*layout);
+  Binding().Bind(form.Timer1);
+  resize(FirstSize(kDefaultSize));
+}
+
+QPushButton& InvCountingWindow::AddCommand(QBoxLayout& bar, Button& command, const char* shortcut,
+                                           BlockedBy blockedBy) {
+  auto* const button = new QPushButton(this);
+  Binding().Bind(command, *button, blockedBy);
+  const QKeySequence keys(QString::fromLatin1(shortcut));
+  button->setToolTip(WithKeys(button->text(), keys.toString()));
+  auto* const press = new QShortcut(keys, this);
+  connect(press, &QShortcut::activated, button, [this, button, blockedBy] {
+    if (!button->isEnabled()) return;
+    if (blockedBy != BlockedBy::Nothing && !lines_->FinishEdit()) return;
+    button->setFocus(Qt::ShortcutFocusReason);
+    button->click();
+  });
+  bar.addWidget(button);
+  return *button;
+}
+
+void InvCountingWindow::AddDocumentCommands(QBoxLayout& window) {
+  auto* const bar = new QHBoxLayout;
+  bar->setSpacing(4);
+  window.addLayout(bar);
+  AddCommand(*bar, form_.cmdNew, "Ctrl+N");
+  AddCommand(*bar, form_.cmdEdit, "Ctrl+E");
+  AddCommand(*bar, form_.cmdDelete, "Ctrl+D");
+  AddCommand(*bar, form_.cmdSearch, "F3");
+  AddGap(*bar);
+  AddCommand(*bar, form_.cmdTmpSave, "Ctrl+S", BlockedBy::FiguresAndDates).setProperty("main", true);
+  AddCommand(*bar, form_.cmdCancel, "F8", BlockedBy::Nothing);
+  AddCommand(*bar, form_.cmdIsFinalized, "Ctrl+Shift+S", BlockedBy::FiguresAndDates)
+      .setProperty("main", true);
+  AddCommand(*bar, form_.cmdFunc, "Ctrl+Shift+R");
+  AddGap(*bar);
+  AddCommand(*bar, form_.cmdView, "F7");
+  AddCommand(*bar, form_.cmdPrint, "Ctrl+P");
+  AddCommand(*bar, form_.cmdInvReceipt, "F11");
+  AddCommand(*bar, form_.cmdInvExit, "F12");
+  bar->addStretch();
+  AddMenu(*bar);
+  AddCommand(*bar, form_.cmdExit, "Ctrl+W", BlockedBy::Nothing);
+}
+
+void InvCountingWindow::AddMenu(QBoxLayout& bar) {
+  auto* const button = new QToolButton(this);
+  button->setObjectName(QStringLiteral("menuButton"));
+  button->setText(QStringLiteral("عمليات ▾"));
+  button->setToolTip(QStringLiteral("عمليات (F10)"));
+  button->setPopupMode(QToolButton::InstantPopup);
+  button->setFocusPolicy(Qt::TabFocus);
+  auto* const menu = new QMenu(button);
+  menu->setObjectName(QStringLiteral("menu"));
+  auto* const back = new QAction(this);
+  menu->addAction(back);
+  Binding().Bind(form_.mnuRS, *back);
+  button->setMenu(menu);
+  bar.addWidget(button);
+  connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, button, &QToolButton::showMenu);
+}
+
+void InvCountingWindow::AddHeader(QBoxLayout& window) {
+  auto* const document = new QGroupBox(QStringLiteral("مشخصات شمارش"), this);
+  auto* const people = new QGroupBox(QStringLiteral("شمارندگان"), this);
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addWidget(document, 5);
+  row->addWidget(people, 2);
+  window.addLayout(row);
+  for (QGroupBox* const box : {document, people}) {
+    auto* const grid = new QGridLayout(box);
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(5);
+    if (box == document) {
+      AddDocument(*grid);
+    } else {
+      AddPeople(*grid);
+    }
+  }
+}
+
+/// The fields are made in the order in which they stand, which is the order in which Tab goes through them.
+void InvCountingWindow::AddDocument(QGridLayout& box) {
+  auto* const key = new QLabel(this);
+  key->setProperty("value", true);
+  key->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  key->setAlignment(kTrueRight);
+  key->setMinimumWidth(70);
+  Binding().Bind(form_.lblIDVal, *key);
+  AddField(box, 0, 0, QStringLiteral("شماره رايانه اي"), *key);
+  auto* const code = NewCodeField(this, 70);
+  Binding().Bind(form_.txtCode, *code);
+  AddField(box, 0, 2, QStringLiteral("شماره نهايي"), *code);
+  auto* const manual = NewCodeField(this, 90);
+  Binding().Bind(form_.txtGNO, *manual);
+  AddField(box, 0, 4, QStringLiteral("شماره دستي"), *manual);
+  AddDate(box, 0, 6, QStringLiteral("تاريخ شمارش"), form_.gdpReceiveDate);
+
+  auto* const store = new SelectorEdit(this);
+  store->SetPlaceholder(QStringLiteral("انتخاب انبار"));
+  Binding().Bind(form_.gmpInventory, *store, records_);
+  AddField(box, 1, 0, QStringLiteral("انبار"), *store, 3);
+  AddDate(box, 1, 4, QStringLiteral("از تاريخ"), form_.gdpFromDate);
+  AddDate(box, 1, 6, QStringLiteral("تا تاريخ"), form_.gdpToDate);
+
+  auto* const notes = new QPlainTextEdit(this);
+  notes->setTabChangesFocus(true);
+  QTextOption fromTheRight(kTrueRight);
+  fromTheRight.setTextDirection(Qt::RightToLeft);
+  notes->document()->setDefaultTextOption(fromTheRight);
+  notes->setFixedHeight(2 * notes->fontMetrics().lineSpacing() + 14);
+  Binding().Bind(form_.txtNotes, *notes);
+  AddField(box, 2, 0, QStringLiteral("توضيحات"), *notes, 5);
+  auto* const creator = new QLineEdit(this);
+  Binding().Bind(form_.txtCreator, *creator);
+  AddField(box, 2, 6, QStringLiteral("ايجاد كننده"), *creator);
+  for (const int column : {1, 3, 5, 7}) box.setColumnStretch(column, 1);
+}
+
+void InvCountingWindow::AddDate(QGridLayout& box, int row, int column, const QString& title, DateBox& date) {
+  auto* const field = new DateBoxEdit(this);
+  Binding().Bind(date, *field);
+  AddField(box, row, column, title, *field);
+}
+
+void InvCountingWindow::AddPeople(QGridLayout& box) {
+  AddPerson(box, 0, 0, QStringLiteral("شمارنده اول"), form_.mptCounter1);
+  AddPerson(box, 1, 0, QStringLiteral("شمارنده دوم"), form_.mptCounter2);
+  AddPerson(box, 2, 0, QStringLiteral("شمارنده سوم"), form_.mptCounter3);
+  AddPerson(box, 3, 0, QStringLiteral("تاييد كننده"), form_.mptConfirmer);
+}
+
+void InvCountingWindow::AddPerson(QGridLayout& box, int row, int column, const QString& title,
+                                  PersonSelector& person) {
+  auto* const field = new SelectorEdit(this);
+  Binding().Bind(person, *field, records_);
+  AddField(box, row, column, title, *field);
+}
+
+void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
+  auto* const bar = new QHBoxLayout;
+  bar->setSpacing(4);
+  window.addLayout(bar);
+  AddCommand(*bar, form_.cmdGoods, "F6", BlockedBy::FiguresAndDates);
+  AddCommand(*bar, form_.cmdCalc, "F9", BlockedBy::FiguresAndDates);
+  AddCommand(*bar, form_.cmdDeleteAll, "Ctrl+Shift+Delete");
+  AddCommand(*bar, form_.cmdExcel, "Ctrl+Shift+E");
+  auto* const progress = new QProgressBar(this);
+  progress->setMaximumHeight(20);
+  progress->setMinimumWidth(60);
+  Binding().Bind(form_.pgbStatus, *progress);
+  bar->addSpacing(12);
+  bar->addWidget(progress, 1);
+  hint_ = NewHint(QString::fromUtf8(kKeysOfLines), this);
+  bar->addWidget(hint_);
+  goodsAdded_ = form_.GoodsAdded.Subscribe([this](int added) {
+    added_ = added;
+    hint_->setText(added == 0 ? QStringLiteral("كالاي تازه اي افزوده نشد.")
+                              : QStringLiteral("%1 سطر افزوده شد.").arg(added));
+  });
+  keyPressed_ = form_.KeyDown.Subscribe(
+      [this](KeyPress) { hint_->setText(RightToLeft(QString::fromUtf8(kKeysOfLines))); });
+}
+
+void InvCountingWindow::AddLines(QBoxLayout& window) {
+  lines_ = new GridView(this);
+  LookOfLines(*lines_);
+  Binding().Bind(form_.flexDetail, *lines_);
+  window.addWidget(lines_, 1);
+  // The grid itself has the key that leaves it.
+  connect(new QShortcut(Qt::CTRL | Qt::Key_Tab, this), &QShortcut::activated, lines_,
+          [this] { lines_->setFocus(Qt::ShortcutFocusReason); });
+  connect(&Binding(), &FormBinding::commandDone, this, &InvCountingWindow::CommandDone);
+}
+
+/// What these commands are pressed for is done in the lines.
+void InvCountingWindow::CommandDone(const Button& command) {
+  const int added = std::exchange(added_, 0);
+  if (&command == &form_.cmdGoods && added > 0) {
+    GoToLine(form_.flexDetail.Rows() - added);
+  } else if (&command == &form_.cmdEdit || &command == &form_.cmdGoods || &command == &form_.cmdCalc) {
+    GoToLine(std::max(1, form_.flexDetail.Row()));
+  }
+}
+
+/// The keyboard goes where figures are typed or barcodes scanned in: it keeps such a column.
+void InvCountingWindow::GoToLine(int row) {
+  Grid& lines = form_.flexDetail;
+  const QWidget* const dialog = QApplication::activeModalWidget();
+  if (lines.Locked() || row >= lines.Rows() || (dialog != nullptr && dialog != this)) return;
+  const bool keepsColumn = lines.Col() == LineColumn::Barcode || lines.IsEditable(lines.Col());
+  lines.UserMoveTo(row, keepsColumn ? lines.Col() : LineColumn::FirstCounting);
+}
+
+void InvCountingWindow::AddTotals(QBoxLayout& window) {
+  auto* const bar = new QHBoxLayout;
+  bar->setSpacing(8);
+  window.addLayout(bar);
+  AddTotal(*bar, QStringLiteral("جمع مبلغ كسري"), form_.txtTotalBelowValue, kShortage);
+  AddTotal(*bar, QStringLiteral("جمع مبلغ اضافي"), form_.txtTotalAboveValue, kSurplus);
+  AddTotal(*bar, QStringLiteral("جمع مبلغ موجودي شمارش شده"), form_.txtTotalValue, {});
+}
+
+void InvCountingWindow::AddTotal(QBoxLayout& bar, const QString& title, TextBox& total, const QColor& color) {
+  auto* const field = new AmountEdit(this);
+  Binding().Bind(total, *field);
+  QFont bold = font();
+  bold.setBold(true);
+  field->setFont(bold);
+  if (color.isValid()) field->setStyleSheet(QStringLiteral("QLineEdit { color: %1; }").arg(color.name()));
+  auto* const label = new QLabel(title, this);
+  label->setBuddy(field);
+  bar.addWidget(label);
+  bar.addWidget(field, 1);
+}
+
+}  // namespace koru
+// NOLINTEND(cppcoreguidelines-owning-memory)

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "desktop/forms/FormWindow.h"
+
+class QBoxLayout;
+class QGridLayout;
+class QLabel;
+class QPushButton;
+
+namespace koru {
+
+class frmInvCounting;
+class GridView;
+
+/// The window of the counting form: commands on top, then the header of the document and its people, the
+/// lines with what can be done to them, and the sums of money below.
+class InvCountingWindow : public FormWindow {
+  Q_OBJECT
+
+ public:
+  /// `records` must outlive the window, the form must until it is unloaded.
+  InvCountingWindow(frmInvCounting& form, SelectorRecords& records);
+
+ private:
+  void AddDocumentCommands(QBoxLayout& window);
+  void AddMenu(QBoxLayout& bar);
+  void AddHeader(QBoxLayout& window);
+  void AddDocument(QGridLayout& box);
+  void AddPeople(QGridLayout& box);
+  void AddLineCommands(QBoxLayout& window);
+  void AddLines(QBoxLayout& window);
+  void AddTotals(QBoxLayout& window);
+  void CommandDone(const Button& command);
+  void GoToLine(int row);
+  QPushButton& AddCommand(QBoxLayout& bar, Button& command, const char* shortcut,
+                          BlockedBy blockedBy = BlockedBy::Figures);
+  void AddDate(QGridLayout& box, int row, int column, const QString& title, DateBox& date);
+  void AddPerson(QGridLayout& box, int row, int column, const QString& title, PersonSelector& person);
+  void AddTotal(QBoxLayout& bar, const QString& title, TextBox& total, const QColor& color);
+
+  frmInvCounting& form_;
+  SelectorRecords& records_;
+  GridView* lines_ = nullptr;
+  int added_ = 0;  ///< how many goods the command that runs has added
+  QLabel* hint_ = nullptr;
+  Subscription goodsAdded_;
+  Subscription keyPressed_;  ///< the next key takes away what the hint told
+};
+
+}  // namespace koru

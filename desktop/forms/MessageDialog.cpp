@@ -1,0 +1,161 @@
+#include "desktop/forms/MessageDialog.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDialog>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/toolkit/QtText.h"
+
+namespace koru {
+namespace {
+
+constexpr int kYes = 1;
+constexpr int kNo = 0;
+constexpr int kQuestion = 1;
+constexpr int kMinTextWidth = 340;
+constexpr int kDetailHeight = 110;
+
+/// Black or white, whichever can be read on `ground`.
+QString TextOn(const QColor& ground) {
+  const double light = 0.299 * ground.red() + 0.587 * ground.green() + 0.114 * ground.blue();
+  return light > 130 ? QStringLiteral("#15202E") : QStringLiteral("#FFFFFF");
+}
+
+/// The normal pointer while the person is asked something in the middle of a long operation.
+class ArrowCursor {
+ public:
+  ArrowCursor() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ArrowCursor(const ArrowCursor&) = delete;
+  ArrowCursor& operator=(const ArrowCursor&) = delete;
+  ~ArrowCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+/// Answers a question at the first letter of the answer; Escape, as everywhere, takes nothing on itself.
+class Dialog : public QDialog {
+ public:
+  using QDialog::QDialog;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const QString letter = event->text().toLower();
+    const bool yes = letter == QStringLiteral("ب") || letter == QStringLiteral("y");
+    const bool no =
+        letter == QStringLiteral("خ") || letter == QStringLiteral("n") || event->key() == Qt::Key_Escape;
+    auto* const button = findChild<QPushButton*>(yes ? QStringLiteral("yes") : QStringLiteral("no"));
+    if ((yes || no) && button != nullptr) {
+      button->click();
+    } else {
+      QDialog::keyPressEvent(event);
+    }
+  }
+};
+
+}  // namespace
+
+void MessageDialog::SetFormBackColor(std::uint32_t color) { formColor_ = ColorOf(color); }
+void MessageDialog::SetBtmBackColor(std::uint32_t color) { buttonColor_ = ColorOf(color); }
+void MessageDialog::SetFrameBackColor(std::uint32_t color) { frameColor_ = ColorOf(color); }
+
+void MessageDialog::ClearShow() {
+  answer_ = kNoAnswer;
+  Dialog dialog(QApplication::activeWindow());
+  dialog.setObjectName(QStringLiteral("comMSG"));
+  dialog.setWindowTitle(ToQt(title_));
+  dialog.setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  QVBoxLayout layout(&dialog);
+  layout.setContentsMargins(12, 12, 12, 12);
+  layout.setSpacing(12);
+  layout.setSizeConstraint(QLayout::SetFixedSize);
+  AddTexts(dialog, layout);
+  AddButtons(dialog, layout);
+  Paint(dialog);
+  const ArrowCursor arrow;
+  dialog.exec();
+}
+
+// Everything that is made below belongs to the dialog, as the toolkit's widgets belong to their parents.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
+void MessageDialog::AddTexts(QDialog& dialog, QVBoxLayout& layout) const {
+  const QString whole = ToQt(message_);
+  const qsizetype gap = whole.indexOf(u'\n');
+  auto* const frame = new QFrame(&dialog);
+  frame->setObjectName(QStringLiteral("frame"));
+  auto* const inner = new QVBoxLayout(frame);
+  inner->setContentsMargins(18, 16, 18, 16);
+  auto* const text = new QLabel(gap < 0 ? whole : whole.left(gap), frame);
+  text->setObjectName(QStringLiteral("message"));
+  text->setTextFormat(Qt::PlainText);
+  text->setWordWrap(true);
+  text->setMinimumWidth(kMinTextWidth);
+  text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  inner->addWidget(text);
+  if (gap >= 0) {
+    auto* const detail = new QPlainTextEdit(whole.mid(gap + 1).trimmed(), frame);
+    detail->setObjectName(QStringLiteral("detail"));
+    detail->setReadOnly(true);
+    detail->setTabChangesFocus(true);
+    detail->setFixedHeight(kDetailHeight);
+    inner->addWidget(detail);
+  }
+  layout.addWidget(frame);
+}
+
+void MessageDialog::AddButtons(QDialog& dialog, QVBoxLayout& layout) {
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(10);
+  row->addStretch();
+  const auto add = [&](const char* name, const QString& caption, int answer, bool first) {
+    auto* const button = new QPushButton(caption, &dialog);
+    button->setObjectName(QLatin1String(name));
+    button->setMinimumWidth(96);
+    button->setAutoDefault(true);
+    QObject::connect(button, &QPushButton::clicked, &dialog, [this, &dialog, answer] {
+      answer_ = answer;
+      dialog.accept();
+    });
+    row->addWidget(button);
+    if (first) {
+      button->setDefault(true);
+      button->setFocus();
+    }
+    return button;
+  };
+  if (type_ == kQuestion) {
+    add("yes", QStringLiteral("بلي"), kYes, false);
+    add("no", QStringLiteral("خير"), kNo, true);
+  } else {
+    add("ok", QStringLiteral("تاييد"), kNoAnswer, true);
+  }
+  row->addStretch();
+  layout.addLayout(row);
+}
+// NOLINTEND(cppcoreguidelines-owning-memory)
+
+void MessageDialog::Paint(QDialog& dialog) const {
+  QString style;
+  if (formColor_.isValid()) style += QStringLiteral("QDialog { background: %1; }").arg(formColor_.name());
+  if (frameColor_.isValid()) {
+    style += QStringLiteral("QFrame#frame { background: %1; border: 1px solid %2; border-radius: 5px; }")
+                 .arg(frameColor_.name(), frameColor_.darker(120).name());
+    style +=
+        QStringLiteral("QLabel { color: %1; background: transparent; border: 0; }").arg(TextOn(frameColor_));
+  }
+  if (buttonColor_.isValid()) {
+    style += QStringLiteral(
+                 "QPushButton { background: %1; color: %2; border-color: %3; }"
+                 "QPushButton:hover { background: %4; }"
+                 "QPushButton:focus { border: 2px solid %5; }")
+                 .arg(buttonColor_.name(), TextOn(buttonColor_), buttonColor_.darker(130).name(),
+                      buttonColor_.lighter(108).name(), TextOn(buttonColor_));
+  }
+  dialog.setStyleSheet(style);
+}
+
+}  // namespace koru

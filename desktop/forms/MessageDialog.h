@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QColor>
+#include <string>
+
+#include "platform/ports/Components.h"
+
+class QDialog;
+class QVBoxLayout;
+
+namespace koru {
+
+/// The suite's message component on the desktop: a message with one button, or a question with yes and no.
+/// What follows the first line of the message (a server's own words) is shown below it in a field of its own.
+/// Enter presses the button that has the keyboard, "no" first in a question, since what is asked can hardly
+/// be taken back; ب and خ answer directly, and Escape is "no". Closing a question by its frame is no answer.
+class MessageDialog : public MessageComponent {
+ public:
+  static constexpr int kNoAnswer = -1;
+
+  void SetFormTitle(const std::string& title) override { title_ = title; }
+  void SetFormMessage(const std::string& message) override { message_ = message; }
+  void SetFormType(int type) override { type_ = type; }
+  void SetFormBackColor(std::uint32_t color) override;
+  void SetBtmBackColor(std::uint32_t color) override;
+  void SetFrameBackColor(std::uint32_t color) override;
+  void ClearShow() override;
+  [[nodiscard]] int Resualt() const override { return answer_; }
+
+ private:
+  void AddTexts(QDialog& dialog, QVBoxLayout& layout) const;
+  void AddButtons(QDialog& dialog, QVBoxLayout& layout);
+  void Paint(QDialog& dialog) const;
+
+  std::string title_;
+  std::string message_;
+  int type_ = 0;
+  int answer_ = kNoAnswer;
+  QColor formColor_;
+  QColor buttonColor_;
+  QColor frameColor_;
+};
+
+}  // namespace koru

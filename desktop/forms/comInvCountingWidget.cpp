@@ -1,0 +1,192 @@
+#include "desktop/forms/comInvCountingWidget.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QResizeEvent>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/grid/GridView.h"
+#include "desktop/toolkit/QtText.h"
+#include "platform/text/Numbers.h"
+
+namespace koru {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+constexpr const char* kNoConnection = "0";
+
+enum ListColumn : int { Number, Key, ManualCode, Store, CreateDate, FromDate, ToDate, Notes, Creator, Count };
+
+constexpr const char* kTitles =
+    "   رديف|^شماره رايانه اي  |^شماره دستي      |^انبار                        |^تاريخ         |^از تاريخ   "
+    "   |"
+    "^تا تاريخ      |^توضيحات           |^ايجاد كننده            ";
+
+}  // namespace
+
+comInvCountingWidget::comInvCountingWidget(const HostServices& services, QWidget* parent)
+    : QWidget(parent),
+      services_(services),
+      control_(*this, services_),
+      form_(services_.screen, "comInvCounting"),
+      flexTempDocs_(form_, "flexTempDocs"),
+      binding_(form_) {
+  form_.OnFailure = [this](const std::exception& failure) {
+    control_.Shared().messages.ShowFailure(failure);
+  };
+  txtid_ = new QLineEdit(this);  // NOLINT(cppcoreguidelines-owning-memory)
+  txtid_->setObjectName(QStringLiteral("txtid"));
+  txtid_->hide();  // the list fills the control
+  ShowFont();
+  SetUpList();
+}
+
+comInvCountingWidget::~comInvCountingWidget() { binding_.LetGo(); }
+
+void comInvCountingWidget::SetUpList() {
+  flexTempDocs_.SetCols(Count);
+  flexTempDocs_.SetFormatString(kTitles);
+  list_ = new GridView(this);  // NOLINT(cppcoreguidelines-owning-memory)
+  list_->SetRowNumbers(true);
+  binding_.Bind(flexTempDocs_, *list_);
+  auto* const layout = new QVBoxLayout(this);  // NOLINT(cppcoreguidelines-owning-memory)
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(list_);
+  flexTempDocs_.DblClick.Always([this] {
+    const int id = ChosenID();
+    if (id > 0) View(id);
+  });
+}
+
+int comInvCountingWidget::ChosenID() const {
+  if (flexTempDocs_.Row() < 1) return 0;
+  return static_cast<int>(Val(flexTempDocs_.TextMatrix(flexTempDocs_.Row(), Key)));
+}
+
+void comInvCountingWidget::ReadList() {
+  if (control_.OLEConnectionString() == kNoConnection) return;  // nobody has connected the control yet
+  form_.RunEvent([this] {
+    Recordset temporary =
+        services_.databases.Connect(control_.OLEConnectionString())
+            ->Open(SqlText("Select * from vwInventoryCounting where Code is null order by ID"));
+    const int chosen = ChosenID();
+    const int row = flexTempDocs_.Row();
+    const GridRedrawOff off(flexTempDocs_);
+    flexTempDocs_.SetRows(1);
+    for (; !temporary.AtEnd(); temporary.MoveNext()) {
+      const int added = flexTempDocs_.Rows();
+      flexTempDocs_.AddItem(std::to_string(added));
+      const std::pair<int, const char*> fields[] = {
+          {Key, "ID"},           {ManualCode, "ManualCode"},      {Store, "InvName"},
+          {Notes, "Notes"},      {CreateDate, "FarsiCreateDate"}, {FromDate, "FarsiFromDate"},
+          {Creator, "FullName"}, {ToDate, "FarsiToDate"}};
+      for (const auto& [col, name] : fields)
+        flexTempDocs_.SetTextMatrix(added, col, temporary.Field(name).Text());
+    }
+    if (chosen > 0) Choose(chosen, row);
+  });
+}
+
+/// Makes the counting of that key the current row; when it has gone from the list, the one that stands in its
+/// row.
+void comInvCountingWidget::Choose(int id, int row) {
+  const std::string key = std::to_string(id);
+  for (int at = 1; at < flexTempDocs_.Rows(); ++at) {
+    if (flexTempDocs_.TextMatrix(at, Key) == key) row = at;
+  }
+  row = std::min(row, flexTempDocs_.Rows() - 1);
+  if (row > 0) flexTempDocs_.SetCurrent(row, flexTempDocs_.Col());
+}
+
+bool comInvCountingWidget::IsBeingEntered() const {
+  const frmInvCounting* const form = control_.CountingForm();
+  return form != nullptr && form->Visible() && form->IsBeingEntered();
+}
+
+/// What is being entered is not thrown away without the form's own question, asked where the person sees what
+/// it is about.
+bool comInvCountingWidget::MayGo() {
+  if (!IsBeingEntered()) return true;
+  frmInvCounting& form = *control_.CountingForm();
+  services_.screen.Show(form, false);
+  form.UserClose();
+  return !IsBeingEntered();
+}
+
+bool comInvCountingWidget::View(int id) {
+  bool shown = false;
+  form_.RunEvent([&] {
+    if (!MayGo()) return;
+    txtid_->setText(QString::number(id));
+    shown = control_.View(id);
+  });
+  FollowForm();
+  return shown;
+}
+
+void comInvCountingWidget::ClearShow() {
+  form_.RunEvent([this] {
+    if (MayGo()) control_.ClearShow();
+  });
+  FollowForm();
+}
+
+/// When the form goes off the screen, what it stored belongs into the list.
+void comInvCountingWidget::FollowForm() {
+  frmInvCounting* const form = control_.CountingForm();
+  if (form == nullptr || !form->Visible()) {
+    ReadList();
+    return;
+  }
+  formChanged_ = form->Changed.Subscribe([this, form] {
+    if (!form->Visible()) QTimer::singleShot(0, this, &comInvCountingWidget::ReadList);
+  });
+}
+
+void comInvCountingWidget::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!event->spontaneous()) ReadList();
+}
+
+void comInvCountingWidget::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  comInvCounting::Resize(width() * kTwipsPerPixel, height() * kTwipsPerPixel, flexTempDocs_);
+}
+
+QString comInvCountingWidget::OLEConnectionString() const { return ToQt(control_.OLEConnectionString()); }
+
+void comInvCountingWidget::SetOLEConnectionString(const QString& connection) {
+  control_.SetOLEConnectionString(FromQt(connection));
+}
+
+QFont comInvCountingWidget::Font() const {
+  const koru::Font& font = control_.Font();
+  QFont shown(ToQt(font.name));
+  if (font.size > 0) shown.setPointSizeF(font.size);
+  shown.setBold(font.bold);
+  shown.setItalic(font.italic);
+  return shown;
+}
+
+void comInvCountingWidget::SetFont(const QFont& font) {
+  control_.SetFont({FromQt(font.family()), font.pointSizeF(), font.bold(), font.italic()});
+  ShowFont();
+}
+
+void comInvCountingWidget::ReadProperties(const PropertyBag& store) {
+  control_.ReadProperties(store);
+  ShowFont();
+}
+
+void comInvCountingWidget::ShowFont() { txtid_->setFont(Font()); }
+
+koru::Font comInvCountingWidget::AmbientFont() const {
+  const QFont ambient = parentWidget() == nullptr ? QApplication::font() : parentWidget()->font();
+  return {FromQt(ambient.family()), ambient.pointSizeF(), ambient.bold(), ambient.italic()};
+}
+
+void comInvCountingWidget::PropertyChanged(std::string_view key) { emit propertyChanged(ToQt(key)); }
+
+}  // namespace koru

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <QWidget>
+
+#include "component/comInvCounting.h"
+#include "desktop/forms/FormBinding.h"
+#include "platform/controls/Form.h"
+#include "platform/ports/HostServices.h"
+
+class QLineEdit;
+
+namespace koru {
+
+class GridView;
+
+/// The public control as a widget that a host screen places: the control's properties under their own names,
+/// its operations, and its own grid flexTempDocs, which lists the temporary countings of the connected
+/// database and opens one on a double click. The list is read when the widget comes onto the screen and when
+/// the counting form has gone; the chosen counting stays the chosen one.
+///
+/// Setting a property reads nothing, nor does Refresh: a host that connects a widget which is on the screen
+/// hides it before and shows it again afterwards. The list does not depend on the user.
+class comInvCountingWidget : public QWidget, private ControlHost {
+  Q_OBJECT
+  Q_PROPERTY(int BackColor READ BackColor WRITE SetBackColor NOTIFY propertyChanged)
+  Q_PROPERTY(int ForeColor READ ForeColor WRITE SetForeColor NOTIFY propertyChanged)
+  Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled NOTIFY propertyChanged)
+  Q_PROPERTY(short BackStyle READ BackStyle WRITE SetBackStyle NOTIFY propertyChanged)
+  Q_PROPERTY(short BorderStyle READ BorderStyle WRITE SetBorderStyle NOTIFY propertyChanged)
+  Q_PROPERTY(QString OLEConnectionString READ OLEConnectionString WRITE SetOLEConnectionString NOTIFY
+                 propertyChanged)
+  Q_PROPERTY(int UserID READ UserID WRITE SetUserID NOTIFY propertyChanged)
+  Q_PROPERTY(short EmployeeID READ EmployeeID WRITE SetEmployeeID NOTIFY propertyChanged)
+  Q_PROPERTY(short PositionID READ PositionID WRITE SetPositionID NOTIFY propertyChanged)
+  Q_PROPERTY(int AccPeriodSpecID READ AccPeriodSpecID WRITE SetAccPeriodSpecID NOTIFY propertyChanged)
+  Q_PROPERTY(QFont Font READ Font WRITE SetFont NOTIFY propertyChanged)
+  Q_PROPERTY(short ForcedReceiptID READ ForcedReceiptID WRITE SetForcedReceiptID NOTIFY propertyChanged)
+
+ public:
+  /// Everything in `surroundings` must outlive the widget.
+  explicit comInvCountingWidget(const HostServices& services, QWidget* parent = nullptr);
+  ~comInvCountingWidget() override;
+
+  [[nodiscard]] int BackColor() const { return control_.BackColor(); }
+  [[nodiscard]] int ForeColor() const { return control_.ForeColor(); }
+  [[nodiscard]] bool Enabled() const { return control_.Enabled(); }
+  [[nodiscard]] short BackStyle() const { return control_.BackStyle(); }
+  [[nodiscard]] short BorderStyle() const { return control_.BorderStyle(); }
+  [[nodiscard]] QString OLEConnectionString() const;
+  [[nodiscard]] int UserID() const { return control_.UserID(); }
+  [[nodiscard]] short EmployeeID() const { return control_.EmployeeID(); }
+  [[nodiscard]] short PositionID() const { return control_.PositionID(); }
+  [[nodiscard]] int AccPeriodSpecID() const { return control_.AccPeriodSpecID(); }
+  [[nodiscard]] QFont Font() const;
+  [[nodiscard]] short ForcedReceiptID() const { return control_.ForcedReceiptID(); }
+
+  void SetBackColor(int color) { control_.SetBackColor(color); }
+  void SetForeColor(int color) { control_.SetForeColor(color); }
+  void SetEnabled(bool enabled) { control_.SetEnabled(enabled); }
+  void SetBackStyle(short style) { control_.SetBackStyle(style); }
+  void SetBorderStyle(short style) { control_.SetBorderStyle(style); }
+  void SetOLEConnectionString(const QString& connection);
+  void SetUserID(int id) { control_.SetUserID(id); }
+  void SetEmployeeID(short id) { control_.SetEmployeeID(id); }
+  void SetPositionID(short id) { control_.SetPositionID(id); }
+  void SetAccPeriodSpecID(int id) { control_.SetAccPeriodSpecID(id); }
+  void SetFont(const QFont& font);
+  void SetForcedReceiptID(short id) { control_.SetForcedReceiptID(id); }
+
+  void ReadProperties(const PropertyBag& store);
+  void WriteProperties(PropertyBag& store) const { control_.WriteProperties(store); }
+
+  /// Opens a stored counting; false when there is none or the database failed, which the person is told, and
+  /// when the person keeps the one that is being entered.
+  Q_INVOKABLE bool View(int id);
+  /// Opens an empty form for a new counting, unless the person keeps the one that is being entered.
+  Q_INVOKABLE void ClearShow();
+  Q_INVOKABLE void Refresh() { control_.Refresh(); }
+
+ signals:
+  /// The property stored under that key has changed.
+  void propertyChanged(const QString& key);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  [[nodiscard]] koru::Font AmbientFont() const override;
+  void PropertyChanged(std::string_view key) override;
+  void SetUpList();
+  void ReadList();
+  void FollowForm();
+  void ShowFont();
+  [[nodiscard]] int ChosenID() const;
+  void Choose(int id, int row);
+  [[nodiscard]] bool IsBeingEntered() const;
+  [[nodiscard]] bool MayGo();
+
+  HostServices services_;
+  comInvCounting control_;
+  Form form_;  ///< what the control draws itself
+  Grid flexTempDocs_;
+  GridView* list_;
+  QLineEdit* txtid_;
+  Subscription formChanged_;
+  FormBinding binding_;
+};
+
+}  // namespace koru

@@ -1,0 +1,53 @@
+#include "desktop/suite/Windows.h"
+
+#include <memory>
+#include <string>
+
+#include "counting/frmInvCounting.h"
+#include "desktop/documents/StockDocumentDialog.h"
+#include "desktop/forms/InvCountingWindow.h"
+#include "desktop/forms/MessageDialog.h"
+#include "desktop/report/DesktopReportPrinter.h"
+#include "desktop/report/ReportWindow.h"
+#include "desktop/search/GoodSearchWindow.h"
+#include "desktop/search/GoodsPickerDialog.h"
+#include "desktop/search/InvSearchWindow.h"
+#include "output/frmReport.h"
+#include "services/Messages.h"
+
+namespace koru {
+namespace {
+
+/// Windows whose selectors read records.
+template <class Window, class FormKind>
+DesktopScreen::Factory WithRecords(SelectorRecords& records) {
+  return [&records](Form& form) -> std::unique_ptr<FormWindow> {
+    return std::make_unique<Window>(dynamic_cast<FormKind&>(form), records);
+  };
+}
+
+}  // namespace
+
+void RegisterWindows(DesktopScreen& screen, SelectorRecords& records) {
+  screen.Register("frmInvCounting", WithRecords<InvCountingWindow, frmInvCounting>(records));
+  screen.Register("frmInvSearch", WithRecords<InvSearchWindow, frmInvSearch>(records));
+  screen.Register("frmGoodSearch", WithRecords<GoodSearchWindow, frmGoodSearch>(records));
+  screen.Register("frmReport", [](Form& form) -> std::unique_ptr<FormWindow> {
+    return std::make_unique<ReportWindow>(dynamic_cast<frmReport&>(form));
+  });
+}
+
+void RegisterDesktopComponents(ComponentRegistry& components, DatabaseConnector& databases) {
+  components.Register(std::string(MessageComponent::kClassName),
+                      [] { return std::make_unique<MessageDialog>(); });
+  components.Register(std::string(GoodsPicker::kClassName),
+                      [&databases] { return std::make_unique<GoodsPickerDialog>(databases); });
+  RegisterDocumentComponents(components, databases);
+  const auto tell = [&components](const std::string& sentence) {
+    Messages(components).ShowMessage(sentences::kError, sentence);
+  };
+  components.Register(std::string(ReportPrinter::kClassName),
+                      [&databases, tell] { return std::make_unique<DesktopReportPrinter>(databases, tell); });
+}
+
+}  // namespace koru

@@ -1,0 +1,69 @@
+#include "output/ViewReport.h"
+
+#include "output/frmReport.h"
+#include "platform/ports/ComponentError.h"
+#include "platform/text/Numbers.h"
+
+namespace koru {
+namespace {
+
+/// Off for as long as it lives.
+class NotReady {
+ public:
+  explicit NotReady(bool& ready) : ready_(ready) { ready_ = false; }
+  NotReady(const NotReady&) = delete;
+  NotReady& operator=(const NotReady&) = delete;
+  ~NotReady() { ready_ = true; }
+
+ private:
+  bool& ready_;
+};
+
+}  // namespace
+
+void ViewReport::Run() {
+  ReportPrinter& printer = Printer();
+  printer.SetReportFileName({});
+  const std::string path = ChooseReport();
+  printer.SetReportFileName(path);
+  if (path.empty()) return;
+  if (!shared_.services.files.FileExists(path)) printer.SetReportFileName(baseFolder_ + path);
+  const Hourglass busy(shared_.services.screen);
+  printer.SetConnectionString(shared_.data.ConnectionString());
+  const SqlText query = SqlText("SELECT * From vwInventoryCountingPrint Where ID=") +
+                        Val(lblIDVal_.Caption()) + " order by GoodCode";
+  printer.SetSQLQuery(query);
+  printer.SetFormula(1, CompanyFormula());
+  const NotReady shown(ready_);
+  printer.Show();
+}
+
+/// The printer is kept from the first report on, as a component that stands on the form would be.
+ReportPrinter& ViewReport::Printer() {
+  if (!component_) component_ = shared_.services.components.Create(ReportPrinter::kClassName);
+  auto* const printer = dynamic_cast<ReportPrinter*>(component_.get());
+  if (printer == nullptr) {
+    component_.reset();
+    throw ComponentError("در اين برنامه جزئي براي نمايش گزارش نيست.", ComponentError::kNotRegistered);
+  }
+  return *printer;
+}
+
+std::string ViewReport::ChooseReport() const {
+  frmReport chooser(shared_, kFormType);
+  if (chooser.FillReportTemplates()) {
+    chooser.SetHeading("مشاهده");
+    chooser.Show(true);
+  }
+  chooser.Unload();
+  return chooser.ChosenFilePath();
+}
+
+/// The name stands in the formula as it is: an apostrophe in it is not doubled.
+std::string ViewReport::CompanyFormula() const {
+  const Recordset company = shared_.data.rssqlCommon.Open(SqlText("Select top 1 Name from vwPelinCompany"));
+  const std::string name = company.RecordCount() == 0 ? std::string() : company.Field("Name").Text();
+  return "fmlCompanyName='" + name + "'";
+}
+
+}  // namespace koru

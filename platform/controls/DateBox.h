@@ -1,0 +1,46 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/controls/Form.h"
+#include "platform/text/Date.h"
+
+namespace koru {
+
+/// A date box: holds one day or none; shows it in the Solar Hijri calendar.
+class DateBox : public Control {
+ public:
+  using Control::Control;
+
+  [[nodiscard]] bool IsEmpty() const { return !value_; }
+  [[nodiscard]] std::optional<Date> Value() const { return value_; }
+  /// `yyyy/mm/dd` of the Solar Hijri calendar; empty when the box is.
+  [[nodiscard]] std::string PersianText() const { return value_ ? SolarText(*value_) : std::string(); }
+
+  void SetValue(std::optional<Date> value) {
+    if (value_ == value) return;
+    value_ = value;
+    Changed.Raise();
+  }
+  void Clear() { SetValue(std::nullopt); }
+
+  /// The person sets or empties the date; ValueChanged is raised when that changes something.
+  bool UserSet(std::optional<Date> value) {
+    if (!Reachable()) return false;
+    RunEvent([&] {
+      Parent().SetFocus(*this);
+      if (value_ == value) return;
+      SetValue(value);
+      ValueChanged.Raise();
+    });
+    return true;
+  }
+
+  Event<> ValueChanged;
+
+ private:
+  std::optional<Date> value_;
+};
+
+}  // namespace koru

@@ -1,0 +1,105 @@
+#include "platform/controls/GridSort.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/controls/Grid.h"
+#include "platform/text/PersianText.h"
+#include "platform/text/Text.h"
+
+namespace koru {
+namespace {
+
+/// The number that the whole text is; none for an empty text or one with anything else in it.
+std::optional<double> WholeNumber(std::string_view text) {
+  text = Trim(text);
+  double number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (text.empty() || result.ec != std::errc{} || result.ptr != text.data() + text.size())
+    return std::nullopt;
+  if (!std::isfinite(number)) return std::nullopt;  // "Inf" and "NaN" are names of goods
+  return number;
+}
+
+/// The keys of a column's texts, numbers apart from other texts. The characters of all texts stand one behind
+/// the other, so that sorting moves nothing but a few numbers.
+class SortKeys {
+ public:
+  SortKeys(const std::vector<GridRow>& rows, std::size_t col, SortMode mode) {
+    numbers_.reserve(rows.size());
+    for (std::size_t row = 1; row < rows.size(); ++row) {
+      const std::string_view text = rows[row].Text(col);
+      const auto number = mode == SortMode::GenericAscending ? WholeNumber(text) : std::optional<double>();
+      if (number) {
+        numbers_.push_back({*number, row});
+      } else {
+        AddText(text, row);
+      }
+    }
+  }
+
+  /// The rows in their order: numbers before texts, equal ones as they were.
+  std::vector<std::size_t> Sorted() {
+    std::stable_sort(numbers_.begin(), numbers_.end(),
+                     [](const Number& a, const Number& b) { return a.value < b.value; });
+    std::stable_sort(texts_.begin(), texts_.end(), [this](const Text& a, const Text& b) {
+      return a.lead != b.lead ? a.lead < b.lead : CharactersOf(a) < CharactersOf(b);
+    });
+    std::vector<std::size_t> rows;
+    rows.reserve(numbers_.size() + texts_.size());
+    for (const Number& number : numbers_) rows.push_back(number.row);
+    for (const Text& text : texts_) rows.push_back(text.row);
+    return rows;
+  }
+
+ private:
+  struct Number {
+    double value = 0;
+    std::size_t row = 0;
+  };
+  struct Text {
+    std::uint64_t lead = 0;  ///< the first eight characters
+    std::size_t begin = 0;   ///< in characters_
+    std::size_t size = 0;
+    std::size_t row = 0;
+  };
+
+  void AddText(std::string_view text, std::size_t row) {
+    const std::size_t begin = characters_.size();
+    AppendPersianSortKey(characters_, text);
+    const std::string_view key = std::string_view(characters_).substr(begin);
+    std::uint64_t lead = 0;
+    for (std::size_t i = 0; i < sizeof lead; ++i) {
+      lead = lead << 8U | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
+    }
+    texts_.push_back({lead, begin, key.size(), row});
+  }
+  [[nodiscard]] std::string_view CharactersOf(const Text& text) const {
+    return std::string_view(characters_).substr(text.begin, text.size);
+  }
+
+  std::vector<Number> numbers_;
+  std::vector<Text> texts_;
+  std::string characters_;
+};
+
+}  // namespace
+
+void SortRows(std::vector<GridRow>& rows, std::size_t col, SortMode mode) {
+  if (rows.empty()) return;
+  const std::vector<std::size_t> order = SortKeys(rows, col, mode).Sorted();
+  std::vector<GridRow> sorted;
+  sorted.reserve(rows.size());
+  sorted.push_back(std::move(rows.front()));
+  for (const std::size_t row : order) sorted.push_back(std::move(rows[row]));
+  rows = std::move(sorted);
+}
+
+}  // namespace koru

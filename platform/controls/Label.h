@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/controls/Control.h"
+
+namespace koru {
+
+/// A text that nobody can type into.
+class Label : public Control {
+ public:
+  using Control::Control;
+
+  [[nodiscard]] const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption) {
+    if (caption_ == caption) return;
+    caption_ = std::move(caption);
+    Changed.Raise();
+  }
+
+ private:
+  std::string caption_;
+};
+
+}  // namespace koru

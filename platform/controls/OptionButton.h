@@ -1,0 +1,71 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/controls/Form.h"
+
+namespace koru {
+
+class OptionButton;
+
+/// The options of which at most one is chosen.
+class OptionGroup {
+ public:
+  OptionGroup() = default;
+  OptionGroup(const OptionGroup&) = delete;
+  OptionGroup& operator=(const OptionGroup&) = delete;
+  ~OptionGroup() = default;
+
+ private:
+  friend class OptionButton;
+  std::vector<OptionButton*> options_;
+};
+
+/// One option of a group. Choosing it unchooses the others; only another choice takes it back.
+class OptionButton : public Control {
+ public:
+  /// `group` must outlive the option.
+  OptionButton(Form& form, std::string name, OptionGroup& group)
+      : Control(form, std::move(name)), group_(group) {
+    group_.options_.push_back(this);
+  }
+
+  [[nodiscard]] const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption) {
+    caption_ = std::move(caption);
+    Changed.Raise();
+  }
+
+  [[nodiscard]] bool Chosen() const { return chosen_; }
+  void Choose() {
+    for (OptionButton* option : group_.options_) option->Set(option == this);
+  }
+
+  bool UserChoose() {
+    if (!Reachable()) return false;
+    RunEvent([this] {
+      Parent().SetFocus(*this);
+      if (chosen_) return;
+      Choose();
+      Click.Raise();
+    });
+    return true;
+  }
+
+  Event<> Click;
+
+ private:
+  void Set(bool chosen) {
+    if (chosen_ == chosen) return;
+    chosen_ = chosen;
+    Changed.Raise();
+  }
+
+  OptionGroup& group_;
+  std::string caption_;
+  bool chosen_ = false;
+};
+
+}  // namespace koru

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "platform/controls/Form.h"
+
+namespace koru {
+
+/// What the tree selector and the person selector have in common: one record, or none, is selected by its
+/// key. A window reads the records to choose from over the selector's own connection text.
+class Selector : public Control {
+ public:
+  static constexpr std::int32_t kNothing = -1;
+
+  using Control::Control;
+
+  [[nodiscard]] const std::string& ConnectionString() const { return connectionString_; }
+  void SetConnectionString(std::string connectionString) {
+    if (connectionString_ == connectionString) return;
+    connectionString_ = std::move(connectionString);
+    Changed.Raise();
+  }
+
+  /// The key of the selected record; kNothing when none is.
+  [[nodiscard]] std::int32_t SelectedID() const { return selectedID_; }
+  [[nodiscard]] bool NothingSelected() const { return selectedID_ == kNothing; }
+  void Select(std::int32_t id) {
+    if (selectedID_ == id) return;
+    selectedID_ = id;
+    Changed.Raise();
+  }
+  void ClearSelection() { Select(kNothing); }
+
+  /// The person selects a record, or none (kNothing); SelectionChanged is raised when that changes something.
+  bool UserSelect(std::int32_t id) {
+    if (!Reachable()) return false;
+    RunEvent([&] {
+      Parent().SetFocus(*this);
+      if (selectedID_ == id) return;
+      Select(id);
+      SelectionChanged.Raise();
+    });
+    return true;
+  }
+
+  Event<> SelectionChanged;
+
+ private:
+  std::string connectionString_;
+  std::int32_t selectedID_ = kNothing;
+};
+
+/// Selects a node of a tree that the suite keeps as a master table and a closure table (for every node one
+/// row per descendant): stores, goods groups, places, units.
+class TreeSelector : public Selector {
+ public:
+  using Selector::Selector;
+
+  [[nodiscard]] const std::string& Caption() const { return caption_; }
+  [[nodiscard]] const std::string& Table() const { return table_; }
+  [[nodiscard]] const std::string& ParentTable() const { return parentTable_; }
+  void SetCaption(std::string caption) {
+    caption_ = std::move(caption);
+    Changed.Raise();
+  }
+  void SetTables(std::string table, std::string parentTable) {
+    table_ = std::move(table);
+    parentTable_ = std::move(parentTable);
+    Changed.Raise();
+  }
+
+ private:
+  std::string caption_;
+  std::string table_;
+  std::string parentTable_;
+};
+
+/// Selects one of the suite's people (tblUser).
+class PersonSelector : public Selector {
+ public:
+  using Selector::Selector;
+};
+
+}  // namespace koru

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/controls/Control.h"
+
+namespace koru {
+
+/// A timer of a form: the window (or a scenario) calls Fire at every interval while the timer is enabled.
+class Timer : public Control {
+ public:
+  using Control::Control;
+
+  [[nodiscard]] int IntervalMs() const { return intervalMs_; }
+  void SetIntervalMs(int interval) {
+    intervalMs_ = interval;
+    Changed.Raise();
+  }
+
+  void Fire() {
+    if (!Enabled()) return;
+    RunEvent([this] { Tick.Raise(); });
+  }
+
+  Event<> Tick;
+
+ private:
+  int intervalMs_ = 200;
+};
+
+}  // namespace koru

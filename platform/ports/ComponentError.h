@@ -1,0 +1,20 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace koru {
+
+/// A sibling component could not be made: error 429 when no component is registered under the class name.
+class ComponentError : public std::runtime_error {
+ public:
+  static constexpr int kNotRegistered = 429;
+
+  ComponentError(const std::string& what, int code) : std::runtime_error(what), code_(code) {}
+  [[nodiscard]] int Code() const { return code_; }
+
+ private:
+  int code_;
+};
+
+}  // namespace koru

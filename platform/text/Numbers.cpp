@@ -1,0 +1,156 @@
+#include "platform/text/Numbers.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <limits>
+
+namespace koru {
+namespace {
+
+constexpr int kSignificantDigits = 15;
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// The length of the longest prefix of `text` that reads as digits [. digits] [e [sign] digits]; 0 if there
+/// is none.
+std::size_t NumberLength(std::string_view text) {
+  std::size_t at = 0;
+  std::size_t digits = 0;
+  while (at < text.size() && IsDigit(text[at])) ++at, ++digits;
+  if (at < text.size() && text[at] == '.') {
+    ++at;
+    while (at < text.size() && IsDigit(text[at])) ++at, ++digits;
+  }
+  if (digits == 0) return 0;
+  if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+    std::size_t end = at + 1;
+    if (end < text.size() && (text[end] == '+' || text[end] == '-')) ++end;
+    const std::size_t exponent = end;
+    while (end < text.size() && IsDigit(text[end])) ++end;
+    if (end > exponent) at = end;
+  }
+  return at;
+}
+
+/// Whether a number that no double can hold lies too near to zero (and not too far from it).
+bool IsTiny(std::string_view number) {
+  const std::size_t e = number.find_first_of("eE");
+  if (e != std::string_view::npos) return number[e + 1] == '-';
+  return number.find_first_of("123456789") > number.find('.');
+}
+
+/// A number as 0.d1d2...d15 times ten to the power of `exponent`; trailing zeros are dropped. Digits are
+/// empty for 0.
+struct Decimal {
+  std::string digits;
+  int exponent = 0;
+};
+
+Decimal ToDecimal(double magnitude) {
+  Decimal decimal;
+  if (magnitude == 0) return decimal;
+  char text[40];
+  // The shortest text that gives the number back is also its text to fifteen digits, when it has no more of
+  // them.
+  auto written = std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific);
+  std::string_view view(text, static_cast<std::size_t>(written.ptr - text));
+  if (view.find('e') > kSignificantDigits + 1U || magnitude < std::numeric_limits<double>::min()) {
+    written = std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific,
+                            kSignificantDigits - 1);
+    view = {text, static_cast<std::size_t>(written.ptr - text)};
+  }
+  const std::size_t e = view.find('e');
+  decimal.digits += view[0];
+  if (e > 1) decimal.digits += view.substr(2, e - 2);
+  decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
+  std::string_view exponent = view.substr(e + 1);
+  if (exponent.front() == '+') exponent.remove_prefix(1);
+  std::from_chars(exponent.data(), exponent.data() + exponent.size(), decimal.exponent);
+  ++decimal.exponent;
+  return decimal;
+}
+
+std::string ExponentText(const Decimal& decimal) {
+  std::string text(1, decimal.digits[0]);
+  if (decimal.digits.size() > 1) text += "." + decimal.digits.substr(1);
+  const int exponent = decimal.exponent - 1;
+  char tail[16];
+  std::snprintf(tail, sizeof tail, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
+  return text + tail;
+}
+
+std::string PlainText(const Decimal& decimal) {
+  const auto count = static_cast<int>(decimal.digits.size());
+  if (decimal.exponent <= 0) {
+    return "0." + std::string(static_cast<std::size_t>(-decimal.exponent), '0') + decimal.digits;
+  }
+  const auto whole = static_cast<std::size_t>(decimal.exponent);
+  if (decimal.exponent >= count) return decimal.digits + std::string(whole - decimal.digits.size(), '0');
+  return decimal.digits.substr(0, whole) + "." + decimal.digits.substr(whole);
+}
+
+}  // namespace
+
+double Val(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(" \t");
+  if (start == std::string_view::npos) return 0;
+  text.remove_prefix(start);
+  const bool negative = text.front() == '-';
+  if (negative || text.front() == '+') text.remove_prefix(1);
+  const std::size_t length = NumberLength(text);
+  if (length == 0) return 0;
+  double number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + length, number);
+  if (result.ec == std::errc::result_out_of_range) {
+    number = IsTiny(text.substr(0, length)) ? 0 : std::numeric_limits<double>::max();
+  }
+  return negative && number != 0 ? -number : number;
+}
+
+std::string NumberText(double number) {
+  if (!std::isfinite(number)) {
+    number = std::isnan(number) ? 0 : std::copysign(std::numeric_limits<double>::max(), number);
+  }
+  const double magnitude = std::fabs(number);
+  if (magnitude < 1e15 && magnitude == std::trunc(magnitude)) {
+    return std::to_string(static_cast<std::int64_t>(number));
+  }
+  if (magnitude >= 1 && magnitude < 1e15) {
+    // Counts and money: where the shortest text has no more than fifteen digits, it is the text.
+    char text[32];
+    const char* const end = std::to_chars(text, text + sizeof text, number, std::chars_format::fixed).ptr;
+    const std::size_t size = static_cast<std::size_t>(end - text);
+    if (size <= kSignificantDigits + (number < 0 ? 2U : 1U)) return {text, size};
+  }
+  const Decimal decimal = ToDecimal(magnitude);
+  const int decimals = static_cast<int>(decimal.digits.size()) - decimal.exponent;
+  const bool plain = decimal.exponent <= kSignificantDigits && decimals <= kSignificantDigits;
+  std::string text = plain ? PlainText(decimal) : ExponentText(decimal);
+  if (number < 0) text.insert(text.begin(), '-');
+  return text;
+}
+
+double Round(double number, int decimals) {
+  if (!std::isfinite(number)) return number;
+  Decimal decimal = ToDecimal(std::fabs(number));
+  const int kept = decimal.exponent + decimals;
+  if (kept >= static_cast<int>(decimal.digits.size())) return number == 0 ? 0 : number;
+  if (kept < 0) return 0;
+  const auto cut = static_cast<std::size_t>(kept);
+  const char next = decimal.digits[cut];
+  const bool tie = next == '5' && decimal.digits.size() == cut + 1;
+  const bool lastIsOdd = cut > 0 && (decimal.digits[cut - 1] - '0') % 2 != 0;
+  const bool up = tie ? lastIsOdd : next >= '5';
+  std::int64_t whole = 0;
+  std::from_chars(decimal.digits.data(), decimal.digits.data() + cut, whole);
+  whole += up ? 1 : 0;
+  if (whole == 0) return 0;
+  const std::string text = std::to_string(whole) + "e" + std::to_string(-decimals);
+  double rounded = 0;
+  std::from_chars(text.data(), text.data() + text.size(), rounded);
+  return std::copysign(rounded, number);
+}
+
+}  // namespace koru

@@ -1,0 +1,85 @@
+#include "registration/AdjustmentDocuments.h"
+
+#include <utility>
+
+#include "platform/text/Text.h"
+#include "registration/EarlierDocuments.h"
+#include "registration/HeaderValues.h"
+#include "services/ShownProgress.h"
+
+namespace koru {
+
+/// The texts of one kind of document; the statements are cut where a key follows.
+struct AdjustmentDocuments::Texts {
+  FixedSql insertHeader;
+  FixedSql newestID;
+  FixedSql differences;
+  FixedSql insertLine;
+  FixedSql deleteHeader;
+  FixedSql link;
+};
+
+void AdjustmentDocuments::CreateAdjustmentDocuments() {
+  static constexpr Texts kDispatch{
+      "insert into tblInventoryDispatch (inventoryid,creatorid,ReceiveDate,FarsiReceiveDate, createdate,"
+      "FarsiCreateDate,Notes) values (",
+      "select Max(ID) as MaxID from tblInventoryDispatch",
+      "Select Barcode,sum(-ContradictionCounting) as Qty,ScaleID from tblInventoryCountingDetail where "
+      "ContradictionCounting < 0 and CountingID=",
+      "insert into tblInventoryDispatchDetail (DispatchID,barcode,qty,ScaleID,ScaleQty,Description) Values(",
+      "Delete tblInventoryDispatch Where ID = ",
+      "Update tblInventoryCounting set DispatchID = "};
+  static constexpr Texts kReceipt{
+      "insert into tblInventoryReceipt (inventoryid,creatorid,ReceiveDate,FarsiReceiveDate, createdate,"
+      "FarsiCreateDate,Notes) values (",
+      "select Max(ID) as MaxID from tblInventoryReceipt",
+      "Select Barcode,sum(ContradictionCounting) as Qty,ScaleID from tblInventoryCountingDetail where "
+      "ContradictionCounting > 0 and CountingID=",
+      "insert into tblInventoryReceiptDetail (ReceiptID,barcode,qty,ScaleID,ScaleQty,Description) Values(",
+      "Delete tblInventoryReceipt Where ID = ",
+      "Update tblInventoryCounting set ReceiptID = "};
+  RemoveEarlierDocuments(shared_.data, controls_.CountingID());
+  CreateDocument(kDispatch);
+  CreateDocument(kReceipt);
+}
+
+void AdjustmentDocuments::CreateDocument(const Texts& texts) {
+  InsertHeader(texts);
+  const std::int32_t documentID =
+      shared_.data.rssqlCommon.Open(SqlText(texts.newestID)).Field("MaxID").Integer();
+  if (InsertLines(texts, documentID)) {
+    shared_.data.rssqleditenter.Open(SqlText(texts.link) + documentID +
+                                     " Where ID = " + controls_.CountingID());
+  } else {
+    shared_.data.rssqldelenter.Open(SqlText(texts.deleteHeader) + documentID);
+  }
+}
+
+void AdjustmentDocuments::InsertHeader(const Texts& texts) {
+  const DateBox& date = controls_.gdpReceiveDate;
+  SqlText sql = SqlText(texts.insertHeader) + KeyOrNull(controls_.gmpInventory) + "," + shared_.user.userID +
+                "," + DateOrNull(date) + "," + PersianDateOrNull(date) + ",'";
+  if (date.Value()) sql += *date.Value();
+  shared_.data.rssqlsaveenter.Open(std::move(sql) + "','" + Typed(date.PersianText()) +
+                                   "','سند ايجاد شده از روي شمارش به شماره رايانهاي " +
+                                   controls_.CountingID() + "')");
+}
+
+bool AdjustmentDocuments::InsertLines(const Texts& texts, std::int32_t documentID) {
+  Recordset differences = shared_.data.rssqlCommon.Open(SqlText(texts.differences) + controls_.CountingID() +
+                                                        " Group By Barcode,ScaleID");
+  if (differences.RecordCount() == 0) return false;
+  ShownProgress progress(controls_.pgbStatus, static_cast<int>(differences.RecordCount()));
+  for (differences.MoveFirst(); !differences.AtEnd(); differences.MoveNext()) {
+    progress.Step();
+    const std::string barcode = differences.Field("Barcode").Text();
+    const double quantity = differences.Field("Qty").Number();
+    const Value unit = differences.Field("ScaleID");
+    shared_.data.rssqlsaveenter.Open(
+        SqlText(texts.insertLine) + documentID + ",'" + Typed(Trim(barcode)) + "'," + quantity + "," +
+        (unit.IsNull() ? SqlText("NULL") : SqlText() + unit.Number()) + "," + quantity + ",'')");
+  }
+  return true;
+}
+
+}  // namespace koru

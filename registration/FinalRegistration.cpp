@@ -1,0 +1,49 @@
+#include "registration/FinalRegistration.h"
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "services/Permission.h"
+
+namespace koru {
+namespace {
+
+constexpr const char* kFinalTitle = "شمارش";
+
+}  // namespace
+
+FinalRegistration::FinalRegistration(const CountingControls& controls, SharedState& shared,
+                                     std::function<void()> disablelockcomponent)
+    : controls_(controls),
+      shared_(shared),
+      disablelockcomponent_(std::move(disablelockcomponent)),
+      writer_(controls_, shared_, disablelockcomponent_),
+      documents_(controls_, shared_) {}
+
+void FinalRegistration::Run() {
+  if (!CheckPermission(shared_, FormPermission::FinalRegistration)) return;
+  const Hourglass busy(shared_.services.screen);
+  const auto group = shared_.data.BeginWriteBatch();
+  ShowNextCode();
+  controls_.form.SetCaption(kFinalTitle);
+  writer_.Write();
+  StoreCode();
+  documents_.CreateAdjustmentDocuments();
+  writer_.Finish(*group);
+}
+
+void FinalRegistration::ShowNextCode() {
+  const Recordset highest = shared_.data.rssqlCommon.Open(SqlText(
+      "select isnull(max(isnull(code,0)),0) as maxcode from tblInventoryCounting where Code is not Null "));
+  std::int64_t next = 1;
+  if (highest.RecordCount() >= 1) next += highest.Field("maxcode").Integer();
+  controls_.txtCode.SetText(std::to_string(next));
+}
+
+void FinalRegistration::StoreCode() {
+  shared_.data.rssqleditenter.Open(SqlText("update tblInventoryCounting set Code = ") +
+                                   Val(controls_.txtCode.Text()) + " where id=" + controls_.CountingID());
+}
+
+}  // namespace koru

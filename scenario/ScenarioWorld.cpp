@@ -1,0 +1,70 @@
+#include "scenario/ScenarioWorld.h"
+
+#include <array>
+#include <utility>
+
+#include "adapters/sqlite/CreateDatabaseFile.h"
+#include "adapters/sqlite/FilePath.h"
+#include "database/Sample.h"
+#include "database/Schema.h"
+#include "platform/text/Text.h"
+#include "scenario/StepKind.h"
+
+namespace koru {
+
+ScenarioWorld::ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver, ScratchRoute route)
+    : route_(std::move(route)),
+      driver(makeDriver(user, databases_)),
+      screen(driver->TheScreen()),
+      counting(static_cast<ControlHost&>(*this),
+               HostServices{log, components, screen, clock, files_, spreadsheets}) {
+  driver->RegisterComponents(components);
+}
+
+void ScenarioWorld::MakeDatabase(Contents contents) {
+  if (database_) throw ScenarioFailure("the scenario has its database already");
+  const std::string file = TextOf(folder_.Path() / "scenario.db");
+  if (contents == Contents::Sample) {
+    CreateSample(file, {});
+  } else {
+    CreateDatabaseFile(file, EmbeddedSchema());
+  }
+  database_ = std::make_unique<ScratchDatabase>(route_, file);
+  counting.SetOLEConnectionString(database_->ConnectionText());
+}
+
+ScratchDatabase& ScenarioWorld::Sql() {
+  if (!database_)
+    throw ScenarioFailure(
+        "the scenario has no database; it begins with `database sample` or `database empty`");
+  return *database_;
+}
+
+Form* ScenarioWorld::FindForm(std::string_view name) const {
+  if (Form* const shown = screen.Find(name)) return shown;
+  frmInvCounting* const form = counting.CountingForm();  // loaded, and perhaps never shown
+  return form != nullptr && EqualsNoCase(form->Name(), name) ? form : nullptr;
+}
+
+Form& ScenarioWorld::ActiveForm() const {
+  Form* const form = screen.ActiveForm();
+  if (form == nullptr) throw ScenarioFailure("no form is shown");
+  return *form;
+}
+
+Control& ScenarioWorld::FindControl(const std::string& name) const {
+  const std::size_t dot = name.find('.');
+  if (dot != std::string::npos) {
+    Form* const form = FindForm(name.substr(0, dot));
+    if (form == nullptr) throw ScenarioFailure("there is no loaded form " + name.substr(0, dot));
+    if (Control* const control = form->Find(name.substr(dot + 1))) return *control;
+    throw ScenarioFailure("there is no control " + name);
+  }
+  for (Form* const form : std::array<Form*, 2>{screen.ActiveForm(), counting.CountingForm()}) {
+    Control* const control = form == nullptr ? nullptr : form->Find(name);
+    if (control != nullptr) return *control;
+  }
+  throw ScenarioFailure("no loaded form has a control " + name);
+}
+
+}  // namespace koru

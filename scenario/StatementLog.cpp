@@ -1,0 +1,58 @@
+#include "scenario/StatementLog.h"
+
+#include <utility>
+
+#include "platform/sql/DatabaseError.h"
+
+namespace koru {
+namespace {
+
+std::string CallText(std::string_view procedure, const std::vector<std::int32_t>& parameters) {
+  std::string text = "{? = CALL " + std::string(procedure) + "(";
+  for (const std::int32_t parameter : parameters) {
+    text += (text.back() == '(' ? " " : ", ") + std::to_string(parameter);
+  }
+  return text + " ) }";
+}
+
+}  // namespace
+
+class StatementLog::Connection : public Database {
+ public:
+  Connection(StatementLog& log, std::unique_ptr<Database> inner) : log_(log), inner_(std::move(inner)) {}
+
+  Recordset Open(const SqlText& statement) override {
+    log_.Note(statement.Text());
+    return inner_->Open(statement);
+  }
+  std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
+    log_.Note(CallText(procedure, parameters));
+    return inner_->Call(procedure, parameters);
+  }
+  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
+  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
+    return inner_->BeginReadSnapshot();
+  }
+
+ private:
+  StatementLog& log_;
+  std::unique_ptr<Database> inner_;
+};
+
+std::unique_ptr<Database> StatementLog::Connect(const std::string& connectionText) {
+  return std::make_unique<Connection>(*this, inner_.Connect(connectionText));
+}
+
+void StatementLog::FailStatement(int number, std::string serverText) {
+  untilFailure_ = number;
+  failureText_ = std::move(serverText);
+}
+
+void StatementLog::Note(const std::string& statement) {
+  constexpr int kUserDefinedError = 50000;
+  statements_.push_back(statement);
+  if (untilFailure_ > 0 && --untilFailure_ == 0)
+    throw DatabaseError(failureText_, kUserDefinedError, statement);
+}
+
+}  // namespace koru

@@ -1,0 +1,104 @@
+#include "scenario/desktop/DialogDriver.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "desktop/documents/DocumentWindow.h"
+#include "desktop/search/GoodsList.h"
+#include "desktop/search/GoodsPickerWindow.h"
+#include "desktop/toolkit/QtText.h"
+#include "scenario/Scenario.h"
+#include "scenario/desktop/InputEvents.h"
+#include "scenario/desktop/WidgetDriver.h"
+
+namespace koru {
+namespace {
+
+/// A part of a dialog that is always there.
+template <class Widget>
+Widget& PartOf(const QWidget& dialog, const char* name) {
+  return *dialog.findChild<Widget*>(QLatin1String(name));
+}
+
+void AnswerIn(QWidget& dialog, ScenarioUser& user) {
+  const auto* const text = dialog.findChild<QLabel*>(QStringLiteral("message"));
+  const auto* const detail = dialog.findChild<QPlainTextEdit*>(QStringLiteral("detail"));
+  auto* const yes = dialog.findChild<QAbstractButton*>(QStringLiteral("yes"));
+  ShownMessage message;
+  message.title = FromQt(dialog.windowTitle());
+  if (text != nullptr) message.text = FromQt(text->text());
+  if (detail != nullptr) message.text += "\n" + FromQt(detail->toPlainText());
+  message.type = yes == nullptr ? 0 : 1;
+  const Answer answer = user.AnswerMessage(message);
+  auto* button = dialog.findChild<QAbstractButton*>(QStringLiteral("ok"));
+  if (yes != nullptr)
+    button = answer == Answer::Yes ? yes : dialog.findChild<QAbstractButton*>(QStringLiteral("no"));
+  if (button == nullptr || answer == Answer::Closed) {
+    dialog.close();
+  } else {
+    ClickOn(*button);
+  }
+}
+
+/// Types the barcode and takes the first good of the list, if it is that one.
+bool TakeGood(GoodsPickerWindow& window, const QString& barcode) {
+  TypeInto(PartOf<QLineEdit>(window, "filter"), barcode);
+  QCoreApplication::processEvents();  // the list follows what is typed
+  const auto& results = PartOf<GoodsList>(window, "results");
+  const QTableWidgetItem* const first = results.item(0, results.columnCount() - 1);
+  if (first == nullptr || first->text() != barcode) return false;
+  PressKey(Qt::Key_Return);
+  return true;
+}
+
+void PickIn(GoodsPickerWindow& window, ScenarioUser& user) {
+  const std::vector<std::string> barcodes = user.PickGoods();
+  auto* const clear = window.findChild<QAbstractButton*>(QStringLiteral("clear"));
+  const bool several = clear != nullptr;
+  if (!several && barcodes.size() > 1) {
+    user.CannotDo("pick several goods: the goods picker takes one");
+    window.reject();
+    return;
+  }
+  if (several && !barcodes.empty()) ClickOn(*clear);  // goods of an earlier time
+  for (const std::string& barcode : barcodes) {
+    if (TakeGood(window, ToQt(barcode))) continue;
+    user.CannotDo("pick " + QuotedForScenario(barcode) + ": the goods picker does not offer it");
+    window.reject();
+    return;
+  }
+  if (barcodes.empty()) {
+    ClickOn(PartOf<QAbstractButton>(window, "cancel"));
+  } else if (several) {
+    PressKey(Qt::Key_Return, Qt::ControlModifier);
+  }
+}
+
+void UseIn(DocumentWindow& window, ScenarioUser& user,
+           const std::function<void(const std::function<void()>&)>& run) {
+  auto& registration = PartOf<QAbstractButton>(window, "register");
+  ShownDocument document;
+  document.kind = window.objectName() == ToQt(ReceiptKind().objectName) ? "receipt" : "dispatch";
+  document.id = PartOf<QLabel>(window, "id").text().toInt();
+  document.registered = !registration.isEnabled();
+  if (user.UseDocument(document) == DocumentUse::Register) run([&] { ClickOn(registration); });
+  ClickOn(PartOf<QAbstractButton>(window, "close"));
+}
+
+}  // namespace
+
+void UseDialog(QWidget& dialog, ScenarioUser& user,
+               const std::function<void(const std::function<void()>&)>& run) {
+  if (auto* const picker = qobject_cast<GoodsPickerWindow*>(&dialog)) {
+    PickIn(*picker, user);
+  } else if (auto* const document = qobject_cast<DocumentWindow*>(&dialog)) {
+    UseIn(*document, user, run);
+  } else {
+    AnswerIn(dialog, user);
+  }
+}
+
+}  // namespace koru

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <filesystem>
+#include <vector>
+
+#include "desktop/fields/SelectorRecords.h"
+#include "desktop/forms/DesktopScreen.h"
+#include "scenario/UiDriver.h"
+
+namespace koru {
+
+/// Plays on the windows: what a person does goes to the widgets as mouse and key events. Dialogs and modal
+/// windows are used from inside their own event loop. The windows' timers stand still: a scenario says itself
+/// when time passes. Needs the application object.
+class WindowDriver : public QObject, public UiDriver {
+  Q_OBJECT
+
+ public:
+  /// `person` and `databases` must outlive the driver. `pictures`: the folder for the scenario's pictures;
+  /// empty: none are taken.
+  WindowDriver(ScenarioUser& user, DatabaseConnector& databases, std::filesystem::path pictures);
+  ~WindowDriver() override;
+
+  [[nodiscard]] Screen& TheScreen() override { return screen_; }
+  void RegisterComponents(ComponentRegistry& components) override;
+  void Run(const std::function<void()>& action) override;
+
+  bool Click(Button& button) override;
+  bool Click(MenuItem& item) override;
+  bool Type(TextBox& box, const std::string& text) override;
+  bool Pick(Selector& selector, std::int32_t id) override;
+  bool SetDate(DateBox& box, std::optional<Date> date) override;
+  bool Check(CheckBox& box, bool checked) override;
+  bool Choose(ComboBox& list, int index) override;
+  bool Choose(OptionButton& option) override;
+  bool TypeCell(Grid& grid, int row, int col, const std::string& text) override;
+  bool MoveTo(Grid& grid, int row, int col) override;
+  bool DeleteRow(Grid& grid, int row) override;
+  bool ClickHeader(Grid& grid, int col) override;
+  bool DoubleClick(Grid& grid, int row) override;
+  bool RightClick(Control& control) override;
+  bool Press(Control& control, KeyPress key) override;
+  void Close(Form& form) override;
+
+  [[nodiscard]] const ReportDocument* Report() override;
+  bool SaveReport(const std::filesystem::path& file) override;
+  bool CloseReport() override;
+
+  [[nodiscard]] std::string Difference(const Control& control) override;
+  [[nodiscard]] std::string FocusDifference(const Form& form) override;
+  void TakePicture(const std::string& name) override;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  /// The desktop's screen, which knows which forms wait modally.
+  class ModalScreen : public DesktopScreen {
+   public:
+    void Show(Form& form, bool modal) override;
+    /// The form whose window that is and which waits modally; nullptr when none.
+    [[nodiscard]] Form* ModalFormOf(const QWidget& window) const;
+
+   private:
+    std::vector<Form*> modal_;
+  };
+
+  /// The widget of a control that a person can use now; nullptr when they cannot.
+  [[nodiscard]] QWidget* Usable(const Control& control) const;
+  /// Does something to a widget, and all that follows from it. False, and nothing is done, when there is
+  /// none.
+  template <class Action>
+  bool With(QWidget* widget, const Action& action);
+  void UseWhatIsModal();
+  void Settle();
+
+  ScenarioUser& user_;
+  DatabaseConnector& databases_;
+  SelectorRecords records_;
+  std::filesystem::path pictures_;
+  ModalScreen screen_;
+  std::vector<const QWidget*> used_;  ///< modal windows that the person is at already
+  int depth_ = 0;                     ///< actions under way
+  QString saveAs_;                    ///< what the person answers when a window asks for a file
+};
+
+}  // namespace koru

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/controls/ProgressBar.h"
+
+namespace koru {
+
+/// A progress bar for as long as it lives.
+class ShownProgress {
+ public:
+  ShownProgress(ProgressBar& bar, int steps) : bar_(bar) {
+    bar_.SetMax(steps);
+    bar_.SetValue(0);
+    bar_.SetVisible(true);
+  }
+  ShownProgress(const ShownProgress&) = delete;
+  ShownProgress& operator=(const ShownProgress&) = delete;
+  ~ShownProgress() { bar_.SetVisible(false); }
+
+  void Step() { bar_.SetValue(bar_.Value() + 1); }
+
+ private:
+  ProgressBar& bar_;
+};
+
+}  // namespace koru

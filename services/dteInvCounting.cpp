@@ -1,0 +1,25 @@
+#include "services/dteInvCounting.h"
+
+namespace koru {
+
+Recordset dteInvCounting::Command::Open(const SqlText& source) {
+  CheckTypedSpans(source);
+  return owner_.Connection().Open(source);
+}
+
+void dteInvCounting::SetConnectionString(const std::string& connectionString) {
+  if (connectionString_ == connectionString) return;
+  connectionString_ = connectionString;
+  Release();
+}
+
+bool dteInvCounting::spPelinHasPermission(std::int32_t userID, FormPermission permission) {
+  return Connection().Call("spPelinHasPermission", {userID, static_cast<std::int32_t>(permission)}) != 0;
+}
+
+Database& dteInvCounting::Connection() {
+  if (!connection_) connection_ = databases_.Connect(connectionString_);
+  return *connection_;
+}
+
+}  // namespace koru

@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "adapters/sqlite/SqliteConnector.h"
+#include "platform/sql/DatabaseError.h"
+#include "tests/support/TestFile.h"
+
+namespace koru {
+namespace {
+
+/// Store 1 has received 10 of the good A on a registered receipt; another receipt of 5 waits to be
+/// registered.
+class ReadSnapshotTest : public testing::Test {
+ protected:
+  ReadSnapshotTest() {
+    database_.Execute(
+        "insert into tblInventoryReceipt (ID,Code,InventoryID,ReceiveDate) values "
+        "(1,1,1,'2024-01-01'),(2,null,1,'2024-02-01');"
+        "insert into tblInventoryReceiptDetail (ReceiptID,Barcode,Qty,Value) values "
+        "(1,'A',10,100),(2,'A',5,200)");
+  }
+
+  std::string Stock(int store = 1) {
+    return connection_
+        ->Open(SqlText("Select isnull(sum(isnull(Qty,0)),0) as Qty from tblInventoryReceiptDetail where "
+                       "LTrim(RTrim(Barcode))='A' and ReceiptID in (select ID from tblInventoryReceipt where "
+                       "Code is "
+                       "not NULL and (InventoryID=") +
+               store + "))")
+        .Field("Qty")
+        .Text();
+  }
+  /// All rates, the latest first.
+  std::string Rates() {
+    std::string rates;
+    Recordset found = connection_->Open(SqlText(
+        "Select isnull(Value,0) as Value from tblInventoryReceiptDetail,tblInventoryReceipt Where "
+        "ID=ReceiptID and Barcode='A' and Isnull(Value,0)>0 and Code is not NULL Order By ReceiveDate Desc"));
+    for (; !found.AtEnd(); found.MoveNext()) rates += found.Field("Value").Text() + " ";
+    return rates;
+  }
+  /// By another connection, which does not wait.
+  void RegisterTheOther() { other_->Open(SqlText("update tblInventoryReceipt set Code=2 where ID=2")); }
+
+  test::TestFile database_;
+  SqliteConnector connector_{std::chrono::milliseconds(0)};
+  std::unique_ptr<Database> connection_ = connector_.Connect(database_.ConnectionText());
+  std::unique_ptr<Database> other_ = connector_.Connect(database_.ConnectionText());
+};
+
+TEST_F(ReadSnapshotTest, Finds_what_is_found_without_it) {
+  RegisterTheOther();
+  EXPECT_EQ(Stock(), "15");
+  EXPECT_EQ(Rates(), "200 100 ");
+  const auto group = connection_->BeginReadSnapshot();
+  EXPECT_EQ(Stock(), "15");
+  EXPECT_EQ(Rates(), "200 100 ");
+}
+
+TEST_F(ReadSnapshotTest, Others_write_without_waiting_and_the_group_stays_at_its_moment) {
+  auto group = connection_->BeginReadSnapshot();
+  EXPECT_EQ(Stock(), "10");
+  RegisterTheOther();
+  EXPECT_EQ(Stock(), "10");
+  EXPECT_EQ(Rates(), "100 ") << "a statement that had not been asked before is of the same moment";
+  group.reset();
+  EXPECT_EQ(Stock(), "15");
+  EXPECT_EQ(Rates(), "200 100 ");
+}
+
+TEST_F(ReadSnapshotTest, A_second_group_knows_what_others_wrote_after_the_first) {
+  for (const char* stock : {"10", "15"}) {
+    const auto group = connection_->BeginReadSnapshot();
+    EXPECT_EQ(Stock(), stock);
+    EXPECT_EQ(Stock(), stock);
+    RegisterTheOther();
+  }
+}
+
+TEST_F(ReadSnapshotTest, Its_moment_is_that_of_its_first_statement) {
+  const auto group = connection_->BeginReadSnapshot();
+  RegisterTheOther();
+  EXPECT_EQ(Stock(), "15");
+}
+
+TEST_F(ReadSnapshotTest, Other_values_are_other_documents) {
+  database_.Execute("update tblInventoryReceipt set Code=2, InventoryID=7 where ID=2");
+  const auto group = connection_->BeginReadSnapshot();
+  for (int round = 0; round < 30; ++round) {
+    EXPECT_EQ(Stock(1), "10");
+    EXPECT_EQ(Stock(7), "5");
+    EXPECT_EQ(Stock(100 + round), "0");
+  }
+}
+
+TEST_F(ReadSnapshotTest, A_write_of_our_own_inside_is_done_and_seen) {
+  const auto group = connection_->BeginReadSnapshot();
+  EXPECT_EQ(Stock(), "10");
+  connection_->Open(SqlText("update tblInventoryReceipt set Code=2 where ID=2"));
+  EXPECT_EQ(Stock(), "15");
+  EXPECT_EQ(database_.Scalar("select Code from tblInventoryReceipt where ID=2"), "2");
+}
+
+TEST_F(ReadSnapshotTest, A_write_inside_works_also_after_others_have_written) {
+  const auto group = connection_->BeginReadSnapshot();
+  EXPECT_EQ(Stock(), "10");
+  RegisterTheOther();
+  connection_->Open(SqlText("update tblInventoryReceiptDetail set Qty=11 where ReceiptID=1"));
+  EXPECT_EQ(Stock(), "16");
+}
+
+TEST_F(ReadSnapshotTest, A_write_group_inside_works) {
+  const auto group = connection_->BeginReadSnapshot();
+  EXPECT_EQ(Stock(), "10");
+  RegisterTheOther();
+  const auto written = connection_->BeginWriteBatch();
+  connection_->Open(SqlText("update tblInventoryReceiptDetail set Qty=11 where ReceiptID=1"));
+  EXPECT_EQ(Stock(), "16");
+  written->Finish();
+  EXPECT_EQ(database_.Scalar("select Qty from tblInventoryReceiptDetail where ReceiptID=1"), "11.0");
+}
+
+TEST_F(ReadSnapshotTest, Inside_a_write_group_it_sees_what_is_being_written) {
+  const auto written = connection_->BeginWriteBatch();
+  const auto group = connection_->BeginReadSnapshot();
+  EXPECT_EQ(Stock(), "10");
+  connection_->Open(SqlText("update tblInventoryReceipt set Code=2 where ID=2"));
+  EXPECT_EQ(Stock(), "15");
+  written->Finish();
+  EXPECT_EQ(Stock(), "15");
+}
+
+TEST_F(ReadSnapshotTest, Of_groups_in_groups_the_outermost_counts) {
+  const auto outer = connection_->BeginReadSnapshot();
+  EXPECT_EQ(Stock(), "10");
+  connection_->BeginReadSnapshot().reset();
+  RegisterTheOther();
+  EXPECT_EQ(Stock(), "10");
+}
+
+TEST_F(ReadSnapshotTest, A_broken_statement_inside_leaves_the_rest_as_it_is) {
+  const auto group = connection_->BeginReadSnapshot();
+  EXPECT_EQ(Stock(), "10");
+  EXPECT_THROW(connection_->Open(SqlText("select nothing from tblInventoryReceipt")), DatabaseError);
+  RegisterTheOther();
+  EXPECT_EQ(Stock(), "10");
+}
+
+TEST_F(ReadSnapshotTest, Documents_of_one_day_come_in_the_order_of_their_keys) {
+  database_.Execute("update tblInventoryReceipt set Code=2, ReceiveDate='2024-01-01' where ID=2");
+  EXPECT_EQ(Rates(), "100 200 ");
+  const auto group = connection_->BeginReadSnapshot();
+  EXPECT_EQ(Rates(), "100 200 ");
+}
+
+}  // namespace
+}  // namespace koru

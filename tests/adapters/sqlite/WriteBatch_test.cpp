@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <string>
+
+#include "adapters/sqlite/SqliteConnector.h"
+#include "platform/sql/DatabaseError.h"
+#include "tests/support/FailingDatabase.h"
+#include "tests/support/TestFile.h"
+
+namespace koru {
+namespace {
+
+SqlText InsertUser(int id) { return SqlText("insert into tblUser (ID,FullName) values (") + id + ",'x')"; }
+
+class InAWriteBatch : public testing::Test {
+ protected:
+  std::string Users() {
+    return database_.Scalar("select group_concat(ID) from (select ID from tblUser order by ID)");
+  }
+
+  test::TestFile database_;
+  SqliteConnector connector_{std::chrono::milliseconds(0)};
+  std::unique_ptr<Database> connection_ = connector_.Connect(database_.ConnectionText());
+};
+
+TEST_F(InAWriteBatch, Others_see_all_statements_when_it_ends_and_none_before) {
+  const auto group = connection_->BeginWriteBatch();
+  connection_->Open(InsertUser(1));
+  connection_->Open(InsertUser(2));
+  EXPECT_EQ(Users(), "NULL");
+  EXPECT_EQ(connection_->Open(SqlText("select ID from tblUser")).RecordCount(), 2U);
+  group->Finish();
+  EXPECT_EQ(Users(), "1,2");
+}
+
+TEST_F(InAWriteBatch, A_failing_statement_leaves_what_was_written_before_it) {
+  try {
+    const auto group = connection_->BeginWriteBatch();
+    connection_->Open(InsertUser(1));
+    connection_->Open(SqlText("insert into tblUser (ID,FullName) values (2,'x'),(1,'y')"));
+    group->Finish();
+    ADD_FAILURE();
+  } catch (const DatabaseError&) {
+  }
+  EXPECT_EQ(Users(), "1");
+}
+
+TEST_F(InAWriteBatch, The_outermost_counts) {
+  const auto outer = connection_->BeginWriteBatch();
+  {
+    const auto inner = connection_->BeginWriteBatch();
+    connection_->Open(InsertUser(1));
+    inner->Finish();
+  }
+  EXPECT_EQ(Users(), "NULL");
+  connection_->Open(InsertUser(2));
+  outer->Finish();
+  outer->Finish();
+  EXPECT_EQ(Users(), "1,2");
+}
+
+TEST_F(InAWriteBatch, A_second_group_may_follow_the_first) {
+  connection_->BeginWriteBatch()->Finish();
+  const auto second = connection_->BeginWriteBatch();
+  connection_->Open(InsertUser(3));
+  second->Finish();
+  EXPECT_EQ(Users(), "3");
+}
+
+TEST_F(InAWriteBatch, Another_writer_is_told_that_the_file_is_locked) {
+  const auto group = connection_->BeginWriteBatch();
+  const auto other = connector_.Connect(database_.ConnectionText());
+  EXPECT_THROW(other->Open(InsertUser(1)), DatabaseError);
+  EXPECT_THROW((void)other->BeginWriteBatch(), DatabaseError);
+  group->Finish();
+  other->BeginWriteBatch()->Finish();
+}
+
+TEST_F(InAWriteBatch, A_transaction_that_the_database_gave_up_is_reported_at_the_statement_and_at_the_end) {
+  database_.Execute(
+      "create trigger GiveUp before insert on tblUser when new.ID = 3 begin select raise(rollback, 'disk "
+      "trouble'); end");
+  connection_ = connector_.Connect(database_.ConnectionText());
+  const auto group = connection_->BeginWriteBatch();
+  connection_->Open(InsertUser(1));
+  try {
+    connection_->Open(InsertUser(3));
+    ADD_FAILURE();
+  } catch (const DatabaseError& error) {
+    EXPECT_NE(error.ServerText().find("از دست رفت"), std::string::npos);
+    EXPECT_NE(error.ServerText().find("disk trouble"), std::string::npos);
+    EXPECT_EQ(error.Statement(), InsertUser(3).Text());
+  }
+  EXPECT_THROW(group->Finish(), DatabaseError);
+  EXPECT_EQ(Users(), "NULL");
+  connection_->Open(InsertUser(4));
+  EXPECT_EQ(Users(), "4");
+}
+
+TEST_F(InAWriteBatch, The_statement_that_fails_on_the_way_keeps_the_earlier_ones) {
+  for (int failing = 1; failing <= 4; ++failing) {
+    database_.Execute("delete from tblUser");
+    test::FailingConnector failingConnector(connector_);
+    const auto failingConnection = failingConnector.Connect(database_.ConnectionText());
+    failingConnector.Plan().FailAt(failing);
+    try {
+      const auto group = failingConnection->BeginWriteBatch();
+      for (int id = 1; id <= 3; ++id) failingConnection->Open(InsertUser(id));
+      group->Finish();
+      EXPECT_EQ(failing, 4);
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(error.Statement(), InsertUser(failing).Text());
+    }
+    EXPECT_EQ(database_.Scalar("select count(*) from tblUser"), std::to_string(failing - 1));
+  }
+}
+
+/// Runs in a process of its own: replaces the lines of a counting in a group, over and over, and tells
+/// through the pipe when a save was reported as done and when the next one is half way.
+[[noreturn]] void SaveOverAndOver(const std::string& connectionText, int pipe) {
+  SqliteConnector connector;
+  const auto connection = connector.Connect(connectionText);
+  for (int save = 1;; ++save) {
+    const auto group = connection->BeginWriteBatch();
+    connection->Open(SqlText("delete tblInventoryCountingDetail where CountingID=1"));
+    for (int row = 1; row <= 500; ++row) {
+      connection->Open(
+          SqlText("insert into tblInventoryCountingDetail (CountingID,Barcode,RowNumber,ScaleID) values "
+                  "(1,'b',") +
+          row + "," + save + ")");
+      if (row == 250 && write(pipe, "h", 1) != 1) _exit(1);
+    }
+    group->Finish();
+    if (write(pipe, "d", 1) != 1) _exit(1);
+  }
+}
+
+TEST_F(InAWriteBatch, A_program_that_is_killed_leaves_all_lines_of_a_save_or_all_of_the_one_before) {
+  connection_.reset();
+  for (const int saves : {1, 2, 5}) {
+    database_.Execute("delete from tblInventoryCountingDetail");
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const pid_t child = fork();
+    if (child == 0) SaveOverAndOver(database_.ConnectionText(), ends[1]);
+    close(ends[1]);
+    // Kill it half way through the save behind the one that is waited for.
+    for (int halves = 0; halves <= saves;) {
+      char told = 0;
+      ASSERT_EQ(read(ends[0], &told, 1), 1);
+      if (told == 'h') ++halves;
+    }
+    kill(child, SIGKILL);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    close(ends[0]);
+    EXPECT_EQ(database_.Scalar("select count(*) from tblInventoryCountingDetail"), "500");
+    EXPECT_EQ(database_.Scalar("select count(distinct ScaleID) from tblInventoryCountingDetail"), "1");
+    EXPECT_GE(std::stoi(database_.Scalar("select max(ScaleID) from tblInventoryCountingDetail")), saves);
+    EXPECT_EQ(database_.Scalar("PRAGMA integrity_check"), "ok");
+  }
+}
+
+}  // namespace
+}  // namespace koru

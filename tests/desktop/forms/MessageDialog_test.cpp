@@ -1,0 +1,128 @@
+#include "desktop/forms/MessageDialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "tests/desktop/WindowTools.h"
+
+namespace koru {
+namespace {
+
+constexpr std::uint32_t kFormColor = 14799304;
+constexpr std::uint32_t kButtonColor = 12490375;
+constexpr std::uint32_t kFrameColor = 15655647;
+
+class MessageDialogTest : public testing::Test {
+ protected:
+  /// Shows a message (0) or a question (1) and answers it; the answer.
+  int Ask(int type, std::function<void(QWidget&)> answer) {
+    message.SetFormTitle("خطا");
+    message.SetFormMessage(text);
+    message.SetFormType(type);
+    message.SetFormBackColor(kFormColor);
+    message.SetBtmBackColor(kButtonColor);
+    message.SetFrameBackColor(kFrameColor);
+    bool opened = false;
+    test::WhenDialogOpens([&](QWidget& dialog) {
+      opened = true;
+      answer(dialog);
+    });
+    message.ClearShow();
+    EXPECT_TRUE(opened);
+    return message.Resualt();
+  }
+
+  static void PressIn(QWidget& dialog, int key, const QString& letter = {}) {
+    QWidget* const at = dialog.focusWidget();
+    if (letter.isEmpty()) {
+      QTest::keyClick(at, static_cast<Qt::Key>(key));
+    } else {
+      QTest::simulateEvent(at, true, key, Qt::NoModifier, letter, false);
+    }
+  }
+
+  MessageDialog message;
+  std::string text = "آيا مطمئن هستيد؟";
+};
+
+TEST_F(MessageDialogTest, A_message_has_a_title_a_text_and_one_button_that_Enter_presses) {
+  Ask(0, [](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("خطا"));
+    EXPECT_EQ(dialog.findChild<QLabel*>("message")->text(), QStringLiteral("آيا مطمئن هستيد؟"));
+    EXPECT_EQ(dialog.findChildren<QPushButton*>().size(), 1);
+    EXPECT_EQ(dialog.findChild<QPushButton*>("ok")->text(), QStringLiteral("تاييد"));
+    PressIn(dialog, Qt::Key_Return);
+  });
+}
+
+TEST_F(MessageDialogTest, A_question_is_answered_by_its_buttons) {
+  EXPECT_EQ(Ask(1, [](QWidget& dialog) { dialog.findChild<QPushButton*>("yes")->click(); }), 1);
+  EXPECT_EQ(Ask(1, [](QWidget& dialog) { dialog.findChild<QPushButton*>("no")->click(); }), 0);
+}
+
+TEST_F(MessageDialogTest, A_question_is_answered_from_the_keyboard_and_Enter_alone_destroys_nothing) {
+  EXPECT_EQ(Ask(1, [](QWidget& dialog) { PressIn(dialog, Qt::Key_Return); }), 0);
+  EXPECT_EQ(Ask(1, [](QWidget& dialog) { PressIn(dialog, 0x628, QStringLiteral("ب")); }), 1);
+  EXPECT_EQ(Ask(1, [](QWidget& dialog) { PressIn(dialog, 0x62E, QStringLiteral("خ")); }), 0);
+  EXPECT_EQ(Ask(1,
+                [](QWidget& dialog) {
+                  PressIn(dialog, Qt::Key_Backtab);
+                  PressIn(dialog, Qt::Key_Return);
+                }),
+            1);
+}
+
+TEST_F(MessageDialogTest, Escape_answers_a_question_with_no_and_only_closing_by_the_frame_is_no_answer) {
+  EXPECT_EQ(Ask(1, [](QWidget& dialog) { PressIn(dialog, Qt::Key_Escape); }), 0);
+  EXPECT_EQ(Ask(1,
+                [](QWidget& dialog) {
+                  PressIn(dialog, Qt::Key_Backtab);
+                  PressIn(dialog, Qt::Key_Escape);
+                }),
+            0)
+      << "also from yes";
+  EXPECT_EQ(Ask(1, [](QWidget& dialog) { dialog.close(); }), -1);
+}
+
+TEST_F(MessageDialogTest, Escape_acknowledges_a_message) {
+  EXPECT_EQ(Ask(0, [](QWidget& dialog) { PressIn(dialog, Qt::Key_Escape); }), -1);
+}
+
+TEST_F(MessageDialogTest, The_colours_have_red_in_the_low_byte_and_are_really_used) {
+  Ask(1, [](QWidget& dialog) {
+    EXPECT_GT(test::PixelsOf(dialog, QColor(200, 209, 225)), 500);
+    EXPECT_GT(test::PixelsOf(dialog, QColor(223, 226, 238)), 500);
+    EXPECT_GT(test::PixelsOf(dialog, QColor(135, 150, 190)), 500);
+    dialog.close();
+  });
+}
+
+TEST_F(MessageDialogTest, A_server_s_words_stand_below_the_sentence_and_can_be_copied) {
+  text = "ارتباط با بانك اطلاعاتي برقرار نشد.\nLogin failed for user 'sa'.";
+  Ask(0, [](QWidget& dialog) {
+    EXPECT_EQ(dialog.findChild<QLabel*>("message")->text(),
+              QStringLiteral("ارتباط با بانك اطلاعاتي برقرار نشد."));
+    auto* const detail = dialog.findChild<QPlainTextEdit*>("detail");
+    ASSERT_NE(detail, nullptr);
+    EXPECT_EQ(detail->toPlainText(), "Login failed for user 'sa'.");
+    EXPECT_TRUE(detail->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+    dialog.close();
+  });
+}
+
+TEST_F(MessageDialogTest, A_long_text_is_wrapped_and_whole) {
+  text.clear();
+  for (int i = 0; i < 40; ++i) text += "اين شمارش ثبت نهايي شده است. ";
+  Ask(0, [](QWidget& dialog) {
+    const auto* const label = dialog.findChild<QLabel*>("message");
+    EXPECT_LT(dialog.width(), 800);
+    EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+    dialog.close();
+  });
+}
+
+}  // namespace
+}  // namespace koru

@@ -1,0 +1,135 @@
+#include <QClipboard>
+
+#include "desktop/toolkit/QtText.h"
+#include "platform/text/Numbers.h"
+#include "tests/desktop/grid/GridViewTest.h"
+
+namespace koru::test {
+namespace {
+
+TEST_F(GridViewTest, A_number_with_its_separators_is_that_number_typed_or_pasted) {
+  Start();
+  Type("1,200");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "1200");
+  QApplication::clipboard()->setText(QStringLiteral("۱٬۲۰۰٬۰۰۰٫۵"));
+  Press(Qt::Key_F2);
+  Press(Qt::Key_V, Qt::ControlModifier);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 3), "1200000.5");
+  QApplication::clipboard()->setText("3,400\r\n");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(2, 2), "3400");
+}
+
+TEST_F(GridViewTest, Separators_that_are_typed_one_after_the_other_part_one_number) {
+  Start();
+  Type("1,200,000.5");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "1200000.5");
+  Type(QStringLiteral("۱،۲۰۰"));
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 3), "1200");
+}
+
+TEST_F(GridViewTest, A_comma_for_the_decimal_point_never_makes_another_number_of_it) {
+  grid.ValidateEdit.Always([this] { grid.SetEditText(NumberText(Val(grid.EditText()))); });
+  Start();
+  Type("12,5");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "12");
+  QApplication::clipboard()->setText(QStringLiteral("۱۲،۵\n0,200"));
+  grid.SetCurrent(1, 3);
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 3), "12");
+  EXPECT_EQ(Cell(2, 3), "0");
+}
+
+TEST_F(GridViewTest, A_block_is_pasted_downwards_and_onwards_into_the_cells_to_fill) {
+  Start();
+  QApplication::clipboard()->setText(QStringLiteral("12\t3,000\r\n۱۳\t400\t9\r\n14\t\r\n99\t99\r\n"));
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2) + " " + Cell(1, 3), "12 3000");
+  EXPECT_EQ(Cell(2, 2) + " " + Cell(2, 3), "13 400");
+  EXPECT_EQ(Cell(3, 2) + " " + Cell(3, 3), "14 ");
+  EXPECT_EQ(grid.Rows(), 4) << "no line is made";
+  grid.SetCurrent(2, 1);
+  QApplication::clipboard()->setText("name\t5");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(2, 1), "مهره");
+  EXPECT_EQ(Cell(2, 2), "5");
+}
+
+TEST_F(GridViewTest, Pasting_goes_past_a_column_that_is_not_shown) {
+  view->setColumnHidden(3, true);
+  grid.SetEditMask("0111");
+  Start();
+  grid.SetCurrent(1, 2);
+  QApplication::clipboard()->setText("1\t2\t3");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2) + "|" + Cell(1, 3), "1|");
+}
+
+TEST_F(GridViewTest, Pasting_stops_at_the_text_that_is_refused) {
+  Start();
+  QApplication::clipboard()->setText("1\n-2\n3");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2), "1");
+  EXPECT_EQ(Cell(2, 2), "");
+  EXPECT_EQ(Cell(3, 2), "");
+  EXPECT_EQ(Current(), std::pair(2, 2));
+}
+
+TEST_F(GridViewTest, Lines_pasted_into_a_cell_that_is_being_typed_fill_it_and_the_cells_below) {
+  Start();
+  Press(Qt::Key_F2);
+  Type("8");
+  QApplication::clipboard()->setText("1\n2\n");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2), "1");
+  EXPECT_EQ(Cell(2, 2), "2");
+  EXPECT_FALSE(view->IsTypedInto());
+  EXPECT_TRUE(view->hasFocus());
+}
+
+TEST_F(GridViewTest, An_empty_line_that_goes_while_pasting_takes_no_other_line_s_figure) {
+  Start();
+  grid.RowChange.Always([this] {
+    if (Cell(grid.Row(), 1) == "مهره") grid.RemoveItem(grid.Row());
+  });
+  grid.SetCurrent(2, 2);
+  QApplication::clipboard()->setText("5\n6\n");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  ASSERT_EQ(grid.Rows(), 3);
+  EXPECT_EQ(Cell(2, 1), "واشر");
+  EXPECT_EQ(Cell(2, 2), "6");
+}
+
+TEST_F(GridViewTest, Pasting_nothing_leaves_the_cell_as_it_is) {
+  Start();
+  grid.SetTextMatrix(1, 2, "8");
+  QApplication::clipboard()->clear();
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2), "8");
+}
+
+TEST_F(GridViewTest, What_is_only_viewed_takes_no_pasted_figures) {
+  Start();
+  grid.SetLocked(true);
+  QApplication::clipboard()->setText("1\n2");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2) + Cell(2, 2), "");
+}
+
+TEST_F(GridViewTest, A_cell_is_copied_and_without_one_the_clipboard_keeps_what_it_holds) {
+  Start();
+  grid.SetCurrent(2, 1);
+  Press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("مهره"));
+  grid.SetRows(1);
+  Press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("مهره"));
+}
+
+}  // namespace
+}  // namespace koru::test

@@ -1,0 +1,346 @@
+#include <gtest/gtest.h>
+
+#include <QContextMenuEvent>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+
+#include "desktop/toolkit/QtText.h"
+#include "tests/desktop/grid/GridViewTest.h"
+
+namespace koru::test {
+namespace {
+
+TEST_F(GridViewTest, The_keyboard_comes_to_the_first_cell_to_fill) {
+  Start();
+  EXPECT_EQ(Current(), std::pair(1, 2));
+}
+
+TEST_F(GridViewTest, Enter_fills_the_cells_one_after_the_other_and_goes_on_in_the_next_row) {
+  Start();
+  Type("12");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "12");
+  EXPECT_EQ(Current(), std::pair(1, 3));
+  Type("5");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 3), "5");
+  EXPECT_EQ(Current(), std::pair(2, 2));
+  Type("7");
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(Cell(2, 2), "7");
+  EXPECT_EQ(Current(), std::pair(2, 3));
+  Press(Qt::Key_Backtab);
+  EXPECT_EQ(Current(), std::pair(2, 2));
+}
+
+TEST_F(GridViewTest, Enter_on_the_last_cell_stores_it_and_stays) {
+  Start();
+  grid.SetCurrent(3, 3);
+  Type("9");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(3, 3), "9");
+  EXPECT_EQ(Current(), std::pair(3, 3));
+  EXPECT_TRUE(view->hasFocus());
+}
+
+TEST_F(GridViewTest, Digits_of_Persian_and_Arabic_keyboards_arrive_as_Latin_ones) {
+  Start();
+  Type(QStringLiteral("۱۲٫۵"));
+  EXPECT_EQ(Editor()->text(), "12.5");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "12.5");
+  Type(QStringLiteral("٣٤"));
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 3), "34");
+}
+
+TEST_F(GridViewTest, A_refused_text_stays_selected_in_its_cell_and_Escape_gives_the_old_one_back) {
+  Start();
+  grid.SetTextMatrix(1, 2, "8");
+  Type("-1");
+  Press(Qt::Key_Return);
+  ASSERT_NE(Editor(), nullptr);
+  EXPECT_EQ(Editor()->selectedText(), "-1");
+  EXPECT_TRUE(Editor()->hasFocus());
+  EXPECT_EQ(Cell(1, 2), "8");
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(Cell(1, 2), "8");
+  EXPECT_EQ(Current(), std::pair(1, 2));
+  EXPECT_TRUE(view->hasFocus());
+}
+
+TEST_F(GridViewTest, Who_presses_a_command_after_a_refused_text_is_brought_back_to_it_and_nothing_runs) {
+  Button command(form, "cmdTmpSave");
+  int clicks = 0;
+  command.Click.Always([&] { ++clicks; });
+  binding.Bind(command, *other);
+  Start();
+  int refusals = 0;
+  grid.ValidateEdit.Always([&] { refusals += grid.EditText() == "-1" ? 1 : 0; });
+  Type("-1");
+  QTest::mouseClick(other, Qt::LeftButton);
+  QApplication::processEvents();
+  ASSERT_NE(Editor(), nullptr);
+  EXPECT_TRUE(Editor()->hasFocus());
+  EXPECT_EQ(refusals, 1);
+  EXPECT_EQ(clicks, 0);
+  Press(Qt::Key_Escape);
+  QTest::mouseClick(other, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(GridViewTest, A_command_that_gives_everything_up_waits_for_no_figure_and_leaves_no_edit_behind) {
+  Button cancel(form, "cmdCancel");
+  int clicks = 0;
+  cancel.Click.Always([&] {
+    ++clicks;
+    grid.SetLocked(true);
+  });
+  binding.Bind(cancel, *other, BlockedBy::Nothing);
+  Start();
+  Type("-1");
+  QTest::mouseClick(other, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+  QApplication::processEvents();
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(1, 2), "");
+}
+
+TEST_F(GridViewTest, A_click_on_another_cell_stores_what_was_typed_and_stays_where_it_was_refused) {
+  Start();
+  const auto click = [this](int row, int col) {
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
+                      view->visualRect(view->model()->index(row, col)).center());
+    QApplication::processEvents();
+  };
+  Type("4");
+  click(1, 2);
+  EXPECT_EQ(Cell(1, 2), "4");
+  EXPECT_EQ(Current(), std::pair(2, 2));
+  Type("-1");
+  click(2, 2);
+  ASSERT_NE(Editor(), nullptr);
+  EXPECT_EQ(Editor()->selectedText(), "-1");
+  EXPECT_EQ(Current(), std::pair(2, 2));
+}
+
+TEST_F(GridViewTest, A_sort_in_the_middle_of_typing_puts_the_text_into_its_own_row_first) {
+  grid.HeaderClick.Always([this](int col) { grid.Sort(col, SortMode::GenericAscending); });
+  Start();
+  grid.SetCurrent(2, 2);
+  Type("4");
+  const int x = view->columnViewportPosition(1) + view->columnWidth(1) / 2;
+  QTest::mouseClick(view->horizontalHeader()->viewport(), Qt::LeftButton, {}, {x, 10});
+  for (int row = 1; row < grid.Rows(); ++row) EXPECT_EQ(Cell(row, 2), Cell(row, 1) == "مهره" ? "4" : "");
+}
+
+TEST_F(GridViewTest, Going_elsewhere_stores_what_was_typed) {
+  Start();
+  Type("4");
+  QTest::mouseClick(other, Qt::LeftButton);
+  EXPECT_EQ(Cell(1, 2), "4");
+  EXPECT_TRUE(other->hasFocus());
+}
+
+TEST_F(GridViewTest, Arrows_move_as_in_a_spreadsheet_also_out_of_a_cell_that_is_being_typed) {
+  Start();
+  Press(Qt::Key_Down);
+  EXPECT_EQ(Current(), std::pair(2, 2));
+  Type("3");
+  Press(Qt::Key_Down);
+  EXPECT_EQ(Cell(2, 2), "3");
+  EXPECT_EQ(Current(), std::pair(3, 2));
+  Press(Qt::Key_Left);  // right to left: the next column
+  EXPECT_EQ(Current(), std::pair(3, 3));
+  Press(Qt::Key_Right);
+  EXPECT_EQ(Current(), std::pair(3, 2));
+}
+
+TEST_F(GridViewTest, F2_edits_the_text_that_is_there) {
+  Start();
+  grid.SetTextMatrix(1, 2, "15");
+  Press(Qt::Key_F2);
+  Press(Qt::Key_End);
+  Type("0");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "150");
+}
+
+TEST_F(GridViewTest, Delete_empties_a_cell_and_with_Ctrl_asks_for_the_line_to_go) {
+  Start();
+  grid.SetTextMatrix(1, 2, "15");
+  Press(Qt::Key_Delete);
+  EXPECT_EQ(Cell(1, 2), "");
+  EXPECT_EQ(grid.Rows(), 4);
+  bool allowed = false;
+  grid.RowDeleting.Always([&] { grid.SetDeleteAllowed(allowed); });
+  Press(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(grid.Rows(), 4);
+  allowed = true;
+  Press(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(grid.Rows(), 3);
+  EXPECT_EQ(Cell(1, 1), "مهره");
+  grid.SetCurrent(1, 1);
+  Press(Qt::Key_Delete);
+  EXPECT_EQ(grid.Rows(), 2);
+}
+
+TEST_F(GridViewTest, After_a_line_is_deleted_the_keyboard_stands_on_the_one_that_took_its_place) {
+  for (const char* name : {"ميخ", "آچار", "انبر"}) {
+    grid.AddItem(std::to_string(grid.Rows()));
+    grid.SetTextMatrix(grid.Rows() - 1, 1, name);
+  }
+  Start();
+  grid.SetCurrent(2, 2);
+  const auto deleteLine = [this] {
+    Press(Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(view->currentIndex(), view->model()->index(grid.Row() - 1, grid.Col()));
+    return Cell(grid.Row(), 1);
+  };
+  EXPECT_EQ(deleteLine(), "واشر");
+  EXPECT_EQ(Current(), std::pair(2, 2));
+  EXPECT_EQ(deleteLine(), "ميخ");
+  grid.SetCurrent(4, 1);
+  EXPECT_EQ(deleteLine(), "آچار") << "the last line";
+  EXPECT_EQ(Current(), std::pair(3, 1));
+}
+
+TEST_F(GridViewTest, After_the_only_line_is_deleted_the_keyboard_waits_in_the_grid) {
+  grid.SetRows(2);
+  Start();
+  Press(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(grid.Rows(), 1);
+  EXPECT_FALSE(view->currentIndex().isValid());
+  EXPECT_TRUE(view->hasFocus());
+  Press(Qt::Key_Return);
+  Type("6");
+}
+
+TEST_F(GridViewTest, A_cell_that_is_not_for_typing_takes_no_text) {
+  Start();
+  grid.SetCurrent(1, 1);
+  Type("x");
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(1, 1), "پيچ");
+}
+
+TEST_F(GridViewTest, A_click_on_a_title_sorts_and_shows_the_column_that_is_sorted) {
+  grid.HeaderClick.Always([this](int col) { grid.Sort(col, SortMode::GenericAscending); });
+  Start();
+  const int x = view->columnViewportPosition(1) + view->columnWidth(1) / 2;
+  QTest::mouseClick(view->horizontalHeader()->viewport(), Qt::LeftButton, {}, {x, 10});
+  EXPECT_EQ(Cell(1, 1), "پيچ");
+  EXPECT_EQ(view->horizontalHeader()->sortIndicatorSection(), 1);
+  QTest::mouseClick(view->horizontalHeader()->viewport(), Qt::LeftButton, {}, {x, 10});
+  EXPECT_EQ(view->horizontalHeader()->sortIndicatorOrder(), Qt::AscendingOrder);
+  grid.RemoveItem(1);
+  EXPECT_EQ(view->horizontalHeader()->sortIndicatorSection(), -1);
+}
+
+TEST_F(GridViewTest, A_double_click_reports_the_row_and_Enter_does_in_a_list) {
+  int opened = 0;
+  grid.DblClick.Always([&] { opened = grid.Row(); });
+  Start();
+  const QPoint cell = view->visualRect(view->model()->index(1, 1)).center();
+  QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, cell);
+  QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, cell);
+  EXPECT_EQ(opened, 2);
+  grid.SetEditMask("0000");
+  grid.SetCurrent(3, 1);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(opened, 3);
+}
+
+TEST_F(GridViewTest, Ctrl_Tab_leaves_the_grid_and_the_grid_is_told) {
+  int left = 0;
+  grid.LeaveGrid.Always([&] { ++left; });
+  Button cmd(form, "cmd");
+  binding.Bind(cmd, *other);
+  Start();
+  Press(Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_TRUE(other->hasFocus());
+  EXPECT_EQ(left, 1);
+  EXPECT_EQ(form.Focus(), &cmd);
+}
+
+TEST_F(GridViewTest, Ctrl_Tab_leaves_the_grid_also_out_of_a_cell_that_is_being_typed) {
+  Button cmd(form, "cmd");
+  binding.Bind(cmd, *other);
+  Start();
+  Type("4");
+  Press(Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 2), "4");
+  EXPECT_TRUE(other->hasFocus());
+  EXPECT_EQ(Current(), std::pair(1, 2));
+}
+
+TEST_F(GridViewTest, The_menu_offers_to_delete_a_line_only_where_lines_can_go) {
+  Start();
+  const auto deleting = [this] {
+    bool enabled = false;
+    QTimer::singleShot(0, view, [&enabled] {
+      auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      ASSERT_NE(menu, nullptr);
+      enabled = menu->actions().constFirst()->isEnabled();
+      menu->close();
+    });
+    const QPoint at = view->visualRect(view->currentIndex()).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, view->viewport()->mapToGlobal(at));
+    QApplication::sendEvent(view->viewport(), &event);
+    return enabled;
+  };
+  EXPECT_TRUE(deleting());
+  grid.SetLocked(true);
+  EXPECT_FALSE(deleting());
+}
+
+TEST_F(GridViewTest, An_empty_row_that_goes_while_the_person_moves_on_leaves_them_where_they_went) {
+  Start();
+  grid.RowChange.Always([this] {
+    if (grid.Row() == 1) grid.RemoveItem(1);
+  });
+  Press(Qt::Key_Down);
+  EXPECT_EQ(grid.Rows(), 3);
+  EXPECT_EQ(Current(), std::pair(1, 2));
+  EXPECT_EQ(view->currentIndex().row(), 0);
+  EXPECT_EQ(Cell(1, 1), "مهره");
+}
+
+TEST_F(GridViewTest, Shortage_and_surplus_carry_signs_of_different_shape_and_colour) {
+  const QColor red(0xA0, 0x1C, 0x14);
+  view->SetColumnStyle(3, {.number = true, .grouped = false, .sign = ColumnStyle::Sign::Down, .color = red});
+  Start();
+  EXPECT_EQ(PixelsOf(*view->viewport(), red), 0);
+  grid.SetTextMatrix(1, 3, "5");
+  EXPECT_GT(PixelsOf(*view->viewport(), red), 10);
+  EXPECT_EQ(Cell(1, 3), "5");
+}
+
+TEST_F(GridViewTest, A_full_counting_is_shown_and_walked_through_without_a_wait) {
+  constexpr int kFull = 32767;
+  grid.SetRows(kFull + 1);
+  QElapsedTimer clock;
+  clock.start();
+  Start();
+  grid.SetCurrent(kFull, 2);
+  EXPECT_FALSE(view->grab().isNull());
+  EXPECT_LT(clock.elapsed(), 2000);
+  EXPECT_TRUE(view->viewport()->rect().intersects(view->visualRect(view->currentIndex())));
+}
+
+TEST_F(GridViewTest, After_the_grid_is_gone_the_view_shows_nothing_and_takes_no_keys) {
+  Start();
+  Type("4");
+  binding.LetGo();
+  EXPECT_EQ(view->model()->rowCount(), 0);
+  QTest::keyClick(view, Qt::Key_Delete, Qt::ControlModifier);
+  QTest::keyClick(view, Qt::Key_Return);
+  EXPECT_EQ(grid.Rows(), 4);
+}
+
+}  // namespace
+}  // namespace koru::test

@@ -1,0 +1,119 @@
+#include "output/ExcelExport.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "platform/controls/Form.h"
+#include "platform/text/Errors.h"
+#include "tests/support/FakeScreen.h"
+
+namespace koru {
+namespace {
+
+/// A spreadsheet program that remembers what it was told; the cells by row and column.
+struct Desk {
+  int started = 0;
+  int leftOpen = 0;
+  bool missing = false;
+  bool full = false;
+  std::map<std::pair<int, int>, std::string> cells;
+};
+
+class RememberingSheet : public Spreadsheet {
+ public:
+  explicit RememberingSheet(Desk& desk) : desk_(desk) {}
+  void SetCell(int row, int col, std::string_view text) override { desk_.cells[{row, col}] = text; }
+  void LeaveOpen() override {
+    if (desk_.full) throw InputError("no room for the workbook");
+    ++desk_.leftOpen;
+  }
+
+ private:
+  Desk& desk_;
+};
+
+class RememberingStarter : public SpreadsheetStarter {
+ public:
+  explicit RememberingStarter(Desk& desk) : desk_(desk) {}
+  [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override {
+    if (desk_.missing) throw InputError("no spreadsheet program");
+    ++desk_.started;
+    return std::make_unique<RememberingSheet>(desk_);
+  }
+
+ private:
+  Desk& desk_;
+};
+
+class ExportingTheGrid : public ::testing::Test {
+ protected:
+  ExportingTheGrid() {
+    flexDetail.SetCols(3);
+    flexDetail.SetFormatString("   رديف|^كد              |^نام");
+    flexDetail.SetColWidth(1, 0);
+    pgbStatus.SetVisible(false);
+  }
+
+  test::FakeScreen screen;
+  Form form{screen, "frmSmall"};
+  Grid flexDetail{form, "flexDetail"};
+  ProgressBar pgbStatus{form, "pgbStatus"};
+  Desk desk;
+  RememberingStarter starter{desk};
+  ExcelExport excel{flexDetail, pgbStatus, screen, starter};
+};
+
+TEST_F(ExportingTheGrid, A_grid_without_lines_starts_no_spreadsheet_program) {
+  desk.missing = true;
+  EXPECT_NO_THROW(excel.Run());
+  EXPECT_EQ(desk.started, 0);
+  EXPECT_TRUE(screen.Cursors().empty());
+}
+
+TEST_F(ExportingTheGrid, Header_and_lines_go_over_cell_by_cell_with_hidden_columns) {
+  flexDetail.AddItem("1");
+  flexDetail.SetTextMatrix(1, 1, "007");
+  flexDetail.SetTextMatrix(1, 2, "=SUM(A1)");
+  flexDetail.AddItem("2");
+  excel.Run();
+  const std::map<std::pair<int, int>, std::string> expected = {
+      {{1, 1}, "   رديف"}, {{1, 2}, "كد              "}, {{1, 3}, "نام"}, {{2, 1}, "1"},
+      {{2, 2}, "007"},     {{2, 3}, "=SUM(A1)"},         {{3, 1}, "2"},   {{3, 2}, ""},
+      {{3, 3}, ""}};
+  EXPECT_EQ(desk.cells, expected);
+  EXPECT_EQ(desk.started, 1);
+  EXPECT_EQ(desk.leftOpen, 1);
+}
+
+TEST_F(ExportingTheGrid, A_long_export_shows_how_far_it_is_and_the_hourglass) {
+  flexDetail.SetRows(1001);
+  std::vector<int> steps;
+  const Subscription watching = pgbStatus.Changed.Subscribe([&] {
+    if (!pgbStatus.Visible()) return;
+    EXPECT_EQ(screen.CurrentCursor(), Cursor::Hourglass);
+    steps.push_back(pgbStatus.Value());
+  });
+  excel.Run();
+  EXPECT_EQ(pgbStatus.Max(), 1001);
+  ASSERT_GE(steps.size(), 1001U) << "every row moves the bar";
+  EXPECT_EQ(steps.back(), 1001);
+  EXPECT_FALSE(pgbStatus.Visible());
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
+}
+
+TEST_F(ExportingTheGrid, A_missing_program_or_a_full_disk_is_the_callers_to_tell) {
+  flexDetail.AddItem("1");
+  desk.missing = true;
+  EXPECT_THROW(excel.Run(), InputError);
+  desk.missing = false;
+  desk.full = true;
+  EXPECT_THROW(excel.Run(), InputError);
+  EXPECT_FALSE(pgbStatus.Visible());
+  EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
+}
+
+}  // namespace
+}  // namespace koru

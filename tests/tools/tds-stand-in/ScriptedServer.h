@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "tools/tds-stand-in/TdsServer.h"
+
+namespace koru::test {
+
+/// A server that answers statements as a test says, and remembers what was said to it.
+class ScriptedServer {
+ public:
+  using Answer = TdsServer::Answer;
+
+  /// Whether it greets at all, and how it answers each sign-in and each statement. A procedure call arrives
+  /// as "CALL name(parameter,...)".
+  struct Script {
+    bool greets = true;
+    std::function<Answer()> signIn = [] { return Answer{}; };
+    std::function<Answer(const std::string& statement)> statement = [](const std::string&) {
+      return Answer{};
+    };
+  };
+
+  explicit ScriptedServer(Script script);
+
+  [[nodiscard]] int Port() const { return server_.Port(); }
+  [[nodiscard]] std::string ConnectionText() const { return server_.ConnectionText(); }
+  /// The statements that have arrived, in UTF-8.
+  [[nodiscard]] std::vector<std::string> Statements() const;
+  /// How often somebody signed in.
+  [[nodiscard]] int SignIns() const;
+  /// Whether the last sign-in held that text: a user or a database, but not the password, which is disguised.
+  [[nodiscard]] bool SignInHeld(const std::string& text) const;
+
+ private:
+  [[nodiscard]] Answer SignIn(const std::string& message);
+  [[nodiscard]] Answer Take(const std::string& statement);
+
+  Script script_;
+  mutable std::mutex guard_;
+  std::vector<std::string> statements_;
+  std::string lastSignIn_;
+  int signIns_ = 0;
+  TdsServer server_;  // the last: its threads work with all that stands above
+};
+
+/// One record with one field.
+[[nodiscard]] ScriptedServer::Answer OneField(const std::string& column, std::int64_t number);
+[[nodiscard]] ScriptedServer::Answer OneField(const std::string& column, const std::string& text);
+
+}  // namespace koru::test

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/sql/Recordset.h"
+#include "tools/tds-stand-in/TdsRequest.h"
+#include "tools/tds-stand-in/TdsWire.h"
+
+namespace koru::test {
+
+/// A server on this machine alone that speaks as much of the suite's server's protocol (TDS 7.4) as a driver
+/// needs to sign in, send statements and call procedures. What it answers is its maker's: also silence, or
+/// going away. Each client is served on a thread of its own.
+class TdsServer {
+ public:
+  struct Answer {
+    enum class Kind {
+      Done,
+      Rows,     ///< of a statement
+      Refusal,  ///< with number and text
+      Silence,  ///< also to the client's wish to give up
+      Close     ///< hangs up on that client
+    };
+    Kind kind = Kind::Done;
+    std::int32_t number = 0;  ///< of the refusal; what a procedure that is done returns
+    std::string text = {};    ///< of the refusal
+    Recordset rows = {};
+    std::optional<std::uint64_t> written = {};  ///< by a statement that is done: how many rows
+  };
+
+  /// How it answers; called on the clients' threads. What they throw is told to the client as a refusal.
+  struct Handlers {
+    std::function<bool()> greets;
+    /// Is given what the client sent, in which the password is disguised.
+    std::function<Answer(const std::string& message)> signIn;
+    /// One answer for each statement of the batch; silence and going away stand alone.
+    std::function<std::vector<Answer>(const std::string& batch)> batch;
+    std::function<Answer(const ProcedureCall& call)> call;
+  };
+
+  /// The server's number for refusals that have none of their own.
+  static constexpr std::int32_t kOwnMessage = 50000;
+
+  /// Throws std::runtime_error when there is no place to listen.
+  explicit TdsServer(Handlers handlers);
+  TdsServer(const TdsServer&) = delete;
+  TdsServer& operator=(const TdsServer&) = delete;
+  /// Hangs up on all clients.
+  ~TdsServer();
+
+  [[nodiscard]] int Port() const { return port_; }
+  /// What the component would be given to reach it. User and password are "clerk" and "s3cret}pass".
+  [[nodiscard]] std::string ConnectionText() const;
+
+ private:
+  struct Client {
+    explicit Client(int handle) : socket(handle) {}
+    Socket socket;
+    std::atomic<bool> isGone{false};
+    std::thread thread;
+  };
+
+  void Serve();
+  void LetGoOfTheGone();
+  void Talk(const Socket& client) const;
+  /// `hangs`: the message before this one was answered with silence.
+  [[nodiscard]] std::vector<Answer> AnswersTo(const TdsMessage& message, bool hangs) const;
+
+  Handlers handlers_;
+  Socket listener_;
+  int port_ = 0;
+  std::list<Client> clients_;  ///< of the thread alone that listens, while there is one
+  std::thread thread_;
+};
+
+}  // namespace koru::test
