@@ -4,7 +4,6 @@
 #include <charconv>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 
 #include "platform/text/Text.h"
 
@@ -13,7 +12,7 @@ namespace {
 
 class Reader {
  public:
-  Reader(const std::string& source, const std::string& name) : source_(source), name_(name) {}
+  Reader(const std::string& source, const std::string& file) : source_(source), file_(file) {}
 
   std::vector<SourceText> Read() {
     while (at_ < source_.size()) Step();
@@ -37,19 +36,22 @@ class Reader {
     }
   }
 
-  /// Goes behind what begins and ends so, if it stands here; a line end at its end stays.
+  /// Moves past what begins and ends so, if it is here; a line end at its end is left.
   bool Skipped(const std::string& begin, const std::string& end) {
     if (source_.compare(at_, begin.size(), begin) != 0) return false;
     const std::size_t found = std::min(source_.find(end, at_ + begin.size()), source_.size());
-    const std::size_t behind = end == "\n" ? found : std::min(found + end.size(), source_.size());
-    line_ += std::count(source_.begin() + static_cast<std::ptrdiff_t>(at_),
-                        source_.begin() + static_cast<std::ptrdiff_t>(behind), '\n');
-    at_ = behind;
+    MoveTo(end == "\n" ? found : std::min(found + end.size(), source_.size()));
     return true;
   }
 
+  void MoveTo(std::size_t place) {
+    line_ += std::count(source_.begin() + static_cast<std::ptrdiff_t>(at_),
+                        source_.begin() + static_cast<std::ptrdiff_t>(place), '\n');
+    at_ = place;
+  }
+
   void TakeCharacter() {
-    // An apostrophe between digits parts thousands.
+    // An apostrophe between digits separates thousands.
     const bool isInNumber = at_ > 0 && std::isdigit(static_cast<unsigned char>(source_[at_ - 1])) != 0;
     ++at_;
     if (isInNumber) return;
@@ -59,19 +61,30 @@ class Reader {
   }
 
   void TakeText() {
-    if (at_ > 0 && source_[at_ - 1] == 'R')
-      throw std::runtime_error(Place() + ": raw texts are not read here");
-    if (!adjacent_) texts_.push_back({{}, Place()});
+    if (!adjacent_) texts_.push_back({{}, file_, line_, at_, at_});
     std::string& text = texts_.back().text;
-    for (++at_; source_.at(at_) != '"';) {
-      if (source_[at_] == '\\') {
-        TakeEscape(text);
-      } else {
-        text += source_[at_++];
+    if (at_ > 0 && source_[at_ - 1] == 'R') {
+      TakeRaw(text);
+    } else {
+      for (++at_; source_.at(at_) != '"';) {
+        if (source_[at_] == '\\') {
+          TakeEscape(text);
+        } else {
+          text += source_[at_++];
+        }
       }
+      ++at_;
     }
-    ++at_;
+    texts_.back().end = at_;
     adjacent_ = true;
+  }
+
+  void TakeRaw(std::string& text) {
+    const std::size_t begin = source_.find('(', at_) + 1;
+    const std::string close = ")" + source_.substr(at_ + 1, begin - at_ - 2) + "\"";
+    const std::size_t end = source_.find(close, begin);
+    text += source_.substr(begin, end - begin);
+    MoveTo(end + close.size());
   }
 
   void TakeEscape(std::string& text) {
@@ -87,10 +100,8 @@ class Reader {
     text += kind == 'n' ? '\n' : kind;
   }
 
-  [[nodiscard]] std::string Place() const { return name_ + ":" + std::to_string(line_); }
-
   const std::string& source_;
-  const std::string& name_;
+  const std::string& file_;
   std::size_t at_ = 0;
   std::ptrdiff_t line_ = 1;
   bool adjacent_ = false;  ///< nothing but blanks and comments since the last text
@@ -104,23 +115,35 @@ std::string ContentOf(const std::filesystem::path& file) {
 
 }  // namespace
 
-std::vector<SourceText> TextsOf(const std::string& source, const std::string& name) {
-  return Reader(source, name).Read();
+std::vector<SourceText> TextsOf(const std::string& source, const std::string& file) {
+  return Reader(source, file).Read();
+}
+
+std::vector<SourceFile> SourcesIn(const std::filesystem::path& root,
+                                  const std::vector<std::string>& folders) {
+  std::vector<SourceFile> files;
+  for (const std::string& folder : folders) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root / folder)) {
+      const std::string extension = entry.path().extension().string();
+      if (extension != ".cpp" && extension != ".h") continue;
+      files.push_back(
+          {std::filesystem::relative(entry.path(), root).generic_string(), ContentOf(entry.path())});
+    }
+  }
+  std::sort(files.begin(), files.end(),
+            [](const SourceFile& left, const SourceFile& right) { return left.name < right.name; });
+  return files;
 }
 
 std::vector<SourceText> TextsOfStatementSources(const std::filesystem::path& root,
                                                 const std::vector<std::string>& folders) {
   std::vector<SourceText> all;
-  for (const std::string& folder : folders) {
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(root / folder)) {
-      const std::string extension = entry.path().extension().string();
-      if (extension != ".cpp" && extension != ".h") continue;
-      const std::string source = ContentOf(entry.path());
-      if (source.find("SqlText") == std::string::npos && source.find("FixedSql") == std::string::npos)
-        continue;
-      const auto texts = TextsOf(source, std::filesystem::relative(entry.path(), root).generic_string());
-      all.insert(all.end(), texts.begin(), texts.end());
-    }
+  for (const SourceFile& file : SourcesIn(root, folders)) {
+    if (file.content.find("SqlText") == std::string::npos &&
+        file.content.find("FixedSql") == std::string::npos)
+      continue;
+    const auto texts = TextsOf(file.content, file.name);
+    all.insert(all.end(), texts.begin(), texts.end());
   }
   return all;
 }

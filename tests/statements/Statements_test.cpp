@@ -5,11 +5,13 @@
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <utility>
 
 #include "adapters/odbc/ServerDialect.h"
 #include "services/dteInvCounting.h"
 #include "tests/statements/SentStatements.h"
 #include "tests/statements/SourceTexts.h"
+#include "tests/statements/StatementFiles.h"
 #include "tools/tds-stand-in/TSqlRules.h"
 
 namespace koru::test {
@@ -19,21 +21,33 @@ constexpr const char* kFile = KORU_SOURCES "/docs/statements.md";
 
 constexpr const char* kHead = R"(# Statements
 
-Every statement that the component can send, by what a person does, in the order in which they are sent. The values are those
+Every statement that the component can send, by what a user does, in the order in which they are sent. The values are those
 of a small suite; a line's statements repeat for every line, and a search's criteria are left out where nothing is asked for.
+A comment names the source file that builds the statements below it.
 
 Users, stores, goods and documents are chosen in windows that read lists of their own; these are not listed here.
 
-The file is written by a test, `tests/statements`, and compared by it. To write it anew after a change:
+The page is written by a test, `tests/statements`, and compared by it. To write it anew after a change:
 
     KORU_RENEW_STATEMENTS=1 build/dev/koru_test_statements
 )";
 
+std::vector<SourceText> TextsOfTheComponent() {
+  return TextsOfStatementSources(
+      KORU_SOURCES, {"services", "component", "counting", "lines", "registration", "output", "search"});
+}
+
 std::string Page(const std::vector<Operation>& operations) {
+  const std::vector<SourceText> texts = TextsOfTheComponent();
   std::string page = kHead;
   for (const Operation& operation : operations) {
     page += "\n## " + operation.title + "\n\n```sql\n";
-    for (const std::string& statement : operation.statements) page += statement + "\n";
+    std::string named;
+    for (const std::string& statement : operation.statements) {
+      const std::string file = FileOfStatement(statement, texts);
+      if (std::exchange(named, file) != file) page += "-- " + file + "\n";
+      page += statement + "\n";
+    }
     page += "```\n";
   }
   return page;
@@ -53,7 +67,7 @@ std::string AllStatements() {
 }
 
 /// Texts beside statements that are part of none: names of forms and controls, fields that are read from `*`,
-/// tables that the selectors are told, and the grid's mask.
+/// tables of the selectors, and the grid's mask.
 const std::set<std::string> kNoSql{"frmInvCounting",
                                    "frmInvSearch",
                                    "frmGoodSearch",
@@ -69,15 +83,10 @@ const std::set<std::string> kNoSql{"frmInvCounting",
                                    "tblGoodScaleParent",
                                    "00000011110001000"};
 
-/// A sentence for a person, which no statement holds.
+/// A sentence for the user, which no statement holds.
 bool IsSentence(const std::string& text) {
   const bool isPersian = std::any_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
   return isPersian && text.find('\'') == std::string::npos;
-}
-
-std::vector<SourceText> TextsOfTheComponent() {
-  return TextsOfStatementSources(
-      KORU_SOURCES, {"services", "component", "counting", "lines", "registration", "output", "search"});
 }
 
 TEST(Statements, The_document_lists_what_is_sent) {
@@ -97,7 +106,7 @@ TEST(Statements, No_text_that_a_source_puts_into_a_statement_is_missing_from_the
   for (const SourceText& source : TextsOfTheComponent()) {
     if (IsSentence(source.text) || kNoSql.contains(source.text)) continue;
     ++parts;
-    EXPECT_NE(sent.find(source.text), std::string::npos) << source.place << ": " << source.text;
+    EXPECT_NE(sent.find(source.text), std::string::npos) << source.Place() << ": " << source.text;
   }
   EXPECT_GT(parts, 150);
 }
@@ -129,6 +138,17 @@ TEST(Statements, Every_operation_sends_something_and_each_statement_stands_on_on
   }
 }
 
+TEST(Statements, Each_is_built_in_one_source_file) {
+  const std::vector<SourceText> texts = TextsOfTheComponent();
+  for (const Operation& operation : SentStatements()) {
+    for (const std::string& statement : operation.statements) {
+      const std::string file = FileOfStatement(statement, texts);
+      EXPECT_FALSE(file.empty()) << statement;
+      EXPECT_EQ(file.find(" or "), std::string::npos) << file << ": " << statement;
+    }
+  }
+}
+
 TEST(Statements, Each_is_one_whole_statement_of_the_server) {
   ServerDialect dialect;
   for (const Operation& operation : SentStatements()) {
@@ -145,9 +165,31 @@ TEST(SourceTexts, Are_read_as_the_compiler_reads_them) {
   const auto texts = TextsOf(source, "x.cpp");
   ASSERT_EQ(texts.size(), 2U);
   EXPECT_EQ(texts[0].text, "a\"bc\u200C");
-  EXPECT_EQ(texts[0].place, "x.cpp:3");
+  EXPECT_EQ(texts[0].Place(), "x.cpp:3");
   EXPECT_EQ(texts[1].text, "d");
-  EXPECT_EQ(texts[1].place, "x.cpp:4");
+  EXPECT_EQ(texts[1].Place(), "x.cpp:4");
+  EXPECT_EQ(source.substr(texts[1].begin, texts[1].end - texts[1].begin), "\"d\"");
+}
+
+TEST(SourceTexts, Include_raw_ones) {
+  const auto texts = TextsOf("R\"(a\"\n\\b)\" \"c\"; R\"x()\")x\"", "x.cpp");
+  ASSERT_EQ(texts.size(), 2U);
+  EXPECT_EQ(texts[0].text, "a\"\n\\bc");
+  EXPECT_EQ(texts[1].text, ")\"");
+  EXPECT_EQ(texts[1].line, 2);
+}
+
+TEST(StatementFiles, The_file_that_has_more_of_a_statement_is_named) {
+  const std::vector<SourceText> texts{{"Select * from ", "a.cpp"},
+                                      {"Select * from tblGood", "b.cpp"},
+                                      {"Select * from tblGood", "c.cpp"},
+                                      {" where Barcode=", "c.cpp"},
+                                      {"spPelinHasPermission", "d.cpp"}};
+  EXPECT_EQ(FileOfStatement("Select * from tblUser", texts), "a.cpp");
+  EXPECT_EQ(FileOfStatement("Select * from tblGood where Barcode='1'", texts), "c.cpp");
+  EXPECT_EQ(FileOfStatement("Select * from tblGood", texts), "b.cpp or c.cpp");
+  EXPECT_EQ(FileOfStatement("{? = CALL spPelinHasPermission( 7, 806) }", texts), "d.cpp");
+  EXPECT_EQ(FileOfStatement("delete from tblGood", texts), "");
 }
 
 }  // namespace
