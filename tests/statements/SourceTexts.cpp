@@ -97,7 +97,7 @@ class Reader {
       at_ += 4;
       return;
     }
-    text += kind == 'n' ? '\n' : kind;
+    text += kind == 'n' ? '\n' : kind == 't' ? '\t' : kind;
   }
 
   const std::string& source_;
