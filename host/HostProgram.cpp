@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <filesystem>
 
+#include "adapters/sqlite/SqliteConnector.h"
 #include "desktop/forms/MessageDialog.h"
 #include "desktop/toolkit/Application.h"
 #include "desktop/toolkit/QtText.h"

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "adapters/provider/ConnectorByProvider.h"
 #include "adapters/system/SystemServices.h"
 #include "adapters/xlsx/XlsxStarter.h"
 #include "desktop/fields/SelectorRecords.h"
@@ -14,6 +14,7 @@
 #include "host/IniPropertyBag.h"
 #include "platform/ports/Components.h"
 #include "platform/ports/HostServices.h"
+#include "platform/sql/Database.h"
 #include "services/Messages.h"
 
 namespace koru {
@@ -39,20 +40,20 @@ class HostSession {
   /// Those who can sign in, by name. Throws DatabaseError.
   [[nodiscard]] std::vector<User> Users(const std::string& connection);
   /// Throws DatabaseError with one sentence when the connection text leads to no usable database.
-  void TestConnection(const std::string& connection) { databases_.Connect(connection).reset(); }
+  void TestConnection(const std::string& connection) { databases_->Connect(connection).reset(); }
   /// Tells the person of a failure.
   void ShowFailure(const std::exception& failure) const { messages_.ShowFailure(failure); }
 
  private:
   IniFile settings_;
   IniPropertyBag properties_{settings_, "comInvCounting"};
-  ConnectorByProvider databases_;
+  std::unique_ptr<DatabaseConnector> databases_;
   ComponentRegistry components_;
   Messages messages_{components_};
   SystemClock clock_;
   SystemFileSystem files_;
   XlsxStarter spreadsheets_;
-  SelectorRecords records_{databases_};
+  SelectorRecords records_{*databases_};
   DesktopScreen screen_;
 };
 

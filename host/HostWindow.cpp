@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "adapters/sqlite/SqliteConnector.h"
 #include "desktop/fields/Fields.h"
 #include "desktop/forms/FormWindow.h"
 #include "desktop/toolkit/FileChoice.h"

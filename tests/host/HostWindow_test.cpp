@@ -11,6 +11,7 @@
 #include <QProgressBar>
 #include <QTableView>
 
+#include "adapters/sqlite/SqliteConnector.h"
 #include "adapters/system/TemporaryFolder.h"
 #include "database/Sample.h"
 #include "desktop/toolkit/QtText.h"

@@ -222,6 +222,20 @@ TEST_F(ProgramTest, A_database_that_cannot_be_used_is_named_and_not_remembered) 
   EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "none.db"));
 }
 
+TEST_F(ProgramTest, The_log_that_the_environment_names_shows_a_connection_and_why_it_failed) {
+  Write("text.db", "no database");
+  const std::string arguments = "--connection 'Provider=SQLite;Data Source=text.db;Password=secret'";
+  EXPECT_EQ(Run(arguments, "QT_QPA_PLATFORM=offscreen KORU_LOG=koru.log").code, 2);
+  const std::string log = Text("koru.log");
+  EXPECT_NE(log.find("\tprogram\tbegins\ttyped texts are masked\n"), std::string::npos) << log;
+  EXPECT_NE(log.find("\t1\terror 26: "), std::string::npos) << log;
+  EXPECT_NE(log.find("Provider=SQLite;Data Source=text.db;Password=***;\n"), std::string::npos) << log;
+  EXPECT_EQ(log.find("secret"), std::string::npos) << log;
+
+  EXPECT_EQ(Run(arguments, "QT_QPA_PLATFORM=offscreen KORU_LOG=koru.log KORU_LOG_TEXTS=1").code, 2);
+  EXPECT_NE(Text("koru.log").find("\ttyped texts are written\n"), std::string::npos);
+}
+
 TEST_F(ProgramTest, Without_a_display_the_host_screen_says_so) {
   const Outcome outcome = Run("");
   EXPECT_EQ(outcome.code, 2);

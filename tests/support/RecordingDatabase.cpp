@@ -1,5 +1,7 @@
 #include "tests/support/RecordingDatabase.h"
 
+#include "platform/sql/CallText.h"
+
 namespace koru::test {
 
 Recordset RecordingDatabase::Open(const SqlText& statement) {
@@ -9,13 +11,7 @@ Recordset RecordingDatabase::Open(const SqlText& statement) {
 
 std::int32_t RecordingDatabase::Call(std::string_view procedure,
                                      const std::vector<std::int32_t>& parameters) {
-  std::string text = "{? = CALL " + std::string(procedure) + "(";
-  const char* before = " ";
-  for (const std::int32_t parameter : parameters) {
-    text += before + std::to_string(parameter);
-    before = ", ";
-  }
-  log_.push_back(text + ") }");
+  log_.push_back(CallText(procedure, parameters));
   return inner_->Call(procedure, parameters);
 }
 

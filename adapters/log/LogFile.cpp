@@ -1,0 +1,132 @@
+#include "adapters/log/LogFile.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+#include <utility>
+
+namespace koru {
+namespace {
+
+constexpr std::string_view kDatabaseFile = "SQLite format 3";
+
+std::filesystem::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
+
+bool IsDatabase(const std::filesystem::path& path) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.string().c_str(), "rb"),
+                                                             &std::fclose);
+  std::array<char, kDatabaseFile.size()> begin{};
+  return file != nullptr && std::fread(begin.data(), 1, begin.size(), file.get()) == begin.size() &&
+         std::string_view(begin.data(), begin.size()) == kDatabaseFile;
+}
+
+/// Why the file is not written; empty when it is. A pipe would make the program wait for a reader.
+std::string Refusal(const std::filesystem::path& path) {
+  std::error_code error;
+  const std::filesystem::file_type type = std::filesystem::status(path, error).type();
+  if (type == std::filesystem::file_type::not_found || type == std::filesystem::file_type::character)
+    return {};
+  if (type != std::filesystem::file_type::regular) return "not a file";
+  return IsDatabase(path) ? "a database" : "";
+}
+
+/// Local time with its offset, `2025-12-21 09:03:20.123+0330`. To be called by one thread at a time.
+std::string TimeText(LogFile::Clock::time_point time) {
+  const std::time_t seconds = LogFile::Clock::to_time_t(time);
+  const auto milliseconds =
+      std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count() % 1000;
+  const std::tm* local = std::localtime(&seconds);
+  if (local == nullptr) return "-";
+  std::array<char, 32> day{};
+  std::array<char, 8> offset{};
+  std::array<char, 48> text{};
+  std::strftime(day.data(), day.size(), "%Y-%m-%d %H:%M:%S", local);
+  std::strftime(offset.data(), offset.size(), "%z", local);
+  std::snprintf(text.data(), text.size(), "%s.%03d%s", day.data(), static_cast<int>(milliseconds),
+                offset.data());
+  return text.data();
+}
+
+std::string DurationText(std::chrono::nanoseconds duration) {
+  std::array<char, 48> text{};
+  std::snprintf(text.data(), text.size(), "%.3f ms", static_cast<double>(duration.count()) / 1e6);
+  return text.data();
+}
+
+void AppendEscaped(std::string& line, std::string_view text) {
+  for (const char c : text) {
+    if (c == '\n') {
+      line += "\\n";
+    } else if (c == '\r') {
+      line += "\\r";
+    } else if (c == '\t') {
+      line += "\\t";
+    } else {
+      line += static_cast<unsigned char>(c) < 0x20 ? '?' : c;
+    }
+  }
+}
+
+}  // namespace
+
+LogFile::LogFile(LogSettings settings) : settings_(std::move(settings)) {
+  if (settings_.path.empty()) return;
+  Open();
+  Append(Clock::now(), {}, "program", "begins",
+         settings_.withTexts ? "typed texts are written" : "typed texts are masked");
+}
+
+void LogFile::Open() {
+  const std::filesystem::path path = PathOf(settings_.path);
+  if (const std::string refusal = Refusal(path); !refusal.empty()) return GiveUp(refusal);
+  file_.reset(std::fopen(path.string().c_str(), "ab"));
+  if (!file_) return GiveUp(std::strerror(errno));
+  // Without a buffer, a line is one write at the end of the file, whoever else writes there.
+  std::setvbuf(file_.get(), nullptr, _IONBF, 0);
+}
+
+bool LogFile::IsOn() const {
+  const std::lock_guard lock(mutex_);
+  return file_ != nullptr;
+}
+
+int LogFile::NextConnection() {
+  const std::lock_guard lock(mutex_);
+  return ++connections_;
+}
+
+void LogFile::Append(Clock::time_point begun, std::chrono::nanoseconds duration, std::string_view connection,
+                     std::string_view outcome, std::string_view text) noexcept {
+  const std::lock_guard lock(mutex_);
+  if (!file_) return;
+  try {
+    std::string line = TimeText(begun) + '\t' + DurationText(duration) + '\t' + settings_.program + '\t';
+    AppendEscaped(line, connection);
+    line += '\t';
+    AppendEscaped(line, outcome);
+    line += '\t';
+    AppendEscaped(line, text);
+    Write(line + '\n');
+  } catch (const std::exception& failure) {  // no memory: the work itself may still succeed
+    GiveUp(failure.what());
+  }
+}
+
+void LogFile::Write(const std::string& line) {
+  errno = 0;
+  if (std::fwrite(line.data(), 1, line.size(), file_.get()) != line.size()) GiveUp(std::strerror(errno));
+}
+
+void LogFile::GiveUp(const std::string& why) noexcept {
+  file_.reset();
+  try {
+    std::cerr << "koru: the log " << settings_.path << " is not written: " << why << std::endl;
+  } catch (...) {  // nobody is left to report to
+  }
+}
+
+}  // namespace koru

@@ -1,0 +1,167 @@
+#include "adapters/log/LoggedConnector.h"
+
+#include <chrono>
+#include <string_view>
+#include <utility>
+
+#include "adapters/log/LogTexts.h"
+#include "platform/sql/CallText.h"
+#include "platform/sql/DatabaseError.h"
+
+namespace koru {
+namespace {
+
+using Steady = std::chrono::steady_clock;
+
+/// What one connection writes into the log.
+class Journal {
+ public:
+  explicit Journal(LogFile& log) : log_(log), connection_(std::to_string(log.NextConnection())) {}
+
+  /// Does the work and notes its beginning, duration and outcome. `outcome` writes what the work returned,
+  /// `text` what the work is, `error` the words of a failure, which is thrown on.
+  template <class Work, class Outcome, class Text, class Error>
+  auto Run(const Work& work, const Outcome& outcome, const Text& text, const Error& error) {
+    const LogFile::Clock::time_point begun = LogFile::Clock::now();
+    const Steady::time_point start = Steady::now();
+    try {
+      auto result = work();
+      Note(
+          begun, start, [&] { return outcome(result); }, text);
+      return result;
+    } catch (const DatabaseError& failure) {
+      Note(
+          begun, start,
+          [&] { return "error " + std::to_string(failure.Code()) + ": " + error(failure.ServerText()); },
+          text);
+      throw;
+    } catch (const std::exception& failure) {
+      Note(
+          begun, start, [&] { return "error: " + error(failure.what()); }, text);
+      throw;
+    }
+  }
+
+  /// Work without a result and without a typed text.
+  template <class Work>
+  void Do(std::string_view text, const Work& work) {
+    Run(
+        [&] {
+          work();
+          return true;
+        },
+        [](bool) { return "done"; }, [&] { return text; }, [](const std::string& words) { return words; });
+  }
+
+  [[nodiscard]] bool WithTexts() const { return log_.Settings().withTexts; }
+
+ private:
+  /// Never throws: what has been done has been done, whether it can be noted or not.
+  template <class Outcome, class Text>
+  void Note(LogFile::Clock::time_point begun, Steady::time_point start, const Outcome& outcome,
+            const Text& text) noexcept {
+    try {
+      const Steady::duration duration = Steady::now() - start;
+      log_.Append(begun, duration, connection_, outcome(), text());
+    } catch (const std::exception&) {  // no memory for the line
+    }
+  }
+
+  LogFile& log_;
+  std::string connection_;
+};
+
+std::string RowsText(const Recordset& records) {
+  if (records.Columns().empty()) return "done";
+  return std::to_string(records.RecordCount()) + (records.RecordCount() == 1 ? " row" : " rows");
+}
+
+class LoggedWriteBatch : public WriteBatch {
+ public:
+  LoggedWriteBatch(Journal& journal, std::unique_ptr<WriteBatch> inner)
+      : journal_(journal), inner_(std::move(inner)) {}
+  ~LoggedWriteBatch() override {
+    if (inner_) journal_.Do("write batch given up", [this] { inner_.reset(); });
+  }
+
+  void Finish() override {
+    const std::unique_ptr<WriteBatch> inner = std::move(inner_);
+    journal_.Do("write batch finished", [&] { inner->Finish(); });
+  }
+
+ private:
+  Journal& journal_;
+  std::unique_ptr<WriteBatch> inner_;
+};
+
+class LoggedReadSnapshot : public ReadSnapshot {
+ public:
+  LoggedReadSnapshot(Journal& journal, std::unique_ptr<ReadSnapshot> inner)
+      : journal_(journal), inner_(std::move(inner)) {}
+  ~LoggedReadSnapshot() override {
+    journal_.Do("read snapshot ends", [this] { inner_.reset(); });
+  }
+
+ private:
+  Journal& journal_;
+  std::unique_ptr<ReadSnapshot> inner_;
+};
+
+class LoggedDatabase : public Database {
+ public:
+  LoggedDatabase(std::unique_ptr<Journal> journal, std::unique_ptr<Database> inner)
+      : journal_(std::move(journal)), inner_(std::move(inner)) {}
+  ~LoggedDatabase() override {
+    journal_->Do("connection closed", [this] { inner_.reset(); });
+  }
+
+  Recordset Open(const SqlText& statement) override {
+    return journal_->Run(
+        [&] { return inner_->Open(statement); }, RowsText,
+        [&] { return journal_->WithTexts() ? statement.Text() : MaskedStatement(statement); },
+        [&](const std::string& words) {
+          return journal_->WithTexts() ? words : MaskedError(words, statement);
+        });
+  }
+
+  std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
+    return journal_->Run([&] { return inner_->Call(procedure, parameters); },
+                         [](std::int32_t result) { return "returned " + std::to_string(result); },
+                         [&] { return CallText(procedure, parameters); },
+                         [](const std::string& words) { return words; });
+  }
+
+  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override {
+    std::unique_ptr<WriteBatch> inner;
+    journal_->Do("write batch begins", [&] { inner = inner_->BeginWriteBatch(); });
+    return std::make_unique<LoggedWriteBatch>(*journal_, std::move(inner));
+  }
+
+  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
+    std::unique_ptr<ReadSnapshot> inner;
+    journal_->Do("read snapshot begins", [&] { inner = inner_->BeginReadSnapshot(); });
+    return std::make_unique<LoggedReadSnapshot>(*journal_, std::move(inner));
+  }
+
+ private:
+  std::unique_ptr<Journal> journal_;
+  std::unique_ptr<Database> inner_;
+};
+
+}  // namespace
+
+std::unique_ptr<Database> LoggedConnector::Connect(const std::string& connectionText) {
+  if (!log_.IsOn()) return inner_->Connect(connectionText);
+  auto journal = std::make_unique<Journal>(log_);
+  std::unique_ptr<Database> inner;
+  journal->Run(
+      [&] {
+        inner = inner_->Connect(connectionText);
+        return true;
+      },
+      [](bool) { return "connected"; }, [&] { return ConnectionForLog(connectionText); },
+      [&](const std::string& words) { return ErrorWithoutPasswords(words, connectionText); });
+  return std::make_unique<LoggedDatabase>(std::move(journal), std::move(inner));
+}
+
+}  // namespace koru

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace koru {
+
+/// A procedure call as people read it, `{? = CALL name( 7, 806) }`: what Database::Call sends, with the
+/// values.
+[[nodiscard]] std::string CallText(std::string_view procedure, const std::vector<std::int32_t>& parameters);
+
+}  // namespace koru
