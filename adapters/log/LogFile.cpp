@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <ctime>
 #include <filesystem>
@@ -17,10 +18,9 @@ constexpr std::string_view kDatabaseFile = "SQLite format 3";
 std::filesystem::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
 
 bool IsDatabase(const std::filesystem::path& path) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.string().c_str(), "rb"),
-                                                             &std::fclose);
+  std::ifstream file(path, std::ios::binary);
   std::array<char, kDatabaseFile.size()> begin{};
-  return file != nullptr && std::fread(begin.data(), 1, begin.size(), file.get()) == begin.size() &&
+  return file.read(begin.data(), begin.size()) &&
          std::string_view(begin.data(), begin.size()) == kDatabaseFile;
 }
 
@@ -83,15 +83,16 @@ LogFile::LogFile(LogSettings settings) : settings_(std::move(settings)) {
 void LogFile::Open() {
   const std::filesystem::path path = PathOf(settings_.path);
   if (const std::string refusal = Refusal(path); !refusal.empty()) return GiveUp(refusal);
-  file_.reset(std::fopen(path.string().c_str(), "ab"));
-  if (!file_) return GiveUp(std::strerror(errno));
-  // Without a buffer, a line is one write at the end of the file, whoever else writes there.
-  std::setvbuf(file_.get(), nullptr, _IONBF, 0);
+  file_.rdbuf()->pubsetbuf(nullptr,
+                           0);  // a line is one write at the end of the file, whoever else writes there
+  errno = 0;
+  file_.open(path, std::ios::binary | std::ios::app);
+  if (!file_) GiveUp(std::strerror(errno));
 }
 
 bool LogFile::IsOn() const {
   const std::lock_guard lock(mutex_);
-  return file_ != nullptr;
+  return file_.is_open();
 }
 
 int LogFile::NextConnection() {
@@ -102,7 +103,7 @@ int LogFile::NextConnection() {
 void LogFile::Append(Clock::time_point begun, std::chrono::nanoseconds duration, std::string_view connection,
                      std::string_view outcome, std::string_view text) noexcept {
   const std::lock_guard lock(mutex_);
-  if (!file_) return;
+  if (!file_.is_open()) return;
   try {
     std::string line = TimeText(begun) + '\t' + DurationText(duration) + '\t' + settings_.program + '\t';
     AppendEscaped(line, connection);
@@ -118,12 +119,12 @@ void LogFile::Append(Clock::time_point begun, std::chrono::nanoseconds duration,
 
 void LogFile::Write(const std::string& line) {
   errno = 0;
-  if (std::fwrite(line.data(), 1, line.size(), file_.get()) != line.size()) GiveUp(std::strerror(errno));
+  if (!file_.write(line.data(), static_cast<std::streamsize>(line.size()))) GiveUp(std::strerror(errno));
 }
 
 void LogFile::GiveUp(const std::string& why) noexcept {
-  file_.reset();
   try {
+    file_.close();
     std::cerr << "koru: the log " << settings_.path << " is not written: " << why << std::endl;
   } catch (...) {  // nobody is left to report to
   }

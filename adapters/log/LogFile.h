@@ -1,8 +1,7 @@
 #pragma once
 
 #include <chrono>
-#include <cstdio>
-#include <memory>
+#include <fstream>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -41,13 +40,9 @@ class LogFile {
   void Write(const std::string& line);
   void GiveUp(const std::string& why) noexcept;
 
-  struct Close {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-
   LogSettings settings_;
   mutable std::mutex mutex_;
-  std::unique_ptr<std::FILE, Close> file_;
+  std::ofstream file_;  ///< open while the log is on
   int connections_ = 0;
 };
 
