@@ -5,7 +5,7 @@
 
 namespace koru {
 
-/// A sibling component could not be made: error 429 when no component is registered under the class name.
+/// A sibling component could not be created. Code 429: no component is registered under the class name.
 class ComponentError : public std::runtime_error {
  public:
   static constexpr int kNotRegistered = 429;

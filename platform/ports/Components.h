@@ -9,7 +9,7 @@
 
 namespace koru {
 
-/// A component of another library of the suite, reached by its class name.
+/// A component of another library of the suite, created by its class name.
 class SiblingComponent {
  public:
   SiblingComponent() = default;
@@ -18,22 +18,22 @@ class SiblingComponent {
   virtual ~SiblingComponent() = default;
 };
 
-/// Makes sibling components by class name, for example "comMessage.comMSG".
+/// Creates sibling components by class name, for example "comMessage.comMSG".
 class ComponentRegistry {
  public:
   using Factory = std::function<std::unique_ptr<SiblingComponent>()>;
 
-  /// A class name that is registered already gets the new factory.
+  /// Registers a factory; replaces the factory of a class name that is already registered.
   void Register(std::string className, Factory factory);
   void Unregister(std::string_view className);
-  /// A new component; throws ComponentError with code 429 when the class name is not registered.
+  /// A new component. Throws ComponentError with code 429 when the class name is not registered.
   [[nodiscard]] std::unique_ptr<SiblingComponent> Create(std::string_view className) const;
 
  private:
   std::map<std::string, Factory, std::less<>> factories_;
 };
 
-/// The suite's message component. Colours are 24-bit with red in the low byte.
+/// The suite's message component. Colours are 24-bit values with red in the low byte.
 class MessageComponent : public SiblingComponent {
  public:
   static constexpr std::string_view kClassName = "comMessage.comMSG";
@@ -45,13 +45,14 @@ class MessageComponent : public SiblingComponent {
   virtual void SetFormBackColor(std::uint32_t color) = 0;
   virtual void SetBtmBackColor(std::uint32_t color) = 0;
   virtual void SetFrameBackColor(std::uint32_t color) = 0;
-  /// Shows the message modally and returns when the person has answered.
+  /// Shows the message modally and returns after the user has answered.
   virtual void ClearShow() = 0;
-  /// The answer of a question, after ClearShow: 1 yes, 0 no, anything else none. The suite spells it so.
+  /// The answer after ClearShow: 1 yes, 0 no, any other value no answer. The suite's interface has this
+  /// spelling.
   [[nodiscard]] virtual int Resualt() const = 0;
 };
 
-/// What shows a receipt or a dispatch of the suite, hosted on the counting form.
+/// The suite's component that shows a receipt or a dispatch, hosted on the counting form.
 class DocumentComponent : public SiblingComponent {
  public:
   static constexpr std::string_view kDispatchClassName = "comInventoryExit.comInvExit";
@@ -59,7 +60,7 @@ class DocumentComponent : public SiblingComponent {
 
   virtual void SetConnectionString(const std::string& connectionString) = 0;
   virtual void SetUserID(std::int32_t userID) = 0;
-  /// Opens the document of that key.
+  /// Opens the document with the key `id`.
   virtual void View(std::int32_t id) = 0;
 };
 

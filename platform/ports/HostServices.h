@@ -10,23 +10,23 @@
 
 namespace koru {
 
-/// What day it is.
+/// The current date.
 class Clock {
  public:
   virtual ~Clock() = default;
-  /// Today in the person's time zone.
+  /// Today in the user's time zone.
   [[nodiscard]] virtual Date Today() const = 0;
 };
 
-/// The files of the machine that the form runs on.
+/// The file system of the machine that runs the form.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
-  /// Whether `path` names a file (not a folder) that is there.
+  /// Whether `path` names an existing file (not a folder).
   [[nodiscard]] virtual bool FileExists(const std::string& path) const = 0;
 };
 
-/// All that the component needs from where it runs. Each must outlive the component.
+/// The services that the component needs from its host. Each must outlive the component.
 struct HostServices {
   DatabaseConnector& databases;
   ComponentRegistry& components;

@@ -7,7 +7,7 @@
 
 namespace koru {
 
-/// A font as a host hands it over; size in points.
+/// A font from the host; `size` in points.
 struct Font {
   std::string name;
   double size = 0;
@@ -19,23 +19,23 @@ struct Font {
 
 using PropertyValue = std::variant<bool, std::int32_t, std::string, Font>;
 
-/// A host's store of a control's properties.
+/// The host's store for the properties of a control.
 class PropertyBag {
  public:
   virtual ~PropertyBag() = default;
-  /// What is stored under the key, or `defaultValue` when nothing is. The answer has the default's kind;
-  /// throws InputError naming the key when what is stored cannot be read as that kind.
+  /// The value stored under `key`, or `defaultValue` when there is none. The result has the type of
+  /// `defaultValue`. Throws InputError with the key when the stored value cannot be read as that type.
   [[nodiscard]] virtual PropertyValue Read(std::string_view key, const PropertyValue& defaultValue) const = 0;
-  /// Stores the value; a value equal to `defaultValue` is not stored.
+  /// Stores the value; does not store a value equal to `defaultValue`.
   virtual void Write(std::string_view key, const PropertyValue& value, const PropertyValue& defaultValue) = 0;
 };
 
-/// What a control knows of the screen that hosts it.
+/// The host's screen as a control sees it.
 class ControlHost {
  public:
   virtual ~ControlHost() = default;
   [[nodiscard]] virtual Font AmbientFont() const = 0;
-  /// The property stored under `key` has changed.
+  /// Called after the property stored under `key` has changed.
   virtual void PropertyChanged(std::string_view key) = 0;
 };
 

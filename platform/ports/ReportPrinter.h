@@ -8,22 +8,22 @@
 
 namespace koru {
 
-/// The suite's report printer: shows what a query returns on paper, laid out by a report file.
+/// The suite's report printer: lays out the result of a query as a report file says.
 class ReportPrinter : public SiblingComponent {
  public:
   static constexpr std::string_view kClassName = "comCrystalReport.comCrystalRpt";
 
-  /// The report file; empty for none.
+  /// The path of the report file; empty for none.
   virtual void SetReportFileName(const std::string& fileName) = 0;
   virtual void SetConnectionString(const std::string& connectionString) = 0;
-  /// The statement whose rows are printed, in the suite's server's dialect. Whoever sends it checks its typed
-  /// spans first.
+  /// The statement whose rows are printed, in the dialect of the suite's server. The printer checks its typed
+  /// spans before it sends it.
   virtual void SetSQLQuery(const SqlText& query) = 0;
-  /// A named text that the report file may show, written `name='text'`. Formulas are numbered from 1; a
-  /// number that is set again replaces the formula before.
+  /// Sets formula `number` (from 1), written `name='text'`: a named text that the report file may show.
+  /// Replaces an earlier formula with the same number.
   virtual void SetFormula(int number, const std::string& formula) = 0;
-  /// Shows the report on the screen. Throws InputError when the report file cannot be used and DatabaseError
-  /// when the query fails or what was typed into it has left its literal; nothing is sent then.
+  /// Shows the report on the screen. Throws InputError when the report file is unusable, and DatabaseError
+  /// when the query fails or its typed spans are not valid; in the latter case nothing is sent.
   virtual void Show() = 0;
 };
 

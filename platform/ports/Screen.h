@@ -6,7 +6,7 @@ class Form;
 
 enum class Cursor { Normal, Hourglass };
 
-/// Where forms are put before a person: the desktop, or a scenario that plays a person.
+/// Shows forms: on the desktop, or to a scenario that drives them.
 class Screen {
  public:
   virtual ~Screen() = default;
@@ -14,13 +14,12 @@ class Screen {
   virtual void SetCursor(Cursor cursor) = 0;
   [[nodiscard]] virtual Cursor CurrentCursor() const = 0;
 
-  /// Shows `form`, whose Visible() is already true. Modeless: returns at once; a form that is shown already
-  /// comes to the front. Modal: no other form can be used meanwhile, and the call returns when the form is no
-  /// longer visible.
+  /// Shows `form`, whose Visible() is already true. Modeless: returns at once; a form that is already shown
+  /// is raised. Modal: blocks the other forms and returns when the form is no longer visible.
   virtual void Show(Form& form, bool modal) = 0;
 };
 
-/// The hourglass for as long as it lives; then the pointer that was there before.
+/// RAII hourglass cursor: restores the previous cursor on destruction.
 class Hourglass {
  public:
   explicit Hourglass(Screen& screen) : screen_(screen), before_(screen.CurrentCursor()) {

@@ -10,15 +10,15 @@ namespace koru {
 class Spreadsheet {
  public:
   virtual ~Spreadsheet() = default;
-  /// Writes a text into the active sheet; rows and columns are counted from 1. Cells may come in any order;
+  /// Writes a text into the active sheet; rows and columns are one-based. Cells may be written in any order;
   /// row by row is fastest.
   virtual void SetCell(int row, int col, std::string_view text) = 0;
-  /// Leaves the workbook open for the person. Throws InputError naming the file when it could not be written;
-  /// then no half file is left.
+  /// Leaves the workbook open for the user. Throws InputError with the file's name when it could not be
+  /// written; no partial file remains.
   virtual void LeaveOpen() = 0;
 };
 
-/// Starts a spreadsheet program; throws InputError when there is none.
+/// Starts spreadsheet programs. NewWorkbook throws InputError when there is none.
 class SpreadsheetStarter {
  public:
   virtual ~SpreadsheetStarter() = default;

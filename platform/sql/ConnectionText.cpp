@@ -16,7 +16,7 @@ bool IsPassword(std::string_view key) { return EqualsNoCase(key, "Password") || 
   throw DatabaseError("رشته اتصال خوانا نيست: " + why, kNoSuchConnection, {});
 }
 
-/// Reads a value that begins at `at` with a quote; `at` moves behind the closing one.
+/// Reads the quoted value at `at` and advances `at` past the closing quote.
 std::string QuotedValue(std::string_view text, std::size_t& at, const std::string& key) {
   const char quote = text[at++];
   std::string value;

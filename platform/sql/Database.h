@@ -11,9 +11,9 @@
 
 namespace koru {
 
-/// While it lives, the statements of its database still run one by one, and a failing one leaves what was
-/// written before it; but all of them reach the disk together when it goes, done or failed. On a server it
-/// may do nothing.
+/// RAII write batch. Until destruction, statements still run one by one and a failing one does not undo those
+/// before it, but all of them are written to the disk together at the end. A server connection may ignore
+/// batches.
 class WriteBatch {
  public:
   WriteBatch() = default;
@@ -21,14 +21,14 @@ class WriteBatch {
   WriteBatch& operator=(const WriteBatch&) = delete;
   virtual ~WriteBatch() = default;
 
-  /// Brings what was written to the disk and ends the group; throws DatabaseError when that fails. A group
-  /// that goes without it (because a statement failed) does the same and keeps its own failure to itself.
+  /// Writes to the disk and ends the batch; throws DatabaseError when that fails. The destructor of an
+  /// unfinished batch (a statement failed) does the same but reports no error of its own.
   virtual void Finish() = 0;
 };
 
-/// While it lives, the statements of its database that read all see the data as the first of them did, so
-/// that a calculation over many goods is of one moment; others may write meanwhile. A statement that writes
-/// ends this, and the rest of the group sees the data as it then is. On a server it may do nothing.
+/// RAII read snapshot. Until destruction, every read sees the data as of the first read, so that a
+/// calculation over many goods is consistent; other connections may write meanwhile. A write on this
+/// connection ends the snapshot: later reads see the current data. A server connection may ignore snapshots.
 class ReadSnapshot {
  public:
   ReadSnapshot() = default;
@@ -37,7 +37,7 @@ class ReadSnapshot {
   virtual ~ReadSnapshot() = default;
 };
 
-/// A connection to the suite's database. Used by one thread.
+/// A connection to the suite's database. Not thread-safe.
 class Database {
  public:
   Database() = default;
@@ -45,26 +45,26 @@ class Database {
   Database& operator=(const Database&) = delete;
   virtual ~Database() = default;
 
-  /// Runs one statement, in the dialect of the suite's server, and reads all rows that it returns. The typed
-  /// spans have been checked by the caller. Throws DatabaseError with the statement; what other statements
-  /// wrote before stays.
+  /// Runs one statement in the dialect of the suite's server and reads all rows of its result. The caller has
+  /// checked the typed spans (CheckTypedSpans). Throws DatabaseError with the statement; earlier statements
+  /// are not undone.
   virtual Recordset Open(const SqlText& statement) = 0;
 
-  /// `{? = CALL procedure( ?, ... ) }`: the procedure's return value. Throws DatabaseError when there is no
-  /// such procedure or it fails.
+  /// Runs `{? = CALL procedure( ?, ... ) }` and returns the procedure's return value. Throws DatabaseError
+  /// when the procedure is missing or fails.
   virtual std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) = 0;
 
-  /// Groups may nest; the outermost counts.
+  /// Batches may nest; only the outermost has an effect.
   [[nodiscard]] virtual std::unique_ptr<WriteBatch> BeginWriteBatch() = 0;
 
-  /// Groups may nest; the outermost counts. Throws DatabaseError.
+  /// Snapshots may nest; only the outermost has an effect. Throws DatabaseError.
   [[nodiscard]] virtual std::unique_ptr<ReadSnapshot> BeginReadSnapshot() {
     return std::make_unique<ReadSnapshot>();
   }
 };
 
-/// Makes connections. The connection text decides which database; a text that names nothing usable throws
-/// DatabaseError with a sentence that says so and repeats no password.
+/// Opens connections. The connection text selects the database. An unusable text throws DatabaseError with a
+/// sentence that names the reason and contains no password.
 class DatabaseConnector {
  public:
   virtual ~DatabaseConnector() = default;

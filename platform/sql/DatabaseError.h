@@ -5,7 +5,7 @@
 
 namespace koru {
 
-/// The code of a DatabaseError for a statement that is no statement, the same that the suite's server gives.
+/// The code of a DatabaseError for a malformed statement; the same as the suite's server's.
 inline constexpr int kBrokenStatement = 105;
 
 /// The database refused a statement or could not be reached. what() is ServerText().
@@ -14,11 +14,11 @@ class DatabaseError : public std::runtime_error {
   DatabaseError(const std::string& serverText, int code, std::string statement)
       : std::runtime_error(serverText), code_(code), statement_(std::move(statement)) {}
 
-  /// The server's own words; never a password.
+  /// The server's message; never contains a password.
   [[nodiscard]] std::string ServerText() const { return what(); }
-  /// The server's or driver's own number; 0 where it gave none.
+  /// The error number of the server or driver; 0 if none.
   [[nodiscard]] int Code() const { return code_; }
-  /// The statement that failed; empty when the failure came before any statement (opening a connection).
+  /// The failed statement; empty when no statement was sent (a connection failed to open).
   [[nodiscard]] const std::string& Statement() const { return statement_; }
 
  private:

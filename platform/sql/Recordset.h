@@ -12,9 +12,9 @@
 
 namespace koru {
 
-/// The rows that a statement returned, read to the end before the caller sees the first: nothing on the
-/// server is left half read, and RecordCount is known. A new recordset stands on its first record. Statements
-/// that return no rows give a recordset without columns.
+/// The complete result of a statement. All rows are read before the caller sees the first, so RecordCount is
+/// known and the connection is free for the next statement. A new recordset is positioned on its first
+/// record. A statement without a result gives a recordset without columns.
 class Recordset {
  public:
   Recordset() = default;
@@ -23,30 +23,30 @@ class Recordset {
   [[nodiscard]] std::size_t RecordCount() const { return recordCount_; }
   [[nodiscard]] const std::vector<std::string>& Columns() const { return columns_; }
 
-  /// Whether the current record lies behind the last one.
+  /// Whether the position is after the last record.
   [[nodiscard]] bool AtEnd() const { return current_ >= recordCount_; }
   void MoveFirst() { current_ = 0; }
   void MoveNext() {
     if (!AtEnd()) ++current_;
   }
 
-  /// The place of a column, from 0; its name is compared regardless of case. Throws DatabaseError when there
-  /// is none.
+  /// The zero-based index of a column; names are case-insensitive. Throws DatabaseError when the column is
+  /// missing.
   [[nodiscard]] std::size_t ColumnIndex(std::string_view name) const;
-  /// A field of the current record; throws DatabaseError when there is no such column or no current record.
+  /// A field of the current record. Throws DatabaseError when there is no such column or no current record.
   [[nodiscard]] Value Field(std::string_view name) const { return Field(ColumnIndex(name)); }
   [[nodiscard]] Value Field(std::size_t column) const;
-  /// A field of any record, counted from 0; throws as Field does.
+  /// A field of the record with the zero-based index `record`. Throws as Field does.
   [[nodiscard]] Value FieldOf(std::size_t record, std::size_t column) const;
 
-  // For the adapters: fields are appended record by record, in the order of the columns.
+  // For the adapters: append fields record by record, in column order.
   void AppendNull();
   void AppendInteger(std::int64_t number);
   void AppendReal(double number);
   void AppendText(std::string_view text);
 
  private:
-  /// A text as its place in texts_, which keeps the texts of all records one behind the other.
+  /// The position of a text in texts_, which holds the texts of all records.
   struct TextPlace {
     std::size_t begin = 0;
     std::size_t size = 0;

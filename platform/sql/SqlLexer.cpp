@@ -8,7 +8,7 @@ namespace {
 
 bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-/// Letters of any script belong to words; every byte beyond ASCII is part of one.
+/// A word may contain letters of any script, so every non-ASCII byte counts as a letter.
 constexpr auto kWordBytes = [] {
   std::array<bool, 256> bytes{};
   for (std::size_t byte = 0; byte < bytes.size(); ++byte) {

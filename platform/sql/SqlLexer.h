@@ -14,7 +14,7 @@ enum class SqlTokenKind {
   Parameter,       ///< ? or @name
   Symbol,          ///< an operator or punctuation; <=, >=, <>, != are one token each
   Comment,         ///< -- to the end of the line, or /* ... */
-  Broken           ///< a literal, bracket or comment that is never closed, up to the end of the text
+  Broken           ///< an unterminated literal, bracket or comment, up to the end of the text
 };
 
 struct SqlToken {
@@ -23,14 +23,14 @@ struct SqlToken {
   std::size_t end = 0;
 };
 
-/// Reads a statement in the suite's server's dialect from left to right, token by token; white space lies
-/// between tokens. Every byte of the text is in a token or is white space.
+/// Splits a statement in the dialect of the suite's server into tokens, from left to right. Every byte of the
+/// text is part of a token or is white space.
 class SqlLexer {
  public:
   /// `text` must outlive the lexer.
   explicit SqlLexer(std::string_view text) : text_(text) {}
 
-  /// The next token; End at the end of the text, again and again.
+  /// The next token; at the end of the text always End.
   SqlToken Next();
   [[nodiscard]] std::string_view TextOf(SqlToken token) const {
     return text_.substr(token.begin, token.end - token.begin);
@@ -38,7 +38,7 @@ class SqlLexer {
 
  private:
   SqlToken Take(SqlTokenKind kind, std::size_t length);
-  /// A token up to and with the closing character, which counts as part of the content when it is doubled.
+  /// A token up to and including the closing character. A doubled closing character is part of the content.
   SqlToken TakeQuoted(SqlTokenKind kind, std::size_t opening, char close);
   SqlToken TakeComment(std::string_view close, bool mayRunToEnd);
   SqlToken TakeNumber();

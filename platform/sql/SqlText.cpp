@@ -17,14 +17,14 @@ using Span = SqlText::Span;
                       sql.Text());
 }
 
-/// Whether one apostrophe of a doubled pair was typed and the other not, or both in different spans.
+/// Whether the two apostrophes of a doubled pair belong to different spans, or only one of them to a span.
 bool TearsPair(std::size_t pair, const Span& span) {
   const bool first = pair >= span.begin && pair < span.end;
   const bool second = pair + 1 >= span.begin && pair + 1 < span.end;
   return first != second;
 }
 
-/// Checks the spans that begin inside the literal; answers the first span behind it.
+/// Checks the spans that begin inside the literal; returns the first span after it.
 std::size_t CheckLiteral(const SqlText& sql, SqlToken literal, std::size_t opening, std::size_t next) {
   const std::vector<Span>& spans = sql.TypedSpans();
   for (; next < spans.size() && spans[next].begin < literal.end; ++next) {
@@ -68,7 +68,7 @@ SqlText& SqlText::operator+=(Typed typed) {
 }
 
 SqlText& SqlText::operator+=(const SqlText& other) {
-  // A text may be appended to itself: what it holds before is all that counts.
+  // `other` may be *this: only the text before the call counts.
   const std::size_t shift = text_.size();
   const std::size_t spans = other.typed_.size();
   text_.append(other.text_, 0, other.text_.size());

@@ -11,39 +11,37 @@
 
 namespace koru {
 
-/// A text that somebody typed, or that came out of the database as text, on its way into a statement.
+/// A text from the user, or from a text column of the database, that is to be part of a statement.
 struct Typed {
   explicit Typed(std::string_view typed) : text(typed) {}
   std::string_view text;
 };
 
-/// Keys, counts and other whole numbers; not flags and characters, which a statement writes in ways of its
-/// own.
+/// Keys, counts and other integers. Excludes flags and characters, which statements write in other ways.
 template <class T>
 concept WholeNumber = std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char>;
 
-/// Text that stands in the program's source: it converts from constants alone, so that nothing which is known
-/// only at run time can pass for the program's own words.
+/// SQL text from the program's source. It converts from constants only (consteval), so no text that is known
+/// only at run time can pass for program text.
 struct FixedSql {
   consteval FixedSql(const char* constant) : text(constant) {}  // NOLINT(google-explicit-constructor)
   std::string_view text;
 };
 
-/// The name of a table or column that the program keeps in a property. Throws std::invalid_argument for
-/// anything but ASCII letters, digits and underscores.
+/// The name of a table or column that the program keeps in a property. Throws std::invalid_argument when it
+/// contains anything but ASCII letters, digits and underscores.
 struct SqlName {
   explicit SqlName(std::string_view name);
   std::string_view text;
 };
 
-/// The text of an SQL statement, built by concatenation, that remembers which parts of it were typed. Only
-/// these can be appended: text that stands in the program's source, names, numbers, dates, and typed text.
-/// Typed text is written between the apostrophes of a string literal exactly as it was typed (or doubled by
-/// FixQuote, where the statement's rule says so) and its span is kept; CheckTypedSpans then proves before the
-/// statement is sent that the person's text cannot have become anything but the content of that literal.
+/// An SQL statement built by concatenation that records which parts were typed. Only program text, names,
+/// numbers, dates and typed text can be appended. Typed text is enclosed in apostrophes, unchanged (or with
+/// apostrophes doubled by FixQuote where the statement's rule says so), and its span is recorded. Before the
+/// statement is sent, CheckTypedSpans proves that typed text is only the content of its literal.
 class SqlText {
  public:
-  /// Offsets in bytes into Text(); `end` is one past the last.
+  /// Byte offsets into Text(); `end` is exclusive.
   struct Span {
     std::size_t begin = 0;
     std::size_t end = 0;
@@ -76,7 +74,7 @@ class SqlText {
     return left;
   }
   template <class T>
-  requires(!std::is_array_v<T>)  // a constant text is a FixedSql
+  requires(!std::is_array_v<T>)  // a string constant is a FixedSql
       friend SqlText
       operator+(SqlText left, const T& right) {
     left += right;
@@ -92,9 +90,9 @@ class SqlText {
   std::vector<Span> typed_;
 };
 
-/// Throws the DatabaseError of a broken statement, naming nothing of what was typed but the statement itself,
-/// unless each typed span lies inside one string literal that begins and ends outside of it, so that no
-/// apostrophe of the span ends the literal or takes part in a doubling with one outside of the span.
+/// Throws DatabaseError (kBrokenStatement) unless every typed span is inside one string literal that begins
+/// and ends outside of the span: no apostrophe of the span may end the literal or pair with an apostrophe
+/// outside of the span.
 void CheckTypedSpans(const SqlText& sql);
 
 }  // namespace koru

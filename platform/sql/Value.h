@@ -10,8 +10,8 @@
 
 namespace koru {
 
-/// One field of a record. NULL is kept apart from 0 and from the empty text. A text is seen, not owned: it is
-/// valid as long as the recordset that it comes from.
+/// One field of a record. NULL is distinct from 0 and from the empty text. A text is a view into the
+/// recordset and valid as long as that.
 class Value {
  public:
   Value() = default;  ///< NULL
@@ -24,13 +24,13 @@ class Value {
   [[nodiscard]] bool IsText() const { return std::holds_alternative<std::string_view>(value_); }
   [[nodiscard]] bool IsWhole() const { return std::holds_alternative<std::int64_t>(value_); }
 
-  /// As text: NULL is empty, a number its default text.
+  /// As text: NULL gives an empty text, a number its default text (NumberText).
   [[nodiscard]] std::string Text() const;
-  /// As a number: NULL is 0, a text its leading number.
+  /// As a number: NULL gives 0, a text its leading number (Val).
   [[nodiscard]] double Number() const;
-  /// As a key or another whole number, rounded half to even; throws OverflowError beyond 32 bits.
+  /// As an integer, rounded half to even. Throws OverflowError outside 32 bits.
   [[nodiscard]] std::int32_t Integer() const;
-  /// As a day: empty when NULL or not a date.
+  /// As a date; empty when NULL or not a date.
   [[nodiscard]] std::optional<Date> AsDate() const;
 
  private:

@@ -10,21 +10,20 @@ namespace {
 
 using std::chrono::sys_days;
 
-/// The years in which a new run of 33-year cycles begins. Inside a run the leap years repeat every 33 years:
-/// the run's first year and every fourth year after it, with one pause of five years at the end of each
-/// cycle.
+/// The first years of runs of 33-year cycles. Within a run the leap years repeat every 33 years: the first
+/// year and every fourth year after it, with one gap of five years at the end of each cycle.
 constexpr std::array<int, 21> kRuns = {-61,  9,    38,   199,  426,  686,  756,  818,  1111, 1181, 1210,
                                        1635, 2060, 2097, 2192, 2262, 2324, 2394, 2456, 3178, 10000};
 
-/// Leap years among the first `years` years of a run whose length is `length`. A last cycle that is cut short
-/// of 33 years by at most three ends on the step of four that its length gives.
+/// Leap years among the first `years` years of a run of `length` years. A last cycle that is up to three
+/// years short of 33 ends on the four-year step that its length gives.
 int LeapYearsInRun(int years, int length) {
   const int leaps = years / 33 * 8 + (years % 33 + 3) / 4;
   const bool runEndsEarly = length % 33 == 4 && length - years == 4;
   return runEndsEarly ? leaps + 1 : leaps;
 }
 
-/// Leap years from the first run's beginning up to, but without, `year`.
+/// Leap years from the beginning of the first run up to, but not including, `year`.
 int LeapYearsBefore(int year) {
   int leaps = 0;
   for (std::size_t run = 1; run < kRuns.size(); ++run) {
@@ -45,7 +44,7 @@ sys_days NewYear(int year) {
   return kAnchor + std::chrono::days{DaysBeforeYear(year) - DaysBeforeYear(1400)};
 }
 
-/// Reads exactly the digits of `text`; -1 when there is anything else.
+/// The number that `text` spells in digits; -1 when it has any other character.
 int Digits(std::string_view text) {
   if (text.empty() || text.front() < '0' || text.front() > '9') return -1;
   int number = -1;
@@ -84,7 +83,7 @@ int SolarMonthDays(int year, int month) {
 }
 
 bool IsValid(SolarDate date) {
-  constexpr SolarDate kLast{kLastSolarYear, 10, 10};  // 9999-12-31: no statement can hold a later day
+  constexpr SolarDate kLast{kLastSolarYear, 10, 10};  // 9999-12-31: no statement can hold a later date
   if (date.year == kLast.year &&
       (date.month > kLast.month || (date.month == kLast.month && date.day > kLast.day))) {
     return false;
@@ -94,7 +93,7 @@ bool IsValid(SolarDate date) {
 }
 
 Date ToGregorian(SolarDate date) {
-  if (!IsValid(date)) throw std::out_of_range("no such Solar Hijri day");
+  if (!IsValid(date)) throw std::out_of_range("no such Solar Hijri date");
   return NewYear(date.year) + std::chrono::days{DaysBeforeMonth(date.month) + date.day - 1};
 }
 
@@ -103,7 +102,7 @@ SolarDate ToSolar(Date date) {
   int year = static_cast<int>(date.year()) - 621;
   if (year > kFirstSolarYear && day < NewYear(year)) --year;
   if (year < kFirstSolarYear || year > kLastSolarYear || day < NewYear(year)) {
-    throw std::out_of_range("a day outside the known Solar Hijri years");
+    throw std::out_of_range("a date outside the supported Solar Hijri years");
   }
   const auto dayOfYear = static_cast<int>((day - NewYear(year)).count());
   int month = 12;

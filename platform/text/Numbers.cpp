@@ -13,8 +13,8 @@ constexpr int kSignificantDigits = 15;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// The length of the longest prefix of `text` that reads as digits [. digits] [e [sign] digits]; 0 if there
-/// is none.
+/// Length of the longest prefix of `text` of the form digits [. digits] [e [sign] digits]; 0 if there is
+/// none.
 std::size_t NumberLength(std::string_view text) {
   std::size_t at = 0;
   std::size_t digits = 0;
@@ -34,15 +34,15 @@ std::size_t NumberLength(std::string_view text) {
   return at;
 }
 
-/// Whether a number that no double can hold lies too near to zero (and not too far from it).
+/// Whether an unrepresentable number is too small rather than too large.
 bool IsTiny(std::string_view number) {
   const std::size_t e = number.find_first_of("eE");
   if (e != std::string_view::npos) return number[e + 1] == '-';
   return number.find_first_of("123456789") > number.find('.');
 }
 
-/// A number as 0.d1d2...d15 times ten to the power of `exponent`; trailing zeros are dropped. Digits are
-/// empty for 0.
+/// A number as 0.d1d2...d15 times ten to the power of `exponent`, without trailing zeros. `digits` is empty
+/// for 0.
 struct Decimal {
   std::string digits;
   int exponent = 0;
@@ -52,8 +52,7 @@ Decimal ToDecimal(double magnitude) {
   Decimal decimal;
   if (magnitude == 0) return decimal;
   char text[40];
-  // The shortest text that gives the number back is also its text to fifteen digits, when it has no more of
-  // them.
+  // If the shortest text that round-trips has at most fifteen digits, it is also the fifteen-digit text.
   auto written = std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific);
   std::string_view view(text, static_cast<std::size_t>(written.ptr - text));
   if (view.find('e') > kSignificantDigits + 1U || magnitude < std::numeric_limits<double>::min()) {
@@ -118,7 +117,7 @@ std::string NumberText(double number) {
     return std::to_string(static_cast<std::int64_t>(number));
   }
   if (magnitude >= 1 && magnitude < 1e15) {
-    // Counts and money: where the shortest text has no more than fifteen digits, it is the text.
+    // Fast path for counts and money: a shortest text of at most fifteen digits is the result.
     char text[32];
     const char* const end = std::to_chars(text, text + sizeof text, number, std::chars_format::fixed).ptr;
     const std::size_t size = static_cast<std::size_t>(end - text);

@@ -5,17 +5,18 @@
 
 namespace koru {
 
-/// The leading number of a text, as the grid's calculations read a cell: blanks and tabs are skipped, then a
-/// sign, digits 0-9, one point and an exponent are read up to the first other character. Nothing readable is
-/// 0. Never infinite (a number too large for a double is the largest double) and never hexadecimal.
+/// The leading number of a cell's text. Blanks and tabs are skipped; then a sign, digits 0-9, one point and
+/// an exponent are read up to the first other character. A text without a number gives 0. The result is
+/// finite (a larger number gives the largest double); hexadecimal is not read.
 [[nodiscard]] double Val(std::string_view text);
 
-/// The default text of a number: up to 15 significant digits, a point, no grouping. Exponent form ("1E+15",
-/// "1.5E-16") from 1E+15 on and where more than 15 decimals would be needed. Zero is "0", never "-0".
+/// The default text of a number: up to 15 significant digits, a decimal point, no grouping. Exponent form
+/// ("1E+15", "1.5E-16") is used from 1E+15 on and where more than 15 decimals would be needed. Zero is "0",
+/// never "-0".
 [[nodiscard]] std::string NumberText(double number);
 
-/// Rounds half to even at `decimals` places (0 to 9). The number is taken as its 15 significant digits say,
-/// so that 1.0015 is a tie at three places although its double lies a little below.
+/// Rounds half to even at `decimals` places (0 to 9). The number is first taken to 15 significant digits, so
+/// 1.0015 is a tie at three places although its double is slightly less.
 [[nodiscard]] double Round(double number, int decimals);
 
 }  // namespace koru

@@ -10,11 +10,11 @@ namespace {
 
 constexpr char32_t kArabicBlock = 0x0600;
 
-/// The letters of the Persian alphabet in the order of lists, after folding.
+/// The Persian alphabet in sort order, after folding.
 constexpr std::u32string_view kAlphabet = U"ءآاأإبپتثجچحخدذرزژسشصضطظعغفقکگلمنوؤهۀةیئ";
 
-/// For each character of the Arabic block: its place in a list. The alphabet comes first; what is no letter
-/// of it keeps its own order behind.
+/// Sort position of each character of the Arabic block: first the alphabet, then all other characters in code
+/// point order.
 constexpr auto kWeights = [] {
   std::array<char32_t, 0x100> weights{};
   for (std::size_t i = 0; i < weights.size(); ++i)
@@ -49,7 +49,7 @@ constexpr char32_t Weight(char32_t folded) {
   return folded + 0x100;
 }
 
-/// Non-joiners at the end go as well: they count for nothing, and a blank may stand before them.
+/// Removes trailing blanks and trailing non-joiners, which may follow each other.
 std::string_view WithoutTrailingBlanks(std::string_view text) {
   constexpr std::string_view kNonJoiner = "\u200c";
   while (true) {
@@ -59,7 +59,7 @@ std::string_view WithoutTrailingBlanks(std::string_view text) {
   }
 }
 
-/// The weights of the characters that nearly all texts are made of.
+/// Weights of the most frequent characters, precomputed.
 constexpr char32_t kCommonCharacters = kArabicBlock + 0x100;
 constexpr auto kCommonWeights = [] {
   std::array<char32_t, kCommonCharacters> weights{};
@@ -67,7 +67,7 @@ constexpr auto kCommonWeights = [] {
   return weights;
 }();
 
-/// The next character, as NextCharacter reads it; most have one byte or two.
+/// The same as NextCharacter, with a fast path for characters of one and two bytes.
 char32_t TakeCharacter(std::string_view text, std::size_t& at) {
   const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
   const char32_t first = byte(at);
@@ -81,7 +81,7 @@ char32_t TakeCharacter(std::string_view text, std::size_t& at) {
   return (first & 0x1FU) << 6U | (byte(at - 1) & 0x3FU);
 }
 
-/// The weight of the next character that counts; 0 at the end of the text.
+/// Weight of the next character that takes part in a comparison; 0 at the end of the text.
 char32_t NextWeight(std::string_view text, std::size_t& at) {
   while (at < text.size()) {
     const char32_t c = TakeCharacter(text, at);
@@ -107,7 +107,7 @@ std::string FoldPersian(std::string_view text) {
 }
 
 void AppendPersianSortKey(std::string& keys, std::string_view text) {
-  // Two bytes a character, the higher first; the few weights that need more stand behind all of those.
+  // Two bytes for each character, the high byte first. The few weights above 16 bits sort after all others.
   constexpr char32_t kWide = 0xFFFF;
   constexpr std::size_t kMaxBytes = 5;
   text = WithoutTrailingBlanks(text);
@@ -137,7 +137,7 @@ std::string PersianSortKey(std::string_view text) {
 int ComparePersian(std::string_view a, std::string_view b) {
   a = WithoutTrailingBlanks(a);
   b = WithoutTrailingBlanks(b);
-  // What is the same and ASCII in both cannot make a difference; barcodes have much of it in common.
+  // Skips the common ASCII prefix, which is long in barcodes.
   std::size_t same = 0;
   const std::size_t shorter = std::min(a.size(), b.size());
   while (same < shorter && a[same] == b[same] && static_cast<unsigned char>(a[same]) < 0x80U) ++same;

@@ -10,7 +10,7 @@ char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A
 
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
-/// Bytes of the character that `lead` begins; 0 for a byte that begins none.
+/// Length in bytes of the character that begins with `lead`; 0 for a byte that begins none.
 std::size_t SequenceLength(unsigned char lead) {
   if (lead < 0x80U) return 1;
   if (lead >= 0xC2U && lead < 0xE0U) return 2;
@@ -28,10 +28,10 @@ bool IsDirectionMark(char32_t c) {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Digits, with separators between them.
+/// A run of digits with separators between them.
 struct Figure {
-  std::size_t length = 0;  ///< in bytes, the separators included
-  bool isGrouped = false;  ///< the separators part groups of three
+  std::size_t length = 0;  ///< in bytes, including separators
+  bool isGrouped = false;  ///< the separators mark groups of three digits
   std::string digits;
 };
 

@@ -6,39 +6,39 @@
 
 namespace koru {
 
-/// `text` without the blanks (U+0020 only) at its two ends.
+/// `text` without leading and trailing blanks (U+0020 only).
 [[nodiscard]] std::string_view Trim(std::string_view text);
 
-/// The longest beginning of the UTF-8 `text` that takes at most `units` UTF-16 units and cuts no character in
-/// two. Bytes that are not UTF-8 count as one unit each.
+/// The longest prefix of the UTF-8 `text` that has at most `units` UTF-16 code units and splits no character.
+/// Each byte of invalid UTF-8 counts as one unit.
 [[nodiscard]] std::string_view Utf16Prefix(std::string_view text, std::size_t units);
 
-/// The number of UTF-16 units of the UTF-8 `text`.
+/// The length of the UTF-8 `text` in UTF-16 code units.
 [[nodiscard]] std::size_t Utf16Length(std::string_view text);
 
-/// `text` with ASCII letters in lower case; every other byte as it is.
+/// `text` with ASCII letters in lower case and all other bytes unchanged.
 [[nodiscard]] std::string LowerAscii(std::string_view text);
 
-/// Whether two texts are the same but for the case of ASCII letters; for names of columns, controls and keys.
+/// Compares names of columns, controls and keys: equal up to the case of ASCII letters.
 [[nodiscard]] bool EqualsNoCase(std::string_view a, std::string_view b);
 
-/// Reads the character that begins at `at` (which must lie inside `text`) and moves `at` behind it. A byte
-/// that is not UTF-8 is read as U+FFFD and moves `at` by one.
+/// Reads the character at `at`, which must be inside `text`, and advances `at` past it. An invalid byte is
+/// read as U+FFFD and advances `at` by one.
 [[nodiscard]] char32_t NextCharacter(std::string_view text, std::size_t& at);
 
 /// Appends `character` to `text` as UTF-8.
 void AppendCharacter(std::string& text, char32_t character);
 
-/// A path, a file name or a connection text as it stands in a Persian sentence: between marks that keep it
-/// from left to right and its parts in their order. They are not seen.
+/// A path, a file name or a connection text for use in a Persian sentence: enclosed in invisible direction
+/// marks that keep its parts in left-to-right order.
 [[nodiscard]] std::string LeftToRight(std::string_view text);
 
-/// What a person's keyboard or clipboard gives, as a number cell wants it: Persian and Arabic digits become
-/// 0-9, the Arabic decimal separator a point, the Unicode minus a hyphen; direction marks are dropped.
+/// Normalizes typed or pasted text for a number cell: Persian and Arabic digits become 0-9, the Arabic
+/// decimal separator becomes a point, the Unicode minus a hyphen; direction marks are removed.
 [[nodiscard]] std::string LatinDigits(std::string_view text);
 
-/// A number with digits 0-9 without those of its `separators` that part its whole part into groups of three,
-/// as in 1,200 or 1,200,000.5. A separator anywhere else stays: where 12,5 was meant as 12.5, 125 is wrong.
+/// Removes those `separators` that group the integer part of a number (digits 0-9) into thousands, as in
+/// 1,200 or 1,200,000.5. Other separators stay: a user who types 12,5 may mean 12.5, never 125.
 [[nodiscard]] std::string WithoutGroups(std::string_view text, std::u32string_view separators);
 
 }  // namespace koru

@@ -51,7 +51,7 @@ TEST(Recordset, A_missing_column_or_record_is_a_database_error) {
   EXPECT_THROW(static_cast<void>(Recordset({"ID"}).Field("ID")), DatabaseError);
 }
 
-TEST(Value, Reads_keys_numbers_and_days) {
+TEST(Value, Reads_keys_numbers_and_dates) {
   EXPECT_EQ(Value(2147483647.0).Integer(), 2147483647);
   EXPECT_EQ(Value(2.5).Integer(), 2) << "half to even";
   EXPECT_THROW(static_cast<void>(Value(std::int64_t{2147483648}).Integer()), OverflowError);

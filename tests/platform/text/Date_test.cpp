@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono;
 
-TEST(SolarHijri, Known_days_agree_with_the_calendar_on_the_wall) {
+TEST(SolarHijri, Known_dates_agree_with_printed_calendars) {
   const std::pair<SolarDate, Date> days[] = {
       {{1357, 11, 22}, 1979y / 2 / 11}, {{1375, 12, 30}, 1997y / 3 / 20}, {{1378, 10, 11}, 2000y / 1 / 1},
       {{1398, 1, 1}, 2019y / 3 / 21},   {{1399, 1, 1}, 2020y / 3 / 20},   {{1399, 12, 30}, 2021y / 3 / 20},
@@ -43,7 +43,7 @@ TEST(SolarHijri, Every_day_of_the_known_years_follows_the_one_before) {
   }
 }
 
-TEST(SolarHijri, A_day_that_does_not_exist_is_refused) {
+TEST(SolarHijri, A_date_that_does_not_exist_is_refused) {
   EXPECT_FALSE(IsValid({1402, 12, 30}));
   EXPECT_TRUE(IsValid({1403, 12, 30}));
   EXPECT_FALSE(IsValid({1403, 7, 31}));
@@ -55,7 +55,7 @@ TEST(SolarHijri, A_day_that_does_not_exist_is_refused) {
   EXPECT_THROW(static_cast<void>(ToSolar(600y / 1 / 1)), std::out_of_range);
 }
 
-TEST(SolarHijri, The_last_day_that_a_database_holds_has_a_text) {
+TEST(SolarHijri, The_last_date_that_a_database_holds_has_a_text) {
   EXPECT_EQ(ToSolar(9999y / 12 / 31), (SolarDate{9378, 10, 10}));
   EXPECT_EQ(ToGregorian({9378, 10, 10}), Date(9999y / 12 / 31));
   EXPECT_FALSE(IsValid({9378, 10, 11}));
@@ -73,7 +73,7 @@ TEST(SolarHijri, Texts_are_read_and_written) {
   }
 }
 
-TEST(Date, Goes_into_statements_as_iso_text) {
+TEST(Date, Is_written_into_statements_as_iso_text) {
   EXPECT_EQ(IsoText(2025y / 3 / 21), "2025-03-21");
   EXPECT_EQ(ParseIso("2025-03-21"), 2025y / 3 / 21);
   EXPECT_EQ(ParseIso("2025-03-21 00:00:00"), 2025y / 3 / 21);

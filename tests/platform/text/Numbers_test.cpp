@@ -94,7 +94,7 @@ TEST(NumberText, Reads_back_as_the_same_fifteen_digits) {
   }
 }
 
-TEST(Round, Goes_half_to_even) {
+TEST(Round, Rounds_half_to_even) {
   EXPECT_EQ(Round(12.5, 0), 12);
   EXPECT_EQ(Round(13.5, 0), 14);
   EXPECT_EQ(Round(-12.5, 0), -12);
