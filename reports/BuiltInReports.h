@@ -5,15 +5,15 @@
 
 namespace koru {
 
-/// A report file that comes with the program.
+/// A report file that is built into the program.
 struct BuiltInReport {
-  std::string_view path;  ///< as tblPelinReportTemplate keeps it, below the suite's base folder
+  std::string_view path;  ///< as in tblPelinReportTemplate, relative to the suite's base folder
   std::string_view text;
 };
 
 [[nodiscard]] std::span<const BuiltInReport> BuiltInReports();
 
-/// The text of the program's own report whose path `fileName` ends in, as a whole part of it; empty when
+/// The text of the built-in report whose path is a suffix of `fileName` (whole path components); empty if
 /// there is none.
 [[nodiscard]] std::string_view FindBuiltInReport(std::string_view fileName);
 

@@ -19,7 +19,7 @@ constexpr std::uint32_t kStored = 0;
 constexpr std::uint32_t kDeflated = 8;
 constexpr std::size_t kPieceSize = 65536;
 
-/// The bytes of the file; numbers in it have their low byte first. What lies beyond the end is 0 or empty.
+/// The bytes of the file, with little-endian integers. Reading past the end gives 0 or an empty view.
 class Bytes {
  public:
   explicit Bytes(std::string content) : content_(std::move(content)) {}
@@ -41,7 +41,7 @@ class Bytes {
   std::string content_;
 };
 
-/// Unpacks one part; false when it ends too early or is damaged.
+/// Unpacks one part; false when it is truncated or damaged.
 bool Inflate(std::string_view packed, const std::function<void(std::string_view)>& read) {
   z_stream stream{};
   if (inflateInit2(&stream, -MAX_WBITS) != Z_OK) return false;

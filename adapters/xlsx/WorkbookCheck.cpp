@@ -12,11 +12,11 @@ constexpr std::string_view kSheet = "xl/worksheets/sheet1.xml";
 constexpr std::string_view kEndOfText = "</is>";
 constexpr std::string_view kEndOfSheet = "</worksheet>";
 
-/// Follows the content of a part piece by piece.
+/// Counts marks in the content of a part, which arrives in pieces.
 class PartCheck {
  public:
   void Add(std::string_view piece) {
-    // What ended the piece before may be the beginning of a mark.
+    // A mark may start at the end of the previous piece.
     const std::string joined = tail_ + std::string(piece);
     for (std::size_t at = joined.find(kEndOfText); at != std::string::npos;
          at = joined.find(kEndOfText, at + kEndOfText.size())) {

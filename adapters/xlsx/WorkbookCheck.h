@@ -5,8 +5,8 @@
 
 namespace koru {
 
-/// Whether the workbook file is whole and its sheet holds so many texts. The library that writes workbooks
-/// goes through temporary files and does not notice when the disk takes only a part of one of them.
+/// Whether the workbook file is complete and its sheet has `texts` texts. The library that writes workbooks
+/// uses temporary files and does not detect a full disk while writing them.
 [[nodiscard]] bool IsWholeWorkbook(const std::string& path, std::size_t texts);
 
 }  // namespace koru

@@ -13,11 +13,11 @@ namespace {
 
 constexpr const char* kSheetName = "شمارش";
 constexpr const char* kTextFormat = "@";
-constexpr std::size_t kNarrowest = 6;  ///< in characters
-constexpr std::size_t kWidest = 60;
+constexpr std::size_t kMinWidth = 6;  ///< in characters
+constexpr std::size_t kMaxWidth = 60;
 constexpr lxw_color_t kHeaderColor = 0xDCE3ED;
 
-/// The text as a workbook can hold it.
+/// Replaces characters that a workbook cannot contain with U+FFFD.
 std::string CleanText(std::string_view text) {
   constexpr char32_t kReplacement = 0xFFFD;
   std::string clean;
@@ -30,7 +30,7 @@ std::string CleanText(std::string_view text) {
   return clean;
 }
 
-/// Reports the first thing that went wrong.
+/// Keeps the first error.
 class Outcome {
  public:
   void Note(lxw_error error) {
@@ -45,7 +45,7 @@ class Outcome {
 
 lxw_format* CellFormat(lxw_workbook* book) {
   lxw_format* const format = workbook_add_format(book);
-  format_set_num_format(format, kTextFormat);  // what a person types over a cell stays a text as well
+  format_set_num_format(format, kTextFormat);  // values typed over a cell stay texts as well
   return format;
 }
 
@@ -61,9 +61,9 @@ lxw_format* HeaderFormat(lxw_workbook* book) {
 void SetWidths(lxw_worksheet* sheet, const SheetTexts& texts, Outcome& outcome) {
   std::vector<std::size_t> widths;
   for (const auto& row : texts) {
-    if (row.size() > widths.size()) widths.resize(row.size(), kNarrowest);
+    if (row.size() > widths.size()) widths.resize(row.size(), kMinWidth);
     for (std::size_t col = 0; col < row.size(); ++col) {
-      widths[col] = std::max(widths[col], std::min(kWidest, Utf16Length(row[col]) + 2));
+      widths[col] = std::max(widths[col], std::min(kMaxWidth, Utf16Length(row[col]) + 2));
     }
   }
   for (std::size_t col = 0; col < widths.size(); ++col) {
@@ -96,7 +96,7 @@ void WriteTexts(lxw_workbook* book, lxw_worksheet* sheet, const SheetTexts& text
 }  // namespace
 
 std::string WriteWorkbook(const std::string& path, const SheetTexts& texts) {
-  // Row by row with nothing kept: the library holds one row of a full counting at a time.
+  // The library's constant-memory mode keeps one row at a time, which requires writing row by row.
   lxw_workbook_options options{};
   options.constant_memory = LXW_TRUE;
   lxw_workbook* const book = workbook_new_opt(path.c_str(), &options);

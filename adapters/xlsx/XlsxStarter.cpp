@@ -29,14 +29,14 @@ std::string TextOf(const fs::path& path) {
   throw InputError("پروندة اكسل نوشته نشد: " + LeftToRight(TextOf(path)) + " (" + reason + ")");
 }
 
-/// The file under its working name; whatever is left of it goes with the object.
-class WorkingFile {
+/// The file under its temporary name; the destructor removes it.
+class TemporaryFile {
  public:
-  explicit WorkingFile(const fs::path& folder)
+  explicit TemporaryFile(const fs::path& folder)
       : path_(folder / ("koru-" + std::to_string(std::random_device()()) + ".tmp")) {}
-  WorkingFile(const WorkingFile&) = delete;
-  WorkingFile& operator=(const WorkingFile&) = delete;
-  ~WorkingFile() {
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile() {
     std::error_code ignored;
     fs::remove(path_, ignored);
   }
@@ -46,8 +46,8 @@ class WorkingFile {
   fs::path path_;
 };
 
-/// Gives a finished file its name unless the name is taken, also by a program that was faster. A disk that
-/// knows no links renames instead. False: the name is taken.
+/// Renames the finished file unless the target exists, atomically where the file system supports hard links.
+/// False: the target exists.
 bool TakeName(const fs::path& working, const fs::path& target) {
   std::error_code error;
   if (fs::exists(fs::symlink_status(target, error))) return false;
@@ -61,8 +61,8 @@ bool TakeName(const fs::path& working, const fs::path& target) {
 
 class XlsxWorkbook : public Spreadsheet {
  public:
-  XlsxWorkbook(const XlsxPlace& place, Date today) : place_(place), day_(SolarText(today)) {
-    std::replace(day_.begin(), day_.end(), '/', '-');
+  XlsxWorkbook(const XlsxPlace& place, Date today) : place_(place), date_(SolarText(today)) {
+    std::replace(date_.begin(), date_.end(), '/', '-');
   }
 
   void SetCell(int row, int col, std::string_view text) override {
@@ -88,7 +88,7 @@ class XlsxWorkbook : public Spreadsheet {
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) Refuse(folder, error.message());
-    const WorkingFile working(folder);
+    const TemporaryFile working(folder);
     const std::string reason = WriteWorkbook(TextOf(working.Path()), texts_);
     if (!reason.empty()) Refuse(folder / PathOf(Name(1)), reason);
     int number = 1;
@@ -97,11 +97,11 @@ class XlsxWorkbook : public Spreadsheet {
   }
 
   [[nodiscard]] std::string Name(int number) const {
-    return "شمارش-" + day_ + "-" + std::to_string(number) + ".xlsx";
+    return "شمارش-" + date_ + "-" + std::to_string(number) + ".xlsx";
   }
 
   const XlsxPlace place_;
-  std::string day_;
+  std::string date_;
   SheetTexts texts_;
 };
 

@@ -8,27 +8,26 @@
 
 namespace koru {
 
-/// Where new workbooks go and how a person gets to see them.
+/// The location of new workbooks and the host functions that show them.
 struct XlsxPlace {
-  /// The folder of new workbooks, UTF-8; it is made when it is not there.
+  /// The folder for new workbooks, UTF-8; created if missing.
   std::string folder;
-  /// Opens a file with the person's own program; false when there is none. May be empty: there is none.
+  /// Opens a file with the user's spreadsheet program; false if there is none. May be empty, which means the
+  /// same.
   std::function<bool(const std::string& path)> open;
-  /// Tells the person one sentence; called when a finished workbook could not be opened. May be empty.
+  /// Shows a message to the user; called when a finished workbook could not be opened. May be empty.
   std::function<void(const std::string& sentence)> tell;
 };
 
-/// Writes workbooks (.xlsx) in place of running a spreadsheet program. Each new workbook is a file of its
-/// own, named after the day (`شمارش-1404-10-01-1.xlsx`, then -2 and so on); a file that exists is never
-/// written over.
+/// Writes workbooks (.xlsx) instead of running a spreadsheet program. Each workbook is a new file named after
+/// the date (`شمارش-1404-10-01-1.xlsx`, then -2 and so on); existing files are never overwritten.
 class XlsxStarter : public SpreadsheetStarter {
  public:
   /// `clock` must outlive the starter and its workbooks.
   XlsxStarter(XlsxPlace place, const Clock& clock) : place_(std::move(place)), clock_(clock) {}
 
-  /// Cells may be set in any order, up to row 1,048,576 and column 16,384; a place beyond throws
-  /// std::out_of_range. The file is written by LeaveOpen, which throws InputError when the workbook cannot be
-  /// written.
+  /// Cells may be set in any order, up to row 1,048,576 and column 16,384; a cell beyond throws
+  /// std::out_of_range. LeaveOpen writes the file and throws InputError when that fails.
   [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override;
 
  private:

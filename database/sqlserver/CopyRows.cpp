@@ -54,7 +54,7 @@ class Copy {
     const std::vector<std::string> tables =
         Column(from_, "select name from sqlite_schema where type='table' and name not like 'sqlite[_]%'");
     for (const std::string& table : tables) all_ += from_.Number("select count(*) from " + table);
-    Tell();
+    ReportProgress();
     for (const std::string& table : tables) CopyTable(table);
   }
 
@@ -71,7 +71,7 @@ class Copy {
       }
       to_.Open(WithKeys(table, insert));
       done_ += count;
-      Tell();
+      ReportProgress();
     }
     SkipDeletedKeys(table);
   }
@@ -101,7 +101,7 @@ class Copy {
     return columns;
   }
 
-  void Tell() const {
+  void ReportProgress() const {
     if (progress_) progress_(all_ == 0 ? 100 : static_cast<int>(done_ * 100 / all_));
   }
 

@@ -5,12 +5,12 @@
 
 namespace koru {
 
-/// What distinguishes the two kinds of stock documents: where they are kept and what they are called.
+/// The properties of a kind of stock document: its tables and names.
 struct DocumentKind {
   std::string_view table;      ///< the documents
   std::string_view lineTable;  ///< their lines
-  std::string_view lineKey;    ///< the lines' column with the document's key
-  std::string name;            ///< for titles and sentences
+  std::string_view lineKey;    ///< the column of the lines with the document's key
+  std::string name;            ///< for titles and messages
   std::string objectName;      ///< of the window
 };
 
@@ -19,7 +19,7 @@ struct DocumentKind {
 /// Dispatches out of a store.
 [[nodiscard]] const DocumentKind& DispatchKind();
 
-/// What a person is asked before a document of the kind is registered.
+/// The question before a document of the kind is registered.
 [[nodiscard]] std::string RegistrationQuestion(const DocumentKind& kind);
 
 }  // namespace koru

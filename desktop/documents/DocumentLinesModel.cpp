@@ -13,7 +13,7 @@ namespace {
 constexpr std::array<const char*, DocumentLinesModel::ColumnCount> kTitles{
     "رديف", "كد كالا", "نام كالا", "واحد", "مقدار", "ارزش واحد", "مبلغ"};
 
-/// A minus stands where it belongs also between right-to-left texts.
+/// Keeps the minus sign in place between right-to-left texts.
 QString Shown(double number) { return QChar(0x200E) + GroupedNumber(ToQt(NumberText(number))); }
 
 QString TextOf(const DocumentLine& line, int column, int row) {
@@ -22,7 +22,7 @@ QString TextOf(const DocumentLine& line, int column, int row) {
       return QString::number(row + 1);
     case DocumentLinesModel::GoodCode:
       return ToQt(line.goodCode);
-    case DocumentLinesModel::GoodName:  // a good that is gone is known by its barcode
+    case DocumentLinesModel::GoodName:  // a deleted good is shown by its barcode
       return ToQt(line.goodName.empty() ? line.barcode : line.goodName);
     case DocumentLinesModel::Unit:
       return ToQt(line.unit);

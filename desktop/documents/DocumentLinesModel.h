@@ -7,7 +7,7 @@
 
 namespace koru {
 
-/// The lines of a receipt or dispatch as the toolkit's views want them.
+/// The lines of a receipt or dispatch as a Qt model.
 class DocumentLinesModel : public QAbstractTableModel {
   Q_OBJECT
 

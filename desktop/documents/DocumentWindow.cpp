@@ -48,7 +48,7 @@ QLabel* DocumentWindow::NewValue(const char* objectName) {
   value->setProperty("value", true);
   value->setTextFormat(Qt::PlainText);
   value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  value->setAlignment(kTrueRight);  // digits alone would jump left
+  value->setAlignment(kTrueRight);  // a text of digits only would be aligned left
   value->setMinimumWidth(90);
   return value;
 }
@@ -138,7 +138,7 @@ void DocumentWindow::AddCommands(QBoxLayout& window) {
   bar->addWidget(register_);
   bar->addStretch();
   bar->addWidget(close);
-  close->setDefault(true);  // what is registered cannot be taken back here
+  close->setDefault(true);  // a registration cannot be undone here
   close->setFocus();
 }
 

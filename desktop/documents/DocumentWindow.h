@@ -12,8 +12,8 @@ class QPushButton;
 
 namespace koru {
 
-/// Shows a receipt or dispatch and registers it as final, after a question. A database that fails is told and
-/// leaves the window as it was.
+/// Shows a receipt or dispatch and registers it as final after a confirmation. A database error is shown and
+/// leaves the window unchanged.
 class DocumentWindow : public QDialog {
   Q_OBJECT
 

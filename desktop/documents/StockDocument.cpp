@@ -44,7 +44,7 @@ std::optional<StockDocument> ReadDocument(Database& database, const DocumentKind
 
 void RegisterDocument(Database& database, const DocumentKind& kind, std::int32_t id) {
   const SqlName table(kind.table);
-  // One statement, so that two people who register at once never get the same number.
+  // A single statement, so that two simultaneous registrations never get the same number.
   database.Open(SqlText("Update ") + table + " set Code=(Select isnull(max(isnull(Code,0)),0)+1 from " +
                 table + ") Where Code is null and ID=" + id);
 }

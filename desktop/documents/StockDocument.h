@@ -10,7 +10,7 @@
 
 namespace koru {
 
-/// One line of a receipt or dispatch. Texts that the suite has no record for any more are empty.
+/// One line of a receipt or dispatch. Texts whose record no longer exists are empty.
 struct DocumentLine {
   std::string barcode;
   std::string goodCode;
@@ -25,20 +25,20 @@ struct DocumentLine {
 /// A receipt or dispatch as it is stored.
 struct StockDocument {
   std::int32_t id = 0;
-  std::optional<std::int32_t> code;  ///< its number; none while it is temporary
+  std::optional<std::int32_t> code;  ///< its number; none while temporary
   std::string store;
   std::string day;  ///< Solar Hijri
   std::string creator;
   std::string notes;
-  std::vector<DocumentLine> lines;  ///< in the order in which they are stored
+  std::vector<DocumentLine> lines;  ///< in stored order
 };
 
-/// Empty when there is no such document. Throws DatabaseError.
+/// The document with the key `id`; empty if it does not exist. Throws DatabaseError.
 [[nodiscard]] std::optional<StockDocument> ReadDocument(Database& database, const DocumentKind& kind,
                                                         std::int32_t id);
 
-/// Registers a temporary document: gives it the number after the highest one of its kind. A document that has
-/// a number keeps it. Throws DatabaseError.
+/// Registers a temporary document: assigns the number after the highest one of its kind. A registered
+/// document keeps its number. Throws DatabaseError.
 void RegisterDocument(Database& database, const DocumentKind& kind, std::int32_t id);
 
 }  // namespace koru

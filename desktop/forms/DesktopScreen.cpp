@@ -14,11 +14,11 @@ namespace {
 
 void BringToScreen(FormWindow& window) {
   window.ComeToFront();
-  // Only a window that has been on the screen shows how far a long operation has come.
+  // A long operation shows its progress only in a window that has been painted before.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-/// A modal form is a dialog: it has no place of its own among the windows and is not minimised alone.
+/// A modal form is a dialog: it has no taskbar entry and is not minimised alone.
 void SetModal(FormWindow& window, bool modal) {
   if (window.isModal() == modal) return;
   constexpr Qt::WindowFlags kDialog = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -76,7 +76,7 @@ FormWindow& DesktopScreen::MakeWindow(Form& form) {
   return window;
 }
 
-/// The form may have been unloaded from within one of the window's own events, so the window goes later.
+/// The form may be unloaded during an event of the window, so the window is destroyed later.
 void DesktopScreen::Unloaded(const Form& form) {
   auto node = shown_.extract(&form);
   if (node.empty()) return;

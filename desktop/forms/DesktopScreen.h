@@ -10,8 +10,8 @@
 
 namespace koru {
 
-/// Puts forms before a person as windows. A form's window is made when the form is first shown, by the
-/// factory that is registered under the form's name, and goes when the form is unloaded.
+/// Shows forms as windows. The factory registered under the form's name creates the window when the form is
+/// first shown; it is destroyed when the form is unloaded.
 class DesktopScreen : public Screen {
  public:
   using Factory = std::function<std::unique_ptr<FormWindow>(Form&)>;
@@ -22,7 +22,7 @@ class DesktopScreen : public Screen {
   ~DesktopScreen() override;
 
   void Register(std::string formName, Factory factory);
-  /// The window of a form; nullptr until the form is shown for the first time.
+  /// The window of a form; nullptr until the form is first shown.
   [[nodiscard]] FormWindow* WindowOf(const Form& form) const;
 
   void SetCursor(Cursor cursor) override;

@@ -28,7 +28,7 @@ void FormWindow::LetGo() {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-  event->ignore();  // the form decides, and hides or unloads itself
+  event->ignore();  // the form decides whether to hide or unload
   if (form_ == nullptr) return;
   form_->RunEvent([form = form_] { form->UserClose(); });
 }

@@ -6,7 +6,7 @@
 
 namespace koru {
 
-/// The window of a form: shows its title, and closing it by its frame asks the form.
+/// The window of a form: shows the form's title, and asks the form when the user closes the window.
 class FormWindow : public QWidget {
   Q_OBJECT
 
@@ -14,9 +14,9 @@ class FormWindow : public QWidget {
   explicit FormWindow(Form& form);
 
   [[nodiscard]] FormBinding& Binding() { return binding_; }
-  /// In front of the other windows and with the keyboard, also when it was minimised.
+  /// Raises and activates the window, also when it was minimised.
   void ComeToFront();
-  /// The form goes: nothing of it is touched from now on.
+  /// Called when the form is destroyed; the window does not access it afterwards.
   void LetGo();
 
  protected:

@@ -22,13 +22,13 @@ constexpr int kQuestion = 1;
 constexpr int kMinTextWidth = 340;
 constexpr int kDetailHeight = 110;
 
-/// Black or white, whichever can be read on `ground`.
+/// The text colour, black or white, with the better contrast on `ground`.
 QString TextOn(const QColor& ground) {
   const double light = 0.299 * ground.red() + 0.587 * ground.green() + 0.114 * ground.blue();
   return light > 130 ? QStringLiteral("#15202E") : QStringLiteral("#FFFFFF");
 }
 
-/// The normal pointer while the person is asked something in the middle of a long operation.
+/// RAII normal cursor, for a question in the middle of a long operation.
 class ArrowCursor {
  public:
   ArrowCursor() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
@@ -37,7 +37,7 @@ class ArrowCursor {
   ~ArrowCursor() { QGuiApplication::restoreOverrideCursor(); }
 };
 
-/// Answers a question at the first letter of the answer; Escape, as everywhere, takes nothing on itself.
+/// Answers a question by the first letter of the answer; Escape is the answer that changes nothing.
 class Dialog : public QDialog {
  public:
   using QDialog::QDialog;
@@ -80,8 +80,7 @@ void MessageDialog::ClearShow() {
   dialog.exec();
 }
 
-// Everything that is made below belongs to the dialog, as the toolkit's widgets belong to their parents.
-// NOLINTBEGIN(cppcoreguidelines-owning-memory)
+// All widgets below belong to their Qt parents.
 void MessageDialog::AddTexts(QDialog& dialog, QVBoxLayout& layout) const {
   const QString whole = ToQt(message_);
   const qsizetype gap = whole.indexOf(u'\n');

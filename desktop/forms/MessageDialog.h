@@ -10,10 +10,11 @@ class QVBoxLayout;
 
 namespace koru {
 
-/// The suite's message component on the desktop: a message with one button, or a question with yes and no.
-/// What follows the first line of the message (a server's own words) is shown below it in a field of its own.
-/// Enter presses the button that has the keyboard, "no" first in a question, since what is asked can hardly
-/// be taken back; ب and خ answer directly, and Escape is "no". Closing a question by its frame is no answer.
+/// The suite's message component on the desktop: a message with one button, or a question with yes and no. A
+/// field of its own shows what follows the first line of the message (the server's message). Enter presses
+/// the focused button. In a question that is initially "no", because most questions precede something that
+/// cannot be undone. The keys ب and خ answer directly, Escape is "no"; closing a question by its frame gives
+/// no answer.
 class MessageDialog : public MessageComponent {
  public:
   static constexpr int kNoAnswer = -1;

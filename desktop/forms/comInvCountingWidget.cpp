@@ -66,7 +66,7 @@ int comInvCountingWidget::ChosenID() const {
 }
 
 void comInvCountingWidget::ReadList() {
-  if (control_.OLEConnectionString() == kNoConnection) return;  // nobody has connected the control yet
+  if (control_.OLEConnectionString() == kNoConnection) return;  // the control has no connection yet
   form_.RunEvent([this] {
     Recordset temporary =
         services_.databases.Connect(control_.OLEConnectionString())
@@ -89,8 +89,8 @@ void comInvCountingWidget::ReadList() {
   });
 }
 
-/// Makes the counting of that key the current row; when it has gone from the list, the one that stands in its
-/// row.
+/// Makes the counting with the key `id` the current row; if it is no longer in the list, the counting now in
+/// its row.
 void comInvCountingWidget::Choose(int id, int row) {
   const std::string key = std::to_string(id);
   for (int at = 1; at < flexTempDocs_.Rows(); ++at) {
@@ -105,9 +105,9 @@ bool comInvCountingWidget::IsBeingEntered() const {
   return form != nullptr && form->Visible() && form->IsBeingEntered();
 }
 
-/// What is being entered is not thrown away without the form's own question, asked where the person sees what
-/// it is about.
-bool comInvCountingWidget::MayGo() {
+/// A counting that is being entered is discarded only after the form's own question, asked with the form in
+/// view.
+bool comInvCountingWidget::MayDiscardEntry() {
   if (!IsBeingEntered()) return true;
   frmInvCounting& form = *control_.CountingForm();
   services_.screen.Show(form, false);
@@ -118,7 +118,7 @@ bool comInvCountingWidget::MayGo() {
 bool comInvCountingWidget::View(int id) {
   bool shown = false;
   form_.RunEvent([&] {
-    if (!MayGo()) return;
+    if (!MayDiscardEntry()) return;
     txtid_->setText(QString::number(id));
     shown = control_.View(id);
   });
@@ -128,12 +128,12 @@ bool comInvCountingWidget::View(int id) {
 
 void comInvCountingWidget::ClearShow() {
   form_.RunEvent([this] {
-    if (MayGo()) control_.ClearShow();
+    if (MayDiscardEntry()) control_.ClearShow();
   });
   FollowForm();
 }
 
-/// When the form goes off the screen, what it stored belongs into the list.
+/// When the form is hidden, the list shows what it stored.
 void comInvCountingWidget::FollowForm() {
   frmInvCounting* const form = control_.CountingForm();
   if (form == nullptr || !form->Visible()) {

@@ -15,13 +15,13 @@ namespace koru {
 
 class GridView;
 
-/// The public control as a widget that a host screen places: the control's properties under their own names,
-/// its operations, and its own grid flexTempDocs, which lists the temporary countings of the connected
-/// database and opens one on a double click. The list is read when the widget comes onto the screen and when
-/// the counting form has gone; the chosen counting stays the chosen one.
+/// The public control as a widget for host screens. It has the control's properties under their own names,
+/// its operations, and its grid flexTempDocs, which lists the temporary countings of the connected database
+/// and opens one on a double click. The list is read when the widget is shown and when the counting form is
+/// hidden; the current counting stays current.
 ///
-/// Setting a property reads nothing, nor does Refresh: a host that connects a widget which is on the screen
-/// hides it before and shows it again afterwards. The list does not depend on the user.
+/// Setting a property does not read the database, nor does Refresh: to connect a visible widget, a host hides
+/// it first and shows it again. The list does not depend on the user.
 class comInvCountingWidget : public QWidget, private ControlHost {
   Q_OBJECT
   Q_PROPERTY(int BackColor READ BackColor WRITE SetBackColor NOTIFY propertyChanged)
@@ -39,7 +39,7 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   Q_PROPERTY(short ForcedReceiptID READ ForcedReceiptID WRITE SetForcedReceiptID NOTIFY propertyChanged)
 
  public:
-  /// Everything in `surroundings` must outlive the widget.
+  /// Everything in `services` must outlive the widget.
   explicit comInvCountingWidget(const HostServices& services, QWidget* parent = nullptr);
   ~comInvCountingWidget() override;
 
@@ -72,15 +72,15 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   void ReadProperties(const PropertyBag& store);
   void WriteProperties(PropertyBag& store) const { control_.WriteProperties(store); }
 
-  /// Opens a stored counting; false when there is none or the database failed, which the person is told, and
-  /// when the person keeps the one that is being entered.
+  /// Opens a stored counting. False if it does not exist or the database failed (both are reported in a
+  /// message), or if the user keeps the counting that is being entered.
   Q_INVOKABLE bool View(int id);
-  /// Opens an empty form for a new counting, unless the person keeps the one that is being entered.
+  /// Opens an empty form for a new counting, unless the user keeps the counting that is being entered.
   Q_INVOKABLE void ClearShow();
   Q_INVOKABLE void Refresh() { control_.Refresh(); }
 
  signals:
-  /// The property stored under that key has changed.
+  /// Emitted after the property stored under `key` has changed.
   void propertyChanged(const QString& key);
 
  protected:
@@ -97,11 +97,11 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   [[nodiscard]] int ChosenID() const;
   void Choose(int id, int row);
   [[nodiscard]] bool IsBeingEntered() const;
-  [[nodiscard]] bool MayGo();
+  [[nodiscard]] bool MayDiscardEntry();
 
   HostServices services_;
   comInvCounting control_;
-  Form form_;  ///< what the control draws itself
+  Form form_;  ///< the controls on the widget itself
   Grid flexTempDocs_;
   GridView* list_;
   QLineEdit* txtid_;

@@ -67,7 +67,7 @@ void PageView::UpdateScrollBars() {
   const QSize page = PageSize();
   const int width = page.width() + 2 * kGap - viewport()->width();
   const int height = PageStep() * PageCount() + kGap - viewport()->height();
-  QScrollBar& across = *horizontalScrollBar();  // its 0 is the right edge, where people begin to read
+  QScrollBar& across = *horizontalScrollBar();  // 0 is the right edge, where Persian readers start
   across.setRange(0, std::max(0, width));
   across.setPageStep(viewport()->width());
   across.setSingleStep(20);

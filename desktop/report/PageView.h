@@ -8,7 +8,7 @@
 
 namespace koru {
 
-/// The pages of a report one below the other on a grey ground. Only what is in sight is painted.
+/// The pages of a report, one below the other on a grey background. Only visible pages are painted.
 class PageView : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -16,21 +16,21 @@ class PageView : public QAbstractScrollArea {
   /// `report` must outlive the view.
   explicit PageView(const ReportDocument& report);
 
-  /// How large a page is shown: 1 is as large as on paper. Kept between kMinZoom and kMaxZoom; what is in
-  /// the middle stays there, and so does the top of the first page at the top.
+  /// The zoom factor: 1 is the size on paper. SetZoom limits it to kMinZoom..kMaxZoom and keeps the centre of
+  /// the view, or the top of the first page, in place.
   static constexpr double kMinZoom = 0.25;
   static constexpr double kMaxZoom = 4;
   [[nodiscard]] double Zoom() const { return zoom_; }
   void SetZoom(double zoom);
-  /// As wide as the window.
+  /// Fits the page width to the window.
   void FitWidth();
 
-  /// The page in the upper half of the view, from 0.
+  /// The index of the page in the upper half of the view.
   [[nodiscard]] int CurrentPage() const;
   void GoToPage(int page);
 
  signals:
-  /// Another page, or the zoom.
+  /// Emitted after the current page or the zoom has changed.
   void Moved();
 
  protected:

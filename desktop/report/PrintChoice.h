@@ -7,10 +7,10 @@ class QWidget;
 
 namespace koru {
 
-/// Asks on which of `printers` a report of so many pages is printed, from which page to which, and how often,
-/// and sets the printer so; false when the person does not print. `printers` has at least one name. The
-/// toolkit's own print dialog offers the files of the home folder and opens each for its type, which takes an
-/// open database's locks off (FileChoice.h).
+/// Asks for the printer (one of `printers`, at least one name), the page range of a report with `pages` pages
+/// and the number of copies, and configures `printer`. False if the user cancels. Replaces the toolkit's
+/// print dialog, which lists the home folder and opens each file to determine its type; that releases the
+/// locks of an open database file (FileChoice.h).
 [[nodiscard]] bool AskHowToPrint(QPrinter& printer, const QStringList& printers, int pages, QWidget* parent);
 
 }  // namespace koru

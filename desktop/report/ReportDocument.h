@@ -13,30 +13,29 @@
 
 namespace koru {
 
-/// Told how many of the pages are done; false ends the work.
+/// Called with the number of finished pages; returns false to cancel.
 using ReportProgress = std::function<bool(std::size_t done, std::size_t all)>;
 
-/// The texts that a report file may show by name, besides the columns of its query.
+/// The named texts that a report file may show in addition to the columns of its query.
 using ReportFormulas = std::map<std::string, std::string, std::less<>>;
 
-/// A report that is ready to be painted: its template, the rows that are printed, and where they stand.
+/// A report ready for painting: its template, the printed rows and their positions.
 class ReportDocument {
  public:
-  /// Throws InputError when the template shows a value that neither the records nor the formulas have, or has
-  /// no room for its rows.
+  /// Throws InputError when the template refers to a value that is neither a column nor a formula, or has no
+  /// room for its rows.
   ReportDocument(ReportTemplate report, Recordset records, ReportFormulas formulas);
 
   [[nodiscard]] const ReportTemplate& Template() const { return report_; }
-  /// What the report is called, with the values of the query's first record; empty when its file does not
-  /// say.
+  /// The title of the report, with values from the query's first record; empty if the file has no `name`.
   [[nodiscard]] std::string Name() const;
   [[nodiscard]] const std::vector<ReportPage>& Pages() const { return pages_; }
-  /// The rows that the template's condition lets through.
+  /// The number of rows that meet the template's condition.
   [[nodiscard]] std::size_t RowCount() const { return rows_.size(); }
 
-  /// What a cell shows in a band of a page (from 0). In bands other than rows, columns are those of the
-  /// query's first record. Each value stands between direction marks (U+2068, U+2069), so that what it
-  /// consists of does not move the words around it; a cell that is a code has none.
+  /// The text of a cell in a band of a page (from 0). In bands other than rows, columns refer to the query's
+  /// first record. Each value is enclosed in direction marks (U+2068, U+2069), so that it does not reorder
+  /// the words around it; a code cell has none.
   [[nodiscard]] std::string CellText(const ReportCell& cell, const PlacedBand& band, std::size_t page) const;
 
  private:
@@ -62,7 +61,7 @@ class ReportDocument {
   ReportTemplate report_;
   Recordset records_;
   ReportFormulas formulas_;
-  std::vector<std::size_t> rows_;  ///< the records that are printed
+  std::vector<std::size_t> rows_;  ///< indexes of the printed records
   std::map<std::string, ValueSource, std::less<>> values_;
   std::vector<ReportPage> pages_;
 };

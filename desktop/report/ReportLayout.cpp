@@ -5,7 +5,7 @@
 namespace koru {
 namespace {
 
-constexpr double kTolerance = 0.001;  ///< of sums of millimetres
+constexpr double kTolerance = 0.001;  ///< for sums of lengths in mm
 
 class Pages {
  public:
@@ -53,8 +53,7 @@ class Pages {
   std::vector<ReportPage> pages_;
 };
 
-/// On the first page the title needs room, on the others a row or the summary, each between header and
-/// footer.
+/// Checks that the title, a row, the empty band and the summary each fit between header and footer.
 void CheckRoom(const ReportTemplate& report) {
   double highest = 0;
   for (const auto kind :

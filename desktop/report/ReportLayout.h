@@ -7,19 +7,19 @@
 
 namespace koru {
 
-/// A band where it stands on its page.
+/// A band at its position on a page.
 struct PlacedBand {
   ReportBandKind kind = ReportBandKind::Row;
   double top = 0;       ///< mm below the upper edge of the paper
-  std::size_t row = 0;  ///< which of the printed rows, from 0; for rows only
+  std::size_t row = 0;  ///< the index of the printed row; for rows only
 };
 
 struct ReportPage {
   std::vector<PlacedBand> bands;  ///< from top to bottom
 };
 
-/// Shares the rows among pages: each row stands on exactly one page, whole, in order. There is always at
-/// least one page. Throws InputError when the template's bands leave no room for a row on its paper.
+/// Distributes the rows over pages, in order; no row is split. Returns at least one page. Throws InputError
+/// when the template's bands leave no room for a row on its paper.
 [[nodiscard]] std::vector<ReportPage> LayOutReport(const ReportTemplate& report, std::size_t rows);
 
 }  // namespace koru

@@ -5,13 +5,12 @@
 
 namespace koru {
 
-/// A number as a report shows it: at most so many decimals, thousands grouped with `,`; Latin digits. Numbers
-/// from 1E+15 on keep their exponent form.
+/// The text of a number in a report: at most `decimals` decimals, thousands grouped with `,`, Latin digits.
+/// Numbers from 1E+15 on keep the exponent form.
 [[nodiscard]] std::string ReportNumber(double number, int decimals);
 
-/// The digits of a shown text, which are chosen here for all reports: Persian digits and separators in place
-/// of Latin ones for a number, Persian digits for any other text, unless it has Latin letters (a code such as
-/// "A-12").
+/// Converts the digits of a text for all reports. PersianNumber uses Persian digits and separators;
+/// PersianDigits uses Persian digits unless the text has Latin letters (a code such as "A-12").
 [[nodiscard]] std::string PersianNumber(std::string_view number);
 [[nodiscard]] std::string PersianDigits(std::string_view text);
 

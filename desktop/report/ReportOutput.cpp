@@ -18,8 +18,8 @@ namespace {
 constexpr double kMmPerInch = 25.4;
 constexpr int kPdfDotsPerInch = 1200;
 
-/// Paints pages `first` to `last` (from 0) one behind the other; false when `progress` ended the work or the
-/// device takes no further page.
+/// Paints the pages `first` to `last` (from 0). False when `progress` cancelled or the device accepts no
+/// further page.
 template <class Device>
 bool PaintPages(QPainter& painter, Device& device, const ReportDocument& report, std::size_t first,
                 std::size_t last, const ReportProgress& progress) {
@@ -59,7 +59,7 @@ bool WriteReportPdf(const ReportDocument& report, const QString& path, const Rep
     if (!painter.begin(&pdf)) RefuseFile(path, file.errorString());
     whole = PaintPages(painter, pdf, report, 0, report.Pages().size() - 1, progress);
   }
-  // Taking the name is no failure where only the last bytes found no room.
+  // commit() does not detect that the disk was too full for the last bytes; flush() does.
   const bool written = file.flush();
   const QString reason = file.errorString();
   if (!whole || !written) {

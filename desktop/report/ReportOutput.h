@@ -9,15 +9,15 @@ class QPrinter;
 
 namespace koru {
 
-/// The paper of a report, without margins: the template has them inside its page.
+/// The paper of a report, without margins: the template's page includes them.
 [[nodiscard]] QPageLayout PaperOf(const ReportDocument& report);
 
-/// Writes all pages into a PDF file. False when `progress` ended the work; an existing file is then, and on a
-/// failure, what it was before. Throws InputError naming the file when it cannot be written.
+/// Writes all pages to a PDF file. False when `progress` cancelled. After a cancel or a failure, an existing
+/// file is unchanged. Throws InputError with the file's name when it cannot be written.
 bool WriteReportPdf(const ReportDocument& report, const QString& path, const ReportProgress& progress);
 
-/// Prints the pages that the printer's settings ask for. False when `progress` ended the work; the pages
-/// before are then on the printer already. Throws InputError when the printer does not take them.
+/// Prints the page range in the printer's settings. False when `progress` cancelled; the pages before that
+/// have been sent to the printer. Throws InputError when the printer does not accept them.
 bool PrintReport(const ReportDocument& report, QPrinter& printer, const ReportProgress& progress);
 
 }  // namespace koru

@@ -14,12 +14,12 @@
 namespace koru {
 namespace {
 
-// Everything is painted in hundredths of a millimetre, so that texts break the same way on every device.
+// Painting uses hundredths of a millimetre, so that line breaks are the same on every device.
 constexpr double kUnitsPerMm = 100;
 constexpr double kMmPerPoint = 25.4 / 72;
 constexpr double kPadding = 0.8 * kUnitsPerMm;
 constexpr double kHairline = 0.15 * kUnitsPerMm;
-constexpr double kSmallest = 0.6;  ///< of the font size that a cell asks for
+constexpr double kMinScale = 0.6;  ///< relative to the font size of the cell
 constexpr double kShrinkStep = 0.1;
 constexpr double kEndless = 1e6;  ///< wider than any paper
 constexpr int kGround = 0xE6;
@@ -60,11 +60,11 @@ class PagePainter {
     if (cell.ruled) painter_.drawLine(area.bottomLeft(), area.bottomRight());
   }
 
-  /// A text that is too long for its cell is broken into lines and made smaller, as far as it stays readable;
-  /// what does not fit even then ends in dots.
+  /// Wraps a text that is too long for its cell and reduces its font down to a readable size; elides what
+  /// still does not fit.
   void PaintText(const ReportCell& cell, const QRectF& area, const QString& text) {
     const bool oneLine = !text.contains(QLatin1Char('\n'));
-    for (double scale = 1; scale > kSmallest - kShrinkStep / 2; scale -= kShrinkStep) {
+    for (double scale = 1; scale > kMinScale - kShrinkStep / 2; scale -= kShrinkStep) {
       const QFont& font = FontOf(cell, scale);
       if (oneLine && DrawIfItFits(cell, font, area, text)) return;
       const QRectF needed = QFontMetricsF(font).boundingRect(area, Qt::AlignVCenter | Qt::TextWordWrap, text);
@@ -72,13 +72,14 @@ class PagePainter {
         return Draw(cell, font, area, text, QTextOption::WordWrap);
       }
     }
-    const QFont& font = FontOf(cell, kSmallest);
+    const QFont& font = FontOf(cell, kMinScale);
     const QString line = QString(text).replace(QLatin1Char('\n'), QLatin1Char(' '));
     Draw(cell, font, area, QFontMetricsF(font).elidedText(line, Qt::ElideRight, area.width()),
          QTextOption::NoWrap);
   }
 
-  /// In one line. Most texts fit, and what is shaped to see that is what is painted.
+  /// Draws the text in one line if it fits, which most texts do; the shaping for the measurement is reused
+  /// for painting.
   bool DrawIfItFits(const ReportCell& cell, const QFont& font, const QRectF& area, const QString& text) {
     QTextLayout layout(text, font, painter_.device());
     layout.setCacheEnabled(true);
@@ -142,7 +143,7 @@ class PagePainter {
   QPainter& painter_;
   const ReportDocument& report_;
   std::size_t page_;
-  std::map<std::pair<double, bool>, QFont> fonts_;  ///< by size in points, and whether it is bold
+  std::map<std::pair<double, bool>, QFont> fonts_;  ///< by size in points and weight
 };
 
 }  // namespace

@@ -22,15 +22,14 @@ namespace {
 
 constexpr QSize kDefaultSize(1000, 720);
 constexpr double kZoomStep = 1.25;
-constexpr int kLongWorkMs = 400;  ///< what is done sooner shows no progress window
+constexpr int kLongWorkMs = 400;  ///< shorter work shows no progress window
 
 }  // namespace
 
-// Everything that is made below belongs to the window, as the toolkit's widgets belong to their parents.
-// NOLINTBEGIN(cppcoreguidelines-owning-memory)
+// All widgets below belong to their Qt parents.
 ReportPreview::ReportPreview(std::unique_ptr<const ReportDocument> report, const QString& title,
-                             std::function<void(const std::string&)> tell, QWidget* parent)
-    : QWidget(parent, Qt::Window), report_(std::move(report)), tell_(std::move(tell)) {
+                             std::function<void(const std::string&)> showFailure, QWidget* parent)
+    : QWidget(parent, Qt::Window), report_(std::move(report)), showFailure_(std::move(showFailure)) {
   setObjectName(QStringLiteral("reportPreview"));
   setWindowTitle(title);
   setAttribute(Qt::WA_DeleteOnClose);
@@ -111,7 +110,7 @@ bool ReportPreview::SavePdf(const QString& path) {
 
 void ReportPreview::Print() {
   const QStringList printers = QPrinterInfo::availablePrinterNames();
-  if (printers.isEmpty()) return tell_("چاپگري پيدا نشد. گزارش را مي توان در پروندة PDF ذخيره كرد.");
+  if (printers.isEmpty()) return showFailure_("چاپگري پيدا نشد. گزارش را مي توان در پروندة PDF ذخيره كرد.");
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageLayout(PaperOf(*report_));
   if (!AskHowToPrint(printer, printers, page_->maximum(), this)) return;
@@ -133,7 +132,7 @@ bool ReportPreview::WithProgress(const QString& label,
     });
   } catch (const std::exception& failure) {
     window.reset();
-    tell_(failure.what());
+    showFailure_(failure.what());
     return false;
   }
 }

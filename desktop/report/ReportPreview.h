@@ -14,17 +14,17 @@ class QHBoxLayout;
 
 namespace koru {
 
-/// The window in which a person looks at a report, prints it and saves it as PDF.
+/// The preview window of a report, with printing and saving as PDF.
 class ReportPreview : public QWidget {
   Q_OBJECT
 
  public:
-  /// `tell` shows the person a sentence when something went wrong.
+  /// `showFailure` shows an error message to the user.
   ReportPreview(std::unique_ptr<const ReportDocument> report, const QString& title,
-                std::function<void(const std::string&)> tell, QWidget* parent);
+                std::function<void(const std::string&)> showFailure, QWidget* parent);
 
   /// Writes the report to a PDF file, with a progress window that can cancel. False when it was cancelled or
-  /// failed; a failure is told.
+  /// failed; a failure is shown.
   bool SavePdf(const QString& path);
   [[nodiscard]] PageView& View() { return *view_; }
   [[nodiscard]] const ReportDocument& Report() const { return *report_; }
@@ -40,7 +40,7 @@ class ReportPreview : public QWidget {
   bool WithProgress(const QString& label, const std::function<bool(const ReportProgress&)>& work);
 
   std::unique_ptr<const ReportDocument> report_;
-  std::function<void(const std::string&)> tell_;
+  std::function<void(const std::string&)> showFailure_;
   PageView* view_ = nullptr;
   QSpinBox* page_ = nullptr;
   QLabel* zoom_ = nullptr;

@@ -8,11 +8,11 @@
 
 namespace koru {
 
-/// Where a cell's text stands; right and left are the reader's.
+/// The alignment of a cell's text; right and left are those of the reader.
 enum class ReportAlign { Right, Center, Left };
 
-/// A part of a cell's text: words of the template, or the name of a value (a column of the query, a formula,
-/// or one of row, count, page, pages and "sum <column>").
+/// A part of a cell's text: literal text, or the name of a value (a column of the query, a formula, or one of
+/// row, count, page, pages and "sum <column>").
 struct ReportPiece {
   bool isValue = false;
   std::string text;
@@ -20,17 +20,17 @@ struct ReportPiece {
 
 /// A cell of a band. Lengths are millimetres, font sizes points.
 struct ReportCell {
-  int sourceLine = 0;  ///< where the template declares it, for errors
+  int sourceLine = 0;  ///< its line in the template, for error messages
   double width = 0;
   std::vector<ReportPiece> pieces;
   ReportAlign align = ReportAlign::Right;
-  double fontSize = 0;  ///< 0: the template's
+  double fontSize = 0;  ///< 0: the template's font size
   bool bold = false;
   bool boxed = false;           ///< has a frame
-  bool shaded = false;          ///< has a grey ground
+  bool shaded = false;          ///< has a grey background
   bool ruled = false;           ///< has a line under it
-  bool code = false;            ///< read from left to right with the digits it has
-  std::optional<int> decimals;  ///< values are numbers: grouped, with at most so many decimals
+  bool code = false;            ///< shown from left to right with unchanged digits
+  std::optional<int> decimals;  ///< values are numbers: grouped, with at most this number of decimals
 };
 
 struct ReportLine {
@@ -38,7 +38,7 @@ struct ReportLine {
   std::vector<ReportCell> cells;  ///< from right to left
 };
 
-/// Lines that are printed together and never cut by a page.
+/// Lines that are printed together; a page break never splits a band.
 struct ReportBand {
   std::vector<ReportLine> lines;
   [[nodiscard]] double Height() const;
@@ -47,14 +47,14 @@ struct ReportBand {
 enum class ReportBandKind {
   Title,    ///< once, at the top of the first page
   Header,   ///< on every page, above the rows
-  Row,      ///< once a row
-  Empty,    ///< in place of rows when there are none
-  Summary,  ///< once, behind the last row
+  Row,      ///< once for each row
+  Empty,    ///< in place of the rows when there are none
+  Summary,  ///< once, after the last row
   Footer    ///< at the bottom of every page
 };
 inline constexpr std::size_t kReportBandKinds = 6;
 
-/// Rows for which this does not hold are not printed. A field that is NULL counts as 0.
+/// The condition for printing a row. NULL counts as 0.
 struct ReportRowCondition {
   enum class Operator { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual };
   int sourceLine = 0;
@@ -63,7 +63,7 @@ struct ReportRowCondition {
   double number = 0;
 };
 
-/// A report file, read. docs/reports.md describes how one is written.
+/// A parsed report file. docs/reports.md describes the syntax.
 struct ReportTemplate {
   std::string file;  ///< for errors
   bool landscape = false;
@@ -76,7 +76,7 @@ struct ReportTemplate {
   std::string fontFamily;  ///< empty: the program's
   double fontSize = 9;
   bool persianDigits = true;
-  ReportCell name;  ///< what the report is called; no pieces where the file does not say
+  ReportCell name;  ///< the title of the report; no pieces if the file has none
   std::optional<ReportRowCondition> rows;
   std::array<ReportBand, kReportBandKinds> bands;
 
@@ -87,10 +87,11 @@ struct ReportTemplate {
   [[nodiscard]] double ContentHeight() const { return pageHeight - marginTop - marginBottom; }
 };
 
-/// Reads the text of a report file; `file` names it in errors. Throws InputError with file, line and reason.
+/// Parses the text of a report file; `file` is its name for error messages. Throws InputError with file, line
+/// and reason.
 [[nodiscard]] ReportTemplate ParseReportTemplate(std::string_view text, const std::string& file);
 
-/// Throws the InputError of a template, or of what it asks for. Line 0: the file as a whole.
+/// Throws InputError for an error in a template or its values. Line 0 refers to the whole file.
 [[noreturn]] void RefuseReport(const std::string& file, int line, const std::string& reason);
 
 }  // namespace koru

@@ -6,8 +6,8 @@ namespace koru {
 
 class frmReport;
 
-/// The window of the report chooser: the templates and the two buttons. Enter takes the chosen template,
-/// Escape none.
+/// The window of the report chooser: the list of reports and two buttons. Enter accepts the selected report,
+/// Escape cancels.
 class ReportWindow : public FormWindow {
   Q_OBJECT
 

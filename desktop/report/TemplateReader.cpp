@@ -9,7 +9,7 @@
 namespace koru {
 namespace {
 
-constexpr double kTolerance = 0.01;  ///< of lengths, in mm
+constexpr double kTolerance = 0.01;  ///< for lengths, in mm
 constexpr double kMaxLength = 2000;
 constexpr int kMaxDecimals = 9;
 
@@ -38,7 +38,7 @@ constexpr std::array<std::pair<std::string_view, Operator>, 6> kOperators = {
      {"<=", Operator::LessOrEqual},
      {">=", Operator::GreaterOrEqual}}};
 
-/// Reads the lines of a report file one after the other.
+/// Parses a report file line by line.
 class TemplateReader {
  public:
   explicit TemplateReader(const std::string& file) { report_.file = file; }
@@ -75,7 +75,7 @@ class TemplateReader {
     Refuse("دستور «" + name + "» ناشناخته است");
   }
 
-  // The words of the line, one after the other.
+  // The words of the current line.
 
   [[nodiscard]] bool More() const { return next_ < words_.size(); }
   std::string Word(const std::string& meaning) {
@@ -96,7 +96,7 @@ class TemplateReader {
     if (length < 0 || length > kMaxLength) Refuse(meaning + " بيرون از اندازه است");
     return length;
   }
-  /// What a table says of the next word.
+  /// Looks the next word up in a table.
   template <class Table>
   auto Choice(const std::string& meaning, const Table& table) {
     const std::string word = Word(meaning);
@@ -106,7 +106,7 @@ class TemplateReader {
     Refuse("«" + word + "» به جاي " + meaning + " شناخته نيست");
   }
 
-  // The page.
+  // Statements about the page.
 
   void Page() {
     const std::string name = Word("اندازة كاغذ");
@@ -152,10 +152,10 @@ class TemplateReader {
     if (!More() || !words_[next_].quoted) Refuse("نام گزارش نوشته نشده است");
     report_.name.sourceLine = number_;
     report_.name.pieces = Pieces(words_[next_++].text);
-    report_.name.code = true;  // names of files have neither direction marks nor other digits
+    report_.name.code = true;  // file names contain no direction marks and keep their digits
   }
 
-  // The bands.
+  // Statements about bands.
 
   void Band() {
     CloseLine();
@@ -182,7 +182,7 @@ class TemplateReader {
     while (More()) Option(cell, Word("ويژگي خانه"));
     band_->lines.back().cells.push_back(std::move(cell));
   }
-  /// `*` takes what the others of the line leave.
+  /// `*` takes the remaining width of the line.
   double CellWidth() {
     if (!More() || words_[next_].text != "*") return Length("پهناي خانه");
     ++next_;
@@ -223,7 +223,7 @@ class TemplateReader {
     }
     return static_cast<int>(decimals);
   }
-  /// Splits "a {b} c" into words and names of values.
+  /// Splits "a {b} c" into literal text and names of values.
   std::vector<ReportPiece> Pieces(std::string_view text) {
     std::vector<ReportPiece> pieces;
     while (!text.empty()) {
@@ -239,7 +239,7 @@ class TemplateReader {
     return pieces;
   }
 
-  /// Gives the cell of width `*` what is left, and refuses a line that is wider than the page.
+  /// Assigns the remaining width to the cell with width `*`; refuses a line wider than the page.
   void CloseLine() {
     if (!inLine_) return;
     inLine_ = false;

@@ -7,8 +7,8 @@ namespace {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
-/// Reads a quoted text whose opening quote stands at `at`, and moves `at` behind the closing one. False: not
-/// closed.
+/// Reads the quoted text whose opening quote is at `at` and advances `at` past the closing quote. False: the
+/// quote is not closed.
 bool ReadQuoted(std::string_view line, std::size_t& at, std::string& text) {
   for (++at; at < line.size(); ++at) {
     if (line[at] == '"') {

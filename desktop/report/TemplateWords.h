@@ -6,14 +6,14 @@
 
 namespace koru {
 
-/// A word of a template's line: as it stands, or a text that stood in double quotes.
+/// A word of a template's line, or a text in double quotes.
 struct TemplateWord {
   std::string text;
   bool quoted = false;
 };
 
-/// The words of one line, without its comment. In quotes, \" and \\ are a quote and a backslash. `file` and
-/// `line` are for the InputError of a text that is not closed.
+/// The words of one line, without its comment. In quotes, \" and \\ are escapes. `file` and `number` (the
+/// line) are for the InputError of an unclosed quote.
 [[nodiscard]] std::vector<TemplateWord> TemplateWords(std::string_view line, const std::string& file,
                                                       int number);
 

@@ -14,23 +14,23 @@ namespace koru {
 class Button;
 class FormBinding;
 
-/// Criteria of a search window that belong together, under a title: in each row a field beside its name, or
-/// two bounds. Rows come one below the other in the order in which they are added; the keyboard goes through
-/// fields in the order in which they were made.
+/// A titled group of search criteria. Each row has a field next to its name, or a lower and an upper bound.
+/// Rows appear in the order in which they are added; the tab order is the order in which the fields are
+/// created.
 class CriteriaBox : public QGroupBox {
   Q_OBJECT
 
  public:
-  /// `columns`: how many named fields stand beside each other in a row.
+  /// `columns`: the number of named fields next to each other in a row.
   CriteriaBox(const QString& title, QWidget* parent, int columns = 2);
 
   void AddRow(const QString& name, QWidget& field);
   void AddRow(QLabel& name, QWidget& field);
-  /// Fields beside each other, each with its own name.
+  /// Fields next to each other, each with its own name.
   void AddFields(std::initializer_list<std::pair<QLabel*, QWidget*>> fields);
-  /// Lower and upper bound of one thing.
+  /// The lower and the upper bound of one criterion.
   void AddRange(const QString& name, QWidget& from, QWidget& to);
-  /// Widgets without names, one behind the other.
+  /// Widgets without names, from right to left.
   void AddLine(std::initializer_list<QWidget*> widgets);
 
   QLabel* NewName(const QString& text);
@@ -41,9 +41,8 @@ class CriteriaBox : public QGroupBox {
   int count_ = 0;
 };
 
-/// A command of a search window: Enter presses the one that has the keyboard. `keys` tells in its tooltip how
-/// it can be reached without going there; `main` marks the one that the window is for, which waits for dates
-/// to be right.
+/// Adds a command button to a search window. Enter presses the button that has the focus. The tooltip shows
+/// `keys`, the shortcut. `main` marks the window's default command, which refused dates block.
 QPushButton* AddSearchCommand(QBoxLayout& bar, FormBinding& binding, Button& command, const QString& keys,
                               bool main = false);
 

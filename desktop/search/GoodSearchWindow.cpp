@@ -30,8 +30,8 @@ namespace {
 
 constexpr QSize kDefaultSize(980, 470);
 
-/// A criterion to type. Ctrl+Z is the form's and leaves the search; the field must not take the last typing
-/// back on the way out, since the criteria are still wanted the next time.
+/// A text criterion. Ctrl+Z is the form's shortcut for leaving the search; the field must not also undo the
+/// last input, because the criteria are kept for the next search.
 class CriterionEdit : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -136,16 +136,17 @@ void GoodSearchWindow::AddGoods(CriteriaBox& box) {
   box.AddLine({hint_});
 }
 
-void GoodSearchWindow::AddLimits(CriteriaBox& box, const char* name, TextBox& least, TextBox& most) {
-  QWidget* const from = NewField(&box, least, true);
-  QWidget* const to = NewField(&box, most, true);
+void GoodSearchWindow::AddLimits(CriteriaBox& box, const char* name, TextBox& minimum, TextBox& maximum) {
+  QWidget* const from = NewField(&box, minimum, true);
+  QWidget* const to = NewField(&box, maximum, true);
   box.AddRange(QString::fromUtf8(name), *from, *to);
 }
 
 void GoodSearchWindow::AddAmounts(CriteriaBox& box) {
-  QWidget* const least = NewField(&box, form_.txtMinPrice, true);
-  QWidget* const most = NewField(&box, form_.txtMaxPrice, true);
-  box.AddFields({{box.NewName(QStringLiteral("از قيمت")), least}, {NewName(&box, form_.lblMaxPrice), most}});
+  QWidget* const minPrice = NewField(&box, form_.txtMinPrice, true);
+  QWidget* const maxPrice = NewField(&box, form_.txtMaxPrice, true);
+  box.AddFields(
+      {{box.NewName(QStringLiteral("از قيمت")), minPrice}, {NewName(&box, form_.lblMaxPrice), maxPrice}});
   AddLimits(box, "قيمت ارزي", form_.txtMinCurrencyRetailPrice, form_.txtMaxCurrencyRetailPrice);
   auto* const currency = NewList(&box, "همه ارزها");
   Binding().Bind(form_.cmbCMoneyType, *currency);
@@ -214,7 +215,7 @@ void GoodSearchWindow::AddMenu() {
   }
   for (const TextBox* const control :
        {&form_.txtTitle, &form_.txtCode, &form_.txtBarCode, &form_.txtMinPrice, &form_.txtMaxPrice}) {
-    Binding().WidgetOf(*control)->setContextMenuPolicy(Qt::PreventContextMenu);  // the form's menu comes
+    Binding().WidgetOf(*control)->setContextMenuPolicy(Qt::PreventContextMenu);  // the form's menu opens
   }
   subscribed_.push_back(form_.menu.PoppedUp.Subscribe([this](MenuPlace place) { PopUp(place); }));
 }

@@ -14,14 +14,14 @@ class ShortcutMenu;
 class frmGoodSearch;
 enum class MenuPlace;
 
-/// The window of the goods search: the criteria in four boxes, the commands below. Everything is done from
-/// the keyboard: F1 and the right mouse button show the menu with the shortcuts, F3 opens the goods picker,
-/// Enter searches, Escape leaves.
+/// The window of the goods search: the criteria in four boxes, the commands below. All functions have
+/// shortcuts: F1 and the right mouse button open the menu with the shortcuts, F3 opens the goods picker,
+/// Enter searches, Escape closes.
 class GoodSearchWindow : public FormWindow {
   Q_OBJECT
 
  public:
-  /// `records` must outlive the window, the form must until it is unloaded.
+  /// `records` must outlive the window; the form must live until it is unloaded.
   GoodSearchWindow(frmGoodSearch& form, SelectorRecords& records);
 
  protected:
@@ -38,7 +38,7 @@ class GoodSearchWindow : public FormWindow {
   QLabel* NewName(QWidget* parent, Label& control);
   SelectorEdit* NewSelector(QWidget* parent, TreeSelector& control, const char* nothing);
   QWidget* NewCheck(QWidget* parent, CheckBox& control);
-  void AddLimits(CriteriaBox& box, const char* name, TextBox& least, TextBox& most);
+  void AddLimits(CriteriaBox& box, const char* name, TextBox& minimum, TextBox& maximum);
   void PopUp(MenuPlace place);
   void ShowHint();
 

@@ -9,7 +9,7 @@
 namespace koru {
 namespace {
 
-/// `word` as the middle of a pattern that looks for nothing but the word.
+/// `word` escaped for a `like` pattern, so that it matches itself only.
 std::string Pattern(std::string_view word) {
   std::string pattern;
   for (const char c : word) {
@@ -21,7 +21,8 @@ std::string Pattern(std::string_view word) {
 
 SqlText Contains(FixedSql like, std::string_view word) { return SqlText(like) + Typed(Pattern(word)) + "%'"; }
 
-/// Names are written with either kind of digits, barcodes and codes with 0-9 whatever the keyboard gives.
+/// Stored names contain either kind of digits; barcodes and codes contain 0-9, whatever the keyboard layout
+/// gives.
 SqlText OccursInGood(std::string_view word) {
   const std::string latin = LatinDigits(word);
   return SqlText(" and (") + Contains("tblGood.Name like '%", word) +

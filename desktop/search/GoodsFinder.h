@@ -10,41 +10,42 @@
 
 namespace koru {
 
-/// A good as a person picks it.
+/// A good that the user can pick.
 struct PickedGood {
   std::string barcode;
-  std::string code;  ///< empty when it has none
+  std::string code;  ///< empty if none
   std::string name;
 };
 
-/// What was found for a text.
+/// The result of a search.
 struct FoundGoods {
   std::vector<PickedGood> goods;
-  bool more = false;  ///< there are, or may be, others that are not listed
+  bool more = false;  ///< there are, or may be, further goods
 };
 
-/// Finds goods while a person types.
+/// Finds goods while the user types.
 class GoodsFinder {
  public:
   static constexpr std::int32_t kAllStores = -1;
-  /// More lines than this nobody reads; typing one more word is faster.
+  /// The maximum length of a result: users narrow a longer list by typing another word.
   static constexpr std::size_t kMaxListed = 100;
-  /// Of so many goods at most is it looked up whether they belong to the store, so that no key waits for it.
+  /// The maximum number of goods that one search checks against the store, so that no key press waits for the
+  /// database.
   static constexpr std::size_t kMaxExamined = 1000;
 
   /// `database` must outlive the object.
   explicit GoodsFinder(Database& database) : database_(database) {}
 
-  /// From now on finds only goods that the receipts or dispatches of a store, or of the stores below it,
-  /// contain; kAllStores: every good.
+  /// Restricts the following searches to goods in the receipts or dispatches of `store` and the stores below
+  /// it; kAllStores removes the restriction.
   void OnlyOfStore(std::int32_t store);
 
-  /// The goods in whose name, code or barcode every word of `typed` occurs; all goods when nothing is typed.
-  /// Words are taken as they stand: `%`, `_` and `[` are no wildcards. The good whose barcode or code is
-  /// exactly what was typed comes first, then by name. Throws DatabaseError.
+  /// The goods whose name, code or barcode contains every word of `typed`; all goods if `typed` is empty.
+  /// `%`, `_` and `[` are not wildcards. A good whose barcode or code equals `typed` is first, the others
+  /// follow by name. Throws DatabaseError.
   [[nodiscard]] FoundGoods Find(std::string_view typed);
 
-  /// The name of a store; empty when there is none of that key. Throws DatabaseError.
+  /// The name of a store; empty if it does not exist. Throws DatabaseError.
   [[nodiscard]] std::string StoreName(std::int32_t store) const;
 
  private:
@@ -52,7 +53,7 @@ class GoodsFinder {
 
   Database& database_;
   std::int32_t store_ = kAllStores;
-  std::unordered_map<std::string, bool> moved_;  ///< what is known already, by barcode
+  std::unordered_map<std::string, bool> moved_;  ///< cached results, by barcode
 };
 
 }  // namespace koru

@@ -7,16 +7,16 @@
 
 namespace koru {
 
-/// A short list of goods to look at and choose from.
+/// A short list of goods to choose from.
 class GoodsList : public QTableWidget {
   Q_OBJECT
 
  public:
   explicit GoodsList(QWidget* parent);
 
-  /// Shows these goods; line `current`, or the nearest one that there is, becomes the current one.
+  /// Shows `goods`; the row `current`, or the nearest existing one, becomes the current row.
   void SetGoods(const std::vector<PickedGood>& goods, int current);
-  /// The place of the current good; -1 when the list is empty.
+  /// The index of the current good; -1 if the list is empty.
   [[nodiscard]] int Current() const { return currentRow(); }
 };
 

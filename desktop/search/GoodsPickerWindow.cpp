@@ -193,7 +193,7 @@ void GoodsPickerWindow::Find() {
   } catch (const DatabaseError& failure) {
     found_.clear();
     results_->SetGoods(found_, 0);
-    Tell(QStringLiteral("كالاها خوانده نشدند: ") + ToQt(failure.ServerText()), true);
+    ShowStatus(QStringLiteral("كالاها خوانده نشدند: ") + ToQt(failure.ServerText()), true);
   }
   if (!several_) ok_->setEnabled(!found_.empty());
 }
@@ -203,17 +203,18 @@ void GoodsPickerWindow::ShowFound(const FoundGoods& found) {
   results_->SetGoods(found_, 0);
   const QString count = QString::number(found_.size());
   if (found.more) {
-    Tell(QStringLiteral("%1 كالا نشان داده شده است. براي ديدن بقيه، متن بيشتري بنويسيد.").arg(count), false);
+    ShowStatus(QStringLiteral("%1 كالا نشان داده شده است. براي ديدن بقيه، متن بيشتري بنويسيد.").arg(count),
+               false);
   } else if (found_.empty()) {
-    Tell(storeOnly_->isChecked() ? QStringLiteral("كالايي با اين مشخصات در اين انبار يافت نشد.")
-                                 : QStringLiteral("كالايي با اين مشخصات يافت نشد."),
-         false);
+    ShowStatus(storeOnly_->isChecked() ? QStringLiteral("كالايي با اين مشخصات در اين انبار يافت نشد.")
+                                       : QStringLiteral("كالايي با اين مشخصات يافت نشد."),
+               false);
   } else {
-    Tell(QStringLiteral("%1 كالا يافت شد.").arg(count), false);
+    ShowStatus(QStringLiteral("%1 كالا يافت شد.").arg(count), false);
   }
 }
 
-void GoodsPickerWindow::Tell(const QString& text, bool failure) {
+void GoodsPickerWindow::ShowStatus(const QString& text, bool failure) {
   status_->setText(text);
   status_->setStyleSheet(failure ? QStringLiteral("QLabel { color: #A81E16; }") : QString());
 }
@@ -221,7 +222,7 @@ void GoodsPickerWindow::Tell(const QString& text, bool failure) {
 void GoodsPickerWindow::Take() {
   if (typed_.isActive()) Find();
   const int current = results_->Current();
-  if (filter_->hasFocus()) filter_->selectAll();  // the next good can be typed or scanned at once
+  if (filter_->hasFocus()) filter_->selectAll();  // ready for the next text or scan
   if (current < 0 || current >= static_cast<int>(found_.size())) return;
   const PickedGood& good = found_[static_cast<std::size_t>(current)];
   if (!several_) {

@@ -17,26 +17,26 @@ namespace koru {
 
 class GoodsList;
 
-/// The store whose goods are offered first.
+/// The store whose goods are listed initially.
 struct OfferedStore {
   std::int32_t id = GoodsFinder::kAllStores;
   std::string name;
 };
 
-/// Where a person picks one good, or several into a basket. The list follows what is typed; the arrows move
-/// in it while the keyboard stays in the search line. Enter or a double click takes a good, Delete puts one
-/// back out of the basket, Ctrl+Enter is done, Escape gives up. A database that fails is told in place of the
-/// list; the next key tries again.
+/// A dialog for picking one good, or several into a basket. The list follows the search line; the arrow keys
+/// move in the list while the search line keeps the focus. Enter or a double click takes a good, Delete
+/// removes one from the basket, Ctrl+Enter accepts, Escape cancels. A database error is shown in place of the
+/// list; the next key retries.
 class GoodsPickerWindow : public QDialog {
   Q_OBJECT
 
  public:
-  /// `finder` must outlive the window. When there is a store, its goods alone are listed until the
-  /// person asks for all. `basket` is what had been picked before; without one, one good is picked.
+  /// `finder` must outlive the window. With a store, only its goods are listed until the user asks for all.
+  /// `basket` contains the goods picked before; without a basket, one good is picked.
   GoodsPickerWindow(GoodsFinder& finder, OfferedStore store, std::optional<std::vector<PickedGood>> basket,
                     QWidget* parent);
 
-  /// What the person picked, once the dialog was accepted.
+  /// The picked goods; valid after the dialog was accepted.
   [[nodiscard]] const std::vector<PickedGood>& Picked() const { return picked_; }
 
  protected:
@@ -51,7 +51,7 @@ class GoodsPickerWindow : public QDialog {
   bool KeyPressed(const QObject* object, int key, Qt::KeyboardModifiers held);
   void Find();
   void ShowFound(const FoundGoods& found);
-  void Tell(const QString& text, bool failure);
+  void ShowStatus(const QString& text, bool failure);
   void Take();
   void PutBack();
   void ShowBasket(int current);

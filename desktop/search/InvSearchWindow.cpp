@@ -163,7 +163,7 @@ void InvSearchWindow::AddCommands(QBoxLayout& window) {
   auto* const row = new QHBoxLayout;
   window.addLayout(row);
   auto* const count = new QLabel(this);
-  count->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // the commands stay in the middle
+  count->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // keeps the commands centred
   QFont bold = font();
   bold.setBold(true);
   count->setFont(bold);
@@ -208,7 +208,7 @@ void InvSearchWindow::AddResults(QBoxLayout& window) {
   ShowEmptyResult();
 }
 
-/// Where the search was left is nothing to begin the next one with.
+/// Each search starts in the first criterion, not where the last one ended.
 void InvSearchWindow::showEvent(QShowEvent* event) {
   FormWindow::showEvent(event);
   if (!event->spontaneous()) Binding().WidgetOf(form_.txtid1)->setFocus(Qt::TabFocusReason);

@@ -10,15 +10,15 @@ namespace koru {
 class CriteriaBox;
 class frmInvSearch;
 
-/// The window of the counting search: the criteria in four boxes, the commands and the number of results
-/// below them, and the results, which take all the room that the window is given. Each showing begins in the
-/// first criterion. Enter in a criterion searches and goes to the results, where Enter opens a counting;
-/// Escape leaves.
+/// The window of the counting search: the criteria in four boxes, the commands and the number of results, and
+/// below them the results, which take the remaining height. Each time it is shown, the first criterion has
+/// the focus. Enter in a criterion searches and moves to the results, where Enter opens a counting; Escape
+/// closes.
 class InvSearchWindow : public FormWindow {
   Q_OBJECT
 
  public:
-  /// `records` must outlive the window, the form must until it is unloaded.
+  /// `records` must outlive the window; the form must live until it is unloaded.
   InvSearchWindow(frmInvSearch& form, SelectorRecords& records);
 
  protected:
@@ -43,7 +43,7 @@ class InvSearchWindow : public FormWindow {
   QLabel* emptyResult_ = nullptr;
   Subscription rowsChanged_;
   Subscription countChanged_;
-  Subscription newSearch_;  ///< takes the marks of refused dates away, too
+  Subscription newSearch_;  ///< also removes the marks of refused dates
 };
 
 }  // namespace koru

@@ -4,8 +4,8 @@
 
 namespace koru {
 
-/// A menu whose captions are a shortcut and a word with blanks between them ("F1      راهنمايي"): the words
-/// stand in line on the right and the shortcuts on the left, whatever the font makes of the blanks.
+/// A menu whose captions are a shortcut and a word, separated by blanks ("F1      راهنمايي"). Words are
+/// aligned on the right and shortcuts on the left, independent of the width of the blanks.
 class ShortcutMenu : public QMenu {
   Q_OBJECT
 

@@ -10,13 +10,12 @@ namespace koru {
 /// finite (a larger number gives the largest double); hexadecimal is not read.
 [[nodiscard]] double Val(std::string_view text);
 
-/// The default text of a number: up to 15 significant digits, a decimal point, no grouping. Exponent form
-/// ("1E+15", "1.5E-16") is used from 1E+15 on and where more than 15 decimals would be needed. Zero is "0",
-/// never "-0".
+/// The default text of a number: up to 15 significant digits, a point, no grouping. Exponent form ("1E+15",
+/// "1.5E-16") from 1E+15 on and where more than 15 decimals would be needed. Zero is "0", never "-0".
 [[nodiscard]] std::string NumberText(double number);
 
-/// Rounds half to even at `decimals` places (0 to 9). The number is first taken to 15 significant digits, so
-/// 1.0015 is a tie at three places although its double is slightly less.
+/// Rounds half to even at `decimals` places (0 to 9). The number is taken as its 15 significant digits say,
+/// so that 1.0015 is a tie at three places although its double lies a little below.
 [[nodiscard]] double Round(double number, int decimals);
 
 }  // namespace koru
