@@ -27,7 +27,7 @@ void CheckLine(const Grid& lines, int row, const GoodStates& goods) {
   if (!same) throw std::runtime_error("the calculation by hand gives something else for " + barcode);
 }
 
-/// Four programs with countings of different sizes, and a connection without anything between.
+/// Four programs with countings of different sizes, and a plain SQLite connection.
 struct Calculating {
   explicit Calculating(const std::string& file)
       : plain(file),
@@ -39,7 +39,7 @@ struct Calculating {
     const GoodStates goods = CalculateByHand(plain);
     const Grid& lines = full.Form().flexDetail;
     for (int row = 1; row < lines.Rows(); ++row) CheckLine(lines, row, goods);
-    empty.Press(empty.Form().cmdGoods);  // a goods search that opens for the first time has no condition yet
+    empty.Press(empty.Form().cmdGoods);  // a newly opened goods search has no criteria
   }
 
   static void Calculate(Program& program) { program.Press(program.Form().cmdCalc); }

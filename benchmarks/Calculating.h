@@ -7,8 +7,8 @@
 
 namespace koru::bench {
 
-/// cmdCalc beside one pass by hand, cmdCalc of fewer lines and cmdGoods beside cmdCalc, over the full sample.
-/// Throws std::runtime_error when the calculation and the pass by hand do not give the same.
+/// cmdCalc against a hand-written single pass, cmdCalc with fewer lines, and cmdGoods against cmdCalc, over
+/// the full sample. Throws std::runtime_error if the calculation and the hand-written pass differ.
 [[nodiscard]] std::vector<Workload> CalculatingWorkloads(const std::string& fullSample);
 
 }  // namespace koru::bench

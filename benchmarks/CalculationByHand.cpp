@@ -9,7 +9,7 @@
 namespace koru::bench {
 namespace {
 
-/// Documents of one kind that count: for each key the day as a number, -1 for those that do not.
+/// For each key of a kind of document the date as a number; -1 for documents outside the scope.
 std::vector<int> DocumentsInScope(const PlainConnection& connection, const std::string& kind) {
   std::vector<int> days;
   PlainStatement documents(

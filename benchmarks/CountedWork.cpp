@@ -1,4 +1,4 @@
-// Does one thing to a counting of 500 lines, so that its instructions can be counted (scripts/instructions).
+// Runs one operation on a counting of 500 lines; scripts/instructions counts its instructions.
 
 #include <chrono>
 #include <cstdio>
@@ -22,7 +22,7 @@ namespace {
 std::function<void()> countedWork;
 }  // namespace
 
-/// All that is counted happens in here; callgrind knows it by its name.
+/// The counted operation; callgrind refers to this function by name.
 extern "C" __attribute__((noinline)) void CountedWork() { countedWork(); }
 
 namespace koru::bench {

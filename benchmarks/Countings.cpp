@@ -15,7 +15,7 @@ constexpr const char* kLineColumns =
     "Barcode, RowNumber, ScaleID, FirstCounting, SecondCounting, ThirdCounting, AcceptedCounting, "
     "SystemCounting, ContradictionCounting, BaseValue";
 
-/// A counting with the header of the full one, and those of its lines for which `which` holds.
+/// Copies the header of the full counting and those of its lines for which `which` is true.
 void CopyCounting(const PlainConnection& connection, int counting, const std::string& which) {
   const std::string id = std::to_string(counting);
   connection.Execute(

@@ -9,7 +9,7 @@ struct sqlite3;
 
 namespace koru::bench {
 
-/// A connection of SQLite's own to the file, with the collation of ours and the same cache of pages.
+/// A plain SQLite connection to the file, with the product's collation and cache size.
 class PlainConnection {
  public:
   explicit PlainConnection(const std::string& path);
@@ -24,7 +24,7 @@ class PlainConnection {
   sqlite3* connection_ = nullptr;
 };
 
-/// What a calculation finds out about a good.
+/// The result of a calculation for one good.
 struct GoodState {
   double quantity = 0;
   double dispatchRate = 0;  ///< 0: none
@@ -35,8 +35,8 @@ struct GoodState {
 };
 using GoodStates = std::unordered_map<std::string, GoodState>;
 
-/// The calculation of the full sample's counting written by hand as one pass: the documents in scope to a
-/// set, their lines to a hash, the latest rate kept.
+/// The calculation of the full sample's counting, written by hand as a single pass: the keys of the documents
+/// in scope in a set, the state of each good in a hash map, updated with the latest rate.
 [[nodiscard]] GoodStates CalculateByHand(const PlainConnection& connection);
 
 }  // namespace koru::bench

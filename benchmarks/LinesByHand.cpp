@@ -40,7 +40,7 @@ void ReplaceLines(const PlainConnection& connection, int counting, const std::ve
   }
 }
 
-/// The receipt or dispatch of the lines whose difference has that sign.
+/// Writes the receipt or dispatch for the lines whose difference has the given sign.
 void WriteDocument(const PlainConnection& connection, const std::string& kind, int counting,
                    const std::vector<ReadyLine>& lines, int sign) {
   const std::string id = std::to_string(counting);

@@ -6,12 +6,12 @@
 
 namespace koru::bench {
 
-/// What the program's resident memory grows by when it opens the full counting and draws it, beside all texts
-/// of its cells. Measured in a program of its own, `program`, which has opened and drawn a counting of
-/// 100 lines before, so that what every window needs is there already.
+/// The growth of the program's resident memory when it opens and draws the full counting, against the size of
+/// all its cell texts. Measured in a separate process, `program`, which has drawn a counting of 100 lines
+/// before, so that memory common to all windows is already allocated.
 [[nodiscard]] Size MemoryOfFullCounting(const std::string& program, const std::string& fullSample);
 
-/// What that program does: prints the growth and the size of the texts, in bytes.
+/// The work of that process: prints the growth and the size of the texts in bytes.
 void PrintMemoryGrowth(const std::string& fullSample);
 
 }  // namespace koru::bench

@@ -11,8 +11,7 @@
 
 namespace koru::bench {
 
-/// A prepared statement and nothing between it and SQLite's C interface. What fails throws
-/// std::runtime_error.
+/// A prepared statement: a thin wrapper of SQLite's C interface. Errors throw std::runtime_error.
 class PlainStatement {
  public:
   PlainStatement(const PlainConnection& connection, const std::string& sql) {
@@ -39,7 +38,7 @@ class PlainStatement {
   void Bind(int parameter, std::int64_t number) { sqlite3_bind_int64(statement_, parameter, number); }
   void Bind(int parameter, double number) { sqlite3_bind_double(statement_, parameter, number); }
   void BindNull(int parameter) { sqlite3_bind_null(statement_, parameter); }
-  /// `text` must stay until the statement has run.
+  /// `text` must be valid until the statement has run.
   void Bind(int parameter, std::string_view text) {
     sqlite3_bind_text(statement_, parameter, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
   }

@@ -36,7 +36,7 @@ void Program::Press(Button& button) {
 }
 
 void Program::Draw() {
-  constexpr int kRounds = 4;  // a width that is fitted sets off a repaint
+  constexpr int kRounds = 4;  // fitting a column causes another repaint
   for (int round = 0; round < kRounds; ++round) QApplication::processEvents();
 }
 

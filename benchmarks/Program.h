@@ -14,11 +14,11 @@
 
 namespace koru::bench {
 
-/// The desktop program as people use it, with its real windows, over a large sample: user 1 has opened a
-/// counting. Nobody is there to read a message.
+/// The desktop program with its real windows over a large sample: user 1 has opened a counting. Messages are
+/// recorded, not shown.
 class Program : private ControlHost {
  public:
-  /// `counting` is opened from the database at `file`; workbooks go to the folder `workbooks`.
+  /// Opens `counting` from the database `file`; workbooks are written to the folder `workbooks`.
   Program(const std::string& file, std::int32_t counting, const std::string& workbooks);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
@@ -27,21 +27,20 @@ class Program : private ControlHost {
   [[nodiscard]] frmInvCounting& Form() const { return *control_.CountingForm(); }
   [[nodiscard]] GridView& Lines() const;
 
-  /// The counting on the form is being edited, as stored or with what was changed since.
+  /// Puts the form into edit mode if it is not, with the stored or the changed lines.
   void Edit();
-  /// Presses a button, as a person does. Throws when it is not available, or when the program had something
-  /// to tell the person.
+  /// Presses a button as the user does. Throws if it is disabled or if the program showed a message.
   void Press(Button& button);
-  /// Lets the windows draw what has changed.
+  /// Processes pending repaints.
   static void Draw();
 
  private:
-  /// Dialogs come up without waiting for a person.
+  /// Shows dialogs without waiting for the user.
   class OpenScreen : public DesktopScreen {
    public:
     void Show(koru::Form& form, bool /*modal*/) override { DesktopScreen::Show(form, false); }
   };
-  /// There is no program that opens workbooks.
+  /// Replaces a spreadsheet program.
   static bool Opened(const std::string& /*path*/) { return true; }
 
   [[nodiscard]] koru::Font AmbientFont() const override { return {}; }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kRepetitions = 7;
 
-/// Keeps the shortest processor time of each benchmark, in milliseconds.
+/// Records the minimum processor time of each benchmark, in milliseconds.
 class ShortestTimes : public benchmark::ConsoleReporter {
  public:
   ShortestTimes() : ConsoleReporter(OO_None) {}
@@ -26,7 +26,7 @@ class ShortestTimes : public benchmark::ConsoleReporter {
     ConsoleReporter::ReportRuns(runs);
   }
   [[nodiscard]] double Of(const std::string& name) const { return times_.at(name); }
-  /// Not when it was filtered out.
+  /// Empty if the benchmark was filtered out.
   [[nodiscard]] bool Ran(const std::string& name) const { return times_.contains(name); }
 
  private:

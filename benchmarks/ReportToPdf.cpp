@@ -23,7 +23,7 @@ constexpr double kMmPerInch = 25.4;
 constexpr double kMmPerPoint = 25.4 / 72;
 constexpr int kDotsPerInch = 1200;
 
-/// Lines as a wholesaler's counting has them, under the names of the print view.
+/// Lines of a typical wholesaler's counting, with the column names of the print view.
 Recordset Lines() {
   Recordset lines({"ID",
                    "Code",
@@ -90,7 +90,7 @@ ReportDocument Report() {
           {{"fmlCompanyName", "شركت پخش آفتاب كوير"}}};
 }
 
-/// One text where it stands on its page, in the device's units.
+/// A text at its position on the page, in device units.
 struct PlacedText {
   QRectF area;
   QString text;
@@ -127,7 +127,7 @@ std::vector<PlacedPage> PlacedTexts(const ReportDocument& report) {
   return pages;
 }
 
-/// Nothing but the texts: no frames, no grounds, no look at whether a text fits.
+/// Paints only the texts: no frames, no backgrounds, no check whether a text fits.
 void PaintPlain(const ReportDocument& report, const std::vector<PlacedPage>& pages, const QString& file) {
   QPdfWriter pdf(file);
   pdf.setResolution(kDotsPerInch);

@@ -5,8 +5,8 @@
 
 namespace koru::bench {
 
-/// What a measuring program's main function answers: that of `work`, or 2 with what failed on the error
-/// output.
+/// Runs `work` as a main function: returns its exit code, or 2 after printing the exception to standard
+/// error.
 template <class Work>
 int RunMain(Work work, int argc, char** argv) {
   try {

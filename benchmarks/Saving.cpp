@@ -12,7 +12,7 @@
 namespace koru::bench {
 namespace {
 
-/// A program with a full counting on its form, and a connection without anything between.
+/// A program with a full counting on its form, and a plain SQLite connection.
 class Saving {
  public:
   Saving(const std::string& file, int counting)
@@ -26,7 +26,7 @@ class Saving {
   void Register() { program_.Press(program_.Form().cmdIsFinalized); }
   void RegisterByHand() { koru::bench::RegisterByHand(plain_, counting_, ready_); }
 
-  /// The counting is temporary, has no documents and is being edited.
+  /// Makes the counting temporary, without documents and in edit mode.
   void StartAnew() {
     RemoveDocument("Receipt");
     RemoveDocument("Dispatch");
@@ -39,7 +39,7 @@ class Saving {
     Program::Draw();
   }
 
-  /// Throws when the two do not leave the same rows behind.
+  /// Throws if the two write different rows.
   void CheckSame(const std::function<void()>& ours, const std::function<void()>& byHand) {
     StartAnew();
     ours();
@@ -52,7 +52,7 @@ class Saving {
 
  private:
   [[nodiscard]] std::string Key() const { return std::to_string(counting_); }
-  /// The key of the counting's receipt or dispatch, as a selection.
+  /// A subquery for the key of the counting's receipt or dispatch.
   [[nodiscard]] std::string DocumentOf(const std::string& kind) const {
     return "(select " + kind + "ID from tblInventoryCounting where ID = " + Key() + ")";
   }

@@ -7,8 +7,8 @@
 
 namespace koru::bench {
 
-/// Temporary save and registration beside one transaction with prepared inserts of the same rows.
-/// `fullSample` is written to. Throws std::runtime_error when both do not write the same.
+/// Temporary save and registration against one transaction with prepared inserts of the same rows. Writes to
+/// `fullSample`. Throws std::runtime_error if the two write different rows.
 [[nodiscard]] std::vector<Workload> SavingWorkloads(const std::string& fullSample);
 
 }  // namespace koru::bench

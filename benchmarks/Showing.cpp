@@ -28,9 +28,9 @@ constexpr const char* kLinesQuery =
     "tblGoodScale.ID where "
     "CountingID = 1 order by RowNumber";
 
-constexpr int kEditedRows = 10;  ///< all of them in sight
+constexpr int kEditedRows = 10;  ///< all of them visible
 
-/// Moves through the lines page by page, and draws each page whole.
+/// Scrolls through the lines page by page and repaints each page completely.
 class Paging {
  public:
   explicit Paging(GridView& lines) : lines_(lines) {}

@@ -7,7 +7,7 @@
 
 namespace koru::bench {
 
-/// What a person does with a full counting on the screen: loading, one edit, sorting, scrolling and the
+/// The workloads of the visible form with a full counting: loading, one edit, sorting, scrolling and the
 /// workbook, which is written to the folder `workbooks`.
 [[nodiscard]] std::vector<Workload> ShowingWorkloads(const std::string& fullSample,
                                                      const std::string& workbooks);

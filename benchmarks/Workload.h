@@ -6,19 +6,19 @@
 
 namespace koru::bench {
 
-/// One thing that a person waits for, and the least that a program written for it alone would need.
+/// An operation that the user waits for, and its limit: a program written for it alone.
 struct Workload {
-  std::string name;  ///< with its size
-  double mark = 0;   ///< how many times the limit it may take
+  std::string name;  ///< including the size
+  double mark = 0;   ///< the maximum ratio to the limit
   std::function<void()> ours;
   std::function<void()> limit;
-  std::function<void()> before = {};  ///< makes the state that both start from; not measured
-  // Where the sizes of the two differ, the times of one step of each are compared.
+  std::function<void()> before = {};  ///< sets up the common initial state; not measured
+  // If the sizes differ, times per step are compared.
   int steps = 1;
   int limitSteps = 1;
 };
 
-/// What something takes in bytes, beside the least that it could.
+/// A size in bytes, against its minimum.
 struct Size {
   std::string name;
   double mark = 0;
@@ -26,9 +26,9 @@ struct Size {
   std::size_t limit = 0;
 };
 
-/// Runs all in turns, several times, and prints `workload | ours | limit | ratio | mark | ok or missed`; each
-/// with the shortest time of its runs. Answers whether every mark was met. `argv` are Google Benchmark's own
-/// options.
+/// Runs all workloads several times, interleaved, and prints `workload | ours | limit | ratio | mark | ok or
+/// missed` with the minimum of each workload's times. Returns whether every mark was met. `argv` may contain
+/// Google Benchmark's options.
 bool RunAndReport(const std::vector<Workload>& workloads, const std::vector<Size>& sizes, int argc,
                   char** argv);
 

@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A fresh copy, so that what is written makes nobody read his pages anew whose reading is measured.
+/// A fresh copy for the writing workloads, so that they do not invalidate the page cache of the reading ones.
 std::string CopyForWriting(const fs::path& fullSample) {
   const fs::path copy = fs::path(fullSample).replace_filename("full-sample-written.koru");
   for (const char* suffix : {"", "-wal", "-shm"}) fs::remove(copy.string() + suffix);

@@ -1,4 +1,4 @@
-# What every target of the project has in common, and how a box is declared.
+# Common settings of all targets, and the declaration of boxes.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -14,8 +14,8 @@ endif()
 add_library(koru_options INTERFACE)
 target_compile_options(koru_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # g++ 12 takes the inlined copies of std::string for overlapping ones, and optional values that are not there for
-  # ones that are read; later versions do not.
+  # g++ 12 has false positives: inlined copies of std::string as overlapping, and empty optional values as
+  # uninitialised. Fixed in g++ 13.
   target_compile_options(koru_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
 if(KORU_SANITIZE)
@@ -24,15 +24,17 @@ if(KORU_SANITIZE)
   target_link_options(koru_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(KORU_CORE_ONLY)
-  # Headers of the desktop and of the databases lie on some machines' default include path; here they are errors.
+  # Some machines have headers of the desktop and the databases in the default include path; here they are
+  # errors.
   target_include_directories(koru_options BEFORE INTERFACE ${CMAKE_SOURCE_DIR}/cmake/poison)
 endif()
 
 # koru_box(<folder> SOURCES <file>... [LINKS <target>...] [LIBRARIES <target>...])
 #
-# Declares the box that stands in <folder> as the library koru_<folder> (slashes become underscores). Its headers are
-# included as "<folder>/Header.h", and only by targets that link it: each box has an include directory of its own that
-# shows nothing but its folder. LINKS are the boxes that its headers may use, LIBRARIES what only its sources use.
+# Declares <folder> as the library koru_<folder> (slashes become underscores). Its headers are included as
+# "<folder>/Header.h", and only by targets that link it: each box has an include directory of its own that
+# contains only its folder. LINKS are the boxes that its headers use, LIBRARIES those that only its sources
+# use.
 function(koru_box folder)
   cmake_parse_arguments(box "" "" "SOURCES;LINKS;LIBRARIES" ${ARGN})
   string(REPLACE "/" "_" name ${folder})

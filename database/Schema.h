@@ -4,11 +4,11 @@
 
 namespace koru {
 
-/// The statements that make the tables, views and indexes of an empty embedded database, one behind the
-/// other. They are built into the program. The connection that runs them must know the collation KORU.
+/// The statements, in one text, that create the tables, views and indexes of an empty embedded database. They
+/// are built into the program. The connection that runs them must provide the collation KORU.
 [[nodiscard]] std::string_view EmbeddedSchema();
 
-/// The two parts of it. Millions of rows are written faster while there are no indexes yet.
+/// The two parts of EmbeddedSchema: bulk inserts are faster before the indexes exist.
 [[nodiscard]] std::string_view EmbeddedTables();
 [[nodiscard]] std::string_view EmbeddedIndexes();
 

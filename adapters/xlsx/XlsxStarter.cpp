@@ -48,7 +48,7 @@ class TemporaryFile {
 
 /// Renames the finished file unless the target exists, atomically where the file system supports hard links.
 /// False: the target exists.
-bool TakeName(const fs::path& working, const fs::path& target) {
+bool RenameUnlessExists(const fs::path& working, const fs::path& target) {
   std::error_code error;
   if (fs::exists(fs::symlink_status(target, error))) return false;
   fs::create_hard_link(working, target, error);
@@ -92,7 +92,7 @@ class XlsxWorkbook : public Spreadsheet {
     const std::string reason = WriteWorkbook(TextOf(working.Path()), texts_);
     if (!reason.empty()) Refuse(folder / PathOf(Name(1)), reason);
     int number = 1;
-    while (!TakeName(working.Path(), folder / PathOf(Name(number)))) ++number;
+    while (!RenameUnlessExists(working.Path(), folder / PathOf(Name(number)))) ++number;
     return folder / PathOf(Name(number));
   }
 

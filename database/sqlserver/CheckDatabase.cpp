@@ -13,7 +13,7 @@ namespace {
 
 using Step = OdbcConnectError::Step;
 
-/// The way to a database, in its order.
+/// The steps of a connection, in order.
 constexpr std::array<std::pair<Step, const char*>, 5> kSteps{{{Step::Text, "رشته اتصال"},
                                                               {Step::Driver, "راه انداز"},
                                                               {Step::Server, "سرور"},
@@ -83,9 +83,9 @@ class Check {
   }
 
  private:
-  /// The server looks at the rights to a statement before it looks at its rows, of which there are none.
+  /// The server checks permissions even for a statement that affects no rows.
   void Rights(Database& database, const NeededTable& table) {
-    // The first column of these tables may be numbered by the server, so the second serves.
+    // The second column, because the first one may be an identity column.
     const SqlName name(table.name);
     const SqlName column(table.columns[1]);
     const std::string what = "اجازة نوشتن " + std::string(table.name);
@@ -100,7 +100,7 @@ class Check {
     Bad(what, "داده نشده است." + words);
   }
 
-  /// Documents are numbered by the server, so that their key is not among the columns to write.
+  /// Without ID, which is an identity column in the document tables.
   static SqlText Insertion(const NeededTable& table) {
     SqlText columns;
     for (const std::string_view column : table.columns) {
@@ -112,8 +112,8 @@ class Check {
            SqlName(table.name) + " where 1=0";
   }
 
-  /// Whether the statement goes through; the server's words if not. A connection that cannot be opened again
-  /// ends the look.
+  /// Whether the statement succeeds; on failure `words` gets the server's message. A connection that cannot
+  /// be reopened ends the whole check.
   static bool Runs(Database& database, const SqlText& statement, std::string& words) {
     try {
       database.Open(statement);

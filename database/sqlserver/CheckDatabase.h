@@ -7,18 +7,18 @@
 
 namespace koru {
 
-/// One thing that was looked at: what it is, whether it is as the component needs it, and a sentence for the
-/// person who looks after the database. The sentence of a failure ends with the server's own words.
+/// One checked object: its name, whether it meets the component's needs, and a sentence for the
+/// administrator. The sentence of a failure ends with the server's message.
 struct CheckedThing {
   std::string what;
   bool ok = false;
   std::string sentence;
 };
 
-/// Looks whether the component could work on a database: driver, server, sign-in and database, each table
-/// with its columns, the right to write where the component writes, and the permission procedure. Nothing is
-/// changed: what would write is asked for no row at all. Whatever fails becomes a line of the answer; the
-/// look goes on where that makes sense. All is well when every line is.
+/// Checks whether the component can work on a database: driver, server, sign-in and database, each table with
+/// its columns, the permission to write where the component writes, and the permission procedure. Changes
+/// nothing: the writing statements affect no row. Each failure becomes an entry of the result, and the check
+/// continues where possible. The database is usable if every entry is ok.
 [[nodiscard]] std::vector<CheckedThing> CheckDatabase(DatabaseConnector& databases,
                                                       const std::string& connectionText);
 

@@ -83,8 +83,8 @@ class Copy {
            SqlName(table) + " off";
   }
 
-  /// A counting may be linked to a document that was deleted, whose key must not become that of another: the
-  /// last key that was given goes in, and out again.
+  /// Countings may refer to deleted documents, whose keys must not be assigned again: inserting and deleting
+  /// a row with the last assigned key advances the server's counter.
   void SkipDeletedKeys(const std::string& table) {
     const std::int64_t last = from_.Number("select seq from sqlite_sequence where name='" + table + "'");
     if (last == 0 || last == from_.Number("select max(ID) from " + table)) return;

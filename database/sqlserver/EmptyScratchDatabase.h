@@ -4,9 +4,10 @@
 
 namespace koru {
 
-/// Makes the tables of a server's database empty and its numbers begin at 1, for a test or a scenario. In a
-/// database without any of the suite's tables it makes them, and marks the database as one that is there for
-/// this; throws InputError for one that has them and no such mark, so that nobody's data can go.
+/// Empties the tables of a server's database and resets their counters to 1, for a test or a scenario.
+/// Creates the tables in a database without any of the suite's tables, and marks it as a scratch database.
+/// Throws InputError for a database that has the suite's tables but not the mark, so that real data is never
+/// deleted.
 void EmptyScratchDatabase(Database& database);
 
 }  // namespace koru

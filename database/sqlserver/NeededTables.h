@@ -5,18 +5,18 @@
 
 namespace koru {
 
-/// What the component does to a table beyond reading it.
+/// The component's write access to a table.
 enum class Writes { None, InsertDelete, InsertUpdateDelete };
 
-/// A table or view and the columns by which the component's statements name it. The suite's own may have
-/// more.
+/// A table or view and the columns that the component's statements name. The suite's table may have further
+/// columns.
 struct NeededTable {
   std::string_view name;
   std::vector<std::string_view> columns;
   Writes writes = Writes::None;
 };
 
-/// All of them.
+/// All tables and views of the component.
 [[nodiscard]] const std::vector<NeededTable>& NeededTables();
 
 }  // namespace koru

@@ -10,14 +10,14 @@
 namespace koru {
 namespace {
 
-/// The thing that a batch creates.
+/// The object that a batch creates.
 struct Creation {
   std::string kind;  ///< `table`, `index`, ...
   std::string name;
 };
 
-/// Reads `create <kind> <name>`; comments may stand before it. Both are empty for anything else, such as
-/// `create clustered index`.
+/// Parses `create <kind> <name>`, with optional comments before it. Both fields are empty for any other
+/// batch, such as `create clustered index`.
 Creation CreationOf(const SqlText& batch) {
   SqlLexer lexer(batch.Text());
   std::array<std::string, 3> words;

@@ -11,26 +11,25 @@
 
 namespace koru {
 
-/// The batches that make the suite's tables, indexes, views and procedure in an empty database on a server,
-/// in their order; the folder's *.sql files, parted at their lines GO.
+/// The batches that create the suite's tables, indexes, views and procedure in an empty database on a server,
+/// in order: the folder's *.sql files, separated at their GO lines.
 [[nodiscard]] const std::vector<SqlText>& SqlServerBatches();
 
-/// The names of the tables that they make.
+/// The names of the tables that the batches create.
 [[nodiscard]] std::vector<std::string> SuiteTables();
 
-/// Whether the server numbers the rows of that table of the batches by itself (identity).
+/// Whether the table has an identity column in the batches.
 [[nodiscard]] bool IsNumberedByServer(std::string_view table);
 
-/// Which tables, views and procedures of the batches a server's database has already, by name.
+/// The names of the tables, views and procedures of the batches that already exist in `database`.
 [[nodiscard]] std::vector<std::string> ExistingSuiteObjects(Database& database);
 
-/// Told after each batch how many of all are done.
+/// Called after each batch with the number of finished batches.
 using SchemaProgress = std::function<void(std::size_t done, std::size_t all)>;
 
-/// Runs the batches one by one on a connection to an empty database of a server. `progress` may be empty.
-/// Throws InputError with the names when something of that is there already, before anything is sent; nothing
-/// that is there is changed. Throws the DatabaseError of the first batch that fails; what was made before it
-/// stays.
+/// Runs the batches one by one on an empty database of a server. `progress` may be empty. If an object of the
+/// batches already exists, throws InputError with the names before anything is sent, so existing objects are
+/// never changed. Throws the DatabaseError of the first batch that fails; earlier batches are not undone.
 void CreateSqlServerSchema(Database& database, const SchemaProgress& progress);
 
 }  // namespace koru

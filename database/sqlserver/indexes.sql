@@ -1,6 +1,6 @@
--- Indexes that serve the statements as they are written.
+-- Indexes for the component's statements.
 
--- The lines of one document in one place: read when it is shown, deleted with it.
+-- Lines clustered by document: they are read and deleted together.
 create clustered index ixInventoryCountingDetail_Counting on tblInventoryCountingDetail (CountingID, RowNumber)
 GO
 create clustered index ixInventoryReceiptDetail_Receipt on tblInventoryReceiptDetail (ReceiptID)
@@ -14,7 +14,7 @@ GO
 create index ixInventoryDispatchDetail_Trimmed on tblInventoryDispatchDetail (TrimmedBarcode, DispatchID) include (Qty)
 GO
 
--- Rates of a good, which compare the barcode as it is.
+-- Rates of a good: compare the untrimmed barcode.
 create index ixInventoryReceiptDetail_Barcode on tblInventoryReceiptDetail (Barcode, ReceiptID) include (Value)
 GO
 create index ixInventoryDispatchDetail_Barcode on tblInventoryDispatchDetail (Barcode, DispatchID) include (Value)
@@ -26,7 +26,7 @@ GO
 create index ixInventoryDispatch_Inventory on tblInventoryDispatch (InventoryID, ReceiveDate) include (Code)
 GO
 
--- Final numbers: the highest one, and closing up after a return.
+-- Final numbers: the maximum, and renumbering after a return.
 create index ixInventoryCounting_Code on tblInventoryCounting (Code)
 GO
 

@@ -1,4 +1,4 @@
--- 1 when the user holds the right to the form or command, 0 when not.
+-- Returns 1 if the user has permission for the form or command, otherwise 0.
 create procedure spPelinHasPermission @UserID int, @FormPermissionID int as
 begin
   set nocount on

@@ -1,23 +1,24 @@
--- The suite's tables as far as stock-taking reads and writes them, for who has no suite database at hand.
+-- The part of the suite's tables that stock-taking reads and writes, for use without a suite database.
 --
--- Batches are separated by GO. Texts are nvarchar, so that they hold Persian under every collation; they compare by the
--- collation of the database (docs/sql-server.md). Days are datetime and stand beside their Solar Hijri text. There are
--- no foreign keys: a counting outlives its creator, its goods and the documents that it is linked to.
+-- Batches are separated by GO. Texts are nvarchar, so that they store Persian under every collation; they
+-- compare by the collation of the database (docs/sql-server.md). Dates are datetime, with their Solar Hijri
+-- text in a second column. There are no foreign keys: a counting may refer to a deleted creator, good or
+-- document.
 --
--- Documents are numbered by identity: max(ID) right after an insert is the new row, and the key of a deleted document is
--- never given again.
+-- Documents are numbered by identity: max(ID) right after an insert is the new row, and the key of a deleted
+-- document is never assigned again.
 
 -- Stores, places and users
 
 create table tblInventory (
   ID int not null primary key,
-  ParentID int null,  -- NULL for a store that is under none
+  ParentID int null,  -- NULL for a top-level store
   Name nvarchar(200) not null,
   IsDefault bit not null default 0
 )
 GO
 
--- Trees are kept expanded: for each node one row for every node below it, never itself.
+-- Closure of a tree: one row for each node and each of its descendants, without the node itself.
 create table tblInventoryParent (
   ID int not null,
   ChildID int not null,
@@ -39,7 +40,7 @@ create table tblInventoryUser (
 )
 GO
 
--- A row grants the user the form or command; asked by spPelinHasPermission.
+-- A row grants the user permission for the form or command; read by spPelinHasPermission.
 create table tblPelinUserPermission (
   UserID int not null,
   FormPermissionID int not null,
@@ -78,7 +79,7 @@ create table tblGoodGroupParent (
 )
 GO
 
--- ScaleToBaseParent: how many base units make one of this unit. 1 marks a base unit; only those are counted in.
+-- ScaleToBaseParent: the number of base units in one unit. 1 marks a base unit; counts use base units only.
 create table tblGoodScale (
   ID int not null primary key,
   ParentID int null,
@@ -106,7 +107,7 @@ create table tblPelinCurrencyType (
 )
 GO
 
--- Barcode is the key that every line refers to. A good without one has the empty text and is never offered.
+-- Every line refers to a good by Barcode. A good with an empty barcode is never offered.
 create table tblGood (
   Barcode nvarchar(100) not null primary key,
   Code nvarchar(100) null,
@@ -125,7 +126,7 @@ create table tblGood (
 )
 GO
 
--- The units that a good may be counted in.
+-- The units in which a good may be counted.
 create table tblGoodSaleScale (
   Barcode nvarchar(100) not null,
   ScaleID int not null,
@@ -133,8 +134,8 @@ create table tblGoodSaleScale (
 )
 GO
 
--- Stock documents. Code is NULL until the document is registered. The lines keep their trimmed barcode beside the
--- barcode: book stocks compare barcodes trimmed, and the server uses the index on it by itself.
+-- Stock documents. Code is NULL until the document is registered. Lines store the barcode and the trimmed
+-- barcode: book stocks compare trimmed barcodes, and the server uses the index on that column.
 
 create table tblInventoryReceipt (
   ID int not null identity(1,1) primary key,
@@ -166,7 +167,7 @@ create table tblInventoryDispatch (
   Code int null,
   InventoryID int null,
   CreatorID int null,
-  ReceiveDate datetime null,  -- the day of the dispatch, under the name that receipts have for theirs
+  ReceiveDate datetime null,  -- the date of the dispatch; named as in receipts
   FarsiReceiveDate nvarchar(20) null,
   CreateDate datetime null,
   FarsiCreateDate nvarchar(20) null,
@@ -226,7 +227,7 @@ create table tblInventoryCountingDetail (
 )
 GO
 
--- What the subsystems of the suite share
+-- Shared by the subsystems of the suite
 
 create table tblPelinSystemParameters (
   ID int not null primary key,
@@ -235,7 +236,7 @@ create table tblPelinSystemParameters (
 )
 GO
 
--- FilePath: absolute, or relative to the base folder, which ends in its own separator.
+-- FilePath: absolute, or relative to the base folder, which ends with a separator.
 create table tblPelinReportTemplate (
   ID int not null primary key,
   FormTypeID int not null,

@@ -1,4 +1,4 @@
--- Views, each in a batch of its own, as the server wants it.
+-- Views, one per batch, as the server requires.
 
 create view vwPelinCompany as
 select ID, Name from tblPelinCompany
@@ -16,7 +16,7 @@ create view vwGoodScaleMajor as
 select ID, ParentID, Name, ScaleToBaseParent from tblGoodScale
 GO
 
--- Every counting, also one whose store, creator or counters exist no longer.
+-- All countings, including those whose store, creator or counters no longer exist.
 create view vwInventoryCounting as
 select
   counting.ID, counting.Code, counting.ManualCode,
@@ -39,8 +39,8 @@ left join tblUser as counter3 on counter3.ID = counting.CounterEmployeeID3
 left join tblUser as confirmer on confirmer.ID = counting.CounterConfirmerID
 GO
 
--- What a report prints: one row per line that the counting form shows, with the header beside it. The rate is rounded
--- to whole money as on the form. A quantity that a line does not have, and its amount, are NULL.
+-- The rows of a report: one for each line that the counting form shows, joined with the header. The rate is
+-- rounded to whole currency units, as on the form. A missing quantity and its amount are NULL.
 create view vwInventoryCountingPrint as
 select
   counting.ID, counting.Code, counting.ManualCode, counting.InventoryID, counting.InvName,

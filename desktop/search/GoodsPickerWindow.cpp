@@ -101,13 +101,13 @@ void GoodsPickerWindow::AddBasket(QBoxLayout& row) {
   basket_->setObjectName(QStringLiteral("basket"));
   basket_->hideColumn(1);
   basket_->installEventFilter(this);
-  connect(basket_, &QTableWidget::cellDoubleClicked, this, [this] { PutBack(); });
+  connect(basket_, &QTableWidget::cellDoubleClicked, this, [this] { RemoveFromBasket(); });
   side->addWidget(basket_);
   auto* const bar = new QHBoxLayout;
   side->addLayout(bar);
   QPushButton* const remove = AddButton(*bar, "remove", QStringLiteral("حذف از فهرست"));
   remove->setToolTip(QStringLiteral("حذف كالاي جاري (Delete)"));
-  connect(remove, &QPushButton::clicked, this, &GoodsPickerWindow::PutBack);
+  connect(remove, &QPushButton::clicked, this, &GoodsPickerWindow::RemoveFromBasket);
   QPushButton* const clear = AddButton(*bar, "clear", QStringLiteral("خالي كردن فهرست"));
   connect(clear, &QPushButton::clicked, this, [this] {
     picked_.clear();
@@ -174,7 +174,7 @@ bool GoodsPickerWindow::KeyPressed(const QObject* object, int key, Qt::KeyboardM
     return true;
   }
   if (object == basket_ && key == Qt::Key_Delete) {
-    PutBack();
+    RemoveFromBasket();
     return true;
   }
   const auto* const button = qobject_cast<const QPushButton*>(object);
@@ -237,7 +237,7 @@ void GoodsPickerWindow::Take() {
   ShowBasket(place);
 }
 
-void GoodsPickerWindow::PutBack() {
+void GoodsPickerWindow::RemoveFromBasket() {
   const int current = basket_->Current();
   if (current < 0 || current >= static_cast<int>(picked_.size())) return;
   picked_.erase(picked_.begin() + current);

@@ -53,7 +53,7 @@ class GoodsPickerWindow : public QDialog {
   void ShowFound(const FoundGoods& found);
   void ShowStatus(const QString& text, bool failure);
   void Take();
-  void PutBack();
+  void RemoveFromBasket();
   void ShowBasket(int current);
 
   GoodsFinder& finder_;

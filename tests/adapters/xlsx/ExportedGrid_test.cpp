@@ -23,7 +23,7 @@ class NoDatabases : public DatabaseConnector {
   }
 };
 
-/// Names and codes with everything that a file format could take for something else.
+/// Names and codes that a file format could misinterpret.
 constexpr std::array<const char*, 8> kHard = {"<b>&\"'",      "=SUM(A1)",      "007",   "ي ك ی ک ۱۲",
                                               "ميله\u200Cاي", "\u00A0x\u00A0", "  x  ", "😀\n]]>"};
 

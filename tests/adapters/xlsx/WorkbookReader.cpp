@@ -9,7 +9,7 @@
 namespace koru::test {
 namespace {
 
-/// One part of the packed file.
+/// A part of the ZIP file.
 QByteArray Unpack(const std::string& path, const QString& part, bool mustBeThere = true) {
   QProcess unzip;
   unzip.start(QStringLiteral("unzip"), {QStringLiteral("-p"), QString::fromStdString(path), part});
@@ -18,7 +18,7 @@ QByteArray Unpack(const std::string& path, const QString& part, bool mustBeThere
   return unzip.readAllStandardOutput();
 }
 
-/// A workbook writes control characters as _xHHHH_.
+/// Workbooks encode control characters as _xHHHH_.
 std::string Plain(QString text) {
   static const QRegularExpression kEscape(QStringLiteral("_x([0-9A-Fa-f]{4})_"));
   for (auto match = kEscape.match(text); match.hasMatch();
@@ -42,7 +42,7 @@ std::pair<int, int> PlaceOf(const QString& reference) {
   return {reference.mid(at).toInt(), col};
 }
 
-/// The texts that cells refer to by number.
+/// The shared texts, to which cells refer by index.
 std::vector<std::string> SharedTexts(const QByteArray& part) {
   std::vector<std::string> texts;
   QXmlStreamReader xml(part);
@@ -56,7 +56,7 @@ std::vector<std::string> SharedTexts(const QByteArray& part) {
   return texts;
 }
 
-/// For each cell style whether its font is bold.
+/// Whether the font of each cell style is bold.
 std::vector<bool> BoldStyles(const QByteArray& part) {
   std::vector<bool> fonts;
   std::vector<bool> styles;
@@ -129,7 +129,7 @@ class SheetReader {
     }
     if (type == QLatin1String("s")) cell.text = shared_.at(static_cast<std::size_t>(std::stoi(cell.text)));
     cell.isText = !formula && (type == QLatin1String("s") || type == QLatin1String("inlineStr"));
-    if (!sheet_.cells.emplace(place, cell).second) throw std::runtime_error("a cell stands there twice");
+    if (!sheet_.cells.emplace(place, cell).second) throw std::runtime_error("duplicate cell");
   }
 
   QXmlStreamReader xml_;

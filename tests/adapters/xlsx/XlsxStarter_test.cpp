@@ -27,7 +27,7 @@ class ExportedWorkbook : public ::testing::Test {
                            opened.push_back(path);
                            return programThere;
                          },
-                         [this](const std::string& sentence) { told.push_back(sentence); }},
+                         [this](const std::string& sentence) { messages.push_back(sentence); }},
                         clock);
     return starter.NewWorkbook();
   }
@@ -45,7 +45,7 @@ class ExportedWorkbook : public ::testing::Test {
   FixedClock clock{Date{std::chrono::year{2025} / 12 / 22}};
   bool programThere = true;
   std::vector<std::string> opened;
-  std::vector<std::string> told;
+  std::vector<std::string> messages;
 };
 
 TEST_F(ExportedWorkbook, Is_right_to_left_with_a_bold_header_row_that_stays_in_sight) {
@@ -135,7 +135,7 @@ TEST_F(ExportedWorkbook, Columns_are_as_wide_as_their_texts_within_reason) {
   EXPECT_NEAR(read.widths.at(3), 60, 1);
 }
 
-TEST_F(ExportedWorkbook, Each_export_is_a_new_file_named_after_the_day) {
+TEST_F(ExportedWorkbook, Each_export_is_a_new_file_named_after_the_date) {
   for (int i = 0; i < 2; ++i) {
     const auto sheet = NewWorkbook();
     sheet->SetCell(1, 1, std::to_string(i));
@@ -148,13 +148,13 @@ TEST_F(ExportedWorkbook, Each_export_is_a_new_file_named_after_the_day) {
   EXPECT_EQ(ReadWorkbook(opened.at(1)).Text(1, 1), "1");
 }
 
-TEST_F(ExportedWorkbook, Without_a_program_to_open_it_the_person_is_told_where_the_file_is) {
+TEST_F(ExportedWorkbook, Without_a_program_to_open_it_a_message_names_the_file) {
   programThere = false;
   const auto sheet = NewWorkbook();
   sheet->SetCell(1, 1, "x");
   sheet->LeaveOpen();
-  ASSERT_EQ(told.size(), 1U);
-  EXPECT_NE(told[0].find(folder.File("documents") + "/" + kFirstName), std::string::npos);
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_NE(messages[0].find(folder.File("documents") + "/" + kFirstName), std::string::npos);
   EXPECT_EQ(ReadWorkbook(opened.at(0)).Text(1, 1), "x");
 }
 
@@ -208,7 +208,7 @@ TEST_F(ExportedWorkbook, A_full_disk_is_an_error_and_leaves_no_half_file) {
   }
   EXPECT_EQ(Files(), std::vector<std::string>{});
   EXPECT_TRUE(opened.empty());
-  sheet->LeaveOpen();  // there is room again
+  sheet->LeaveOpen();  // the disk has space again
   EXPECT_EQ(ReadWorkbook(opened.at(0)).Text(2000, 1), std::to_string(2000 * 7919));
 }
 

@@ -67,7 +67,7 @@ TEST_F(CopyRowsTest, An_empty_database_copies_nothing_and_is_done) {
   EXPECT_EQ(told_, std::vector<int>{100});
 }
 
-/// A server that takes everything.
+/// A server that accepts every statement.
 class Taker : public Database {
  public:
   Recordset Open(const SqlText& statement) override {
@@ -131,7 +131,7 @@ TEST_F(CopyRowsTest, A_statement_never_has_more_rows_than_a_server_takes) {
   EXPECT_EQ(told_, (std::vector<int>{0, 41, 83, 100}));
 }
 
-TEST_F(CopyRowsTest, The_sample_goes_in_statements_of_the_servers_own_words) {
+TEST_F(CopyRowsTest, The_sample_is_copied_in_the_dialect_of_the_server) {
   const std::string sample = from_.Folder().File("sample.db");
   CreateSample(sample, {});
   Taker server;

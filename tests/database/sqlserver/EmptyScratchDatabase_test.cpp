@@ -11,7 +11,7 @@
 namespace koru::test {
 namespace {
 
-/// A server that has the suite's tables, and perhaps the mark of a scratch database.
+/// A server with the suite's tables and optionally the mark of a scratch database.
 class ServerWith : public Database {
  public:
   ServerWith(bool tables, bool mark) : tables_(tables), mark_(mark) {}

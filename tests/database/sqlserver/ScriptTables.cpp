@@ -10,7 +10,7 @@ namespace {
 
 using Tokens = std::vector<std::string>;
 
-/// Calls `visit` with the tokens of each part of a list that commas part, from `at` to the closing
+/// Calls `visit` with the tokens of each element of a comma-separated list, from `at` to the closing
 /// parenthesis or word.
 template <class Visit>
 void ForEachPart(const Tokens& tokens, std::size_t at, const std::string& end, Visit visit) {

@@ -9,11 +9,11 @@
 
 namespace koru::test {
 
-/// Names in lower case, as the server compares them.
+/// Names in lower case, because the server ignores case.
 using Columns = std::set<std::string>;
 
-/// The tables that `create table` batches make, with their columns, and for each column the first word of its
-/// type; a computed column's is "as".
+/// The tables of the `create table` batches with their columns, and for each column the first word of its
+/// type ("as" for a computed column).
 struct ScriptTable {
   std::map<std::string, std::string> types;
   std::map<std::string, int> lengths;  ///< of nvarchar columns, in UTF-16 units; `max` is the largest int
@@ -21,7 +21,7 @@ struct ScriptTable {
 };
 [[nodiscard]] std::map<std::string, ScriptTable> TablesOf(const std::vector<SqlText>& batches);
 
-/// The views that `create view` batches make, with the columns of their outermost selection.
+/// The views of the `create view` batches, with the columns of the outermost selection.
 [[nodiscard]] std::map<std::string, Columns> ViewsOf(const std::vector<SqlText>& batches);
 
 /// The words, literals and symbols of a batch, without comments.

@@ -116,7 +116,7 @@ TEST_F(SqlServerSchema, Columns_are_wide_enough_for_the_sample) {
   embedded_.Execute("attach '" + file + "' as sample");
   for (const auto& [name, table] : TablesOf(SqlServerBatches())) {
     for (const auto& [column, length] : table.lengths) {
-      // Characters beyond U+FFFF take two units; counted twice, no text is held for shorter than it is.
+      // Characters above U+FFFF need two UTF-16 units: twice the number of characters is an upper bound.
       const std::string longest =
           embedded_.Scalar("select ifnull(max(length(" + column + ")),0)*2 from sample." + name);
       EXPECT_LE(std::stoi(longest), length) << name << "." << column;
@@ -147,7 +147,7 @@ TEST_F(SqlServerSchema, Indexes_are_on_columns_that_are_there) {
   EXPECT_GT(indexes, 5);
 }
 
-/// Takes what it is sent and refuses one; has objects of some names.
+/// A server that accepts all statements but one and has objects with the given names.
 class Listener : public Database {
  public:
   explicit Listener(std::size_t refused, std::vector<std::string> objects = {})
@@ -171,22 +171,22 @@ class Listener : public Database {
   std::unique_ptr<WriteBatch> BeginWriteBatch() override { return nullptr; }
 
   std::vector<std::string> sent;
-  std::string asked;  ///< after what is there
+  std::string asked;  ///< the queries for existing objects
 
  private:
   std::size_t refused_;
   std::vector<std::string> objects_;
 };
 
-TEST_F(SqlServerSchema, Is_made_batch_by_batch_and_tells_how_far_it_is) {
+TEST_F(SqlServerSchema, Is_created_batch_by_batch_and_reports_progress) {
   Listener listener(1000);
-  std::vector<std::size_t> told;
+  std::vector<std::size_t> progress;
   CreateSqlServerSchema(listener, [&](std::size_t done, std::size_t all) {
-    told.push_back(done);
+    progress.push_back(done);
     EXPECT_EQ(all, SqlServerBatches().size());
     EXPECT_EQ(done, listener.sent.size());
   });
-  EXPECT_EQ(told.size(), SqlServerBatches().size());
+  EXPECT_EQ(progress.size(), SqlServerBatches().size());
   EXPECT_EQ(listener.sent.back(), SqlServerBatches().back().Text());
 }
 

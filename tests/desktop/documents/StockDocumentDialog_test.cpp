@@ -125,7 +125,7 @@ TEST_F(StockDocumentDialogTest, A_registered_document_shows_its_number_and_canno
   });
 }
 
-TEST_F(StockDocumentDialogTest, A_failing_database_is_told_and_the_window_stays_usable) {
+TEST_F(StockDocumentDialogTest, A_database_error_is_shown_and_the_window_stays_usable) {
   messages.WillAnswer(FakeMessages::Answer::Yes);
   messages.WillAnswer(FakeMessages::Answer::Yes);
   View(kReceipt, 7, [this](QWidget& dialog) {
@@ -139,7 +139,7 @@ TEST_F(StockDocumentDialogTest, A_failing_database_is_told_and_the_window_stays_
   EXPECT_EQ(messages.Shown()[1].title, "خطا");
 }
 
-TEST_F(StockDocumentDialogTest, A_document_that_is_gone_is_said_in_a_message) {
+TEST_F(StockDocumentDialogTest, A_deleted_document_is_reported_in_a_message) {
   const auto component = components.Create(kDispatch);
   auto& document = dynamic_cast<DocumentComponent&>(*component);
   document.SetConnectionString(base.ConnectionText());

@@ -16,7 +16,7 @@ namespace {
 using test::Bare;
 using test::TextsOf;
 
-/// A counting of so many lines, on the counting form's grid and on paper.
+/// A counting with a number of lines, on the counting form's grid and on paper.
 class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterface<int> {
  protected:
   PaperAndForm() {
@@ -31,7 +31,7 @@ class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterfa
         " SystemCounting, ContradictionCounting, BaseValue)",
         1, GetParam(),
         [&](int i) { return "1," + std::to_string(i) + "," + barcode(i) + ",4," + Figures(i); });
-    // One line's good is gone since.
+    // The good of one line no longer exists.
     database.Execute(
         "insert into tblInventoryCountingDetail (CountingID, RowNumber, Barcode, AcceptedCounting, "
         "SystemCounting, ContradictionCounting, BaseValue) values (1, 0, 'gone', 5, 7, -2, 1000)");
@@ -40,8 +40,8 @@ class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterfa
     lines_.FillInvCounterDetailData(1);
   }
 
-  /// Counts, book stock, difference and rate of a line. Every seventh agrees with the books, every eleventh
-  /// was not counted, a rate may be missing; quantities have halves of a thousandth, and rates are not whole.
+  /// Counts, book stock, difference and rate of a line. Every seventh line has no difference, every eleventh
+  /// no count, some have no rate; quantities have halves of a thousandth, and rates have fractions.
   static std::string Figures(int i) {
     const double book = i % 900 + (i % 7 != 0 ? (i % 13 - 6) * 0.0625 : i % 8 * 0.125);
     const double accepted = i % 900 + i % 8 * 0.125;
@@ -58,7 +58,7 @@ class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterfa
     return printer.Prepare();
   }
 
-  /// What a box below the grid holds, as paper shows it.
+  /// The content of a total below the grid, formatted as on paper.
   static std::string OnPaper(const TextBox& total) {
     return PersianNumber(ReportNumber(Val(total.Text()), 0));
   }
@@ -87,7 +87,7 @@ TEST_P(PaperAndForm, The_sums_on_paper_are_the_forms) {
   EXPECT_NE(summary("differences.rpt.txt").find(" سطر" + amounts), std::string::npos);
 }
 
-TEST_P(PaperAndForm, Each_line_stands_on_exactly_one_page_and_each_page_says_which_it_is) {
+TEST_P(PaperAndForm, Each_line_is_on_exactly_one_page_and_each_page_shows_its_number) {
   for (const char* const name : {"counting.rpt.txt", "counting-sheet.rpt.txt", "differences.rpt.txt"}) {
     const bool all = std::string(name) != "differences.rpt.txt";
     const auto report = Report(name);

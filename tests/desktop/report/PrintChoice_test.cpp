@@ -18,7 +18,7 @@ class PrintChoice : public testing::Test {
   template <class Answer>
   bool Ask(const Answer& answer) {
     test::WhenDialogOpens([&](QWidget& dialog) {
-      // One that lists a folder opens the files in it, the database among them.
+      // A dialog that lists a folder opens its files, including the database.
       EXPECT_EQ(dialog.findChild<QFileSystemModel*>(), nullptr);
       answer(dialog);
     });

@@ -12,7 +12,7 @@
 
 namespace koru::test {
 
-/// Counting 1 of the store انبار مركزي without lines, and a printer that was told all but its report file.
+/// Counting 1 of the store انبار مركزي without lines, and a printer with everything set but the report file.
 class ReportDesk : public ::testing::Test {
  protected:
   ReportDesk() {
@@ -25,7 +25,7 @@ class ReportDesk : public ::testing::Test {
     printer.SetFormula(1, "fmlCompanyName='شركت آفتاب'");
   }
 
-  /// A good of code "c" and its barcode, counted once, and its line.
+  /// Adds a good with the code "c" and its barcode, and a line with one count.
   void AddLine(const std::string& barcode, const std::string& name, double counted, double book,
                double rate) {
     database.Execute("insert into tblGood (Barcode, Code, Name) values ('" + barcode + "', 'c" + barcode +

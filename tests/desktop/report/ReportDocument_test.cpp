@@ -11,7 +11,7 @@ namespace {
 using test::Bare;
 using test::TextsOf;
 
-/// What one cell of that text shows, in a row, for the records and formulas given.
+/// The text that a row's cell with the template text shows for the given records and formulas.
 std::string Shown(const std::string& cell, Recordset records, ReportFormulas formulas = {},
                   const std::string& settings = "digits latin\n") {
   const ReportDocument report(
@@ -21,7 +21,7 @@ std::string Shown(const std::string& cell, Recordset records, ReportFormulas for
   return report.CellText(only, report.Pages().at(0).bands.at(0), 0);
 }
 
-TEST(ReportTexts, Fields_sums_counts_and_pages_stand_where_the_template_names_them) {
+TEST(ReportTexts, Fields_sums_counts_and_pages_appear_where_the_template_names_them) {
   const ReportDocument report(test::SmallTemplate("digits latin\n"), test::Records(40), {});
   EXPECT_EQ(TextsOf(report, 0, ReportBandKind::Title), "list|");
   EXPECT_EQ(TextsOf(report, 0, ReportBandKind::Row).substr(0, 24), "1|good 1|1|2|good 2|2|3|");
@@ -95,7 +95,7 @@ TEST(ReportTexts, Formulas_come_before_columns_and_may_hold_anything) {
   EXPECT_EQ(Bare(Shown("\"{Name}\"", records, {{"Name", "O'Neil & \"{x}\""}})), "O'Neil & \"{x}\"");
 }
 
-TEST(ReportTexts, A_value_that_is_not_there_is_told_with_its_line) {
+TEST(ReportTexts, A_missing_value_is_reported_with_its_line) {
   try {
     const ReportDocument report(ParseReportTemplate("band row\nline 5\n\ncell * \"{Colour}\"\n", "a.rpt"),
                                 test::Records(1), {});

@@ -18,7 +18,7 @@ std::size_t CountOf(const ReportPage& page, ReportBandKind kind) {
   return count;
 }
 
-TEST(ReportPages, Each_of_32767_rows_stands_on_exactly_one_page_in_order_and_whole) {
+TEST(ReportPages, Each_of_32767_rows_is_on_exactly_one_page_in_order_and_whole) {
   const ReportTemplate report = test::SmallTemplate();
   const std::vector<ReportPage> pages = LayOutReport(report, 32767);
   std::size_t next = 0;
@@ -33,7 +33,7 @@ TEST(ReportPages, Each_of_32767_rows_stands_on_exactly_one_page_in_order_and_who
   ExpectNothingIsCut(report, pages);
 }
 
-TEST(ReportPages, Title_stands_on_the_first_page_header_and_footer_on_each_and_the_summary_on_the_last) {
+TEST(ReportPages, Title_is_on_the_first_page_header_and_footer_on_each_and_the_summary_on_the_last) {
   const std::vector<ReportPage> pages = LayOutReport(test::SmallTemplate(), 40);
   ASSERT_EQ(pages.size(), 4U);  // 10 rows below the title, then 14 a page, and the summary below the last 2
   for (std::size_t page = 0; page < pages.size(); ++page) {
@@ -47,7 +47,7 @@ TEST(ReportPages, Title_stands_on_the_first_page_header_and_footer_on_each_and_t
   EXPECT_EQ(CountOf(pages[3], ReportBandKind::Row), 2U);
 }
 
-TEST(ReportPages, A_summary_that_does_not_fit_below_the_rows_goes_to_a_page_of_its_own) {
+TEST(ReportPages, A_summary_that_does_not_fit_below_the_rows_moves_to_a_page_of_its_own) {
   const ReportTemplate report = test::SmallTemplate();
   const std::vector<ReportPage> pages = LayOutReport(report, 10);
   ASSERT_EQ(pages.size(), 2U);
@@ -68,7 +68,7 @@ TEST(ReportPages, Any_number_of_rows_is_shared_without_loss) {
   }
 }
 
-TEST(ReportPages, Without_rows_there_is_one_page_with_what_stands_in_their_place) {
+TEST(ReportPages, Without_rows_there_is_one_page_with_the_empty_band) {
   const ReportTemplate report = ParseReportTemplate(
       "band title\nline 10\ncell 10\nband row\nline 5\ncell 10\nband empty\nline 8\ncell * \"none\"",
       "a.rpt");

@@ -22,7 +22,7 @@ QByteArray Content(const QString& path) {
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
 }
 
-/// The number of pages that a PDF file says it has.
+/// The number of pages in a PDF file.
 qsizetype PagesIn(const QString& path) {
   static const QRegularExpression kPage(QStringLiteral("/Type\\s*/Page\\b"));
   const QString text = QString::fromLatin1(Content(path));
@@ -43,13 +43,13 @@ class SavedReport : public ::testing::Test {
 };
 
 TEST_F(SavedReport, A_pdf_has_all_pages_on_the_templates_paper) {
-  std::size_t told = 0;
+  std::size_t reported = 0;
   EXPECT_TRUE(WriteReportPdf(report, Path("a.pdf"), [&](std::size_t done, std::size_t all) {
-    EXPECT_EQ(done, ++told);
+    EXPECT_EQ(done, ++reported);
     EXPECT_EQ(all, 4U);
     return true;
   }));
-  EXPECT_EQ(told, 4U);
+  EXPECT_EQ(reported, 4U);
   EXPECT_TRUE(Content(Path("a.pdf")).startsWith("%PDF-"));
   EXPECT_EQ(PagesIn(Path("a.pdf")), 4);
   const QSizeF paper = PaperOf(report).fullRect(QPageLayout::Millimeter).size();
@@ -116,16 +116,16 @@ TEST_F(SavedReport, A_printer_gets_the_pages_that_were_asked_for) {
   EXPECT_EQ(PagesIn(Path("some.pdf")), 3);
 }
 
-TEST_F(SavedReport, Printing_ends_where_the_person_cancels_it) {
+TEST_F(SavedReport, Printing_ends_where_the_user_cancels_it) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setOutputFormat(QPrinter::PdfFormat);
   printer.setOutputFileName(Path("half.pdf"));
-  std::size_t told = 0;
+  std::size_t reported = 0;
   EXPECT_FALSE(PrintReport(report, printer, [&](std::size_t done, std::size_t) {
-    told = done;
+    reported = done;
     return done < 2;
   }));
-  EXPECT_EQ(told, 2U);
+  EXPECT_EQ(reported, 2U);
 }
 
 }  // namespace

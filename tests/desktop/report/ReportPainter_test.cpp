@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kPixelsPerMm = 6;
 
-/// A page as a picture, 6 pixels to a millimetre.
+/// A page as an image with 6 pixels per millimetre.
 QImage Picture(const ReportDocument& report, std::size_t page = 0) {
   const ReportTemplate& paper = report.Template();
   QImage image(qRound(paper.pageWidth * kPixelsPerMm), qRound(paper.pageHeight * kPixelsPerMm),
@@ -23,7 +23,7 @@ QImage Picture(const ReportDocument& report, std::size_t page = 0) {
   return image;
 }
 
-/// How many pixels of an area (mm) are darker than the paper.
+/// The number of pixels in an area (in mm) that are darker than the paper.
 int Ink(const QImage& image, double left, double top, double width, double height) {
   int ink = 0;
   for (int y = qRound(top * kPixelsPerMm); y < qRound((top + height) * kPixelsPerMm); ++y) {
@@ -82,8 +82,8 @@ TEST(PaintedReport, A_long_name_becomes_smaller_and_stays_within_its_cell) {
   }
 }
 
-TEST(PaintedReport, A_minus_stands_before_its_number) {
-  // Painted alone, the sign is left of the digits; its ink is a bar in the middle of the height.
+TEST(PaintedReport, A_minus_is_painted_before_its_number) {
+  // The sign alone is left of the digits; its pixels form a bar at half height.
   const QImage image = Picture(OneRow("cell * \"{Name}\" left number 0 size 20\n", "-1"));
   double first = 0;
   for (double x = 10; x < 40 && first == 0; x += 0.2) {

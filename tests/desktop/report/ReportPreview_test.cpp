@@ -21,7 +21,7 @@ class Preview : public ::testing::Test {
   explicit Preview(std::size_t rows = 40)
       : window(*new ReportPreview(
             std::make_unique<ReportDocument>(test::SmallTemplate(), test::Records(rows), ReportFormulas()),
-            QStringLiteral("گزارش"), [this](const std::string& sentence) { told.push_back(sentence); },
+            QStringLiteral("گزارش"), [this](const std::string& sentence) { failures.push_back(sentence); },
             nullptr)) {
     window.setAttribute(Qt::WA_DeleteOnClose, false);
     owner.reset(&window);
@@ -31,7 +31,7 @@ class Preview : public ::testing::Test {
   [[nodiscard]] QSpinBox& Page() { return *window.findChild<QSpinBox*>(QStringLiteral("page")); }
   void Click(const char* tool) { window.findChild<QToolButton*>(QLatin1String(tool))->click(); }
 
-  std::vector<std::string> told;
+  std::vector<std::string> failures;
   std::unique_ptr<ReportPreview> owner;
   ReportPreview& window;
   test::TemporaryFolder folder;
@@ -99,14 +99,14 @@ TEST_F(Preview, Paints_what_is_in_sight) {
   EXPECT_GT(test::PixelsOf(window.View(), Qt::white), 100000);
 }
 
-TEST_F(Preview, Saves_a_pdf_and_tells_when_that_fails) {
+TEST_F(Preview, Saves_a_pdf_and_reports_a_failure) {
   const QString path = ToQt(folder.File("a.pdf"));
   EXPECT_TRUE(window.SavePdf(path));
   EXPECT_TRUE(QFile::exists(path));
-  EXPECT_TRUE(told.empty());
+  EXPECT_TRUE(failures.empty());
   EXPECT_FALSE(window.SavePdf(ToQt(folder.File("none/a.pdf"))));
-  ASSERT_EQ(told.size(), 1U);
-  EXPECT_NE(told[0].find("none/a.pdf"), std::string::npos);
+  ASSERT_EQ(failures.size(), 1U);
+  EXPECT_NE(failures[0].find("none/a.pdf"), std::string::npos);
 }
 
 class LongPreview : public Preview {
@@ -134,7 +134,7 @@ TEST_F(LongPreview, Saving_shows_its_progress_and_can_be_cancelled) {
   EXPECT_FALSE(window.SavePdf(path));
   EXPECT_TRUE(seen);
   EXPECT_FALSE(QFile::exists(path));
-  EXPECT_TRUE(told.empty());
+  EXPECT_TRUE(failures.empty());
 }
 
 }  // namespace

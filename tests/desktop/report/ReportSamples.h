@@ -47,7 +47,7 @@ inline std::string Bare(std::string text) {
   return text;
 }
 
-/// The texts of the cells of the bands of a kind on a page, one behind the other.
+/// The cell texts of all bands of a kind on a page, in order.
 inline std::string TextsOf(const ReportDocument& report, std::size_t page, ReportBandKind kind) {
   std::string texts;
   for (const PlacedBand& band : report.Pages().at(page).bands) {
@@ -59,7 +59,7 @@ inline std::string TextsOf(const ReportDocument& report, std::size_t page, Repor
   return texts;
 }
 
-/// Every band lies between the margins, below the one before it.
+/// Expects every band between the margins and below the previous one.
 inline void ExpectNothingIsCut(const ReportTemplate& report, const std::vector<ReportPage>& pages) {
   for (const ReportPage& page : pages) {
     double free = report.marginTop;

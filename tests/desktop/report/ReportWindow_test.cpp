@@ -33,7 +33,7 @@ class ChooserWindow : public test::ReportDesk {
     shared.data.SetConnectionString(database.ConnectionText());
   }
 
-  /// Shows the chooser modally while `person` acts; the chosen path.
+  /// Shows the chooser modally while `act` runs; returns the selected path.
   std::string Choose(const std::function<void(QWidget&)>& act) {
     frmReport chooser(shared, 806);
     EXPECT_TRUE(chooser.FillReportTemplates());

@@ -53,7 +53,7 @@ TEST(ReportFile, Cells_have_their_text_their_values_and_their_looks) {
   EXPECT_TRUE(line.cells[2].pieces.empty());
 }
 
-TEST(ReportFile, A_mistake_is_told_with_file_line_and_reason) {
+TEST(ReportFile, An_error_is_reported_with_file_line_and_reason) {
   struct Mistake {
     std::string text;
     std::string place;

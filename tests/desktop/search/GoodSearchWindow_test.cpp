@@ -62,7 +62,7 @@ TEST_F(GoodSearchWindowTest, Every_criterion_that_narrows_the_search_is_there_un
   }
 }
 
-TEST_F(GoodSearchWindowTest, The_search_command_has_the_keyboard_first_and_Tab_goes_to_the_first_criterion) {
+TEST_F(GoodSearchWindowTest, The_search_command_has_the_initial_focus_and_Tab_moves_to_the_first_criterion) {
   EXPECT_EQ(QApplication::focusWidget(), Named<QPushButton>("cmdSearch"));
   Press(Qt::Key_Tab);
   EXPECT_EQ(QApplication::focusWidget(), Field("txtBarCode"));

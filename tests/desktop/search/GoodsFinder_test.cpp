@@ -58,7 +58,7 @@ TEST_F(GoodsFinderTest, The_good_with_exactly_that_code_or_barcode_comes_first) 
   EXPECT_EQ(Found("a-1X").front(), "A-1x");
 }
 
-TEST_F(GoodsFinderTest, Wildcards_and_apostrophes_are_taken_as_they_stand) {
+TEST_F(GoodsFinderTest, Wildcards_and_apostrophes_are_taken_literally) {
   EXPECT_EQ(Found("100%"), Barcodes{"626300"});
   EXPECT_EQ(Found("Z_9"), Barcodes{"A-1x"});
   EXPECT_EQ(Found("B[1]"), Barcodes{"626400"});
@@ -89,7 +89,7 @@ TEST_F(GoodsFinderTest, A_long_list_is_cut_and_says_so) {
   EXPECT_TRUE(found.more);
   EXPECT_FALSE(finder.Find("كالا 4999").more);
   finder.OnlyOfStore(3);
-  EXPECT_TRUE(finder.Find("كالا").more) << "not all of so many were looked up";
+  EXPECT_TRUE(finder.Find("كالا").more) << "not all of them were checked";
 }
 
 }  // namespace

@@ -156,7 +156,7 @@ TEST_F(GoodsPickerDialogTest, The_goods_of_the_store_are_offered_until_all_are_a
   });
 }
 
-TEST_F(GoodsPickerDialogTest, A_database_that_fails_is_told_and_the_next_key_tries_again) {
+TEST_F(GoodsPickerDialogTest, A_database_error_is_shown_and_the_next_key_retries) {
   Pick([this](QWidget& dialog) {
     auto* const status = dialog.findChild<QLabel*>("status");
     failing.Plan().FailAt(1);

@@ -52,7 +52,7 @@ TEST_F(InvSearchWindowTest, Every_criterion_and_command_is_there_under_its_own_n
   }
 }
 
-TEST_F(InvSearchWindowTest, Enter_in_a_criterion_searches_and_the_keyboard_goes_to_the_results) {
+TEST_F(InvSearchWindowTest, Enter_in_a_criterion_searches_and_moves_the_focus_to_the_results) {
   Named<QLineEdit>("txtid1")->setFocus();
   Type("3");
   Press(Qt::Key_Return);
