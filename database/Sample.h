@@ -23,7 +23,7 @@ enum class SampleSize {
   Standard,  ///< the sample of the function above
   Medium,    ///< a tenth of Full
   Full  ///< 20 stores, 33,000 goods, 200,000 documents of three years with 2,000,000 lines, and a temporary
-        ///< counting of 32,767 lines, the most that one can have; about 240 MB
+        ///< counting of 32,767 lines, the maximum; about 300 MB
 };
 
 /// Creates a sample of the given size; otherwise as above. The larger ones are for measurements at the

@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <charconv>
-#include <chrono>
 
 #include "adapters/sqlite/Dialect.h"
 #include "adapters/sqlite/PermissionStatement.h"
@@ -14,7 +13,7 @@
 namespace koru {
 namespace {
 
-/// Kept translations; the system sends some sixty shapes.
+/// Kept translations; the system sends some sixty different statements.
 constexpr std::size_t kKeptTranslations = 256;
 
 int OnOpen(sqlite3* connection, char** message, const sqlite3_api_routines* /*unused*/) {
@@ -35,23 +34,20 @@ void TeachSqlitePersian() {
   if (result != SQLITE_OK) throw DatabaseError(sqlite3_errstr(result), result, {});
 }
 
-EmbeddedDialect::EmbeddedDialect(const std::string& file)
-    : schema_(file, SqliteConnection::Mode::Existing, std::chrono::seconds(5)) {}
-
 SentStatement EmbeddedDialect::Write(const std::string& statement) {
-  const StatementShape shape = ReadShape(statement);
-  const Translation& translation = Translated(shape.text);
+  const NormalizedStatement normalized = Normalize(statement);
+  const Translation& translation = Translated(normalized.text);
   SentStatement sent{translation.text, {}};
   sent.parameters.reserve(translation.literals.size());
   for (const std::size_t literal : translation.literals)
-    sent.parameters.push_back(shape.literals.at(literal));
+    sent.parameters.push_back(normalized.literals.at(literal));
   return sent;
 }
 
-const EmbeddedDialect::Translation& EmbeddedDialect::Translated(const std::string& shape) {
-  const auto kept = translations_.find(shape);
+const EmbeddedDialect::Translation& EmbeddedDialect::Translated(const std::string& normalized) {
+  const auto kept = translations_.find(normalized);
   if (kept != translations_.end()) return kept->second;
-  const std::string numbered = TranslateShape(shape, schema_);
+  const std::string numbered = Translate(normalized);
   Translation translation;
   SqlLexer lexer(numbered);
   std::size_t behindLast = 0;
@@ -67,7 +63,7 @@ const EmbeddedDialect::Translation& EmbeddedDialect::Translated(const std::strin
   }
   translation.text.append(numbered, behindLast);
   if (translations_.size() >= kKeptTranslations) translations_.clear();
-  return translations_.emplace(shape, std::move(translation)).first->second;
+  return translations_.emplace(normalized, std::move(translation)).first->second;
 }
 
 std::string EmbeddedDialect::SessionSettings() const { return "PRAGMA foreign_keys=OFF"; }

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "adapters/odbc/OdbcDialect.h"
-#include "adapters/sqlite/SqliteConnection.h"
 
 namespace koru {
 
@@ -15,10 +14,6 @@ namespace koru {
 /// statement's text.
 class EmbeddedDialect : public OdbcDialect {
  public:
-  /// `file` (UTF-8) is there and one of ours. A connection of its own stays open on it, to look up what
-  /// tables have.
-  explicit EmbeddedDialect(const std::string& file);
-
   [[nodiscard]] SentStatement Write(const std::string& statement) override;
   [[nodiscard]] std::string SessionSettings() const override;
   [[nodiscard]] std::optional<GroupStatements> WriteBatchStatements() const override;
@@ -26,14 +21,13 @@ class EmbeddedDialect : public OdbcDialect {
       std::string_view procedure, const std::vector<std::int32_t>& parameters) const override;
 
  private:
-  /// A translated shape: which literal (from 0) stands in the place of each `?`.
+  /// A translated statement: which literal (from 0) stands in the place of each `?`.
   struct Translation {
     std::string text;
     std::vector<std::size_t> literals;
   };
-  const Translation& Translated(const std::string& shape);
+  const Translation& Translated(const std::string& normalized);
 
-  SqliteConnection schema_;
   std::unordered_map<std::string, Translation> translations_;
 };
 

@@ -26,7 +26,7 @@ std::unique_ptr<OdbcDialect> DialectOf(const OdbcTarget& target) {
   if (target.kind == OdbcTarget::Kind::Server) return std::make_unique<ServerDialect>();
   CheckFile(target.database);
   TeachSqlitePersian();
-  return std::make_unique<EmbeddedDialect>(target.database);
+  return std::make_unique<EmbeddedDialect>();
 }
 
 }  // namespace

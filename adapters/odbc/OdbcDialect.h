@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/sqlite/StatementShape.h"
+#include "adapters/sqlite/NormalizedStatement.h"
 #include "platform/sql/SqlText.h"
 
 namespace koru {

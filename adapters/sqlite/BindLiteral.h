@@ -3,12 +3,12 @@
 #include <variant>
 #include <vector>
 
+#include "adapters/sqlite/NormalizedStatement.h"
 #include "adapters/sqlite/SqliteConnection.h"
-#include "adapters/sqlite/StatementShape.h"
 
 namespace koru {
 
-/// Gives the parameters 1, 2, ... of a statement their values.
+/// Binds the values to the parameters 1, 2, ... of a statement.
 inline void BindAll(SqliteStatement& statement, const std::vector<Literal>& literals) {
   int parameter = 0;
   for (const Literal& literal : literals) {

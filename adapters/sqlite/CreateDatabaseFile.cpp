@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The file under its working name; whatever is left of it goes with the object.
+/// The file under its working name; removed at destruction, with its journals.
 class WorkingFile {
  public:
   explicit WorkingFile(const fs::path& target) : path_(target) {
@@ -61,8 +61,8 @@ void RefuseExisting(const fs::path& target, const std::string& path) {
   }
 }
 
-/// Gives the finished file its name. A link fails where the name is taken, also by a program that was faster;
-/// where the disk knows no links, the file is renamed.
+/// Gives the finished file its name. Creating a hard link fails if the name is taken, also by a program that
+/// was faster; on a file system without links, the file is renamed.
 void GiveName(const fs::path& working, const fs::path& target, const std::string& path) {
   std::error_code error;
   fs::create_hard_link(working, target, error);

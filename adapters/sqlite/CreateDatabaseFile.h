@@ -9,9 +9,9 @@
 namespace koru {
 
 /// Makes a new database file at `path` (UTF-8): runs `schemaSql` (statements in SQLite's own dialect), then
-/// `fill` when there is one, in one transaction. The file appears under its name only when all of it is done;
-/// a failure leaves nothing behind. Throws InputError, naming the file, when something is already there or
-/// the place cannot be written, and lets through the DatabaseError of a statement.
+/// `fill` if it is not empty, in one transaction. The file gets its name only when it is complete; a failure
+/// leaves no file. Throws InputError, naming the file, if the name is taken or the folder cannot be written;
+/// the DatabaseError of a statement propagates.
 void CreateDatabaseFile(const std::string& path, std::string_view schemaSql,
                         const std::function<void(SqliteConnection&)>& fill = {});
 

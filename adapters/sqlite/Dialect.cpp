@@ -3,11 +3,8 @@
 #include <iterator>
 #include <utility>
 
-#include "adapters/sqlite/InAsExists.h"
-#include "adapters/sqlite/KeySelection.h"
-#include "adapters/sqlite/OrAsIn.h"
+#include "adapters/sqlite/HoistedSubquery.h"
 #include "adapters/sqlite/StatementTokens.h"
-#include "adapters/sqlite/TrimmedBarcode.h"
 #include "platform/sql/DatabaseError.h"
 
 namespace koru {
@@ -23,7 +20,7 @@ void WriteDeleteFrom(StatementTokens& tokens) {
   }
 }
 
-/// `select [distinct] top n ...` and `top (n)`: the number moves to the end of its selection.
+/// Rewrites `select [distinct] top n ...` and `top (n)` as `limit n` at the end of the same select.
 void WriteTopAsLimit(StatementTokens& tokens) {
   for (std::size_t at = 1; at < tokens.size(); ++at) {
     const StatementToken& before = tokens[at - 1];
@@ -50,7 +47,7 @@ bool IsComparison(const StatementToken& token) {
          token.Is(">") || token.Is(">=");
 }
 
-/// Whether the token at `at` ends, or with the one behind it begins, something other than a plain column.
+/// Whether the token at `at` ends, or together with the next one begins, anything but a plain column.
 bool EndsExpression(const StatementTokens& tokens, std::size_t at) {
   return At(tokens, at).kind != SqlTokenKind::Word;
 }
@@ -67,18 +64,16 @@ void WriteCollation(StatementTokens& tokens) {
   }
 }
 
-void RefuseOrderByNumber(const StatementTokens& tokens, std::string_view shape) {
+void RefuseOrderByNumber(const StatementTokens& tokens, std::string_view normalized) {
   for (std::size_t at = 1; at < tokens.size(); ++at) {
     if (tokens[at - 1].Is("by") && tokens[at].kind == SqlTokenKind::Parameter) {
       throw DatabaseError("Rows are ordered by the name of a column, not by its number.", kBrokenStatement,
-                          std::string(shape));
+                          std::string(normalized));
     }
   }
 }
 
-std::string Translated(StatementTokens tokens, SqliteConnection& connection) {
-  ReadInAsExists(tokens, connection);
-  UseTrimmedIndex(tokens, connection);
+std::string Translated(StatementTokens tokens) {
   WriteDeleteFrom(tokens);
   WriteTopAsLimit(tokens);
   WriteIsnull(tokens);
@@ -86,8 +81,15 @@ std::string Translated(StatementTokens tokens, SqliteConnection& connection) {
   return JoinTokens(tokens);
 }
 
-/// Whether SQLite knows all names in it: those of a selection that looks at the rows around it are not known.
-bool StandsAlone(const std::string& sql, SqliteConnection& connection) {
+/// The tokens of a normalized text.
+StatementTokens Read(std::string_view normalized) {
+  StatementTokens tokens = ReadTokens(normalized);
+  RefuseOrderByNumber(tokens, normalized);
+  return tokens;
+}
+
+/// Whether SQLite can prepare it by itself. A correlated subquery has names that are not known outside.
+bool IsUncorrelated(const std::string& sql, SqliteConnection& connection) {
   try {
     static_cast<void>(connection.Prepare(sql));
     return true;
@@ -98,25 +100,19 @@ bool StandsAlone(const std::string& sql, SqliteConnection& connection) {
 
 }  // namespace
 
-std::string TranslateShape(std::string_view shape, SqliteConnection& connection) {
-  StatementTokens tokens = ReadTokens(shape);
-  RefuseOrderByNumber(tokens, shape);
-  return Translated(std::move(tokens), connection);
-}
+std::string Translate(std::string_view normalized) { return Translated(Read(normalized)); }
 
-ShapeOverKeys TranslateOverKeys(std::string_view shape, SqliteConnection& connection) {
-  StatementTokens tokens = ReadTokens(shape);
-  RefuseOrderByNumber(tokens, shape);
-  ShapeOverKeys translated;
-  for (KeySelection& taken : TakeKeySelections(tokens, connection)) {
-    ReadOrAsIn(taken.tokens, taken.table, connection);
-    std::string sql = Translated(std::move(taken.tokens), connection);
-    std::string order = taken.order.empty() ? std::string() : " " + JoinTokens(taken.order);
-    if (!StandsAlone(sql + order, connection)) return {TranslateShape(shape, connection), {}};
-    translated.selections.push_back(
-        {std::move(sql), std::move(order), std::move(taken.literals), taken.parameter});
+HoistedStatement TranslateHoisted(std::string_view normalized, SqliteConnection& connection) {
+  StatementTokens tokens = Read(normalized);
+  HoistedStatement translated;
+  for (HoistedSubquery& hoisted : HoistSubqueries(tokens, connection)) {
+    std::string sql = Translated(std::move(hoisted.tokens));
+    std::string order = hoisted.order.empty() ? std::string() : " " + JoinTokens(hoisted.order);
+    if (!IsUncorrelated(sql + order, connection)) return {Translate(normalized), {}};
+    translated.subqueries.push_back(
+        {std::move(sql), std::move(order), std::move(hoisted.literals), hoisted.parameter});
   }
-  translated.sql = Translated(std::move(tokens), connection);
+  translated.sql = Translated(std::move(tokens));
   return translated;
 }
 

@@ -8,28 +8,29 @@
 
 namespace koru {
 
-/// The shape of a statement (StatementShape::text), written in the suite's server's dialect, as SQLite
-/// understands it; the literals are its parameters from 1 on. Translated are `isnull(a,b)`, `delete` without
-/// `from`, `select top n`, `in` selections (ReadInAsExists) and comparisons of barcodes (UseTrimmedIndex). A
-/// text that is compared with an expression is given the collation KORU, which in SQLite only plain columns
-/// have from their table. Throws DatabaseError for `order by` the number of a column.
-[[nodiscard]] std::string TranslateShape(std::string_view shape, SqliteConnection& connection);
+/// Translates a normalized statement (NormalizedStatement::text) from the suite's server's dialect to
+/// SQLite's; its literals become the parameters ?1, ?2, ... Rewrites `isnull(a,b)`, `delete` without `from`
+/// and `select top n`. A text literal compared with an expression gets the collation KORU, because in SQLite
+/// only a plain column has the collation of its table. Throws DatabaseError for `order by` with the number of
+/// a column.
+///
+/// README.md shows statements before and after.
+[[nodiscard]] std::string Translate(std::string_view normalized);
 
-/// A statement and the selections of keys that were taken out of it (KeySelection.h), all in SQLite's
-/// dialect.
-struct ShapeOverKeys {
-  struct Keys {
-    std::string sql;
-    std::string order;  ///< ` order by ...`, to be put behind it; empty where the order does not count
-    std::vector<int> literals;  ///< which literals of the statement its parameters 1, 2, ... are; from 1
-    int parameter = 0;          ///< the statement's parameter that takes the KeyRanks
+/// A statement in SQLite's dialect and the subqueries hoisted out of it (HoistedSubquery.h).
+struct HoistedStatement {
+  struct Subquery {
+    std::string sql;            ///< selects keys
+    std::string order;          ///< ` order by ...`, to be appended to `sql`; empty: any order serves
+    std::vector<int> literals;  ///< for each of its parameters, the number of the statement's literal, from 1
+    int parameter = 0;          ///< the statement's parameter that takes the RankedKeySet
   };
   std::string sql;
-  std::vector<Keys> selections;  ///< none: `sql` is that of TranslateShape
+  std::vector<Subquery> subqueries;  ///< empty: `sql` is that of Translate
 };
 
-/// As TranslateShape, for a shape that is run many times over the same data: the selections of keys that it
-/// shares with its next runs are taken out of it.
-[[nodiscard]] ShapeOverKeys TranslateOverKeys(std::string_view shape, SqliteConnection& connection);
+/// As Translate, for a statement that runs many times over the same data: hoists the subqueries whose result
+/// is the same for each run.
+[[nodiscard]] HoistedStatement TranslateHoisted(std::string_view normalized, SqliteConnection& connection);
 
 }  // namespace koru

@@ -19,7 +19,7 @@ std::u32string Folded(std::string_view text) {
   return folded;
 }
 
-/// Whether a character lies between two others in the order of Persian lists.
+/// Whether a character is between two others in Persian order.
 bool IsBetween(char32_t first, char32_t character, char32_t last) {
   std::string texts[3];
   AppendCharacter(texts[0], first);
@@ -80,7 +80,7 @@ bool LikePattern::Matches(std::string_view text) const {
   const std::u32string folded = Folded(text);
   std::size_t at = 0;
   std::size_t next = 0;
-  // The last `%` and how far its text reaches: when what follows does not fit, it takes one character more.
+  // The last `%` and the end of its text: on a mismatch after it, its text grows by one character.
   std::size_t afterAnyText = std::u32string::npos;
   std::size_t taken = 0;
   while (true) {

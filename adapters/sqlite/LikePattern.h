@@ -6,10 +6,11 @@
 
 namespace koru {
 
-/// The pattern of a `like`, read once: `%` stands for any text, `_` for one character, `[set]` for one of a
-/// set with ranges (`[a-f0-9]`), `[^set]` for one of the others; a wildcard in a set stands for itself, and a
-/// set that is never closed matches nothing. Characters compare as FoldCharacter says, zero-width non-joiners
-/// count for nothing. Blanks at the end of the pattern must be there; blanks at the end of the text may be.
+/// A parsed `like` pattern: `%` matches any text, `_` one character, `[set]` one character of a set with
+/// ranges
+/// (`[a-f0-9]`), `[^set]` one of the others. A wildcard in a set is literal, and an unclosed set matches
+/// nothing. Characters compare by FoldCharacter, and zero-width non-joiners are ignored. Blanks at the end of
+/// the pattern are significant; blanks at the end of the text are not.
 class LikePattern {
  public:
   explicit LikePattern(std::string_view pattern);
@@ -27,7 +28,7 @@ class LikePattern {
     bool negated = false;
     std::vector<Range> ranges;
   };
-  /// Reads the set whose `[` stands before `at`; answers the place behind its `]`, or the end when there is
+  /// Reads the set whose `[` is right before `at`; returns the index after its `]`, or the end if it has
   /// none.
   std::size_t ReadSet(const std::u32string& pattern, std::size_t at);
   [[nodiscard]] static bool Fits(const Element& element, char32_t character);

@@ -8,7 +8,7 @@
 namespace koru {
 namespace {
 
-/// The number that the server of the suite gives for a procedure that is not there.
+/// The error number of the suite's server for a procedure that does not exist.
 constexpr int kNoSuchProcedure = 2812;
 
 }  // namespace

@@ -28,8 +28,8 @@ void DeletePattern(void* pattern) {
   std::unique_ptr<LikePattern>(static_cast<LikePattern*>(pattern)).reset();
 }
 
-/// `text like pattern` is called as like(pattern, text). A pattern that is the same for all rows is read
-/// once.
+/// SQLite calls like(pattern, text) for `text like pattern`. A pattern that is constant for a statement is
+/// parsed once.
 void Like(sqlite3_context* context, int /*count*/, sqlite3_value** arguments) {
   if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
     return;

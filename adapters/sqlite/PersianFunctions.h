@@ -4,9 +4,8 @@ struct sqlite3;
 
 namespace koru {
 
-/// Gives a connection the collation KORU (the order and equality of ComparePersian) and a `like` that
-/// compares the same way, with the wildcards of the suite's server. Throws DatabaseError when SQLite refuses
-/// them.
+/// Registers with a connection the collation KORU (the order and equality of ComparePersian) and a `like`
+/// that compares the same way, with the wildcards of the suite's server. Throws DatabaseError.
 void RegisterPersianFunctions(sqlite3* connection);
 
 }  // namespace koru

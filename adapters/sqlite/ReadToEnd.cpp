@@ -43,7 +43,7 @@ void AppendRow(Recordset& records, const SqliteStatement& statement, int columns
 
 Recordset ReadToEnd(SqliteStatement& statement) {
   const ResetAtEnd reset(statement);
-  // The first step comes before the names: it prepares the statement anew when the tables have changed.
+  // Step first: if the tables have changed, the first step prepares the statement again.
   bool hasRow = statement.Step();
   const int columns = statement.ColumnCount();
   std::vector<std::string> names;

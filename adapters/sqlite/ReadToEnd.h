@@ -5,9 +5,8 @@
 
 namespace koru {
 
-/// All rows of a statement. Also when one of its steps fails, it is ready to run again afterwards: a
-/// statement that is kept must not stay half read, where it would hold its lock and its snapshot of the file.
-/// Throws DatabaseError.
+/// Runs a statement and returns all its rows. Resets the statement, also if a step fails: a cached statement
+/// that is not reset holds its lock and its view of the file. Throws DatabaseError.
 [[nodiscard]] Recordset ReadToEnd(SqliteStatement& statement);
 
 }  // namespace koru

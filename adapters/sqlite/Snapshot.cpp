@@ -9,25 +9,26 @@
 namespace koru {
 namespace {
 
-/// A calculation has two to four selections; statements about ever other keys do not pile them up.
-constexpr std::size_t kKeptSelections = 16;
+/// A calculation has two to four hoisted subqueries. More sets are kept only up to this number, so that
+/// statements with ever different literals do not fill the memory.
+constexpr std::size_t kMaxKeySets = 16;
 
 const Literal& LiteralOf(const std::vector<Literal>& literals, int number) {
   return literals.at(static_cast<std::size_t>(number - 1));
 }
 
-std::vector<std::int64_t> ReadKeys(SqliteStatement& selection) {
+std::vector<std::int64_t> ReadKeys(SqliteStatement& subquery) {
   std::vector<std::int64_t> keys;
-  while (selection.Step()) keys.push_back(selection.Integer(0));
+  while (subquery.Step()) keys.push_back(subquery.Integer(0));
   return keys;
 }
 
 }  // namespace
 
 Snapshot::Snapshot(SqliteConnection& connection, std::size_t keptStatements)
-    : connection_(connection), statements_(keptStatements, [this](const std::string& shape) {
-        ShapeOverKeys translated = TranslateOverKeys(shape, connection_);
-        return KeptStatement{connection_.Prepare(translated.sql), std::move(translated.selections)};
+    : connection_(connection), statements_(keptStatements, [this](const std::string& normalized) {
+        HoistedStatement translated = TranslateHoisted(normalized, connection_);
+        return KeptStatement{connection_.Prepare(translated.sql), std::move(translated.subqueries)};
       }) {}
 
 void Snapshot::Begin() {
@@ -37,46 +38,46 @@ void Snapshot::Begin() {
 
 void Snapshot::End() noexcept {
   if (!std::exchange(open_, false)) return;
-  ranks_.clear();
+  keySets_.clear();
   try {
     if (connection_.InTransaction()) connection_.Execute("COMMIT");
   } catch (const DatabaseError&) {  // NOLINT(bugprone-empty-catch): it has only read
   }
 }
 
-bool Snapshot::Stands() {
+bool Snapshot::IsOpen() {
   if (open_ && !connection_.InTransaction()) End();
   return open_;
 }
 
-SqliteStatement* Snapshot::Ready(const StatementShape& shape) {
-  KeptStatement& kept = statements_.Get(shape.text);
+SqliteStatement* Snapshot::Ready(const NormalizedStatement& statement) {
+  KeptStatement& kept = statements_.Get(statement.text);
   if (!kept.statement.IsReadOnly()) return nullptr;
-  BindAll(kept.statement, shape.literals);
-  if (ranks_.size() > kKeptSelections) ranks_.clear();
-  for (const Selection& selection : kept.selections) {
-    kept.statement.BindPointer(selection.parameter, &RanksOf(selection, shape.literals),
-                               KeyRanks::kPointerType);
+  BindAll(kept.statement, statement.literals);
+  if (keySets_.size() > kMaxKeySets) keySets_.clear();
+  for (const Subquery& subquery : kept.subqueries) {
+    kept.statement.BindPointer(subquery.parameter, &KeysOf(subquery, statement.literals),
+                               RankedKeySet::kPointerType);
   }
   return &kept.statement;
 }
 
-const KeyRanks& Snapshot::RanksOf(const Selection& selection, const std::vector<Literal>& literals) {
-  const std::vector<int>& numbers = selection.literals;
-  const auto found = std::find_if(ranks_.begin(), ranks_.end(), [&](const KeptRanks& kept) {
-    // Keys in some order serve where the order does not count.
-    return kept.sql == selection.sql && (selection.order.empty() || kept.order == selection.order) &&
+const RankedKeySet& Snapshot::KeysOf(const Subquery& subquery, const std::vector<Literal>& literals) {
+  const std::vector<int>& numbers = subquery.literals;
+  const auto found = std::find_if(keySets_.begin(), keySets_.end(), [&](const KeptKeySet& kept) {
+    // A set in some order serves where any order does.
+    return kept.sql == subquery.sql && (subquery.order.empty() || kept.order == subquery.order) &&
            std::equal(numbers.begin(), numbers.end(), kept.values.begin(), kept.values.end(),
                       [&](int number, const Literal& value) { return LiteralOf(literals, number) == value; });
   });
-  if (found != ranks_.end()) return found->ranks;
-  SqliteStatement statement = connection_.Prepare(selection.sql + selection.order);
+  if (found != keySets_.end()) return found->keys;
+  SqliteStatement statement = connection_.Prepare(subquery.sql + subquery.order);
   std::vector<Literal> values;
   values.reserve(numbers.size());
   for (const int number : numbers) values.push_back(LiteralOf(literals, number));
   BindAll(statement, values);
-  ranks_.push_front({selection.sql, selection.order, std::move(values), KeyRanks(ReadKeys(statement))});
-  return ranks_.front().ranks;
+  keySets_.push_front({subquery.sql, subquery.order, std::move(values), RankedKeySet(ReadKeys(statement))});
+  return keySets_.front().keys;
 }
 
 }  // namespace koru

@@ -7,52 +7,52 @@
 #include <vector>
 
 #include "adapters/sqlite/Dialect.h"
-#include "adapters/sqlite/KeyRanks.h"
+#include "adapters/sqlite/NormalizedStatement.h"
+#include "adapters/sqlite/RankedKeySet.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/StatementCache.h"
-#include "adapters/sqlite/StatementShape.h"
 
 namespace koru {
 
-/// Many statements that read the same state of the file. What other connections write meanwhile is not seen,
-/// and does not wait. Selections of keys that the statements share are made once and kept until the snapshot
-/// ends: nothing that they were made from can have changed.
+/// A read transaction for many statements, which all see the same state of the file. Other connections write
+/// meanwhile without waiting, and their changes are not visible. Subqueries that the statements share are
+/// hoisted, and their results kept until the snapshot ends: within it the data cannot change.
 class Snapshot {
  public:
-  /// `connection` must outlive the object. At most so many prepared statements are kept, also from one
-  /// snapshot to the next.
+  /// `connection` must outlive the object. Keeps up to `keptStatements` prepared statements, also across
+  /// snapshots.
   Snapshot(SqliteConnection& connection, std::size_t keptStatements);
 
-  /// The state is that of the first statement that reads. Throws DatabaseError.
+  /// The first statement that reads fixes the state. Throws DatabaseError.
   void Begin();
-  /// Does nothing when there is none. Does not throw: nothing was written.
+  /// Does nothing if no snapshot is open.
   void End() noexcept;
-  /// Whether there is one; a failure may have ended it.
-  [[nodiscard]] bool Stands();
+  /// Whether a snapshot is open; a failing statement may have ended it.
+  [[nodiscard]] bool IsOpen();
 
-  /// The statement with its values, ready to run and valid until the next one; nullptr when it writes, for
-  /// which the snapshot has to end. Throws DatabaseError.
-  [[nodiscard]] SqliteStatement* Ready(const StatementShape& shape);
+  /// The statement with its parameters bound, ready to run and valid until the next call. Returns nullptr for
+  /// a statement that writes: it has to run outside the snapshot. Throws DatabaseError.
+  [[nodiscard]] SqliteStatement* Ready(const NormalizedStatement& statement);
 
   [[nodiscard]] std::size_t KeptStatements() const { return statements_.Size(); }
 
  private:
-  using Selection = ShapeOverKeys::Keys;
+  using Subquery = HoistedStatement::Subquery;
   struct KeptStatement {
     SqliteStatement statement;
-    std::vector<Selection> selections;
+    std::vector<Subquery> subqueries;
   };
-  struct KeptRanks {
+  struct KeptKeySet {
     std::string sql;
     std::string order;
     std::vector<Literal> values;
-    KeyRanks ranks;
+    RankedKeySet keys;
   };
-  const KeyRanks& RanksOf(const Selection& selection, const std::vector<Literal>& literals);
+  const RankedKeySet& KeysOf(const Subquery& subquery, const std::vector<Literal>& literals);
 
   SqliteConnection& connection_;
   StatementCache<KeptStatement> statements_;
-  std::list<KeptRanks> ranks_;
+  std::list<KeptKeySet> keySets_;
   bool open_ = false;
 };
 

@@ -2,8 +2,8 @@
 
 #include <sqlite3.h>
 
-#include "adapters/sqlite/KeyRanks.h"
 #include "adapters/sqlite/PersianFunctions.h"
+#include "adapters/sqlite/RankedKeySet.h"
 #include "platform/sql/DatabaseError.h"
 #include "platform/text/Text.h"
 
@@ -17,13 +17,6 @@ constexpr std::string_view kFindIntegerKey =
     "select 1 from (select count(*) as parts, max(name) as name, max(type) as type from "
     "pragma_table_info(?1) "
     "where pk > 0) where parts = 1 and name = ?2 collate nocase and type = 'INTEGER' collate nocase";
-
-/// An index is known as one on the trimmed column by its text: SQLite lists expressions without saying which.
-constexpr std::string_view kFindTrimmedIndexOnly =
-    "select 1 from sqlite_schema where type = 'index' and tbl_name = ?1 collate nocase and "
-    "instr(lower(replace(sql, ' ', '')), '(ltrim(rtrim(' || lower(?2) || '))') > 0 and not exists ("
-    "select 1 from pragma_index_list(?1) as list, pragma_index_info(list.name) as led "
-    "where led.seqno = 0 and led.name = ?2 collate nocase)";
 
 }  // namespace
 
@@ -47,7 +40,7 @@ void SqliteStatement::Bind(int parameter, double number) {
 }
 
 void SqliteStatement::Bind(int parameter, std::string_view text) {
-  // A null pointer would be bound as NULL, and an empty text is not NULL.
+  // A null pointer would bind NULL, and an empty text is not NULL.
   const char* begin = text.empty() ? "" : text.data();
   Check(sqlite3_bind_text64(statement_.get(), parameter, begin, text.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
 }
@@ -57,7 +50,7 @@ void SqliteStatement::Bind(int parameter, std::nullptr_t) {
 }
 
 void SqliteStatement::BindPointer(int parameter, const void* object, const char* type) {
-  // SQLite hands the pointer back as it came, and the functions that take it only look.
+  // SQLite passes the pointer on unchanged, and the functions that take it only read.
   Check(sqlite3_bind_pointer(statement_.get(), parameter, const_cast<void*>(object), type, nullptr));
 }
 
@@ -113,13 +106,13 @@ SqliteConnection::SqliteConnection(const std::string& path, Mode mode,
   if (result != SQLITE_OK) Fail({});
   sqlite3_extended_result_codes(opened, 1);
   sqlite3_busy_timeout(opened, static_cast<int>(busyTimeout.count()));
-  // A misspelt "name" is an error, not a text; and what a file from elsewhere defines can call nothing
-  // harmful.
+  // A misspelt "name" is an error, not a text, and the schema of a foreign file cannot call harmful
+  // functions.
   sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   RegisterPersianFunctions(opened);
-  RegisterKeyRanks(opened);
+  RegisterKeyRank(opened);
 }
 
 void SqliteConnection::Fail(std::string_view statement) const {
@@ -182,19 +175,11 @@ bool SqliteConnection::IsIntegerColumn(const std::string& table, const std::stri
   return found == SQLITE_OK && type != nullptr && EqualsNoCase(type, "INTEGER");
 }
 
-bool SqliteConnection::Finds(std::string_view query, const std::string& table, const std::string& column) {
-  SqliteStatement statement = Prepare(query);
+bool SqliteConnection::IsIntegerKey(const std::string& table, const std::string& column) {
+  SqliteStatement statement = Prepare(kFindIntegerKey);
   statement.Bind(1, table);
   statement.Bind(2, column);
   return statement.Step();
-}
-
-bool SqliteConnection::IsIntegerKey(const std::string& table, const std::string& column) {
-  return Finds(kFindIntegerKey, table, column);
-}
-
-bool SqliteConnection::HasTrimmedIndexOnly(const std::string& table, const std::string& column) {
-  return Finds(kFindTrimmedIndexOnly, table, column);
 }
 
 }  // namespace koru

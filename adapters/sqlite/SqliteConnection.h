@@ -19,7 +19,7 @@ class SqliteStatement {
  public:
   explicit SqliteStatement(sqlite3_stmt* prepared) : statement_(prepared) {}
 
-  /// Parameters count from 1 and keep their value until they are bound anew.
+  /// Parameters are numbered from 1 and keep their value until they are bound again.
   void Bind(int parameter, std::integral auto number) {
     BindInteger(parameter, static_cast<std::int64_t>(number));
   }
@@ -28,19 +28,19 @@ class SqliteStatement {
   void Bind(int parameter, std::string_view text);
   /// NULL.
   void Bind(int parameter, std::nullptr_t);
-  /// An object that only functions of this connection can see; it must stay until the parameter is bound anew
-  /// or the statement is not run any more. `type` is a constant.
+  /// An object for the functions of this connection; it must outlive the last run of the statement with it.
+  /// `type` is a string constant.
   void BindPointer(int parameter, const void* object, const char* type);
 
-  /// Moves to the next row; false when there is none. A statement that returns no rows is done after one
-  /// step.
+  /// Moves to the next row; returns false if there is none. A statement that returns no rows is complete
+  /// after one step.
   bool Step();
-  /// Ready to run again from its beginning. Does not throw: what failed was reported by Step.
+  /// Prepares for the next run. Does not throw: Step has reported any failure.
   void Reset() noexcept;
   /// Steps once and resets; for statements that return no rows.
   void Run();
 
-  /// Whether running it changes nothing in the file.
+  /// Whether it changes nothing in the file.
   [[nodiscard]] bool IsReadOnly() const;
 
   /// Columns count from 0. The values are those of the row that the last Step moved to.
@@ -64,13 +64,13 @@ class SqliteStatement {
   std::unique_ptr<sqlite3_stmt, Finalize> statement_;
 };
 
-/// A connection to one database file, which knows the collation KORU, compares `like` as the suite's server
-/// does, and looks up KeyRanks. Used by one thread.
+/// A connection to one database file, with the collation KORU, the `like` of the suite's server and
+/// koru_key_rank (RankedKeySet.h). Used by one thread.
 class SqliteConnection {
  public:
   enum class Mode {
-    Existing,  ///< the file must be there; opening it changes nothing
-    Create     ///< the file is made when it is not there
+    Existing,  ///< the file must exist; opening it changes nothing
+    Create     ///< a missing file is created
   };
 
   /// `path` is UTF-8. `busyTimeout` is how long a statement waits for another connection's lock before it
@@ -81,41 +81,36 @@ class SqliteConnection {
   /// first that fails.
   void Execute(const std::string& sql);
 
-  /// Throws DatabaseError when `sql` is not one statement.
+  /// Throws DatabaseError if `sql` is not one statement.
   [[nodiscard]] SqliteStatement Prepare(std::string_view sql);
 
-  /// The first column of the first row as a whole number; 0 when there is no row.
+  /// The first column of the first row as an integer; 0 if there is no row.
   std::int64_t Number(std::string_view sql);
 
-  /// Whether statements run in a transaction at this moment.
+  /// Whether a transaction is open.
   [[nodiscard]] bool InTransaction() const;
-  /// Gives the memory back that pages of the file are kept in, but for those in use.
+  /// Releases the page cache, except for pages in use.
   void ReleasePages() const;
   /// The path of the file in full.
   [[nodiscard]] std::string File() const;
   /// Whether the file was deleted or moved, or another one put in its place.
   [[nodiscard]] bool HasMoved() const;
-  /// The path of the file's write-ahead log, which is there while the connection has read; empty when the
-  /// file has none.
+  /// The path of the file's write-ahead log, which exists once the connection has read; empty if the file
+  /// uses none.
   [[nodiscard]] std::string WriteAheadLog();
-  /// Whether the file can only be read.
+  /// Whether the file is read-only.
   [[nodiscard]] bool IsReadOnly() const;
-  /// Whether `table` is a table (not a view) with a column of that name, regardless of case.
+  /// Whether `table` is a table (not a view) with a column of that name; case does not matter.
   [[nodiscard]] bool HasColumn(const std::string& table, const std::string& column) const;
-  /// Whether that column by itself is the table's whole-number primary key.
+  /// Whether that column alone is the table's integer primary key.
   [[nodiscard]] bool IsIntegerKey(const std::string& table, const std::string& column);
-  /// Whether the column of a table is declared to hold whole numbers.
+  /// Whether the column is declared INTEGER.
   [[nodiscard]] bool IsIntegerColumn(const std::string& table, const std::string& column) const;
-  /// Whether an index leads with `ltrim(rtrim(column))` and none, nor the primary key, with the column
-  /// itself.
-  [[nodiscard]] bool HasTrimmedIndexOnly(const std::string& table, const std::string& column);
 
  private:
   struct Close {
     void operator()(sqlite3* connection) const noexcept;
   };
-  /// Whether the query, given the two names, finds a row.
-  bool Finds(std::string_view query, const std::string& table, const std::string& column);
   [[noreturn]] void Fail(std::string_view statement) const;
 
   std::unique_ptr<sqlite3, Close> connection_;

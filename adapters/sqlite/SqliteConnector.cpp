@@ -40,7 +40,7 @@ void CheckIsFile(const std::string& file) {
   }
 }
 
-/// What a failure of the first look into a file means for a person.
+/// Throws what a failure of the first read means for the user.
 [[noreturn]] void FailToRead(const DatabaseError& failure, const std::string& file) {
   const std::string reason = " (" + failure.ServerText() + ")";
   switch (failure.Code() & 0xFF) {
@@ -79,7 +79,7 @@ void CheckIsOurs(SqliteConnection& connection, const std::string& file) {
        SQLITE_SCHEMA);
 }
 
-/// Opens the file and looks into it, so that what is no database is found out here.
+/// Opens the file and reads its schema, so that a file that is no database fails here.
 SqliteConnection OpenFile(const std::string& file, std::chrono::milliseconds busyTimeout) {
   try {
     SqliteConnection connection(file, SqliteConnection::Mode::Existing, busyTimeout);

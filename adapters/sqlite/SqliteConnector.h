@@ -8,10 +8,10 @@
 
 namespace koru {
 
-/// Connects to the embedded database: `Provider=SQLite;Data Source=<file>`. Opening neither makes nor changes
-/// a file (CreateDatabaseFile makes one). What is not usable throws DatabaseError with one sentence that
-/// names the file: no file named, missing, a folder, not permitted, no database, not one of ours, of an older
-/// or newer version, locked.
+/// Connects to the embedded database: `Provider=SQLite;Data Source=<file>`. Opening neither creates nor
+/// changes a file (CreateDatabaseFile creates one). Throws DatabaseError with one sentence that names the
+/// file if it cannot be used: no file named, missing, a folder, not permitted, no database, not the suite's,
+/// of an older or newer version, locked.
 class SqliteConnector : public DatabaseConnector {
  public:
   static constexpr std::chrono::milliseconds kBusyTimeout{5000};

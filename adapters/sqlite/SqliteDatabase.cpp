@@ -6,6 +6,7 @@
 #include <system_error>
 #include <utility>
 
+#include "adapters/sqlite/AddedIndexes.h"
 #include "adapters/sqlite/BindLiteral.h"
 #include "adapters/sqlite/Dialect.h"
 #include "adapters/sqlite/FilePath.h"
@@ -18,20 +19,20 @@
 namespace koru {
 namespace {
 
-/// What so many records were read from is not kept in memory beside them: it is hardly read twice.
-constexpr std::size_t kLongReading = 5'000;
+/// After a result with more records than this, the page cache is released: such a list is rarely read twice.
+constexpr std::size_t kMaxRecordsToCache = 5'000;
 
 constexpr const char* kBegin = "BEGIN IMMEDIATE";
 constexpr const char* kCommit = "COMMIT";
 
 }  // namespace
 
-class SqliteDatabase::SnapshotGroup : public ReadSnapshot {
+class SqliteDatabase::SnapshotScope : public ReadSnapshot {
  public:
-  explicit SnapshotGroup(Snapshot& snapshot) : snapshot_(snapshot) { snapshot_.Begin(); }
-  SnapshotGroup(const SnapshotGroup&) = delete;
-  SnapshotGroup& operator=(const SnapshotGroup&) = delete;
-  ~SnapshotGroup() override { snapshot_.End(); }
+  explicit SnapshotScope(Snapshot& snapshot) : snapshot_(snapshot) { snapshot_.Begin(); }
+  SnapshotScope(const SnapshotScope&) = delete;
+  SnapshotScope& operator=(const SnapshotScope&) = delete;
+  ~SnapshotScope() override { snapshot_.End(); }
 
  private:
   Snapshot& snapshot_;
@@ -40,42 +41,40 @@ class SqliteDatabase::SnapshotGroup : public ReadSnapshot {
 SqliteDatabase::SqliteDatabase(SqliteConnection connection)
     : connection_(std::move(connection)),
       cache_(kKeptStatements,
-             [this](const std::string& shape) {
-               return connection_.Prepare(TranslateShape(shape, connection_));
-             }),
+             [this](const std::string& normalized) { return connection_.Prepare(Translate(normalized)); }),
       snapshot_(connection_, kKeptStatements) {
   log_ = PathOf(connection_.WriteAheadLog());
-  // Up to 128 MB of pages are kept: with a quarter of that, a calculation over two million document lines
-  // takes half as long again. The file is not mapped into memory, where a failing disk would end the program
-  // without a word.
+  // The page cache holds up to 128 MB: with a quarter of that, a calculation over two million document lines
+  // takes 1.5 times as long. The file is not memory-mapped: a failing disk would kill the program with a
+  // signal, where a read reports an error.
   connection_.Execute(
       "PRAGMA synchronous=FULL; PRAGMA foreign_keys=OFF; PRAGMA cache_size=-131072; PRAGMA "
       "temp_store=MEMORY");
 }
 
 Recordset SqliteDatabase::Open(const SqlText& statement) {
-  const StatementShape shape = ReadShape(statement.Text());
+  const NormalizedStatement normalized = Normalize(statement.Text());
   try {
-    Recordset records = Run(shape);
-    if (records.RecordCount() > kLongReading && openGroups_ == 0 && !snapshot_.Stands())
+    Recordset records = Run(normalized);
+    if (records.RecordCount() > kMaxRecordsToCache && batchLevels_ == 0 && !snapshot_.IsOpen())
       connection_.ReleasePages();
     return records;
   } catch (const DatabaseError& failure) {
-    const DatabaseError told(failure.ServerText(), failure.Code(), statement.Text());
-    CheckGroupStillThere(told);
-    throw told;
+    const DatabaseError ofStatement(failure.ServerText(), failure.Code(), statement.Text());
+    CheckBatchNotLost(ofStatement);
+    throw ofStatement;
   }
 }
 
-Recordset SqliteDatabase::Run(const StatementShape& shape) {
-  if (snapshot_.Stands()) {
-    if (SqliteStatement* statement = snapshot_.Ready(shape)) return ReadToEnd(*statement);
+Recordset SqliteDatabase::Run(const NormalizedStatement& statement) {
+  if (snapshot_.IsOpen()) {
+    if (SqliteStatement* ready = snapshot_.Ready(statement)) return ReadToEnd(*ready);
     snapshot_.End();
   }
-  SqliteStatement& statement = cache_.Get(shape.text);
-  if (openGroups_ == 0 && !statement.IsReadOnly()) RequireFiles(shape.text);
-  BindAll(statement, shape.literals);
-  return ReadToEnd(statement);
+  SqliteStatement& prepared = cache_.Get(statement.text);
+  if (batchLevels_ == 0 && !prepared.IsReadOnly()) RequireFiles(statement.text);
+  BindAll(prepared, statement.literals);
+  return ReadToEnd(prepared);
 }
 
 std::int32_t SqliteDatabase::Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) {
@@ -84,23 +83,24 @@ std::int32_t SqliteDatabase::Call(std::string_view procedure, const std::vector<
 
 std::unique_ptr<WriteBatch> SqliteDatabase::BeginWriteBatch() {
   snapshot_.End();
-  if (openGroups_ == 0) {
+  if (batchLevels_ == 0) {
     RequireFiles(kBegin);
     connection_.Execute(kBegin);
   }
-  auto group = std::make_unique<WriteBatchLevel>([this] { EndGroup(); });
-  ++openGroups_;
-  return group;
+  auto level = std::make_unique<WriteBatchLevel>([this] { EndBatchLevel(); });
+  ++batchLevels_;
+  return level;
 }
 
 std::unique_ptr<ReadSnapshot> SqliteDatabase::BeginReadSnapshot() {
-  if (openGroups_ > 0 || snapshot_.Stands()) return std::make_unique<ReadSnapshot>();
+  if (batchLevels_ > 0 || snapshot_.IsOpen()) return std::make_unique<ReadSnapshot>();
   RequireFiles({});
-  return std::make_unique<SnapshotGroup>(snapshot_);
+  AddMissingIndexes(connection_);
+  return std::make_unique<SnapshotScope>(snapshot_);
 }
 
-void SqliteDatabase::EndGroup() {
-  if (--openGroups_ > 0) return;
+void SqliteDatabase::EndBatchLevel() {
+  if (--batchLevels_ > 0) return;
   if (!connection_.InTransaction()) {
     throw DatabaseError("تغييرات اين فرمان ثبت نشد.", SQLITE_ABORT, kCommit);
   }
@@ -126,8 +126,8 @@ void SqliteDatabase::RequireFiles(const std::string& statement) const {
                       statement);
 }
 
-void SqliteDatabase::CheckGroupStillThere(const DatabaseError& failure) const {
-  if (openGroups_ == 0 || connection_.InTransaction()) return;
+void SqliteDatabase::CheckBatchNotLost(const DatabaseError& failure) const {
+  if (batchLevels_ == 0 || connection_.InTransaction()) return;
   throw DatabaseError("تغييرات پيشين اين فرمان نيز از دست رفت: " + failure.ServerText(), failure.Code(),
                       failure.Statement());
 }

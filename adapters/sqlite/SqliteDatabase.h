@@ -6,55 +6,57 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/sqlite/NormalizedStatement.h"
 #include "adapters/sqlite/Snapshot.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/StatementCache.h"
-#include "adapters/sqlite/StatementShape.h"
 #include "platform/sql/Database.h"
 #include "platform/sql/DatabaseError.h"
 
 namespace koru {
 
-/// The embedded database: statements in the suite's server's dialect against a file. Must outlive its groups.
-/// Writing, and each group, throws DatabaseError when the file was deleted or moved meanwhile: SQLite would
-/// go on writing into what no program can open any more.
+/// The embedded database: runs statements in the suite's server's dialect on a file. Must outlive its write
+/// batches and snapshots. A statement that writes, and the beginning and end of a batch, throw DatabaseError
+/// if the file was deleted or moved meanwhile: SQLite would continue to write to a file that no other program
+/// can open.
 class SqliteDatabase : public Database {
  public:
-  /// How many prepared statements are kept. The system sends some sixty shapes.
+  /// The maximum number of prepared statements kept. The system sends some sixty different ones.
   static constexpr std::size_t kKeptStatements = 128;
 
-  /// `connection` is open on a file of ours.
+  /// `connection` is open on a file of the suite.
   explicit SqliteDatabase(SqliteConnection connection);
 
   Recordset Open(const SqlText& statement) override;
-  /// Knows `spPelinHasPermission( user, permission )` alone: 1 when `tblPelinUserPermission` has the row,
-  /// else 0.
+  /// Supports `spPelinHasPermission( user, permission )` only: returns 1 if `tblPelinUserPermission` has the
+  /// row, else 0.
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
-  /// A transaction from its beginning, so that a later statement cannot find the file locked. Throws
-  /// DatabaseError when it is locked now.
+  /// Begins a transaction that holds the write lock, so that no later statement finds the file locked. Throws
+  /// DatabaseError if it is locked now.
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override;
-  /// A snapshot of the file, which holds no lock against anyone. A write inside it ends the snapshot and the
-  /// rest of the group runs as without; a group inside another one does nothing.
+  /// A read transaction, which blocks no other connection. Creates the indexes that a file of an earlier
+  /// version lacks (AddedIndexes.h) first. A statement that writes ends the snapshot; later statements see
+  /// the current data. Inside a write batch or another snapshot it has no effect.
   [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override;
 
-  /// The number of prepared statements that are kept.
+  /// The number of prepared statements currently kept.
   [[nodiscard]] std::size_t KeptStatements() const { return cache_.Size() + snapshot_.KeptStatements(); }
 
  private:
-  class SnapshotGroup;
+  class SnapshotScope;
 
-  Recordset Run(const StatementShape& shape);
-  /// Throws DatabaseError when the file or its log is not in its place. Costs two looks at the folder.
+  Recordset Run(const NormalizedStatement& statement);
+  /// Throws DatabaseError if the file or its log is not at its path. Costs two calls of the file system.
   void RequireFiles(const std::string& statement) const;
-  void EndGroup();
-  /// Throws the failure of a statement of a group whose transaction SQLite has given up.
-  void CheckGroupStillThere(const DatabaseError& failure) const;
+  void EndBatchLevel();
+  /// Throws if `failure` made SQLite roll the batch's transaction back.
+  void CheckBatchNotLost(const DatabaseError& failure) const;
 
   SqliteConnection connection_;
-  std::filesystem::path log_;  ///< empty when the file has none
+  std::filesystem::path log_;  ///< the write-ahead log; empty when the file has none
   StatementCache<SqliteStatement> cache_;
   Snapshot snapshot_;
-  int openGroups_ = 0;
+  int batchLevels_ = 0;
 };
 
 }  // namespace koru

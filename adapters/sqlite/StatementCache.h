@@ -10,29 +10,29 @@
 
 namespace koru {
 
-/// Prepared statements by the shape that they were made from. When it is full, the one that was not used for
-/// longest goes. Statement: whatever `Prepare` makes of a shape.
+/// An LRU cache of prepared statements, by the normalized text that they were prepared from. `Statement` is
+/// whatever `Prepare` returns.
 template <class Statement>
 class StatementCache {
  public:
-  using Prepare = std::function<Statement(const std::string& shape)>;
+  using Prepare = std::function<Statement(const std::string& text)>;
 
   StatementCache(std::size_t capacity, Prepare prepare) : capacity_(capacity), prepare_(std::move(prepare)) {}
 
-  /// The statement of that shape, prepared now or earlier; valid until the next Get. What `prepare` throws
-  /// passes through, and nothing is kept.
-  Statement& Get(const std::string& shape) {
-    // A command that saves sends one shape thousands of times.
-    if (!entries_.empty() && entries_.front().shape == shape) return entries_.front().statement;
-    const auto found = places_.find(shape);
+  /// The statement of that text, prepared now or earlier; valid until the next Get. Exceptions of `prepare`
+  /// propagate, and the cache stays as it is.
+  Statement& Get(const std::string& text) {
+    // A save sends the same text thousands of times.
+    if (!entries_.empty() && entries_.front().text == text) return entries_.front().statement;
+    const auto found = places_.find(text);
     if (found != places_.end()) {
       entries_.splice(entries_.begin(), entries_, found->second);
       return entries_.front().statement;
     }
-    entries_.push_front({shape, prepare_(shape)});
-    places_.emplace(entries_.front().shape, entries_.begin());
+    entries_.push_front({text, prepare_(text)});
+    places_.emplace(entries_.front().text, entries_.begin());
     if (entries_.size() > capacity_) {
-      places_.erase(entries_.back().shape);
+      places_.erase(entries_.back().text);
       entries_.pop_back();
     }
     return entries_.front().statement;
@@ -41,12 +41,12 @@ class StatementCache {
 
  private:
   struct Entry {
-    std::string shape;
+    std::string text;
     Statement statement;
   };
   std::size_t capacity_;
   Prepare prepare_;
-  std::list<Entry> entries_;  ///< the one used last is in front
+  std::list<Entry> entries_;  ///< the most recently used first
   std::unordered_map<std::string_view, typename std::list<Entry>::iterator> places_;
 };
 

@@ -12,16 +12,16 @@ bool StatementToken::Is(std::string_view word) const {
   return canBe && EqualsNoCase(text, word);
 }
 
-StatementTokens ReadTokens(std::string_view shape) {
+StatementTokens ReadTokens(std::string_view normalized) {
   StatementTokens tokens;
-  SqlLexer lexer(shape);
-  std::size_t behindLast = 0;
+  SqlLexer lexer(normalized);
+  std::size_t endOfLast = 0;
   int literals = 0;
   for (SqlToken token = lexer.Next(); token.kind != SqlTokenKind::End; token = lexer.Next()) {
     const bool isLiteral = token.kind == SqlTokenKind::String || token.kind == SqlTokenKind::Parameter;
     std::string text = isLiteral ? "?" + std::to_string(++literals) : std::string(lexer.TextOf(token));
-    tokens.push_back({token.kind, std::move(text), token.begin > behindLast});
-    behindLast = token.end;
+    tokens.push_back({token.kind, std::move(text), token.begin > endOfLast});
+    endOfLast = token.end;
   }
   return tokens;
 }

@@ -3,7 +3,7 @@
 namespace koru {
 namespace {
 
-/// Looking back from `at`: the `where` of the same level.
+/// The last `where` before `at` on the same level of parentheses.
 std::optional<std::size_t> WhereBefore(const StatementTokens& tokens, std::size_t at) {
   int closed = 0;
   while (at-- > 0) {
@@ -14,16 +14,16 @@ std::optional<std::size_t> WhereBefore(const StatementTokens& tokens, std::size_
   return {};
 }
 
-bool EndsPart(const StatementToken& token) {
+bool EndsTerm(const StatementToken& token) {
   return token.kind == SqlTokenKind::End || token.Is("and") || token.Is("order") || token.Is("group") ||
          token.Is(")");
 }
 
 }  // namespace
 
-std::optional<std::size_t> WhereOfPart(const StatementTokens& tokens, std::size_t begin, std::size_t end) {
+std::optional<std::size_t> WhereOfTerm(const StatementTokens& tokens, std::size_t begin, std::size_t end) {
   if (begin == 0 || !(tokens[begin - 1].Is("where") || tokens[begin - 1].Is("and"))) return {};
-  if (!EndsPart(At(tokens, end))) return {};
+  if (!EndsTerm(At(tokens, end))) return {};
   const std::optional<std::size_t> where = WhereBefore(tokens, begin);
   if (!where) return {};
   const bool joinedOtherwise =

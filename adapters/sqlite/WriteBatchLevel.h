@@ -8,7 +8,7 @@
 
 namespace koru {
 
-/// One level of nested write groups; `end` closes it, once, and knows whether it was the outermost.
+/// One level of nested write batches. Calls `end` once; `end` knows whether the level is the outermost.
 class WriteBatchLevel : public WriteBatch {
  public:
   explicit WriteBatchLevel(std::function<void()> end) : end_(std::move(end)) {}

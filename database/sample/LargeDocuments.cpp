@@ -18,16 +18,16 @@ namespace {
 
 constexpr int kStartYear = 1402;
 constexpr int kLastYear = 1404;
-constexpr int kShareOfUnregistered = 10;  // one in so many documents
+constexpr int kShareOfUnregistered = 10;  // one document in this many
 
-/// The store that a store stands under; 0 for none.
+/// The parent of a store; 0 for none.
 int ParentOf(int store) {
   if (store > kCentralStore && store <= kLastOfCentral) return kCentralStore;
   if (store > 10 && store <= 16) return 10;
   return store > 17 && store <= 19 ? 17 : 0;
 }
 
-/// A number below `count`; the smaller, the more often.
+/// A number below `count`; smaller numbers are more frequent.
 int Uneven(Random& random, int count) { return random.Below(random.Below(count) + 1); }
 
 /// Writes the documents one by one and adds them up.
@@ -46,7 +46,7 @@ class LargeBook {
 
  private:
   DocumentLine WriteLine(const Document& document) {
-    // Goods that move much are spread over all makers. 7,919 shares no factor with the number of goods.
+    // Spreads the goods that move most over all makers. 7,919 and the number of goods have no common factor.
     const auto count = static_cast<std::int64_t>(goods_.size());
     const auto place = Uneven(random_, static_cast<int>(count)) * std::int64_t{7919} % count;
     LargeGood& good = goods_[static_cast<std::size_t>(place)];
@@ -58,8 +58,8 @@ class LargeBook {
     return {good.barcode, quantity, good.unit, quantity, value};
   }
 
-  /// A good has one price a day, so that the latest rate does not depend on which document of a day comes
-  /// first.
+  /// A good has one price per date, so that the latest rate does not depend on the order of the documents of
+  /// one date.
   static int PriceOn(const LargeGood& good, const Document& document) {
     const auto day = static_cast<int>(std::chrono::sys_days(document.day).time_since_epoch().count());
     return good.price + (day * 37 + (document.kind == DocumentKind::Receipt ? 0 : 13)) % 100 * 500;
@@ -107,7 +107,7 @@ void WriteLargeDocuments(SqliteConnection& connection, Random& random, const Lar
   int more = 0;
   for (int number = 0; number < counts.documents; ++number) {
     const std::chrono::days since(days * number / counts.documents);
-    // Every second document has as many lines more as the one before has less, so that the sum comes out.
+    // Each second document has the lines that the one before it lacks, so that the total is exact.
     more = number % 2 == 0 ? random.Below(average) : -more;
     book.Write(number % 4 < 2 ? DocumentKind::Receipt : DocumentKind::Dispatch, first + since,
                average + more);

@@ -30,8 +30,8 @@ inline constexpr int kLastOfCentral = 9;  ///< the central store's children are 
 void WriteLargeStores(SqliteConnection& connection);
 
 /// Receipts and dispatches of three years in the order of their days, nine in ten registered. Stores and
-/// goods have very different shares of them. `goods` learn what the documents add up to; `done` is told the
-/// share of documents written, in per cent.
+/// goods have very different shares of them. `goods` learn what the documents add up to; `done` is called
+/// with the share of documents written, in per cent.
 void WriteLargeDocuments(SqliteConnection& connection, Random& random, const LargeCounts& counts,
                          std::vector<LargeGood>& goods, const std::function<void(int)>& done);
 

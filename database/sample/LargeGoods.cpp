@@ -13,7 +13,7 @@ namespace koru::sample {
 namespace {
 
 constexpr int kGoodsOfOneMaker = 500;
-constexpr int kGoodsWithoutSaleUnit = 60;  // one in so many
+constexpr int kGoodsWithoutSaleUnit = 60;  // one good in this many
 
 constexpr std::array<std::string_view, 16> kStems = {"برنج طارم",
                                                      "چاي شكسته",

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint64_t kLargeSeed = 32767;
 
-/// Three goods in four were counted and accepted, mostly as the books say.
+/// Three goods in four were counted and accepted, mostly with the book stock.
 CountingLine LineFor(const LargeGood& good, Random& random) {
   CountingLine line;
   line.barcode = good.barcode;

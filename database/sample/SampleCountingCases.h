@@ -9,7 +9,7 @@
 
 namespace koru::sample {
 
-/// The countings by their keys; what each shows stands in docs/sample-data.md.
+/// The countings by their keys; docs/sample-data.md lists what each one shows.
 class CountingCases {
  public:
   CountingCases(SqliteConnection& connection, DocumentBook& documents, Random& random,

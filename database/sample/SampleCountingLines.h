@@ -15,7 +15,7 @@ namespace koru::sample {
 /// Which way the accepted counts of a counting may differ from the books.
 enum class Finding { Nothing, Shortages, Surpluses, Both };
 
-/// Makes lines as people count: book stock and rate from the registered documents of the store in the period,
+/// Makes lines as counters do: book stock and rate from the registered documents of the store in the period,
 /// the accepted count mostly equal to the books.
 class LineMaker {
  public:
@@ -24,7 +24,7 @@ class LineMaker {
   /// Lines for `count` of the goods, chosen at random among those that the books know in stock, in the goods'
   /// order.
   std::vector<CountingLine> Counted(const std::vector<Good>& goods, std::size_t count, Finding finding);
-  /// Lines for all goods; only the first count is there, for the first `counted` of them.
+  /// Lines for all goods; only the first `counted` of them have a count, the first one.
   std::vector<CountingLine> UnderWay(const std::vector<Good>& goods, std::size_t counted);
   /// The line of one good with its unit, books and rate, and nothing counted.
   CountingLine Uncounted(const std::string& barcode);

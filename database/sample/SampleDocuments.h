@@ -35,7 +35,7 @@ class DocumentBook {
  public:
   explicit DocumentBook(SqliteConnection& connection);
 
-  /// Answers the key of the new document.
+  /// Returns the key of the new document.
   int Write(const Document& document);
   /// Gives a document that has none the next code of its kind.
   void Register(DocumentKind kind, int id);

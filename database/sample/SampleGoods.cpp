@@ -93,8 +93,7 @@ class GoodsWriter {
   }
 
   void WriteRow(const Good& good, const Family& family, const std::string& name, std::int64_t price) {
-    // One after the other: within one call, each compiler would ask for the random numbers in an order of its
-    // own.
+    // In separate statements: the order in which a call evaluates its arguments depends on the compiler.
     const auto code = CodeOf(family.group);
     const auto retail = random_.OneIn(25) ? std::nullopt : std::optional(static_cast<double>(price));
     const auto currency =

@@ -21,7 +21,7 @@ struct Good {
 /// EAN-13.
 [[nodiscard]] std::string Barcode(int maker, int item);
 
-/// Types, currencies, groups and goods with their prices and sale units. Answers the goods that move, ordered
+/// Types, currencies, groups and goods with their prices and sale units. Returns the goods that move, ordered
 /// by their barcode.
 [[nodiscard]] std::vector<Good> WriteGoods(SqliteConnection& connection, Random& random);
 

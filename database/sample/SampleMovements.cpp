@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kDaysBetweenDeliveries = 18;
 constexpr int kDaysBetweenSales = 12;
-constexpr int kShareOfUnregistered = 14;  // one in so many documents
+constexpr int kShareOfUnregistered = 14;  // one document in this many
 
 /// Costs rise by two per cent a month.
 std::int64_t CostOn(const Good& good, Date day) {

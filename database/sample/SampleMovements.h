@@ -15,7 +15,7 @@ namespace koru::sample {
 inline constexpr int kFirstYear = 1403;
 inline constexpr int kSecondYear = 1404;
 
-/// The day of the Solar Hijri calendar.
+/// The date of the Solar Hijri calendar.
 [[nodiscard]] Date Day(int year, int month, int day);
 
 /// From the first day of the year to its last but one: on the last, the books of the year are closed.
@@ -30,8 +30,8 @@ struct StoreGoods {
 /// The six stores that trade: four main stores and two shops, each of which keeps every fourth good.
 [[nodiscard]] std::vector<StoreGoods> TradingStores(const std::vector<Good>& goods);
 
-/// Receipts and dispatches of two years in the order of their days. Nobody dispatches more than there is, but
-/// for a slip now and then.
+/// Receipts and dispatches of two years in the order of their dates. A dispatch exceeds the stock only in
+/// rare slips.
 class Movements {
  public:
   Movements(SqliteConnection& connection, DocumentBook& book, Random& random, std::vector<StoreGoods> stores);
@@ -40,7 +40,7 @@ class Movements {
   void Begin();
   /// Deliveries and sales of a year.
   void Trade(int year);
-  /// Takes what the books say at the end of the first year out of it and into the second.
+  /// Carries the book stock over from the end of the first year to the second.
   void CarryOver();
 
  private:

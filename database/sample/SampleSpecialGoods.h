@@ -7,7 +7,7 @@
 
 namespace koru::sample {
 
-/// Six goods of the store of returned goods, whose few documents are made so that each shows one thing.
+/// Six goods of the store of returned goods, each with few documents, for one case of the rules.
 enum class SpecialGood {
   StockOf5 = 1,        ///< received 8, dispatched 3, at a value of 2: book stock 5, rate 2
   BelowZero,           ///< dispatched 4, never received: book stock -4

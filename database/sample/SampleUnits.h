@@ -18,7 +18,7 @@ inline constexpr int kMillilitre = 31;
 inline constexpr int kRollOf50Metres = 41;
 inline constexpr int kBranch = 42;  ///< has no factor
 
-/// How many base units a unit that goods are delivered in holds; 1 for a base unit.
+/// The number of base units in a unit that goods are delivered in; 1 for a base unit.
 [[nodiscard]] int BaseUnitsIn(int unit);
 
 /// The units and their tree.

@@ -1,8 +1,9 @@
--- Indexes that serve the statements as they are written. Each costs something with every saved line, so there is none
--- that no statement asks for.
+-- Indexes for the statements as they are written. Each makes saving a line slower, so every one serves a statement.
+-- The indexes for the rates of a good, (Barcode, ReceiptID, Value) and (Barcode, DispatchID, Value), are in
+-- adapters/sqlite/AddedIndexes.h: they are also created in database files of earlier versions.
 
--- Book stock and rates of a good: barcodes are compared trimmed, so the trimmed barcode leads. The plain barcode, the
--- document and the numbers follow, so that the table itself is never read.
+-- Book stock of a good: barcodes are compared trimmed, so the trimmed barcode leads. The plain barcode makes the index
+-- covering for SQLite, and with the document and the numbers the table itself is never read.
 create index ixInventoryReceiptDetail_Barcode on tblInventoryReceiptDetail
   (ltrim(rtrim(Barcode)) collate KORU, Barcode, ReceiptID, Qty, Value);
 create index ixInventoryDispatchDetail_Barcode on tblInventoryDispatchDetail

@@ -1,11 +1,11 @@
 -- The suite's tables and views as far as stock-taking reads and writes them, for the embedded database.
 --
--- Texts compare by the collation KORU, which every connection registers before it touches the file. Days are
--- 'yyyy-mm-dd' and stand beside their Solar Hijri text. There are no foreign keys: a counting outlives its creator,
+-- Texts compare by the collation KORU, which every connection registers before it reads the file. Dates are
+-- 'yyyy-mm-dd', with their Solar Hijri text in a second column. There are no foreign keys: a counting outlives its creator,
 -- its goods and the documents that it is linked to.
 --
 -- Documents are numbered by AUTOINCREMENT: max(ID) right after an insert is the new row, and the key of a deleted
--- receipt or dispatch is never given again, so that a counting's link to it can never lead to someone else's document.
+-- receipt or dispatch is never reused, so that a counting's link to it can never lead to someone else's document.
 --
 -- Several statements name columns without their table. Lines therefore have no ID, Code or date, documents have no
 -- Barcode or Value, and goods and units have no ScaleID.
@@ -150,7 +150,7 @@ create table tblInventoryDispatch (
   Code integer,
   InventoryID integer,
   CreatorID integer,
-  ReceiveDate text,  -- the day of the dispatch, under the name that receipts have for theirs
+  ReceiveDate text,  -- the date of the dispatch, under the name that receipts use
   FarsiReceiveDate text collate KORU,
   CreateDate text,
   FarsiCreateDate text collate KORU,

@@ -115,7 +115,7 @@ class LargeCounting : public testing::TestWithParam<SampleSize>, public ControlH
     row[LineColumn::ShortageAmount] = NumberText(good.books * Val(good.rate));
     return row;
   }
-  /// The row as it must stand in the database.
+  /// The row that the database must contain.
   [[nodiscard]] Row Stored(int row) {
     const auto number = [](const std::string& text) { return text.empty() ? "NULL" : NumberText(Val(text)); };
     Row stored = {Cell(row, LineColumn::Barcode), std::to_string(row),
@@ -208,7 +208,7 @@ TEST_P(LargeCounting, Added_goods_get_what_their_statements_give_one_by_one_also
     Click(Form().cmdGoods);
     const std::vector<PlainLine> goods = PlainStock(plain).LinesOfAllGoods();
     const bool allFit = goods.size() <= static_cast<std::size_t>(kMaxLines);
-    EXPECT_EQ(messages.Texts().empty(), allFit) << "beyond the limit the person is told";
+    EXPECT_EQ(messages.Texts().empty(), allFit) << "beyond the limit a message is shown";
     messages.Forget();
     ASSERT_EQ(Lines().Rows() - 1, allFit ? static_cast<int>(goods.size()) : kMaxLines);
     for (int row = 1; row < Lines().Rows(); ++row)

@@ -7,7 +7,7 @@
 
 namespace koru::test {
 
-/// A good's line as a person with a list of all documents would fill it.
+/// A good's line, computed from the list of all documents.
 struct PlainLine {
   std::string barcode;
   std::string code;

@@ -26,6 +26,16 @@ TEST(Indexes, Sums_of_a_good_read_one_index_and_no_table) {
   for (const char* kind : {"Receipt", "Dispatch"}) check(kind);
 }
 
+TEST(Indexes, A_rate_of_a_good_reads_one_index_and_no_table) {
+  TestFile database;
+  for (const std::string kind : {"Receipt", "Dispatch"}) {
+    const std::string plan = PlanOf(database, "select Value from tblInventory" + kind +
+                                                  "Detail where Barcode = 'a' and " + kind + "ID > 1");
+    EXPECT_NE(plan.find("USING COVERING INDEX ixInventory" + kind + "Detail_Rate"), std::string::npos)
+        << plan;
+  }
+}
+
 TEST(Indexes, The_lines_of_a_counting_are_found_in_their_order) {
   TestFile database;
   const std::string plan = PlanOf(

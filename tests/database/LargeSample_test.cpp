@@ -66,7 +66,7 @@ TEST_F(MediumSample, Its_counting_says_what_its_documents_say) {
 
 TEST_F(MediumSample, Is_sound_has_all_indexes_and_tells_its_progress) {
   EXPECT_EQ(Number("select integrity_check = 'ok' from pragma_integrity_check"), 1);
-  EXPECT_EQ(Number("select count(*) from sqlite_schema where type = 'index' and name like 'ix%'"), 7);
+  EXPECT_EQ(Number("select count(*) from sqlite_schema where type = 'index' and name like 'ix%'"), 9);
   EXPECT_EQ(told_.front(), 0);
   EXPECT_EQ(told_.back(), 100);
   EXPECT_TRUE(std::is_sorted(told_.begin(), told_.end()));

@@ -10,9 +10,9 @@
 #include "adapters/odbc/ServerDialect.h"
 #include "adapters/sqlite/BindLiteral.h"
 #include "adapters/sqlite/Dialect.h"
+#include "adapters/sqlite/NormalizedStatement.h"
 #include "adapters/sqlite/ReadToEnd.h"
 #include "adapters/sqlite/SqliteDatabase.h"
-#include "adapters/sqlite/StatementShape.h"
 #include "tools/tds-stand-in/ServerDays.h"
 #include "tools/tds-stand-in/ServerRefusals.h"
 #include "tools/tds-stand-in/TSqlRules.h"
@@ -81,9 +81,8 @@ std::vector<Answer> Settled(const ServerBatch& settings) {
 StandInDatabase::StandInDatabase()
     : engine_(":memory:", SqliteConnection::Mode::Create, std::chrono::seconds(0)),
       schema_(engine_),
-      statements_(SqliteDatabase::kKeptStatements, [this](const std::string& shape) {
-        return engine_.Prepare(TranslateShape(shape, engine_));
-      }) {}
+      statements_(SqliteDatabase::kKeptStatements,
+                  [this](const std::string& shape) { return engine_.Prepare(Translate(shape)); }) {}
 
 std::vector<Answer> StandInDatabase::Run(const std::string& text) {
   const std::lock_guard<std::mutex> lock(guard_);
@@ -155,7 +154,7 @@ Answer StandInDatabase::RunStatement(const ServerBatch& batch) {
   const bool isKnown =
       std::any_of(kKnown.begin(), kKnown.end(), [&](std::string_view word) { return batch.Has(0, {word}); });
   if (!isKnown) throw Refusal(kBrokenSyntax, batch.Word(0), batch.Text());
-  const StatementShape shape = ReadShape(AskedOfEngine(WithDaysRead(batch)));
+  const NormalizedStatement shape = Normalize(AskedOfEngine(WithDaysRead(batch)));
   SqliteStatement& statement = statements_.Get(shape.text);
   BindAll(statement, shape.literals);
   Recordset rows = ReadToEnd(statement);

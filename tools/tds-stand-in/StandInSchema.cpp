@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "adapters/sqlite/Dialect.h"
-#include "adapters/sqlite/StatementShape.h"
+#include "adapters/sqlite/NormalizedStatement.h"
 #include "platform/text/Text.h"
 #include "tools/tds-stand-in/ServerRefusals.h"
 
@@ -40,7 +40,7 @@ std::vector<std::string> Literals(const ServerBatch& batch) {
   return literals;
 }
 
-/// A translated shape (TranslateShape) with its literals in their places.
+/// A translated shape (Translate) with its literals in their places.
 std::string WithLiterals(const std::string& translated, const std::vector<std::string>& literals) {
   const ServerBatch shape(translated);
   std::string text = translated;
@@ -123,7 +123,7 @@ void StandInSchema::CreateView(const ServerBatch& batch) {
 
 std::string StandInSchema::EngineView(const ServerBatch& batch) const {
   const std::string text = WithCollations(batch);
-  return WithLiterals(TranslateShape(ReadShape(text).text, engine_), Literals(ServerBatch(text)));
+  return WithLiterals(Translate(Normalize(text).text), Literals(ServerBatch(text)));
 }
 
 void StandInSchema::CreateIndex(const ServerBatch& batch, std::size_t indexWord) {

@@ -15,7 +15,7 @@ namespace {
 
 SqlText InsertUser(int id) { return SqlText("insert into tblUser (ID,FullName) values (") + id + ",'x')"; }
 
-/// The file goes away while the program works: somebody tidies up, or restores a backup.
+/// The file is deleted or replaced while the program works: somebody tidies up, or restores a backup.
 class LostFile : public testing::Test {
  protected:
   LostFile() { connection_->Open(InsertUser(1)); }

@@ -53,25 +53,25 @@ TEST_F(ReadSnapshotTest, Finds_what_is_found_without_it) {
   RegisterTheOther();
   EXPECT_EQ(Stock(), "15");
   EXPECT_EQ(Rates(), "200 100 ");
-  const auto group = connection_->BeginReadSnapshot();
+  const auto snapshot = connection_->BeginReadSnapshot();
   EXPECT_EQ(Stock(), "15");
   EXPECT_EQ(Rates(), "200 100 ");
 }
 
-TEST_F(ReadSnapshotTest, Others_write_without_waiting_and_the_group_stays_at_its_moment) {
-  auto group = connection_->BeginReadSnapshot();
+TEST_F(ReadSnapshotTest, Others_write_without_waiting_and_the_snapshot_stays_at_its_moment) {
+  auto snapshot = connection_->BeginReadSnapshot();
   EXPECT_EQ(Stock(), "10");
   RegisterTheOther();
   EXPECT_EQ(Stock(), "10");
   EXPECT_EQ(Rates(), "100 ") << "a statement that had not been asked before is of the same moment";
-  group.reset();
+  snapshot.reset();
   EXPECT_EQ(Stock(), "15");
   EXPECT_EQ(Rates(), "200 100 ");
 }
 
-TEST_F(ReadSnapshotTest, A_second_group_knows_what_others_wrote_after_the_first) {
+TEST_F(ReadSnapshotTest, A_second_snapshot_sees_what_others_wrote_after_the_first) {
   for (const char* stock : {"10", "15"}) {
-    const auto group = connection_->BeginReadSnapshot();
+    const auto snapshot = connection_->BeginReadSnapshot();
     EXPECT_EQ(Stock(), stock);
     EXPECT_EQ(Stock(), stock);
     RegisterTheOther();
@@ -79,14 +79,14 @@ TEST_F(ReadSnapshotTest, A_second_group_knows_what_others_wrote_after_the_first)
 }
 
 TEST_F(ReadSnapshotTest, Its_moment_is_that_of_its_first_statement) {
-  const auto group = connection_->BeginReadSnapshot();
+  const auto snapshot = connection_->BeginReadSnapshot();
   RegisterTheOther();
   EXPECT_EQ(Stock(), "15");
 }
 
 TEST_F(ReadSnapshotTest, Other_values_are_other_documents) {
   database_.Execute("update tblInventoryReceipt set Code=2, InventoryID=7 where ID=2");
-  const auto group = connection_->BeginReadSnapshot();
+  const auto snapshot = connection_->BeginReadSnapshot();
   for (int round = 0; round < 30; ++round) {
     EXPECT_EQ(Stock(1), "10");
     EXPECT_EQ(Stock(7), "5");
@@ -95,7 +95,7 @@ TEST_F(ReadSnapshotTest, Other_values_are_other_documents) {
 }
 
 TEST_F(ReadSnapshotTest, A_write_of_our_own_inside_is_done_and_seen) {
-  const auto group = connection_->BeginReadSnapshot();
+  const auto snapshot = connection_->BeginReadSnapshot();
   EXPECT_EQ(Stock(), "10");
   connection_->Open(SqlText("update tblInventoryReceipt set Code=2 where ID=2"));
   EXPECT_EQ(Stock(), "15");
@@ -103,15 +103,15 @@ TEST_F(ReadSnapshotTest, A_write_of_our_own_inside_is_done_and_seen) {
 }
 
 TEST_F(ReadSnapshotTest, A_write_inside_works_also_after_others_have_written) {
-  const auto group = connection_->BeginReadSnapshot();
+  const auto snapshot = connection_->BeginReadSnapshot();
   EXPECT_EQ(Stock(), "10");
   RegisterTheOther();
   connection_->Open(SqlText("update tblInventoryReceiptDetail set Qty=11 where ReceiptID=1"));
   EXPECT_EQ(Stock(), "16");
 }
 
-TEST_F(ReadSnapshotTest, A_write_group_inside_works) {
-  const auto group = connection_->BeginReadSnapshot();
+TEST_F(ReadSnapshotTest, A_write_batch_inside_works) {
+  const auto snapshot = connection_->BeginReadSnapshot();
   EXPECT_EQ(Stock(), "10");
   RegisterTheOther();
   const auto written = connection_->BeginWriteBatch();
@@ -121,9 +121,9 @@ TEST_F(ReadSnapshotTest, A_write_group_inside_works) {
   EXPECT_EQ(database_.Scalar("select Qty from tblInventoryReceiptDetail where ReceiptID=1"), "11.0");
 }
 
-TEST_F(ReadSnapshotTest, Inside_a_write_group_it_sees_what_is_being_written) {
+TEST_F(ReadSnapshotTest, Inside_a_write_batch_it_sees_what_is_being_written) {
   const auto written = connection_->BeginWriteBatch();
-  const auto group = connection_->BeginReadSnapshot();
+  const auto snapshot = connection_->BeginReadSnapshot();
   EXPECT_EQ(Stock(), "10");
   connection_->Open(SqlText("update tblInventoryReceipt set Code=2 where ID=2"));
   EXPECT_EQ(Stock(), "15");
@@ -131,7 +131,7 @@ TEST_F(ReadSnapshotTest, Inside_a_write_group_it_sees_what_is_being_written) {
   EXPECT_EQ(Stock(), "15");
 }
 
-TEST_F(ReadSnapshotTest, Of_groups_in_groups_the_outermost_counts) {
+TEST_F(ReadSnapshotTest, Of_nested_snapshots_the_outermost_counts) {
   const auto outer = connection_->BeginReadSnapshot();
   EXPECT_EQ(Stock(), "10");
   connection_->BeginReadSnapshot().reset();
@@ -140,17 +140,17 @@ TEST_F(ReadSnapshotTest, Of_groups_in_groups_the_outermost_counts) {
 }
 
 TEST_F(ReadSnapshotTest, A_broken_statement_inside_leaves_the_rest_as_it_is) {
-  const auto group = connection_->BeginReadSnapshot();
+  const auto snapshot = connection_->BeginReadSnapshot();
   EXPECT_EQ(Stock(), "10");
   EXPECT_THROW(connection_->Open(SqlText("select nothing from tblInventoryReceipt")), DatabaseError);
   RegisterTheOther();
   EXPECT_EQ(Stock(), "10");
 }
 
-TEST_F(ReadSnapshotTest, Documents_of_one_day_come_in_the_order_of_their_keys) {
+TEST_F(ReadSnapshotTest, Documents_of_one_date_are_ordered_by_key) {
   database_.Execute("update tblInventoryReceipt set Code=2, ReceiveDate='2024-01-01' where ID=2");
   EXPECT_EQ(Rates(), "100 200 ");
-  const auto group = connection_->BeginReadSnapshot();
+  const auto snapshot = connection_->BeginReadSnapshot();
   EXPECT_EQ(Rates(), "100 200 ");
 }
 

@@ -17,20 +17,20 @@ class StatementCacheOfTwo : public testing::Test {
   test::TemporaryFolder folder_;
   SqliteConnection connection_{folder_.File("a.db"), SqliteConnection::Mode::Create, std::chrono::seconds(0)};
   std::vector<std::string> prepared_;
-  StatementCache<SqliteStatement> cache_{2, [this](const std::string& shape) {
-                                           SqliteStatement statement = connection_.Prepare(shape);
-                                           prepared_.push_back(shape);
+  StatementCache<SqliteStatement> cache_{2, [this](const std::string& text) {
+                                           SqliteStatement statement = connection_.Prepare(text);
+                                           prepared_.push_back(text);
                                            return statement;
                                          }};
 };
 
-TEST_F(StatementCacheOfTwo, Prepares_a_shape_once) {
+TEST_F(StatementCacheOfTwo, Prepares_a_text_once) {
   cache_.Get("select 1");
   cache_.Get("select 1");
   EXPECT_EQ(prepared_, std::vector<std::string>{"select 1"});
 }
 
-TEST_F(StatementCacheOfTwo, Forgets_the_one_that_was_not_used_for_longest) {
+TEST_F(StatementCacheOfTwo, Evicts_the_least_recently_used) {
   cache_.Get("select 1");
   cache_.Get("select 2");
   cache_.Get("select 1");

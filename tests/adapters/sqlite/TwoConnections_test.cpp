@@ -25,11 +25,11 @@ TEST_F(TwoConnections, What_one_has_written_the_other_reads) {
   EXPECT_EQ(Users(*reader_), 1U);
 }
 
-TEST_F(TwoConnections, A_reader_does_not_wait_for_a_write_group) {
-  const auto group = writer_->BeginWriteBatch();
+TEST_F(TwoConnections, A_reader_does_not_wait_for_a_write_batch) {
+  const auto batch = writer_->BeginWriteBatch();
   writer_->Open(SqlText("insert into tblUser (FullName) values ('x')"));
   EXPECT_EQ(Users(*reader_), 0U);
-  group->Finish();
+  batch->Finish();
   EXPECT_EQ(Users(*reader_), 1U);
 }
 

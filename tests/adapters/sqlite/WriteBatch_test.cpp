@@ -28,21 +28,21 @@ class InAWriteBatch : public testing::Test {
 };
 
 TEST_F(InAWriteBatch, Others_see_all_statements_when_it_ends_and_none_before) {
-  const auto group = connection_->BeginWriteBatch();
+  const auto batch = connection_->BeginWriteBatch();
   connection_->Open(InsertUser(1));
   connection_->Open(InsertUser(2));
   EXPECT_EQ(Users(), "NULL");
   EXPECT_EQ(connection_->Open(SqlText("select ID from tblUser")).RecordCount(), 2U);
-  group->Finish();
+  batch->Finish();
   EXPECT_EQ(Users(), "1,2");
 }
 
 TEST_F(InAWriteBatch, A_failing_statement_leaves_what_was_written_before_it) {
   try {
-    const auto group = connection_->BeginWriteBatch();
+    const auto batch = connection_->BeginWriteBatch();
     connection_->Open(InsertUser(1));
     connection_->Open(SqlText("insert into tblUser (ID,FullName) values (2,'x'),(1,'y')"));
-    group->Finish();
+    batch->Finish();
     ADD_FAILURE();
   } catch (const DatabaseError&) {
   }
@@ -63,7 +63,7 @@ TEST_F(InAWriteBatch, The_outermost_counts) {
   EXPECT_EQ(Users(), "1,2");
 }
 
-TEST_F(InAWriteBatch, A_second_group_may_follow_the_first) {
+TEST_F(InAWriteBatch, A_second_batch_may_follow_the_first) {
   connection_->BeginWriteBatch()->Finish();
   const auto second = connection_->BeginWriteBatch();
   connection_->Open(InsertUser(3));
@@ -71,12 +71,12 @@ TEST_F(InAWriteBatch, A_second_group_may_follow_the_first) {
   EXPECT_EQ(Users(), "3");
 }
 
-TEST_F(InAWriteBatch, Another_writer_is_told_that_the_file_is_locked) {
-  const auto group = connection_->BeginWriteBatch();
+TEST_F(InAWriteBatch, Another_writer_finds_the_file_locked) {
+  const auto batch = connection_->BeginWriteBatch();
   const auto other = connector_.Connect(database_.ConnectionText());
   EXPECT_THROW(other->Open(InsertUser(1)), DatabaseError);
   EXPECT_THROW((void)other->BeginWriteBatch(), DatabaseError);
-  group->Finish();
+  batch->Finish();
   other->BeginWriteBatch()->Finish();
 }
 
@@ -85,7 +85,7 @@ TEST_F(InAWriteBatch, A_transaction_that_the_database_gave_up_is_reported_at_the
       "create trigger GiveUp before insert on tblUser when new.ID = 3 begin select raise(rollback, 'disk "
       "trouble'); end");
   connection_ = connector_.Connect(database_.ConnectionText());
-  const auto group = connection_->BeginWriteBatch();
+  const auto batch = connection_->BeginWriteBatch();
   connection_->Open(InsertUser(1));
   try {
     connection_->Open(InsertUser(3));
@@ -95,7 +95,7 @@ TEST_F(InAWriteBatch, A_transaction_that_the_database_gave_up_is_reported_at_the
     EXPECT_NE(error.ServerText().find("disk trouble"), std::string::npos);
     EXPECT_EQ(error.Statement(), InsertUser(3).Text());
   }
-  EXPECT_THROW(group->Finish(), DatabaseError);
+  EXPECT_THROW(batch->Finish(), DatabaseError);
   EXPECT_EQ(Users(), "NULL");
   connection_->Open(InsertUser(4));
   EXPECT_EQ(Users(), "4");
@@ -108,9 +108,9 @@ TEST_F(InAWriteBatch, The_statement_that_fails_on_the_way_keeps_the_earlier_ones
     const auto failingConnection = failingConnector.Connect(database_.ConnectionText());
     failingConnector.Plan().FailAt(failing);
     try {
-      const auto group = failingConnection->BeginWriteBatch();
+      const auto batch = failingConnection->BeginWriteBatch();
       for (int id = 1; id <= 3; ++id) failingConnection->Open(InsertUser(id));
-      group->Finish();
+      batch->Finish();
       EXPECT_EQ(failing, 4);
     } catch (const DatabaseError& error) {
       EXPECT_EQ(error.Statement(), InsertUser(failing).Text());
@@ -119,13 +119,13 @@ TEST_F(InAWriteBatch, The_statement_that_fails_on_the_way_keeps_the_earlier_ones
   }
 }
 
-/// Runs in a process of its own: replaces the lines of a counting in a group, over and over, and tells
-/// through the pipe when a save was reported as done and when the next one is half way.
+/// Runs in a process of its own: replaces the lines of a counting in a batch, over and over, and writes to
+/// the pipe when a save was reported as done (d) and when the next one is half way (h).
 [[noreturn]] void SaveOverAndOver(const std::string& connectionText, int pipe) {
   SqliteConnector connector;
   const auto connection = connector.Connect(connectionText);
   for (int save = 1;; ++save) {
-    const auto group = connection->BeginWriteBatch();
+    const auto batch = connection->BeginWriteBatch();
     connection->Open(SqlText("delete tblInventoryCountingDetail where CountingID=1"));
     for (int row = 1; row <= 500; ++row) {
       connection->Open(
@@ -134,7 +134,7 @@ TEST_F(InAWriteBatch, The_statement_that_fails_on_the_way_keeps_the_earlier_ones
           row + "," + save + ")");
       if (row == 250 && write(pipe, "h", 1) != 1) _exit(1);
     }
-    group->Finish();
+    batch->Finish();
     if (write(pipe, "d", 1) != 1) _exit(1);
   }
 }
@@ -148,7 +148,7 @@ TEST_F(InAWriteBatch, A_program_that_is_killed_leaves_all_lines_of_a_save_or_all
     const pid_t child = fork();
     if (child == 0) SaveOverAndOver(database_.ConnectionText(), ends[1]);
     close(ends[1]);
-    // Kill it half way through the save behind the one that is waited for.
+    // Kill it half way through the save after the one that is waited for.
     for (int halves = 0; halves <= saves;) {
       char told = 0;
       ASSERT_EQ(read(ends[0], &told, 1), 1);

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/InSelection.h"
+#include "adapters/sqlite/InSubquery.h"
 
 #include <tuple>
 #include <utility>
@@ -12,7 +12,7 @@ namespace {
 
 using Index = std::size_t;
 
-/// Reads a name at `at`, or `table.name`; `at` moves behind it. Empty name: there is none.
+/// Reads `name` or `table.name` at `at` and moves `at` past it. The name is empty if there is none.
 std::pair<std::string, std::string> ReadName(const StatementTokens& tokens, Index& at) {
   if (At(tokens, at).kind != SqlTokenKind::Word) return {};
   std::string name = tokens[at++].text;
@@ -23,9 +23,9 @@ std::pair<std::string, std::string> ReadName(const StatementTokens& tokens, Inde
   return {std::move(name), std::move(qualified)};
 }
 
-/// The selection whose `in` stands at `in`, when it has the form that is looked for.
-std::optional<InSelection> ReadForm(const StatementTokens& tokens, Index in) {
-  InSelection read;
+/// The subquery whose `in` is the token at `in`, if it has the form.
+std::optional<InSubquery> ReadForm(const StatementTokens& tokens, Index in) {
+  InSubquery read;
   if (in == 0 || !At(tokens, in + 1).Is("(") || !At(tokens, in + 2).Is("select")) return {};
   const bool qualified = in >= 3 && tokens[in - 2].Is(".");
   read.begin = qualified ? in - 3 : in - 1;
@@ -48,31 +48,31 @@ std::optional<InSelection> ReadForm(const StatementTokens& tokens, Index in) {
   return isOfTable && isPlain && read.close < tokens.size() ? std::optional(read) : std::nullopt;
 }
 
-/// The one table that is read where the selection stands; empty when there are several or the place does not
-/// fit.
-std::string OuterTable(const StatementTokens& tokens, const InSelection& selection) {
-  const std::optional<Index> where = WhereOfPart(tokens, selection.begin, selection.close + 1);
+/// The only table that the enclosing select reads; empty if there are several or the subquery is not a term
+/// joined by `and`.
+std::string OuterTable(const StatementTokens& tokens, const InSubquery& subquery) {
+  const std::optional<Index> where = WhereOfTerm(tokens, subquery.begin, subquery.close + 1);
   const std::vector<std::string> tables = where ? TablesOf(tokens, *where) : std::vector<std::string>();
   return tables.size() == 1 ? tables.front() : std::string();
 }
 
-bool Serves(const InSelection& selection, SqliteConnection& connection) {
-  const std::string& outer = selection.outer;
-  return !outer.empty() && !EqualsNoCase(outer, selection.table) &&
-         (selection.qualifier.empty() || EqualsNoCase(selection.qualifier, outer)) &&
-         connection.HasColumn(outer, selection.column) &&
-         connection.IsIntegerKey(selection.table, selection.key);
+bool CanHoist(const InSubquery& subquery, SqliteConnection& connection) {
+  const std::string& outer = subquery.outer;
+  return !outer.empty() && !EqualsNoCase(outer, subquery.table) &&
+         (subquery.qualifier.empty() || EqualsNoCase(subquery.qualifier, outer)) &&
+         connection.HasColumn(outer, subquery.column) &&
+         connection.IsIntegerKey(subquery.table, subquery.key);
 }
 
 }  // namespace
 
-std::optional<InSelection> ReadInSelection(const StatementTokens& tokens, std::size_t in,
-                                           SqliteConnection& connection) {
+std::optional<InSubquery> ReadInSubquery(const StatementTokens& tokens, std::size_t in,
+                                         SqliteConnection& connection) {
   if (!At(tokens, in).Is("in")) return {};
-  std::optional<InSelection> selection = ReadForm(tokens, in);
-  if (!selection) return {};
-  selection->outer = OuterTable(tokens, *selection);
-  return Serves(*selection, connection) ? selection : std::nullopt;
+  std::optional<InSubquery> subquery = ReadForm(tokens, in);
+  if (!subquery) return {};
+  subquery->outer = OuterTable(tokens, *subquery);
+  return CanHoist(*subquery, connection) ? subquery : std::nullopt;
 }
 
 }  // namespace koru

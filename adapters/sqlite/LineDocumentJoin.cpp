@@ -1,4 +1,4 @@
-#include "adapters/sqlite/JoinedSelection.h"
+#include "adapters/sqlite/LineDocumentJoin.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -23,76 +23,76 @@ void Append(StatementTokens& tokens, const StatementTokens& more) {
   tokens.insert(tokens.end(), more.begin(), more.end());
 }
 
-bool IsOutside(const StatementTokens& tokens, std::size_t at) {
+bool IsTopLevel(const StatementTokens& tokens, std::size_t at) {
   return EndOfLevel(tokens, at) == tokens.size();
 }
 
-/// Where `word` stands first outside of parentheses; the number of tokens when it does not.
+/// The index of the first `word` outside parentheses; the number of tokens if there is none.
 std::size_t PlaceOf(const StatementTokens& tokens, std::string_view word) {
   std::size_t at = 0;
-  while (at < tokens.size() && !(tokens[at].Is(word) && IsOutside(tokens, at))) ++at;
+  while (at < tokens.size() && !(tokens[at].Is(word) && IsTopLevel(tokens, at))) ++at;
   return at;
 }
 
-/// The parts of [begin, end) that `and` joins.
-std::vector<StatementTokens> PartsOf(const StatementTokens& tokens, std::size_t begin, std::size_t end) {
-  std::vector<StatementTokens> parts;
+/// The terms of [begin, end) that `and` joins.
+std::vector<StatementTokens> TermsOf(const StatementTokens& tokens, std::size_t begin, std::size_t end) {
+  std::vector<StatementTokens> terms;
   for (std::size_t at = begin; at <= end; ++at) {
-    if (at < end && !(tokens[at].Is("and") && IsOutside(tokens, at))) continue;
-    parts.push_back(Slice(tokens, begin, at));
+    if (at < end && !(tokens[at].Is("and") && IsTopLevel(tokens, at))) continue;
+    terms.push_back(Slice(tokens, begin, at));
     begin = at + 1;
   }
-  return parts;
+  return terms;
 }
 
-/// Whether a name in the tokens is the table's or one of its columns', also in a selection inside.
-bool IsAbout(const StatementTokens& tokens, const std::string& table, const SqliteConnection& connection) {
+/// Whether a name in the tokens, also in a nested subquery, is the table's or one of its columns'.
+bool Mentions(const StatementTokens& tokens, const std::string& table, const SqliteConnection& connection) {
   return std::any_of(tokens.begin(), tokens.end(), [&](const StatementToken& token) {
     return token.kind == SqlTokenKind::Word &&
            (EqualsNoCase(token.text, table) || connection.HasColumn(table, token.text));
   });
 }
 
-/// A statement of that form under reading, for one of the two ways to tell lines from documents.
-class Reading {
+/// Reads a statement of that form, for one of the two assignments of the tables to lines and documents.
+class JoinReader {
  public:
-  Reading(const StatementTokens& tokens, std::string lines, std::string documents,
-          SqliteConnection& connection)
+  JoinReader(const StatementTokens& tokens, std::string lines, std::string documents,
+             SqliteConnection& connection)
       : tokens_(tokens), documents_(std::move(documents)), connection_(connection) {
     read_.lines = std::move(lines);
     read_.documents = documents_;
   }
 
-  std::optional<JoinedSelection> Read(std::size_t where, std::size_t order) {
+  std::optional<LineDocumentJoin> Read(std::size_t where, std::size_t order) {
     const std::size_t from = PlaceOf(tokens_, "from");
     read_.beforeWhere = Slice(tokens_, 0, from);
     const bool hasStar = std::any_of(read_.beforeWhere.begin(), read_.beforeWhere.end(),
                                      [](const StatementToken& token) { return token.Is("*"); });
-    if (hasStar || IsAbout(read_.beforeWhere, documents_, connection_)) return {};
+    if (hasStar || Mentions(read_.beforeWhere, documents_, connection_)) return {};
     Append(read_.beforeWhere, ReadTokens("from " + read_.lines));
     read_.beforeWhere[from].spaceBefore = true;
-    for (const StatementTokens& part : PartsOf(tokens_, where + 1, order)) {
-      if (!Take(part)) return {};
+    for (const StatementTokens& term : TermsOf(tokens_, where + 1, order)) {
+      if (!Take(term)) return {};
     }
     if (key_.empty() || ofDocuments_.empty() || !TakeOrder(order)) return {};
     return std::move(read_);
   }
 
  private:
-  bool Take(const StatementTokens& part) {
-    const bool aboutLines = IsAbout(part, read_.lines, connection_);
-    const bool aboutDocuments = IsAbout(part, documents_, connection_);
-    if (aboutLines && aboutDocuments) return TakeJoin(part);
-    StatementTokens& taken = aboutDocuments ? ofDocuments_ : read_.ofLines;
-    if (!aboutDocuments || !ofDocuments_.empty()) taken.push_back({SqlTokenKind::Word, "and", true});
-    Append(taken, part);
-    return !part.empty();
+  bool Take(const StatementTokens& term) {
+    const bool onLines = Mentions(term, read_.lines, connection_);
+    const bool onDocuments = Mentions(term, documents_, connection_);
+    if (onLines && onDocuments) return TakeJoin(term);
+    StatementTokens& taken = onDocuments ? ofDocuments_ : read_.ofLines;
+    if (!onDocuments || !ofDocuments_.empty()) taken.push_back({SqlTokenKind::Word, "and", true});
+    Append(taken, term);
+    return !term.empty();
   }
 
-  bool TakeJoin(const StatementTokens& part) {
-    if (part.size() != 3 || !part[1].Is("=") || !key_.empty()) return false;
+  bool TakeJoin(const StatementTokens& term) {
+    if (term.size() != 3 || !term[1].Is("=") || !key_.empty()) return false;
     for (const auto& [key, column] :
-         {std::pair(part[0].text, part[2].text), std::pair(part[2].text, part[0].text)}) {
+         {std::pair(term[0].text, term[2].text), std::pair(term[2].text, term[0].text)}) {
       if (!connection_.IsIntegerKey(documents_, key) || connection_.HasColumn(read_.lines, key)) continue;
       if (!connection_.IsIntegerColumn(read_.lines, column) || connection_.HasColumn(documents_, column))
         continue;
@@ -102,7 +102,7 @@ class Reading {
     return !key_.empty();
   }
 
-  /// `order by C [asc|desc]` to the end, or nothing.
+  /// Reads `order by C [asc|desc]` up to the end, or no order.
   bool TakeOrder(std::size_t order) {
     read_.keys = ReadTokens("select " + key_ + " from " + documents_ + " where");
     ofDocuments_.front().spaceBefore = true;
@@ -125,13 +125,13 @@ class Reading {
   std::string key_;
   StatementTokens ofDocuments_;
   SqliteConnection& connection_;
-  JoinedSelection read_;
+  LineDocumentJoin read_;
 };
 
 }  // namespace
 
-std::optional<JoinedSelection> ReadJoinedSelection(const StatementTokens& tokens,
-                                                   SqliteConnection& connection) {
+std::optional<LineDocumentJoin> ReadLineDocumentJoin(const StatementTokens& tokens,
+                                                     SqliteConnection& connection) {
   const bool isPlain =
       At(tokens, 0).Is("select") && !LevelHasAny(tokens, 0, tokens.size(),
                                                  {"or", "between", "case", "top", "distinct", "all", "group",
@@ -141,8 +141,8 @@ std::optional<JoinedSelection> ReadJoinedSelection(const StatementTokens& tokens
   const std::vector<std::string> tables = TablesOf(tokens, where);
   if (tables.size() != 2 || EqualsNoCase(tables[0], tables[1])) return {};
   const std::size_t order = PlaceOf(tokens, "order");
-  if (auto read = Reading(tokens, tables[0], tables[1], connection).Read(where, order)) return read;
-  return Reading(tokens, tables[1], tables[0], connection).Read(where, order);
+  if (auto read = JoinReader(tokens, tables[0], tables[1], connection).Read(where, order)) return read;
+  return JoinReader(tokens, tables[1], tables[0], connection).Read(where, order);
 }
 
 }  // namespace koru

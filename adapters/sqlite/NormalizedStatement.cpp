@@ -1,4 +1,4 @@
-#include "adapters/sqlite/StatementShape.h"
+#include "adapters/sqlite/NormalizedStatement.h"
 
 #include <charconv>
 #include <string_view>
@@ -16,7 +16,7 @@ constexpr std::size_t kExpectedLiterals = 16;
   throw DatabaseError(why, kBrokenStatement, statement);
 }
 
-/// What a text literal means; `opening` is the size of what stands before its content.
+/// The value of a text literal; `opening` is the length of its `'` or `N'`.
 std::string Content(std::string_view literal, std::size_t opening) {
   literal = literal.substr(opening, literal.size() - opening - 1);
   std::string content;
@@ -36,8 +36,9 @@ Literal Number(std::string_view literal) {
   return Val(literal);
 }
 
-/// Appends what stands for a token that is not copied as it is.
-void Append(StatementShape& shape, SqlToken token, std::string_view text, const std::string& statement) {
+/// Appends the replacement of a token that is not copied unchanged.
+void Append(NormalizedStatement& normalized, SqlToken token, std::string_view text,
+            const std::string& statement) {
   switch (token.kind) {
     case SqlTokenKind::End:
     case SqlTokenKind::Comment:
@@ -47,13 +48,13 @@ void Append(StatementShape& shape, SqlToken token, std::string_view text, const 
     case SqlTokenKind::Parameter:
       Refuse("A parameter without a value: " + std::string(text), statement);
     case SqlTokenKind::Number:
-      shape.text += '?';
-      shape.literals.push_back(Number(text));
+      normalized.text += '?';
+      normalized.literals.push_back(Number(text));
       break;
     case SqlTokenKind::String:
     case SqlTokenKind::NationalString:
-      shape.text += "'?'";
-      shape.literals.emplace_back(Content(text, token.kind == SqlTokenKind::String ? 1 : 2));
+      normalized.text += "'?'";
+      normalized.literals.emplace_back(Content(text, token.kind == SqlTokenKind::String ? 1 : 2));
       break;
     case SqlTokenKind::Word:
     case SqlTokenKind::Symbol:
@@ -63,15 +64,15 @@ void Append(StatementShape& shape, SqlToken token, std::string_view text, const 
 
 }  // namespace
 
-StatementShape ReadShape(const std::string& statement) {
+NormalizedStatement Normalize(const std::string& statement) {
   if (statement.find('\0') != std::string::npos) Refuse("A statement has no NUL characters.", statement);
-  StatementShape shape;
-  shape.text.reserve(statement.size());
-  shape.literals.reserve(kExpectedLiterals);
+  NormalizedStatement normalized;
+  normalized.text.reserve(statement.size());
+  normalized.literals.reserve(kExpectedLiterals);
   SqlLexer lexer(statement);
-  std::size_t behindLast = 0;
-  std::size_t run = 0;  // what stands from here to behindLast is copied as it is
-  const auto copyRun = [&] { shape.text.append(statement, run, behindLast - run); };
+  std::size_t endOfLast = 0;
+  std::size_t run = 0;  // [run, endOfLast) is copied unchanged
+  const auto copyRun = [&] { normalized.text.append(statement, run, endOfLast - run); };
   for (SqlToken token = lexer.Next(); token.kind != SqlTokenKind::End; token = lexer.Next()) {
     if (token.kind == SqlTokenKind::Symbol && lexer.TextOf(token) == ";") {
       if (lexer.Next().kind != SqlTokenKind::End) Refuse("More than one statement in a call.", statement);
@@ -79,19 +80,19 @@ StatementShape ReadShape(const std::string& statement) {
     }
     const bool isKept = token.kind == SqlTokenKind::Word || token.kind == SqlTokenKind::Symbol;
     const bool follows =
-        token.begin == behindLast || (token.begin == behindLast + 1 && statement[behindLast] == ' ');
-    if (!isKept || !follows || run == behindLast) {
+        token.begin == endOfLast || (token.begin == endOfLast + 1 && statement[endOfLast] == ' ');
+    if (!isKept || !follows || run == endOfLast) {
       copyRun();
       const bool isComment = token.kind == SqlTokenKind::Comment;
-      if ((token.begin > behindLast || isComment) && !shape.text.empty() && shape.text.back() != ' ')
-        shape.text += ' ';
-      if (!isKept) Append(shape, token, lexer.TextOf(token), statement);
+      if ((token.begin > endOfLast || isComment) && !normalized.text.empty() && normalized.text.back() != ' ')
+        normalized.text += ' ';
+      if (!isKept) Append(normalized, token, lexer.TextOf(token), statement);
       run = isKept ? token.begin : token.end;
     }
-    behindLast = token.end;
+    endOfLast = token.end;
   }
   copyRun();
-  return shape;
+  return normalized;
 }
 
 }  // namespace koru

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace koru {
+
+/// The value of a literal. An integer that fits 64 bits is an integer, any other number a double.
+using Literal = std::variant<std::int64_t, double, std::string>;
+
+/// A statement in the suite's server's dialect without its literals: statements that differ only in literals
+/// have the same text, which is the key of the statement cache. A text literal is written `'?'`, a number
+/// `?`; comments are removed, and any white space becomes one blank.
+struct NormalizedStatement {
+  std::string text;
+  std::vector<Literal> literals;  ///< from left to right
+};
+
+/// Reads a statement in one pass of the lexer. Throws DatabaseError if a literal, bracket or comment is not
+/// closed, if anything but white space follows a `;`, or if the statement has parameters of its own.
+[[nodiscard]] NormalizedStatement Normalize(const std::string& statement);
+
+}  // namespace koru
