@@ -8,12 +8,12 @@
 
 #include "benchmarks/RunMain.h"
 #include "benchmarks/Workload.h"
-#include "desktop/report/ReportDocument.h"
 #include "desktop/report/ReportOutput.h"
 #include "desktop/toolkit/Application.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/text/Errors.h"
 #include "reports/BuiltInReports.h"
+#include "siblings/report/ReportDocument.h"
 
 namespace koru::bench {
 namespace {

@@ -12,7 +12,7 @@
 #include "benchmarks/Showing.h"
 #include "benchmarks/Workload.h"
 #include "desktop/toolkit/Application.h"
-#include "host/Platform.h"
+#include "desktop/toolkit/Display.h"
 
 namespace koru::bench {
 namespace {
@@ -43,7 +43,7 @@ int Main(int argc, char** argv) {
     std::fputs("usage: koru-benchmarks FOLDER [options of Google Benchmark]\n", stderr);
     return 2;
   }
-  const MemoryScreen screen;
+  const OffscreenDisplay display;
   QApplication application(argc, argv);
   SetUpApplication(application);
   QApplication::setQuitOnLastWindowClosed(false);

@@ -29,14 +29,6 @@ class Reader {
     } else if (argument == "--size") {
       line_.sample = SizeOf(ValueOf(argument));
       sizeGiven_ = true;
-    } else if (argument == "--desktop") {
-      line_.desktop = true;
-    } else if (argument == "--odbc") {
-      TakeWay(ScratchRoute::Way::ThroughOdbc);
-    } else if (argument == "--server") {
-      TakeWay(ScratchRoute::Way::Server);
-    } else if (argument == "--pictures") {
-      line_.pictures = ValueOf(argument);
     } else if (argument == "-platform") {
       static_cast<void>(ValueOf(argument));
       line_.platformNamed = true;
@@ -50,8 +42,6 @@ class Reader {
   void TakeWord(const std::string& word) {
     if (commandGiven_) {
       line_.files.push_back(word);
-    } else if (word == "play") {
-      line_.command = CommandLine::Command::Play;
     } else if (word == "create-sample") {
       line_.command = CommandLine::Command::CreateSample;
     } else if (word == "create-schema") {
@@ -69,13 +59,6 @@ class Reader {
     return arguments_[at_++];
   }
 
-  void TakeWay(ScratchRoute::Way way) {
-    if (line_.way != ScratchRoute::Way::EmbeddedFile) {
-      throw InputError("از --odbc و --server تنها يكي به كار مي رود.");
-    }
-    line_.way = way;
-  }
-
   static std::optional<SampleSize> SizeOf(const std::string& size) {
     if (size == "standard") return SampleSize::Standard;
     if (size == "medium") return SampleSize::Medium;
@@ -87,17 +70,7 @@ class Reader {
   void Check() const {
     using Command = CommandLine::Command;
     CheckDatabaseCommands();
-    if (line_.command == Command::Play && line_.files.empty()) {
-      throw InputError("پس از play نام پروندة سناريو نيامده است.");
-    }
-    const bool forPlay =
-        line_.desktop || !line_.pictures.empty() || line_.way != ScratchRoute::Way::EmbeddedFile;
     const bool isHelp = line_.command == Command::Help || line_.command == Command::Version;
-    if (forPlay && line_.command != Command::Play && !isHelp) {
-      throw InputError("--desktop، --pictures، --odbc و --server تنها با play به كار مي روند.");
-    }
-    if (!line_.pictures.empty() && !line_.desktop)
-      throw InputError("--pictures تنها با --desktop به كار مي رود.");
     const bool takesConnection = line_.command == Command::HostScreen || WorksOnConnection();
     if (!line_.connection.empty() && !takesConnection && !isHelp) {
       throw InputError("--database و --connection با اين دستور به كار نمي روند.");
@@ -149,23 +122,18 @@ koru-counting --connection TEXT
     Works on the database of that connection text (Provider=SQLite;... or Provider=SQLOLEDB.1;...).
     با پايگاه دادة اين رشته اتصال كار مي كند.
 koru-counting create-sample [--size standard|medium|full] FILE
-    Makes a new sample database; a file that is there already is left alone. full has 2,000,000 document lines.
+    Makes a new sample database; an existing file is not changed. full has 2,000,000 document lines.
     پايگاه دادة نمونة تازه اي مي سازد؛ پروندة موجود دست نمي خورد. full دو ميليون سطر سند دارد.
 koru-counting create-schema --connection TEXT [--size standard|medium|full|none]
     Makes the tables, views and sample data in an empty database of a server; none: no sample data.
     جدول ها، نماها و دادة نمونه را در پايگاه دادة خالي سرور مي سازد؛ none يعني بي دادة نمونه.
 koru-counting check --connection TEXT
-    Says what of a database works and what is missing.
+    Reports what of a database works and what is missing.
     مي گويد در پايگاه داده چه چيز درست است و چه چيز كم است.
-koru-counting play FILE... [--desktop] [--pictures FOLDER] [--odbc | --server]
-    Plays scenarios, each on a database of its own: on the forms, or with --desktop on the windows.
-    With --odbc through the ODBC driver for SQLite; with --server on the server that KORU_SQLSERVER holds.
-    سناريوها را اجرا مي كند؛ با --desktop روي پنجره ها. --pictures تصوير پنجره ها را نگه مي دارد.
-    با --odbc از راه ODBC؛ با --server روي سروري كه متغير محيطي KORU_SQLSERVER نام مي برد.
 koru-counting --help | --version
 
-Exit codes: 0 all went well, 1 a scenario or a check failed, 2 something given could not be used.
-كد پايان: 0 درست، 1 سناريو يا بررسي نادرست درآمد، 2 ورودي قابل استفاده نبود.
+Exit codes: 0 success, 1 a check failed, 2 an argument, a file or a database cannot be used.
+كد پايان: 0 درست، 1 بررسي نادرست درآمد، 2 ورودي قابل استفاده نبود.
 )";
 }
 

@@ -5,29 +5,25 @@
 #include <vector>
 
 #include "database/Sample.h"
-#include "database/scratch/ScratchDatabase.h"
 
 namespace koru {
 
-/// What the program was asked for.
+/// The command line of koru-counting.
 struct CommandLine {
-  enum class Command { HostScreen, CreateSample, CreateSchema, Check, Play, Help, Version };
+  enum class Command { HostScreen, CreateSample, CreateSchema, Check, Help, Version };
 
   Command command = Command::HostScreen;
-  std::vector<std::string> files;  ///< the scenarios of Play; the one file of CreateSample
-  std::string connection;          ///< the database to work on; empty for the host screen: the one used last
+  std::vector<std::string> files;  ///< the one file of CreateSample
+  std::string connection;          ///< empty for the host screen: the database used last
   std::optional<SampleSize> sample =
-      SampleSize::Standard;  ///< of CreateSample and CreateSchema; nothing: none
-  ScratchRoute::Way way = ScratchRoute::Way::EmbeddedFile;  ///< how Play reaches the scenarios' databases
-  bool desktop = false;                                     ///< Play on the windows
-  std::string pictures;                                     ///< folder for the pictures of Play; empty: none
-  bool platformNamed = false;  ///< the toolkit was told its platform with `-platform`
+      SampleSize::Standard;    ///< of CreateSample and CreateSchema; none: no rows
+  bool platformNamed = false;  ///< `-platform` names the platform of the toolkit
 };
 
-/// Reads the arguments behind the program's name. Throws InputError naming the argument.
+/// Reads the arguments after the program's name. Throws InputError naming the argument that cannot be used.
 [[nodiscard]] CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 
-/// What `--help` prints.
+/// The text of `--help`.
 [[nodiscard]] std::string HelpText();
 
 }  // namespace koru

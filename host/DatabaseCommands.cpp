@@ -6,13 +6,9 @@
 #include <vector>
 
 #include "adapters/odbc/OdbcConnector.h"
-#include "adapters/odbc/OdbcDrivers.h"
-#include "adapters/odbc/OdbcTarget.h"
 #include "adapters/provider/ConnectorByProvider.h"
-#include "adapters/sqlite/CreateDatabaseFile.h"
 #include "adapters/sqlite/FilePath.h"
 #include "adapters/system/TemporaryFolder.h"
-#include "database/Schema.h"
 #include "database/sqlserver/CheckDatabase.h"
 #include "database/sqlserver/CopyRows.h"
 #include "database/sqlserver/SqlServerSchema.h"
@@ -23,7 +19,7 @@
 namespace koru {
 namespace {
 
-/// One line of a terminal that is written over as the work goes on.
+/// One line of a terminal that is overwritten as the work proceeds.
 class ProgressLine {
  public:
   ProgressLine(std::ostream& report, std::string what) : report_(report), what_(std::move(what)) {}
@@ -40,38 +36,14 @@ class ProgressLine {
   int shown_ = -1;
 };
 
-OdbcTarget TargetOf(const std::string& connectionText) {
-  if (EqualsNoCase(ConnectionText::Parse(connectionText).Get("Provider"), "SQLite")) {
-    throw InputError("create-schema با ODBC كار مي كند؛ براي پروندة توكار create-sample را به كار ببريد.");
-  }
-  return ReadTarget(connectionText, InstalledDrivers());
-}
-
-/// Connects, and makes the tables.
-std::unique_ptr<Database> MakeTables(const OdbcTarget& target, const std::string& connectionText,
-                                     std::ostream& report) {
-  ProgressLine line(report, "جدول ها");
-  if (target.kind == OdbcTarget::Kind::EmbeddedFile) CreateDatabaseFile(target.database, EmbeddedSchema());
-  std::unique_ptr<Database> database = OdbcConnector().Connect(connectionText);
-  if (target.kind == OdbcTarget::Kind::Server) {
-    CreateSqlServerSchema(
-        *database, [&](std::size_t done, std::size_t all) { line.Show(static_cast<int>(done * 100 / all)); });
-  } else {
-    line.Show(100);
-  }
-  line.End();
-  return database;
-}
-
-void FillWithSample(Database& database, OdbcTarget::Kind kind, SampleSize size, std::ostream& report) {
+void FillWithSample(Database& database, SampleSize size, std::ostream& report) {
   const TemporaryFolder folder;
   const std::string file = TextOf(folder.Path() / "sample.db");
   ProgressLine made(report, "دادة نمونه");
   CreateSample(file, size, [&](int percent) { made.Show(percent); });
   made.End();
   ProgressLine copied(report, "نوشتن در پايگاه داده");
-  CopyRows(file, database, kind == OdbcTarget::Kind::Server ? RowsTarget::Server : RowsTarget::EmbeddedFile,
-           [&](int percent) { copied.Show(percent); });
+  CopyRows(file, database, [&](int percent) { copied.Show(percent); });
   copied.End();
 }
 
@@ -85,9 +57,15 @@ void MakeSampleFile(const std::string& file, SampleSize size, std::ostream& repo
 
 void MakeSuiteDatabase(const std::string& connectionText, std::optional<SampleSize> sample,
                        std::ostream& report) {
-  const OdbcTarget target = TargetOf(connectionText);
-  const std::unique_ptr<Database> database = MakeTables(target, connectionText, report);
-  if (sample) FillWithSample(*database, target.kind, *sample, report);
+  if (EqualsNoCase(ConnectionText::Parse(connectionText).Get("Provider"), "SQLite")) {
+    throw InputError("create-schema با ODBC كار مي كند؛ براي پروندة توكار create-sample را به كار ببريد.");
+  }
+  const std::unique_ptr<Database> database = OdbcConnector().Connect(connectionText);
+  ProgressLine line(report, "جدول ها");
+  CreateSqlServerSchema(
+      *database, [&](std::size_t done, std::size_t all) { line.Show(static_cast<int>(done * 100 / all)); });
+  line.End();
+  if (sample) FillWithSample(*database, *sample, report);
 }
 
 bool ReportCheck(const std::string& connectionText, std::ostream& report) {

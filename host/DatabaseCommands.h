@@ -8,18 +8,18 @@
 
 namespace koru {
 
-/// Makes a sample database file and reports how far it has come. Throws as CreateSample does.
+/// Makes a sample database file and reports the progress. Throws what CreateSample throws.
 void MakeSampleFile(const std::string& file, SampleSize size, std::ostream& report);
 
-/// Makes the suite's tables, indexes, views and procedure in the empty database of a server, or an embedded
-/// database file that is reached through ODBC, and fills them with a sample of that size, if any. Throws
-/// InputError when the text names neither, or when something is there already: then nothing was written.
-/// Throws the DatabaseError of the first statement that fails; what was made before it stays.
+/// Makes the suite's tables, indexes, views and procedure in the empty database of a server, and fills them
+/// with a sample of that size, if any. Throws InputError for a connection text of another kind, or when one
+/// of these objects exists: then nothing was written. Throws the DatabaseError of the first statement that
+/// fails; what was made before it remains.
 void MakeSuiteDatabase(const std::string& connectionText, std::optional<SampleSize> sample,
                        std::ostream& report);
 
-/// Reports a line for each thing that the component needs from a database, and a last line that counts those
-/// that are not as they must be. True when there is none.
+/// Reports one line for each requirement of the component on a database, and a last line that counts those
+/// that are not met. True when all are met.
 [[nodiscard]] bool ReportCheck(const std::string& connectionText, std::ostream& report);
 
 }  // namespace koru

@@ -21,7 +21,7 @@ std::filesystem::path UserFolder(QStandardPaths::StandardLocation kind) {
   return FromQt(QStandardPaths::writableLocation(kind));
 }
 
-/// The sample of the first start; it is made where it is missing.
+/// The sample of the first start; made where it is missing.
 std::string SampleFile() {
   const std::filesystem::path folder = UserFolder(QStandardPaths::AppDataLocation);
   std::string file = (folder / "sample.db").string();
@@ -49,7 +49,7 @@ int ShowHost(const std::string& connection) {
   return QApplication::exec();
 }
 
-/// A program that was started from a menu has nobody reading its error output.
+/// Nobody reads the error output of a program that was started from a menu.
 void ShowSentence(const std::string& sentence) {
   if (QGuiApplication::platformName() == QLatin1String("offscreen")) return;
   MessageDialog dialog;

@@ -1,26 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "adapters/system/SystemServices.h"
-#include "adapters/xlsx/XlsxStarter.h"
-#include "desktop/fields/SelectorRecords.h"
-#include "desktop/forms/DesktopScreen.h"
+#include "desktop/suite/DesktopSuite.h"
 #include "host/IniFile.h"
 #include "host/IniPropertyBag.h"
-#include "platform/ports/Components.h"
-#include "platform/ports/HostServices.h"
-#include "platform/sql/Database.h"
-#include "services/Messages.h"
 
 namespace koru {
 
-/// Everything behind the host screen: what the embedded control needs from where it runs, and the settings
-/// file that is its property store, so that user and database are the same after a restart.
+/// What the host screen works with: the suite, and the settings file that is the control's property store, so
+/// that user and database are the same after a restart.
 class HostSession {
  public:
   struct User {
@@ -28,36 +23,29 @@ class HostSession {
     std::string name;
   };
 
-  /// Reads the settings; a file that is not there gives defaults. Throws InputError naming what cannot be
-  /// read; the file then stays as it is.
+  /// Reads the settings; a missing file gives defaults. Throws InputError naming what cannot be read; the
+  /// file then stays as it is.
   explicit HostSession(const std::filesystem::path& settings);
 
-  [[nodiscard]] HostServices Where();
+  [[nodiscard]] HostServices Services() { return suite_.Services(); }
   [[nodiscard]] PropertyBag& Properties() { return properties_; }
-  /// Brings the properties to the disk. Throws InputError.
+  /// Writes the properties to the disk. Throws InputError.
   void SaveProperties() const { settings_.Write(); }
 
-  /// Those who can sign in, by name. Throws DatabaseError.
+  /// The users who can sign in, by name. Throws DatabaseError.
   [[nodiscard]] std::vector<User> Users(const std::string& connection);
-  /// Throws DatabaseError with one sentence when the connection text leads to no usable database.
-  void TestConnection(const std::string& connection) { databases_->Connect(connection).reset(); }
-  /// Tells the person of a failure.
-  void ShowFailure(const std::exception& failure) const { messages_.ShowFailure(failure); }
+  /// Throws DatabaseError with one sentence when the connection text names no usable database.
+  void TestConnection(const std::string& connection) { suite_.Databases().Connect(connection).reset(); }
+  /// Shows a failure to the user.
+  void ShowFailure(const std::exception& failure) const { suite_.ShowFailure(failure); }
 
  private:
   IniFile settings_;
   IniPropertyBag properties_{settings_, "comInvCounting"};
-  std::unique_ptr<DatabaseConnector> databases_;
-  ComponentRegistry components_;
-  Messages messages_{components_};
-  SystemClock clock_;
-  SystemFileSystem files_;
-  XlsxStarter spreadsheets_;
-  SelectorRecords records_{*databases_};
-  DesktopScreen screen_;
+  DesktopSuite suite_;
 };
 
-/// Whether a control that holds this connection text was ever given one; "0" is what it starts with.
+/// Whether a control that holds this connection text was ever given one; "0" is its initial value.
 [[nodiscard]] bool IsConnection(std::string_view connection);
 
 }  // namespace koru

@@ -29,7 +29,7 @@ constexpr QSize kDefaultSize(1000, 620);
 constexpr int kUserWidth = 200;
 constexpr int kNumberWidth = 140;
 
-/// The database for people: the file, or the connection text without its password.
+/// The database as it is shown: the file, or the connection text without its password.
 QString DatabaseName(const std::string& connection) {
   const ConnectionText text = ConnectionText::Parse(connection);
   const std::string file = text.Get("Data Source");
@@ -42,14 +42,14 @@ QString DatabaseName(const std::string& connection) {
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 HostWindow::HostWindow(HostSession& session)
     : session_(session),
-      control_(new comInvCountingWidget(session.Where(), this)),
+      control_(new comInvCountingWidget(session.Services(), this)),
       users_(new QComboBox(this)),
       database_(new QLabel(this)),
       number_(new QLineEdit(this)) {
   setObjectName(QStringLiteral("host"));
   setWindowTitle(QStringLiteral("شمارش انبار"));
   control_->setObjectName(QStringLiteral("comInvCounting"));
-  control_->hide();  // until its database has been read: the list would report the same failure again
+  control_->hide();  // until its database has been read, or the list would report the same failure again
   control_->ReadProperties(session_.Properties());
   connect(control_, &comInvCountingWidget::propertyChanged, this, &HostWindow::KeepProperties);
   auto* const layout = new QVBoxLayout(this);
@@ -95,8 +95,7 @@ void HostWindow::AddDoors(QVBoxLayout& window) {
   create->setProperty("main", true);
   create->setShortcut(QKeySequence::New);
   create->setToolTip(QStringLiteral("Ctrl+N"));
-  // An underlined letter would break the word that it stands in, so the number is reached by a key of its
-  // own.
+  // An underlined letter would break the joining of a Persian word, so a key of its own leads to the number.
   number_->setToolTip(QStringLiteral("Ctrl+O"));
   connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, number_,
           [this] { number_->setFocus(); });

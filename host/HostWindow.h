@@ -37,7 +37,7 @@ class HostWindow : public QWidget {
   void ChooseDatabase();
   void OpenByNumber();
   void KeepProperties();
-  /// Runs what the person asked for and reports what it throws.
+  /// Runs an action of the user and shows what it throws.
   void Try(const std::function<void()>& action) const;
 
   HostSession& session_;

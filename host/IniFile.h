@@ -8,21 +8,21 @@
 
 namespace koru {
 
-/// A file of settings, UTF-8: `[section]` lines, `key=value` lines, and comments behind `;`. A value that
-/// begins or ends with a blank or a quote stands in double quotes; inside of them `\"`, `\\` and `\n` are
-/// written so. Comments, order and what the program does not know are kept when the file is written.
+/// A file of settings, UTF-8: `[section]` lines, `key=value` lines, and comments after `;`. A value that
+/// begins or ends with a blank or a quote is in double quotes; inside them `\"`, `\\` and `\n` are escapes.
+/// Comments, order and unknown keys are kept when the file is written.
 class IniFile {
  public:
-  /// A file that is not there is empty. Throws InputError naming file and line when a line cannot be read, or
+  /// A missing file is empty. Throws InputError naming file and line when a line cannot be read, or
   /// the file when it cannot.
   [[nodiscard]] static IniFile Read(const std::filesystem::path& file);
 
-  /// The value of a key, both by their names as given; nothing when it is not there.
+  /// The value of a key; names are compared exactly. No value when it is missing.
   [[nodiscard]] std::optional<std::string> Get(std::string_view section, std::string_view key) const;
   void Set(std::string_view section, std::string_view key, std::string value);
   void Remove(std::string_view section, std::string_view key);
 
-  /// Where a key stands, for errors: file and line.
+  /// The place of a key, for errors: file and line.
   [[nodiscard]] std::string PlaceOf(std::string_view section, std::string_view key) const;
 
   /// Writes the file, readable by its owner alone, since a connection text may hold a password. The old file

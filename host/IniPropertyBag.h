@@ -6,9 +6,9 @@
 namespace koru {
 
 /// A control's properties as one section of a settings file, under their store keys. A Boolean is written as
-/// 0 or -1 (the suite's True), a font as `name;size;bold;italic`. What cannot be read as its kind throws
-/// InputError naming key, file and line. Writing changes the file's contents in memory; IniFile::Write brings
-/// them to the disk.
+/// 0 or -1 (the suite's True), a font as `name;size;bold;italic`. A value of another kind throws
+/// InputError naming key, file and line. Writing changes the contents in memory; IniFile::Write writes them
+/// to the disk.
 class IniPropertyBag : public PropertyBag {
  public:
   /// `file` must outlive the bag.

@@ -2,8 +2,8 @@
 
 namespace koru {
 
-/// Runs the program: reads the command line, does what it asks for, and answers the exit code (0 all went
-/// well, 1 a scenario or a check failed, 2 something given could not be used).
+/// Runs koru-counting and returns its exit code: 0 success, 1 a check failed, 2 an argument, a file or a
+/// database cannot be used.
 [[nodiscard]] int RunProgram(int argc, char** argv);
 
 }  // namespace koru

@@ -6,14 +6,14 @@
 
 namespace koru {
 
-/// Makes the sample database and shows how far it has come. The toolkit runs no input meanwhile.
+/// Makes the sample database and shows the progress. Input waits until it is made.
 class SampleProgressWindow : public QWidget {
   Q_OBJECT
 
  public:
   SampleProgressWindow();
 
-  /// Throws what CreateSample throws; then there is no file.
+  /// Throws what CreateSample throws, after which no file exists.
   void Make(const std::string& file);
 
  private:

@@ -9,14 +9,14 @@
 namespace koru {
 namespace {
 
-/// A step that a person could not do is no outcome but an error of the scenario.
+/// A step that a user could not do is an error of the scenario, not an outcome.
 void MustBeDone(bool done, const Control& control, const ScenarioStep& step) {
   if (done) return;
   std::string why = "it does not take that";
   if (!control.Enabled()) why = "it is disabled";
   if (!control.Visible()) why = "it is not visible";
   if (IsLocked(control)) why = "it is locked";
-  throw ScenarioFailure("a person cannot " + step.Text(0) + " " + control.Name() + ": " + why);
+  throw ScenarioFailure("the user cannot " + step.Text(0) + " " + control.Name() + ": " + why);
 }
 
 void View(ScenarioWorld& world, const ScenarioStep& step) {

@@ -8,18 +8,18 @@
 
 namespace koru {
 
-/// What a control holds, as a scenario writes it: a quoted text, a key or `nothing`, a day or `empty`, `on`
-/// or `off`. Empty for a control that holds nothing of that kind (a grid, a timer).
+/// The content of a control as a scenario writes it: a quoted text, a key or `nothing`, a date or `empty`,
+/// `on` or `off`. No value for a control without such content (a grid, a timer).
 [[nodiscard]] std::optional<ScenarioWord> ContentOf(const Control& control);
 
-/// Whether a person could change the control's content, were it enabled; a control that cannot be locked is
-/// not.
+/// Whether the control keeps a user from changing its content even while it is enabled. False for a kind of
+/// control that cannot be locked.
 [[nodiscard]] bool IsLocked(const Control& control);
 
-/// A word as it stands in a scenario.
+/// The word as a scenario writes it.
 [[nodiscard]] std::string Written(const ScenarioWord& word);
 
-/// The control as a `T`; ScenarioFailure with the name of the kind when it is none.
+/// The control as a `T`; throws ScenarioFailure naming `kind` when it is not one.
 template <class T>
 [[nodiscard]] T& As(Control& control, const std::string& kind) {
   if (auto* const as = dynamic_cast<T*>(&control)) return *as;

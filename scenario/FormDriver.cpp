@@ -4,11 +4,12 @@
 #include <utility>
 
 #include "scenario/ScriptedComponents.h"
+#include "siblings/report/SuiteReportPrinter.h"
 
 namespace koru {
 namespace {
 
-/// A person who turns to another control leaves the grid first.
+/// A user who turns to another control leaves the grid first.
 void LeaveGridFor(const Control& control) {
   auto* const grid = dynamic_cast<Grid*>(control.Parent().Focus());
   if (grid != nullptr && grid != &control && control.Enabled() && control.Visible()) grid->UserLeave();
@@ -19,17 +20,16 @@ void LeaveGridFor(const Control& control) {
 void FormDriver::RegisterComponents(ComponentRegistry& components) {
   components.Register(std::string(MessageComponent::kClassName),
                       [this] { return std::make_unique<ScriptedMessage>(user_); });
-  components.Register(std::string(GoodsPicker::kClassName),
-                      [this] { return std::make_unique<ScriptedPicker>(databases_, user_); });
-  components.Register(std::string(ReportPrinter::kClassName),
-                      [this] { return std::make_unique<ScriptedPrinter>(databases_, report_); });
-  const auto addDocument = [&](std::string_view className, const DocumentKind& kind) {
-    components.Register(std::string(className), [this, &components, &kind] {
-      return std::make_unique<ScriptedDocument>(kind, databases_, components, user_);
-    });
+  const auto pick = [this](GoodsFinder& finder, const PickRequest& request) {
+    return PickScripted(user_, finder, request);
   };
-  addDocument(DocumentComponent::kReceiptClassName, ReceiptKind());
-  addDocument(DocumentComponent::kDispatchClassName, DispatchKind());
+  components.Register(std::string(GoodsPicker::kClassName),
+                      [this, pick] { return std::make_unique<SuiteGoodsPicker>(databases_, pick); });
+  RegisterDocumentComponents(components, databases_,
+                             [this](const OpenedDocument& opened) { UseScripted(user_, opened); });
+  const auto keep = [this](std::unique_ptr<const ReportDocument> report) { report_ = std::move(report); };
+  components.Register(std::string(ReportPrinter::kClassName),
+                      [this, keep] { return std::make_unique<SuiteReportPrinter>(databases_, keep); });
 }
 
 void FormDriver::Show(Form& form, bool modal) {
@@ -74,7 +74,7 @@ bool FormDriver::Choose(OptionButton& option) {
 }
 
 bool FormDriver::TypeCell(Grid& grid, int row, int col, const std::string& text) {
-  // A refused text is an outcome that the scenario looks at, not a step that could not be done.
+  // A refused text is an outcome for the scenario to check, not a step that was impossible.
   if (!grid.IsEditable(col) || grid.Locked() || !grid.UserMoveTo(row, col)) return false;
   grid.UserEdit(row, col, text);
   return true;

@@ -5,7 +5,7 @@
 
 namespace koru {
 
-/// Plays on the forms alone: each operation is the control's own, and there is no window.
+/// Drives the forms alone: each operation is the `User...` operation of the control, and there is no window.
 class FormDriver : public UiDriver, private Screen {
  public:
   /// Both must outlive the driver.

@@ -33,7 +33,7 @@ void ExpectForm(ScenarioWorld& world, const ScenarioStep& step) {
 }
 
 void ExpectResult(ScenarioWorld& world, const ScenarioStep& step) {
-  if (!world.viewResult) throw ScenarioFailure("no view has come to its end");
+  if (!world.viewResult) throw ScenarioFailure("no view has returned");
   MustBe("result of view", step.Text(2), *world.viewResult ? "true" : "false");
 }
 
@@ -42,7 +42,7 @@ void ExpectMode(ScenarioWorld& world, const ScenarioStep& step) {
 }
 
 void ExpectCursor(ScenarioWorld& world, const ScenarioStep& step) {
-  MustBe("pointer", step.Text(2), world.screen.CurrentCursor() == Cursor::Normal ? "normal" : "hourglass");
+  MustBe("cursor", step.Text(2), world.screen.CurrentCursor() == Cursor::Normal ? "normal" : "hourglass");
 }
 
 std::string WrittenRow(const std::vector<ScenarioWord>& row) {
@@ -117,7 +117,7 @@ constexpr StepKind kKinds[] = {
     {"expect form NAME shown modal|modeless", ExpectForm},
     {"expect result true|false", ExpectResult},
     {"expect mode NUMBER", ExpectMode},
-    {"expect pointer normal|hourglass", ExpectCursor},
+    {"expect cursor normal|hourglass", ExpectCursor},
     {"expect workbooks NUMBER...", ExpectWorkbooks},
     {"expect workbooks none", ExpectWorkbooks},
     {"expect sql TEXT ROWS", ExpectSql},

@@ -15,8 +15,7 @@ const ReportDocument& OpenReport(ScenarioWorld& world) {
   return *report;
 }
 
-/// What the cells of a page show, from top to bottom and from right to left, without the marks that keep the
-/// direction of values.
+/// The texts of the cells of a page, from top to bottom and from right to left, without direction marks.
 std::vector<std::string> TextsOfPage(const ReportDocument& report, std::size_t page) {
   std::vector<std::string> texts;
   for (const PlacedBand& band : report.Pages()[page].bands) {
@@ -51,9 +50,9 @@ void ExpectPage(ScenarioWorld& world, const ScenarioStep& step) {
   for (std::size_t i = 4; i < step.words.size(); ++i) {
     const auto found = std::find(from, texts.end(), step.Text(i));
     if (found == texts.end()) {
-      const std::string behind = i == 4 ? std::string() : " behind " + QuotedForScenario(step.Text(i - 1));
+      const std::string after = i == 4 ? std::string() : " after " + QuotedForScenario(step.Text(i - 1));
       throw ScenarioFailure("page " + step.Text(3) + " of the report does not show " +
-                            QuotedForScenario(step.Text(i)) + behind);
+                            QuotedForScenario(step.Text(i)) + after);
     }
     from = found + 1;
   }
@@ -80,7 +79,7 @@ void SaveReport(ScenarioWorld& world, const ScenarioStep&) {
 
 void CloseReport(ScenarioWorld& world, const ScenarioStep&) {
   static_cast<void>(OpenReport(world));
-  if (!world.driver->CloseReport()) throw ScenarioFailure("a person cannot close the report");
+  if (!world.driver->CloseReport()) throw ScenarioFailure("the user cannot close the report");
 }
 
 constexpr StepKind kKinds[] = {

@@ -35,7 +35,8 @@ class LineReader {
 
   ScenarioWord Bare() {
     const std::string_view word = rest_.substr(0, rest_.find_first_of(kBlanks));
-    if (word.find('"') != std::string_view::npos) Fail("a quote stands inside the word " + std::string(word));
+    if (word.find('"') != std::string_view::npos)
+      Fail("there is a quote inside the word " + std::string(word));
     rest_.remove_prefix(word.size());
     return {std::string(word), false};
   }
@@ -55,7 +56,7 @@ class LineReader {
     if (rest_.empty()) Fail("a quoted text does not end on its line");
     rest_.remove_prefix(1);
     if (!rest_.empty() && kBlanks.find(rest_.front()) == std::string_view::npos) {
-      Fail("a blank is missing behind the quoted text " + QuotedForScenario(word.text));
+      Fail("a blank is missing after the quoted text " + QuotedForScenario(word.text));
     }
     return word;
   }
@@ -95,7 +96,7 @@ std::size_t PatternOf(const ScenarioStep& step, std::span<const std::string_view
     if (PatternWords(pattern).front() != step.Text(0)) continue;
     known += (known.empty() ? "; it is written: " : ", or: ") + std::string(pattern);
   }
-  throw InputError(place + ": this is no step that can be played: " + step.Text(0) + known);
+  throw InputError(place + ": unknown step: " + step.Text(0) + known);
 }
 
 /// The text without its first line, which is returned.
@@ -154,8 +155,7 @@ Scenario ReadScenario(const std::filesystem::path& file, std::span<const std::st
 
 std::string QuotedForScenario(std::string_view text) {
   constexpr std::string_view kHexadecimal = "0123456789ABCDEF";
-  // What a person cannot tell from something else on the screen: control characters, no-break blank,
-  // direction marks.
+  // Control characters, no-break blank and direction marks look like other characters on the screen.
   const auto isUnseen = [](char32_t c) {
     return c < 0x20 || c == 0x7F || c == 0xA0 || c == 0xFEFF || (c >= 0x200B && c <= 0x200F) ||
            (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);

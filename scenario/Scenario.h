@@ -10,7 +10,7 @@
 
 namespace koru {
 
-/// One word of a line: a bare word, or a text that stood in double quotes (here without them, its escapes
+/// One word of a line: a bare word, or a text that was in double quotes (here without them, its escapes
 /// resolved).
 struct ScenarioWord {
   std::string text;
@@ -26,23 +26,24 @@ struct ScenarioStep {
   std::vector<ScenarioWord> words;
   std::vector<std::vector<ScenarioWord>> rows;
 
-  /// The word at `index`, counted from 0; the patterns prove that it is there.
+  /// The word at `index`, counted from 0. The pattern of the step guarantees that it exists.
   [[nodiscard]] const std::string& Text(std::size_t index) const { return words.at(index).text; }
   /// The same as a whole number.
   [[nodiscard]] std::int32_t Number(std::size_t index) const;
 };
 
-/// What one person does and sees, step by step.
+/// What one user does and sees, step by step.
 struct Scenario {
-  std::string file;  ///< as it was named to the reader; errors repeat it
+  std::string file;  ///< the name given to the reader, for errors
   std::vector<ScenarioStep> steps;
 };
 
-/// Reads a scenario from its text. Each step must match one of `patterns`; the first that does counts. A
+/// Reads a scenario from its text. The pattern of a step is the first of `patterns` that it matches. A
 /// pattern is words separated by blanks: TEXT (a quoted text), NUMBER (32 bits), DATE (yyyy/mm/dd, an
 /// existing day of the Solar Hijri calendar), NAME (a control, form or property, also form.control), KEY (see
-/// ParseKey), ROWS (at the end: `|` lines may follow), or the word itself; `a|b` accepts either, and `...`
-/// behind the last word lets it come more than once. Throws InputError naming file and line.
+/// ParseKey), ROWS (at the end: `|` lines may follow), or the word itself; `a|b` accepts either, and a
+/// word that ends in `...` may be repeated. Throws InputError naming file and line, also for a step that
+/// matches no pattern.
 [[nodiscard]] Scenario ParseScenario(std::string_view text, const std::string& file,
                                      std::span<const std::string_view> patterns);
 
@@ -50,7 +51,7 @@ struct Scenario {
 [[nodiscard]] Scenario ReadScenario(const std::filesystem::path& file,
                                     std::span<const std::string_view> patterns);
 
-/// `text` as a scenario writes it: in double quotes, with escapes for what cannot be seen.
+/// `text` as a scenario writes it: in double quotes, with escapes for invisible characters.
 [[nodiscard]] std::string QuotedForScenario(std::string_view text);
 
 /// The place of a step, for errors: `file:line`.

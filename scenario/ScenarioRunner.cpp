@@ -10,20 +10,20 @@
 namespace koru {
 namespace {
 
-void PlayNoMessage(ScenarioWorld&, const ScenarioStep& step) {
+void NoMessage(ScenarioWorld&, const ScenarioStep& step) {
   throw ScenarioFailure("expected the " + step.Text(0) + " " + QuotedForScenario(step.Text(1)) + " " +
                         QuotedForScenario(step.Text(2)) + ", and none is shown");
 }
 
-void PlayNoPicker(ScenarioWorld&, const ScenarioStep&) {
+void NoPicker(ScenarioWorld&, const ScenarioStep&) {
   throw ScenarioFailure("expected the goods picker, and it is not shown");
 }
 
-void PlayNoDocument(ScenarioWorld&, const ScenarioStep& step) {
+void NoDocument(ScenarioWorld&, const ScenarioStep& step) {
   throw ScenarioFailure("expected the " + step.Text(1) + " " + step.Text(2) + ", and it is not shown");
 }
 
-void PlayError(ScenarioWorld& world, const ScenarioStep& step) {
+void ExpectError(ScenarioWorld& world, const ScenarioStep& step) {
   if (world.hostError.empty()) throw ScenarioFailure("expected an error, and there was none");
   const std::string error = std::exchange(world.hostError, {});
   if (error != step.Text(1)) {
@@ -32,14 +32,14 @@ void PlayError(ScenarioWorld& world, const ScenarioStep& step) {
   }
 }
 
-/// The steps that answer what the ones before them set off.
+/// Answers to what a step before them caused.
 constexpr StepKind kAnswerSteps[] = {
-    {"message TEXT TEXT", PlayNoMessage},
-    {"question TEXT TEXT yes|no|close", PlayNoMessage},
-    {"picked TEXT...", PlayNoPicker},
-    {"picked nothing", PlayNoPicker},
-    {"document receipt|dispatch NUMBER view|register", PlayNoDocument},
-    {"error TEXT", PlayError},
+    {"message TEXT TEXT", NoMessage},
+    {"question TEXT TEXT yes|no|close", NoMessage},
+    {"picked TEXT...", NoPicker},
+    {"picked nothing", NoPicker},
+    {"document receipt|dispatch NUMBER view|register", NoDocument},
+    {"error TEXT", ExpectError},
 };
 
 const std::vector<StepKind>& Kinds() {
@@ -70,11 +70,12 @@ const std::vector<std::string_view>& ScenarioRunner::Patterns() {
   return patterns;
 }
 
-ScenarioRunner::ScenarioRunner(const Scenario& scenario, const DriverMaker& makeDriver, ScratchRoute route)
-    : scenario_(scenario), world_(*this, makeDriver, std::move(route)) {}
+ScenarioRunner::ScenarioRunner(const Scenario& scenario, const DriverMaker& makeDriver,
+                               std::optional<std::string> server)
+    : scenario_(scenario), world_(*this, makeDriver, std::move(server)) {}
 
-std::string ScenarioRunner::Play() {
-  while (GoesOn()) PlayNext();
+std::string ScenarioRunner::Run() {
+  while (HasNext()) RunNext();
   if (failure_.empty()) CheckError(nullptr);
   if (failure_.empty() && world_.log.FailureIsPending())
     Fail("the scenario ends before the statement that was to fail");
@@ -83,22 +84,22 @@ std::string ScenarioRunner::Play() {
   return failure_;
 }
 
-void ScenarioRunner::PlayNext() {
+void ScenarioRunner::RunNext() {
   current_ = next_++;
   const ScenarioStep& step = scenario_.steps[current_];
   CheckError(&step);
-  if (failure_.empty()) Run(step);
+  if (failure_.empty()) RunStep(step);
 }
 
-void ScenarioRunner::Run(const ScenarioStep& step) {
+void ScenarioRunner::RunStep(const ScenarioStep& step) {
   const std::size_t at = current_;
   try {
-    Kinds()[step.pattern].play(world_, step);
+    Kinds()[step.pattern].run(world_, step);
   } catch (const ScenarioFailure& failure) {
     if (failure_.empty()) current_ = at;
     Fail(failure.what());
   } catch (const std::exception& error) {
-    // What a host's call throws is an outcome; the step behind it says whether it was expected.
+    // What a call of the host throws is an outcome: the next step says whether it was expected.
     world_.hostError = error.what();
     errorAt_ = at;
   }
@@ -110,7 +111,7 @@ void ScenarioRunner::CheckError(const ScenarioStep* step) {
   Fail("this step failed with the error " + QuotedForScenario(world_.hostError));
 }
 
-bool ScenarioRunner::NextLooksOnly() const {
+bool ScenarioRunner::NextOnlyChecks() const {
   const std::string& word = scenario_.steps[next_].Text(0);
   return word == "expect" || word == "picture";
 }
@@ -118,9 +119,9 @@ bool ScenarioRunner::NextLooksOnly() const {
 const ScenarioStep* ScenarioRunner::TakeAnswer(const std::string& shown,
                                                std::initializer_list<std::string_view> words) {
   const std::size_t cause = current_;
-  while (GoesOn() && NextLooksOnly()) PlayNext();
+  while (HasNext() && NextOnlyChecks()) RunNext();
   if (!failure_.empty()) return nullptr;
-  const ScenarioStep* const step = GoesOn() ? &scenario_.steps[next_] : nullptr;
+  const ScenarioStep* const step = HasNext() ? &scenario_.steps[next_] : nullptr;
   if (step == nullptr || std::find(words.begin(), words.end(), step->Text(0)) == words.end()) {
     current_ = cause;
     Fail(shown + " is shown that the scenario does not expect");
@@ -171,11 +172,11 @@ DocumentUse ScenarioRunner::UseDocument(const ShownDocument& document) {
   return DocumentUse::View;
 }
 
-void ScenarioRunner::CannotDo(const std::string& what) { Fail("a person cannot " + what); }
+void ScenarioRunner::CannotDo(const std::string& what) { Fail("the user cannot " + what); }
 
 void ScenarioRunner::UseModalForm(Form& form) {
-  while (GoesOn() && form.Visible()) PlayNext();
-  // A scenario that ends, or fails, before the form does: the caller is still waiting for it.
+  while (HasNext() && form.Visible()) RunNext();
+  // Where the scenario ends or fails first, the caller still waits for the form.
   form.Hide();
 }
 
@@ -183,7 +184,7 @@ void ScenarioRunner::Fail(const std::string& what) {
   if (!failure_.empty()) return;
   const ScenarioStep& step = scenario_.steps[std::min(current_, scenario_.steps.size() - 1)];
   failure_ = ScenarioPlace(scenario_.file, step.line) + ": " + what;
-  if (open_ != nullptr) failure_ += "; on the screen stands the " + Described(*open_);
+  if (open_ != nullptr) failure_ += "; the screen shows the " + Described(*open_);
 }
 
 }  // namespace koru

@@ -12,8 +12,9 @@
 
 namespace koru {
 
-ScenarioWorld::ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver, ScratchRoute route)
-    : route_(std::move(route)),
+ScenarioWorld::ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver,
+                             std::optional<std::string> server)
+    : server_(std::move(server)),
       driver(makeDriver(user, databases_)),
       screen(driver->TheScreen()),
       counting(static_cast<ControlHost&>(*this),
@@ -29,7 +30,7 @@ void ScenarioWorld::MakeDatabase(Contents contents) {
   } else {
     CreateDatabaseFile(file, EmbeddedSchema());
   }
-  database_ = std::make_unique<ScratchDatabase>(route_, file);
+  database_ = std::make_unique<ScratchDatabase>(file, server_);
   counting.SetOLEConnectionString(database_->ConnectionText());
 }
 

@@ -18,12 +18,12 @@
 
 namespace koru {
 
-/// Makes the stage of a scenario. Windows that read records of their own (pickers) read them through
-/// `databases`, so that the scenario sees the component's statements alone.
+/// Makes the driver of a scenario. Windows that read records of their own (pickers) read them through
+/// `databases`, so that the statements of the scenario are those of the component alone.
 using DriverMaker =
     std::function<std::unique_ptr<UiDriver>(ScenarioUser& user, DatabaseConnector& databases)>;
 
-/// A clock that a scenario sets; without that it shows the real day.
+/// A clock that a scenario can set; the machine's date until then.
 class ScenarioClock : public Clock {
  public:
   [[nodiscard]] Date Today() const override { return today_ ? *today_ : real_.Today(); }
@@ -34,35 +34,35 @@ class ScenarioClock : public Clock {
   std::optional<Date> today_;
 };
 
-/// All that a scenario is played in: a database of its own, a temporary folder, the driver, and the embedded
+/// The environment of one scenario: a database of its own, a temporary folder, the driver, and the embedded
 /// control.
 class ScenarioWorld : private ControlHost {
  public:
   enum class Contents { Sample, Empty };
 
-  /// `person` must outlive the world.
-  ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver, ScratchRoute route);
+  /// `user` must outlive the world. `server`: see RunScenarios.
+  ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver, std::optional<std::string> server);
 
-  /// Makes the scenario's database and connects the control to it. A scenario does so once, before anything
-  /// else.
+  /// Makes the scenario's database and connects the control to it. Throws ScenarioFailure the second time.
   void MakeDatabase(Contents contents);
-  /// The scenario's own way to its database, for rows that it sets up or looks at.
+  /// The scenario's own connection to its database, for rows that it sets up or checks. Throws
+  /// ScenarioFailure before MakeDatabase.
   [[nodiscard]] ScratchDatabase& Sql();
-  /// Where the workbooks of the scenario go; not there before the first one.
+  /// The folder of the workbooks that the scenario exports; does not exist before the first.
   [[nodiscard]] std::filesystem::path Workbooks() const { return folder_.Path() / "workbooks"; }
 
   /// A form that is loaded, by name; nullptr when there is none.
   [[nodiscard]] Form* FindForm(std::string_view name) const;
-  /// The form that the person works with: the visible one that was shown last.
+  /// The visible form that was shown last. Throws ScenarioFailure when none is visible.
   [[nodiscard]] Form& ActiveForm() const;
   /// A control by name, or by form and name (`frmInvSearch.cmdExit`). Without a form: of the active form, or,
-  /// when it has none of that name or none is visible, of the counting form.
+  /// when none is visible or it has no control of that name, of the counting form. Throws ScenarioFailure.
   [[nodiscard]] Control& FindControl(const std::string& name) const;
 
  private:
   TemporaryFolder folder_;
   ConnectorByProvider databases_;
-  ScratchRoute route_;
+  std::optional<std::string> server_;
   std::unique_ptr<ScratchDatabase> database_;
   SystemFileSystem files_;
 
@@ -70,13 +70,13 @@ class ScenarioWorld : private ControlHost {
   ComponentRegistry components;
   StatementLog log{databases_};
   ScenarioClock clock;
-  /// Workbooks stay in the scenario's folder; nobody opens them.
+  /// Workbooks stay in the scenario's folder and are not opened.
   XlsxStarter spreadsheets{{Workbooks().string(), {}, {}}, clock};
   const std::unique_ptr<UiDriver> driver;
   WatchedScreen screen;
   comInvCounting counting;
-  std::optional<bool> viewResult;  ///< what the last View gave back
-  std::string hostError;           ///< what the last call of the host threw, until a step has looked at it
+  std::optional<bool> viewResult;  ///< the result of the last View
+  std::string hostError;           ///< what the last call of the host threw, until a step checks it
 
  private:
   [[nodiscard]] koru::Font AmbientFont() const override { return {}; }

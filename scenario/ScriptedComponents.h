@@ -1,18 +1,24 @@
 #pragma once
 
-#include "desktop/documents/StockDocumentDialog.h"
-#include "desktop/report/DesktopReportPrinter.h"
-#include "desktop/search/GoodsPickerDialog.h"
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/ports/Components.h"
 #include "scenario/UiDriver.h"
+#include "siblings/documents/SuiteDocument.h"
+#include "siblings/goods/SuiteGoodsPicker.h"
 
 namespace koru {
 
-// The suite's components without their windows: a person does at once what they would do in the window.
+// The suite's sibling components without windows: the scenario's user does at once what a user would do in
+// the window.
 
-/// The message component: the person answers.
+/// The message component: the user answers.
 class ScriptedMessage : public MessageComponent {
  public:
-  /// `person` must outlive it.
+  /// `user` must outlive it.
   explicit ScriptedMessage(ScenarioUser& user) : user_(user) {}
 
   void SetFormTitle(const std::string& title) override { message_.title = title; }
@@ -30,50 +36,11 @@ class ScriptedMessage : public MessageComponent {
   int result_ = static_cast<int>(Answer::Closed);
 };
 
-/// The goods picker: the person picks among the goods that it offers.
-class ScriptedPicker : public GoodsPickerDialog {
- public:
-  /// Both must outlive it.
-  ScriptedPicker(DatabaseConnector& databases, ScenarioUser& user)
-      : GoodsPickerDialog(databases), user_(user) {}
+/// Picks what the user wants among the goods that the picker offers (see PickGoods).
+[[nodiscard]] std::optional<std::vector<PickedGood>> PickScripted(ScenarioUser& user, GoodsFinder& finder,
+                                                                  const PickRequest& request);
 
- protected:
-  std::optional<std::vector<PickedGood>> LetPick(GoodsFinder& finder, std::int32_t store,
-                                                 std::optional<std::vector<PickedGood>> basket) override;
-
- private:
-  ScenarioUser& user_;
-};
-
-/// A receipt or dispatch: the person reads it, and perhaps registers it.
-class ScriptedDocument : public StockDocumentDialog {
- public:
-  /// All four must outlive it; see StockDocumentDialog.
-  ScriptedDocument(const DocumentKind& kind, DatabaseConnector& databases,
-                   const ComponentRegistry& components, ScenarioUser& user)
-      : StockDocumentDialog(kind, databases, components), user_(user) {}
-
- protected:
-  void LetUse(Database& database, const DocumentKind& kind, const Messages& messages,
-              StockDocument document) override;
-
- private:
-  ScenarioUser& user_;
-};
-
-/// The report printer: reads, asks and lays out as on the desktop, and puts the report before the person
-/// without painting it.
-class ScriptedPrinter : public DesktopReportPrinter {
- public:
-  /// Both must outlive it. `before` is the report that the person looks at.
-  ScriptedPrinter(DatabaseConnector& databases, std::unique_ptr<const ReportDocument>& before)
-      : DesktopReportPrinter(databases, {}), before_(before) {}
-
- protected:
-  void LetRead(std::unique_ptr<const ReportDocument> report) override { before_ = std::move(report); }
-
- private:
-  std::unique_ptr<const ReportDocument>& before_;
-};
+/// Lets the user read a document, and register it (see ShowDocument).
+void UseScripted(ScenarioUser& user, const OpenedDocument& opened);
 
 }  // namespace koru

@@ -8,9 +8,9 @@
 
 namespace koru {
 
-/// Connects through another connector and remembers every statement that is sent, in order, over all its
-/// connections; a procedure call as `{? = CALL name( 1, 2 ) }`. It can make a statement fail, as a server or
-/// a network would.
+/// Connects through another connector and records every statement that is sent over any of its connections,
+/// in order; a procedure call as `{? = CALL name( 1, 2 ) }`. It can make a statement fail, as a server or a
+/// network would.
 class StatementLog : public DatabaseConnector {
  public:
   /// `inner` must outlive the log, and the log every connection made through it.
@@ -22,9 +22,9 @@ class StatementLog : public DatabaseConnector {
   [[nodiscard]] const std::vector<std::string>& Statements() const { return statements_; }
   void Forget() { statements_.clear(); }
 
-  /// Lets the `number`-th statement from now (1: the next) fail with that text of the server; it is not sent.
+  /// Makes the `number`-th statement from now (1: the next) fail with that server text; it is not sent.
   void FailStatement(int number, std::string serverText);
-  /// Whether a failure that was ordered has not come yet.
+  /// Whether FailStatement has not taken effect yet.
   [[nodiscard]] bool FailureIsPending() const { return untilFailure_ > 0; }
 
  private:
@@ -34,7 +34,7 @@ class StatementLog : public DatabaseConnector {
   DatabaseConnector& inner_;
   std::vector<std::string> statements_;
   std::string failureText_;
-  int untilFailure_ = 0;  ///< 0: no failure ordered
+  int untilFailure_ = 0;  ///< 0: none is to fail
 };
 
 }  // namespace koru

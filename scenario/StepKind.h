@@ -11,29 +11,28 @@ namespace koru {
 
 class ScenarioWorld;
 
-/// A step did not go as the scenario says. what() is the sentence without the place.
+/// A step did not do what the scenario says. what() is the sentence without file and line.
 class ScenarioFailure : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// A kind of step: how a scenario writes it, and what it does. It throws ScenarioFailure when the scenario is
-/// wrong there.
+/// A kind of step: its pattern (see ParseScenario) and its work, which throws ScenarioFailure when the step
+/// does not do what the scenario says.
 struct StepKind {
   std::string_view pattern;
-  void (*play)(ScenarioWorld& world, const ScenarioStep& step);
+  void (*run)(ScenarioWorld& world, const ScenarioStep& step);
 };
 
-/// What stands before the first form is opened: database, user, day, properties, failures to come.
+/// Set-up: database, user, date, properties, failures to come.
 [[nodiscard]] std::span<const StepKind> SetUpSteps();
-/// What the host and the person do.
+/// Actions of the host and the user.
 [[nodiscard]] std::span<const StepKind> ActionSteps();
-/// What must then stand outside of the controls: forms, results, statements, tables.
+/// Expectations outside the controls: forms, results, statements, tables.
 [[nodiscard]] std::span<const StepKind> OutcomeSteps();
-/// The report that is shown.
+/// Steps on the report that is shown.
 [[nodiscard]] std::span<const StepKind> ReportSteps();
-/// What must then stand in the controls. These come last: their patterns also match what the ones before
-/// mean.
+/// Expectations on controls. Must be the last in the list: their patterns also match other expectations.
 [[nodiscard]] std::span<const StepKind> ControlExpectationSteps();
 
 /// Throws the failure of an expectation.

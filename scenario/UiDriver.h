@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "desktop/report/ReportDocument.h"
 #include "platform/controls/Button.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"
@@ -20,10 +19,11 @@
 #include "platform/controls/TextBox.h"
 #include "platform/ports/Components.h"
 #include "platform/ports/Screen.h"
+#include "siblings/report/ReportDocument.h"
 
 namespace koru {
 
-/// A message or question as it stands before a user.
+/// A message or question that is shown.
 struct ShownMessage {
   std::string title;
   std::string text;
@@ -33,36 +33,35 @@ struct ShownMessage {
 /// The answers of a user; the numbers are those of the message component.
 enum class Answer : int { Closed = -1, No = 0, Yes = 1 };
 
-/// A receipt or dispatch as it stands before a user.
+/// A receipt or dispatch that is shown.
 struct ShownDocument {
   std::string kind;  ///< `receipt` or `dispatch`, as a scenario writes it
   std::int32_t id = 0;
-  bool registered = false;  ///< it has its number, and cannot be registered again
+  bool registered = false;  ///< has its final number and cannot be registered again
 };
 
-/// What a person does with a document before they close it.
+/// What the user does with a document before closing it.
 enum class DocumentUse { View, Register };
 
-/// The person whom a stage lets work: answers what is asked, and uses what is shown.
+/// The user of a scenario, who answers questions and uses modal windows.
 class ScenarioUser {
  public:
   virtual ~ScenarioUser() = default;
   /// Reads a message and answers it; an acknowledged message is answered with Yes.
   virtual Answer AnswerMessage(const ShownMessage& message) = 0;
-  /// Works with a form that was shown modally; afterwards the form is no longer visible.
+  /// Uses a form that was shown modally, until it is no longer visible.
   virtual void UseModalForm(Form& form) = 0;
-  /// Looks at the goods picker: the barcodes of all goods that shall be picked when it is left; none: the
-  /// person gives up.
+  /// The barcodes of the goods to pick in the goods picker; none: the user cancels.
   virtual std::vector<std::string> PickGoods() = 0;
-  /// Reads a document. A registration that asks first is answered by AnswerMessage.
+  /// Uses a document. AnswerMessage answers the question that a registration asks.
   virtual DocumentUse UseDocument(const ShownDocument& document) = 0;
-  /// What the person wanted cannot be done here, and why, as in `pick "100": the picker does not offer it`.
+  /// Reports that the user cannot do something, as in `pick "100": the goods picker does not offer it`.
   virtual void CannotDo(const std::string& what) = 0;
 };
 
-/// Where a scenario is played: on the forms alone, or on their windows. Each operation does what a person
-/// would do with that control, and answers whether it could be done; what it sets off has come to its end
-/// when it returns.
+/// Drives the user interface for a scenario: the forms alone, or their windows. Each operation does to a
+/// control what a user would do, returns whether that was possible, and returns only when all consequences
+/// have finished.
 class UiDriver {
  public:
   UiDriver() = default;
@@ -71,9 +70,9 @@ class UiDriver {
   virtual ~UiDriver() = default;
 
   [[nodiscard]] virtual Screen& TheScreen() = 0;
-  /// Registers the sibling components of the suite as this stage shows them.
+  /// Registers the sibling components of the suite as this driver shows them.
   virtual void RegisterComponents(ComponentRegistry& components) = 0;
-  /// Runs something that the host does and that may show forms and messages.
+  /// Runs an action of the host, which may show forms and messages.
   virtual void Run(const std::function<void()>& action) = 0;
 
   virtual bool Click(Button& button) = 0;
@@ -93,19 +92,17 @@ class UiDriver {
   virtual bool Press(Control& control, KeyPress key) = 0;
   virtual void Close(Form& form) = 0;
 
-  /// The report that the person looks at, the one that was opened last; nullptr when none is open.
+  /// The report that was opened last and is still open; nullptr when none is open.
   [[nodiscard]] virtual const ReportDocument* Report() = 0;
-  /// Saves that report as a PDF file, and closes it. False when it could not be done; a stage without a
-  /// screen saves none.
+  /// Saves that report as a PDF file. False when that was not possible; without windows it never is.
   virtual bool SaveReport(const std::filesystem::path& file) = 0;
   virtual bool CloseReport() = 0;
 
-  /// How what stands on the screen differs from the control's state; empty when it does not, or when there is
-  /// no screen.
+  /// How the widget differs from the control's state; empty when it does not, or without windows.
   [[nodiscard]] virtual std::string Difference(const Control& control) = 0;
-  /// The same for the keyboard's place.
+  /// The same for the keyboard focus.
   [[nodiscard]] virtual std::string FocusDifference(const Form& form) = 0;
-  /// Keeps a picture of the active window under that name; a stage without a screen keeps none.
+  /// Saves a picture of the active window under that name; without windows it does nothing.
   virtual void TakePicture(const std::string& name) = 0;
 };
 

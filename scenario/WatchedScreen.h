@@ -9,7 +9,7 @@
 
 namespace koru {
 
-/// Passes everything on to another screen and remembers which forms were shown, in which order and how.
+/// Forwards to another screen and records which forms were shown, in which order and how.
 class WatchedScreen : public Screen {
  public:
   /// `inner` must outlive it.
@@ -25,7 +25,7 @@ class WatchedScreen : public Screen {
   [[nodiscard]] Form* Find(std::string_view name) const;
   /// Whether the form was last shown modally.
   [[nodiscard]] bool IsModal(const Form& form) const;
-  /// All of them, the one that was shown last first.
+  /// All shown forms that are still loaded, the one that was shown last first.
   [[nodiscard]] std::vector<Form*> Forms() const;
 
  private:

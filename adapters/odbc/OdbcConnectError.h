@@ -6,17 +6,17 @@
 
 namespace koru {
 
-/// A connection through ODBC could not be opened. what() is a sentence for a person, with the driver's own
-/// words behind it.
+/// A connection through ODBC could not be opened. what() is a sentence for the user, followed by the driver's
+/// own words.
 class OdbcConnectError : public DatabaseError {
  public:
-  /// What was in the way; everything before it was found in order.
+  /// The step that failed; those before it succeeded.
   enum class Step {
     Text,     ///< the connection text itself
     Driver,   ///< no such driver on this machine
-    Server,   ///< not there, or silent
+    Server,   ///< not reachable, or does not answer
     SignIn,   ///< user name or password refused
-    Database  ///< no such database there, or not for this user
+    Database  ///< does not exist, or is forbidden to this user
   };
 
   OdbcConnectError(Step step, const std::string& sentence, int code = 0)

@@ -12,8 +12,7 @@ namespace {
 constexpr std::size_t kStateLength = 5;
 constexpr SQLSMALLINT kMaxRecords = 20;
 
-/// How much a record says. Class 01 is a warning; 08001 stands beside every reason for which a connection
-/// failed.
+/// How specific a record is. Class 01 is a warning; 08001 accompanies every reason for a failed connection.
 int Weight(const Diagnostic& diagnostic) {
   if (diagnostic.state.starts_with("01")) return 0;
   if (diagnostic.state == "08001" && diagnostic.native == 0) return 1;
@@ -57,7 +56,7 @@ bool HasState(const std::vector<Diagnostic>& diagnostics, const std::string& sta
                      [&](const Diagnostic& diagnostic) { return diagnostic.state == state; });
 }
 
-std::string Told(const Diagnostic& diagnostic) {
+std::string Described(const Diagnostic& diagnostic) {
   return diagnostic.text + " (" + diagnostic.state + ", " + std::to_string(diagnostic.native) + ")";
 }
 

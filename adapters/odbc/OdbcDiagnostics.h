@@ -24,7 +24,7 @@ struct Diagnostic {
 /// Whether a record has that SQLSTATE.
 [[nodiscard]] bool HasState(const std::vector<Diagnostic>& diagnostics, const std::string& state);
 
-/// `message (SQLSTATE, native number)`, for the people who look after the server.
-[[nodiscard]] std::string Told(const Diagnostic& diagnostic);
+/// `message (SQLSTATE, native number)`, for the administrators of the server.
+[[nodiscard]] std::string Described(const Diagnostic& diagnostic);
 
 }  // namespace koru

@@ -10,7 +10,7 @@ namespace koru {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager takes UTF-16");
 
-/// An ODBC handle of one of the three kinds; freed when it goes.
+/// An ODBC handle of one of the three kinds; freed on destruction.
 template <SQLSMALLINT kKind>
 class OdbcHandle {
  public:

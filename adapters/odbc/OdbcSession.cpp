@@ -1,8 +1,6 @@
 #include "adapters/odbc/OdbcSession.h"
 
 #include <algorithm>
-#include <type_traits>
-#include <variant>
 
 #include "adapters/odbc/OdbcConnectError.h"
 #include "adapters/odbc/OdbcDiagnostics.h"
@@ -33,8 +31,8 @@ bool HasNative(const Diagnostics& diagnostics, std::initializer_list<std::int32_
   });
 }
 
-/// The server's numbers for a database that is not there or not for this user stand before that of a refused
-/// login, which it sends as well.
+/// The server's numbers for a missing or forbidden database count before that of a refused login, which it
+/// sends as well.
 Step WhereItFailed(const Diagnostics& diagnostics) {
   const bool noDriver = HasState(diagnostics, "IM002") || HasState(diagnostics, "IM003") ||
                         HasState(diagnostics, "IM004") ||
@@ -46,11 +44,6 @@ Step WhereItFailed(const Diagnostics& diagnostics) {
 }
 
 std::string Sentence(Step step, const OdbcTarget& target, bool isTimeout, OdbcTimeouts timeouts) {
-  if (target.kind == OdbcTarget::Kind::EmbeddedFile) {
-    return step == Step::Driver
-               ? "راه انداز ODBC باز نشد: " + target.driver
-               : "پروندة پايگاه داده با راه انداز ODBC باز نشد: " + LeftToRight(target.database);
-  }
   switch (step) {
     case Step::Driver:
       return "راه انداز ODBC باز نشد: " + target.driver;
@@ -75,43 +68,6 @@ std::string Without(std::string text, const std::string& password) {
   return text;
 }
 
-SQLRETURN ConnectWide(SQLHDBC connection, const std::string& odbcText) {
-  std::u16string text = ToUtf16(odbcText);
-  return SQLDriverConnectW(connection, nullptr, Units(text), static_cast<SQLSMALLINT>(text.size()), nullptr,
-                           0, nullptr, SQL_DRIVER_NOPROMPT);
-}
-
-/// The driver for SQLite takes UTF-8 and nothing else; on the way from wide text the driver manager would
-/// turn the letters of a path into those of the program's locale.
-SQLRETURN ConnectNarrow(SQLHDBC connection, std::string odbcText) {
-  return SQLDriverConnect(connection, nullptr, reinterpret_cast<SQLCHAR*>(odbcText.data()),
-                          static_cast<SQLSMALLINT>(odbcText.size()), nullptr, 0, nullptr,
-                          SQL_DRIVER_NOPROMPT);
-}
-
-/// What a parameter needs to live until the statement has run.
-struct BoundText {
-  std::u16string units;
-  SQLLEN length = 0;
-};
-
-SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT place, const Literal& literal, BoundText& bound) {
-  if (const auto* whole = std::get_if<std::int64_t>(&literal)) {
-    return SQLBindParameter(statement, place, SQL_PARAM_INPUT, SQL_C_SBIGINT, SQL_BIGINT, 0, 0,
-                            const_cast<std::int64_t*>(whole), 0, nullptr);
-  }
-  if (const auto* real = std::get_if<double>(&literal)) {
-    return SQLBindParameter(statement, place, SQL_PARAM_INPUT, SQL_C_DOUBLE, SQL_DOUBLE, 0, 0,
-                            const_cast<double*>(real), 0, nullptr);
-  }
-  bound.units = ToUtf16(std::get<std::string>(literal));
-  const auto bytes = static_cast<SQLLEN>(bound.units.size() * sizeof(char16_t));
-  bound.length = bytes;
-  return SQLBindParameter(statement, place, SQL_PARAM_INPUT, SQL_C_WCHAR, SQL_WVARCHAR,
-                          std::max<SQLULEN>(bound.units.size(), 1), 0, Units(bound.units), bytes,
-                          &bound.length);
-}
-
 }  // namespace
 
 OdbcSession::OdbcSession(const OdbcTarget& target, OdbcTimeouts timeouts)
@@ -123,20 +79,21 @@ OdbcSession::OdbcSession(const OdbcTarget& target, OdbcTimeouts timeouts)
 OdbcSession::~OdbcSession() { SQLDisconnect(connection_.Get()); }
 
 void OdbcSession::Connect(const OdbcTarget& target) {
-  const SQLRETURN result = target.kind == OdbcTarget::Kind::Server
-                               ? ConnectWide(connection_.Get(), target.odbcText)
-                               : ConnectNarrow(connection_.Get(), target.odbcText);
+  std::u16string text = ToUtf16(target.odbcText);
+  const SQLRETURN result =
+      SQLDriverConnectW(connection_.Get(), nullptr, Units(text), static_cast<SQLSMALLINT>(text.size()),
+                        nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
   if (SQL_SUCCEEDED(result)) return;
   const Diagnostics diagnostics = ReadDiagnostics(SQL_HANDLE_DBC, connection_.Get());
   const Diagnostic best = MostUseful(diagnostics);
   const Step step = WhereItFailed(diagnostics);
   throw OdbcConnectError(step,
                          Sentence(step, target, IsTimeout(diagnostics), timeouts_) + " (" +
-                             Without(Told(best), target.password) + ")",
+                             Without(Described(best), target.password) + ")",
                          best.native);
 }
 
-bool OdbcSession::Says(SQLINTEGER attribute) const {
+bool OdbcSession::HasAttribute(SQLINTEGER attribute) const {
   SQLUINTEGER value = SQL_CD_FALSE;
   SQLRETURN result = SQLGetConnectAttrW(connection_.Get(), attribute, &value, sizeof value, nullptr);
   return SQL_SUCCEEDED(result) && value == SQL_CD_TRUE;
@@ -150,7 +107,7 @@ void OdbcSession::Check(SQLRETURN result, const Handle& statement) {
   const bool isGone = std::any_of(diagnostics.begin(), diagnostics.end(), [](const Diagnostic& diagnostic) {
     return diagnostic.state.starts_with("08");
   });
-  lost_ = isTimeout || isGone || Says(SQL_ATTR_CONNECTION_DEAD);
+  lost_ = isTimeout || isGone || HasAttribute(SQL_ATTR_CONNECTION_DEAD);
   std::string sentence;
   if (isTimeout) {
     sentence = "سرور در " + std::to_string(timeouts_.statement.count()) +
@@ -158,11 +115,10 @@ void OdbcSession::Check(SQLRETURN result, const Handle& statement) {
   } else if (lost_) {
     sentence = "ارتباط با سرور قطع شد؛ روشن نيست كه اين دستور اجرا شده باشد. ";
   }
-  throw DatabaseError(sentence + Told(best), best.native, {});
+  throw DatabaseError(sentence + Described(best), best.native, {});
 }
 
 void OdbcSession::Execute(const Handle& statement, std::string_view text) {
-  // Drivers that know no such wait say so, and have no server to wait for.
   SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, AsPointer(timeouts_.statement), SQL_IS_UINTEGER);
   std::u16string wide = ToUtf16(text);
   Check(SQLExecDirectW(statement.Get(), Units(wide), static_cast<SQLINTEGER>(wide.size())), statement);
@@ -180,15 +136,10 @@ Recordset OdbcSession::ReadResults(const Handle& statement) {
   return records;
 }
 
-Recordset OdbcSession::Run(const SentStatement& sent) {
-  const Handle statement(connection_.Get());
-  std::vector<BoundText> texts(sent.parameters.size());
-  for (std::size_t at = 0; at < sent.parameters.size(); ++at) {
-    Check(Bind(statement.Get(), static_cast<SQLUSMALLINT>(at + 1), sent.parameters[at], texts[at]),
-          statement);
-  }
-  Execute(statement, sent.text);
-  return ReadResults(statement);
+Recordset OdbcSession::Run(std::string_view statement) {
+  const Handle handle(connection_.Get());
+  Execute(handle, statement);
+  return ReadResults(handle);
 }
 
 std::int32_t OdbcSession::Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) {

@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/odbc/OdbcDialect.h"
 #include "adapters/odbc/OdbcHandle.h"
 #include "adapters/odbc/OdbcTarget.h"
 #include "platform/sql/Recordset.h"
@@ -22,21 +21,21 @@ class OdbcSession {
   ~OdbcSession();
 
   /// Sends a statement once. The rows are those of its first result that has columns. Throws DatabaseError
-  /// without statement; IsLost then tells whether the connection is of any more use.
-  Recordset Run(const SentStatement& statement);
+  /// without statement; IsLost then says whether the connection is still usable.
+  Recordset Run(std::string_view statement);
 
   /// `{? = CALL procedure( ?, ... ) }`: its return value. `procedure` is a name and nothing else.
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters);
 
-  /// Whether the server is gone, or did not answer in time: what it would still answer belongs to a statement
-  /// that nobody waits for.
+  /// Whether the server is gone, or did not answer in time: a late answer would belong to a statement that
+  /// nobody waits for.
   [[nodiscard]] bool IsLost() const { return lost_; }
 
  private:
   using Handle = OdbcHandle<SQL_HANDLE_STMT>;
 
   void Connect(const OdbcTarget& target);
-  [[nodiscard]] bool Says(SQLINTEGER attribute) const;
+  [[nodiscard]] bool HasAttribute(SQLINTEGER attribute) const;
   void Execute(const Handle& statement, std::string_view text);
   Recordset ReadResults(const Handle& statement);
   void Check(SQLRETURN result, const Handle& statement);

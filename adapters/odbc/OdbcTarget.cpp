@@ -15,9 +15,8 @@ using Step = OdbcConnectError::Step;
 
 /// Each driver reads `{...}` in its own way.
 enum class Braces {
-  Doubled,   ///< a closing brace inside is written twice
-  Verbatim,  ///< the value ends at `}` followed by `;`
-  Unknown    ///< braces mean nothing
+  Doubled,  ///< a closing brace inside is written twice
+  Verbatim  ///< the value ends at `}` followed by `;`
 };
 
 bool Contains(std::string_view text, std::string_view part) {
@@ -27,7 +26,7 @@ bool Contains(std::string_view text, std::string_view part) {
 bool IsFreeTds(const std::string& driver) { return Contains(driver, "TDS"); }
 bool IsForServer(const std::string& driver) { return IsFreeTds(driver) || Contains(driver, "SQL Server"); }
 
-/// The text that goes to the driver, entry by entry.
+/// Builds the text for the driver, entry by entry.
 class OdbcText {
  public:
   explicit OdbcText(Braces braces) : braces_(braces) {}
@@ -40,14 +39,13 @@ class OdbcText {
  private:
   [[nodiscard]] std::string Written(const std::string& key, const std::string& value) const {
     const bool isPlain = value.find_first_of("[]{}();?*=!@") == std::string::npos && Trim(value) == value;
-    const bool tellsNul = value.find('\0') != std::string::npos;
-    const bool cannot = (braces_ == Braces::Unknown && value.find(';') != std::string::npos) ||
-                        (braces_ == Braces::Verbatim && (value + ";").find("};") != std::string::npos);
-    if (cannot || tellsNul) {
+    const bool hasNul = value.find('\0') != std::string::npos;
+    const bool cannot = braces_ == Braces::Verbatim && (value + ";").find("};") != std::string::npos;
+    if (cannot || hasNul) {
       throw OdbcConnectError(Step::Text,
                              "اين راه انداز ODBC مقدار " + key + " را با نويسه هايي كه دارد نمي پذيرد.");
     }
-    if (isPlain || braces_ == Braces::Unknown) return value;
+    if (isPlain) return value;
     std::string written = "{";
     for (const char c : value)
       written += c == '}' && braces_ == Braces::Doubled ? std::string("}}") : std::string(1, c);
@@ -159,7 +157,6 @@ void AddEncryption(OdbcText& odbc, const ConnectionText& text, bool isFreeTds) {
 OdbcTarget ReadServer(const ConnectionText& text, const std::vector<std::string>& installed) {
   const ServerName name = ReadServerName(FirstOf(text, {"Data Source", "Server"}));
   OdbcTarget target;
-  target.kind = OdbcTarget::Kind::Server;
   target.driver = ServerDriver(text, installed);
   target.server = name.port.empty() ? name.host : name.host + "," + name.port;
   target.database = FirstOf(text, {"Initial Catalog", "Database"});
@@ -174,36 +171,11 @@ OdbcTarget ReadServer(const ConnectionText& text, const std::vector<std::string>
   return target;
 }
 
-OdbcTarget ReadFile(const ConnectionText& text, const std::vector<std::string>& installed) {
-  OdbcTarget target;
-  target.kind = OdbcTarget::Kind::EmbeddedFile;
-  target.database = text.Get("Database");
-  if (!EqualsNoCase(text.Get("Dialect"), "SQLite") || target.database.empty() || text.Get("Driver").empty()) {
-    throw OdbcConnectError(
-        Step::Text,
-        "رشته اتصال ODBC بايد Dialect=SQLite، نام راه انداز (Driver) و پرونده (Database) را بگويد: " +
-            LeftToRight(text.WithoutPassword()));
-  }
-  target.driver = Named(text.Get("Driver"), installed);
-  OdbcText odbc(Braces::Unknown);
-  odbc.Add("Driver", target.driver);
-  odbc.Add("Database", target.database);
-  // The driver shall not make a file, keep 64-bit numbers whole, wait for another program's writing, and wait
-  // for the disk as the embedded adapter does.
-  odbc.Add("NoCreat", "1");
-  odbc.Add("BigInt", "1");
-  odbc.Add("Timeout", "5000");
-  odbc.Add("SyncPragma", "FULL");
-  target.odbcText = odbc.Text();
-  return target;
-}
-
 }  // namespace
 
 OdbcTarget ReadTarget(const std::string& connectionText, const std::vector<std::string>& installedDrivers) {
   const ConnectionText text = ConnectionText::Parse(connectionText);
   const std::string provider = text.Get("Provider");
-  if (EqualsNoCase(provider, "ODBC")) return ReadFile(text, installedDrivers);
   if (EqualsNoCase(provider, "SQLOLEDB.1")) return ReadServer(text, installedDrivers);
   throw OdbcConnectError(Step::Text, "نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: " +
                                          LeftToRight(text.WithoutPassword()));

@@ -1,6 +1,7 @@
 #include "adapters/odbc/ServerDialect.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "platform/sql/DatabaseError.h"
 #include "platform/sql/SqlLexer.h"
@@ -18,9 +19,9 @@ bool IsBeyondAscii(std::string_view text) {
 
 }  // namespace
 
-SentStatement ServerDialect::Write(const std::string& statement) {
+std::string ServerStatement(const std::string& statement) {
   if (statement.find('\0') != std::string::npos) Refuse("A statement has no NUL characters.", statement);
-  SentStatement sent;
+  std::string sent;
   SqlLexer lexer(statement);
   std::size_t written = 0;
   for (SqlToken token = lexer.Next(); token.kind != SqlTokenKind::End; token = lexer.Next()) {
@@ -30,26 +31,13 @@ SentStatement ServerDialect::Write(const std::string& statement) {
       Refuse("More than one statement in a call.", statement);
     }
     if (token.kind == SqlTokenKind::String && IsBeyondAscii(lexer.TextOf(token))) {
-      sent.text.append(statement, written, token.begin - written);
-      sent.text += 'N';
+      sent.append(statement, written, token.begin - written);
+      sent += 'N';
       written = token.begin;
     }
   }
-  sent.text.append(statement, written);
+  sent.append(statement, written);
   return sent;
-}
-
-std::string ServerDialect::SessionSettings() const {
-  return "SET DATEFORMAT ymd SET ANSI_NULLS, ANSI_PADDING, ANSI_WARNINGS, ARITHABORT, "
-         "CONCAT_NULL_YIELDS_NULL, "
-         "QUOTED_IDENTIFIER ON SET NUMERIC_ROUNDABORT OFF";
-}
-
-std::optional<OdbcDialect::GroupStatements> ServerDialect::WriteBatchStatements() const { return {}; }
-
-std::optional<SqlText> ServerDialect::ProcedureAsStatement(
-    std::string_view /*procedure*/, const std::vector<std::int32_t>& /*parameters*/) const {
-  return {};
 }
 
 }  // namespace koru

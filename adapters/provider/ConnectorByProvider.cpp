@@ -18,8 +18,7 @@ std::unique_ptr<Database> ConnectorByProvider::Connect(const std::string& connec
   const ConnectionText text = ConnectionText::Parse(connectionText);
   const std::string provider = text.Get("Provider");
   if (EqualsNoCase(provider, "SQLite")) return sqlite_.Connect(connectionText);
-  if (EqualsNoCase(provider, "SQLOLEDB.1") || EqualsNoCase(provider, "ODBC"))
-    return odbc_.Connect(connectionText);
+  if (EqualsNoCase(provider, "SQLOLEDB.1")) return odbc_.Connect(connectionText);
   Fail("نوع پايگاه داده (Provider) در رشته اتصال شناخته نشد: " + LeftToRight(text.WithoutPassword()));
 }
 

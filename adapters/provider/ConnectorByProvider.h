@@ -9,8 +9,9 @@
 
 namespace koru {
 
-/// Lets the connection text's Provider decide which database it is. A text whose database this program cannot
-/// reach throws DatabaseError with one sentence, without the password.
+/// Connects by the Provider of the connection text: `SQLite` to an embedded file, `SQLOLEDB.1` to the suite's
+/// server through ODBC. Throws DatabaseError with one sentence, without the password, for any other text and
+/// for a database that cannot be reached.
 class ConnectorByProvider : public DatabaseConnector {
  public:
   [[nodiscard]] std::unique_ptr<Database> Connect(const std::string& connectionText) override;

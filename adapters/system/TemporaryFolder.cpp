@@ -24,7 +24,7 @@ TemporaryFolder::TemporaryFolder() {
 }
 
 TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;  // what is left in the temporary folder is the system's to clear
+  std::error_code ignored;  // the system clears what is left
   std::filesystem::remove_all(path_, ignored);
 }
 

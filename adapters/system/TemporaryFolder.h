@@ -4,7 +4,8 @@
 
 namespace koru {
 
-/// A new folder among the system's temporary files, open to its owner alone; it goes with everything in it.
+/// A new folder among the system's temporary files, open to its owner alone; removed with its contents on
+/// destruction.
 class TemporaryFolder {
  public:
   /// Throws InputError when no folder can be made.

@@ -15,18 +15,6 @@
 namespace koru {
 namespace {
 
-using Way = ScratchRoute::Way;
-
-std::unique_ptr<DatabaseConnector> ConnectorOf(Way way) {
-  if (way == Way::EmbeddedFile) return std::make_unique<SqliteConnector>();
-  return std::make_unique<OdbcConnector>();
-}
-
-std::string TextOf(const ScratchRoute& route, const std::string& file) {
-  if (route.way == Way::Server) return route.server;
-  return route.way == Way::ThroughOdbc ? EmbeddedThroughOdbcText(file) : EmbeddedConnectionText(file);
-}
-
 std::vector<std::string_view> Words(const std::string& sql) {
   std::vector<std::string_view> words;
   SqlLexer lexer(sql);
@@ -36,8 +24,8 @@ std::vector<std::string_view> Words(const std::string& sql) {
   return words;
 }
 
-/// The table whose rows the statement inserts with the key that the server numbers them by; empty when it
-/// does no such thing.
+/// The table into which the statement inserts rows with keys that the server would assign; empty for any
+/// other statement.
 std::string_view TableOfOwnKeys(const std::vector<std::string_view>& words) {
   const bool isInsert = words.size() > 3 && EqualsNoCase(words[0], "insert") &&
                         EqualsNoCase(words[1], "into") && words[3] == "(";
@@ -65,35 +53,39 @@ std::vector<std::string> Statements(const std::string& sql) {
   }
 }
 
-SqlText AuthorsOwn(std::string_view sql) { return SqlText() + Typed(sql); }
+/// The callers write their statements themselves, so nothing of them was typed by a user.
+SqlText Unchecked(std::string_view sql) { return SqlText() + Typed(sql); }
 
 }  // namespace
 
-ScratchDatabase::ScratchDatabase(const ScratchRoute& route, const std::string& file)
-    : way_(route.way),
-      connector_(ConnectorOf(route.way)),
-      connectionText_(TextOf(route, file)),
-      own_(connector_->Connect(connectionText_)) {
-  if (!IsOnServer()) return;
+ScratchDatabase::ScratchDatabase(const std::string& file, const std::optional<std::string>& server)
+    : onServer_(server.has_value()), connectionText_(server.value_or(EmbeddedConnectionText(file))) {
+  if (onServer_) {
+    connector_ = std::make_unique<OdbcConnector>();
+  } else {
+    connector_ = std::make_unique<SqliteConnector>();
+  }
+  own_ = connector_->Connect(connectionText_);
+  if (!onServer_) return;
   EmptyScratchDatabase(*own_);
-  CopyRows(file, *own_, RowsTarget::Server, {});
+  CopyRows(file, *own_, {});
 }
 
 SqlText ScratchDatabase::WithOwnKeys(const std::string& sql) {
   const std::string_view table = TableOfOwnKeys(Words(sql));
-  if (table.empty()) return AuthorsOwn(sql);
-  return SqlText("set identity_insert ") + SqlName(table) + " on " + AuthorsOwn(sql) +
+  if (table.empty()) return Unchecked(sql);
+  return SqlText("set identity_insert ") + SqlName(table) + " on " + Unchecked(sql) +
          " set identity_insert " + SqlName(table) + " off";
 }
 
 Recordset ScratchDatabase::Run(const std::string& sql) {
-  return own_->Open(IsOnServer() ? WithOwnKeys(sql) : AuthorsOwn(sql));
+  return own_->Open(onServer_ ? WithOwnKeys(sql) : Unchecked(sql));
 }
 
 void ScratchDatabase::RunAll(const std::string& sql) {
-  const auto group = own_->BeginWriteBatch();
+  const auto batch = own_->BeginWriteBatch();
   for (const std::string& statement : Statements(sql)) Run(statement);
-  group->Finish();
+  batch->Finish();
 }
 
 }  // namespace koru

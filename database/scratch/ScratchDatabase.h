@@ -1,49 +1,40 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/sql/Database.h"
 
 namespace koru {
 
-/// Which way the databases of scenarios and tests are reached.
-struct ScratchRoute {
-  enum class Way {
-    EmbeddedFile,  ///< an embedded database file of the trial's own
-    ThroughOdbc,   ///< the same file behind the ODBC driver for SQLite
-    Server         ///< the scratch database of a server, made anew for every trial
-  };
-  Way way = Way::EmbeddedFile;
-  std::string server;  ///< the connection text of Way::Server
-};
-
-/// The database that a scenario or test has to itself, and its own connection to it.
+/// The database of one scenario or test, and its own connection to it.
 class ScratchDatabase {
  public:
-  /// `file` (UTF-8) is an embedded database: the one that is reached, or, on a server, the one whose rows the
-  /// emptied tables take over. Throws InputError or DatabaseError when that cannot be done.
-  ScratchDatabase(const ScratchRoute& route, const std::string& file);
+  /// `file` (UTF-8) is an embedded database and `server` the connection text of a server's scratch database.
+  /// With a server, its tables are emptied and filled with the rows of the file; without one, the file itself
+  /// is used. Throws InputError when the server's database is not a scratch database, and DatabaseError.
+  explicit ScratchDatabase(const std::string& file, const std::optional<std::string>& server = {});
 
-  /// What the component is given.
+  /// The connection text for the component.
   [[nodiscard]] const std::string& ConnectionText() const { return connectionText_; }
-  [[nodiscard]] bool IsOnServer() const { return way_ == ScratchRoute::Way::Server; }
-  /// What makes connections from it.
+  [[nodiscard]] bool IsOnServer() const { return onServer_; }
+  /// Connects with that text.
   [[nodiscard]] DatabaseConnector& Connector() { return *connector_; }
 
-  /// The trial's own connection.
+  /// A connection of its own.
   [[nodiscard]] Database& Own() { return *own_; }
-  /// Runs one statement of the author's, in the dialect of the suite's server. Rows that it inserts may bring
-  /// the keys that the server would give. Throws DatabaseError.
+  /// Runs one statement in the dialect of the suite's server. Inserted rows may have keys that the server
+  /// would assign. Throws DatabaseError.
   Recordset Run(const std::string& sql);
-  /// Runs statements that `;` parts one by one, and writes them together where that is faster. Throws the
-  /// DatabaseError of the first that fails; what was written before it stays.
+  /// Runs statements separated by `;` one by one, in one write batch. Throws the DatabaseError of the first
+  /// that fails; the effects of those before it remain.
   void RunAll(const std::string& sql);
 
  private:
   [[nodiscard]] static SqlText WithOwnKeys(const std::string& sql);
 
-  ScratchRoute::Way way_;
+  bool onServer_;
   std::unique_ptr<DatabaseConnector> connector_;
   std::string connectionText_;
   std::unique_ptr<Database> own_;

@@ -13,7 +13,7 @@
 namespace koru {
 namespace {
 
-/// The server takes 1000 rows in a statement; the driver for SQLite some 30,000 values.
+/// The server takes 1000 rows in a statement.
 constexpr int kRowsOfStatement = 500;
 
 std::vector<std::string> Column(SqliteConnection& from, const std::string& query) {
@@ -47,8 +47,8 @@ SqlText Written(const SqliteStatement& row) {
 
 class Copy {
  public:
-  Copy(SqliteConnection& from, Database& to, RowsTarget target, const SampleProgress& progress)
-      : from_(from), to_(to), target_(target), progress_(progress) {}
+  Copy(SqliteConnection& from, Database& to, const SampleProgress& progress)
+      : from_(from), to_(to), progress_(progress) {}
 
   void Run() {
     const std::vector<std::string> tables =
@@ -77,8 +77,8 @@ class Copy {
   }
 
   /// The key of a numbered row is taken from the statement while this is on, and in this session alone.
-  [[nodiscard]] SqlText WithKeys(const std::string& table, const SqlText& insert) const {
-    if (target_ != RowsTarget::Server || !IsNumberedByServer(table)) return insert;
+  [[nodiscard]] static SqlText WithKeys(const std::string& table, const SqlText& insert) {
+    if (!IsNumberedByServer(table)) return insert;
     return SqlText("set identity_insert ") + SqlName(table) + " on " + insert + " set identity_insert " +
            SqlName(table) + " off";
   }
@@ -107,7 +107,6 @@ class Copy {
 
   SqliteConnection& from_;
   Database& to_;
-  RowsTarget target_;
   const SampleProgress& progress_;
   std::int64_t done_ = 0;
   std::int64_t all_ = 0;
@@ -115,9 +114,9 @@ class Copy {
 
 }  // namespace
 
-void CopyRows(const std::string& file, Database& to, RowsTarget target, const SampleProgress& progress) {
+void CopyRows(const std::string& file, Database& to, const SampleProgress& progress) {
   SqliteConnection from(file, SqliteConnection::Mode::Existing, SqliteConnector::kBusyTimeout);
-  Copy(from, to, target, progress).Run();
+  Copy(from, to, progress).Run();
 }
 
 }  // namespace koru

@@ -7,16 +7,10 @@
 
 namespace koru {
 
-/// What the rows are copied into.
-enum class RowsTarget {
-  Server,       ///< the tables that CreateSqlServerSchema made
-  EmbeddedFile  ///< those of an embedded database
-};
-
-/// Copies all rows of all tables of an embedded database file (UTF-8) into the empty tables of the same names
-/// behind `to`, keys included, some hundred rows a statement; a document's key that was given there is never
-/// given again here either. `progress` is told per cent from 0 to 100 and may be empty. Throws the
-/// DatabaseError of the first statement that fails; what was written before it stays.
-void CopyRows(const std::string& file, Database& to, RowsTarget target, const SampleProgress& progress);
+/// Copies all rows of all tables of an embedded database file (UTF-8) into the empty tables that
+/// CreateSqlServerSchema made, keys included, 500 rows a statement. A document's key that was assigned once
+/// is never assigned again. `progress` gets 0 to 100 per cent and may be empty. Throws the DatabaseError of
+/// the first statement that fails; the rows written before it remain.
+void CopyRows(const std::string& file, Database& to, const SampleProgress& progress);
 
 }  // namespace koru

@@ -3,7 +3,7 @@
 #include <QAbstractTableModel>
 #include <vector>
 
-#include "desktop/documents/StockDocument.h"
+#include "siblings/documents/StockDocument.h"
 
 namespace koru {
 

@@ -2,8 +2,8 @@
 
 #include <QDialog>
 
-#include "desktop/documents/StockDocument.h"
 #include "services/Messages.h"
+#include "siblings/documents/StockDocument.h"
 
 class QBoxLayout;
 class QGridLayout;

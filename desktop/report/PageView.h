@@ -4,7 +4,7 @@
 #include <QCache>
 #include <QPixmap>
 
-#include "desktop/report/ReportDocument.h"
+#include "siblings/report/ReportDocument.h"
 
 namespace koru {
 

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "desktop/report/ReportDocument.h"
+#include "siblings/report/ReportDocument.h"
 
 class QPageLayout;
 class QPrinter;

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "desktop/report/ReportDocument.h"
+#include "siblings/report/ReportDocument.h"
 
 class QPainter;
 

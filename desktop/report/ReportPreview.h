@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "desktop/report/PageView.h"
-#include "desktop/report/ReportDocument.h"
+#include "siblings/report/ReportDocument.h"
 
 class QLabel;
 class QSpinBox;

@@ -3,7 +3,7 @@
 #include <QTableWidget>
 #include <vector>
 
-#include "desktop/search/GoodsFinder.h"
+#include "siblings/goods/GoodsFinder.h"
 
 namespace koru {
 

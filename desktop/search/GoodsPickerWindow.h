@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "desktop/search/GoodsFinder.h"
+#include "siblings/goods/GoodsFinder.h"
 
 class QBoxLayout;
 class QCheckBox;

@@ -2,18 +2,20 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "counting/frmInvCounting.h"
 #include "desktop/documents/StockDocumentDialog.h"
 #include "desktop/forms/InvCountingWindow.h"
 #include "desktop/forms/MessageDialog.h"
-#include "desktop/report/DesktopReportPrinter.h"
+#include "desktop/report/OpenPreview.h"
 #include "desktop/report/ReportWindow.h"
 #include "desktop/search/GoodSearchWindow.h"
 #include "desktop/search/GoodsPickerDialog.h"
 #include "desktop/search/InvSearchWindow.h"
 #include "output/frmReport.h"
 #include "services/Messages.h"
+#include "siblings/report/SuiteReportPrinter.h"
 
 namespace koru {
 namespace {
@@ -41,13 +43,17 @@ void RegisterDesktopComponents(ComponentRegistry& components, DatabaseConnector&
   components.Register(std::string(MessageComponent::kClassName),
                       [] { return std::make_unique<MessageDialog>(); });
   components.Register(std::string(GoodsPicker::kClassName),
-                      [&databases] { return std::make_unique<GoodsPickerDialog>(databases); });
-  RegisterDocumentComponents(components, databases);
-  const auto tell = [&components](const std::string& sentence) {
+                      [&databases] { return std::make_unique<SuiteGoodsPicker>(databases, PickInDialog); });
+  RegisterDocumentComponents(components, databases, ShowInDialog);
+  const auto showFailure = [&components](const std::string& sentence) {
     Messages(components).ShowMessage(sentences::kError, sentence);
   };
-  components.Register(std::string(ReportPrinter::kClassName),
-                      [&databases, tell] { return std::make_unique<DesktopReportPrinter>(databases, tell); });
+  const auto preview = [showFailure](std::unique_ptr<const ReportDocument> report) {
+    OpenPreview(std::move(report), showFailure);
+  };
+  components.Register(std::string(ReportPrinter::kClassName), [&databases, preview] {
+    return std::make_unique<SuiteReportPrinter>(databases, preview);
+  });
 }
 
 }  // namespace koru

@@ -7,10 +7,10 @@
 
 namespace koru {
 
-/// Tells the screen which window belongs to which form. `records` must outlive the screen's windows.
+/// Registers the window of each form. `records` must outlive the screen's windows.
 void RegisterWindows(DesktopScreen& screen, SelectorRecords& records);
 
-/// Registers the suite's sibling components as the desktop shows them. `components` and `databases` must
+/// Registers the suite's sibling components with their windows. `components` and `databases` must
 /// outlive them.
 void RegisterDesktopComponents(ComponentRegistry& components, DatabaseConnector& databases);
 

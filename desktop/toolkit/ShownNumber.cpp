@@ -3,19 +3,12 @@
 #include <QPainter>
 #include <QStyleOptionFrame>
 
+#include "desktop/toolkit/QtText.h"
+#include "platform/text/DigitGroups.h"
+
 namespace koru {
 
-QString GroupedNumber(const QString& text) {
-  qsizetype wholeEnd = text.indexOf(u'.');
-  if (wholeEnd < 0) wholeEnd = text.size();
-  const qsizetype wholeBegin = text.startsWith(u'-') ? 1 : 0;
-  for (qsizetype i = wholeBegin; i < wholeEnd; ++i) {
-    if (text.at(i) < u'0' || text.at(i) > u'9') return text;
-  }
-  QString shown = text;
-  for (qsizetype at = wholeEnd - 3; at > wholeBegin; at -= 3) shown.insert(at, u',');
-  return shown;
-}
+QString GroupedNumber(const QString& text) { return ToQt(WithGroups(FromQt(text))); }
 
 AmountEdit::AmountEdit(QWidget* parent) : QLineEdit(parent) {
   setLayoutDirection(Qt::LeftToRight);

@@ -17,7 +17,7 @@
 namespace koru {
 namespace {
 
-/// A part of a dialog that is always there.
+/// A part that every dialog of the kind has.
 template <class Widget>
 Widget& PartOf(const QWidget& dialog, const char* name) {
   return *dialog.findChild<Widget*>(QLatin1String(name));
@@ -63,7 +63,7 @@ void PickIn(GoodsPickerWindow& window, ScenarioUser& user) {
     window.reject();
     return;
   }
-  if (several && !barcodes.empty()) ClickOn(*clear);  // goods of an earlier time
+  if (several && !barcodes.empty()) ClickOn(*clear);  // goods that were picked before
   for (const std::string& barcode : barcodes) {
     if (TakeGood(window, ToQt(barcode))) continue;
     user.CannotDo("pick " + QuotedForScenario(barcode) + ": the goods picker does not offer it");

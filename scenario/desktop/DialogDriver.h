@@ -8,8 +8,8 @@ class QWidget;
 
 namespace koru {
 
-/// Lets the person use a dialog of the suite that is shown modally, and leave it: the goods picker, a receipt
-/// or dispatch, or else a message. `run` does a gesture that may show another dialog (see UiDriver::Run).
+/// Lets the user use and close a modal dialog of the suite: the goods picker, a receipt or dispatch, or a
+/// message. `run` runs input that may show another dialog (see UiDriver::Run).
 void UseDialog(QWidget& dialog, ScenarioUser& user,
                const std::function<void(const std::function<void()>&)>& run);
 

@@ -33,8 +33,8 @@ constexpr std::array<std::pair<int, Qt::Key>, 14> kNamedKeys{{{8, Qt::Key_Backsp
                                                               {45, Qt::Key_Insert},
                                                               {46, Qt::Key_Delete}}};
 
-/// The event goes to the window, as from the window system: whatever stands at that place gets it, and the
-/// keyboard.
+/// Sends the event to the window, as the window system does: the widget at that place receives it, and the
+/// focus.
 void SendMouse(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButtons held) {
   QWidget& window = *widget.window();
   if (window.windowHandle() == nullptr) return;

@@ -6,13 +6,13 @@ class QFileDialog;
 
 namespace koru {
 
-/// The preview that the person looks at; nullptr when none is open.
+/// The active preview, or any open one; nullptr when none is open.
 [[nodiscard]] ReportPreview* PreviewInFront();
 
-/// Gives the preview the keyboard and presses a key there.
+/// Gives the preview the focus and presses a key.
 void PressIn(ReportPreview& preview, int key, Qt::KeyboardModifiers held = Qt::NoModifier);
 
-/// Types the name of a file into the window that asks for one, and takes it.
+/// Types the name of a file into a file dialog and accepts it.
 void NameFile(QFileDialog& dialog, const QString& file);
 
 }  // namespace koru

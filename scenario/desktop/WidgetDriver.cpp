@@ -22,7 +22,7 @@ bool IsReadOnly(const QWidget& textBox) {
   return lines == nullptr || lines->isReadOnly();
 }
 
-/// Gives the widget the keyboard, as a click into it does.
+/// Gives the widget the focus with a click.
 void ClickInto(QWidget& widget) {
   QWidget* const inner = widget.focusProxy() == nullptr ? &widget : widget.focusProxy();
   ClickOn(*inner);
@@ -39,7 +39,7 @@ QModelIndex IndexOf(const QAbstractItemModel& model, std::int32_t id) {
   return found.isEmpty() ? QModelIndex() : found.first();
 }
 
-/// Where the cell stands in the grid's viewport, scrolled into sight; empty when it does not exist or is
+/// The place of the cell in the grid's viewport after scrolling to it; empty when it does not exist or is
 /// hidden.
 QRect CellPlace(QTableView& view, int row, int col) {
   const QModelIndex index = view.model()->index(row - 1, col);

@@ -10,8 +10,8 @@ class QWidget;
 
 namespace koru {
 
-// How a person uses the widgets of a form. Each answers whether it could be done. Rows are those of the
-// form's grid: 0 is the header.
+// How a user uses the widgets of a form. Each function returns whether that was possible. Rows are those of
+// the form's grid: 0 is the header.
 
 bool TypeInto(QWidget& textBox, const QString& text);
 /// Opens the list of a selector and clicks the record of that key; Selector::kNothing empties the selector.
@@ -20,7 +20,7 @@ bool PickIn(QWidget& selector, std::int32_t id);
 bool EnterDate(QWidget& dateBox, std::optional<Date> date);
 bool ChooseIn(QWidget& list, int index);
 
-/// Clicks the cell, types over it and stores with Enter; what the form refuses is taken back with Escape.
+/// Clicks the cell, types over it and presses Enter; presses Escape when the form refuses the text.
 bool TypeIntoCell(QWidget& grid, int row, int col, const QString& text);
 bool ClickCell(QWidget& grid, int row, int col);
 bool DoubleClickCell(QWidget& grid, int row, int col);

@@ -22,8 +22,7 @@
 namespace koru {
 namespace {
 
-/// The window that a person looks at. When a dialog closes, some screens give the keyboard to no window at
-/// all.
+/// The window that a user sees in front. When a dialog closes, some window systems activate no window.
 QWidget* WindowInFront() {
   for (QWidget* const window : {QApplication::activeModalWidget(), QApplication::activeWindow()}) {
     if (window != nullptr) return window;
@@ -39,13 +38,13 @@ QWidget* WindowInFront() {
 WindowDriver::WindowDriver(ScenarioUser& user, DatabaseConnector& databases, std::filesystem::path pictures)
     : user_(user), databases_(databases), records_(databases), pictures_(std::move(pictures)) {
   RegisterWindows(screen_, records_);
-  // Those of the platform take no events of ours.
+  // The platform's own dialogs do not receive our events.
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   qApp->installEventFilter(this);
 }
 
 WindowDriver::~WindowDriver() {
-  while (ReportPreview* const open = PreviewInFront()) delete open;  // NOLINT: a scenario that failed left it
+  while (ReportPreview* const open = PreviewInFront()) delete open;  // NOLINT: left by a scenario that failed
   Settle();
 }
 
@@ -66,7 +65,7 @@ Form* WindowDriver::ModalScreen::ModalFormOf(const QWidget& window) const {
 }
 
 void WindowDriver::Run(const std::function<void()>& action) {
-  QTimer inside;  // its turn comes in whatever event loop the action runs
+  QTimer inside;  // fires in any event loop that the action starts
   connect(&inside, &QTimer::timeout, this, &WindowDriver::UseWhatIsModal);
   inside.start(0);
   ++depth_;
@@ -81,15 +80,15 @@ void WindowDriver::Run(const std::function<void()>& action) {
 }
 
 void WindowDriver::Settle() {
-  constexpr int kRounds = 4;  // an event sets off others: a click a focus change, that one a repaint
+  constexpr int kRounds = 4;  // an event causes others: a click a focus change, which causes a repaint
   for (int i = 0; i < kRounds; ++i) QCoreApplication::processEvents();
-  // Below an action stand the frames of windows that are still in use.
+  // During an action, functions of windows that wait for deletion are still on the stack.
   if (depth_ == 0) QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void WindowDriver::UseWhatIsModal() {
   QWidget* const modal = QApplication::activeModalWidget();
-  if (qobject_cast<QProgressDialog*>(modal) != nullptr) return;  // asks nothing
+  if (qobject_cast<QProgressDialog*>(modal) != nullptr) return;  // needs no answer
   if (modal == nullptr || std::find(used_.begin(), used_.end(), modal) != used_.end()) return;
   used_.push_back(modal);
   if (Form* const form = screen_.ModalFormOf(*modal)) {
@@ -104,7 +103,7 @@ void WindowDriver::UseWhatIsModal() {
 
 bool WindowDriver::eventFilter(QObject* object, QEvent* event) {
   if (event->type() != QEvent::Timer || qobject_cast<QTimer*>(object) == nullptr) return false;
-  // Timers of forms carry the names of their controls; the toolkit's own have none.
+  // Timers of forms have the names of their controls; the toolkit's own have none.
   return !object->objectName().isEmpty();
 }
 
@@ -116,7 +115,7 @@ QWidget* WindowDriver::Usable(const Control& control) const {
   auto* const widget = window->findChild<QWidget*>(QString::fromStdString(control.Name()));
   if (widget == nullptr || !widget->isEnabled() || !widget->isVisible()) return nullptr;
   window->activateWindow();
-  // A window system grants the keyboard in its own time; a person waits for it.
+  // The window system activates a window with a delay.
   if (!WaitUntil([&] { return window->isActiveWindow(); })) return nullptr;
   return widget;
 }

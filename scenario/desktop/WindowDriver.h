@@ -11,15 +11,15 @@
 
 namespace koru {
 
-/// Plays on the windows: what a person does goes to the widgets as mouse and key events. Dialogs and modal
-/// windows are used from inside their own event loop. The windows' timers stand still: a scenario says itself
-/// when time passes. Needs the application object.
+/// Drives the windows: input reaches the widgets as mouse and key events. Dialogs and modal windows are used
+/// from inside their own event loop. The timers of forms do not run: the scenario says when they fire. Needs
+/// the application object.
 class WindowDriver : public QObject, public UiDriver {
   Q_OBJECT
 
  public:
-  /// `person` and `databases` must outlive the driver. `pictures`: the folder for the scenario's pictures;
-  /// empty: none are taken.
+  /// `user` and `databases` must outlive the driver. `pictures`: the folder for the scenario's pictures;
+  /// empty: no pictures.
   WindowDriver(ScenarioUser& user, DatabaseConnector& databases, std::filesystem::path pictures);
   ~WindowDriver() override;
 
@@ -56,21 +56,20 @@ class WindowDriver : public QObject, public UiDriver {
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
-  /// The desktop's screen, which knows which forms wait modally.
+  /// The desktop's screen, which also records the modal forms.
   class ModalScreen : public DesktopScreen {
    public:
     void Show(Form& form, bool modal) override;
-    /// The form whose window that is and which waits modally; nullptr when none.
+    /// The modal form of that window; nullptr when there is none.
     [[nodiscard]] Form* ModalFormOf(const QWidget& window) const;
 
    private:
     std::vector<Form*> modal_;
   };
 
-  /// The widget of a control that a person can use now; nullptr when they cannot.
+  /// The widget of a control if a user can use it now; else nullptr.
   [[nodiscard]] QWidget* Usable(const Control& control) const;
-  /// Does something to a widget, and all that follows from it. False, and nothing is done, when there is
-  /// none.
+  /// Runs an action on a widget with all its consequences. False without a widget.
   template <class Action>
   bool With(QWidget* widget, const Action& action);
   void UseWhatIsModal();
@@ -81,9 +80,9 @@ class WindowDriver : public QObject, public UiDriver {
   SelectorRecords records_;
   std::filesystem::path pictures_;
   ModalScreen screen_;
-  std::vector<const QWidget*> used_;  ///< modal windows that the person is at already
-  int depth_ = 0;                     ///< actions under way
-  QString saveAs_;                    ///< what the person answers when a window asks for a file
+  std::vector<const QWidget*> used_;  ///< modal windows in use
+  int depth_ = 0;                     ///< nested actions
+  QString saveAs_;                    ///< for the next file dialog
 };
 
 }  // namespace koru

@@ -137,7 +137,8 @@ TEST_P(DatabaseContract, Statements_that_only_write_give_no_columns) {
   EXPECT_TRUE(Open(SqlText("delete tblUser where ID=1")).Columns().empty());
 }
 
-TEST_P(DatabaseContract, A_failing_statement_tells_the_servers_words_and_itself_and_leaves_what_was_before) {
+TEST_P(DatabaseContract,
+       A_failing_statement_reports_the_servers_words_and_itself_and_leaves_what_was_before) {
   Open(InsertUser(1, "a"));
   for (const SqlText& wrong :
        {SqlText("select * from tblNoSuchTable"), SqlText("select NoSuchColumn from tblUser"),

@@ -31,7 +31,7 @@ struct ContractCase {
 /// For the name of the test.
 inline void PrintTo(const ContractCase& way, std::ostream* out) { *out << way.name; }
 
-/// What every Database must do. The tests are instantiated once, for all ways.
+/// What every Database must do. The tests are instantiated for each subject.
 class DatabaseContract : public testing::TestWithParam<ContractCase> {
  protected:
   Recordset Open(const SqlText& statement) { return database_->Open(statement); }

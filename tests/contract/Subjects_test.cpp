@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "database/scratch/ScratchDatabase.h"
@@ -10,43 +11,37 @@
 namespace koru::test {
 namespace {
 
-using Way = ScratchRoute::Way;
-
 class ScratchSubject : public ContractSubject {
  public:
-  explicit ScratchSubject(const ScratchRoute& route) : trial_(route, file_.File()) {}
-  std::unique_ptr<Database> Connect() override { return trial_.Connector().Connect(trial_.ConnectionText()); }
+  explicit ScratchSubject(const std::optional<std::string>& server = {}) : database_(file_.File(), server) {}
+  std::unique_ptr<Database> Connect() override {
+    return database_.Connector().Connect(database_.ConnectionText());
+  }
 
  private:
   TestFile file_;
-  ScratchDatabase trial_;
+  ScratchDatabase database_;
 };
 
 class StandInSubject : public ContractSubject {
  public:
-  std::unique_ptr<Database> Connect() override { return trial_.Connect(); }
+  std::unique_ptr<Database> Connect() override { return database_.Connect(); }
 
  private:
   StandInServer server_;
-  ScratchSubject trial_{{Way::Server, server_.ConnectionText()}};
+  ScratchSubject database_{server_.ConnectionText()};
 };
 
-ContractCase OnFile(const std::string& name, Way way) {
-  return {name, [way] { return std::make_unique<ScratchSubject>(ScratchRoute{way, {}}); }};
-}
+std::unique_ptr<ContractSubject> Embedded() { return std::make_unique<ScratchSubject>(); }
 
 /// The server that KORU_SQLSERVER names, or a stand-in.
 std::unique_ptr<ContractSubject> Server() {
-  if (const char* named = std::getenv("KORU_SQLSERVER")) {
-    return std::make_unique<ScratchSubject>(ScratchRoute{Way::Server, named});
-  }
+  if (const char* named = std::getenv("KORU_SQLSERVER")) return std::make_unique<ScratchSubject>(named);
   return std::make_unique<StandInSubject>();
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, DatabaseContract,
-                         testing::Values(OnFile("Embedded", Way::EmbeddedFile),
-                                         OnFile("EmbeddedThroughOdbc", Way::ThroughOdbc),
-                                         ContractCase{"Server", Server}),
+                         testing::Values(ContractCase{"Embedded", Embedded}, ContractCase{"Server", Server}),
                          [](const auto& info) { return info.param.name; });
 
 }  // namespace

@@ -5,11 +5,9 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <memory>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/system/TemporaryFolder.h"
-#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
@@ -44,39 +42,6 @@ class ProgramTest : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(ProgramTest, Scenarios_are_reported_one_line_each_with_the_counts_at_the_end) {
-  Write("good.scenario", "database sample\nuser 1\nview 17\nexpect mode 0\n");
-  Write("bad.scenario", "database sample\nuser 1\n\nview 17\nexpect txtCode \"9\"\n");
-  Outcome outcome = Run("play good.scenario bad.scenario");
-  EXPECT_EQ(outcome.code, 1);
-  EXPECT_EQ(
-      outcome.out,
-      "ok  good  4 steps\nFAILED bad.scenario:5: txtCode: expected \"9\", found \"\"\n1 passed, 1 failed\n");
-  outcome = Run("play good.scenario");
-  EXPECT_EQ(outcome.code, 0);
-  EXPECT_EQ(outcome.out, "ok  good  4 steps\n1 passed, 0 failed\n");
-}
-
-TEST_F(ProgramTest, The_same_scenario_is_played_on_windows_without_a_display) {
-  Write("good.scenario", "database sample\nuser 1\nview 17\nexpect mode 0\npicture \"seventeen\"\n");
-  const Outcome outcome = Run("play --desktop --pictures shots good.scenario");
-  EXPECT_EQ(outcome.out, "ok  good  5 steps\n1 passed, 0 failed\n") << outcome.error;
-  EXPECT_EQ(outcome.code, 0);
-  EXPECT_EQ(Text("shots/seventeen.png").substr(1, 3), "PNG");
-}
-
-TEST_F(ProgramTest, A_scenario_that_cannot_be_read_stops_everything_before_the_first_step) {
-  Write("good.scenario", "database sample\n");
-  Write("broken.scenario", "database sample\nlook\n");
-  Outcome outcome = Run("play good.scenario broken.scenario");
-  EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.error, "koru-counting: broken.scenario:2: this is no step that can be played: look\n");
-  outcome = Run("play none.scenario");
-  EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.error, "koru-counting: none.scenario: the scenario cannot be read\n");
-}
-
 TEST_F(ProgramTest, A_sample_is_made_once_and_never_over_another_file) {
   EXPECT_EQ(Run("create-sample a.db").code, 0);
   const std::string made = Text("a.db");
@@ -107,91 +72,39 @@ TEST_F(ProgramTest, A_medium_sample_is_made_and_says_how_far_it_is) {
             20'000);
 }
 
-/// The database file a.db, made and reached through ODBC.
-class ProgramOnOdbcTest : public ProgramTest {
- protected:
-  [[nodiscard]] Outcome RunOnOdbc(const std::string& command, const std::string& driver = "SQLite3") const {
-    return Run(command + " --connection 'Provider=ODBC;Dialect=SQLite;Driver=" + driver +
-               ";Database=" + Home() + "/a.db'");
-  }
-  [[nodiscard]] std::unique_ptr<SqliteConnection> Made() const {
-    return std::make_unique<SqliteConnection>(Home() + "/a.db", SqliteConnection::Mode::Existing,
-                                              std::chrono::seconds(5));
-  }
-};
-
-TEST_F(ProgramOnOdbcTest, The_schema_and_its_sample_are_made_once_and_never_over_another) {
-  Outcome outcome = RunOnOdbc("create-schema");
-  EXPECT_EQ(outcome.code, 0) << outcome.error;
-  EXPECT_NE(outcome.out.find("جدول ها: 100 %\n"), std::string::npos) << outcome.out;
-  EXPECT_TRUE(outcome.out.ends_with("نوشتن در پايگاه داده: 100 %\n")) << outcome.out;
-  EXPECT_EQ(Made()->Number("select count(*) from tblInventoryCounting"), 17);
-  Made()->Execute("delete from tblGood");
-  outcome = RunOnOdbc("create-schema");
-  EXPECT_EQ(outcome.code, 2);
-  EXPECT_EQ(outcome.error, "koru-counting: پرونده اي به اين نام هست و رونويسي نمي شود: " +
-                               LeftToRight(Home() + "/a.db") + "\n");
-  EXPECT_EQ(Made()->Number("select count(*) from tblGood"), 0);
-}
-
-TEST_F(ProgramOnOdbcTest, A_schema_can_be_made_without_any_rows) {
-  EXPECT_EQ(RunOnOdbc("create-schema --size none").code, 0);
-  EXPECT_EQ(Made()->Number("select count(*) from tblUser"), 0);
-}
-
-TEST_F(ProgramOnOdbcTest, A_schema_is_for_connections_through_odbc) {
+TEST_F(ProgramTest, A_schema_is_for_connections_through_odbc) {
   Outcome outcome = Run("create-schema --connection 'Provider=SQLite;Data Source=a.db'");
   EXPECT_EQ(outcome.code, 2);
   EXPECT_NE(outcome.error.find("create-sample"), std::string::npos) << outcome.error;
-  outcome = RunOnOdbc("create-schema", "NoSuchDriver");
+  outcome =
+      Run("create-schema --connection 'Provider=SQLOLEDB.1;Driver=NoSuchDriver;Data Source=h;User ID=u'");
   EXPECT_EQ(outcome.code, 2);
   EXPECT_NE(outcome.error.find("«NoSuchDriver»"), std::string::npos) << outcome.error;
   EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "a.db"));
 }
 
-TEST_F(ProgramOnOdbcTest, The_check_of_a_good_database_says_so_line_by_line) {
-  ASSERT_EQ(RunOnOdbc("create-schema --size none").code, 0);
-  const Outcome outcome = RunOnOdbc("check");
-  EXPECT_EQ(outcome.code, 0) << outcome.out << outcome.error;
-  for (const char* line :
-       {"ok      راه انداز: درست است.\n", "ok      tblInventoryCountingDetail: با همة ستون هاي لازم هست.\n",
-        "ok      اجازة نوشتن tblInventoryCounting: داده شده است.\n",
-        "ok      spPelinHasPermission: اجرا شد.\n"}) {
-    EXPECT_NE(outcome.out.find(line), std::string::npos) << line << outcome.out;
-  }
-  EXPECT_EQ(outcome.out.find("FAILED"), std::string::npos) << outcome.out;
-  EXPECT_TRUE(outcome.out.ends_with("همه چيز درست است.\n")) << outcome.out;
+TEST_F(ProgramTest, The_check_names_a_driver_that_is_not_there_and_those_that_are) {
+  const Outcome outcome =
+      Run("check --connection 'Provider=SQLOLEDB.1;Driver=Wrong;Data Source=h;User ID=u'");
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_NE(outcome.out.find("FAILED  راه انداز: راه انداز ODBC به نام «Wrong» روي اين رايانه نصب نيست."),
+            std::string::npos)
+      << outcome.out;
+  EXPECT_NE(outcome.out.find("FreeTDS"), std::string::npos);
 }
 
-TEST_F(ProgramOnOdbcTest, The_check_names_a_missing_table_and_the_view_that_needs_it) {
-  ASSERT_EQ(RunOnOdbc("create-schema --size none").code, 0);
-  Made()->Execute("drop table tblInventoryCountingDetail");
-  const Outcome outcome = RunOnOdbc("check");
+TEST_F(ProgramTest, The_check_of_a_file_names_what_is_missing) {
+  ASSERT_EQ(Run("create-sample a.db").code, 0);
+  EXPECT_EQ(Run("check --database a.db").code, 0);
+  SqliteConnection(Home() + "/a.db", SqliteConnection::Mode::Existing, std::chrono::seconds(5))
+      .Execute("drop table tblInventoryCountingDetail");
+  const Outcome outcome = Run("check --database a.db");
   EXPECT_EQ(outcome.code, 1);
   for (const char* beginning : {"FAILED  tblInventoryCountingDetail: در اين پايگاه داده نيست",
                                 "FAILED  vwInventoryCountingPrint: ", "ok      tblGood: "}) {
     EXPECT_NE(outcome.out.find(beginning), std::string::npos) << beginning << outcome.out;
   }
   EXPECT_TRUE(outcome.out.ends_with("\n2 مورد درست نيست.\n")) << outcome.out;
-}
-
-TEST_F(ProgramOnOdbcTest, The_check_names_a_missing_column) {
-  ASSERT_EQ(RunOnOdbc("create-schema --size none").code, 0);
-  Made()->Execute("alter table tblGood drop column TmpLocationID");
-  const Outcome outcome = RunOnOdbc("check");
-  EXPECT_EQ(outcome.code, 1);
-  EXPECT_NE(outcome.out.find("\nFAILED  tblGood.TmpLocationID: اين ستون نيست"), std::string::npos)
-      << outcome.out;
-  EXPECT_TRUE(outcome.out.ends_with("\n1 مورد درست نيست.\n")) << outcome.out;
-}
-
-TEST_F(ProgramOnOdbcTest, The_check_names_a_driver_that_is_not_there_and_those_that_are) {
-  const Outcome outcome = RunOnOdbc("check", "Wrong");
-  EXPECT_EQ(outcome.code, 1);
-  EXPECT_NE(outcome.out.find("FAILED  راه انداز: راه انداز ODBC به نام «Wrong» روي اين رايانه نصب نيست."),
-            std::string::npos)
-      << outcome.out;
-  EXPECT_NE(outcome.out.find("SQLite3"), std::string::npos);
 }
 
 TEST_F(ProgramTest, A_broken_settings_file_is_named_and_kept) {

@@ -49,7 +49,7 @@ TEST(ScenarioReading, Rows_belong_to_the_step_before_them) {
             (std::vector<ScenarioWord>{{"2.5", false}, {"", true}, {"NULL", true}}));
 }
 
-TEST(ScenarioReading, The_pattern_tells_which_step_it_is) {
+TEST(ScenarioReading, The_pattern_decides_which_step_it_is) {
   const Scenario scenario =
       Parse("expect cmdNew cmdExit enabled\ndate gdpFromDate 1404/1/5\ndate gdpToDate empty\n");
   EXPECT_EQ(scenario.steps[0].pattern, 4U);
@@ -58,14 +58,12 @@ TEST(ScenarioReading, The_pattern_tells_which_step_it_is) {
 }
 
 TEST(ScenarioReading, An_error_names_file_and_line_and_how_the_step_is_written) {
-  EXPECT_EQ(ErrorOf("view 1\nview five\n"),
-            "day.scenario:2: this is no step that can be played: view; it is written: view NUMBER");
-  EXPECT_EQ(ErrorOf("look 1\n"), "day.scenario:1: this is no step that can be played: look");
-  EXPECT_EQ(ErrorOf("view 1 2"),
-            "day.scenario:1: this is no step that can be played: view; it is written: view NUMBER");
+  EXPECT_EQ(ErrorOf("view 1\nview five\n"), "day.scenario:2: unknown step: view; it is written: view NUMBER");
+  EXPECT_EQ(ErrorOf("look 1\n"), "day.scenario:1: unknown step: look");
+  EXPECT_EQ(ErrorOf("view 1 2"), "day.scenario:1: unknown step: view; it is written: view NUMBER");
   EXPECT_EQ(ErrorOf("type txtGNO \"a"), "day.scenario:1: a quoted text does not end on its line");
-  EXPECT_EQ(ErrorOf("type txtGNO \"a\"b"), "day.scenario:1: a blank is missing behind the quoted text \"a\"");
-  EXPECT_EQ(ErrorOf("type txtGNO a\"b"), "day.scenario:1: a quote stands inside the word a\"b");
+  EXPECT_EQ(ErrorOf("type txtGNO \"a\"b"), "day.scenario:1: a blank is missing after the quoted text \"a\"");
+  EXPECT_EQ(ErrorOf("type txtGNO a\"b"), "day.scenario:1: there is a quote inside the word a\"b");
   EXPECT_EQ(ErrorOf(R"(type txtGNO "\x")"),
             R"(day.scenario:1: after \ only " \ n or u and four hexadecimal digits may come)");
   EXPECT_EQ(ErrorOf(R"(type txtGNO "\u12")"), R"(day.scenario:1: \u needs four hexadecimal digits)");

@@ -1,6 +1,7 @@
 #include "tests/support/TestDatabase.h"
 
 #include <cstdlib>
+#include <optional>
 
 #include "adapters/sqlite/CreateDatabaseFile.h"
 #include "database/Schema.h"
@@ -8,10 +9,9 @@
 namespace koru::test {
 namespace {
 
-ScratchRoute AskedFor() {
-  const char* server = std::getenv("KORU_SQLSERVER");
-  if (server == nullptr) return {};
-  return {ScratchRoute::Way::Server, server};
+std::optional<std::string> AskedFor() {
+  const char* const server = std::getenv("KORU_SQLSERVER");
+  return server == nullptr ? std::nullopt : std::optional<std::string>(server);
 }
 
 std::string EmptyFile(std::string file) {
@@ -26,9 +26,9 @@ std::string FieldText(const Recordset& records, std::size_t column) {
 
 }  // namespace
 
-TestDatabase::TestDatabase() : trial_(AskedFor(), EmptyFile(folder_.File("test.koru"))) {}
+TestDatabase::TestDatabase() : trial_(EmptyFile(folder_.File("test.koru")), AskedFor()) {}
 
-TestDatabase::TestDatabase(const std::string& file) : trial_(AskedFor(), file) {}
+TestDatabase::TestDatabase(const std::string& file) : trial_(file, AskedFor()) {}
 
 bool TestDatabase::TakesKeyboardsAsEqual() {
   Execute("insert into tblUser (ID,FullName) values (-1,'كي4')");

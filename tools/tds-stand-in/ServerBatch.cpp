@@ -27,8 +27,8 @@ bool ServerBatch::Has(std::size_t at, std::initializer_list<std::string_view> wo
   });
 }
 
-std::string ServerBatch::Between(std::size_t first, std::size_t behindLast) const {
-  return text_.substr(tokens_[first].begin, tokens_[behindLast - 1].end - tokens_[first].begin);
+std::string ServerBatch::Between(std::size_t first, std::size_t afterLast) const {
+  return text_.substr(tokens_[first].begin, tokens_[afterLast - 1].end - tokens_[first].begin);
 }
 
 std::size_t ServerBatch::EndOfPart(std::size_t at) const {

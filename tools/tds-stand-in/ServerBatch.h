@@ -17,14 +17,14 @@ class ServerBatch {
 
   [[nodiscard]] const std::string& Text() const { return text_; }
   [[nodiscard]] std::size_t Size() const { return tokens_.size(); }
-  /// Empty behind the end.
+  /// Empty after the end.
   [[nodiscard]] std::string Word(std::size_t at) const;
   [[nodiscard]] SqlToken Token(std::size_t at) const;
-  /// Whether these words stand there, regardless of case; an empty one stands for any.
+  /// Whether these words begin at `at`, regardless of case; an empty one matches any word.
   [[nodiscard]] bool Has(std::size_t at, std::initializer_list<std::string_view> words) const;
   /// The text from the first of the words to the last.
-  [[nodiscard]] std::string Between(std::size_t first, std::size_t behindLast) const;
-  /// From `at` on, the place of the first comma or closing parenthesis that no parenthesis behind `at`
+  [[nodiscard]] std::string Between(std::size_t first, std::size_t afterLast) const;
+  /// The place of the first comma or closing parenthesis from `at` on that no parenthesis after `at`
   /// encloses.
   [[nodiscard]] std::size_t EndOfPart(std::size_t at) const;
   /// The place of the parenthesis that closes the one at `open`.

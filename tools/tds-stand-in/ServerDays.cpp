@@ -27,7 +27,7 @@ bool IsComparison(const std::string& word) {
   return std::find(kOperators.begin(), kOperators.end(), word) != kOperators.end();
 }
 
-/// What stands between the apostrophes, also behind an N.
+/// The text between the apostrophes, also after an N.
 std::string_view Content(std::string_view literal) {
   literal.remove_prefix(literal.find('\'') + 1);
   literal.remove_suffix(1);
@@ -52,7 +52,7 @@ std::optional<std::int32_t> DayNumber(std::string_view text) {
 
 std::string WithDaysRead(const ServerBatch& batch) {
   std::string read = batch.Text();
-  // From the end, so that the places before it stay.
+  // From the end, so that earlier positions stay valid.
   for (std::size_t at = batch.Size(); at-- > 2;) {
     const SqlToken token = batch.Token(at);
     const bool isText = token.kind == SqlTokenKind::String || token.kind == SqlTokenKind::NationalString;

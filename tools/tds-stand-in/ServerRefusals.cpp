@@ -13,7 +13,7 @@
 namespace koru::test {
 namespace {
 
-/// The name stands in the place of the `%`.
+/// `%` is the place of the name.
 struct Words {
   int number;
   std::string_view words;
@@ -52,7 +52,7 @@ constexpr std::array<Words, 26> kWords{{
 
 constexpr std::string_view kBrokenRule = "CHECK constraint failed: ";
 
-/// What the engine says, with the name behind the mark, and the server's number.
+/// Words of the engine that the name follows, and the server's number.
 struct Known {
   std::string_view mark;
   int number;
@@ -69,7 +69,7 @@ constexpr std::array<Known, 9> kKnown{{
     {"generated column ", 271},
 }};
 
-/// The number of a broken rule (RuleName); the column stands behind the colon.
+/// The refusal that a broken constraint names (RuleName): its number, and the column after the colon.
 std::optional<ServerRefusal> BrokenRule(const DatabaseError& failure) {
   const std::string words = failure.ServerText();
   const std::size_t at = words.find(kBrokenRule);
@@ -80,8 +80,8 @@ std::optional<ServerRefusal> BrokenRule(const DatabaseError& failure) {
   return Refusal(number, words.substr(colon + 1), failure.Statement());
 }
 
-/// The object that the engine names: without the name of its database, without quotation marks, and nothing
-/// of what is said behind it.
+/// The object that the engine names, without the name of its database, quotation marks and the words after
+/// it.
 std::string Named(std::string words) {
   if (words.starts_with("main.")) words.erase(0, 5);
   if (words.starts_with('"')) words = words.substr(1, words.find('"', 1) - 1);

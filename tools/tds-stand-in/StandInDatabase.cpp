@@ -28,7 +28,7 @@ Answer Refused(const ServerRefusal& refusal) {
   return {Answer::Kind::Refusal, refusal.Code(), refusal.ServerText()};
 }
 
-/// What `work` answers, or what it was refused with.
+/// The result of `work`, or its refusal.
 template <class Work>
 Answer Tried(Work work) {
   try {
@@ -48,7 +48,7 @@ void RefuseBroken(const std::string& batch) {
   throw ServerRefusal(words, kBrokenSyntax, batch);
 }
 
-/// The insert in a batch that writes keys of its own.
+/// The insert between `set identity_insert` on and off.
 ServerBatch InsertOfOwnKeys(const ServerBatch& batch) {
   const std::string table = batch.Word(2);
   constexpr std::size_t kSwitch = 4;  // words of each of the two switches
@@ -59,7 +59,7 @@ ServerBatch InsertOfOwnKeys(const ServerBatch& batch) {
   return ServerBatch(batch.Between(kSwitch, batch.Size() - kSwitch));
 }
 
-/// The question for objects by name, asked of the engine.
+/// A selection from sys.objects, as the engine's own list answers it.
 std::string AskedOfEngine(std::string statement) {
   static constexpr std::string_view kAsked = " from sys.objects where schema_id=schema_id() and ";
   const std::size_t at = statement.find(kAsked);
@@ -67,7 +67,7 @@ std::string AskedOfEngine(std::string statement) {
   return statement.replace(at, kAsked.size(), std::string(" from ") + StandInSchema::kObjects + " where ");
 }
 
-/// As many as the session's settings have statements.
+/// One answer for each statement of the session's settings.
 std::vector<Answer> Settled(const ServerBatch& settings) {
   std::vector<Answer> answers;
   for (std::size_t at = 0; at < settings.Size(); ++at) {
@@ -87,7 +87,7 @@ StandInDatabase::StandInDatabase()
 std::vector<Answer> StandInDatabase::Run(const std::string& text) {
   const std::lock_guard<std::mutex> lock(guard_);
   const ServerBatch batch(text);
-  if (text == ServerDialect().SessionSettings()) return Settled(batch);
+  if (text == kSessionSettings) return Settled(batch);
   if (batch.Has(0, {"set", "identity_insert"})) return RunWithOwnKeys(batch);
   return {Tried([&] {
     RefuseBroken(text);

@@ -11,22 +11,22 @@
 
 namespace koru::test {
 
-/// What a stand-in for the suite's server has in the place of its database: an embedded one in memory, empty
-/// at first, which answers batches as that server would.
+/// The database of the stand-in: an embedded one in memory, empty at first, that answers batches as the
+/// suite's server does.
 ///
 /// It knows selections, inserts, updates and deletes of the component and its tests, what StandInSchema
-/// knows, and these besides: the session's settings, the question for objects by name in sys.objects,
+/// knows, and also: the session's settings, the selection of objects by name from sys.objects,
 /// `truncate table`, and one insert between `set identity_insert` on and off. A batch that breaks the rules
 /// of the server's dialect (BrokenRules) is refused, and so is a key that is written into a table that the
-/// server numbers. A failing statement of a batch does not keep those behind it from running.
+/// server numbers. The statements after a failing one of the same batch still run.
 class StandInDatabase {
  public:
   using Answer = TdsServer::Answer;
 
   StandInDatabase();
 
-  /// Any thread may call these; one is served after the other. A refusal has the number and words of the
-  /// server where it is obvious which they are, else its number for messages of one's own.
+  /// Any thread may call these; calls are serialized. A refusal has the number and words of the server where
+  /// they are known, else the number for user-defined messages.
   ///
   /// One answer for each statement of the batch.
   std::vector<Answer> Run(const std::string& batch);
@@ -35,7 +35,7 @@ class StandInDatabase {
  private:
   std::vector<Answer> RunWithOwnKeys(const ServerBatch& batch);
   Answer RunBatch(const ServerBatch& batch);
-  /// A selection or a write, or one that stands alone between other statements of a batch.
+  /// A selection or a write.
   Answer RunStatement(const ServerBatch& statement);
   void RefuseOwnKey(const ServerBatch& batch) const;
   void Truncate(const std::string& table);

@@ -23,7 +23,7 @@ std::string StandInProcedure::Selection(const std::vector<std::int32_t>& argumen
   if (arguments.size() < parameters.size()) throw Refusal(201, name, name);
   const ServerBatch batch(selection);
   std::string asked = selection;
-  // From the end, so that the places before it stay.
+  // From the end, so that earlier positions stay valid.
   for (std::size_t at = batch.Size(); at-- > 0;) {
     const auto parameter = std::find_if(parameters.begin(), parameters.end(), [&](const std::string& known) {
       return EqualsNoCase(known, batch.Word(at));

@@ -8,11 +8,11 @@
 
 namespace koru::test {
 
-/// A procedure that returns one number when a selection finds something, and else another.
+/// A procedure that returns one number when a selection finds a row, and another when it finds none.
 struct StandInProcedure {
   std::string name;
   std::vector<std::string> parameters;  ///< with their @
-  std::string selection;                ///< in which the parameters stand
+  std::string selection;                ///< with the names of the parameters
   std::int32_t found = 0;
   std::int32_t notFound = 0;
 

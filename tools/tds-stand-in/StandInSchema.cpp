@@ -14,11 +14,11 @@
 namespace koru::test {
 namespace {
 
-/// The batch of a view in which a text has a collation also where it stands for NULL: the engine's functions
-/// answer without one.
+/// The batch of a view with a collation on each text that replaces NULL: the results of the engine's
+/// functions have none.
 std::string WithCollations(const ServerBatch& batch) {
   std::string text = batch.Text();
-  // From the end, so that the places before it stay.
+  // From the end, so that earlier positions stay valid.
   for (std::size_t at = batch.Size(); at-- > 0;) {
     if (!batch.Has(at, {"isnull", "("})) continue;
     const std::size_t close = batch.Closing(at + 1);
@@ -113,7 +113,7 @@ void StandInSchema::CreateView(const ServerBatch& batch) {
   const std::string name = batch.Word(2);
   AddObject(name, batch);
   engine_.Execute(EngineView(batch));
-  // The engine looks at a view's tables and columns when it is read, the server when it is made. Of two
+  // The engine resolves a view's tables and columns when it is read, the server when it is made. Of two
   // columns of one name, the engine calls the second `name:1`.
   SqliteStatement view = engine_.Prepare("select * from " + name);
   for (int column = 0; column < view.ColumnCount(); ++column) {
@@ -148,7 +148,7 @@ void StandInSchema::CreateIndex(const ServerBatch& batch, std::size_t indexWord)
                                                                       : computed->second + " collate KORU");
   }
   if (batch.Has(close + 1, {"include", "("})) {
-    // What is only kept beside the keys makes nothing faster here, but has to be there.
+    // Columns that an index only includes bring nothing here, but must exist.
     static_cast<void>(engine_.Prepare("select " + batch.Between(close + 3, batch.Closing(close + 2)) +
                                       " from " + table.name));
   }

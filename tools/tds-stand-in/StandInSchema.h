@@ -10,27 +10,26 @@
 
 namespace koru::test {
 
-/// What has been created in the database of a stand-in for the suite's server: tables, indexes, views and
-/// procedures, made in an embedded engine from batches in the server's dialect. Names are compared regardless
-/// of case.
+/// The tables, indexes, views and procedures of the stand-in's database, made in an embedded engine from
+/// batches in the server's dialect. Names are compared regardless of case.
 class StandInSchema {
  public:
-  /// Where the engine lists the objects that the server lists in sys.objects: their names, as `name`.
+  /// The engine's list of the objects that the server lists in sys.objects, with the column `name`.
   static constexpr const char* kObjects = "\"sys.objects\"";
 
   /// Keeps its texts in UTF-16. `engine` is empty, and must outlive the object.
   explicit StandInSchema(SqliteConnection& engine);
 
-  /// Whether a batch is one for Change.
+  /// Whether Change can run the batch.
   [[nodiscard]] static bool IsChange(const ServerBatch& batch);
-  /// Runs a batch that creates or drops a table, view, index or procedure, or drops a column. Nothing is left
-  /// of one that fails. Throws the server's refusal, NotKnownHere, or a failure of the engine's.
+  /// Runs a batch that creates or drops a table, view, index or procedure, or drops a column. One
+  /// that fails has no effect. Throws the server's refusal, NotKnownHere, or a failure of the engine.
   void Change(const ServerBatch& batch);
 
   /// The column that the server numbers in that table; empty when there is none, or no such table.
   [[nodiscard]] std::string IdentityOf(const std::string& table) const;
   [[nodiscard]] bool HasTable(const std::string& name) const;
-  /// Throws the server's refusal when there is none.
+  /// Throws the server's refusal when there is no such procedure.
   [[nodiscard]] const StandInProcedure& Procedure(const std::string& name) const;
 
  private:

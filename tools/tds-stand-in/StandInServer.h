@@ -7,8 +7,8 @@
 
 namespace koru::test {
 
-/// A stand-in for the suite's server: what speaks to it through ODBC finds a database that is empty at first,
-/// its own, and goes with it, and that all its clients share.
+/// A stand-in for the suite's server on a port of this machine, until destruction. Its database is empty at
+/// first, and all its clients share it. README.md says what it cannot prove.
 class StandInServer {
  public:
   StandInServer();
@@ -17,7 +17,7 @@ class StandInServer {
 
  private:
   StandInDatabase database_;
-  TdsServer server_;  // the last: its threads work with the database
+  TdsServer server_;  // last: its threads use the database
 };
 
 }  // namespace koru::test

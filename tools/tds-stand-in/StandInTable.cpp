@@ -56,7 +56,7 @@ class TableReader {
     return column + " " + EngineType(type, column) + properties + Rules(type, column, length);
   }
 
-  /// What is said behind the type.
+  /// The words after the type.
   std::string Properties(std::size_t at, const std::string& column) {
     std::string properties;
     for (; at < end_; ++at) {

@@ -53,7 +53,7 @@ class Batch {
     return static_cast<std::size_t>(std::count_if(tokens_.begin(), tokens_.end(),
                                                   [&](const Token& token) { return token.text == text; }));
   }
-  /// The place behind the parenthesis that closes the one at `at`.
+  /// The place after the parenthesis that closes the one at `at`.
   [[nodiscard]] std::size_t Behind(std::size_t at) const {
     int depth = 0;
     for (; at < tokens_.size(); ++at) {
@@ -127,7 +127,7 @@ class Batch {
     }
   }
 
-  /// The number of parts that commas part between the parentheses.
+  /// The number of parts between the parentheses that commas separate.
   [[nodiscard]] std::size_t Length(std::size_t open, std::size_t behind) const {
     int depth = 0;
     std::size_t commas = 0;

@@ -5,15 +5,16 @@
 
 namespace koru::test {
 
-/// Reads a batch as strictly as the suite's server would where there is no server to ask: what is not one
-/// whole batch in its dialect is answered as sentences, one a finding; nothing when all is well.
+/// Checks a batch against the rules of the suite's server's dialect: one sentence per violation, none for a
+/// valid batch.
 ///
-/// Found are: literals, brackets and comments that are not closed; letters beyond ASCII outside of national
-/// literals, names in brackets and comments; words and operators of other dialects; a view or procedure that
-/// is not alone in its batch; a view that is sorted without `top`; two statements parted by `;`; more than
-/// 1000 rows in one `values`, or rows of different lengths; `set identity_insert` that is not switched off
-/// again, or without an insert that names the key; column types, lengths and defaults that the server does
-/// not know, columns that say neither `null` nor `not null`, more than one identity or one that is not `int`.
+/// Violations are: literals, brackets and comments that are not closed; letters beyond ASCII outside of
+/// national literals, names in brackets and comments; words and operators of other dialects; a view or
+/// procedure that is not alone in its batch; a view that is sorted without `top`; two statements separated by
+/// `;`; more than 1000 rows in one `values`, or rows of different lengths; `set identity_insert` that is not
+/// switched off again, or without an insert that names the key; column types, lengths and defaults that the
+/// server does not know, columns with neither `null` nor `not null`, more than one identity or one that is
+/// not `int`.
 [[nodiscard]] std::vector<std::string> BrokenRules(const std::string& batch);
 
 }  // namespace koru::test

@@ -19,12 +19,12 @@ enum Token : std::uint8_t {
   kSignedIn = 0xAD,
   kRow = 0xD1
 };
-/// What ends an answer: that of a statement, that of a procedure.
+/// The token that ends the answer of a statement, of a procedure.
 enum End : std::uint8_t { kDone = 0xFD, kProcedureDone = 0xFE };
-/// What an end says besides.
+/// The flags of that token.
 enum Status : std::uint16_t { kFinal = 0, kMore = 1, kFailed = 2, kCounted = 0x10, kCancelled = 0x20 };
 
-/// In the server's ticks. The suite keeps days with a time, which is nobody's business here.
+/// The time of day, which is always midnight here.
 constexpr std::uint32_t kNoon = 12 * 3600 * 300;
 
 /// Of a message, in UTF-16 units; the server cuts longer ones as well.
@@ -87,7 +87,7 @@ class Column {
       case Kind::Text:
         break;
     }
-    // nvarchar(max), in the collation of a server as it comes.
+    // nvarchar(max), in the default collation of a server.
     return "\xE7\xFF\xFF" + std::string("\x09\x04\xD0\0\x34", 5);
   }
 

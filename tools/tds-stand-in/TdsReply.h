@@ -8,16 +8,16 @@
 
 namespace koru::test {
 
-/// The bodies of what the suite's server says to a client.
+/// The bodies of the server's messages to a client.
 
 /// Its version, and that it does not encrypt.
 [[nodiscard]] std::string GreetingReply();
 [[nodiscard]] std::string SignedInReply();
 
-/// Whether other statements of the same batch are answered behind it.
+/// Whether the answers of other statements of the same batch follow.
 enum class Behind : bool { Nothing, More };
 
-/// A statement has run and selects nothing; how many rows it wrote, if it is one that writes.
+/// A statement without rows has run; `written` is the number of rows that it wrote.
 [[nodiscard]] std::string DoneReply(std::optional<std::uint64_t> written, Behind behind);
 
 /// A procedure has run; it selects nothing.
@@ -29,10 +29,10 @@ enum class Behind : bool { Nothing, More };
 /// The answer to a cancel.
 [[nodiscard]] std::string CancelledReply();
 
-/// The rows of a selection. A column has the type of what it holds: whole numbers, reals as soon as one of
-/// them is one, texts as soon as one of them is. The suite's columns of days (CreateDate, FromDate, ToDate,
-/// ReceiveDate) go as days with a time when all that they hold is days; an empty text then is 1900-01-01, as
-/// which the server stores it. NULL stays NULL.
+/// The rows of a selection. The type of a column follows from its values: text when one is a text, else real
+/// when one is a real, else whole number. The suite's date columns (CreateDate, FromDate, ToDate,
+/// ReceiveDate) are sent as `datetime` when all their values are dates; an empty text then is 1900-01-01, as
+/// the server stores it. NULL stays NULL.
 [[nodiscard]] std::string RowsReply(const Recordset& rows, Behind behind);
 
 }  // namespace koru::test

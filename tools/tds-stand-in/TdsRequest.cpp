@@ -22,7 +22,7 @@ class Reader {
     return taken;
   }
   std::uint64_t Number(std::size_t bytes) { return ReadLittle(Take(bytes), bytes); }
-  /// The headers of every request say nothing to a server with one session a connection.
+  /// Skips the headers of a request, which a server with one session per connection does not need.
   void SkipHeaders() {
     const std::uint64_t size = ReadLittle(rest_, 4);
     Take(size);

@@ -16,7 +16,7 @@ namespace {
 
 using Answer = TdsServer::Answer;
 
-/// Finds a free port of this machine that nobody outside of it can reach.
+/// Listens on a free port that only this machine can reach.
 int Listen(const Socket& listener) {
   sockaddr_in address{};
   address.sin_family = AF_INET;
@@ -30,7 +30,7 @@ int Listen(const Socket& listener) {
   return ntohs(address.sin_port);
 }
 
-/// What is said when all went well.
+/// The reply to success.
 std::string Success(std::uint8_t type, const Answer& answer, Behind behind) {
   switch (type) {
     case TdsMessage::Greeting:
@@ -46,7 +46,7 @@ std::string Success(std::uint8_t type, const Answer& answer, Behind behind) {
   }
 }
 
-/// What is said for an answer to a message of that type; nothing for one that is no words.
+/// The reply for an answer to a message of that type; no value for Silence and Close.
 std::string Said(std::uint8_t type, const Answer& answer, Behind behind) {
   switch (answer.kind) {
     case Answer::Kind::Done:
@@ -96,7 +96,7 @@ void TdsServer::Serve() {
   for (;;) {
     const int handle = accept4(listener_.Handle(), nullptr, nullptr, SOCK_CLOEXEC);
     if (handle < 0) return;
-    // A reply's last packet does not wait for word that the others have come.
+    // The last packet of a reply is sent without waiting for the acknowledgement of the others.
     const int yes = 1;
     setsockopt(handle, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
     LetGoOfTheGone();

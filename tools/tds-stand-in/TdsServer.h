@@ -16,9 +16,9 @@
 
 namespace koru::test {
 
-/// A server on this machine alone that speaks as much of the suite's server's protocol (TDS 7.4) as a driver
-/// needs to sign in, send statements and call procedures. What it answers is its maker's: also silence, or
-/// going away. Each client is served on a thread of its own.
+/// A server on this machine that speaks the part of the suite's server's protocol (TDS 7.4) that a driver
+/// needs to sign in, send statements and call procedures. The owner supplies the answers, which may also be
+/// silence or a closed connection. Each client is served on a thread of its own.
 class TdsServer {
  public:
   struct Answer {
@@ -26,8 +26,8 @@ class TdsServer {
       Done,
       Rows,     ///< of a statement
       Refusal,  ///< with number and text
-      Silence,  ///< also to the client's wish to give up
-      Close     ///< hangs up on that client
+      Silence,  ///< also to a cancel
+      Close     ///< closes that client's connection
     };
     Kind kind = Kind::Done;
     std::int32_t number = 0;  ///< of the refusal; what a procedure that is done returns
@@ -36,28 +36,28 @@ class TdsServer {
     std::optional<std::uint64_t> written = {};  ///< by a statement that is done: how many rows
   };
 
-  /// How it answers; called on the clients' threads. What they throw is told to the client as a refusal.
+  /// The answers; called on the clients' threads. An exception reaches the client as a refusal.
   struct Handlers {
     std::function<bool()> greets;
-    /// Is given what the client sent, in which the password is disguised.
+    /// Receives what the client sent; the password in it is obfuscated.
     std::function<Answer(const std::string& message)> signIn;
-    /// One answer for each statement of the batch; silence and going away stand alone.
+    /// One answer for each statement of the batch; Silence and Close are the only one.
     std::function<std::vector<Answer>(const std::string& batch)> batch;
     std::function<Answer(const ProcedureCall& call)> call;
   };
 
-  /// The server's number for refusals that have none of their own.
+  /// The server's number for user-defined messages.
   static constexpr std::int32_t kOwnMessage = 50000;
 
-  /// Throws std::runtime_error when there is no place to listen.
+  /// Throws std::runtime_error when no port is free.
   explicit TdsServer(Handlers handlers);
   TdsServer(const TdsServer&) = delete;
   TdsServer& operator=(const TdsServer&) = delete;
-  /// Hangs up on all clients.
+  /// Closes all connections.
   ~TdsServer();
 
   [[nodiscard]] int Port() const { return port_; }
-  /// What the component would be given to reach it. User and password are "clerk" and "s3cret}pass".
+  /// The connection text for the component. User and password are "clerk" and "s3cret}pass".
   [[nodiscard]] std::string ConnectionText() const;
 
  private:
@@ -77,7 +77,7 @@ class TdsServer {
   Handlers handlers_;
   Socket listener_;
   int port_ = 0;
-  std::list<Client> clients_;  ///< of the thread alone that listens, while there is one
+  std::list<Client> clients_;  ///< used by the listening thread alone, while it runs
   std::thread thread_;
 };
 

@@ -7,8 +7,7 @@
 
 namespace koru::test {
 
-/// The pieces that messages of the suite's server's protocol (TDS 7.4) are made of, and their way over a
-/// socket.
+/// The parts of messages of the suite's server's protocol (TDS 7.4), and how a socket transports them.
 
 /// A number in that many bytes, the lowest first.
 [[nodiscard]] std::string Little(std::uint64_t number, int bytes);
@@ -19,7 +18,7 @@ namespace koru::test {
 [[nodiscard]] std::string Wide(std::string_view utf8);
 [[nodiscard]] std::string Narrow(std::string_view bytes);
 
-/// One end of a connection, or what listens for them; closed when it goes.
+/// A connected or listening socket; closed on destruction.
 class Socket {
  public:
   explicit Socket(int handle) : handle_(handle) {}
@@ -28,14 +27,14 @@ class Socket {
   ~Socket();
 
   [[nodiscard]] int Handle() const { return handle_; }
-  /// Ends every wait on it, also that of another thread.
+  /// Ends every wait on it, also in another thread.
   void HangUp() const;
 
  private:
   int handle_;
 };
 
-/// What the two sides say to each other.
+/// A message of either side.
 struct TdsMessage {
   enum Type : std::uint8_t { Batch = 1, Call = 3, Reply = 4, Cancel = 6, SignIn = 16, Greeting = 18 };
 
@@ -43,10 +42,10 @@ struct TdsMessage {
   std::string body;  ///< put together from its packets
 };
 
-/// Waits for a whole message; nothing when the other side has gone, or hangs up in the middle of one.
+/// Waits for a whole message; no value when the connection is closed before its end.
 [[nodiscard]] std::optional<TdsMessage> Receive(const Socket& client);
 
-/// Sends a reply, in packets of the size that both sides begin with. A client that has gone is not missed.
+/// Sends a reply in packets of the initial size. A closed connection is ignored.
 void SendReply(const Socket& client, std::string_view body);
 
 }  // namespace koru::test

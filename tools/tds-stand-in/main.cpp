@@ -1,3 +1,9 @@
+// koru-tds-stand-in: runs a command with a stand-in for the suite's server.
+//
+// What a test against it cannot prove (README.md): it shares the product's lexer and the embedded adapter's
+// translation, knows no rights and no collations, and its refusals are from knowledge of the server, not from
+// a server.
+
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,7 +28,7 @@ int NotStarted(const char* command, int error) {
   return kNotFound;
 }
 
-/// Starts the command, which has the signals back that this program leaves to it, and waits for its end.
+/// Runs the command with the default handling of `leftToIt` and returns its exit code.
 int RunBeside(char** command, const sigset_t& leftToIt) {
   posix_spawnattr_t attributes;
   posix_spawnattr_init(&attributes);
@@ -41,7 +47,7 @@ int RunBeside(char** command, const sigset_t& leftToIt) {
 int RunWithServer(char** command) {
   const StandInServer server;
   setenv(kServer, server.ConnectionText().c_str(), 1);
-  // Who breaks off at the keyboard ends the command, and the server goes in its own time.
+  // Ctrl+C ends the command, which ends this program.
   sigset_t leftToIt;
   sigemptyset(&leftToIt);
   for (const int signal : {SIGINT, SIGQUIT}) {
@@ -58,8 +64,9 @@ int main(int argc, char** argv) {
   using namespace koru::test;
   if (argc < 2) {
     std::cerr << "usage: koru-tds-stand-in COMMAND [ARG...]\n"
-                 "Runs the command with KORU_SQLSERVER naming a stand-in for the suite's server, which goes "
-                 "with it;\nwhere KORU_SQLSERVER names a server already, with that.\n";
+                 "Runs the command with KORU_SQLSERVER naming a stand-in for the suite's server, which ends "
+                 "with it;\nif KORU_SQLSERVER is set already, with the server that it names.\n"
+                 "A test that passes with it may fail on a real server: see tools/tds-stand-in/README.md.\n";
     return kUnusable;
   }
   if (std::getenv(kServer) == nullptr) return RunWithServer(argv + 1);

@@ -22,8 +22,8 @@ TEST(OdbcDiagnostics, The_drivers_reason_comes_before_could_not_connect) {
 
 TEST(OdbcDiagnostics, Nothing_reported_is_an_empty_record) { EXPECT_EQ(MostUseful({}).text, ""); }
 
-TEST(OdbcDiagnostics, A_record_is_told_with_its_state_and_number) {
-  EXPECT_EQ(Told({"23000", 2627, "[FreeTDS][SQL Server]duplicate"}),
+TEST(OdbcDiagnostics, A_record_is_described_with_its_state_and_number) {
+  EXPECT_EQ(Described({"23000", 2627, "[FreeTDS][SQL Server]duplicate"}),
             "[FreeTDS][SQL Server]duplicate (23000, 2627)");
 }
 

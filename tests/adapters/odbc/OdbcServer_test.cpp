@@ -14,7 +14,7 @@ using Answer = ScriptedServer::Answer;
 using Script = ScriptedServer::Script;
 using Step = OdbcConnectError::Step;
 
-/// Short waits, so that the tests of silence are short; and what a machine under load may add to them.
+/// Short timeouts, so that the tests of silence are short, and what a loaded machine may add to them.
 constexpr OdbcTimeouts kShort{std::chrono::seconds(1), std::chrono::seconds(1)};
 constexpr std::chrono::seconds kAtMost{8};
 
@@ -46,7 +46,7 @@ class OdbcServer : public testing::Test {
   }
 };
 
-TEST_F(OdbcServer, The_session_is_set_up_once_and_statements_go_as_they_are) {
+TEST_F(OdbcServer, The_session_is_set_up_once_and_statements_are_sent_unchanged) {
   const ScriptedServer server({});
   const std::unique_ptr<Database> database = OdbcConnector(kShort).Connect(server.ConnectionText());
   database->Open(SqlText("delete tblInventoryCounting where id=5"));
@@ -93,7 +93,7 @@ TEST_F(OdbcServer, A_procedure_is_called_and_answers_with_its_return_value) {
   EXPECT_EQ(database->Call("spOther", {7}), 0);
 }
 
-TEST_F(OdbcServer, A_refused_statement_tells_the_servers_words_and_number_and_the_connection_stays) {
+TEST_F(OdbcServer, A_refused_statement_reports_the_servers_words_and_number_and_the_connection_stays) {
   const ScriptedServer server(
       Answering("select * from T", {Answer::Kind::Refusal, 208, "Invalid object name 'T'."}));
   const std::unique_ptr<Database> database = OdbcConnector(kShort).Connect(server.ConnectionText());
@@ -106,7 +106,7 @@ TEST_F(OdbcServer, A_refused_statement_tells_the_servers_words_and_number_and_th
   EXPECT_EQ(server.SignIns(), 1);
 }
 
-TEST_F(OdbcServer, A_server_that_goes_away_says_so_and_the_next_statement_connects_again) {
+TEST_F(OdbcServer, A_closed_connection_is_reported_and_the_next_statement_connects_again) {
   const ScriptedServer server(Answering("delete T", {Answer::Kind::Close, 0, {}}));
   const std::unique_ptr<Database> database = OdbcConnector(kShort).Connect(server.ConnectionText());
   const DatabaseError failure = Failure(*database, SqlText("delete T"));

@@ -17,7 +17,6 @@ namespace {
 
 using Answer = ScriptedServer::Answer;
 using Statements = std::vector<std::string>;
-using Way = ScratchRoute::Way;
 
 /// A server whose database is a scratch database, and takes everything.
 ScriptedServer::Script Marked() {
@@ -34,24 +33,20 @@ Statements Last(const ScriptedServer& server, std::size_t count) {
   return {all.end() - static_cast<std::ptrdiff_t>(count), all.end()};
 }
 
-TEST(ScratchDatabase, The_same_file_is_reached_either_way) {
-  for (const Way way : {Way::EmbeddedFile, Way::ThroughOdbc}) {
-    const TestFile file;
-    ScratchDatabase database({way, {}}, file.File());
-    database.RunAll(
-        "insert into tblUser (ID,FullName) values (1,'علي');;\n update tblUser set FullName='a;مينا'; ");
-    EXPECT_EQ(database.Run("select top 1 FullName from tblUser where FullName='a;مینا'").RecordCount(), 1U);
-    const std::string provider = way == Way::ThroughOdbc ? "Provider=ODBC;" : "Provider=SQLite;";
-    EXPECT_TRUE(database.ConnectionText().starts_with(provider)) << database.ConnectionText();
-    EXPECT_EQ(database.Connector().Connect(database.ConnectionText())->Call("spPelinHasPermission", {1, 2}),
-              0);
-    EXPECT_FALSE(database.IsOnServer());
-  }
+TEST(ScratchDatabase, Without_a_server_the_file_itself_is_used) {
+  const TestFile file;
+  ScratchDatabase database(file.File());
+  database.RunAll(
+      "insert into tblUser (ID,FullName) values (1,'علي');;\n update tblUser set FullName='a;مينا'; ");
+  EXPECT_EQ(database.Run("select top 1 FullName from tblUser where FullName='a;مینا'").RecordCount(), 1U);
+  EXPECT_EQ(database.ConnectionText(), file.ConnectionText());
+  EXPECT_EQ(database.Connector().Connect(database.ConnectionText())->Call("spPelinHasPermission", {1, 2}), 0);
+  EXPECT_FALSE(database.IsOnServer());
 }
 
 TEST(ScratchDatabase, Of_several_statements_those_before_the_one_that_fails_stay) {
   const TestFile file;
-  ScratchDatabase database({}, file.File());
+  ScratchDatabase database(file.File());
   EXPECT_THROW(
       database.RunAll("insert into tblUser (FullName) values ('a'); insert into tblNobody (ID) values (1);"
                       "insert into tblUser (FullName) values ('b')"),
@@ -63,7 +58,7 @@ TEST(ScratchDatabase, A_marked_server_is_emptied_filled_with_the_rows_and_asked_
   const TemporaryFolder folder;
   CreateSample(folder.File("sample.db"), {});
   const ScriptedServer server(Marked());
-  ScratchDatabase database({Way::Server, server.ConnectionText()}, folder.File("sample.db"));
+  ScratchDatabase database(folder.File("sample.db"), server.ConnectionText());
   EXPECT_EQ(database.ConnectionText(), server.ConnectionText());
   database.Run("update tblUser set FullName='مينا' where ID=1");
   const Statements statements = server.Statements();
@@ -78,7 +73,7 @@ TEST(ScratchDatabase, A_marked_server_is_emptied_filled_with_the_rows_and_asked_
 TEST(ScratchDatabase, Rows_may_bring_the_keys_that_a_server_gives) {
   const TestFile file;
   const ScriptedServer server(Marked());
-  ScratchDatabase database({Way::Server, server.ConnectionText()}, file.File());
+  ScratchDatabase database(file.File(), server.ConnectionText());
   EXPECT_TRUE(database.IsOnServer());
   database.RunAll(
       "insert into tblInventoryReceipt (Code, id) values (1, 7);"
@@ -103,7 +98,7 @@ TEST(ScratchDatabase, A_server_with_somebodys_tables_is_left_alone) {
   };
   const TestFile file;
   const ScriptedServer server(script);
-  EXPECT_THROW(ScratchDatabase({Way::Server, server.ConnectionText()}, file.File()), InputError);
+  EXPECT_THROW(ScratchDatabase(file.File(), server.ConnectionText()), InputError);
   EXPECT_EQ(server.Statements().size(), 3U);  // the session's settings, and two questions
 }
 

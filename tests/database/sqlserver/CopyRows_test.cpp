@@ -6,11 +6,12 @@
 
 #include "adapters/odbc/OdbcConnector.h"
 #include "adapters/odbc/ServerDialect.h"
-#include "adapters/sqlite/SqliteConnector.h"
+#include "database/sqlserver/EmptyScratchDatabase.h"
 #include "platform/sql/DatabaseError.h"
+#include "tests/support/DumpTables.h"
 #include "tests/support/FailingDatabase.h"
-#include "tests/support/RecordingDatabase.h"
 #include "tests/support/TestFile.h"
+#include "tools/tds-stand-in/StandInServer.h"
 #include "tools/tds-stand-in/TSqlRules.h"
 
 namespace koru::test {
@@ -25,49 +26,21 @@ insert into tblInventoryCounting (ID, Code) values (3, NULL), (12, 1);
 
 class CopyRowsTest : public testing::Test {
  protected:
-  void CopyTo(Database& to, RowsTarget target) {
-    CopyRows(from_.File(), to, target, [this](int percent) { told_.push_back(percent); });
+  /// A connection to the suite's empty tables on a server.
+  [[nodiscard]] std::unique_ptr<Database> Server() const {
+    auto database = OdbcConnector().Connect(server_.ConnectionText());
+    EmptyScratchDatabase(*database);
+    return database;
+  }
+  void CopyTo(Database& to) {
+    CopyRows(from_.File(), to, [this](int percent) { told_.push_back(percent); });
   }
   TestFile from_;
-  TestFile to_;
+  StandInServer server_;
   std::vector<int> told_;
 };
 
-TEST_F(CopyRowsTest, Every_row_arrives_as_it_was_with_its_key) {
-  from_.Execute(kRows);
-  const auto database = OdbcConnector().Connect(EmbeddedThroughOdbcText(to_.File()));
-  CopyTo(*database, RowsTarget::EmbeddedFile);
-  EXPECT_EQ(to_.Dump(), from_.Dump());
-  EXPECT_EQ(told_.front(), 0);
-  EXPECT_EQ(told_.back(), 100);
-}
-
-TEST_F(CopyRowsTest, The_sample_is_the_same_through_odbc) {
-  const std::string sample = from_.Folder().File("sample.db");
-  CreateSample(sample, {});
-  const auto database = OdbcConnector().Connect(EmbeddedThroughOdbcText(to_.File()));
-  CopyRows(sample, *database, RowsTarget::EmbeddedFile, {});
-  from_.Execute("attach '" + sample + "' as sample");
-  for (const char* table :
-       {"tblInventory", "tblGood", "tblInventoryReceipt", "tblInventoryReceiptDetail",
-        "tblInventoryDispatchDetail", "tblInventoryCounting", "tblInventoryCountingDetail"}) {
-    from_.Execute(std::string("insert into ") + table + " select * from sample." + table);
-    EXPECT_EQ(from_.Rows(std::string("select * from ") + table),
-              to_.Rows(std::string("select * from ") + table))
-        << table;
-    EXPECT_NE(to_.Scalar(std::string("select count(*) from ") + table), "0") << table;
-  }
-}
-
-TEST_F(CopyRowsTest, An_empty_database_copies_nothing_and_is_done) {
-  SqliteConnector sqlite;
-  RecordingConnector recording(sqlite);
-  CopyTo(*recording.Connect(to_.ConnectionText()), RowsTarget::EmbeddedFile);
-  EXPECT_TRUE(recording.Statements().empty());
-  EXPECT_EQ(told_, std::vector<int>{100});
-}
-
-/// A server that accepts every statement.
+/// A server that takes everything.
 class Taker : public Database {
  public:
   Recordset Open(const SqlText& statement) override {
@@ -81,10 +54,26 @@ class Taker : public Database {
   std::vector<std::string> taken;
 };
 
+TEST_F(CopyRowsTest, Every_row_arrives_as_it_was_with_its_key) {
+  from_.Execute(kRows);
+  const auto database = Server();
+  CopyTo(*database);
+  EXPECT_EQ(DumpTables(*database), from_.Dump());
+  EXPECT_EQ(told_.front(), 0);
+  EXPECT_EQ(told_.back(), 100);
+}
+
+TEST_F(CopyRowsTest, An_empty_database_copies_nothing_and_is_done) {
+  Taker server;
+  CopyTo(server);
+  EXPECT_TRUE(server.taken.empty());
+  EXPECT_EQ(told_, std::vector<int>{100});
+}
+
 TEST_F(CopyRowsTest, Keys_that_a_server_gives_by_itself_are_put_in_between_on_and_off) {
   from_.Execute(kRows);
   Taker server;
-  CopyTo(server, RowsTarget::Server);
+  CopyTo(server);
   const auto has = [&](const std::string& statement) {
     return std::count(server.taken.begin(), server.taken.end(), statement) == 1;
   };
@@ -101,16 +90,17 @@ TEST_F(CopyRowsTest, The_key_of_a_deleted_document_is_not_given_again) {
   from_.Execute(kRows);
   from_.Execute("delete from tblInventoryCounting where ID = 12");
   from_.Execute("delete from tblInventoryReceipt");
-  const auto database = OdbcConnector().Connect(EmbeddedThroughOdbcText(to_.File()));
-  CopyTo(*database, RowsTarget::EmbeddedFile);
-  EXPECT_EQ(to_.Dump(), from_.Dump());
-  to_.Execute("insert into tblInventoryCounting (Code) values (NULL)");
-  to_.Execute("insert into tblInventoryReceipt (Code) values (NULL)");
-  EXPECT_EQ(to_.Scalar("select max(ID) from tblInventoryCounting"), "13");
-  EXPECT_EQ(to_.Scalar("select max(ID) from tblInventoryReceipt"), "8");
+  const auto database = Server();
+  CopyTo(*database);
+  EXPECT_EQ(DumpTables(*database), from_.Dump());
+  database->Open(SqlText("insert into tblInventoryCounting (Code) values (NULL)"));
+  database->Open(SqlText("insert into tblInventoryReceipt (Code) values (NULL)"));
+  const auto last = [&](FixedSql select) { return database->Open(SqlText(select)).Field("ID").Integer(); };
+  EXPECT_EQ(last("select max(ID) as ID from tblInventoryCounting"), 13);
+  EXPECT_EQ(last("select max(ID) as ID from tblInventoryReceipt"), 8);
 
   Taker server;
-  CopyTo(server, RowsTarget::Server);
+  CopyTo(server);
   const auto insert = std::find(server.taken.begin(), server.taken.end(),
                                 "set identity_insert tblInventoryReceipt on insert into tblInventoryReceipt "
                                 "(ID) values (7) set identity_insert tblInventoryReceipt off");
@@ -123,7 +113,7 @@ TEST_F(CopyRowsTest, A_statement_never_has_more_rows_than_a_server_takes) {
       "insert into tblUser (ID, FullName) select value, 'u' from (with recursive n(value) as (select 1 union "
       "all select value + 1 from n where value < 1201) select value from n)");
   Taker server;
-  CopyTo(server, RowsTarget::Server);
+  CopyTo(server);
   ASSERT_EQ(server.taken.size(), 3U);
   for (const std::string& statement : server.taken) {
     EXPECT_LE(std::count(statement.begin(), statement.end(), '('), 1001) << statement.substr(0, 80);
@@ -135,24 +125,24 @@ TEST_F(CopyRowsTest, The_sample_is_copied_in_the_dialect_of_the_server) {
   const std::string sample = from_.Folder().File("sample.db");
   CreateSample(sample, {});
   Taker server;
-  CopyRows(sample, server, RowsTarget::Server, {});
-  ServerDialect dialect;
+  CopyRows(sample, server, {});
   EXPECT_GT(server.taken.size(), 30U);
   for (const std::string& statement : server.taken) {
-    EXPECT_EQ(BrokenRules(dialect.Write(statement).text), std::vector<std::string>{})
+    EXPECT_EQ(BrokenRules(ServerStatement(statement)), std::vector<std::string>{})
         << statement.substr(0, 200);
   }
 }
 
 TEST_F(CopyRowsTest, A_failing_statement_ends_it_and_what_was_before_stays) {
   from_.Execute(kRows);
-  SqliteConnector sqlite;
-  FailingConnector failing(sqlite);
-  const auto database = failing.Connect(to_.ConnectionText());
+  const auto server = Server();
+  OdbcConnector odbc;
+  FailingConnector failing(odbc);
+  const auto database = failing.Connect(server_.ConnectionText());
   failing.Plan().FailAt(2);
-  EXPECT_THROW(CopyTo(*database, RowsTarget::EmbeddedFile), DatabaseError);
+  EXPECT_THROW(CopyTo(*database), DatabaseError);
   EXPECT_EQ(failing.Plan().Count(), 2);
-  EXPECT_NE(to_.Dump(), "");
+  EXPECT_NE(DumpTables(*server), "");
 }
 
 }  // namespace

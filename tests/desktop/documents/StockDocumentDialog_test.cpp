@@ -20,7 +20,7 @@ class StockDocumentDialogTest : public testing::Test {
  protected:
   StockDocumentDialogTest() {
     messages.RegisterIn(components);
-    RegisterDocumentComponents(components, failing);
+    RegisterDocumentComponents(components, failing, ShowInDialog);
     base.Execute(
         "insert into tblInventory (ID,Name) values (3,'سردخانه');"
         "insert into tblUser (ID,FullName) values (5,'مريم احمدي');"

@@ -10,7 +10,7 @@
 
 #include "desktop/toolkit/QtText.h"
 #include "platform/text/Errors.h"
-#include "tests/desktop/report/ReportSamples.h"
+#include "tests/siblings/report/ReportSamples.h"
 #include "tests/support/RefusedWrites.h"
 #include "tests/support/TemporaryFolder.h"
 

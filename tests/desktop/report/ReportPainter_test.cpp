@@ -5,7 +5,7 @@
 #include <QImage>
 #include <QPainter>
 
-#include "tests/desktop/report/ReportSamples.h"
+#include "tests/siblings/report/ReportSamples.h"
 
 namespace koru {
 namespace {

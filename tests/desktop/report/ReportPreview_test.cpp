@@ -10,7 +10,7 @@
 
 #include "desktop/toolkit/QtText.h"
 #include "tests/desktop/WindowTools.h"
-#include "tests/desktop/report/ReportSamples.h"
+#include "tests/siblings/report/ReportSamples.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace koru {

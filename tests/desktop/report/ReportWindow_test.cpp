@@ -6,7 +6,7 @@
 #include "desktop/forms/DesktopScreen.h"
 #include "output/frmReport.h"
 #include "tests/desktop/WindowTools.h"
-#include "tests/desktop/report/ReportDesk.h"
+#include "tests/siblings/report/ReportDesk.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FixedClock.h"
 

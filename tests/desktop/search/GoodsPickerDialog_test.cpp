@@ -43,7 +43,7 @@ class GoodsPickerDialogTest : public testing::Test {
 
   test::TestDatabase base;
   test::FailingConnector failing{base.Connector()};
-  GoodsPickerDialog picker{failing};
+  SuiteGoodsPicker picker{failing, PickInDialog};
 };
 
 TEST_F(GoodsPickerDialogTest, Typing_narrows_the_list_and_Enter_picks_the_one) {

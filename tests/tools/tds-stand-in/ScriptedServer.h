@@ -9,7 +9,7 @@
 
 namespace koru::test {
 
-/// A server that answers statements as a test says, and remembers what was said to it.
+/// A server that answers statements as a test says, and records what it receives.
 class ScriptedServer {
  public:
   using Answer = TdsServer::Answer;
@@ -30,9 +30,10 @@ class ScriptedServer {
   [[nodiscard]] std::string ConnectionText() const { return server_.ConnectionText(); }
   /// The statements that have arrived, in UTF-8.
   [[nodiscard]] std::vector<std::string> Statements() const;
-  /// How often somebody signed in.
+  /// The number of sign-ins.
   [[nodiscard]] int SignIns() const;
-  /// Whether the last sign-in held that text: a user or a database, but not the password, which is disguised.
+  /// Whether the last sign-in held that text: a user or a database, but not the password, which is
+  /// obfuscated.
   [[nodiscard]] bool SignInHeld(const std::string& text) const;
 
  private:
@@ -44,7 +45,7 @@ class ScriptedServer {
   std::vector<std::string> statements_;
   std::string lastSignIn_;
   int signIns_ = 0;
-  TdsServer server_;  // the last: its threads work with all that stands above
+  TdsServer server_;  // last: its threads use the members above
 };
 
 /// One record with one field.

@@ -14,7 +14,7 @@ namespace {
 /// Runs koru-tds-stand-in.
 class StandInProgram : public testing::Test {
  protected:
-  /// The exit status; `environment` is what `env` is told before it.
+  /// The exit status; `environment` are arguments for `env`.
   [[nodiscard]] int Run(const std::string& arguments,
                         const std::string& environment = "-u KORU_SQLSERVER") const {
     const std::string command = "env " + environment + " '" KORU_STAND_IN_SERVER "' " + arguments + " >'" +

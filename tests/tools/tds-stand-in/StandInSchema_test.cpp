@@ -5,7 +5,7 @@
 namespace koru::test {
 namespace {
 
-/// Scenarios of a database in which nothing has been created.
+/// A database in which nothing has been created.
 using StandInSchemaTest = StandInServerTest;
 
 std::string Times(const std::string& text, int times) {

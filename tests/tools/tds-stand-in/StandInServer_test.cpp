@@ -173,7 +173,7 @@ TEST_F(SuiteServerTest, Servers_have_databases_of_their_own) {
   EXPECT_EQ(elsewhere->Open(SqlText("select ID from tblUser")).RecordCount(), 0U);
 }
 
-TEST_F(SuiteServerTest, A_server_that_goes_hangs_up_on_its_clients) {
+TEST_F(SuiteServerTest, A_destroyed_server_closes_its_connections) {
   auto going = std::make_unique<StandInServer>();
   const std::unique_ptr<Database> client = OdbcConnector().Connect(going->ConnectionText());
   going.reset();

@@ -30,7 +30,7 @@ class SuiteOnServer : public StandInServerTest {
     std::ifstream stream(folder_.File(where), std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
   }
-  /// What the check says is missing, without what it says about it.
+  /// The names that the check reports as missing.
   std::string Missing() {
     static constexpr std::string_view kFailed = "FAILED  ";
     EXPECT_EQ(Run("check"), 1) << Said("out");
@@ -47,12 +47,29 @@ class SuiteOnServer : public StandInServerTest {
 
 TEST_F(SuiteOnServer, Gets_the_tables_and_the_sample_as_the_embedded_database_has_them) {
   ASSERT_EQ(Run("create-schema"), 0) << Said("error");
+  EXPECT_NE(Said("out").find("جدول ها: 100 %\n"), std::string::npos) << Said("out");
+  EXPECT_TRUE(Said("out").ends_with("نوشتن در پايگاه داده: 100 %\n")) << Said("out");
   const std::string sample = folder_.File("sample.koru");
   CreateSample(sample, {});
   const std::string embedded = DumpTables(*SqliteConnector().Connect(EmbeddedConnectionText(sample)));
   EXPECT_EQ(DumpTables(*database_), embedded);
   EXPECT_GT(embedded.size(), 100'000U);
+}
+
+TEST_F(SuiteOnServer, The_check_of_a_good_database_says_so_line_by_line_and_changes_nothing) {
+  ASSERT_EQ(Run("create-schema"), 0) << Said("error");
+  const std::string before = DumpTables(*database_);
   EXPECT_EQ(Run("check"), 0) << Said("out");
+  const std::string said = Said("out");
+  for (const char* line :
+       {"ok      راه انداز: درست است.\n", "ok      tblInventoryCountingDetail: با همة ستون هاي لازم هست.\n",
+        "ok      اجازة نوشتن tblInventoryCounting: داده شده است.\n",
+        "ok      spPelinHasPermission: اجرا شد.\n"}) {
+    EXPECT_NE(said.find(line), std::string::npos) << line << said;
+  }
+  EXPECT_EQ(said.find("FAILED"), std::string::npos) << said;
+  EXPECT_TRUE(said.ends_with("همه چيز درست است.\n")) << said;
+  EXPECT_EQ(DumpTables(*database_), before);
 }
 
 TEST_F(SuiteOnServer, Is_made_once) {

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <exception>
+#include <memory>
+
+#include "adapters/provider/ConnectorByProvider.h"
+#include "adapters/system/SystemServices.h"
+#include "adapters/xlsx/XlsxStarter.h"
+#include "desktop/fields/SelectorRecords.h"
+#include "desktop/forms/DesktopScreen.h"
+#include "platform/ports/Components.h"
+#include "platform/ports/HostServices.h"
+#include "services/Messages.h"
+
+namespace koru {
+
+/// What the component needs from the Qt program that embeds it: the windows of its forms, the suite's sibling
+/// components, databases by their connection text, the machine's clock and files, and workbooks. Workbooks
+/// are written to the user's documents folder and open in the program that the user has for them. Needs the
+/// application object, on which the host has called SetUpApplication.
+class DesktopSuite {
+ public:
+  /// All connections are made through `databases`.
+  explicit DesktopSuite(
+      std::unique_ptr<DatabaseConnector> databases = std::make_unique<ConnectorByProvider>());
+  DesktopSuite(const DesktopSuite&) = delete;
+  DesktopSuite& operator=(const DesktopSuite&) = delete;
+  ~DesktopSuite() = default;
+
+  /// For comInvCountingWidget or comInvCounting, which the suite must outlive.
+  [[nodiscard]] HostServices Services();
+  [[nodiscard]] DatabaseConnector& Databases() { return *databases_; }
+  /// Shows a failure to the user.
+  void ShowFailure(const std::exception& failure) const { messages_.ShowFailure(failure); }
+
+ private:
+  std::unique_ptr<DatabaseConnector> databases_;
+  ComponentRegistry components_;
+  Messages messages_{components_};
+  SystemClock clock_;
+  SystemFileSystem files_;
+  XlsxStarter spreadsheets_;
+  SelectorRecords records_{*databases_};
+  DesktopScreen screen_;
+};
+
+}  // namespace koru

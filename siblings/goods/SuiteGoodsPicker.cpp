@@ -1,0 +1,29 @@
+#include "siblings/goods/SuiteGoodsPicker.h"
+
+#include <utility>
+
+#include "services/FixQuote.h"
+
+namespace koru {
+
+void SuiteGoodsPicker::SetConnectionString(const std::string& connectionString) {
+  if (connectionString_ == connectionString) return;
+  connectionString_ = connectionString;
+  database_.reset();
+}
+
+void SuiteGoodsPicker::Show() {
+  if (!database_) database_ = databases_.Connect(connectionString_);
+  GoodsFinder finder(*database_);
+  auto picked = pick_(finder, {store_, several_ ? std::optional(picked_) : std::nullopt});
+  if (picked) picked_ = std::move(*picked);
+}
+
+std::string SuiteGoodsPicker::List() const {
+  if (picked_.empty()) return {};
+  std::string list = "(''";
+  for (const PickedGood& good : picked_) list += ",'" + FixQuote(good.barcode) + "'";
+  return list + ")";
+}
+
+}  // namespace koru

@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "adapters/system/TemporaryFolder.h"
+
+namespace koru {
+namespace {
+
+/// Runs the built program in a home of its own.
+class ScenarioProgramTest : public testing::Test {
+ protected:
+  struct Outcome {
+    int code = 0;
+    std::string out;
+    std::string error;
+  };
+
+  [[nodiscard]] Outcome Run(const std::string& arguments) const {
+    const std::string command =
+        "cd '" + Home() +
+        "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM -u KORU_SQLSERVER HOME='" + Home() +
+        "' XDG_CONFIG_HOME='" + Home() + "/config' XDG_DATA_HOME='" + Home() + "/data' XDG_RUNTIME_DIR='" +
+        Home() + "' '" KORU_SCENARIO "' " + arguments + " >out 2>error";
+    const int status = std::system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Text("out"), Text("error")};
+  }
+  [[nodiscard]] std::string Home() const { return folder_.Path().string(); }
+  void Write(const std::string& file, const std::string& text) const {
+    std::filesystem::create_directories((folder_.Path() / file).parent_path());
+    std::ofstream(folder_.Path() / file, std::ios::binary) << text;
+  }
+  [[nodiscard]] std::string Text(const std::string& file) const {
+    std::ifstream stream(folder_.Path() / file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(ScenarioProgramTest, Scenarios_are_reported_one_line_each_with_the_counts_at_the_end) {
+  Write("good.scenario", "database sample\nuser 1\nview 17\nexpect mode 0\n");
+  Write("bad.scenario", "database sample\nuser 1\n\nview 17\nexpect txtCode \"9\"\n");
+  Outcome outcome = Run("good.scenario bad.scenario");
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(
+      outcome.out,
+      "ok  good  4 steps\nFAILED bad.scenario:5: txtCode: expected \"9\", found \"\"\n1 passed, 1 failed\n");
+  outcome = Run("good.scenario");
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, "ok  good  4 steps\n1 passed, 0 failed\n");
+}
+
+TEST_F(ScenarioProgramTest, The_same_scenario_is_run_on_windows_without_a_display) {
+  Write("good.scenario", "database sample\nuser 1\nview 17\nexpect mode 0\npicture \"seventeen\"\n");
+  const Outcome outcome = Run("--desktop --pictures shots good.scenario");
+  EXPECT_EQ(outcome.out, "ok  good  5 steps\n1 passed, 0 failed\n") << outcome.error;
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(Text("shots/seventeen.png").substr(1, 3), "PNG");
+}
+
+TEST_F(ScenarioProgramTest, A_scenario_that_cannot_be_read_stops_everything_before_the_first_step) {
+  Write("good.scenario", "database sample\n");
+  Write("broken.scenario", "database sample\nlook\n");
+  Outcome outcome = Run("good.scenario broken.scenario");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.error, "koru-scenario: broken.scenario:2: unknown step: look\n");
+  outcome = Run("none.scenario");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.error, "koru-scenario: none.scenario: the scenario cannot be read\n");
+}
+
+TEST_F(ScenarioProgramTest, A_server_that_the_environment_does_not_name_is_missed) {
+  Write("good.scenario", "database sample\n");
+  const Outcome outcome = Run("--server good.scenario");
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.error, "koru-scenario: --server needs a connection text in KORU_SQLSERVER\n");
+}
+
+TEST_F(ScenarioProgramTest, Help_and_version_need_no_display) {
+  EXPECT_EQ(Run("--help").code, 0);
+  EXPECT_EQ(Run("--version").out.substr(0, 14), "koru-scenario ");
+  const Outcome wrong = Run("--wrong");
+  EXPECT_EQ(wrong.code, 2);
+  EXPECT_EQ(wrong.error, "koru-scenario: unknown option: --wrong\n");
+}
+
+}  // namespace
+}  // namespace koru

@@ -1,0 +1,97 @@
+#include "reports/BuiltInReports.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+
+#include "platform/text/Errors.h"
+#include "siblings/report/ReportDocument.h"
+#include "tests/siblings/report/ReportDesk.h"
+#include "tests/siblings/report/ReportSamples.h"
+
+namespace koru {
+namespace {
+
+using test::TextsOf;
+
+class BuiltInReport : public test::ReportDesk {
+ protected:
+  [[nodiscard]] std::unique_ptr<ReportDocument> Report(const std::string& name) {
+    printer.SetReportFileName(folder.File("reports/" + name));
+    return printer.Prepare();
+  }
+};
+
+TEST_F(BuiltInReport, The_counting_shows_counts_differences_amounts_and_their_sums) {
+  AddLine("1", "نان", 10, 12, 100);
+  AddLine("2", "پنير", 7, 5.5, 2000);
+  const auto report = Report("counting.rpt.txt");
+  EXPECT_EQ(TextsOf(*report, 0, ReportBandKind::Row),
+            "۱|c1|نان|عدد|۱۰|||۱۰|۱۲|۲||۱۰۰|۲۰۰||۱٬۰۰۰|"
+            "۲|c2|پنير|عدد|۷|||۷|۵٫۵||۱٫۵|۲٬۰۰۰||۳٬۰۰۰|۱۴٬۰۰۰|");
+  EXPECT_EQ(TextsOf(*report, 0, ReportBandKind::Summary), "جمع ۲ سطر|۲۰۰|۳٬۰۰۰|۱۵٬۰۰۰|");
+  EXPECT_NE(TextsOf(*report, 0, ReportBandKind::Title).find("شركت آفتاب"), std::string::npos);
+  EXPECT_EQ(TextsOf(*report, 0, ReportBandKind::Footer), "شمارش ۱|صفحه ۱ از ۱|");
+}
+
+TEST_F(BuiltInReport, The_sheet_for_the_shelf_has_three_empty_boxes_and_no_book_stock) {
+  AddLine("1", "نان", 10, 12, 100);
+  const auto report = Report("counting-sheet.rpt.txt");
+  EXPECT_EQ(TextsOf(*report, 0, ReportBandKind::Row), "۱|1|c1|نان|عدد||||");
+  const auto& cells = report->Template().Band(ReportBandKind::Row).lines[0].cells;
+  for (std::size_t i = cells.size() - 3; i < cells.size(); ++i) {
+    EXPECT_TRUE(cells[i].boxed);
+    EXPECT_TRUE(cells[i].pieces.empty());
+    EXPECT_GE(cells[i].width, 15) << "room for a hand";
+  }
+  for (const ReportBand& band : report->Template().bands) {
+    for (const ReportLine& line : band.lines) {
+      for (const ReportCell& cell : line.cells) {
+        for (const ReportPiece& piece : cell.pieces) {
+          EXPECT_EQ(piece.text.find("Counting"), std::string::npos) << piece.text;
+          EXPECT_EQ(piece.text.find("Value"), std::string::npos) << piece.text;
+        }
+      }
+    }
+  }
+}
+
+TEST_F(BuiltInReport, The_list_of_differences_leaves_out_what_agrees) {
+  AddLine("1", "نان", 12, 12, 100);
+  AddLine("2", "پنير", 7, 5.5, 2000);
+  AddLine("3", "ماست", 1, 2, 10);
+  database.Execute(
+      "insert into tblInventoryCountingDetail (CountingID, RowNumber, Barcode) values (1, 4, '3')");
+  const auto report = Report("differences.rpt.txt");
+  EXPECT_EQ(TextsOf(*report, 0, ReportBandKind::Row),
+            "۱|c2|پنير|عدد|۷|۵٫۵||۱٫۵||۳٬۰۰۰|۲|c3|ماست|عدد|۱|۲|۱||۱۰||");
+  EXPECT_EQ(TextsOf(*report, 0, ReportBandKind::Summary).substr(0, 32).find("جمع ۲ سطر|۱۰|۳"), 0U);
+}
+
+TEST_F(BuiltInReport, A_counting_that_agrees_says_so) {
+  AddLine("1", "نان", 12, 12, 100);
+  const auto report = Report("differences.rpt.txt");
+  EXPECT_EQ(TextsOf(*report, 0, ReportBandKind::Empty), "شمارش با دفتر مغايرتي ندارد.|");
+  EXPECT_NE(TextsOf(*report, 0, ReportBandKind::Title).find("انبار مركزي"), std::string::npos);
+}
+
+TEST_F(BuiltInReport, A_file_at_the_place_of_one_that_comes_with_the_program_is_used_instead_of_it) {
+  std::filesystem::create_directories(folder.Path() / "reports");
+  std::ofstream(folder.File("reports/counting.rpt.txt")) << "mine";
+  EXPECT_THROW(static_cast<void>(Report("counting.rpt.txt")), InputError) << "and is no report";
+}
+
+TEST_F(BuiltInReport, A_name_that_is_none_of_them_is_an_error_that_names_the_file) {
+  try {
+    static_cast<void>(Report("mycounting.rpt.txt"));
+    FAIL() << "no failure";
+  } catch (const InputError& failure) {
+    EXPECT_NE(std::string(failure.what()).find("mycounting.rpt.txt"), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace koru
