@@ -7,6 +7,14 @@
 #include "platform/text/Text.h"
 
 namespace koru {
+namespace {
+
+/// No document records a quantity to more decimals: what a difference of sums has beyond is binary noise.
+constexpr int kStockDecimals = 6;
+
+double AsWritten(double sum) { return Val(NumberText(sum)); }
+
+}  // namespace
 
 SystemQuantity::SystemQuantity(Grid& flexDetail, const TreeSelector& gmpInventory, const DateBox& gdpFromDate,
                                const DateBox& gdpToDate, ProgressBar& pgbStatus, Screen& screen,
@@ -53,7 +61,7 @@ double SystemQuantity::GetQTy(std::int32_t invID, std::string_view barcode) {
       SqlText("Select isnull(sum(isnull(Qty,0)),0) as Qty from tblInventoryDispatchDetail where "
               "LTrim(RTrim(Barcode))='") +
       Typed(trimmed) + "' and DispatchID in (select ID from tblInventoryDispatch where " + documents + ")))");
-  return received - dispatched;
+  return Round(AsWritten(received) - AsWritten(dispatched), kStockDecimals);
 }
 
 void SystemQuantity::FillUnit(int row, std::string_view barcode) {

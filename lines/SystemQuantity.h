@@ -31,7 +31,8 @@ class SystemQuantity {
   /// visible.
   void CalculateAllLines();
 
-  /// Book stock of a good: received minus dispatched, in the unit of the documents. `invID` -1 (no store
+  /// Book stock of a good: received minus dispatched, in the unit of the documents, each sum taken as its 15
+  /// digits and the difference rounded to 6 decimals, so that 0.1 + 0.2 - 0.3 is 0. `invID` -1 (no store
   /// chosen) has none; blanks around `barcode` do not count.
   [[nodiscard]] double GetQTy(std::int32_t invID, std::string_view barcode);
 

@@ -23,6 +23,7 @@ struct Row {
   std::string_view code;
   std::string_view name;
   double price;
+  int unit = kPiece;
 };
 
 constexpr Row kRows[] = {
@@ -32,6 +33,7 @@ constexpr Row kRows[] = {
     {SpecialGood::RateOfReceipt, "R004", "عينك محافظ", 1900},
     {SpecialGood::NotRegistered, "R005", "گوشي ايمني", 480000},
     {SpecialGood::BlanksAroundBarcode, "R006", "طناب كار 10 متري", 1100},
+    {SpecialGood::Tenths, "R007", "گريس نسوز", 5200, kKilogram},
 };
 
 void WriteRows(SqliteConnection& connection) {
@@ -42,13 +44,17 @@ void WriteRows(SqliteConnection& connection) {
   SqliteStatement scale = connection.Prepare("insert into tblGoodSaleScale (Barcode, ScaleID) values (?, ?)");
   for (const Row& row : kRows) {
     const std::string barcode = BarcodeOf(row.good);
-    Insert(good, barcode, row.code, row.name, row.price, kPiece, kOwnUse, kWarehouseGroup);
-    if (row.good != SpecialGood::NoDocuments) Insert(scale, barcode, kPiece);
+    Insert(good, barcode, row.code, row.name, row.price, row.unit, kOwnUse, kWarehouseGroup);
+    if (row.good != SpecialGood::NoDocuments) Insert(scale, barcode, row.unit);
   }
 }
 
-DocumentLine Line(std::string barcode, double quantity, std::optional<double> value) {
-  return {std::move(barcode), quantity, kPiece, quantity, value};
+DocumentLine Line(std::string barcode, double quantity, std::optional<double> value, int unit = kPiece) {
+  return {std::move(barcode), quantity, unit, quantity, value};
+}
+
+DocumentLine Weighed(double kilograms) {
+  return Line(BarcodeOf(SpecialGood::Tenths), kilograms, 4800, kKilogram);
 }
 
 }  // namespace
@@ -64,12 +70,12 @@ void WriteSpecialGoods(SqliteConnection& connection, DocumentBook& book) {
   const std::string blanks = " " + BarcodeOf(SpecialGood::BlanksAroundBarcode) + "  ";
   write(DocumentKind::Receipt, 1, true,
         {Line(BarcodeOf(SpecialGood::StockOf5), 8, 2), Line(BarcodeOf(SpecialGood::RateOfReceipt), 10, 1400),
-         Line(BarcodeOf(SpecialGood::BlanksAroundBarcode), 3, 900)});
+         Line(BarcodeOf(SpecialGood::BlanksAroundBarcode), 3, 900), Weighed(0.1)});
   write(DocumentKind::Dispatch, 3, true,
         {Line(BarcodeOf(SpecialGood::StockOf5), 3, 2), Line(BarcodeOf(SpecialGood::BelowZero), 4, 180000),
-         Line(BarcodeOf(SpecialGood::RateOfReceipt), 2, 0)});
+         Line(BarcodeOf(SpecialGood::RateOfReceipt), 2, 0), Weighed(0.3)});
   write(DocumentKind::Receipt, 5, true,
-        {Line(BarcodeOf(SpecialGood::RateOfReceipt), 1, 1500), Line(blanks, 4, 950)});
+        {Line(BarcodeOf(SpecialGood::RateOfReceipt), 1, 1500), Line(blanks, 4, 950), Weighed(0.2)});
   write(DocumentKind::Receipt, 6, false, {Line(BarcodeOf(SpecialGood::NotRegistered), 20, 350000)});
   write(DocumentKind::Dispatch, 7, false, {Line(BarcodeOf(SpecialGood::NotRegistered), 2, 360000)});
 }

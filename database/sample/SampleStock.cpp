@@ -1,9 +1,13 @@
 #include "database/sample/SampleStock.h"
 
 #include "database/sample/SampleRows.h"
+#include "platform/text/Numbers.h"
 
 namespace koru::sample {
 namespace {
+
+/// The calculation rounds the book stock to as many.
+constexpr int kStockDecimals = 6;
 
 std::string RegisteredLines(const std::string& kind) {
   return " from tblInventory" + kind + "Detail join tblInventory" + kind + " on ID = " + kind +
@@ -34,6 +38,7 @@ std::map<std::string, double> BookStock(SqliteConnection& connection, int store,
   BindField(select, 3, period.to);
   std::map<std::string, double> stock;
   while (select.Step()) stock[std::string(select.Text(0))] += select.Real(1);
+  for (auto& [barcode, quantity] : stock) quantity = Round(quantity, kStockDecimals);
   return stock;
 }
 

@@ -10,6 +10,9 @@ namespace koru {
 namespace {
 
 constexpr int kSignificantDigits = 15;
+/// The place of the first digit of 0.0001 after the point, as Decimal counts: from there up every text is
+/// plain.
+constexpr int kSmallestPlainExponent = -3;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -71,6 +74,14 @@ Decimal ToDecimal(double magnitude) {
   return decimal;
 }
 
+/// The double nearest to a decimal that is not 0.
+double ToDouble(const Decimal& decimal) {
+  const std::string text = "." + decimal.digits + "e" + std::to_string(decimal.exponent);
+  double number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
 std::string ExponentText(const Decimal& decimal) {
   std::string text(1, decimal.digits[0]);
   if (decimal.digits.size() > 1) text += "." + decimal.digits.substr(1);
@@ -125,7 +136,8 @@ std::string NumberText(double number) {
   }
   const Decimal decimal = ToDecimal(magnitude);
   const int decimals = static_cast<int>(decimal.digits.size()) - decimal.exponent;
-  const bool plain = decimal.exponent <= kSignificantDigits && decimals <= kSignificantDigits;
+  const bool plain = decimal.exponent <= kSignificantDigits &&
+                     (decimals <= kSignificantDigits || decimal.exponent >= kSmallestPlainExponent);
   std::string text = plain ? PlainText(decimal) : ExponentText(decimal);
   if (number < 0) text.insert(text.begin(), '-');
   return text;
@@ -133,9 +145,11 @@ std::string NumberText(double number) {
 
 double Round(double number, int decimals) {
   if (!std::isfinite(number)) return number;
+  if (number == std::trunc(number)) return number == 0 ? 0 : number;
   Decimal decimal = ToDecimal(std::fabs(number));
   const int kept = decimal.exponent + decimals;
-  if (kept >= static_cast<int>(decimal.digits.size())) return number == 0 ? 0 : number;
+  if (kept > kSignificantDigits) return number;  // the place lies beyond what the digits say
+  if (kept >= static_cast<int>(decimal.digits.size())) return std::copysign(ToDouble(decimal), number);
   if (kept < 0) return 0;
   const auto cut = static_cast<std::size_t>(kept);
   const char next = decimal.digits[cut];

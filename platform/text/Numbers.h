@@ -11,11 +11,13 @@ namespace koru {
 [[nodiscard]] double Val(std::string_view text);
 
 /// The default text of a number: up to 15 significant digits, a point, no grouping. Exponent form ("1E+15",
-/// "1.5E-16") from 1E+15 on and where more than 15 decimals would be needed. Zero is "0", never "-0".
+/// "1.5E-16") from 1E+15 on, and below 0.0001 where more than 15 decimals would be needed. Zero is "0", never
+/// "-0".
 [[nodiscard]] std::string NumberText(double number);
 
 /// Rounds half to even at `decimals` places (0 to 9). The number is taken as its 15 significant digits say,
-/// so that 1.0015 is a tie at three places although its double lies a little below.
+/// so that 1.0015 is a tie at three places although its double lies a little below, and 0.1 + 0.2 is 0.3 at
+/// any number of places.
 [[nodiscard]] double Round(double number, int decimals);
 
 }  // namespace koru

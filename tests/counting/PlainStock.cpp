@@ -1,5 +1,7 @@
 #include "tests/counting/PlainStock.h"
 
+#include <cmath>
+
 #include "platform/text/Numbers.h"
 
 namespace koru::test {
@@ -19,7 +21,7 @@ PlainLine PlainStock::LineOf(const std::string& barcode) {
   line.barcode = barcode;
   FindUnit(line);
   FindRate(line);
-  line.books = Sum("Receipt", barcode) - Sum("Dispatch", barcode);
+  line.books = std::round((Sum("Receipt", barcode) - Sum("Dispatch", barcode)) * 1e6) / 1e6;
   return line;
 }
 

@@ -117,6 +117,19 @@ TEST_F(SystemQuantityTest, Blanks_around_a_stored_barcode_do_not_matter_to_the_s
   EXPECT_EQ(Stock(" A  "), 10);
 }
 
+TEST_F(SystemQuantityTest, Tenths_that_were_received_and_dispatched_again_leave_no_stock) {
+  Receive(kRegistered, 1, "2001-01-01", "A", 0.1, 1);
+  Receive(kRegistered, 1, "2001-01-02", "A", 0.2, 1);
+  Dispatch(kRegistered, 1, "2001-01-03", "A", 0.3, 1);
+  EXPECT_EQ(Stock("A"), 0);
+  Receive(kRegistered, 1, "2001-01-01", "B", 10, 1);
+  Dispatch(kRegistered, 1, "2001-01-03", "B", 9.97, 1);
+  EXPECT_EQ(Stock("B"), 0.03);
+  Receive(kRegistered, 1, "2001-01-01", "C", 123456789.1, 1);
+  Dispatch(kRegistered, 1, "2001-01-03", "C", 123456789, 1);
+  EXPECT_EQ(Stock("C"), 0.1);
+}
+
 TEST_F(SystemQuantityTest, A_leading_blank_of_a_stored_barcode_matters_to_the_rate) {
   Dispatch(kRegistered, 1, "2001-01-01", " A", 1, 5);
   EXPECT_EQ(Rate("A"), "as it was");

@@ -54,6 +54,8 @@ TEST(Recordset, A_missing_column_or_record_is_a_database_error) {
 TEST(Value, Reads_keys_numbers_and_dates) {
   EXPECT_EQ(Value(2147483647.0).Integer(), 2147483647);
   EXPECT_EQ(Value(2.5).Integer(), 2) << "half to even";
+  EXPECT_EQ(Value(357.99999999999994).Integer(), 358) << "binary noise";
+  EXPECT_EQ(Value(-357.99999999999994).Integer(), -358);
   EXPECT_THROW(static_cast<void>(Value(std::int64_t{2147483648}).Integer()), OverflowError);
   EXPECT_EQ(Value(std::string_view("12abc")).Number(), 12);
   EXPECT_EQ(Value(std::string_view("2025-03-21")).AsDate(), std::chrono::year{2025} / 3 / 21);

@@ -68,6 +68,16 @@ TEST(NumberText, Large_and_very_small_numbers_are_in_exponent_form) {
   EXPECT_EQ(NumberText(999999999999999.6), "1E+15");
 }
 
+TEST(NumberText, From_a_ten_thousandth_up_it_is_in_decimal_form_however_many_digits_follow) {
+  EXPECT_EQ(NumberText(10 - 9.97), "0.0299999999999994");
+  EXPECT_EQ(NumberText(-(10 - 9.97)), "-0.0299999999999994");
+  EXPECT_EQ(NumberText(0.000123456789012345), "0.000123456789012345");
+  EXPECT_EQ(NumberText(0.0001), "0.0001");
+  EXPECT_EQ(NumberText(0.00009999999999999996), "0.0001");
+  EXPECT_EQ(NumberText(0.0000123456789012345), "1.23456789012345E-05");
+  EXPECT_EQ(Val("0.0299999999999994"), 0.0299999999999994);
+}
+
 TEST(NumberText, The_smallest_numbers_have_fifteen_digits_too) {
   EXPECT_EQ(NumberText(5e-324), "4.94065645841247E-324");
   EXPECT_EQ(NumberText(2.2250738585072014e-308), "2.2250738585072E-308");
@@ -105,6 +115,13 @@ TEST(Round, Rounds_half_to_even) {
   EXPECT_EQ(Round(99.5, 0), 100);
   EXPECT_EQ(Round(0.4, 0), 0);
   EXPECT_EQ(Round(0.04, 0), 0);
+}
+
+TEST(Round, Drops_what_lies_beyond_the_fifteen_digits_even_where_nothing_is_left_to_round) {
+  EXPECT_EQ(Round(0.1 + 0.2, 3), 0.3);
+  EXPECT_EQ(Round(357.99999999999994, 0), 358);
+  EXPECT_EQ(Round(-357.99999999999994, 9), -358);
+  EXPECT_EQ(Round(4503599627370497.0, 0), 4503599627370497.0) << "a whole number stays";
 }
 
 TEST(Round, Takes_ties_at_three_places_as_they_are_written) {
