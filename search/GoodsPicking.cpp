@@ -8,6 +8,11 @@
 namespace koru {
 namespace {
 
+/// Whether the picker has no good to show.
+bool IsEmpty(const GoodsPicker& picker) {
+  return picker.List().empty() && picker.Name().empty() && picker.Barcode().empty() && picker.Code().empty();
+}
+
 /// A list of one good is an empty literal and a barcode: its last comma is its fourth character.
 bool NamesOneGood(std::string_view list) {
   const std::size_t comma = list.rfind(',');
@@ -28,7 +33,14 @@ void GoodsPicking::Host() {
   }
 }
 
+void GoodsPicking::StartAfresh() {
+  if (GrnBPGoodPicker_ == nullptr) return;
+  Host();
+  if (store_) SetInventory(*store_);
+}
+
 void GoodsPicking::SetInventory(std::int32_t id) {
+  store_ = id;
   if (GoodsPicker* const picker = Picker()) picker->SetInventory(id);
 }
 
@@ -37,6 +49,7 @@ void GoodsPicking::Pick() {
   if (picker == nullptr) return;
   picker->SetSeveralGoods(true);
   picker->Show();
+  if (controls_.txtBarCode.Tag().empty() && IsEmpty(*picker)) return;
   const std::string list = picker->List();
   controls_.txtBarCode.SetTag(list);
   if (!list.empty() && !NamesOneGood(list)) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "platform/ports/GoodsPicker.h"
 #include "search/GoodSearchControls.h"
@@ -18,9 +19,12 @@ class GoodsPicking {
 
   /// Makes the picker and tells it the connection and who works.
   void Host();
+  /// Makes the picker anew, so that it has nothing of what was picked before; it offers the same store.
+  void StartAfresh();
   /// Offers the goods of a store only.
   void SetInventory(std::int32_t id);
-  /// Lets the person pick, keeps the list and shows what was picked: the good, or that there are several.
+  /// Lets the user pick, keeps the list and shows what was picked: the good, or that there are several. When
+  /// nothing was picked, now or before, the fields keep what was typed.
   void Pick();
 
  private:
@@ -29,6 +33,7 @@ class GoodsPicking {
   GoodSearchControls& controls_;
   SharedState& shared_;
   std::unique_ptr<SiblingComponent> GrnBPGoodPicker_;
+  std::optional<std::int32_t> store_;
 };
 
 }  // namespace koru

@@ -70,6 +70,7 @@ void frmGoodSearch::Clear() {
     box->SetText({});
   }
   txtBarCode.SetTag({});
+  picking_.StartAfresh();
   for (CheckBox* box :
        {&chkKnownDiscount, &chkUnKnownDiscount, &chkAllBranches, &chkAllLBranches, &chkEmptyAllConds}) {
     box->SetChecked(true);

@@ -23,7 +23,7 @@ class frmGoodSearch : public Form, public GoodSearchControls {
   void Load();
   /// Sets up the selectors and fills the lists of currencies and goods types. Throws DatabaseError.
   void InitializeComponents();
-  /// Resets every criterion; nothing has been asked for afterwards.
+  /// Resets every criterion and the goods picker; nothing has been asked for afterwards.
   void Clear();
 
   void Activate() override { SetFocus(cmdSearch); }

@@ -74,6 +74,48 @@ TEST_F(GoodsPickingOnTheForm, The_list_stays_until_New_search) {
   EXPECT_EQ(Found(), Texts{"200"});
 }
 
+/// A picker that keeps what was picked until the next pick, as the suite's does; without one the person gives
+/// up.
+class KeepingPicker : public ScenarioPicker {
+ public:
+  explicit KeepingPicker(PickerScenario& scenario) : ScenarioPicker(scenario), scenario_(scenario) {}
+  void Show() override {
+    ScenarioPicker::Show();
+    if (!scenario_.list.empty()) kept_ = scenario_;
+  }
+  [[nodiscard]] std::string List() const override { return kept_.list; }
+  [[nodiscard]] std::string Name() const override { return kept_.name; }
+  [[nodiscard]] std::string Barcode() const override { return kept_.barcode; }
+  [[nodiscard]] std::string Code() const override { return kept_.code; }
+
+ private:
+  PickerScenario& scenario_;
+  PickerScenario kept_;
+};
+
+TEST_F(GoodsPickingOnTheForm, Giving_up_after_New_search_brings_nothing_back_and_keeps_what_was_typed) {
+  components.Unregister(GoodsPicker::kClassName);
+  components.Register(std::string(GoodsPicker::kClassName),
+                      [this] { return std::make_unique<KeepingPicker>(picker); });
+  chosenStore = 7;
+  frmGoodSearch search{shared, condition, [this] { return chosenStore; }};
+  search.Load();
+  picker.list = "('','100')";
+  search.txtCode.UserKey({kF3, 0});
+  ASSERT_EQ(search.txtBarCode.Tag(), "('','100')");
+
+  picker = PickerScenario();
+  search.cmdNewSearch.UserClick();
+  search.txtTitle.UserType("كتابچه");
+  search.txtCode.UserKey({kF3, 0});
+  EXPECT_EQ(picker.shown, 1);
+  EXPECT_EQ(search.txtBarCode.Tag(), "");
+  EXPECT_EQ(search.txtBarCode.Text(), "");
+  EXPECT_EQ(search.txtTitle.Text(), "كتابچه");
+  EXPECT_EQ(picker.connection, database.ConnectionText()) << "the fresh picker is connected";
+  EXPECT_EQ(picker.inventory, 7) << "and offers the goods of the same store";
+}
+
 TEST_F(GoodsPickingOnTheForm, Other_keys_and_other_fields_show_no_picker) {
   form.txtNotes.UserKey({kF3, 0});
   form.txtMinPrice.UserKey({kF3, 0});
