@@ -37,17 +37,25 @@ class ArrowCursor {
   ~ArrowCursor() { QGuiApplication::restoreOverrideCursor(); }
 };
 
-/// Answers a question by the first letter of the answer; Escape is the answer that changes nothing.
+/// Answers a question at the first letter of the answer. Escape and every other way to close it answer no,
+/// since an operation may continue where no answer was given.
 class Dialog : public QDialog {
  public:
   using QDialog::QDialog;
+
+  void reject() override {
+    if (auto* const no = findChild<QPushButton*>(QStringLiteral("no"))) {
+      no->click();
+    } else {
+      QDialog::reject();
+    }
+  }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     const QString letter = event->text().toLower();
     const bool yes = letter == QStringLiteral("ب") || letter == QStringLiteral("y");
-    const bool no =
-        letter == QStringLiteral("خ") || letter == QStringLiteral("n") || event->key() == Qt::Key_Escape;
+    const bool no = letter == QStringLiteral("خ") || letter == QStringLiteral("n");
     auto* const button = findChild<QPushButton*>(yes ? QStringLiteral("yes") : QStringLiteral("no"));
     if ((yes || no) && button != nullptr) {
       button->click();
@@ -69,6 +77,9 @@ void MessageDialog::ClearShow() {
   dialog.setObjectName(QStringLiteral("comMSG"));
   dialog.setWindowTitle(ToQt(title_));
   dialog.setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  if (type_ == kQuestion) {
+    dialog.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);  // no close button
+  }
   QVBoxLayout layout(&dialog);
   layout.setContentsMargins(12, 12, 12, 12);
   layout.setSpacing(12);
@@ -127,8 +138,8 @@ void MessageDialog::AddButtons(QDialog& dialog, QVBoxLayout& layout) {
     return button;
   };
   if (type_ == kQuestion) {
-    add("yes", QStringLiteral("بلي"), kYes, false);
-    add("no", QStringLiteral("خير"), kNo, true);
+    add("yes", QStringLiteral("بلي (ب)"), kYes, false);
+    add("no", QStringLiteral("خير (خ يا Esc)"), kNo, true);
   } else {
     add("ok", QStringLiteral("تاييد"), kNoAnswer, true);
   }

@@ -10,11 +10,11 @@ class QVBoxLayout;
 
 namespace koru {
 
-/// The suite's message component on the desktop: a message with one button, or a question with yes and no. A
-/// field of its own shows what follows the first line of the message (the server's message). Enter presses
-/// the focused button. In a question that is initially "no", because most questions precede something that
-/// cannot be undone. The keys ب and خ answer directly, Escape is "no"; closing a question by its frame gives
-/// no answer.
+/// The suite's message component on the desktop: a message with one button, or a question with yes and no.
+/// What follows the first line of the message (the server's message) is shown below it in a field of its own.
+/// Enter presses the focused button, initially "no" in a question, since most questions precede something
+/// that cannot be undone; ب and خ answer directly, and Escape is "no", as the buttons say. A question has no
+/// close button, and a window manager that closes it answers "no".
 class MessageDialog : public MessageComponent {
  public:
   static constexpr int kNoAnswer = -1;

@@ -75,7 +75,7 @@ TEST_F(MessageDialogTest, A_question_is_answered_from_the_keyboard_and_Enter_alo
             1);
 }
 
-TEST_F(MessageDialogTest, Escape_answers_a_question_with_no_and_only_closing_by_the_frame_is_no_answer) {
+TEST_F(MessageDialogTest, Escape_answers_a_question_with_no) {
   EXPECT_EQ(Ask(1, [](QWidget& dialog) { PressIn(dialog, Qt::Key_Escape); }), 0);
   EXPECT_EQ(Ask(1,
                 [](QWidget& dialog) {
@@ -84,7 +84,29 @@ TEST_F(MessageDialogTest, Escape_answers_a_question_with_no_and_only_closing_by_
                 }),
             0)
       << "also from yes";
-  EXPECT_EQ(Ask(1, [](QWidget& dialog) { dialog.close(); }), -1);
+}
+
+TEST_F(MessageDialogTest, A_question_has_no_close_button_and_closing_it_otherwise_answers_no) {
+  EXPECT_EQ(Ask(1,
+                [](QWidget& dialog) {
+                  EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+                  EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowSystemMenuHint));
+                  EXPECT_TRUE(dialog.windowFlags().testFlag(Qt::WindowTitleHint));
+                  dialog.close();  // as a window manager does by Alt+F4
+                }),
+            0);
+  Ask(0, [](QWidget& dialog) {
+    EXPECT_TRUE(dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint)) << "a message can be closed";
+    dialog.close();
+  });
+}
+
+TEST_F(MessageDialogTest, The_buttons_of_a_question_name_the_keys_that_answer_it) {
+  Ask(1, [](QWidget& dialog) {
+    EXPECT_EQ(dialog.findChild<QPushButton*>("yes")->text(), QStringLiteral("بلي (ب)"));
+    EXPECT_EQ(dialog.findChild<QPushButton*>("no")->text(), QStringLiteral("خير (خ يا Esc)"));
+    dialog.close();
+  });
 }
 
 TEST_F(MessageDialogTest, Escape_acknowledges_a_message) {
