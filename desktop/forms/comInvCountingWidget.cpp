@@ -6,6 +6,9 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <utility>
 
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/QtText.h"
@@ -23,6 +26,13 @@ constexpr const char* kTitles =
     "   رديف|^شماره رايانه اي  |^شماره دستي      |^انبار                        |^تاريخ         |^از تاريخ   "
     "   |"
     "^تا تاريخ      |^توضيحات           |^ايجاد كننده            ";
+
+/// The number as the property of that name holds it; nothing when it does not fit.
+std::optional<std::int16_t> SixteenBits(const char* property, int number) {
+  if (std::in_range<std::int16_t>(number)) return static_cast<std::int16_t>(number);
+  qWarning("comInvCounting: %s cannot be %d, which is beyond 16 bits; it keeps its value", property, number);
+  return std::nullopt;
+}
 
 }  // namespace
 
@@ -159,6 +169,26 @@ QString comInvCountingWidget::OLEConnectionString() const { return ToQt(control_
 
 void comInvCountingWidget::SetOLEConnectionString(const QString& connection) {
   control_.SetOLEConnectionString(FromQt(connection));
+}
+
+void comInvCountingWidget::SetBackStyle(int style) {
+  if (const auto fitting = SixteenBits("BackStyle", style)) control_.SetBackStyle(*fitting);
+}
+
+void comInvCountingWidget::SetBorderStyle(int style) {
+  if (const auto fitting = SixteenBits("BorderStyle", style)) control_.SetBorderStyle(*fitting);
+}
+
+void comInvCountingWidget::SetEmployeeID(int id) {
+  if (const auto fitting = SixteenBits("EmployeeID", id)) control_.SetEmployeeID(*fitting);
+}
+
+void comInvCountingWidget::SetPositionID(int id) {
+  if (const auto fitting = SixteenBits("PositionID", id)) control_.SetPositionID(*fitting);
+}
+
+void comInvCountingWidget::SetForcedReceiptID(int id) {
+  if (const auto fitting = SixteenBits("ForcedReceiptID", id)) control_.SetForcedReceiptID(*fitting);
 }
 
 QFont comInvCountingWidget::Font() const {

@@ -20,6 +20,9 @@ class GridView;
 /// and opens one on a double click. The list is read when the widget is shown and when the counting form is
 /// hidden; the current counting stays current.
 ///
+/// BackStyle, BorderStyle, EmployeeID, PositionID and ForcedReceiptID hold 16 bits: a number from -32768 to
+/// 32767. Any other is refused with a warning in the toolkit's log, and the property keeps its value.
+///
 /// Setting a property does not read the database, nor does Refresh: to connect a visible widget, a host hides
 /// it first and shows it again. The list does not depend on the user.
 class comInvCountingWidget : public QWidget, private ControlHost {
@@ -27,16 +30,16 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   Q_PROPERTY(int BackColor READ BackColor WRITE SetBackColor NOTIFY propertyChanged)
   Q_PROPERTY(int ForeColor READ ForeColor WRITE SetForeColor NOTIFY propertyChanged)
   Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled NOTIFY propertyChanged)
-  Q_PROPERTY(short BackStyle READ BackStyle WRITE SetBackStyle NOTIFY propertyChanged)
-  Q_PROPERTY(short BorderStyle READ BorderStyle WRITE SetBorderStyle NOTIFY propertyChanged)
+  Q_PROPERTY(int BackStyle READ BackStyle WRITE SetBackStyle NOTIFY propertyChanged)
+  Q_PROPERTY(int BorderStyle READ BorderStyle WRITE SetBorderStyle NOTIFY propertyChanged)
   Q_PROPERTY(QString OLEConnectionString READ OLEConnectionString WRITE SetOLEConnectionString NOTIFY
                  propertyChanged)
   Q_PROPERTY(int UserID READ UserID WRITE SetUserID NOTIFY propertyChanged)
-  Q_PROPERTY(short EmployeeID READ EmployeeID WRITE SetEmployeeID NOTIFY propertyChanged)
-  Q_PROPERTY(short PositionID READ PositionID WRITE SetPositionID NOTIFY propertyChanged)
+  Q_PROPERTY(int EmployeeID READ EmployeeID WRITE SetEmployeeID NOTIFY propertyChanged)
+  Q_PROPERTY(int PositionID READ PositionID WRITE SetPositionID NOTIFY propertyChanged)
   Q_PROPERTY(int AccPeriodSpecID READ AccPeriodSpecID WRITE SetAccPeriodSpecID NOTIFY propertyChanged)
   Q_PROPERTY(QFont Font READ Font WRITE SetFont NOTIFY propertyChanged)
-  Q_PROPERTY(short ForcedReceiptID READ ForcedReceiptID WRITE SetForcedReceiptID NOTIFY propertyChanged)
+  Q_PROPERTY(int ForcedReceiptID READ ForcedReceiptID WRITE SetForcedReceiptID NOTIFY propertyChanged)
 
  public:
   /// Everything in `services` must outlive the widget.
@@ -59,15 +62,15 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   void SetBackColor(int color) { control_.SetBackColor(color); }
   void SetForeColor(int color) { control_.SetForeColor(color); }
   void SetEnabled(bool enabled) { control_.SetEnabled(enabled); }
-  void SetBackStyle(short style) { control_.SetBackStyle(style); }
-  void SetBorderStyle(short style) { control_.SetBorderStyle(style); }
+  void SetBackStyle(int style);
+  void SetBorderStyle(int style);
   void SetOLEConnectionString(const QString& connection);
   void SetUserID(int id) { control_.SetUserID(id); }
-  void SetEmployeeID(short id) { control_.SetEmployeeID(id); }
-  void SetPositionID(short id) { control_.SetPositionID(id); }
+  void SetEmployeeID(int id);
+  void SetPositionID(int id);
   void SetAccPeriodSpecID(int id) { control_.SetAccPeriodSpecID(id); }
   void SetFont(const QFont& font);
-  void SetForcedReceiptID(short id) { control_.SetForcedReceiptID(id); }
+  void SetForcedReceiptID(int id);
 
   void ReadProperties(const PropertyBag& store);
   void WriteProperties(PropertyBag& store) const { control_.WriteProperties(store); }

@@ -47,13 +47,36 @@ class comInvCountingWidgetTest : public testing::Test {
 TEST_F(comInvCountingWidgetTest, The_properties_have_their_names_widths_and_defaults) {
   EXPECT_EQ(widget.property("OLEConnectionString").toString(), "0");
   EXPECT_EQ(widget.property("ForcedReceiptID").toInt(), -1);
-  EXPECT_EQ(widget.property("EmployeeID").typeId(), QMetaType::Short);
-  EXPECT_EQ(widget.property("PositionID").typeId(), QMetaType::Short);
   EXPECT_EQ(widget.property("UserID").typeId(), QMetaType::Int);
   QSignalSpy changed(&widget, &comInvCountingWidget::propertyChanged);
   widget.setProperty("OLEConnectionString", "Provider=SQLite;Data Source=x");
   ASSERT_EQ(changed.count(), 1);
   EXPECT_EQ(changed.first().first().toString(), "OleConnectionString");
+}
+
+TEST_F(comInvCountingWidgetTest,
+       A_number_that_a_16_bit_property_cannot_hold_is_refused_and_the_old_one_kept) {
+  static QStringList warnings;  // the toolkit's handler is a plain function
+  const QtMessageHandler before =
+      qInstallMessageHandler([](QtMsgType /*type*/, const QMessageLogContext& /*where*/,
+                                const QString& text) { warnings.append(text); });
+  for (const char* const name : {"EmployeeID", "PositionID", "ForcedReceiptID", "BackStyle", "BorderStyle"}) {
+    EXPECT_TRUE(widget.setProperty(name, 12)) << name;
+    QSignalSpy changed(&widget, &comInvCountingWidget::propertyChanged);
+    for (const int wide : {40000, 65535, 65536, -32769}) {
+      warnings.clear();
+      widget.setProperty(name, wide);
+      EXPECT_EQ(widget.property(name).toInt(), 12) << name << " = " << wide;
+      EXPECT_EQ(warnings.size(), 1) << name << " = " << wide;
+      EXPECT_TRUE(warnings.join(QChar(32)).contains(QLatin1String(name)));
+    }
+    EXPECT_EQ(changed.count(), 0) << name;
+    for (const int fitting : {32767, -32768}) {
+      widget.setProperty(name, fitting);
+      EXPECT_EQ(widget.property(name).toInt(), fitting) << name;
+    }
+  }
+  qInstallMessageHandler(before);
 }
 
 TEST_F(comInvCountingWidgetTest, The_font_is_the_one_of_the_identifier_box) {
