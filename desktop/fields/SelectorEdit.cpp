@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include "desktop/fields/SelectorPopup.h"
+#include "desktop/toolkit/PlainText.h"
 
 namespace koru {
 namespace {
@@ -71,7 +72,7 @@ void SelectorEdit::SetShown(const QString& text, std::int32_t selected) {
   selected_ = selected;
   edit_->setText(text);
   edit_->setCursorPosition(0);
-  edit_->setToolTip(text);
+  edit_->setToolTip(PlainToolTip(text));
   ShowCross();
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "desktop/fields/Fields.h"
+#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/QtText.h"
 
 namespace koru {
@@ -16,7 +17,7 @@ constexpr int kBarcodeColumn = 2;
 QTableWidgetItem* NewCell(const std::string& text, int column) {
   auto* const cell = new QTableWidgetItem(ToQt(text));  // NOLINT(cppcoreguidelines-owning-memory)
   if (column != kNameColumn) cell->setTextAlignment(kTrueRight);
-  cell->setToolTip(cell->text());
+  cell->setToolTip(PlainToolTip(cell->text()));
   return cell;
 }
 

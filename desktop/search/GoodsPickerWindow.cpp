@@ -13,6 +13,7 @@
 #include "desktop/fields/Fields.h"
 #include "desktop/search/CriteriaBox.h"
 #include "desktop/search/GoodsList.h"
+#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
 #include "platform/sql/DatabaseError.h"
@@ -65,7 +66,7 @@ void GoodsPickerWindow::AddSearchLine(QBoxLayout& window) {
   storeOnly_->setObjectName(QStringLiteral("storeOnly"));
   storeOnly_->setVisible(store_.id != GoodsFinder::kAllStores);
   storeOnly_->setChecked(store_.id != GoodsFinder::kAllStores);
-  storeOnly_->setText(QStringLiteral("فقط كالاهاي «%1»").arg(ToQt(store_.name)));
+  storeOnly_->setText(QStringLiteral("فقط كالاهاي «%1»").arg(PlainCaption(ToQt(store_.name))));
   storeOnly_->setToolTip(QStringLiteral("كالاهايي كه در اين انبار رسيد يا خروج دارند"));
   connect(storeOnly_, &QCheckBox::toggled, this, [this] {
     Find();
@@ -87,6 +88,7 @@ void GoodsPickerWindow::AddLists(QBoxLayout& window) {
   found->addWidget(results_);
   status_ = new QLabel(this);
   status_->setObjectName(QStringLiteral("status"));
+  status_->setTextFormat(Qt::PlainText);  // a server's words may look like markup
   status_->setWordWrap(true);
   found->addWidget(status_);
   if (several_) AddBasket(*row);

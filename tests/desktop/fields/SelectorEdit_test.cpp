@@ -4,6 +4,8 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -118,6 +120,15 @@ TEST_F(SelectorEditTest, Delete_selects_nothing) {
   field->SetShown(QStringLiteral("انبار شعبه"), 4);
   Press(Qt::Key_Delete);
   EXPECT_EQ(chosen, std::vector<std::int32_t>{Selector::kNothing});
+}
+
+TEST_F(SelectorEditTest, The_tooltip_shows_a_stored_name_as_it_is) {
+  field->SetShown(QStringLiteral("سالن <b>قطعات</b> & ابزار"), 2);
+  const QString tip = field->findChild<QLineEdit*>()->toolTip();
+  EXPECT_TRUE(Qt::mightBeRichText(tip));
+  EXPECT_EQ(QTextDocumentFragment::fromHtml(tip).toPlainText(), QStringLiteral("سالن <b>قطعات</b> & ابزار"));
+  field->SetShown(QStringLiteral("انبار & شعبه"), 4);
+  EXPECT_EQ(field->findChild<QLineEdit*>()->toolTip(), QStringLiteral("انبار & شعبه"));
 }
 
 }  // namespace

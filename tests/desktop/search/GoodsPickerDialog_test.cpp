@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTextDocumentFragment>
 
 #include "tests/desktop/WindowTools.h"
 #include "tests/support/FailingDatabase.h"
@@ -167,6 +168,22 @@ TEST_F(GoodsPickerDialogTest, A_database_error_is_shown_and_the_next_key_retries
     Type("0");
     QCoreApplication::processEvents();
     EXPECT_EQ(Rows(dialog, "results"), 1);
+    Press(Qt::Key_Escape);
+  });
+}
+
+TEST_F(GoodsPickerDialogTest, Names_of_stores_and_goods_are_shown_letter_by_letter) {
+  base.Execute(
+      "update tblInventory set Name = 'R&D <b>x</b>' where ID = 3;"
+      "update tblGood set Name = '<h1>چاي</h1>' where Barcode = '400'");
+  picker.SetInventory(3);
+  Pick([](QWidget& dialog) {
+    EXPECT_EQ(dialog.findChild<QCheckBox*>("storeOnly")->text(),
+              QStringLiteral("فقط كالاهاي «R&&D <b>x</b>»"));
+    const QTableWidgetItem* const good = dialog.findChild<QTableWidget*>("results")->item(0, 0);
+    EXPECT_EQ(good->text(), QStringLiteral("<h1>چاي</h1>"));
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(good->toolTip()).toPlainText(), good->text());
+    EXPECT_EQ(dialog.findChild<QLabel*>("status")->textFormat(), Qt::PlainText);
     Press(Qt::Key_Escape);
   });
 }
