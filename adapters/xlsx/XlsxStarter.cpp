@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <random>
+#include <set>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "adapters/xlsx/WorkbookFile.h"
 #include "platform/text/Errors.h"
@@ -17,6 +19,7 @@ namespace fs = std::filesystem;
 
 constexpr int kMaxRows = 1048576;
 constexpr int kMaxColumns = 16384;
+constexpr std::size_t kMaxCellLength = 32767;  ///< of a text, in UTF-16 units
 
 fs::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
 
@@ -73,16 +76,30 @@ class XlsxWorkbook : public Spreadsheet {
     const auto c = static_cast<std::size_t>(col - 1);
     if (r >= texts_.size()) texts_.resize(r + 1);
     if (c >= texts_[r].size()) texts_[r].resize(c + 1);
-    texts_[r][c] = text;
+    texts_[r][c] = Utf16Prefix(text, kMaxCellLength);
+    if (texts_[r][c].size() < text.size()) {
+      cut_.insert({row, col});
+    } else if (!cut_.empty()) {
+      cut_.erase({row, col});
+    }
   }
 
   void LeaveOpen() override {
     const std::string path = TextOf(Write());
+    TellOfCutTexts();
     if (place_.open && place_.open(path)) return;
     if (place_.tell) place_.tell("پروندة اكسل ساخته شد، ولي برنامه اي آن را باز نكرد: " + LeftToRight(path));
   }
 
  private:
+  void TellOfCutTexts() const {
+    if (cut_.empty() || !place_.tell) return;
+    const auto& [row, col] = *cut_.begin();
+    place_.tell("متن " + std::to_string(cut_.size()) + " خانه بلندتر از " + std::to_string(kMaxCellLength) +
+                " نويسه بود و بريده شد؛ نخستين آنها در سطر " + std::to_string(row) + " و ستون " +
+                std::to_string(col) + " است.");
+  }
+
   [[nodiscard]] fs::path Write() const {
     const fs::path folder = PathOf(place_.folder);
     std::error_code error;
@@ -103,6 +120,7 @@ class XlsxWorkbook : public Spreadsheet {
   const XlsxPlace place_;
   std::string date_;
   SheetTexts texts_;
+  std::set<std::pair<int, int>> cut_;  ///< row and column of the cells whose texts were cut
 };
 
 }  // namespace

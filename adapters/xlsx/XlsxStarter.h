@@ -15,7 +15,8 @@ struct XlsxPlace {
   /// Opens a file with the user's spreadsheet program; false if there is none. May be empty, which means the
   /// same.
   std::function<bool(const std::string& path)> open;
-  /// Shows a message to the user; called when a finished workbook could not be opened. May be empty.
+  /// Shows the user one sentence; called when texts were cut and when a finished workbook could not be
+  /// opened. May be empty.
   std::function<void(const std::string& sentence)> tell;
 };
 
@@ -27,7 +28,8 @@ class XlsxStarter : public SpreadsheetStarter {
   XlsxStarter(XlsxPlace place, const Clock& clock) : place_(std::move(place)), clock_(clock) {}
 
   /// Cells may be set in any order, up to row 1,048,576 and column 16,384; a cell beyond throws
-  /// std::out_of_range. LeaveOpen writes the file and throws InputError when that fails.
+  /// std::out_of_range. A text longer than a cell holds, 32,767 UTF-16 units, is cut; the user is shown which.
+  /// LeaveOpen writes the file and throws InputError when that fails.
   [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override;
 
  private:

@@ -98,6 +98,37 @@ TEST_F(ExportedWorkbook, Texts_come_back_letter_for_letter_and_are_never_numbers
   }
 }
 
+TEST_F(ExportedWorkbook, A_text_longer_than_a_cell_holds_is_cut_and_told_and_the_others_are_whole) {
+  const auto sheet = NewWorkbook();
+  const std::string fits(32767, 'x');
+  std::string over = fits;
+  over.replace(32766, 1, "😀");  // its two units do not both fit
+  sheet->SetCell(1, 1, "پيش");
+  sheet->SetCell(2, 1, fits);
+  sheet->SetCell(3, 2, fits + "y");
+  sheet->SetCell(4, 3, over);
+  sheet->SetCell(5, 1, "پس");
+  sheet->LeaveOpen();
+  ASSERT_EQ(opened.size(), 1U);
+  const ReadSheet read = ReadWorkbook(opened[0]);
+  EXPECT_EQ(read.Text(1, 1), "پيش");
+  EXPECT_EQ(read.Text(2, 1), fits);
+  EXPECT_EQ(read.Text(3, 2), fits);
+  EXPECT_EQ(read.Text(4, 3), fits.substr(1));
+  EXPECT_EQ(read.Text(5, 1), "پس");
+  EXPECT_EQ(told, std::vector<std::string>{
+                      "متن 2 خانه بلندتر از 32767 نويسه بود و بريده شد؛ نخستين آنها در سطر 3 و ستون 2 است."});
+}
+
+TEST_F(ExportedWorkbook, A_long_text_that_is_written_over_is_not_told) {
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1, std::string(40000, 'x'));
+  sheet->SetCell(1, 1, "short");
+  sheet->LeaveOpen();
+  EXPECT_EQ(ReadWorkbook(opened.at(0)).Text(1, 1), "short");
+  EXPECT_TRUE(told.empty());
+}
+
 TEST_F(ExportedWorkbook, Bytes_that_are_no_text_do_not_spoil_the_file) {
   const auto sheet = NewWorkbook();
   sheet->SetCell(1, 1,
