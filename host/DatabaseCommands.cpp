@@ -1,7 +1,14 @@
 #include "host/DatabaseCommands.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
+#include <filesystem>
 #include <memory>
+#include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -36,6 +43,36 @@ class ProgressLine {
   int shown_ = -1;
 };
 
+constexpr std::array<std::string_view, 3> kCompanions = {"-journal", "-wal", "-shm"};
+
+/// Digits, and after them nothing or the ending of a file that the embedded database keeps beside its own.
+bool IsWorkingName(std::string_view tail) {
+  for (const std::string_view companion : kCompanions) {
+    if (tail.ends_with(companion)) {
+      tail.remove_suffix(companion.size());
+      break;
+    }
+  }
+  return !tail.empty() && tail.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// Whether a program holds a lock on the working file that this is or belongs to. A program that writes one
+/// does so in one transaction.
+bool IsInUse(const std::filesystem::path& path) {
+  std::string name = TextOf(path);
+  for (const std::string_view companion : kCompanions) {
+    if (name.ends_with(companion)) name.resize(name.size() - companion.size());
+  }
+  const int opened = open(name.c_str(), O_RDWR | O_CLOEXEC);
+  if (opened < 0) return false;
+  struct flock asked {};
+  asked.l_type = F_WRLCK;
+  asked.l_whence = SEEK_SET;
+  const bool held = fcntl(opened, F_OFD_GETLK, &asked) == 0 && asked.l_type != F_UNLCK;
+  close(opened);
+  return held;
+}
+
 void FillWithSample(Database& database, SampleSize size, std::ostream& report) {
   const TemporaryFolder folder;
   const std::string file = TextOf(folder.Path() / "sample.db");
@@ -49,7 +86,24 @@ void FillWithSample(Database& database, SampleSize size, std::ostream& report) {
 
 }  // namespace
 
+void RemoveLeftovers(const std::string& file) {
+  const std::filesystem::path target = PathOf(file);
+  const std::string beginning = TextOf(target.filename()) + ".new-";
+  std::error_code ignored;
+  const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
+  std::vector<std::filesystem::path> leftovers;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
+    const std::string name = TextOf(entry.path().filename());
+    if (name.starts_with(beginning) && IsWorkingName(name.substr(beginning.size()))) {
+      leftovers.push_back(entry.path());
+    }
+  }
+  std::erase_if(leftovers, [](const auto& path) { return IsInUse(path); });
+  for (const auto& path : leftovers) std::filesystem::remove(path, ignored);
+}
+
 void MakeSampleFile(const std::string& file, SampleSize size, std::ostream& report) {
+  RemoveLeftovers(file);
   ProgressLine line(report, file);
   CreateSample(file, size, [&](int percent) { line.Show(percent); });
   line.End();

@@ -8,7 +8,14 @@
 
 namespace koru {
 
-/// Makes a sample database file and reports the progress. Throws what CreateSample throws.
+/// Removes what a killed creation of that database file left beside it: files named `<file>.new-<digits>`,
+/// with
+/// `-journal`, `-wal` or `-shm` after it, unless a program is at work on them. A file that cannot be removed
+/// stays.
+void RemoveLeftovers(const std::string& file);
+
+/// Makes a sample database file and reports the progress, after RemoveLeftovers. Throws what
+/// CreateSample throws.
 void MakeSampleFile(const std::string& file, SampleSize size, std::ostream& report);
 
 /// Makes the suite's tables, indexes, views and procedure in the empty database of a server, and fills them

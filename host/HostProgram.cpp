@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QStandardPaths>
 #include <filesystem>
+#include <iostream>
+#include <memory>
 
 #include "adapters/sqlite/SqliteConnector.h"
 #include "desktop/forms/MessageDialog.h"
@@ -35,10 +37,39 @@ std::string SampleFile() {
   return file;
 }
 
+/// A program that was started from a menu has nobody reading its error output.
+void ShowSentence(const std::string& title, const std::string& sentence) {
+  if (QGuiApplication::platformName() == QLatin1String("offscreen")) return;
+  MessageDialog dialog;
+  dialog.SetFormTitle(title);
+  dialog.SetFormMessage(sentence);
+  dialog.ClearShow();
+}
+
+struct Host {
+  explicit Host(const std::filesystem::path& settings) : session(settings) {}
+  HostSession session;
+  HostWindow window{session};
+};
+
+/// Settings that cannot be read are set aside and reported, so that they never keep anybody from working.
+std::unique_ptr<Host> OpenHost(const std::filesystem::path& settings) {
+  try {
+    return std::make_unique<Host>(settings);
+  } catch (const InputError& damage) {
+    const std::string sentence = std::string(damage.what()) + "\nاين پرونده با نام " +
+                                 LeftToRight(IniFile::SetAside(settings).string()) +
+                                 " نگه داشته شد و برنامه با تنظيمات تازه باز مي شود.";
+    std::cerr << "koru-counting: " << sentence << std::endl;
+    ShowSentence("هشدار", sentence);
+    return std::make_unique<Host>(settings);
+  }
+}
+
 int ShowHost(const std::string& connection) {
-  HostSession session(UserFolder(QStandardPaths::AppConfigLocation) / "koru-counting.ini");
-  if (!connection.empty()) session.TestConnection(connection);
-  HostWindow window(session);
+  const auto host = OpenHost(UserFolder(QStandardPaths::AppConfigLocation) / "koru-counting.ini");
+  HostWindow& window = host->window;
+  if (!connection.empty()) host->session.TestConnection(connection);
   if (!connection.empty()) {
     window.Control().SetOLEConnectionString(ToQt(connection));
   } else if (!IsConnection(FromQt(window.Control().OLEConnectionString()))) {
@@ -47,15 +78,6 @@ int ShowHost(const std::string& connection) {
   window.show();
   window.ReadDatabase();
   return QApplication::exec();
-}
-
-/// Nobody reads the error output of a program that was started from a menu.
-void ShowSentence(const std::string& sentence) {
-  if (QGuiApplication::platformName() == QLatin1String("offscreen")) return;
-  MessageDialog dialog;
-  dialog.SetFormTitle("خطا");
-  dialog.SetFormMessage(sentence);
-  dialog.ClearShow();
 }
 
 }  // namespace
@@ -67,7 +89,7 @@ int RunHostScreen(const std::string& connection, int& argc, char** argv) {
   try {
     return ShowHost(connection);
   } catch (const std::exception& error) {
-    ShowSentence(error.what());
+    ShowSentence("خطا", error.what());
     throw;
   }
 }

@@ -24,7 +24,7 @@ class HostSession {
   };
 
   /// Reads the settings; a missing file gives defaults. Throws InputError naming what cannot be read; the
-  /// file then stays as it is.
+  /// file then stays as it is (IniFile::SetAside renames it).
   explicit HostSession(const std::filesystem::path& settings);
 
   [[nodiscard]] HostServices Services() { return suite_.Services(); }

@@ -62,6 +62,22 @@ IniFile IniFile::Read(const std::filesystem::path& file) {
   return ini;
 }
 
+std::filesystem::path IniFile::SetAside(const std::filesystem::path& file) {
+  std::error_code error;
+  std::filesystem::path kept = file;
+  kept += ".damaged";
+  for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(kept, error)); ++number) {
+    kept = file;
+    kept += ".damaged-" + std::to_string(number);
+  }
+  std::filesystem::rename(file, kept, error);
+  if (error) {
+    throw InputError("پروندة تنظيمات كنار گذاشته نشد: " + LeftToRight(file.string()) + " (" +
+                     error.message() + ")");
+  }
+  return kept;
+}
+
 void IniFile::ReadLine(std::string_view text, std::string& section) {
   const std::string_view line = Stripped(text);
   const auto fail = [&](const std::string& why) {

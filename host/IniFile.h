@@ -17,6 +17,10 @@ class IniFile {
   /// the file when it cannot.
   [[nodiscard]] static IniFile Read(const std::filesystem::path& file);
 
+  /// Renames a file that cannot be read to `<name>.damaged`, or `.damaged-2` and so on where the name is
+  /// taken, and returns its new name. Throws InputError when that fails.
+  static std::filesystem::path SetAside(const std::filesystem::path& file);
+
   /// The value of a key; names are compared exactly. No value when it is missing.
   [[nodiscard]] std::optional<std::string> Get(std::string_view section, std::string_view key) const;
   void Set(std::string_view section, std::string_view key, std::string value);

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "database/Sample.h"
+#include "host/DatabaseCommands.h"
 
 namespace koru {
 
@@ -26,6 +27,7 @@ void SampleProgressWindow::Make(const std::string& file) {
   };
   QWidget::show();
   show(0);
+  RemoveLeftovers(file);
   CreateSample(file, show);
   hide();
 }

@@ -259,6 +259,9 @@ std::string WindowDriver::FocusDifference(const Form& form) {
 
 void WindowDriver::TakePicture(const std::string& name) {
   if (pictures_.empty()) return;
+  if (name.find_first_of("/\\:") != std::string::npos) {
+    throw ScenarioFailure("a picture is named without folders: " + name);
+  }
   Settle();
   QWidget* const window = WindowInFront();
   if (window == nullptr) throw ScenarioFailure("no window is shown for the picture " + name);

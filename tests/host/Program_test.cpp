@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <memory>
+#include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/system/TemporaryFolder.h"
@@ -52,6 +55,31 @@ TEST_F(ProgramTest, A_sample_is_made_once_and_never_over_another_file) {
   EXPECT_EQ(Text("a.db"), made);
   EXPECT_EQ(Run("create-sample none/a.db").code, 2);
   EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "none"));
+}
+
+TEST_F(ProgramTest, What_a_killed_making_of_a_sample_left_is_cleared_by_the_next) {
+  for (const char* left : {"a.db.new-123", "a.db.new-123-wal", "a.db.new-123-shm", "a.db.new-4-journal"}) {
+    Write(left, "half a sample");
+  }
+  for (const char* foreign : {"a.db.new-12x", "a.db.new-", "b.db.new-7", "a.db.new-1-old"})
+    Write(foreign, "mine");
+  EXPECT_EQ(Run("create-sample a.db").code, 0);
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
+    if (entry.path().filename().string().find(".db") != std::string::npos) {
+      names.push_back(entry.path().filename().string());
+    }
+  }
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"a.db", "a.db.new-", "a.db.new-1-old", "a.db.new-12x", "b.db.new-7"}));
+}
+
+TEST_F(ProgramTest, A_sample_that_another_program_is_making_is_left_to_it) {
+  SqliteConnection other(Home() + "/a.db.new-5", SqliteConnection::Mode::Create, std::chrono::seconds(0));
+  other.Execute("PRAGMA journal_mode=MEMORY; BEGIN; create table t (x); insert into t values (1)");
+  EXPECT_EQ(Run("create-sample a.db").code, 0);
+  EXPECT_TRUE(std::filesystem::exists(folder_.Path() / "a.db.new-5"));
 }
 
 TEST_F(ProgramTest, A_sample_of_an_unknown_size_is_refused_and_nothing_is_made) {
@@ -107,19 +135,27 @@ TEST_F(ProgramTest, The_check_of_a_file_names_what_is_missing) {
   EXPECT_TRUE(outcome.out.ends_with("\n2 مورد درست نيست.\n")) << outcome.out;
 }
 
-TEST_F(ProgramTest, A_broken_settings_file_is_named_and_kept) {
-  const std::string broken = "[comInvCounting]\nUserID=three\n";
-  Write("config/koru-counting/koru-counting.ini", broken);
-  Outcome outcome = Run("", "QT_QPA_PLATFORM=offscreen");
+TEST_F(ProgramTest, A_damaged_settings_file_is_set_aside_and_told_and_the_program_starts) {
+  // The database that is not there ends the program after its start.
+  const auto start = [this] { return Run("--database none.db", "QT_QPA_PLATFORM=offscreen"); };
+  const std::string unreadable = "[comInvCounting]\nUserID=three\n";
+  Write("config/koru-counting/koru-counting.ini", unreadable);
+  Outcome outcome = start();
   EXPECT_EQ(outcome.code, 2);
   EXPECT_NE(outcome.error.find("koru-counting.ini\u2069، سطر 2"), std::string::npos) << outcome.error;
-  EXPECT_EQ(Text("config/koru-counting/koru-counting.ini"), broken);
-  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "data"));
+  EXPECT_NE(outcome.error.find("koru-counting.ini.damaged\u2069"), std::string::npos) << outcome.error;
+  EXPECT_NE(outcome.error.find("none.db"), std::string::npos) << outcome.error;
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "config/koru-counting/koru-counting.ini"));
+  EXPECT_EQ(Text("config/koru-counting/koru-counting.ini.damaged"), unreadable);
 
-  Write("config/koru-counting/koru-counting.ini", "[comInvCounting]\nnonsense\n");
-  outcome = Run("", "QT_QPA_PLATFORM=offscreen");
-  EXPECT_EQ(outcome.code, 2);
+  const std::string nonsense = "[comInvCounting]\nnonsense\n";
+  Write("config/koru-counting/koru-counting.ini", nonsense);
+  outcome = start();
   EXPECT_NE(outcome.error.find("koru-counting.ini\u2069، سطر 2"), std::string::npos) << outcome.error;
+  EXPECT_NE(outcome.error.find("none.db"), std::string::npos) << outcome.error;
+  EXPECT_EQ(Text("config/koru-counting/koru-counting.ini.damaged"), unreadable) << "none is written over";
+  EXPECT_EQ(Text("config/koru-counting/koru-counting.ini.damaged-2"), nonsense);
+  EXPECT_EQ(start().error.find("damaged"), std::string::npos) << "told once";
 }
 
 TEST_F(ProgramTest, A_database_that_cannot_be_used_is_named_and_not_remembered) {

@@ -64,6 +64,18 @@ TEST_F(ScenarioProgramTest, The_same_scenario_is_run_on_windows_without_a_displa
   EXPECT_EQ(Text("shots/seventeen.png").substr(1, 3), "PNG");
 }
 
+TEST_F(ScenarioProgramTest, A_picture_of_a_scenario_stays_in_the_folder_of_pictures) {
+  for (const char* name : {"../outside", "/outside", "sub/../../outside", "a\\\\b"}) {
+    Write("bad.scenario", std::string("database sample\nuser 1\nview 17\npicture \"") + name + "\"\n");
+    const Outcome outcome = Run("--desktop --pictures shots bad.scenario");
+    EXPECT_EQ(outcome.code, 1) << name;
+    EXPECT_NE(outcome.out.find("bad.scenario:4: a picture is named without folders: "), std::string::npos)
+        << outcome.out;
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path() / "shots")) << name;
+    EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "outside.png")) << name;
+  }
+}
+
 TEST_F(ScenarioProgramTest, A_scenario_that_cannot_be_read_stops_everything_before_the_first_step) {
   Write("good.scenario", "database sample\n");
   Write("broken.scenario", "database sample\nlook\n");
