@@ -13,10 +13,7 @@
 #include "benchmarks/RunMain.h"
 #include "component/comInvCounting.h"
 #include "database/Sample.h"
-#include "platform/text/Errors.h"
-#include "tests/support/FakeMessages.h"
-#include "tests/support/FakeScreen.h"
-#include "tests/support/FixedClock.h"
+#include "tests/support/ComponentFixture.h"
 
 namespace {
 std::function<void()> countedWork;
@@ -45,17 +42,11 @@ void Prepare(const std::string& file) {
           " from tblInventoryCountingDetail where CountingID = 1 and RowNumber <= 500");
 }
 
-class NoMachine : public FileSystem, public SpreadsheetStarter {
- public:
-  [[nodiscard]] bool FileExists(const std::string& /*path*/) const override { return false; }
-  [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override { throw InputError("no spreadsheets"); }
-};
-
 /// The counting form without a window; counting 2 is being edited.
-class Desk : private ControlHost {
+class Desk {
  public:
   explicit Desk(const std::string& file) {
-    messages_.RegisterIn(components_);
+    host_.clock.SetToday(kSampleToday);
     control_.SetOLEConnectionString("Provider=SQLite;Data Source=" + file);
     control_.SetUserID(1);
     if (!control_.View(kCounting)) throw std::runtime_error("no counting of 500 lines");
@@ -64,21 +55,20 @@ class Desk : private ControlHost {
   [[nodiscard]] frmInvCounting& Form() { return *control_.CountingForm(); }
   void Press(Button& button) {
     Form().Timer1.Fire();
-    if (!button.UserClick() || !messages_.Texts().empty())
+    if (!button.UserClick() || !host_.messages.Texts().empty())
       throw std::runtime_error(button.Name() + " failed");
   }
 
  private:
-  [[nodiscard]] koru::Font AmbientFont() const override { return {}; }
-  void PropertyChanged(std::string_view /*key*/) override {}
-
-  SqliteConnector sqlite_;
-  ComponentRegistry components_;
-  test::FakeMessages messages_;
-  test::FakeScreen screen_;
-  test::FixedClock clock_{kSampleToday};
-  NoMachine machine_;
-  comInvCounting control_{*this, {sqlite_, components_, screen_, clock_, machine_, machine_}};
+  SqliteConnector sqlite_;  // not the host's connector: recording statements would be counted, too
+  test::NoDatabaseFixture host_;
+  comInvCounting control_{host_,
+                          {.databases = sqlite_,
+                           .components = host_.components,
+                           .screen = host_.screen,
+                           .clock = host_.clock,
+                           .files = host_.files,
+                           .spreadsheets = host_.spreadsheets}};
 };
 
 void Do(const std::string& work, const std::string& file) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "counting/controls/DocumentModes.h"
 #include "services/Permission.h"
 
 namespace koru {
@@ -20,15 +21,14 @@ frmInvCounting* comInvCounting::CountingForm() const {
   return form_ && form_->Loaded() ? form_.get() : nullptr;
 }
 
-/// The form with the control's properties handed over, started up and in the given mode. An unloaded form is
-/// replaced: what it held is gone, as its window is.
+/// Returns the form, started up, in the given mode and with the control's properties. A new form replaces one
+/// that was unloaded.
 frmInvCounting& comInvCounting::LoadForm(DocumentMode mode) {
   if (CountingForm() == nullptr) form_ = std::make_unique<frmInvCounting>(shared_);
   shared_.user = user_;
   shared_.data.SetConnectionString(oleConnectionString_);
   form_->Load();
-  shared_.DocMode = mode;
-  form_->disablelockcomponent();
+  SetDocumentMode(mode, *form_, shared_);
   return *form_;
 }
 

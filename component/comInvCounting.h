@@ -11,14 +11,13 @@
 
 namespace koru {
 
-/// The public control: a host screen places it, hands it a connection and the signed-in user, and asks it to
-/// open a stored counting (View) or an empty form for a new one (ClearShow). Setting a property keeps the
-/// value and reports the change to the host; nothing is tested and no database is touched before a form is
-/// opened.
+/// The public control. A host screen places it, gives it a connection and the signed-in user, and opens a
+/// stored counting (View) or an empty form for a new one (ClearShow). Setting a property stores the value and
+/// reports the change to the host; no value is tested, and no database is accessed, before a form is opened.
 class comInvCounting {
  public:
-  /// `host` and everything in `surroundings` must outlive the control. The control starts as one that is
-  /// placed for the first time (InitProperties).
+  /// `host` and everything in `services` must outlive the control. The properties have their defaults
+  /// (InitProperties).
   comInvCounting(ControlHost& host, const HostServices& services);
   comInvCounting(const comInvCounting&) = delete;
   comInvCounting& operator=(const comInvCounting&) = delete;
@@ -26,12 +25,13 @@ class comInvCounting {
 
   /// Sets every property to its default; Font to the host's ambient font.
   void InitProperties();
-  /// Reads every property in the order in which they are stored, absent ones as their defaults.
+  /// Reads every property in the order of storage; an absent one gets its default. Throws InputError for a
+  /// value of another kind or width, and changes nothing.
   void ReadProperties(const PropertyBag& store);
   /// Writes every property in that order; one at its default is not stored.
   void WriteProperties(PropertyBag& store) const;
 
-  // Appearance: kept for hosts that set it, and without effect.
+  // Appearance: kept for hosts that set it; it has no effect.
   [[nodiscard]] std::int32_t BackColor() const { return backColor_; }
   [[nodiscard]] std::int32_t ForeColor() const { return foreColor_; }
   [[nodiscard]] bool Enabled() const { return enabled_; }
@@ -47,7 +47,7 @@ class comInvCounting {
   [[nodiscard]] const std::string& OLEConnectionString() const { return oleConnectionString_; }
   void SetOLEConnectionString(std::string connectionString);
 
-  // Who works: the keys are deliberately of different widths, and a 16-bit one takes no wider number.
+  // The signed-in user. The keys differ in width; a 16-bit one takes no wider number.
   [[nodiscard]] std::int32_t UserID() const { return user_.userID; }
   [[nodiscard]] std::int16_t EmployeeID() const { return user_.employeeID; }
   [[nodiscard]] std::int16_t PositionID() const { return user_.positionID; }
@@ -64,10 +64,10 @@ class comInvCounting {
   [[nodiscard]] const koru::Font& Font() const { return font_; }
   void SetFont(koru::Font font);
 
-  /// Opens the stored counting of that key. False, with a message, when there is none: the form then stays
-  /// loaded and hidden. Throws DatabaseError when the connection or a statement fails.
+  /// Opens the stored counting of that key. Without one, shows a message and returns false; the form then
+  /// stays loaded and hidden. Throws DatabaseError when the connection or a statement fails.
   bool View(std::int32_t id);
-  /// Opens an empty form, for who holds the right to. Throws DatabaseError.
+  /// Opens an empty form for a user who holds the right to open it. Throws DatabaseError.
   void ClearShow();
   /// Does nothing; hosts call it on every control.
   void Refresh() {}
@@ -77,7 +77,7 @@ class comInvCounting {
   /// in width, or 2000 or less in height, is left as it is.
   static void Resize(int width, int height, Grid& flexTempDocs);
 
-  /// The counting form; nullptr before the first View or ClearShow and after it was unloaded.
+  /// The counting form; nullptr before the first View or ClearShow, and after the form was unloaded.
   [[nodiscard]] frmInvCounting* CountingForm() const;
   [[nodiscard]] const SharedState& Shared() const { return shared_; }
 

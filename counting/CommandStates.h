@@ -1,15 +1,12 @@
 #pragma once
 
-#include "counting/InvCountingControls.h"
+#include "counting/controls/InvCountingControls.h"
 #include "services/SharedState.h"
 
 namespace koru {
 
-/// Enables and disables the form's commands and fields by the document mode; a mode that is none of
-/// the four sets nothing.
-void disablelockcomponent(DocumentMode mode, InvCountingControls& controls);
-
-/// Brings the command buttons into line with the document: what the form's timer does at every tick.
+/// Enables the command buttons that fit the document on the form: what the form's timer does at every tick.
+/// The document mode alone sets the others (counting/controls/DocumentModes.h).
 void RefreshCommands(DocumentMode mode, InvCountingControls& controls);
 
 }  // namespace koru

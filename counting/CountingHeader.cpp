@@ -21,7 +21,8 @@ bool FillInvCountingData(std::int32_t id, dteInvCounting& data, InvCountingContr
   const Recordset counting =
       data.rssqleditenter.Open(SqlText("Select * from tblInventoryCounting where ID =") + id);
   if (counting.RecordCount() == 0) return false;
-  // All that can fail comes first: the key of one counting over the fields of another would be saved so.
+  // Everything that can fail comes first: a save after a partial change would write one counting over
+  // another.
   const std::string creator = NameOfCreator(counting.Field("CreatorID"), data);
   const std::int32_t counter1 = KeyOf(counting.Field("CounterEmployeeID1"));
   const std::int32_t counter2 = KeyOf(counting.Field("CounterEmployeeID2"));

@@ -3,17 +3,16 @@
 #include <cstdint>
 #include <string>
 
-#include "counting/InvCountingControls.h"
+#include "counting/controls/InvCountingControls.h"
 #include "services/dteInvCounting.h"
 
 namespace koru {
 
-/// Puts the header of a stored counting on the form; boxes of columns that are NULL are emptied, so that
-/// nothing of the counting before shows through. False, and nothing changes, when there is no such counting.
-/// Throws DatabaseError, and nothing changes either.
+/// Shows the header of a stored counting on the form; a box whose column is NULL becomes empty. Returns
+/// false, and changes nothing, when the counting does not exist. Throws DatabaseError and changes nothing.
 bool FillInvCountingData(std::int32_t id, dteInvCounting& data, InvCountingControls& controls);
 
-/// Empties the document: header, people, store, dates, lines and totals.
+/// Empties the document: header, counters, store, dates, lines and totals.
 void ClearCounting(InvCountingControls& controls);
 
 /// The full name of the signed-in user; empty when the suite does not know the user. Throws DatabaseError.

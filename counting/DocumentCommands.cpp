@@ -1,6 +1,5 @@
 #include "counting/DocumentCommands.h"
 
-#include "counting/CommandStates.h"
 #include "counting/CountingHeader.h"
 #include "services/Permission.h"
 
@@ -12,9 +11,9 @@ void DocumentCommands::New() {
   SetMode(DocumentMode::New);
   controls_.gdpReceiveDate.SetValue(shared_.services.clock.Today());
   controls_.txtCreator.SetText(SignedInFullName(shared_.user.userID, shared_.data));
-  controls_.gmpInventory.Parent().SetFocus(controls_.gmpInventory);
-  if (defaultStore_ == StoreChange::kNoDefaultStore) return;
-  controls_.gmpInventory.Select(defaultStore_);
+  controls_.form.SetFocus(controls_.gmpInventory);
+  if (storeChange_.DefaultStore() == StoreChange::kNoDefaultStore) return;
+  controls_.gmpInventory.Select(storeChange_.DefaultStore());
   storeChange_.Run();
 }
 
@@ -37,10 +36,10 @@ void DocumentCommands::Delete() {
   }
   if (shared_.messages.AskQuestion("حذف شمارش", sentences::kAreYouSure) != kAnswerYes) return;
   const double id = controls_.CountingID();
-  const auto written = shared_.data.BeginWriteBatch();
+  const auto batch = shared_.data.BeginWriteBatch();
   shared_.data.rssqldelenterdetail.Open(SqlText("delete tblInventoryCountingDetail where CountingID=") + id);
   shared_.data.rssqldelenter.Open(SqlText("delete tblInventoryCounting where id=") + id);
-  written->Finish();
+  batch->Finish();
   SetMode(DocumentMode::Empty);
   ClearCounting(controls_);
 }
@@ -64,12 +63,7 @@ void DocumentCommands::Cancel() {
   }
   ClearCounting(controls_);
   SetMode(DocumentMode::Empty);
-  controls_.cmdExit.Parent().SetFocus(controls_.cmdExit);
-}
-
-void DocumentCommands::SetMode(DocumentMode mode) {
-  shared_.DocMode = mode;
-  disablelockcomponent(mode, controls_);
+  controls_.form.SetFocus(controls_.cmdExit);
 }
 
 }  // namespace koru

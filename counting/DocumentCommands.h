@@ -1,9 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
-#include "counting/InvCountingControls.h"
 #include "counting/StoreChange.h"
+#include "counting/controls/DocumentModes.h"
+#include "counting/controls/InvCountingControls.h"
 #include "lines/CountingLines.h"
 #include "services/SharedState.h"
 
@@ -12,37 +11,32 @@ namespace koru {
 /// The commands that change the mode of the document on the form: New, Edit, Delete, Delete all, Cancel.
 class DocumentCommands {
  public:
-  /// All arguments must outlive the object.
-  DocumentCommands(SharedState& shared, InvCountingControls& controls, CountingLines& lines,
-                   StoreChange& storeChange, const std::int32_t& defaultStore)
-      : shared_(shared),
-        controls_(controls),
-        lines_(lines),
-        storeChange_(storeChange),
-        defaultStore_(defaultStore) {}
+  /// All must outlive the object.
+  DocumentCommands(InvCountingControls& controls, SharedState& shared, CountingLines& lines,
+                   StoreChange& storeChange)
+      : controls_(controls), shared_(shared), lines_(lines), storeChange_(storeChange) {}
 
-  // Each throws DatabaseError where a statement fails; what was written by then stays.
+  // Each throws DatabaseError when a statement fails; what was written by then stays.
 
-  /// An empty document of today, under the default store when the user may work there.
+  /// Opens an empty document with today's date, under the default store when the user may work there.
   void New();
   /// Opens the counting on the form for changes, unless it is final.
   void Edit();
-  /// Deletes the counting on the form after a question, unless it is final: its lines, then its header.
+  /// Asks, then deletes the counting on the form, unless it is final: its lines, then its header.
   void Delete();
-  /// Takes all lines off the grid after a question; the database keeps them until the next save.
+  /// Asks, then removes all lines from the grid; the database keeps them until the next save.
   void DeleteAll();
-  /// Gives the entry up after a question: a stored counting gets its header back (its lines stay as they are
-  /// on the grid), a new one goes.
+  /// Asks, then ends the entry: a stored counting gets its stored header back and keeps the lines of the grid
+  /// as they are; a new counting is discarded.
   void Cancel();
 
  private:
-  void SetMode(DocumentMode mode);
+  void SetMode(DocumentMode mode) { SetDocumentMode(mode, controls_, shared_); }
 
-  SharedState& shared_;
   InvCountingControls& controls_;
+  SharedState& shared_;
   CountingLines& lines_;
   StoreChange& storeChange_;
-  const std::int32_t& defaultStore_;
 };
 
 }  // namespace koru

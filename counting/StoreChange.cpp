@@ -2,6 +2,15 @@
 
 namespace koru {
 
+void StoreChange::SetUp() {
+  gmpInventory_.SetCaption("انبارها");
+  gmpInventory_.ClearSelection();
+  gmpInventory_.SetTables("tblInventory", "tblInventoryParent");
+  const Recordset store =
+      shared_.data.rssqlCommon.Open(SqlText("Select ID from tblInventory where IsDefault=1"));
+  defaultStore_ = store.RecordCount() == 0 ? kNoDefaultStore : store.Field("ID").Integer();
+}
+
 void StoreChange::Run() {
   try {
     Test();
@@ -45,7 +54,7 @@ void StoreChange::RestoreDefaultStore() {
     gmpInventory_.ClearSelection();
     return;
   }
-  // The default store is a choice like any other: a user who may not work in it does not keep it either.
+  // The default store is tested like any other: a user who may not work in it does not keep it either.
   gmpInventory_.Select(defaultStore_);
   Test();
 }

@@ -2,26 +2,30 @@
 
 #include <cstdint>
 
-#include "platform/controls/Grid.h"
-#include "platform/controls/Selector.h"
+#include "counting/controls/InvCountingControls.h"
 #include "services/SharedState.h"
 
 namespace koru {
 
-/// Tests a store that was chosen for the counting on the form: the user must be allowed to work in it, it
-/// must have no child stores, and lines that are on the grid already are not put under another store without
-/// a question.
+/// The store of the counting on the form: the selector's set-up, the default store, and the tests of a store
+/// that was chosen. The user must be allowed to work in the store, it must have no child stores, and the user
+/// confirms before existing lines come under another store.
 class StoreChange {
  public:
-  /// The default store of the form; -1 when there is none.
+  /// The default store when no store is marked as one.
   static constexpr std::int32_t kNoDefaultStore = -1;
 
-  StoreChange(SharedState& shared, TreeSelector& gmpInventory, const Grid& flexDetail,
-              const std::int32_t& defaultStore)
-      : shared_(shared), gmpInventory_(gmpInventory), flexDetail_(flexDetail), defaultStore_(defaultStore) {}
+  /// Both must outlive the object.
+  StoreChange(InvCountingControls& controls, SharedState& shared)
+      : gmpInventory_(controls.gmpInventory), flexDetail_(controls.flexDetail), shared_(shared) {}
 
-  /// To be called when the selection of gmpInventory has changed. Throws DatabaseError, and no store is
-  /// selected then.
+  /// Sets up gmpInventory and reads the default store. Throws DatabaseError.
+  void SetUp();
+  /// The store proposed for a new counting, or kNoDefaultStore.
+  [[nodiscard]] std::int32_t DefaultStore() const { return defaultStore_; }
+
+  /// Tests the selected store; to be called after a change of the selection. Throws DatabaseError, and no
+  /// store is selected then.
   void Run();
 
  private:
@@ -31,10 +35,10 @@ class StoreChange {
   void RestoreDefaultStore();
   void AskAboutLines();
 
-  SharedState& shared_;
   TreeSelector& gmpInventory_;
   const Grid& flexDetail_;
-  const std::int32_t& defaultStore_;
+  SharedState& shared_;
+  std::int32_t defaultStore_ = kNoDefaultStore;
 };
 
 }  // namespace koru

@@ -1,7 +1,10 @@
 #include "counting/frmInvCounting.h"
 
+#include <utility>
+
 #include "counting/CommandStates.h"
 #include "counting/CountingHeader.h"
+#include "counting/controls/DocumentModes.h"
 #include "platform/text/Text.h"
 #include "services/Permission.h"
 
@@ -11,52 +14,32 @@ frmInvCounting::frmInvCounting(SharedState& shared)
     : Form(shared.services.screen, "frmInvCounting"),
       InvCountingControls(static_cast<Form&>(*this)),
       shared_(shared),
-      lines_(flexDetail, txtTotalBelowValue, txtTotalAboveValue, txtTotalValue, shared.data),
-      editing_(flexDetail, lines_, shared.messages, shared.DocMode),
-      quantity_(flexDetail, gmpInventory, gdpFromDate, gdpToDate, pgbStatus, shared.services.screen,
-                shared.data, editing_, lines_),
-      storeChange_(shared, gmpInventory, flexDetail, defaultStore_),
-      commands_(shared, *this, lines_, storeChange_, defaultStore_),
-      temporarySave_(DocumentControls(), shared, [this] { disablelockcomponent(); }),
-      finalRegistration_(DocumentControls(), shared, [this] { disablelockcomponent(); }),
-      returnToTemporary_(DocumentControls(), shared),
-      addGoods_(
-          flexDetail, gmpInventory, pgbStatus, shared.services.screen, shared.data, shared.messages,
-          quantity_, lines_, [this] { ShowGoodSearch(); }, GoodSearchCondition),
-      viewReport_(shared, lblIDVal, reportBaseFolder_, ready_),
-      excelExport_(flexDetail, pgbStatus, shared.services.screen, shared.services.spreadsheets),
-      linkedDocuments_(shared, lblIDVal) {
+      lines_(*this, shared),
+      editing_(*this, shared, lines_),
+      quantity_(*this, shared, lines_, editing_),
+      addGoods_(*this, shared, lines_, quantity_),
+      storeChange_(*this, shared),
+      commands_(*this, shared, lines_, storeChange_),
+      temporarySave_(*this, shared),
+      finalRegistration_(*this, shared),
+      returnToTemporary_(*this, shared),
+      viewReport_(*this, shared),
+      excelExport_(*this, shared),
+      linkedDocuments_(*this, shared) {
   SetCaption("شمارش");
   OnFailure = [this](const std::exception& failure) { shared_.messages.ShowFailure(failure); };
   ConnectEvents();
 }
 
-CountingControls frmInvCounting::DocumentControls() {
-  return {*this,          lblIDVal,     txtCode,      txtGNO,      txtNotes,
-          gdpReceiveDate, gdpFromDate,  gdpToDate,    mptCounter1, mptCounter2,
-          mptCounter3,    mptConfirmer, gmpInventory, flexDetail,  pgbStatus};
-}
-
 void frmInvCounting::Load() {
   if (started_) return;
   pgbStatus.SetVisible(false);
-  const Recordset base =
-      shared_.data.rssqlCommon.Open(SqlText("Select Isnull(BasePath,'') as BasePath from vwPelinBasePath"));
-  reportBaseFolder_ = base.RecordCount() == 0 ? std::string() : base.Field("BasePath").Text();
+  viewReport_.ReadBaseFolder();
   lines_.SetUp();
   Initialize();
-  SetUpStores();
+  storeChange_.SetUp();
   linkedDocuments_.SetUp();
   started_ = true;
-}
-
-void frmInvCounting::SetUpStores() {
-  gmpInventory.SetCaption("انبارها");
-  gmpInventory.ClearSelection();
-  gmpInventory.SetTables("tblInventory", "tblInventoryParent");
-  const Recordset store =
-      shared_.data.rssqlCommon.Open(SqlText("Select ID from tblInventory where IsDefault=1"));
-  defaultStore_ = store.RecordCount() == 0 ? StoreChange::kNoDefaultStore : store.Field("ID").Integer();
 }
 
 void frmInvCounting::ShowInvSearch() {
@@ -69,28 +52,32 @@ void frmInvCounting::ShowInvSearch() {
   Activate();
 }
 
-void frmInvCounting::ShowGoodSearch() {
+const SqlText& frmInvCounting::SearchGoods() {
   if (!goodSearch_) {
-    goodSearch_ = std::make_unique<frmGoodSearch>(shared_, GoodSearchCondition,
-                                                  [this] { return gmpInventory.SelectedID(); });
+    goodSearch_ = std::make_unique<frmGoodSearch>(
+        shared_, [this](SqlText condition) { GoodSearchCondition = std::move(condition); });
   }
-  goodSearch_->Load();
+  goodSearch_->Load(gmpInventory.SelectedID());
   goodSearch_->Show(true);
   Activate();
+  return GoodSearchCondition;
+}
+
+void frmInvCounting::AddSearchedGoods() {
+  const auto search = [this]() -> const SqlText& { return SearchGoods(); };
+  if (const auto added = addGoods_.Run(search)) GoodsAdded.Raise(*added);
 }
 
 bool frmInvCounting::ViewInvCounting(std::int32_t id) {
   shared_.CurrentCountingID = id;
   if (!FillInvCountingData(id)) return false;
-  shared_.DocMode = DocumentMode::Viewing;
-  disablelockcomponent();
+  SetDocumentMode(DocumentMode::Viewing, *this, shared_);
   try {
     FillInvCounterDetailData(id);
   } catch (...) {
-    // Some of the lines, or those of the counting before, would be all that the next save leaves of it.
+    // A save would replace the counting's stored lines by those that happen to be on the grid.
     Clear();
-    shared_.DocMode = DocumentMode::Empty;
-    disablelockcomponent();
+    SetDocumentMode(DocumentMode::Empty, *this, shared_);
     throw;
   }
   return true;
@@ -126,9 +113,7 @@ void frmInvCounting::ConnectEvents() {
   cmdCancel.Click.Always([this] { RunAndTick([this] { commands_.Cancel(); }); });
   cmdExit.Click.Always([this] { Exit(); });
   cmdSearch.Click.Always([this] { ShowInvSearch(); });
-  cmdGoods.Click.Always([this] {
-    if (const auto added = addGoods_.Run()) GoodsAdded.Raise(*added);
-  });
+  cmdGoods.Click.Always([this] { AddSearchedGoods(); });
   cmdView.Click.Always([this] { viewReport_.Run(); });
   cmdExcel.Click.Always([this] { excelExport_.Run(); });
   cmdInvExit.Click.Always([this] { linkedDocuments_.OpenDispatch(); });
@@ -157,7 +142,7 @@ bool frmInvCounting::IsBeingEntered() const {
   return shared_.DocMode == DocumentMode::Editing || shared_.DocMode == DocumentMode::New;
 }
 
-/// What was typed into the document on the form is not lost without a question.
+/// Asks before a document that is being entered is lost.
 bool frmInvCounting::OpenFound(std::int32_t id) {
   if (IsBeingEntered()) RunAndTick([this] { commands_.Cancel(); });
   if (IsBeingEntered()) return false;
@@ -165,8 +150,8 @@ bool frmInvCounting::OpenFound(std::int32_t id) {
   return ViewInvCounting(id);
 }
 
-/// Runs a command that ends the entry of a document. The timer comes at once behind it: until it does, the
-/// same command could be pressed again, and a second registration takes a second number.
+/// Runs a command that ends the entry of a document, then fires the timer at once: before the next tick, the
+/// same command could be pressed again, and a second registration would take a second number.
 void frmInvCounting::RunAndTick(const std::function<void()>& command) {
   try {
     command();
@@ -177,8 +162,8 @@ void frmInvCounting::RunAndTick(const std::function<void()>& command) {
   Timer1.Fire();
 }
 
-/// A saved document has its save commands off; the keyboard goes to what is done with it next, never to a
-/// command that writes.
+/// A saved document has its save commands disabled; the keyboard focus moves to the likely next command,
+/// never to one that writes.
 void frmInvCounting::Save(const std::function<void()>& command) {
   RunAndTick(command);
   if (shared_.DocMode == DocumentMode::Viewing) SetFocus(IsFinal() ? cmdView : cmdEdit);

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "counting/DocumentCommands.h"
-#include "counting/InvCountingControls.h"
 #include "counting/StoreChange.h"
+#include "counting/controls/InvCountingControls.h"
 #include "lines/AddGoods.h"
 #include "lines/CountingLines.h"
 #include "lines/LineEditing.h"
@@ -31,75 +31,73 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// `shared` must outlive the form.
   explicit frmInvCounting(SharedState& shared);
 
-  /// The form's start-up: base folder, grid, creator, store selector, default store, linked documents. Runs
-  /// once; after a failure (DatabaseError) the next call runs it again from the beginning.
+  /// Starts the form up: report folder, grid, creator, store selector, default store, linked documents. Runs
+  /// once; after a failure (DatabaseError) the next call starts again from the beginning.
   void Load();
 
-  /// Opens a stored counting on the form: header, mode 0, lines. False, and nothing but CurrentCountingID
-  /// changes, when there is none of that key. Throws DatabaseError: nothing changes when the header cannot be
-  /// read, and the form is empty (mode 3) when the lines cannot.
+  /// Opens a stored counting on the form: header, mode 0, lines. Returns false, and changes nothing but the
+  /// shared CurrentCountingID, when no counting has that key. Throws DatabaseError: nothing changes when the
+  /// header cannot be read, and the form is empty (mode 3) when the lines cannot.
   bool ViewInvCounting(std::int32_t id);
-  /// The header alone; false when the counting does not exist.
+  /// Shows the header alone; false when the counting does not exist.
   bool FillInvCountingData(std::int32_t id);
-  /// The lines alone.
+  /// Shows the lines alone.
   void FillInvCounterDetailData(std::int32_t id) { lines_.FillInvCounterDetailData(id); }
-  /// Sets commands and fields by the shared document mode.
+  /// Applies the shared document mode to commands and fields.
   void disablelockcomponent();
   /// Shows the signed-in user's name as the creator.
   void Initialize();
-  /// Empties the document; the mode is the caller's to set.
+  /// Empties the document; the caller sets the mode.
   void Clear();
 
   /// Whether the document on the form is new or open for changes.
   [[nodiscard]] bool IsBeingEntered() const;
   /// The folder that report paths are relative to.
-  [[nodiscard]] const std::string& ReportBaseFolder() const { return reportBaseFolder_; }
+  [[nodiscard]] const std::string& ReportBaseFolder() const { return viewReport_.BaseFolder(); }
   /// The store proposed for a new counting; -1 when none is marked as default.
-  [[nodiscard]] std::int32_t DefaultStore() const { return defaultStore_; }
+  [[nodiscard]] std::int32_t DefaultStore() const { return storeChange_.DefaultStore(); }
+  /// The form's ready flag, kept for the suite (ViewReport::Ready).
+  [[nodiscard]] bool Ready() const { return viewReport_.Ready(); }
 
-  /// Goods were searched and added as so many lines, which may be none.
+  /// Raised after a goods search, with the count of added lines, which may be 0.
   Event<int> GoodsAdded;
 
-  /// The condition on goods that the goods search left behind; empty when nothing was searched.
+  /// The condition on tblGood that the goods search left; empty when nothing was searched.
   SqlText GoodSearchCondition;
 
-  /// The search dialogs; nullptr until they were first opened. They keep their criteria until this form is
+  /// The search dialogs; nullptr before they are first opened. They keep their criteria until this form is
   /// unloaded.
   [[nodiscard]] frmInvSearch* InvSearch() const { return invSearch_.get(); }
   [[nodiscard]] frmGoodSearch* GoodSearch() const { return goodSearch_.get(); }
 
   void Activate() override;
-  /// Closing the window is Exit: a document that is being entered is not lost without a question.
+  /// Closing the window is the command Exit: a document that is being entered is not lost without a question.
   void UserClose() override;
 
  protected:
   void OnUnload() override;
 
  private:
-  [[nodiscard]] CountingControls DocumentControls();
   void ConnectEvents();
-  void SetUpStores();
   void ShowInvSearch();
-  void ShowGoodSearch();
+  const SqlText& SearchGoods();
+  void AddSearchedGoods();
   void Exit();
   bool OpenFound(std::int32_t id);
   void RunAndTick(const std::function<void()>& command);
   void Save(const std::function<void()>& command);
 
   SharedState& shared_;
-  std::string reportBaseFolder_;
-  std::int32_t defaultStore_ = StoreChange::kNoDefaultStore;
   bool started_ = false;
-  bool ready_ = true;  ///< off while a report is shown
   CountingLines lines_;
   LineEditing editing_;
   SystemQuantity quantity_;
+  AddGoods addGoods_;
   StoreChange storeChange_;
   DocumentCommands commands_;
   TemporarySave temporarySave_;
   FinalRegistration finalRegistration_;
   ReturnToTemporary returnToTemporary_;
-  AddGoods addGoods_;
   ViewReport viewReport_;
   ExcelExport excelExport_;
   LinkedDocuments linkedDocuments_;

@@ -2,7 +2,6 @@
 
 #include <string>
 #include <unordered_set>
-#include <utility>
 
 #include "lines/LineColumns.h"
 #include "platform/text/Numbers.h"
@@ -11,7 +10,7 @@
 namespace koru {
 namespace {
 
-/// The barcodes of all lines, so that thirty thousand goods are not each looked for in thirty thousand lines.
+/// The barcodes of all lines: a good is looked up in constant time.
 class LineBarcodes {
  public:
   explicit LineBarcodes(const Grid& lines) {
@@ -30,61 +29,59 @@ class LineBarcodes {
 
 }  // namespace
 
-AddGoods::AddGoods(Grid& flexDetail, const TreeSelector& gmpInventory, ProgressBar& pgbStatus, Screen& screen,
-                   dteInvCounting& data, const Messages& messages, SystemQuantity& quantity,
-                   CountingLines& lines, std::function<void()> showGoodSearch,
-                   const SqlText& goodSearchCondition)
-    : flexDetail_(flexDetail),
-      gmpInventory_(gmpInventory),
-      pgbStatus_(pgbStatus),
-      screen_(screen),
-      data_(data),
-      messages_(messages),
-      quantity_(quantity),
+AddGoods::AddGoods(InvCountingControls& controls, SharedState& shared, CountingLines& lines,
+                   SystemQuantity& quantity)
+    : controls_(controls),
+      flexDetail_(controls.flexDetail),
+      shared_(shared),
       lines_(lines),
-      showGoodSearch_(std::move(showGoodSearch)),
-      goodSearchCondition_(goodSearchCondition) {}
+      quantity_(quantity) {}
 
-std::optional<int> AddGoods::Run() {
-  if (gmpInventory_.NothingSelected()) {
-    messages_.ShowMessage(sentences::kError, "انبار انتخاب نشده است.");
-    return std::nullopt;
+bool AddGoods::MayAdd() {
+  if (controls_.gmpInventory.NothingSelected()) {
+    shared_.messages.ShowMessage(sentences::kError, "انبار انتخاب نشده است.");
+    return false;
   }
-  if (flexDetail_.Rows() > 1) {
-    const int answer = messages_.AskQuestion(
-        sentences::kWarning, "كالاهاي جديد به كالاهاي فعلي اضافه مي شوند. آيا ادامه مي دهيد؟");
-    if (answer == kAnswerNo) return std::nullopt;
-  }
-  showGoodSearch_();
-  if (goodSearchCondition_.Empty()) return std::nullopt;
-  Recordset goods = data_.rssqlINVGood.Open(SqlText("Select tblGood.barcode,isnull(tblGood.Code,'') as "
-                                                    "GoodCode,tblGood.Name as GoodName from tblGood Where ") +
-                                            goodSearchCondition_);
-  pgbStatus_.SetVisible(true);
-  pgbStatus_.SetMax(static_cast<int>(goods.RecordCount()));
-  pgbStatus_.SetValue(0);
+  if (flexDetail_.Rows() < 2) return true;
+  return shared_.messages.AskQuestion(sentences::kWarning,
+                                      "كالاهاي جديد به كالاهاي فعلي اضافه مي شوند. آيا ادامه مي دهيد؟") !=
+         kAnswerNo;
+}
+
+std::optional<int> AddGoods::Run(const GoodSearch& search) {
+  if (!MayAdd()) return std::nullopt;
+  const SqlText& condition = search();
+  if (condition.Empty()) return std::nullopt;
+  Recordset goods =
+      shared_.data.rssqlINVGood.Open(SqlText("Select tblGood.barcode,isnull(tblGood.Code,'') as "
+                                             "GoodCode,tblGood.Name as GoodName from tblGood Where ") +
+                                     condition);
+  controls_.pgbStatus.SetVisible(true);
+  controls_.pgbStatus.SetMax(static_cast<int>(goods.RecordCount()));
+  controls_.pgbStatus.SetValue(0);
   const int before = flexDetail_.Rows();
   bool allFit = true;
   {
-    const Hourglass hourglass(screen_);
+    const Hourglass hourglass(shared_.services.screen);
     allFit = AddFound(goods);
-    pgbStatus_.SetVisible(false);
+    controls_.pgbStatus.SetVisible(false);
   }
   lines_.UpdateTotalQty();
   lines_.ColorRows();
   if (!allFit) {
-    messages_.ShowMessage(sentences::kWarning, "شمارش بيش از " + std::to_string(kMaxLines) +
-                                                   " سطر نمي پذيرد. كالاهايي كه جا داشتند اضافه شدند.");
+    shared_.messages.ShowMessage(
+        sentences::kWarning,
+        "شمارش بيش از " + std::to_string(kMaxLines) + " سطر نمي پذيرد. كالاهايي كه جا داشتند اضافه شدند.");
   }
   return flexDetail_.Rows() - before;
 }
 
 bool AddGoods::AddFound(Recordset& goods) {
   const GridRedrawOff redrawOff(flexDetail_);
-  const auto oneMoment = data_.BeginReadSnapshot();
+  const auto oneMoment = shared_.data.BeginReadSnapshot();
   LineBarcodes barcodes(flexDetail_);
   for (; !goods.AtEnd(); goods.MoveNext()) {
-    pgbStatus_.SetValue(pgbStatus_.Value() + 1);
+    controls_.pgbStatus.SetValue(controls_.pgbStatus.Value() + 1);
     const std::string barcode = goods.Field("Barcode").Text();
     if (barcodes.GoodExistsInGrid(barcode)) continue;
     if (flexDetail_.Rows() > kMaxLines) return false;
@@ -108,7 +105,7 @@ void AddGoods::AddLine(const Recordset& good) {
     quantity_.FillRate(row, trimmed);
     quantity_.FillSystemCounting(row, trimmed);
   } catch (...) {
-    flexDetail_.RemoveItem(row);  // else the good would count as added, and never get what it lacks
+    flexDetail_.RemoveItem(row);  // adding again must not find it and leave it incomplete
     throw;
   }
   const std::string bookStock(flexDetail_.TextMatrix(row, LineColumn::SystemCounting));

@@ -13,7 +13,7 @@
 namespace koru {
 namespace {
 
-/// The blanks give the columns their widths.
+/// The blanks set the widths of the columns.
 constexpr const char* kTitles =
     "   رديف|"
     "^  کد ميله\u200cاي            |"
@@ -34,7 +34,7 @@ constexpr const char* kTitles =
     "^ مبلغ موجودي شمارش شده";
 constexpr const char* kEditMask = "00000011110001000";
 
-/// The cells that a stored line fills as they are; shortage, surplus and amounts are derived.
+/// The cells that are filled from the stored line; shortage, surplus and amounts are derived.
 struct LoadedColumn {
   std::size_t column;
   const char* field;
@@ -53,8 +53,8 @@ constexpr LoadedColumn kLoadedColumns[] = {
     {LineColumn::Rate, "Value"},
 };
 
-/// A sum as its box gives it back: every box keeps its sum as text while it grows, line by line. The text of
-/// a whole number of up to 15 digits is that number, so it need not be written and read.
+/// The number that a box holds after `sum` was written into it: the sums are kept as the texts of their boxes
+/// from line to line. A whole number of up to 15 digits survives unchanged and needs no conversion.
 double AsItsText(double sum) {
   if (std::fabs(sum) < 1e15 && sum == std::trunc(sum)) return sum;
   return Val(NumberText(sum));
@@ -79,7 +79,7 @@ void CountingLines::FillInvCounterDetailData(std::int32_t id) {
           "Inner Join tblGood on tblInventoryCountingDetail.Barcode=tblGood.Barcode "
           "Left Outer Join tblGoodScale On ScaleID=tblGoodScale.ID where CountingID =") +
       id + " Order By RowNumber";
-  Recordset records = data_.rssqlgridenterdetail.Open(statement);
+  Recordset records = shared_.data.rssqlgridenterdetail.Open(statement);
   {
     const GridRedrawOff redrawOff(flexDetail_);
     for (; !records.AtEnd(); records.MoveNext()) AddLine(records);
@@ -116,9 +116,9 @@ void CountingLines::UpdateTotalQty() {
     below = AsItsText(below + Val(flexDetail_.TextMatrix(row, LineColumn::ShortageAmount)));
     counted = AsItsText(counted + Val(flexDetail_.TextMatrix(row, LineColumn::CountedAmount)));
   }
-  txtTotalAboveValue_.SetText(NumberText(Round(above, 0)));
-  txtTotalBelowValue_.SetText(NumberText(Round(below, 0)));
-  txtTotalValue_.SetText(NumberText(Round(counted, 0)));
+  controls_.txtTotalAboveValue.SetText(NumberText(Round(above, 0)));
+  controls_.txtTotalBelowValue.SetText(NumberText(Round(below, 0)));
+  controls_.txtTotalValue.SetText(NumberText(Round(counted, 0)));
 }
 
 void CountingLines::RefreshRows() {

@@ -27,7 +27,7 @@ enum : int {
 
 inline constexpr int kLineColumns = 17;
 
-/// Row numbers are 16-bit: a counting ends at this many lines.
+/// Row numbers are 16-bit: a counting has at most this number of lines.
 inline constexpr int kMaxLines = 32767;
 
 }  // namespace koru

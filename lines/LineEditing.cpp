@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kMaxQuantityWithoutWarning = 1e9;
 
-/// What a person is told of a number out of range, and in which columns.
+/// The messages about a number out of range.
 struct RangeMessages {
   const char* tooMuch;
   const char* tooLittle;
@@ -29,17 +29,16 @@ const RangeMessages* MessagesOf(int col) {
 
 }  // namespace
 
-LineEditing::LineEditing(Grid& flexDetail, CountingLines& lines, const Messages& messages,
-                         const DocumentMode& DocMode)
-    : flexDetail_(flexDetail), lines_(lines), messages_(messages), docMode_(DocMode) {
-  subscriptions_.push_back(flexDetail.ValidateEdit.Subscribe([this] { ValidateEdit(); }));
-  subscriptions_.push_back(flexDetail.CellChanged.Subscribe([this] { CellChanged(); }));
-  subscriptions_.push_back(flexDetail.BatchEdited.Subscribe([this] { lines_.UpdateTotalQty(); }));
-  subscriptions_.push_back(flexDetail.RowDeleting.Subscribe([this] { RowDeleting(); }));
-  subscriptions_.push_back(flexDetail.RowDeleted.Subscribe([this] { RowDeleted(); }));
-  subscriptions_.push_back(flexDetail.RowChange.Subscribe([this] { RemoveEmptyRow(); }));
-  subscriptions_.push_back(flexDetail.LeaveGrid.Subscribe([this] { RemoveEmptyRow(); }));
-  subscriptions_.push_back(flexDetail.HeaderClick.Subscribe([this](int col) { SortBy(col); }));
+LineEditing::LineEditing(InvCountingControls& controls, SharedState& shared, CountingLines& lines)
+    : flexDetail_(controls.flexDetail), shared_(shared), lines_(lines) {
+  subscriptions_.push_back(flexDetail_.ValidateEdit.Subscribe([this] { ValidateEdit(); }));
+  subscriptions_.push_back(flexDetail_.CellChanged.Subscribe([this] { CellChanged(); }));
+  subscriptions_.push_back(flexDetail_.BatchEdited.Subscribe([this] { lines_.UpdateTotalQty(); }));
+  subscriptions_.push_back(flexDetail_.RowDeleting.Subscribe([this] { RowDeleting(); }));
+  subscriptions_.push_back(flexDetail_.RowDeleted.Subscribe([this] { RowDeleted(); }));
+  subscriptions_.push_back(flexDetail_.RowChange.Subscribe([this] { RemoveEmptyRow(); }));
+  subscriptions_.push_back(flexDetail_.LeaveGrid.Subscribe([this] { RemoveEmptyRow(); }));
+  subscriptions_.push_back(flexDetail_.HeaderClick.Subscribe([this](int col) { SortBy(col); }));
 }
 
 void LineEditing::CalculateRow(int row) {
@@ -71,11 +70,12 @@ void LineEditing::ValidateEdit() {
   const RangeMessages* const messages = MessagesOf(flexDetail_.Col());
   if (messages == nullptr) return;
   const std::string typed = flexDetail_.EditText();
-  // Too much is only warned of, since a count may really be that large; a negative count cannot be.
-  if (Val(typed) > kMaxQuantityWithoutWarning) messages_.ShowMessage(sentences::kError, messages->tooMuch);
+  // A large number gets a warning alone, since a count can really be that large; a negative one is refused.
+  if (Val(typed) > kMaxQuantityWithoutWarning)
+    shared_.messages.ShowMessage(sentences::kError, messages->tooMuch);
   if (!Trim(typed).empty()) flexDetail_.SetEditText(NumberText(Val(typed)));
   if (Val(flexDetail_.EditText()) < 0) {
-    messages_.ShowMessage(sentences::kError, messages->tooLittle);
+    shared_.messages.ShowMessage(sentences::kError, messages->tooLittle);
     flexDetail_.SetEditAccepted(false);
   }
 }
@@ -93,8 +93,9 @@ void LineEditing::RowDeleting() {
     return;
   }
   flexDetail_.SetDeleteAllowed(false);
-  if (docMode_ != DocumentMode::Editing && docMode_ != DocumentMode::New) return;
-  flexDetail_.SetDeleteAllowed(messages_.AskQuestion(kDeleteLine, sentences::kAreYouSure) == kAnswerYes);
+  if (shared_.DocMode != DocumentMode::Editing && shared_.DocMode != DocumentMode::New) return;
+  flexDetail_.SetDeleteAllowed(shared_.messages.AskQuestion(kDeleteLine, sentences::kAreYouSure) ==
+                               kAnswerYes);
 }
 
 void LineEditing::RowDeleted() {

@@ -2,30 +2,30 @@
 
 #include <vector>
 
+#include "counting/controls/InvCountingControls.h"
 #include "lines/CountingLines.h"
-#include "platform/controls/Grid.h"
-#include "services/Messages.h"
 #include "services/SharedState.h"
 
 namespace koru {
 
-/// What happens when a person works in the line grid: it tests and normalises what is typed, derives a line's
-/// shortage, surplus and amounts, asks before a line goes, takes empty lines away and sorts.
+/// What happens while a user works in the line grid: typed figures are tested and normalised, a line's
+/// shortage, surplus and amounts are derived, the user confirms before a line is removed, lines without a
+/// barcode are removed, and a click on a title sorts.
 class LineEditing {
  public:
-  /// Listens to the grid for as long as the object lives. All must outlive the object; `DocMode` is read when
-  /// a line is to be deleted.
-  LineEditing(Grid& flexDetail, CountingLines& lines, const Messages& messages, const DocumentMode& DocMode);
+  /// Listens to the grid during the object's lifetime. All must outlive the object.
+  LineEditing(InvCountingControls& controls, SharedState& shared, CountingLines& lines);
   LineEditing(const LineEditing&) = delete;
   LineEditing& operator=(const LineEditing&) = delete;
   ~LineEditing() = default;
 
   /// Derives shortage or surplus (3 decimals, half to even) and the amounts of a line from its accepted
-  /// count, its book stock and its rate. While the accepted count is empty it counts as 0, and the counted
-  /// amount keeps its text.
+  /// count, its book stock and its rate. An empty accepted count counts as 0, and the counted amount then
+  /// keeps its text.
   void CalculateRow(int row);
 
-  /// While suspended, lines without a barcode stay when the person leaves them.
+  /// While suspended, a line without a barcode stays when the user leaves it. Kept for the suite: nothing in
+  /// this component suspends it.
   void SuspendEmptyRowRemoval(bool suspended) { emptyRowRemovalSuspended_ = suspended; }
 
  private:
@@ -37,9 +37,8 @@ class LineEditing {
   void SortBy(int col);
 
   Grid& flexDetail_;
+  SharedState& shared_;
   CountingLines& lines_;
-  const Messages& messages_;
-  const DocumentMode& docMode_;
   bool emptyRowRemovalSuspended_ = false;
   std::vector<Subscription> subscriptions_;
 };

@@ -16,36 +16,31 @@ double AsWritten(double sum) { return Val(NumberText(sum)); }
 
 }  // namespace
 
-SystemQuantity::SystemQuantity(Grid& flexDetail, const TreeSelector& gmpInventory, const DateBox& gdpFromDate,
-                               const DateBox& gdpToDate, ProgressBar& pgbStatus, Screen& screen,
-                               dteInvCounting& data, LineEditing& editing, CountingLines& lines)
-    : flexDetail_(flexDetail),
-      gmpInventory_(gmpInventory),
-      gdpFromDate_(gdpFromDate),
-      gdpToDate_(gdpToDate),
-      pgbStatus_(pgbStatus),
-      screen_(screen),
-      data_(data),
-      editing_(editing),
-      lines_(lines) {}
+SystemQuantity::SystemQuantity(InvCountingControls& controls, SharedState& shared, CountingLines& lines,
+                               LineEditing& editing)
+    : controls_(controls),
+      flexDetail_(controls.flexDetail),
+      shared_(shared),
+      lines_(lines),
+      editing_(editing) {}
 
 void SystemQuantity::CalculateAllLines() {
-  pgbStatus_.SetVisible(true);
-  pgbStatus_.SetMax(flexDetail_.Rows() - 1);
-  pgbStatus_.SetValue(0);
+  controls_.pgbStatus.SetVisible(true);
+  controls_.pgbStatus.SetMax(flexDetail_.Rows() - 1);
+  controls_.pgbStatus.SetValue(0);
   {
-    const Hourglass hourglass(screen_);
+    const Hourglass hourglass(shared_.services.screen);
     const GridRedrawOff redrawOff(flexDetail_);
-    const auto oneMoment = flexDetail_.Rows() > 1 ? data_.BeginReadSnapshot() : nullptr;
+    const auto oneMoment = flexDetail_.Rows() > 1 ? shared_.data.BeginReadSnapshot() : nullptr;
     for (int row = 1; row < flexDetail_.Rows(); ++row) {
-      pgbStatus_.SetValue(pgbStatus_.Value() + 1);
+      controls_.pgbStatus.SetValue(controls_.pgbStatus.Value() + 1);
       const std::string barcode(Trim(flexDetail_.TextMatrix(row, LineColumn::Barcode)));
       FillUnit(row, barcode);
       FillRate(row, barcode);
       FillSystemCounting(row, barcode);
       editing_.CalculateRow(row);
     }
-    pgbStatus_.SetVisible(false);
+    controls_.pgbStatus.SetVisible(false);
   }
   lines_.UpdateTotalQty();
 }
@@ -76,7 +71,8 @@ void SystemQuantity::FillUnit(int row, std::string_view barcode) {
 
 void SystemQuantity::FillRate(int row, std::string_view barcode) {
   const SqlText rest = SqlText("' and Isnull(Value,0)>0 and ") +
-                       DocumentCondition(gmpInventory_.SelectedID()) + ")) Order By ReceiveDate Desc";
+                       DocumentCondition(controls_.gmpInventory.SelectedID()) +
+                       ")) Order By ReceiveDate Desc";
   const bool found = FillRateFrom(
       row, SqlText("Select isnull(Value,0) as Value from tblInventoryDispatchDetail,tblInventoryDispatch "
                    "Where ID=DispatchID and Barcode='") +
@@ -89,25 +85,26 @@ void SystemQuantity::FillRate(int row, std::string_view barcode) {
 }
 
 void SystemQuantity::FillSystemCounting(int row, std::string_view barcode) {
-  const double quantity = GetQTy(gmpInventory_.SelectedID(), barcode);
+  const double quantity = GetQTy(controls_.gmpInventory.SelectedID(), barcode);
   flexDetail_.SetTextMatrix(row, LineColumn::SystemCounting, NumberText(quantity));
 }
 
 SqlText SystemQuantity::DocumentCondition(std::int32_t invID) const {
   SqlText condition;
   // Dispatches, too, carry their date in ReceiveDate.
-  if (const auto from = gdpFromDate_.Value()) condition = condition + "ReceiveDate>='" + *from + "' and ";
-  if (const auto to = gdpToDate_.Value()) condition = condition + "ReceiveDate<='" + *to + "' and ";
+  if (const auto from = controls_.gdpFromDate.Value())
+    condition = condition + "ReceiveDate>='" + *from + "' and ";
+  if (const auto to = controls_.gdpToDate.Value()) condition = condition + "ReceiveDate<='" + *to + "' and ";
   return condition + " Code is not NULL and (InventoryID=" + invID +
          " or InventoryID in (Select ChildID from tblInventoryParent Where ID=" + invID;
 }
 
 double SystemQuantity::SumOfQty(const SqlText& statement) {
-  return data_.rssqlCommon.Open(statement).Field("Qty").Number();
+  return shared_.data.rssqlCommon.Open(statement).Field("Qty").Number();
 }
 
 bool SystemQuantity::FillUnitFrom(int row, const SqlText& statement) {
-  const Recordset units = data_.rssqlCommon.Open(statement);
+  const Recordset units = shared_.data.rssqlCommon.Open(statement);
   if (units.RecordCount() == 0) return false;
   flexDetail_.SetTextMatrix(row, LineColumn::UnitName, units.Field("Name").Text());
   flexDetail_.SetTextMatrix(row, LineColumn::ScaleID, units.Field("ID").Text());
@@ -115,7 +112,7 @@ bool SystemQuantity::FillUnitFrom(int row, const SqlText& statement) {
 }
 
 bool SystemQuantity::FillRateFrom(int row, const SqlText& statement) {
-  const Recordset rates = data_.rssqlCommon.Open(statement);
+  const Recordset rates = shared_.data.rssqlCommon.Open(statement);
   if (rates.RecordCount() == 0) return false;
   flexDetail_.SetTextMatrix(row, LineColumn::Rate, rates.Field("Value").Text());
   return true;

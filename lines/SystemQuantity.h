@@ -3,32 +3,27 @@
 #include <cstdint>
 #include <string_view>
 
+#include "counting/controls/InvCountingControls.h"
 #include "lines/CountingLines.h"
 #include "lines/LineEditing.h"
-#include "platform/controls/DateBox.h"
-#include "platform/controls/Grid.h"
-#include "platform/controls/ProgressBar.h"
-#include "platform/controls/Selector.h"
-#include "platform/ports/Screen.h"
 #include "platform/sql/SqlText.h"
-#include "services/dteInvCounting.h"
+#include "services/SharedState.h"
 
 namespace koru {
 
-/// Book stock, unit and rate of goods, from the registered receipts and dispatches of the store that the
-/// header names (and of its children) between the header's dates; an empty date leaves its end open. It reads
-/// the header as it stands when asked, and writes to the grid alone. Everything that reads throws
+/// Book stock, unit and rate of goods. They come from the registered receipts and dispatches of the store in
+/// the header and of its children, between the dates in the header; an empty date sets no bound. The header
+/// is read at each call; only the line grid is written. Everything that reads the database throws
 /// DatabaseError.
 class SystemQuantity {
  public:
   /// All must outlive the object.
-  SystemQuantity(Grid& flexDetail, const TreeSelector& gmpInventory, const DateBox& gdpFromDate,
-                 const DateBox& gdpToDate, ProgressBar& pgbStatus, Screen& screen, dteInvCounting& data,
-                 LineEditing& editing, CountingLines& lines);
+  SystemQuantity(InvCountingControls& controls, SharedState& shared, CountingLines& lines,
+                 LineEditing& editing);
 
-  /// The command cmdCalc: every line gets its unit, rate and book stock anew, and from them shortage, surplus
-  /// and amounts; then the sums. When the database fails, the lines done so far stay and pgbStatus stays
-  /// visible.
+  /// The command cmdCalc: reads unit, rate and book stock of every line again, derives shortage, surplus and
+  /// amounts, and sums. When the database fails, the lines done by then keep their results and pgbStatus
+  /// stays visible.
   void CalculateAllLines();
 
   /// Book stock of a good: received minus dispatched, in the unit of the documents, each sum taken as its 15
@@ -36,34 +31,30 @@ class SystemQuantity {
   /// chosen) has none; blanks around `barcode` do not count.
   [[nodiscard]] double GetQTy(std::int32_t invID, std::string_view barcode);
 
-  /// The line's unit name and key: the good's base unit, else the base unit with the lowest key; as they were
-  /// when there is none at all. `barcode` is written into the statements as it is.
+  /// Sets the line's unit name and key: the good's base unit, or else the base unit with the lowest key.
+  /// Without any base unit both stay. `barcode` is written into the statements unchanged.
   void FillUnit(int row, std::string_view barcode);
 
-  /// The line's rate: of the latest dispatch with a value, else of the latest such receipt, else as it was.
-  /// `barcode` is written into the statements as it is.
+  /// Sets the line's rate: that of the latest dispatch with a value, or else of the latest receipt with one.
+  /// Without either it stays. `barcode` is written into the statements unchanged.
   void FillRate(int row, std::string_view barcode);
 
-  /// The line's book stock, of the store that the header names.
+  /// Sets the line's book stock in the store of the header.
   void FillSystemCounting(int row, std::string_view barcode);
 
  private:
   /// `ReceiveDate>='...' and ReceiveDate<='...' and  Code is not NULL and (InventoryID=... in (Select ...
-  /// Where ID=...`; its two brackets are left open.
+  /// Where ID=...`; its two parentheses are left open.
   [[nodiscard]] SqlText DocumentCondition(std::int32_t invID) const;
   [[nodiscard]] double SumOfQty(const SqlText& statement);
   bool FillUnitFrom(int row, const SqlText& statement);
   bool FillRateFrom(int row, const SqlText& statement);
 
+  InvCountingControls& controls_;
   Grid& flexDetail_;
-  const TreeSelector& gmpInventory_;
-  const DateBox& gdpFromDate_;
-  const DateBox& gdpToDate_;
-  ProgressBar& pgbStatus_;
-  Screen& screen_;
-  dteInvCounting& data_;
-  LineEditing& editing_;
+  SharedState& shared_;
   CountingLines& lines_;
+  LineEditing& editing_;
 };
 
 }  // namespace koru

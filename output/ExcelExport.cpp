@@ -7,20 +7,19 @@
 namespace koru {
 
 void ExcelExport::Run() {
-  if (flexDetail_.Rows() < 2) return;
-  const Hourglass busy(screen_);
-  const std::unique_ptr<Spreadsheet> sheet = spreadsheets_.NewWorkbook();
+  if (controls_.flexDetail.Rows() < 2) return;
+  const Hourglass busy(shared_.services.screen);
+  const std::unique_ptr<Spreadsheet> sheet = shared_.services.spreadsheets.NewWorkbook();
   Copy(*sheet);
   sheet->LeaveOpen();
 }
 
 void ExcelExport::Copy(Spreadsheet& sheet) {
-  const int rows = flexDetail_.Rows();
-  ShownProgress progress(pgbStatus_, rows);
+  const Grid& lines = controls_.flexDetail;
+  const int rows = lines.Rows();
+  ShownProgress progress(controls_.pgbStatus, rows);
   for (int row = 0; row < rows; ++row) {
-    for (int col = 0; col < flexDetail_.Cols(); ++col) {
-      sheet.SetCell(row + 1, col + 1, flexDetail_.TextMatrix(row, col));
-    }
+    for (int col = 0; col < lines.Cols(); ++col) sheet.SetCell(row + 1, col + 1, lines.TextMatrix(row, col));
     progress.Step();
   }
 }

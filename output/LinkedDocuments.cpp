@@ -1,33 +1,32 @@
 #include "output/LinkedDocuments.h"
 
 #include "platform/ports/ComponentError.h"
-#include "platform/text/Numbers.h"
 
 namespace koru {
 
 void LinkedDocuments::SetUp() {
-  const auto hostIfThere = [this](std::string_view className) -> std::unique_ptr<SiblingComponent> {
+  const auto hostIfRegistered = [this](std::string_view className) -> std::unique_ptr<SiblingComponent> {
     try {
       return Host(className);
     } catch (const ComponentError&) {
       return nullptr;
     }
   };
-  comInvExit_ = hostIfThere(DocumentComponent::kDispatchClassName);
-  comInvReceipt_ = hostIfThere(DocumentComponent::kReceiptClassName);
+  comInvExit_ = hostIfRegistered(DocumentComponent::kDispatchClassName);
+  comInvReceipt_ = hostIfRegistered(DocumentComponent::kReceiptClassName);
 }
 
 void LinkedDocuments::OpenDispatch() {
   Open(SqlText("Select * from tblInventoryDispatch Where ID in (Select DispatchID from tblInventoryCounting "
                "Where ID = ") +
-           Val(lblIDVal_.Caption()) + ")",
+           controls_.CountingID() + ")",
        "برگه خروجي از روي اين شمارش صادر نشده است.", comInvExit_.get());
 }
 
 void LinkedDocuments::OpenReceipt() {
   Open(SqlText("Select * from tblInventoryReceipt Where ID in (Select ReceiptID from tblInventoryCounting "
                "Where ID = ") +
-           Val(lblIDVal_.Caption()) + ")",
+           controls_.CountingID() + ")",
        "برگه رسيدي از روي اين شمارش صادر نشده است.", comInvReceipt_.get());
 }
 
@@ -53,7 +52,7 @@ void LinkedDocuments::Open(const SqlText& documents, const char* noDocument,
   if (document == nullptr) {
     throw ComponentError("در اين برنامه جزئي براي نمايش اين سند نيست.", ComponentError::kNotRegistered);
   }
-  HandOver(*document);  // the host may have signed somebody else in since the form was loaded
+  HandOver(*document);  // another user may have signed in since the form was loaded
   document->View(found.Field("ID").Integer());
 }
 

@@ -3,24 +3,25 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/controls/Label.h"
+#include "counting/controls/InvCountingControls.h"
 #include "platform/ports/Components.h"
 #include "services/SharedState.h"
 
 namespace koru {
 
 /// The commands cmdInvExit and cmdInvReceipt: open the dispatch and the receipt that registration wrote for
-/// the counting on the form, each in the suite's own component, which is hosted on the form.
+/// the counting on the form, each in the suite's own component, which the form hosts.
 class LinkedDocuments {
  public:
-  /// `shared` and `lblIDVal`, which holds the counting's key, must outlive the object.
-  LinkedDocuments(SharedState& shared, const Label& lblIDVal) : shared_(shared), lblIDVal_(lblIDVal) {}
+  /// Both must outlive the object.
+  LinkedDocuments(InvCountingControls& controls, SharedState& shared)
+      : controls_(controls), shared_(shared) {}
 
   /// Makes the two components and gives them the connection and the signed-in user. A suite without one of
   /// them can still count; only opening its documents then fails.
   void SetUp();
 
-  /// Each says so when the counting has no such document. Throws DatabaseError, and ComponentError (429) when
+  /// A counting without such a document gets a message. Throws DatabaseError, and ComponentError (429) when
   /// the suite has no component for the document.
   void OpenDispatch();
   void OpenReceipt();
@@ -30,8 +31,8 @@ class LinkedDocuments {
   void HandOver(DocumentComponent& document) const;
   void Open(const SqlText& documents, const char* noDocument, SiblingComponent* component) const;
 
+  InvCountingControls& controls_;
   SharedState& shared_;
-  const Label& lblIDVal_;
   std::unique_ptr<SiblingComponent> comInvExit_;
   std::unique_ptr<SiblingComponent> comInvReceipt_;
 };

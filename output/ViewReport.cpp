@@ -2,12 +2,11 @@
 
 #include "output/frmReport.h"
 #include "platform/ports/ComponentError.h"
-#include "platform/text/Numbers.h"
 
 namespace koru {
 namespace {
 
-/// Off for as long as it lives.
+/// The flag is off during the object's lifetime.
 class NotReady {
  public:
   explicit NotReady(bool& ready) : ready_(ready) { ready_ = false; }
@@ -21,6 +20,12 @@ class NotReady {
 
 }  // namespace
 
+void ViewReport::ReadBaseFolder() {
+  const Recordset base =
+      shared_.data.rssqlCommon.Open(SqlText("Select Isnull(BasePath,'') as BasePath from vwPelinBasePath"));
+  baseFolder_ = base.RecordCount() == 0 ? std::string() : base.Field("BasePath").Text();
+}
+
 void ViewReport::Run() {
   ReportPrinter& printer = Printer();
   printer.SetReportFileName({});
@@ -30,15 +35,15 @@ void ViewReport::Run() {
   if (!shared_.services.files.FileExists(path)) printer.SetReportFileName(baseFolder_ + path);
   const Hourglass busy(shared_.services.screen);
   printer.SetConnectionString(shared_.data.ConnectionString());
-  const SqlText query = SqlText("SELECT * From vwInventoryCountingPrint Where ID=") +
-                        Val(lblIDVal_.Caption()) + " order by GoodCode";
+  const SqlText query = SqlText("SELECT * From vwInventoryCountingPrint Where ID=") + controls_.CountingID() +
+                        " order by GoodCode";
   printer.SetSQLQuery(query);
   printer.SetFormula(1, CompanyFormula());
   const NotReady shown(ready_);
   printer.Show();
 }
 
-/// The printer is kept from the first report on, as a component that stands on the form would be.
+/// The printer is kept from the first report on, as a component placed on the form would be.
 ReportPrinter& ViewReport::Printer() {
   if (!component_) component_ = shared_.services.components.Create(ReportPrinter::kClassName);
   auto* const printer = dynamic_cast<ReportPrinter*>(component_.get());
@@ -59,7 +64,7 @@ std::string ViewReport::ChooseReport() const {
   return chooser.ChosenFilePath();
 }
 
-/// The name stands in the formula as it is: an apostrophe in it is not doubled.
+/// The name is written into the formula unchanged: an apostrophe in it is not doubled.
 std::string ViewReport::CompanyFormula() const {
   const Recordset company = shared_.data.rssqlCommon.Open(SqlText("Select top 1 Name from vwPelinCompany"));
   const std::string name = company.RecordCount() == 0 ? std::string() : company.Field("Name").Text();

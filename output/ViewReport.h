@@ -1,29 +1,37 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
-#include "platform/controls/Label.h"
+#include "counting/controls/InvCountingControls.h"
 #include "platform/ports/ReportPrinter.h"
 #include "services/SharedState.h"
 
 namespace koru {
 
-/// The command cmdView: the person chooses a report template, and the suite's report printer shows the stored
+/// The command cmdView: the user chooses a report template, and the suite's report printer shows the stored
 /// lines of the counting on the form with it.
 class ViewReport {
  public:
   /// The kind of form whose report templates are offered.
   static constexpr std::int32_t kFormType = 806;
 
-  /// All must outlive the command. `lblIDVal` holds the counting's key, `baseFolder` what a report path that
-  /// does not exist as it is gets in front, without a separator added; `ready` is off while the report is
-  /// shown.
-  ViewReport(SharedState& shared, const Label& lblIDVal, const std::string& baseFolder, bool& ready)
-      : shared_(shared), lblIDVal_(lblIDVal), baseFolder_(baseFolder), ready_(ready) {}
+  /// Both must outlive the command.
+  ViewReport(InvCountingControls& controls, SharedState& shared) : controls_(controls), shared_(shared) {}
 
-  /// Nothing is shown, and nothing said, when the form has no template or the person chooses none. Throws
-  /// ComponentError (429) when the suite has no report printer, DatabaseError, and what the printer throws.
+  /// Reads the suite's report folder. Throws DatabaseError.
+  void ReadBaseFolder();
+  /// The folder that report paths are relative to; empty before ReadBaseFolder and when the suite has none.
+  [[nodiscard]] const std::string& BaseFolder() const { return baseFolder_; }
+
+  /// Off while the report is shown. Kept for the suite, whose forms have such a flag: nothing in this
+  /// component asks.
+  [[nodiscard]] bool Ready() const { return ready_; }
+
+  /// A report path that names no file gets the base folder put before it, without a separator. Without a
+  /// template, or when the user chooses none, nothing is shown. Throws ComponentError (429) when the suite
+  /// has no report printer, DatabaseError, and what the printer throws.
   void Run();
 
  private:
@@ -31,10 +39,10 @@ class ViewReport {
   [[nodiscard]] std::string ChooseReport() const;
   [[nodiscard]] std::string CompanyFormula() const;
 
+  InvCountingControls& controls_;
   SharedState& shared_;
-  const Label& lblIDVal_;
-  const std::string& baseFolder_;
-  bool& ready_;
+  std::string baseFolder_;
+  bool ready_ = true;
   std::unique_ptr<SiblingComponent> component_;
 };
 

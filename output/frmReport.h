@@ -10,26 +10,26 @@
 
 namespace koru {
 
-/// The modal chooser of a report template. It is made anew for every choice; closing it in any other way than
-/// by its two buttons chooses nothing.
+/// The modal chooser of a report template, made anew for every choice. Both buttons choose; closing the
+/// window chooses nothing.
 class frmReport : public Form {
  public:
   /// `shared` must outlive the form; `formType` is the kind of form whose templates are offered.
   frmReport(SharedState& shared, std::int32_t formType);
 
-  /// Fills cmbReport with the templates of the form type and chooses the first; answers whether there is any.
-  /// Throws DatabaseError.
+  /// Fills cmbReport with the templates of the form type and chooses the first. Returns whether there are
+  /// any. Throws DatabaseError.
   bool FillReportTemplates();
-  /// What the report is wanted for; stands in the form's title.
+  /// What the report is for, shown as the form's title.
   void SetHeading(std::string heading) { SetCaption(std::move(heading)); }
-  /// The file of the chosen template as the suite keeps it; empty when none was chosen.
+  /// The file of the chosen template, as the suite stores it; empty when none was chosen.
   [[nodiscard]] const std::string& ChosenFilePath() const { return chosenFilePath_; }
 
   ComboBox cmbReport;
-  Button cmdPrint;
+  Button cmdPrint;  ///< chooses, as cmdOk does
   Button cmdOk;
 
-  /// A choice that was not made leaves nothing behind that could be shown again.
+  /// Unloads, since the chooser is not shown again.
   void UserClose() override { Unload(); }
 
  private:

@@ -9,7 +9,7 @@
 
 namespace koru {
 
-/// The texts of one kind of document; the statements are cut where a key follows.
+/// The statements of one kind of document, each up to the place of a key.
 struct AdjustmentDocuments::Texts {
   FixedSql insertHeader;
   FixedSql newestID;
@@ -21,23 +21,31 @@ struct AdjustmentDocuments::Texts {
 
 void AdjustmentDocuments::CreateAdjustmentDocuments() {
   static constexpr Texts kDispatch{
-      "insert into tblInventoryDispatch (inventoryid,creatorid,ReceiveDate,FarsiReceiveDate, createdate,"
-      "FarsiCreateDate,Notes) values (",
-      "select Max(ID) as MaxID from tblInventoryDispatch",
-      "Select Barcode,sum(-ContradictionCounting) as Qty,ScaleID from tblInventoryCountingDetail where "
-      "ContradictionCounting < 0 and CountingID=",
-      "insert into tblInventoryDispatchDetail (DispatchID,barcode,qty,ScaleID,ScaleQty,Description) Values(",
-      "Delete tblInventoryDispatch Where ID = ",
-      "Update tblInventoryCounting set DispatchID = "};
+      .insertHeader =
+          "insert into tblInventoryDispatch (inventoryid,creatorid,ReceiveDate,FarsiReceiveDate, createdate,"
+          "FarsiCreateDate,Notes) values (",
+      .newestID = "select Max(ID) as MaxID from tblInventoryDispatch",
+      .differences =
+          "Select Barcode,sum(-ContradictionCounting) as Qty,ScaleID from tblInventoryCountingDetail where "
+          "ContradictionCounting < 0 and CountingID=",
+      .insertLine =
+          "insert into tblInventoryDispatchDetail (DispatchID,barcode,qty,ScaleID,ScaleQty,Description) "
+          "Values(",
+      .deleteHeader = "Delete tblInventoryDispatch Where ID = ",
+      .link = "Update tblInventoryCounting set DispatchID = "};
   static constexpr Texts kReceipt{
-      "insert into tblInventoryReceipt (inventoryid,creatorid,ReceiveDate,FarsiReceiveDate, createdate,"
-      "FarsiCreateDate,Notes) values (",
-      "select Max(ID) as MaxID from tblInventoryReceipt",
-      "Select Barcode,sum(ContradictionCounting) as Qty,ScaleID from tblInventoryCountingDetail where "
-      "ContradictionCounting > 0 and CountingID=",
-      "insert into tblInventoryReceiptDetail (ReceiptID,barcode,qty,ScaleID,ScaleQty,Description) Values(",
-      "Delete tblInventoryReceipt Where ID = ",
-      "Update tblInventoryCounting set ReceiptID = "};
+      .insertHeader =
+          "insert into tblInventoryReceipt (inventoryid,creatorid,ReceiveDate,FarsiReceiveDate, createdate,"
+          "FarsiCreateDate,Notes) values (",
+      .newestID = "select Max(ID) as MaxID from tblInventoryReceipt",
+      .differences =
+          "Select Barcode,sum(ContradictionCounting) as Qty,ScaleID from tblInventoryCountingDetail where "
+          "ContradictionCounting > 0 and CountingID=",
+      .insertLine =
+          "insert into tblInventoryReceiptDetail (ReceiptID,barcode,qty,ScaleID,ScaleQty,Description) "
+          "Values(",
+      .deleteHeader = "Delete tblInventoryReceipt Where ID = ",
+      .link = "Update tblInventoryCounting set ReceiptID = "};
   RemoveEarlierDocuments(shared_.data, controls_.CountingID());
   CreateDocument(kDispatch);
   CreateDocument(kReceipt);

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "registration/CountingControls.h"
+#include "counting/controls/InvCountingControls.h"
 #include "services/SharedState.h"
 
 namespace koru {
@@ -12,13 +12,13 @@ namespace koru {
 /// components.
 class AdjustmentDocuments {
  public:
-  /// `controls` and `shared` must outlive the object.
-  AdjustmentDocuments(const CountingControls& controls, SharedState& shared)
+  /// Both must outlive the object.
+  AdjustmentDocuments(InvCountingControls& controls, SharedState& shared)
       : controls_(controls), shared_(shared) {}
 
-  /// Removes the documents that were written for the counting before and writes those that its stored lines
-  /// ask for: first the dispatch, then the receipt. A document without lines is removed again, and the
-  /// counting keeps its old link. Throws DatabaseError; what was written before stays.
+  /// Removes the documents that an earlier registration wrote for the counting, then writes those that follow
+  /// from its stored lines: first the dispatch, then the receipt. A document without lines is removed again,
+  /// and the counting keeps its old link. Throws DatabaseError; what was written by then stays.
   void CreateAdjustmentDocuments();
 
  private:
@@ -28,7 +28,7 @@ class AdjustmentDocuments {
   /// Copies the summed differences into the document; false when there are none.
   bool InsertLines(const Texts& texts, std::int32_t documentID);
 
-  const CountingControls& controls_;
+  InvCountingControls& controls_;
   SharedState& shared_;
 };
 

@@ -3,8 +3,10 @@
 #include <string_view>
 #include <utility>
 
+#include "counting/controls/DocumentModes.h"
 #include "lines/LineColumns.h"
 #include "platform/sql/DatabaseError.h"
+#include "platform/text/Numbers.h"
 #include "platform/text/Text.h"
 #include "registration/HeaderValues.h"
 #include "services/FixQuote.h"
@@ -15,7 +17,7 @@ namespace {
 
 constexpr const char* kTemporaryTitle = "شمارش موقت";
 
-/// A count as a statement writes it: nothing counted is not the same as 0 counted.
+/// Appends a count; a good that was not counted has NULL, never 0.
 void AppendCount(SqlText& sql, std::string_view cell) {
   if (Trim(cell).empty()) {
     sql += "NULL";
@@ -24,8 +26,8 @@ void AppendCount(SqlText& sql, std::string_view cell) {
   }
 }
 
-/// The difference of a row from its two columns, of which at most one holds a quantity: a surplus is above 0,
-/// a shortage below.
+/// Appends the difference of a line: a surplus as a positive number, a shortage as a negative one. At most
+/// one of the two columns holds a quantity.
 void AppendContradiction(SqlText& sql, std::string_view shortage, std::string_view surplus) {
   const double above = Val(surplus);
   const double below = Val(shortage);
@@ -63,12 +65,14 @@ SqlText LineInsert(const Grid& lines, int row, double countingID) {
   return sql;
 }
 
-/// The notes and the manual number, which carry the apostrophes around them in the statement. An apostrophe
-/// in the notes is kept; one in the manual number breaks the statement.
-SqlText Notes(const CountingControls& form) {
-  return SqlText() + Typed(FixQuote(Utf16Prefix(form.txtNotes.Text(), kMaxNotesLength)));
+/// The contents of the literals of the notes and the manual number. An apostrophe in the notes is doubled;
+/// one in the manual number ends its literal, and the statement is refused.
+SqlText Notes(const InvCountingControls& controls) {
+  return SqlText() + Typed(FixQuote(Utf16Prefix(controls.txtNotes.Text(), kMaxNotesLength)));
 }
-SqlText ManualCode(const CountingControls& form) { return SqlText() + Typed(Trim(form.txtGNO.Text())); }
+SqlText ManualCode(const InvCountingControls& controls) {
+  return SqlText() + Typed(Trim(controls.txtGNO.Text()));
+}
 
 }  // namespace
 
@@ -76,56 +80,54 @@ void CountingWriter::Write() {
   before_ = {shared_.DocMode, controls_.lblIDVal.Caption(), controls_.form.Caption()};
   if (shared_.DocMode == DocumentMode::New) InsertHeader();
   if (shared_.DocMode == DocumentMode::Editing) UpdateHeader();
-  shared_.DocMode = DocumentMode::Viewing;
-  disablelockcomponent_();
+  SetDocumentMode(DocumentMode::Viewing, controls_, shared_);
   ReplaceLines();
 }
 
-void CountingWriter::Finish(WriteBatch& group) const {
+void CountingWriter::Finish(WriteBatch& batch) {
   try {
-    group.Finish();
+    batch.Finish();
   } catch (const DatabaseError&) {
-    shared_.DocMode = before_.mode;
     controls_.lblIDVal.SetCaption(before_.id);
     controls_.form.SetCaption(before_.title);
-    disablelockcomponent_();
+    SetDocumentMode(before_.mode, controls_, shared_);
     throw;
   }
 }
 
-void CountingWriter::InsertHeader() const {
-  const CountingControls& form = controls_;
+void CountingWriter::InsertHeader() {
   shared_.data.rssqlsaveenter.Open(
       SqlText("insert into tblInventoryCounting (inventoryid,creatorid,CreateDate,FarsiCreateDate, "
               "CounterEmployeeID1,CounterEmployeeID2,CounterEmployeeID3,CounterConfirmerID,Notes,ManualCode,"
               "FromDate,FarsiFromDate,ToDate,FarsiToDate) values (") +
-      KeyOrNull(form.gmpInventory) + "," + shared_.user.userID + "," + DateOrNull(form.gdpReceiveDate) + "," +
-      PersianDateOrNull(form.gdpReceiveDate) + "," + KeyOrNull(form.mptCounter1) + "," +
-      KeyOrNull(form.mptCounter2) + "," + KeyOrNull(form.mptCounter3) + "," + KeyOrNull(form.mptConfirmer) +
-      ",'" + Notes(form) + "','" + ManualCode(form) + "'," + DateOrNull(form.gdpFromDate) + "," +
-      PersianDateOrNull(form.gdpFromDate) + "," + DateOrNull(form.gdpToDate) + "," +
-      PersianDateOrNull(form.gdpToDate) + ")");
+      KeyOrNull(controls_.gmpInventory) + "," + shared_.user.userID + "," +
+      DateOrNull(controls_.gdpReceiveDate) + "," + PersianDateOrNull(controls_.gdpReceiveDate) + "," +
+      KeyOrNull(controls_.mptCounter1) + "," + KeyOrNull(controls_.mptCounter2) + "," +
+      KeyOrNull(controls_.mptCounter3) + "," + KeyOrNull(controls_.mptConfirmer) + ",'" + Notes(controls_) +
+      "','" + ManualCode(controls_) + "'," + DateOrNull(controls_.gdpFromDate) + "," +
+      PersianDateOrNull(controls_.gdpFromDate) + "," + DateOrNull(controls_.gdpToDate) + "," +
+      PersianDateOrNull(controls_.gdpToDate) + ")");
   const Recordset newest =
       shared_.data.rssqlCommon.Open(SqlText("select max(id) as maxid from tblInventoryCounting"));
-  form.lblIDVal.SetCaption(newest.Field("maxid").Text());
-  form.form.SetCaption(kTemporaryTitle);
+  controls_.lblIDVal.SetCaption(newest.Field("maxid").Text());
+  controls_.form.SetCaption(kTemporaryTitle);
 }
 
-void CountingWriter::UpdateHeader() const {
-  const CountingControls& form = controls_;
+void CountingWriter::UpdateHeader() {
   shared_.data.rssqleditenter.Open(
-      SqlText("update tblInventoryCounting set inventoryID=") + KeyOrNull(form.gmpInventory) +
-      ",creatorid=" + shared_.user.userID + ",CreateDate=" + DateOrNull(form.gdpReceiveDate) +
-      ",FarsiCreateDate=" + PersianDateOrNull(form.gdpReceiveDate) + ",CounterEmployeeID1=" +
-      KeyOrNull(form.mptCounter1) + ",CounterEmployeeID2=" + KeyOrNull(form.mptCounter2) +
-      ",CounterEmployeeID3=" + KeyOrNull(form.mptCounter3) +
-      ",CounterConfirmerID=" + KeyOrNull(form.mptConfirmer) + ",FromDate=" + DateOrNull(form.gdpFromDate) +
-      ",FarsiFromDate=" + PersianDateOrNull(form.gdpFromDate) + ",ToDate=" + DateOrNull(form.gdpToDate) +
-      ",FarsiToDate=" + PersianDateOrNull(form.gdpToDate) + ",Notes='" + Notes(form) + "',ManualCode='" +
-      ManualCode(form) + "' where id=" + form.CountingID());
+      SqlText("update tblInventoryCounting set inventoryID=") + KeyOrNull(controls_.gmpInventory) +
+      ",creatorid=" + shared_.user.userID + ",CreateDate=" + DateOrNull(controls_.gdpReceiveDate) +
+      ",FarsiCreateDate=" + PersianDateOrNull(controls_.gdpReceiveDate) + ",CounterEmployeeID1=" +
+      KeyOrNull(controls_.mptCounter1) + ",CounterEmployeeID2=" + KeyOrNull(controls_.mptCounter2) +
+      ",CounterEmployeeID3=" + KeyOrNull(controls_.mptCounter3) + ",CounterConfirmerID=" +
+      KeyOrNull(controls_.mptConfirmer) + ",FromDate=" + DateOrNull(controls_.gdpFromDate) +
+      ",FarsiFromDate=" + PersianDateOrNull(controls_.gdpFromDate) +
+      ",ToDate=" + DateOrNull(controls_.gdpToDate) +
+      ",FarsiToDate=" + PersianDateOrNull(controls_.gdpToDate) + ",Notes='" + Notes(controls_) +
+      "',ManualCode='" + ManualCode(controls_) + "' where id=" + controls_.CountingID());
 }
 
-void CountingWriter::ReplaceLines() const {
+void CountingWriter::ReplaceLines() {
   const double countingID = controls_.CountingID();
   const Grid& lines = controls_.flexDetail;
   shared_.data.rssqldelenterdetail.Open(SqlText("Delete tblInventoryCountingDetail Where CountingID = ") +

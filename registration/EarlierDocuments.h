@@ -4,8 +4,8 @@
 
 namespace koru {
 
-/// Deletes the receipt and the dispatch that a counting points to, each with its lines first. The counting
-/// goes on pointing to them.
+/// Deletes the receipt and the dispatch that a counting is linked to, the lines of each before its header.
+/// The counting keeps the links. Throws DatabaseError; what was deleted by then stays so.
 void RemoveEarlierDocuments(dteInvCounting& data, double countingID);
 
 }  // namespace koru

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 #include <string>
-#include <utility>
 
+#include "platform/text/Numbers.h"
 #include "services/Permission.h"
 
 namespace koru {
@@ -13,24 +13,19 @@ constexpr const char* kFinalTitle = "شمارش";
 
 }  // namespace
 
-FinalRegistration::FinalRegistration(const CountingControls& controls, SharedState& shared,
-                                     std::function<void()> disablelockcomponent)
-    : controls_(controls),
-      shared_(shared),
-      disablelockcomponent_(std::move(disablelockcomponent)),
-      writer_(controls_, shared_, disablelockcomponent_),
-      documents_(controls_, shared_) {}
+FinalRegistration::FinalRegistration(InvCountingControls& controls, SharedState& shared)
+    : controls_(controls), shared_(shared), writer_(controls, shared), documents_(controls, shared) {}
 
 void FinalRegistration::Run() {
   if (!CheckPermission(shared_, FormPermission::FinalRegistration)) return;
   const Hourglass busy(shared_.services.screen);
-  const auto group = shared_.data.BeginWriteBatch();
+  const auto batch = shared_.data.BeginWriteBatch();
   ShowNextCode();
   controls_.form.SetCaption(kFinalTitle);
   writer_.Write();
   StoreCode();
   documents_.CreateAdjustmentDocuments();
-  writer_.Finish(*group);
+  writer_.Finish(*batch);
 }
 
 void FinalRegistration::ShowNextCode() {

@@ -6,11 +6,11 @@
 
 namespace koru {
 
-/// What is selected, as a statement writes it: the key, or NULL when nothing is.
+/// The selected key, or NULL when nothing is selected.
 [[nodiscard]] SqlText KeyOrNull(const Selector& selector);
 
-/// A date box as a statement writes it, and the text of its twin column: between apostrophes, or NULL when
-/// the box is empty.
+/// The date of a box as a literal for a date column, and the Persian text for the text column beside it; NULL
+/// when the box is empty.
 [[nodiscard]] SqlText DateOrNull(const DateBox& box);
 [[nodiscard]] SqlText PersianDateOrNull(const DateBox& box);
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/text/Numbers.h"
 #include "platform/text/Text.h"
 #include "registration/EarlierDocuments.h"
 #include "services/Permission.h"
@@ -31,10 +32,10 @@ void ReturnToTemporary::Run() {
     return;
   }
   const Hourglass busy(shared_.services.screen);
-  const auto group = shared_.data.BeginWriteBatch();
+  const auto batch = shared_.data.BeginWriteBatch();
   RemoveEarlierDocuments(shared_.data, controls_.CountingID());
   ClearCode();
-  group->Finish();
+  batch->Finish();
   controls_.txtCode.SetText("");
 }
 
@@ -47,7 +48,7 @@ bool ReturnToTemporary::HasFinalDocument(FixedSql finalDocumentsOf, const char* 
 }
 
 void ReturnToTemporary::ClearCode() {
-  // In this order: once it has no number, the counting itself is not moved down with those behind it.
+  // In this order: without a number, the counting itself is not renumbered with those after it.
   shared_.data.rssqleditenter.Open(SqlText("Update tblInventoryCounting set Code = Null Where ID = ") +
                                    controls_.CountingID());
   shared_.data.rssqleditenter.Open(SqlText("Update tblInventoryCounting set Code = Code-1 Where Code > ") +

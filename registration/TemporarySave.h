@@ -1,8 +1,6 @@
 #pragma once
 
-#include <functional>
-
-#include "registration/CountingControls.h"
+#include "counting/controls/InvCountingControls.h"
 #include "registration/CountingWriter.h"
 #include "services/SharedState.h"
 
@@ -11,22 +9,17 @@ namespace koru {
 /// The command cmdTmpSave: saves the counting without giving it a final number.
 class TemporarySave {
  public:
-  /// The form behind `controls` and `shared` must outlive the operation; `disablelockcomponent` brings the
-  /// form's controls into line with the document mode.
-  TemporarySave(const CountingControls& controls, SharedState& shared,
-                std::function<void()> disablelockcomponent);
-  TemporarySave(const TemporarySave&) = delete;
-  TemporarySave& operator=(const TemporarySave&) = delete;
-  ~TemporarySave() = default;
+  /// Both must outlive the command.
+  TemporarySave(InvCountingControls& controls, SharedState& shared)
+      : controls_(controls), shared_(shared), writer_(controls, shared) {}
 
-  /// A user without the right is told so and nothing happens. Throws DatabaseError; what was written before
-  /// stays.
+  /// A user without the right gets a message, and nothing happens. Throws DatabaseError; what was written by
+  /// then stays.
   void Run();
 
  private:
-  CountingControls controls_;
+  InvCountingControls& controls_;
   SharedState& shared_;
-  std::function<void()> disablelockcomponent_;
   CountingWriter writer_;
 };
 

@@ -7,8 +7,8 @@
 
 namespace koru {
 
-/// Makes the records the entries of a list, in their order: the text of a column, with the record's `ID` as
-/// item data.
+/// Replaces the entries of a list by the records, in their order: the text of a column, with the record's
+/// `ID` as item data.
 inline void FillList(ComboBox& list, Recordset records, std::string_view textColumn) {
   list.Clear();
   for (; !records.AtEnd(); records.MoveNext()) {

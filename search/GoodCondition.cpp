@@ -73,7 +73,7 @@ void GoodCondition::AddPattern(FixedSql like, std::string_view written, FixedSql
 }
 
 void GoodCondition::AddUnitsAndTypes() {
-  // The one fragment that joins itself to what stands before it.
+  // The only fragment that contains its own "and".
   if (const auto* currency = criteria_.cmbCMoneyType.Chosen()) {
     condition_ += SqlText(" and CCurrencyTypeID = ") + currency->itemData;
   }

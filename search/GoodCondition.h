@@ -8,13 +8,14 @@
 
 namespace koru {
 
-/// The condition on tblGood that the criteria of the goods search make, as it can follow "Where ". Barcode
-/// and code patterns go into it as they were typed; name and notes are trimmed and their apostrophes doubled.
+/// Builds the condition on tblGood from the criteria of the goods search, to be put after "Where ". Barcode
+/// and code patterns are written as they were typed; name and notes are trimmed and their apostrophes
+/// doubled.
 class GoodCondition {
  public:
   explicit GoodCondition(const GoodSearchControls& criteria);
 
-  /// Never empty: goods without a barcode are never asked for.
+  /// Never empty: goods without a barcode are always excluded.
   [[nodiscard]] const SqlText& Text() const { return condition_; }
 
  private:
@@ -23,7 +24,7 @@ class GoodCondition {
   void AddLimit(FixedSql comparison, const TextBox& typed);
   void AddDiscounts();
   void AddPatterns();
-  /// `like` opens the literal; `preciseEnd` closes it when the pattern is a precise one.
+  /// `like` opens the literal; `preciseEnd` closes the literal of a precise pattern.
   void AddPattern(FixedSql like, std::string_view written, FixedSql preciseEnd);
   void AddUnitsAndTypes();
   void AddKey(FixedSql comparison, const TreeSelector& selector);

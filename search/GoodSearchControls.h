@@ -24,13 +24,13 @@ class GoodSearchControls {
   explicit GoodSearchControls(Form& form);
 
   Label lblBarCode{form_, "lblBarCode"};
-  TextBox txtBarCode{form_, "txtBarCode"};  ///< its tag: the list of goods that were picked; empty: none were
+  TextBox txtBarCode{form_, "txtBarCode"};  ///< its tag: the list of the picked goods; empty: none
   Label lblTitle{form_, "lblTitle"};
   TextBox txtTitle{form_, "txtTitle"};
   Label lblCode{form_, "lblCode"};
   TextBox txtCode{form_, "txtCode"};
   TextBox txtNotes{form_, "txtNotes"};
-  OptionButton optPrecise{form_, "optPrecise", precision_};  ///< whole texts, in which * stands for any text
+  OptionButton optPrecise{form_, "optPrecise", precision_};  ///< compares whole texts; * matches any text
   OptionButton optNonPrecise{form_, "optNonPrecise", precision_};
 
   TextBox txtMinPrice{form_, "txtMinPrice"};

@@ -13,7 +13,7 @@ bool IsEmpty(const GoodsPicker& picker) {
   return picker.List().empty() && picker.Name().empty() && picker.Barcode().empty() && picker.Code().empty();
 }
 
-/// A list of one good is an empty literal and a barcode: its last comma is its fourth character.
+/// A list of one good is an empty literal and a barcode, so that its last comma is its fourth character.
 bool NamesOneGood(std::string_view list) {
   const std::size_t comma = list.rfind(',');
   return comma != std::string_view::npos && Utf16Length(list.substr(0, comma)) == 3;

@@ -10,14 +10,14 @@
 
 namespace koru {
 
-/// The goods picker GrnBPGoodPicker that the goods search hosts. In a suite without the picker nothing
-/// happens.
+/// The goods picker GrnBPGoodPicker that the goods search hosts. Without the picker in the suite, all
+/// operations do nothing.
 class GoodsPicking {
  public:
   /// Both must outlive the object.
   GoodsPicking(GoodSearchControls& controls, SharedState& shared) : controls_(controls), shared_(shared) {}
 
-  /// Makes the picker and tells it the connection and who works.
+  /// Makes the picker and gives it the connection and the signed-in user.
   void Host();
   /// Makes the picker anew, so that it has nothing of what was picked before; it offers the same store.
   void StartAfresh();

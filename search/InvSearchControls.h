@@ -11,8 +11,8 @@
 
 namespace koru {
 
-/// The controls of the counting search, by their own names. Bounds are inclusive; a criterion that is left
-/// empty does not narrow the search. txtcode1 and txtcode2 are the counting's number, txtCode is a good's
+/// The controls of the counting search, by their own names. Bounds are inclusive; an empty criterion does not
+/// narrow the search. txtcode1 and txtcode2 are bounds of the counting's number; txtCode is part of a good's
 /// code.
 class InvSearchControls {
   Form& form_;
@@ -49,7 +49,7 @@ class InvSearchControls {
   Button cmdSearch{form_, "cmdSearch"};
   Button cmdNew{form_, "cmdNew"};
   Button cmdExit{form_, "cmdExit"};
-  Label lblResultCount{form_, "lblResultCount"};  ///< how many were found; empty before a search
+  Label lblResultCount{form_, "lblResultCount"};  ///< the count of found countings; empty before a search
   Grid flexSearch{form_, "flexSearch"};
 };
 

@@ -5,8 +5,8 @@
 
 namespace koru {
 
-/// The statement that finds the countings which meet all criteria of the counting search. What is typed goes
-/// into it as it stands, without the blanks around it.
+/// Builds the statement that finds the countings which meet all criteria of the counting search. Typed texts
+/// are trimmed and written unchanged.
 class InvSearchQuery {
  public:
   explicit InvSearchQuery(const InvSearchControls& criteria);
@@ -16,7 +16,7 @@ class InvSearchQuery {
  private:
   void AddState(const CheckBox& temporary, const CheckBox& final);
   void AddNumber(FixedSql comparison, const TextBox& typed);
-  /// `before` opens the literal that the text stands in, `after` closes it.
+  /// `before` opens the literal of the text, `after` closes it.
   void AddText(FixedSql before, const TextBox& typed, FixedSql after);
   void AddChoice(FixedSql comparison, const ComboBox& list);
   void AddDate(FixedSql comparison, const DateBox& box);

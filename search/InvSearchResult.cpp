@@ -9,14 +9,14 @@ namespace {
 
 constexpr int kRowNumber = 0;
 
-/// The fields behind the row number, in the order of the columns.
+/// The fields of the columns after the row number.
 constexpr std::array<std::string_view, 12> kFields = {
     "ID",          "Code",     "ManualCode", "InvName",  "FarsiCreateDate", "FullName", "FarsiFromDate",
     "FarsiToDate", "Counter1", "Counter2",   "Counter3", "Accepter"};
 
 }  // namespace
 
-void SetUpCountingSearchResult(Grid& flexSearch) {
+void SetUpInvSearchResult(Grid& flexSearch) {
   flexSearch.SetCols(static_cast<int>(kFields.size()) + 1);
   flexSearch.SetFormatString(
       "   رديف"

@@ -5,14 +5,14 @@
 
 namespace koru {
 
-/// Gives the result grid its thirteen columns and their titles; the grid is empty afterwards.
-void SetUpCountingSearchResult(Grid& flexSearch);
+/// Gives the result grid its thirteen columns and their titles, and removes all rows.
+void SetUpInvSearchResult(Grid& flexSearch);
 
-/// Appends a row for each counting that the recordset holds, numbered from 1. The recordset is at its end
+/// Appends a row for each counting of the recordset, numbered from 1. The recordset is at its end
 /// afterwards.
 void ShowFoundCountings(Grid& flexSearch, Recordset& found);
 
-/// Orders the found countings by a column, numbers before texts, and numbers the rows anew.
+/// Sorts the found countings by a column, numbers before texts, and renumbers the rows.
 void SortFoundCountings(Grid& flexSearch, int col);
 
 }  // namespace koru

@@ -2,7 +2,7 @@
 
 namespace koru {
 
-// The virtual key codes and shift states that the search forms listen to.
+// The virtual key codes and shift states that the search forms handle.
 inline constexpr int kKeyDelete = 46;
 inline constexpr int kKeyN = 78;
 inline constexpr int kKeyS = 83;

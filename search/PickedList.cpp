@@ -5,7 +5,7 @@
 namespace koru {
 namespace {
 
-/// White space between tokens, kept as it stands.
+/// White space between tokens is kept.
 void AppendSpace(SqlText& sql, std::string_view space) {
   for (const char c : space) {
     if (c == ' ') {

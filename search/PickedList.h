@@ -6,9 +6,9 @@
 
 namespace koru {
 
-/// The goods picker's list of barcodes, such as `('','100','200')`, as part of a statement: the same text,
-/// with the content of each literal as typed text. A list of anything but literals, commas and parentheses
-/// makes a statement that is refused as a broken one (CheckTypedSpans).
+/// Converts the goods picker's list of barcodes, such as `('','100','200')`, to SQL text: the same text, with
+/// the content of each literal as typed text. A list that holds anything but literals, commas and parentheses
+/// makes the statement refused as a broken one (CheckTypedSpans).
 [[nodiscard]] SqlText PickedList(std::string_view list);
 
 }  // namespace koru

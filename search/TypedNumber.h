@@ -7,8 +7,8 @@
 
 namespace koru {
 
-/// The number at the beginning of what a person typed into a search box, also in Persian digits; 0 when there
-/// is none.
+/// The number at the beginning of a text typed into a search box, in Latin, Persian or Arabic digits; 0 when
+/// the text begins with none.
 [[nodiscard]] inline double TypedNumber(std::string_view typed) {
   return Val(WithoutGroups(LatinDigits(typed), U"\u066C"));
 }

@@ -20,25 +20,23 @@ void SetUpTree(TreeSelector& selector, const std::string& connection, const char
 
 }  // namespace
 
-frmGoodSearch::frmGoodSearch(SharedState& shared, SqlText& GoodSearchCondition,
-                             std::function<std::int32_t()> chosenStore)
+frmGoodSearch::frmGoodSearch(SharedState& shared, std::function<void(SqlText)> SetGoodSearchCondition)
     : Form(shared.services.screen, "frmGoodSearch"),
       GoodSearchControls(static_cast<Form&>(*this)),
       shared_(shared),
-      goodSearchCondition_(GoodSearchCondition),
-      chosenStore_(std::move(chosenStore)),
+      setGoodSearchCondition_(std::move(SetGoodSearchCondition)),
       picking_(*this, shared) {
   OnFailure = [this](const std::exception& failure) { shared_.messages.ShowFailure(failure); };
   ConnectEvents();
   ConnectFields(*this);
 }
 
-void frmGoodSearch::Load() {
+void frmGoodSearch::Load(std::int32_t store) {
   if (started_) return;
   InitializeComponents();
   Clear();
   picking_.Host();
-  if (const std::int32_t store = chosenStore_(); store != Selector::kNothing) {
+  if (store != Selector::kNothing) {
     gmpInventory.Select(store);
     picking_.SetInventory(store);
   }
@@ -85,7 +83,7 @@ void frmGoodSearch::Clear() {
     selector->ClearSelection();
   }
   FlexSearchResult.SetRows(1);
-  goodSearchCondition_ = SqlText();
+  setGoodSearchCondition_(SqlText());
 }
 
 void frmGoodSearch::ConnectEvents() {
@@ -105,7 +103,7 @@ void frmGoodSearch::ConnectEvents() {
 }
 
 void frmGoodSearch::Search() {
-  goodSearchCondition_ = GoodCondition(*this).Text();
+  setGoodSearchCondition_(GoodCondition(*this).Text());
   Hide();
 }
 

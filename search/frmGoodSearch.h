@@ -10,20 +10,21 @@
 
 namespace koru {
 
-/// The goods search: states which goods are to be added to the counting. It lists none itself; it leaves a
-/// condition on tblGood behind and hides, so that the criteria are still there the next time.
+/// The goods search: the user states which goods to add to the counting. The form lists no goods; Search
+/// hands a condition on tblGood over and hides the form, which keeps its criteria for the next time.
 class frmGoodSearch : public Form, public GoodSearchControls {
  public:
-  /// `shared` and `GoodSearchCondition`, the counting form's, must outlive the form. `chosenStore` answers
-  /// the store that is chosen on the counting form, Selector::kNothing when none is.
-  frmGoodSearch(SharedState& shared, SqlText& GoodSearchCondition, std::function<std::int32_t()> chosenStore);
+  /// `shared` must outlive the form. `SetGoodSearchCondition` hands the condition to the counting form, an
+  /// empty one when the criteria were reset.
+  frmGoodSearch(SharedState& shared, std::function<void(SqlText)> SetGoodSearchCondition);
 
-  /// The form's start-up: InitializeComponents, Clear, the counting's store, the goods picker. Runs once;
-  /// after a failure (DatabaseError) the next call runs it again.
-  void Load();
+  /// Starts the form up: InitializeComponents, Clear, the goods picker, and `store`, the one chosen on the
+  /// counting form (Selector::kNothing: none). Runs once; after a failure (DatabaseError) the next call runs
+  /// it again.
+  void Load(std::int32_t store);
   /// Sets up the selectors and fills the lists of currencies and goods types. Throws DatabaseError.
   void InitializeComponents();
-  /// Resets every criterion and the goods picker; nothing has been asked for afterwards.
+  /// Resets every criterion and the goods picker, and hands an empty condition over.
   void Clear();
 
   void Activate() override { SetFocus(cmdSearch); }
@@ -34,8 +35,7 @@ class frmGoodSearch : public Form, public GoodSearchControls {
   void RouteShortcut(KeyPress press);
 
   SharedState& shared_;
-  SqlText& goodSearchCondition_;
-  std::function<std::int32_t()> chosenStore_;
+  std::function<void(SqlText)> setGoodSearchCondition_;
   GoodsPicking picking_;
   bool started_ = false;
 };

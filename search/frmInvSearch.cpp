@@ -37,7 +37,7 @@ void frmInvSearch::Load() {
 }
 
 void frmInvSearch::Initialize() {
-  SetUpCountingSearchResult(flexSearch);
+  SetUpInvSearchResult(flexSearch);
   const std::string& connection = shared_.data.ConnectionString();
   gmpInventory.SetConnectionString(connection);
   gmpInventory.SetCaption("انبارها");

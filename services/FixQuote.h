@@ -5,7 +5,7 @@
 
 namespace koru {
 
-/// `text` with every apostrophe doubled. Only the texts that a statement's rule names pass through it: the
+/// Returns `text` with every apostrophe doubled. By the business rule, only three texts are quoted so: the
 /// notes of a counting, and the name and notes patterns of the goods search.
 [[nodiscard]] std::string FixQuote(std::string_view text);
 

@@ -15,8 +15,8 @@ constexpr std::uint32_t kFrameBackColor = 15655647;
 constexpr int kMessage = 0;
 constexpr int kQuestion = 1;
 
-/// Runs one step of showing a message; a failure of it must never become one of the command that had
-/// something to say.
+/// Runs one step of showing a message. A failure of the message must not become a failure of the command that
+/// shows it.
 template <class Step>
 void IgnoringErrors(const Step& step) {
   try {
@@ -26,8 +26,7 @@ void IgnoringErrors(const Step& step) {
   }
 }
 
-/// Shows the component and answers what it has as its result; -1 for a message, and when the component is
-/// missing.
+/// Shows the component and returns its result; -1 for a message, and when the component is missing.
 int Show(const ComponentRegistry& components, const std::string& title, const std::string& text, int type) {
   std::unique_ptr<SiblingComponent> component;
   IgnoringErrors([&] { component = components.Create(MessageComponent::kClassName); });

@@ -21,20 +21,22 @@ inline constexpr const char* kNotPermitted =
 inline constexpr const char* kAreYouSure = "آيا مطمئن هستيد؟";
 }  // namespace sentences
 
-/// Messages and questions, shown through the suite's message component, which is made anew for each of them.
+/// Shows messages and questions through the suite's message component, which is made anew for each of them.
 class Messages {
  public:
   /// `components` must outlive the object.
   explicit Messages(const ComponentRegistry& components) : components_(components) {}
 
-  /// Shows a message with one button. Dropped silently when the message component is missing or fails.
+  /// Shows a message with one button. When the message component is missing or fails, the message is dropped
+  /// silently.
   void ShowMessage(const std::string& title, const std::string& message) const;
 
-  /// Asks a yes/no question: kAnswerYes, kAnswerNo, or kNoAnswer when it was closed or could not be asked.
+  /// Asks a yes/no question. Returns kAnswerYes, kAnswerNo, or kNoAnswer when it was closed or could not be
+  /// asked.
   [[nodiscard]] int AskQuestion(const std::string& title, const std::string& message) const;
 
-  /// Tells the person of a command that failed: for a database failure a sentence with the server's text
-  /// under it, for any other failure its own sentence.
+  /// Reports a command that failed: a database failure as a sentence followed by the server's text, any other
+  /// failure as its own sentence.
   void ShowFailure(const std::exception& failure) const;
 
  private:

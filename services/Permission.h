@@ -4,7 +4,7 @@
 
 namespace koru {
 
-/// Whether the signed-in user holds the right; one who does not is told so. Throws DatabaseError.
+/// Whether the signed-in user holds the right; shows a message when not. Throws DatabaseError.
 [[nodiscard]] bool CheckPermission(SharedState& shared, FormPermission permission);
 
 }  // namespace koru

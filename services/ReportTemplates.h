@@ -7,8 +7,8 @@
 
 namespace koru {
 
-/// Adds the titles of the report templates of a kind of form to a list, each with the template's key as item
-/// data, and chooses the first entry. Answers whether the list then holds any. Throws DatabaseError.
+/// Appends the titles of the report templates of a form type to a list, each with the template's key as item
+/// data, and chooses the first entry. Returns whether the list has entries. Throws DatabaseError.
 bool FillReportTemplates(dteInvCounting& data, std::int32_t formTypeID, ComboBox& list);
 
 }  // namespace koru

@@ -9,10 +9,10 @@
 
 namespace koru {
 
-/// What the counting form does with its document; its numbers are the suite's.
+/// What the counting form does with its document. The numbers are the suite's.
 enum class DocumentMode : int { Viewing = 0, Editing = 1, New = 2, Empty = 3 };
 
-/// Who works with the component, at the widths at which the control keeps the values.
+/// The user who works with the component. Each key has the width of the control's property.
 struct SignedInUser {
   std::int32_t userID = 0;
   std::int16_t employeeID = 0;
@@ -21,19 +21,22 @@ struct SignedInUser {
   std::int16_t forcedReceiptID = -1;  ///< -1: the host forces no receipt on the form
 };
 
-/// What the forms of one loaded component have in common; made by the control and passed to each form.
+/// The state that the forms of one control share; the control makes it and passes it to each form.
 struct SharedState {
-  explicit SharedState(const HostServices& where)
-      : services(where), data(where.databases), messages(where.components) {}
+  /// Everything in `host` must outlive the state.
+  explicit SharedState(const HostServices& host)
+      : services(host), data(host.databases), messages(host.components) {}
 
   HostServices services;
   dteInvCounting data;
   Messages messages;
   SignedInUser user;
   DocumentMode DocMode = DocumentMode::Empty;
+  bool ShowAsModal = false;  ///< whether system parameter 123 asks for modal forms
+
+  // Kept for the suite, whose forms read them under these names: this component only writes them.
   std::string ConnectionString;
-  bool ShowAsModal = false;
-  std::int32_t CurrentCountingID = 0;
+  std::int32_t CurrentCountingID = 0;  ///< the counting that was last asked for, also one that does not exist
 };
 
 }  // namespace koru

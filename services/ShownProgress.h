@@ -4,7 +4,7 @@
 
 namespace koru {
 
-/// A progress bar for as long as it lives.
+/// Shows a progress bar of `steps` steps during the object's lifetime.
 class ShownProgress {
  public:
   ShownProgress(ProgressBar& bar, int steps) : bar_(bar) {

@@ -20,12 +20,12 @@ enum class FormPermission : std::int32_t {
   ReturnToTemporary = 80607
 };
 
-/// The data access object that all forms share: the connection cnInvCounting and the named recordsets and
-/// procedure commands of the suite's stock-document components. The connection is opened at the first use and
-/// kept until Release, or until another connection text is set.
+/// The data access object that all forms share: the connection cnInvCounting and the named recordsets of the
+/// suite's stock-document components. The connection is opened at the first use and kept until Release, or
+/// until another connection text is set.
 class dteInvCounting {
  public:
-  /// One of the named recordsets: it runs a statement, also one that only writes, over the shared connection.
+  /// A named recordset. It runs statements over the shared connection, those that only write included.
   class Command {
    public:
     explicit Command(dteInvCounting& owner) : owner_(owner) {}
@@ -33,8 +33,8 @@ class dteInvCounting {
     Command& operator=(const Command&) = delete;
     ~Command() = default;
 
-    /// Sends the statement and returns its rows, standing on the first. A statement in which typed text has
-    /// left its literal is refused with the DatabaseError of a broken statement, and nothing is sent.
+    /// Sends the statement and returns its rows, positioned on the first. A statement whose typed text leaves
+    /// its literal is refused with the DatabaseError of a broken statement, and is not sent.
     Recordset Open(const SqlText& source);
 
    private:
@@ -60,23 +60,26 @@ class dteInvCounting {
   /// Closes the connection; the next use opens a fresh one.
   void Release() { connection_.reset(); }
 
-  Command rssqlinvname{*this};
   Command rssqlcreator{*this};
-  Command rssqlSenderName{*this};
-  Command rssqlreceiverer{*this};
-  Command rssqlReferenceDocType{*this};
   Command rssqldelenter{*this};
   Command rssqleditenter{*this};
   Command rssqlsaveenter{*this};
-  Command rssqldetail{*this};
   Command rssqldelenterdetail{*this};
-  Command rssqlentertype{*this};
   Command rssqlgridenterdetail{*this};
-  Command rssqlINVEnter{*this};
   Command rssqlCommon{*this};
   Command rssqlInvSearch{*this};
-  Command rssqlCommon2{*this};
   Command rssqlINVGood{*this};
+
+  // Kept for the suite, whose stock-document components share this object: nothing in this component runs
+  // them.
+  Command rssqlinvname{*this};
+  Command rssqlSenderName{*this};
+  Command rssqlreceiverer{*this};
+  Command rssqlReferenceDocType{*this};
+  Command rssqldetail{*this};
+  Command rssqlentertype{*this};
+  Command rssqlINVEnter{*this};
+  Command rssqlCommon2{*this};
   Command rssqlAccTrans{*this};
 
  private:

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Errors.h"
 #include "tests/component/ControlFixture.h"
 
 namespace koru {
@@ -93,7 +95,7 @@ TEST_F(PropertiesTest, The_host_hears_of_each_change_under_the_store_key_and_not
   control.SetFont({});
   control.SetForcedReceiptID(std::int16_t{1});
   EXPECT_EQ(reported, kStoredOrder);
-  EXPECT_TRUE(databases.asked.empty());
+  EXPECT_TRUE(recording.ConnectionTexts().empty());
   EXPECT_EQ(control.CountingForm(), nullptr);
 }
 
@@ -120,7 +122,7 @@ TEST_F(PropertiesTest, A_number_wider_than_a_16_bit_property_cannot_be_represent
 TEST_F(PropertiesTest, A_connection_text_of_0_is_kept_and_fails_only_when_a_form_opens) {
   EXPECT_EQ(control.OLEConnectionString(), "0");
   EXPECT_THROW(control.View(1), DatabaseError);
-  EXPECT_EQ(databases.asked, std::vector<std::string>{"0"});
+  EXPECT_EQ(recording.ConnectionTexts(), std::vector<std::string>{"0"});
   EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
   EXPECT_THROW(control.ClearShow(), DatabaseError);
 }
@@ -128,7 +130,7 @@ TEST_F(PropertiesTest, A_connection_text_of_0_is_kept_and_fails_only_when_a_form
 TEST_F(PropertiesTest, Refresh_does_nothing) {
   control.Refresh();
   EXPECT_TRUE(reported.empty());
-  EXPECT_TRUE(databases.asked.empty());
+  EXPECT_TRUE(recording.ConnectionTexts().empty());
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ class ResizeTest : public testing::Test {
     flexTempDocs.SetCols(9);
     for (int col = 0; col < 9; ++col) flexTempDocs.SetColWidth(col, col == 7 ? 1234 : 1000);
   }
-  QuietScreen screen;
+  test::FakeScreen screen;
   Form form{screen, "control"};
   Grid flexTempDocs{form, "flexTempDocs"};
 };

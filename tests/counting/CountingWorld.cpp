@@ -31,7 +31,7 @@ insert into tblInventoryCountingDetail
 
 CountingWorld::CountingWorld() {
   database.Execute(kSuite);
-  messages.RegisterIn(components);
+  clock.SetToday(std::chrono::year{2025} / 12 / 22);
   control.SetOLEConnectionString(database.ConnectionText());
   control.SetUserID(7);
 }
@@ -49,18 +49,6 @@ void CountingWorld::ViewAndEdit(std::int32_t id) {
 
 void CountingWorld::Click(Button& button) {
   ASSERT_TRUE(button.UserClick()) << button.Name() << " is not available";
-}
-
-std::vector<std::string> CountingWorld::NewMessages() {
-  auto texts = messages.Texts();
-  messages.Forget();
-  return texts;
-}
-
-std::vector<std::string> CountingWorld::NewStatements() {
-  auto statements = recording.Statements();
-  recording.ForgetStatements();
-  return statements;
 }
 
 }  // namespace koru::test

@@ -3,16 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "component/comInvCounting.h"
-#include "platform/text/Errors.h"
-#include "tests/support/FailingDatabase.h"
-#include "tests/support/FakeMessages.h"
-#include "tests/support/FakeScreen.h"
-#include "tests/support/FixedClock.h"
-#include "tests/support/RecordingDatabase.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/DatabaseFixture.h"
 
 namespace koru::test {
 
@@ -21,22 +14,9 @@ namespace koru::test {
 ///   "مريم كاظمي" in 3; user 7 holds every right; goods G1, G2, G3; unit 1 "عدد"; counting 10 temporary with
 ///   two lines, 11 final (number 1) with one line, 12 temporary with every optional column NULL and no lines,
 ///   13 whose creator is gone.
-class CountingWorld : public testing::Test, public ControlHost {
- public:
-  class NoFiles : public FileSystem {
-   public:
-    [[nodiscard]] bool FileExists(const std::string& /*path*/) const override { return false; }
-  };
-  class NoSpreadsheets : public SpreadsheetStarter {
-   public:
-    [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override { throw InputError("none"); }
-  };
-
+class CountingWorld : public testing::Test, public DatabaseFixture {
  protected:
   CountingWorld();
-
-  [[nodiscard]] koru::Font AmbientFont() const override { return {"DejaVu Sans", 9, false, false}; }
-  void PropertyChanged(std::string_view /*key*/) override {}
 
   /// The counting form, which a View or ClearShow has loaded.
   [[nodiscard]] frmInvCounting& Form() { return *control.CountingForm(); }
@@ -48,24 +28,10 @@ class CountingWorld : public testing::Test, public ControlHost {
   [[nodiscard]] std::string Cell(int row, int col) {
     return std::string(Form().flexDetail.TextMatrix(row, col));
   }
-  /// The texts of the messages since the last call.
-  std::vector<std::string> NewMessages();
-  /// The statements since the last call.
-  std::vector<std::string> NewStatements();
 
-  TestDatabase database;
-  FailingConnector failing{database.Connector()};
-  RecordingConnector recording{failing};
-  ComponentRegistry components;
-  FakeMessages messages;
-  FakeScreen screen;
-  FixedClock clock{std::chrono::year{2025} / 12 / 22};
-  NoFiles files;
-  NoSpreadsheets spreadsheets;
-  comInvCounting control{*this, HostServices{recording, components, screen, clock, files, spreadsheets}};
+  comInvCounting control{*this, Services()};
 };
 
-using Texts = std::vector<std::string>;
 inline constexpr const char* kNotPermitted =
     "شما مجاز به انجام اين عمليات نيستيد. با نگهدارنده سيستم هماهنگ نماييد.";
 

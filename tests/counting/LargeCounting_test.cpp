@@ -11,9 +11,8 @@
 #include "database/Sample.h"
 #include "lines/LineColumns.h"
 #include "platform/text/Numbers.h"
-#include "tests/counting/CountingWorld.h"
 #include "tests/counting/PlainStock.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/DatabaseFixture.h"
 
 namespace koru {
 
@@ -38,11 +37,19 @@ std::string CopyOfSample(SampleSize size, const std::string& copy) {
   return copy;
 }
 
-/// The whole counting form over a large sample; its counting is being edited.
-class LargeCounting : public testing::TestWithParam<SampleSize>, public ControlHost {
+/// Two copies of the sample that a test asks for. The component works on one; the other is always a file.
+class SampleCopies : public testing::TestWithParam<SampleSize> {
  protected:
-  LargeCounting() {
-    messages.RegisterIn(components);
+  TemporaryFolder folder;
+  TestDatabase database{CopyOfSample(GetParam(), folder.File("large.koru"))};
+  std::string plain = CopyOfSample(GetParam(), folder.File("plain.koru"));
+};
+
+/// The whole counting form over a large sample; its counting is being edited.
+class LargeCounting : public SampleCopies, public ComponentFixture {
+ protected:
+  LargeCounting() : ComponentFixture(database.Connector()) {
+    clock.SetToday(kSampleToday);
     screen.OnModal = [](koru::Form& form) {
       auto& search = dynamic_cast<frmGoodSearch&>(form);
       search.gmpInventory.UserSelect(Selector::kNothing);
@@ -55,8 +62,6 @@ class LargeCounting : public testing::TestWithParam<SampleSize>, public ControlH
     Click(Form().cmdEdit);
   }
 
-  [[nodiscard]] koru::Font AmbientFont() const override { return {}; }
-  void PropertyChanged(std::string_view /*key*/) override {}
   [[nodiscard]] frmInvCounting& Form() { return *control.CountingForm(); }
   [[nodiscard]] Grid& Lines() { return Form().flexDetail; }
   [[nodiscard]] std::string Cell(int row, int col) { return std::string(Lines().TextMatrix(row, col)); }
@@ -180,17 +185,7 @@ class LargeCounting : public testing::TestWithParam<SampleSize>, public ControlH
     return changed;
   }
 
-  TemporaryFolder folder;
-  TestDatabase database{CopyOfSample(GetParam(), folder.File("large.koru"))};
-  std::string plain =
-      CopyOfSample(GetParam(), folder.File("plain.koru"));  ///< of the same rows, always a file
-  ComponentRegistry components;
-  FakeMessages messages;
-  FakeScreen screen;
-  FixedClock clock{kSampleToday};
-  CountingWorld::NoFiles files;
-  CountingWorld::NoSpreadsheets spreadsheets;
-  comInvCounting control{*this, {database.Connector(), components, screen, clock, files, spreadsheets}};
+  comInvCounting control{*this, Services()};
 };
 
 TEST_P(LargeCounting,

@@ -109,7 +109,13 @@ class ServerFailure : public CountingWorld {
 
   std::unique_ptr<ScriptedServer> server;
   OdbcConnector odbc{kShort};
-  comInvCounting onServer{*this, HostServices{odbc, components, screen, clock, files, spreadsheets}};
+  comInvCounting onServer{*this,
+                          {.databases = odbc,
+                           .components = components,
+                           .screen = screen,
+                           .clock = clock,
+                           .files = files,
+                           .spreadsheets = spreadsheets}};
 
  private:
   /// Called on the server's thread, while the form waits for the answer.

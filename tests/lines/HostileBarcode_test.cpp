@@ -6,13 +6,11 @@
 #include "platform/sql/DatabaseError.h"
 #include "platform/sql/SqlLexer.h"
 #include "platform/text/Text.h"
-#include "tests/lines/LinesTest.h"
+#include "tests/lines/StoredLinesTest.h"
 #include "tests/support/HostileTexts.h"
 
 namespace koru {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 /// What a statement does, whatever its texts say.
 std::string Shape(const std::string& statement) {
@@ -25,7 +23,7 @@ std::string Shape(const std::string& statement) {
   return shape;
 }
 
-class HostileBarcodes : public LinesTest {
+class HostileBarcodes : public StoredLinesTest {
  protected:
   void SetUp() override {
     Execute(
@@ -40,7 +38,7 @@ class HostileBarcodes : public LinesTest {
   }
   Texts SentShapes() {
     Texts shapes;
-    for (const std::string& statement : Sent()) shapes.push_back(Shape(statement));
+    for (const std::string& statement : NewStatements()) shapes.push_back(Shape(statement));
     return shapes;
   }
 };
@@ -62,7 +60,7 @@ TEST_F(HostileBarcodes, Never_become_more_than_a_text_in_a_statement) {
     } else {
       ++refused;
       EXPECT_THROW(form.quantity.CalculateAllLines(), DatabaseError) << barcode;
-      EXPECT_EQ(Sent(), Texts{}) << barcode;
+      EXPECT_EQ(NewStatements(), Texts{}) << barcode;
     }
   }
   EXPECT_GE(refused, 100);
@@ -79,7 +77,7 @@ TEST_F(HostileBarcodes, Are_refused_by_every_look_up) {
     EXPECT_THROW(form.quantity.FillSystemCounting(1, barcode), DatabaseError);
     EXPECT_THROW(static_cast<void>(form.quantity.GetQTy(1, barcode)), DatabaseError);
   }
-  EXPECT_EQ(Sent(), Texts{});
+  EXPECT_EQ(NewStatements(), Texts{});
   EXPECT_EQ(database.Dump(), before);
 }
 

@@ -11,8 +11,6 @@
 namespace koru {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 constexpr int kCounts[] = {LineColumn::FirstCounting, LineColumn::SecondCounting, LineColumn::ThirdCounting,
                            LineColumn::AcceptedCounting};
 constexpr const char* kTooMany = "خطا: تعداد بيشتر از اندازة مجاز است.";
@@ -49,13 +47,13 @@ class LineEditingTest : public LinesTest {
 
 TEST_F(LineEditingTest, A_count_of_a_thousand_million_is_accepted_without_a_message) {
   for (const int col : kCounts) EXPECT_EQ(Type(col, "1000000000"), "1000000000");
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
 }
 
 TEST_F(LineEditingTest, A_larger_count_is_warned_of_and_accepted_all_the_same) {
   for (const int col : kCounts) {
     EXPECT_EQ(Type(col, "1000000001"), "1000000001");
-    EXPECT_EQ(Shown(), Texts{kTooMany});
+    EXPECT_EQ(NewTitledMessages(), Texts{kTooMany});
   }
 }
 
@@ -63,17 +61,17 @@ TEST_F(LineEditingTest, A_negative_count_is_rejected_with_a_message) {
   for (const int col : kCounts) {
     form.Set(1, col, "5");
     EXPECT_EQ(Type(col, "-1"), "5");
-    EXPECT_EQ(Shown(), Texts{kTooFew});
+    EXPECT_EQ(NewTitledMessages(), Texts{kTooFew});
   }
 }
 
 TEST_F(LineEditingTest, A_rate_out_of_range_is_called_an_amount) {
   EXPECT_EQ(Type(LineColumn::Rate, "1000000000"), "1000000000");
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
   EXPECT_EQ(Type(LineColumn::Rate, "1000000000.5"), "1000000000.5");
-  EXPECT_EQ(Shown(), Texts{kTooDear});
+  EXPECT_EQ(NewTitledMessages(), Texts{kTooDear});
   EXPECT_EQ(Type(LineColumn::Rate, "-0.5"), "1000000000.5");
-  EXPECT_EQ(Shown(), Texts{kTooCheap});
+  EXPECT_EQ(NewTitledMessages(), Texts{kTooCheap});
 }
 
 TEST_F(LineEditingTest, A_rejected_count_changes_no_amount) {
@@ -98,7 +96,7 @@ TEST_F(LineEditingTest, A_cleared_count_stays_empty_and_counts_as_nothing) {
   Type(LineColumn::AcceptedCounting, "6");
   EXPECT_EQ(Type(LineColumn::AcceptedCounting, ""), "");
   EXPECT_EQ(Results(1), (Texts{"4", "", "40", "", "60"})) << "the counted amount keeps its text";
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
 }
 
 TEST_F(LineEditingTest, A_shortage_is_calculated_with_its_amount) {
@@ -163,20 +161,20 @@ TEST_F(LineEditingTest, Other_columns_cannot_be_typed_into) {
     EXPECT_FALSE(form.flexDetail.UserEdit(1, col, "-1"));
   }
   EXPECT_EQ(form.Cell(1, LineColumn::Barcode), "4001");
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
 }
 
 TEST_F(LineEditingTest, Deleting_a_line_asks_first_and_yes_deletes_it) {
   for (const DocumentMode mode : {DocumentMode::Editing, DocumentMode::New}) {
     form.flexDetail.SetRows(1);
-    form.DocMode = mode;
+    shared.DocMode = mode;
     for (const char* barcode : {"1", "2", "3"})
       form.Set(form.AddLine(barcode), LineColumn::CountedAmount, "5");
     form.lines.ColorRows();
     form.flexDetail.SetCurrent(2, LineColumn::Barcode);
-    Answer(Answers::Yes);
+    messages.WillAnswer(Answers::Yes);
     EXPECT_TRUE(form.flexDetail.UserDeleteRow());
-    EXPECT_EQ(Shown(), Texts{kDeleteQuestion});
+    EXPECT_EQ(NewTitledMessages(), Texts{kDeleteQuestion});
     EXPECT_EQ(form.Column(LineColumn::Barcode), (Texts{"1", "3"}));
     EXPECT_EQ(form.Column(LineColumn::RowNumber), (Texts{"1", "2"}));
     EXPECT_EQ(form.txtTotalValue.Text(), "10");
@@ -187,9 +185,9 @@ TEST_F(LineEditingTest, Deleting_a_line_asks_first_and_yes_deletes_it) {
 TEST_F(LineEditingTest, No_and_a_closed_question_keep_the_line) {
   form.flexDetail.SetCurrent(1, LineColumn::Barcode);
   for (const auto answer : {Answers::No, Answers::None}) {
-    Answer(answer);
+    messages.WillAnswer(answer);
     EXPECT_FALSE(form.flexDetail.UserDeleteRow());
-    EXPECT_EQ(Shown(), Texts{kDeleteQuestion});
+    EXPECT_EQ(NewTitledMessages(), Texts{kDeleteQuestion});
     EXPECT_EQ(form.flexDetail.Rows(), 2);
   }
 }
@@ -197,10 +195,10 @@ TEST_F(LineEditingTest, No_and_a_closed_question_keep_the_line) {
 TEST_F(LineEditingTest, A_line_of_a_counting_that_is_only_viewed_is_not_deleted_and_nothing_is_asked) {
   form.flexDetail.SetCurrent(1, LineColumn::Barcode);
   for (const DocumentMode mode : {DocumentMode::Viewing, DocumentMode::Empty}) {
-    form.DocMode = mode;
-    Answer(Answers::Yes);
+    shared.DocMode = mode;
+    messages.WillAnswer(Answers::Yes);
     EXPECT_FALSE(form.flexDetail.UserDeleteRow());
-    EXPECT_EQ(Shown(), Texts{});
+    EXPECT_EQ(NewTitledMessages(), Texts{});
     EXPECT_EQ(form.flexDetail.Rows(), 2);
   }
 }
@@ -208,10 +206,10 @@ TEST_F(LineEditingTest, A_line_of_a_counting_that_is_only_viewed_is_not_deleted_
 TEST_F(LineEditingTest, An_empty_line_is_deleted_without_a_question_in_every_mode) {
   for (const DocumentMode mode :
        {DocumentMode::Viewing, DocumentMode::Editing, DocumentMode::New, DocumentMode::Empty}) {
-    form.DocMode = mode;
+    shared.DocMode = mode;
     form.flexDetail.SetCurrent(form.AddLine(""), LineColumn::Barcode);
     EXPECT_TRUE(form.flexDetail.UserDeleteRow());
-    EXPECT_EQ(Shown(), Texts{});
+    EXPECT_EQ(NewTitledMessages(), Texts{});
     EXPECT_EQ(form.flexDetail.Rows(), 2);
   }
 }

@@ -7,12 +7,11 @@
 #include <vector>
 
 #include "platform/sql/DatabaseError.h"
-#include "tests/lines/LinesTest.h"
+#include "tests/lines/StoredLinesTest.h"
 
 namespace koru {
 namespace {
 
-using Texts = std::vector<std::string>;
 using std::chrono::day;
 using std::chrono::month;
 using std::chrono::year;
@@ -21,7 +20,7 @@ constexpr const char* kRegistered = "1";
 constexpr const char* kTemporary = "null";
 
 /// Store 1 has the child 2, which has the child 3; every unit but the third is a base unit.
-class SystemQuantityTest : public LinesTest {
+class SystemQuantityTest : public StoredLinesTest {
  protected:
   void SetUp() override {
     Execute("insert into tblInventoryParent (ID,ChildID) values (1,2)");
@@ -30,7 +29,7 @@ class SystemQuantityTest : public LinesTest {
     Execute("insert into tblGoodScale (ID,Name,ScaleToBaseParent) values (2,'عدد',1)");
     Execute("insert into tblGoodScale (ID,Name,ScaleToBaseParent) values (1,'كارتن',12)");
     form.gmpInventory.Select(1);
-    static_cast<void>(Sent());
+    NewStatements();
   }
 
   void Receive(const char* code, int store, const char* date, const char* barcode, double qty, double value) {
@@ -179,10 +178,10 @@ TEST_F(SystemQuantityTest, With_no_store_chosen_no_document_counts) {
   form.AddLine("A");
   form.quantity.CalculateAllLines();
   EXPECT_EQ(form.Cell(1, LineColumn::SystemCounting), "0");
-  EXPECT_NE(
-      Sent().back().find("(InventoryID=-1 or InventoryID in (Select ChildID from tblInventoryParent Where "
-                         "ID=-1)))"),
-      std::string::npos);
+  EXPECT_NE(NewStatements().back().find(
+                "(InventoryID=-1 or InventoryID in (Select ChildID from tblInventoryParent Where "
+                "ID=-1)))"),
+            std::string::npos);
 }
 
 TEST_F(SystemQuantityTest, Every_line_gets_unit_rate_stock_difference_and_amounts_anew) {
@@ -224,7 +223,7 @@ TEST_F(SystemQuantityTest, A_calculation_of_two_lines_sends_these_statements) {
   Dispatch(kRegistered, 1, "2001-01-02", "A", 2, 3);
   form.AddLine(" A ");
   form.AddLine("B");
-  static_cast<void>(Sent());
+  NewStatements();
   form.quantity.CalculateAllLines();
   const std::string units = "Select ID,Name from tblGoodScale Where isnull(ScaleToBaseParent,0)=1 ";
   const std::string documents =
@@ -251,13 +250,13 @@ TEST_F(SystemQuantityTest, A_calculation_of_two_lines_sends_these_statements) {
       rate + "tblInventoryReceiptDetail,tblInventoryReceipt Where ID=ReceiptID and Barcode='B" + latest,
       sums("B")[0],
       sums("B")[1]};
-  EXPECT_EQ(Sent(), expected);
+  EXPECT_EQ(NewStatements(), expected);
 }
 
 TEST_F(SystemQuantityTest, Without_dates_the_statements_have_no_date_clause) {
   static_cast<void>(Stock("A"));
   EXPECT_EQ(
-      Sent().front(),
+      NewStatements().front(),
       "Select isnull(sum(isnull(Qty,0)),0) as Qty from tblInventoryReceiptDetail where "
       "LTrim(RTrim(Barcode))='A' "
       "and ReceiptID in (select ID from tblInventoryReceipt where  Code is not NULL and (InventoryID=1 or "
@@ -275,7 +274,7 @@ TEST_F(SystemQuantityTest, An_empty_grid_shows_the_progress_bar_of_nothing_and_h
   form.quantity.CalculateAllLines();
   EXPECT_EQ(seen, (Texts{"shown 0/7", "shown 0/0", "shown 0/0", "hidden 0/0"}));
   EXPECT_EQ(form.txtTotalValue.Text(), "0");
-  EXPECT_EQ(Sent(), Texts{});
+  EXPECT_EQ(NewStatements(), Texts{});
 }
 
 TEST_F(SystemQuantityTest, The_progress_bar_and_the_hourglass_show_every_line) {
@@ -318,8 +317,8 @@ class FailingCalculation : public SystemQuantityTest, public ::testing::WithPara
 };
 
 TEST_P(FailingCalculation, The_lines_done_before_a_failure_stay_and_the_progress_bar_is_still_there) {
-  const int failing = GetParam();
-  FailAt(failing);
+  const int failedStatement = GetParam();
+  failing.Plan().FailAt(failedStatement);
   try {
     form.quantity.CalculateAllLines();
     FAIL() << "no failure";
@@ -327,8 +326,8 @@ TEST_P(FailingCalculation, The_lines_done_before_a_failure_stay_and_the_progress
     EXPECT_EQ(failure.ServerText(), test::FaultPlan::kServerText);
   }
 
-  const int failedRow = (failing - 1) / kStatementsOfALine + 1;
-  const int sentForRow = (failing - 1) % kStatementsOfALine;
+  const int failedRow = (failedStatement - 1) / kStatementsOfALine + 1;
+  const int sentForRow = (failedStatement - 1) % kStatementsOfALine;
   const Texts done[] = {{}, {"عدد", "4", "10", "10"}, {"عدد", "5", "20", "20"}};
   for (int row = 1; row <= 2; ++row) {
     Texts expected = row < failedRow ? done[row] : Texts(4, "before");
@@ -343,7 +342,7 @@ TEST_P(FailingCalculation, The_lines_done_before_a_failure_stay_and_the_progress
 }
 
 TEST_P(FailingCalculation, The_next_calculation_does_it_all) {
-  FailAt(GetParam());
+  failing.Plan().FailAt(GetParam());
   EXPECT_THROW(form.quantity.CalculateAllLines(), DatabaseError);
   form.quantity.CalculateAllLines();
   EXPECT_EQ(Results(1), (Texts{"عدد", "4", "10", "10"}));

@@ -6,9 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/controls/Form.h"
 #include "platform/text/Errors.h"
-#include "tests/support/FakeScreen.h"
+#include "services/SharedState.h"
+#include "tests/support/BareCountingForm.h"
+#include "tests/support/ComponentFixture.h"
 
 namespace koru {
 namespace {
@@ -48,22 +49,24 @@ class RememberingStarter : public SpreadsheetStarter {
   Desk& desk_;
 };
 
-class ExportingTheGrid : public ::testing::Test {
+class ExportingTheGrid : public ::testing::Test, protected test::NoDatabaseFixture {
  protected:
   ExportingTheGrid() {
-    flexDetail.SetCols(3);
-    flexDetail.SetFormatString("   رديف|^كد              |^نام");
-    flexDetail.SetColWidth(1, 0);
-    pgbStatus.SetVisible(false);
+    form.flexDetail.SetCols(3);
+    form.flexDetail.SetFormatString("   رديف|^كد              |^نام");
+    form.flexDetail.SetColWidth(1, 0);
   }
 
-  test::FakeScreen screen;
-  Form form{screen, "frmSmall"};
-  Grid flexDetail{form, "flexDetail"};
-  ProgressBar pgbStatus{form, "pgbStatus"};
   Desk desk;
   RememberingStarter starter{desk};
-  ExcelExport excel{flexDetail, pgbStatus, screen, starter};
+  SharedState shared{{.databases = recording,
+                      .components = components,
+                      .screen = screen,
+                      .clock = clock,
+                      .files = files,
+                      .spreadsheets = starter}};
+  test::BareCountingForm form{screen};
+  ExcelExport excel{form, shared};
 };
 
 TEST_F(ExportingTheGrid, A_grid_without_lines_starts_no_spreadsheet_program) {
@@ -74,10 +77,10 @@ TEST_F(ExportingTheGrid, A_grid_without_lines_starts_no_spreadsheet_program) {
 }
 
 TEST_F(ExportingTheGrid, Header_and_lines_go_over_cell_by_cell_with_hidden_columns) {
-  flexDetail.AddItem("1");
-  flexDetail.SetTextMatrix(1, 1, "007");
-  flexDetail.SetTextMatrix(1, 2, "=SUM(A1)");
-  flexDetail.AddItem("2");
+  form.flexDetail.AddItem("1");
+  form.flexDetail.SetTextMatrix(1, 1, "007");
+  form.flexDetail.SetTextMatrix(1, 2, "=SUM(A1)");
+  form.flexDetail.AddItem("2");
   excel.Run();
   const std::map<std::pair<int, int>, std::string> expected = {
       {{1, 1}, "   رديف"}, {{1, 2}, "كد              "}, {{1, 3}, "نام"}, {{2, 1}, "1"},
@@ -89,29 +92,29 @@ TEST_F(ExportingTheGrid, Header_and_lines_go_over_cell_by_cell_with_hidden_colum
 }
 
 TEST_F(ExportingTheGrid, A_long_export_shows_how_far_it_is_and_the_hourglass) {
-  flexDetail.SetRows(1001);
+  form.flexDetail.SetRows(1001);
   std::vector<int> steps;
-  const Subscription watching = pgbStatus.Changed.Subscribe([&] {
-    if (!pgbStatus.Visible()) return;
+  const Subscription watching = form.pgbStatus.Changed.Subscribe([&] {
+    if (!form.pgbStatus.Visible()) return;
     EXPECT_EQ(screen.CurrentCursor(), Cursor::Hourglass);
-    steps.push_back(pgbStatus.Value());
+    steps.push_back(form.pgbStatus.Value());
   });
   excel.Run();
-  EXPECT_EQ(pgbStatus.Max(), 1001);
+  EXPECT_EQ(form.pgbStatus.Max(), 1001);
   ASSERT_GE(steps.size(), 1001U) << "every row moves the bar";
   EXPECT_EQ(steps.back(), 1001);
-  EXPECT_FALSE(pgbStatus.Visible());
+  EXPECT_FALSE(form.pgbStatus.Visible());
   EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
 }
 
 TEST_F(ExportingTheGrid, A_missing_program_or_a_full_disk_is_the_callers_to_tell) {
-  flexDetail.AddItem("1");
+  form.flexDetail.AddItem("1");
   desk.missing = true;
   EXPECT_THROW(excel.Run(), InputError);
   desk.missing = false;
   desk.full = true;
   EXPECT_THROW(excel.Run(), InputError);
-  EXPECT_FALSE(pgbStatus.Visible());
+  EXPECT_FALSE(form.pgbStatus.Visible());
   EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
 }
 

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "output/frmReport.h"
 #include "platform/ports/ComponentError.h"
 #include "platform/text/Errors.h"
@@ -37,15 +35,6 @@ class LoggingPrinter : public ReportPrinter {
   PrinterLog& log_;
 };
 
-/// The files that the test says are there.
-class SomeFiles : public FileSystem {
- public:
-  [[nodiscard]] bool FileExists(const std::string& path) const override {
-    return std::find(paths.begin(), paths.end(), path) != paths.end();
-  }
-  Texts paths;
-};
-
 class ViewingAReport : public DocumentsTest {
  protected:
   ViewingAReport() {
@@ -58,6 +47,7 @@ class ViewingAReport : public DocumentsTest {
         "(6, 700, 'رسيد', 'reports/b.rpt'), (7, 806, 'مغايرتها', '/full/c.rpt')");
     Execute("insert into tblPelinCompany values (1, 'شركت آفتاب', '/base/')");
     form.lblIDVal.SetCaption("12");
+    view.ReadBaseFolder();
     StartRecording();
   }
 
@@ -72,21 +62,7 @@ class ViewingAReport : public DocumentsTest {
 
   PrinterLog printer;
   int made = 0;
-  SomeFiles files;
-  std::string baseFolder = "/base/";
-  bool ready = true;
-  SharedState suite{{.databases = failing,
-                     .components = components,
-                     .screen = screen,
-                     .clock = clock,
-                     .files = files,
-                     .spreadsheets = machine}};
-  ViewReport view{suite, form.lblIDVal, baseFolder, ready};
-
-  void View() {
-    suite.data.SetConnectionString(database.ConnectionText());
-    view.Run();
-  }
+  ViewReport view{form, shared};
 };
 
 TEST_F(ViewingAReport, The_printer_gets_file_connection_query_and_company_in_this_order) {
@@ -94,10 +70,10 @@ TEST_F(ViewingAReport, The_printer_gets_file_connection_query_and_company_in_thi
   bool readyWhileShown = true;
   Cursor pointerWhileShown = Cursor::Normal;
   printer.onShow = [&] {
-    readyWhileShown = ready;
+    readyWhileShown = view.Ready();
     pointerWhileShown = screen.CurrentCursor();
   };
-  View();
+  view.Run();
   EXPECT_EQ(printer.calls,
             (Texts{"file ", "file reports/a.rpt", "file /base/reports/a.rpt",
                    "connection " + database.ConnectionText(),
@@ -107,10 +83,10 @@ TEST_F(ViewingAReport, The_printer_gets_file_connection_query_and_company_in_thi
                            "Select * From tblPelinReportTemplate Where ID = 5",
                            "Select top 1 Name from vwPelinCompany"}));
   EXPECT_FALSE(readyWhileShown);
-  EXPECT_TRUE(ready);
+  EXPECT_TRUE(view.Ready());
   EXPECT_EQ(pointerWhileShown, Cursor::Hourglass);
   EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
 }
 
 TEST_F(ViewingAReport, The_chooser_is_modal_lists_the_countings_templates_and_is_called_viewing) {
@@ -122,7 +98,7 @@ TEST_F(ViewingAReport, The_chooser_is_modal_lists_the_countings_templates_and_is
     for (const ComboBox::Item& item : chooser.cmbReport.Items()) titles.push_back(item.text);
     EXPECT_EQ(chooser.cmbReport.ListIndex(), 0);
   };
-  View();
+  view.Run();
   ASSERT_EQ(screen.Shown().size(), 1U);
   EXPECT_EQ(screen.Shown()[0].form, "frmReport");
   EXPECT_TRUE(screen.Shown()[0].modal);
@@ -133,37 +109,38 @@ TEST_F(ViewingAReport, The_chooser_is_modal_lists_the_countings_templates_and_is
 TEST_F(ViewingAReport, A_path_that_exists_is_taken_as_it_is) {
   files.paths = {"/full/c.rpt"};
   WillChoose(1, "cmdOk");
-  View();
+  view.Run();
   ASSERT_GE(printer.calls.size(), 3U);
   EXPECT_EQ(printer.calls[1], "file /full/c.rpt");
   EXPECT_EQ(printer.calls[2], "connection " + database.ConnectionText());
 }
 
-TEST_F(ViewingAReport, The_base_folder_goes_in_front_without_a_separator) {
-  baseFolder = "/base";
+TEST_F(ViewingAReport, The_base_folder_is_put_before_the_path_without_a_separator) {
+  Execute("update tblPelinCompany set BasePath = '/base'");
+  view.ReadBaseFolder();
   WillChoose(0);
-  View();
+  view.Run();
   ASSERT_GE(printer.calls.size(), 3U);
   EXPECT_EQ(printer.calls[2], "file /basereports/a.rpt");
 }
 
 TEST_F(ViewingAReport, Closing_the_chooser_shows_nothing_and_clears_the_file_of_the_report_before) {
   WillChoose(0);
-  View();
+  view.Run();
   printer.calls.clear();
   screen.OnModal = nullptr;
-  View();
+  view.Run();
   EXPECT_EQ(printer.calls, (Texts{"file ", "file "}));
   EXPECT_EQ(made, 1);
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
 }
 
 TEST_F(ViewingAReport, Without_a_template_no_chooser_opens_and_nothing_is_said) {
   Execute("delete from tblPelinReportTemplate where FormTypeID = 806");
-  View();
+  view.Run();
   EXPECT_TRUE(screen.Shown().empty());
   EXPECT_EQ(printer.calls, (Texts{"file ", "file "}));
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
 }
 
 TEST_F(ViewingAReport, No_chosen_template_is_an_error_and_the_chooser_stays_open) {
@@ -174,23 +151,23 @@ TEST_F(ViewingAReport, No_chosen_template_is_an_error_and_the_chooser_stays_open
     EXPECT_TRUE(chooser.Visible());
     EXPECT_EQ(chooser.Focus(), &chooser.cmbReport);
     EXPECT_EQ(chooser.ChosenFilePath(), "");
-    EXPECT_EQ(Shown(), Texts{"خطا: قالب گزارش مشخص نيست."});
+    EXPECT_EQ(NewTitledMessages(), Texts{"خطا: قالب گزارش مشخص نيست."});
   };
-  View();
+  view.Run();
   EXPECT_EQ(printer.calls, (Texts{"file ", "file "}));
 }
 
 TEST_F(ViewingAReport, A_template_without_a_file_shows_nothing) {
   Execute("update tblPelinReportTemplate set FilePath = NULL where ID = 5");
   WillChoose(0);
-  View();
+  view.Run();
   EXPECT_EQ(printer.calls, (Texts{"file ", "file "}));
 }
 
 TEST_F(ViewingAReport, An_apostrophe_in_the_companys_name_is_not_doubled) {
   Execute("update tblPelinCompany set Name = 'O''Neil'");
   WillChoose(0);
-  View();
+  view.Run();
   ASSERT_EQ(printer.calls.size(), 7U);
   EXPECT_EQ(printer.calls[5], "formula 1 fmlCompanyName='O'Neil'");
 }
@@ -198,7 +175,7 @@ TEST_F(ViewingAReport, An_apostrophe_in_the_companys_name_is_not_doubled) {
 TEST_F(ViewingAReport, A_suite_without_a_company_has_an_empty_formula) {
   Execute("delete from tblPelinCompany");
   WillChoose(0);
-  View();
+  view.Run();
   ASSERT_EQ(printer.calls.size(), 7U);
   EXPECT_EQ(printer.calls[5], "formula 1 fmlCompanyName=''");
 }
@@ -206,7 +183,7 @@ TEST_F(ViewingAReport, A_suite_without_a_company_has_an_empty_formula) {
 TEST_F(ViewingAReport, A_form_without_a_counting_asks_for_the_lines_of_0) {
   form.lblIDVal.SetCaption("");
   WillChoose(0);
-  View();
+  view.Run();
   ASSERT_EQ(printer.calls.size(), 7U);
   EXPECT_EQ(printer.calls[4], "query SELECT * From vwInventoryCountingPrint Where ID=0 order by GoodCode");
 }
@@ -214,7 +191,7 @@ TEST_F(ViewingAReport, A_form_without_a_counting_asks_for_the_lines_of_0) {
 TEST_F(ViewingAReport, A_missing_report_printer_fails_with_429_before_anything_is_asked) {
   components.Unregister(ReportPrinter::kClassName);
   try {
-    View();
+    view.Run();
     FAIL() << "no failure";
   } catch (const ComponentError& failure) {
     EXPECT_EQ(failure.Code(), 429);
@@ -226,8 +203,8 @@ TEST_F(ViewingAReport, A_missing_report_printer_fails_with_429_before_anything_i
 TEST_F(ViewingAReport, A_report_that_fails_leaves_the_form_ready_and_the_pointer_normal) {
   WillChoose(0);
   printer.onShow = [] { throw InputError("no such file"); };
-  EXPECT_THROW(View(), InputError);
-  EXPECT_TRUE(ready);
+  EXPECT_THROW(view.Run(), InputError);
+  EXPECT_TRUE(view.Ready());
   EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
 }
 
@@ -237,9 +214,9 @@ TEST_F(ViewingAReport, A_database_failure_in_the_chooser_is_told_there_and_choos
     dynamic_cast<frmReport&>(shown).cmdPrint.UserClick();
     EXPECT_TRUE(shown.Visible());
   };
-  View();
-  ASSERT_EQ(person.Texts().size(), 1U);
-  EXPECT_NE(person.Texts()[0].find(test::FaultPlan::kServerText), std::string::npos);
+  view.Run();
+  ASSERT_EQ(messages.Texts().size(), 1U);
+  EXPECT_NE(messages.Texts()[0].find(test::FaultPlan::kServerText), std::string::npos);
   EXPECT_EQ(printer.calls, (Texts{"file ", "file "}));
 }
 

@@ -15,10 +15,7 @@ class Adjustment : public DocumentsTest {
     FillHeader();
   }
 
-  void Create() {
-    const CountingControls controls = form.Controls();
-    AdjustmentDocuments(controls, shared).CreateAdjustmentDocuments();
-  }
+  void Create() { AdjustmentDocuments(form, shared).CreateAdjustmentDocuments(); }
   Texts Links() { return Rows("select DispatchID, ReceiptID from tblInventoryCounting"); }
   Texts DispatchLines() {
     return Rows(

@@ -4,16 +4,12 @@
 #include <sstream>
 #include <utility>
 
-#include "platform/text/Errors.h"
+#include "lines/LineColumns.h"
 
 namespace koru {
 
-bool EmptyMachine::FileExists(const std::string& /*path*/) const { return false; }
-
-std::unique_ptr<Spreadsheet> EmptyMachine::NewWorkbook() { throw InputError("no spreadsheet program"); }
-
 CountingDesk::CountingDesk() {
-  person.RegisterIn(components);
+  form.flexDetail.SetCols(kLineColumns);
   shared.data.SetConnectionString(database.ConnectionText());
   shared.user.userID = 7;
   for (const int permission : {80605, 80606, 80607}) Grant(permission);
@@ -88,20 +84,6 @@ Texts CountingDesk::Sent() const {
     if (statement.find("spPelinHasPermission") == std::string::npos) sent.push_back(statement);
   }
   return sent;
-}
-
-Texts CountingDesk::Shown() const {
-  Texts shown;
-  for (const auto& message : person.Shown()) shown.push_back(message.title + ": " + message.text);
-  return shown;
-}
-
-std::function<void()> CountingDesk::Locking() {
-  return [this] {
-    ++lockings;
-    modeWhenLocked = shared.DocMode;
-    sentWhenLocked = Sent().size();
-  };
 }
 
 std::string Repeat(const std::string& piece, int times) {

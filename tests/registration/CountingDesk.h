@@ -1,30 +1,16 @@
 #pragma once
 
-#include <functional>
 #include <string>
-#include <vector>
 
 #include "services/SharedState.h"
-#include "tests/registration/SmallCountingForm.h"
-#include "tests/support/FailingDatabase.h"
-#include "tests/support/FakeMessages.h"
-#include "tests/support/FakeScreen.h"
-#include "tests/support/FixedClock.h"
-#include "tests/support/RecordingDatabase.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/BareCountingForm.h"
+#include "tests/support/DatabaseFixture.h"
 
 namespace koru {
 
-using Texts = std::vector<std::string>;
+using test::Texts;
 
-/// No file is there, and no spreadsheet program: the commands under test ask for neither.
-class EmptyMachine : public FileSystem, public SpreadsheetStarter {
- public:
-  [[nodiscard]] bool FileExists(const std::string& path) const override;
-  [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override;
-};
-
-/// One line as a person sees it in the grid; what is not named stays empty.
+/// One line as the grid shows it; a field that is not named stays empty.
 struct GridLine {
   std::string barcode;
   std::string name = "كالا";
@@ -39,12 +25,12 @@ struct GridLine {
   std::string rate = {};
 };
 
-/// User 7, who holds all rights, before an empty form and a database of his own.
-class CountingDesk {
+/// User 7, who holds all rights, an empty form, and a fresh database.
+class CountingDesk : public test::DatabaseFixture {
  public:
   CountingDesk();
 
-  /// Store 3, counters 11, none and 13, confirmer 14, the days, notes and a manual number.
+  /// Store 3, counters 11, none and 13, confirmer 14, the dates, notes and a manual number.
   void FillHeader();
   void AddLine(const GridLine& line);
   /// Stores a temporary counting of key 1 without lines and shows its key.
@@ -55,43 +41,24 @@ class CountingDesk {
   void Grant(int permission);
   void Revoke(int permission);
 
-  /// Statements that nobody records.
+  /// Runs statements that are not recorded.
   void Execute(const std::string& sql) { database.Execute(sql); }
   /// Rows as "field|field", NULL as "NULL".
   [[nodiscard]] Texts Rows(const std::string& sql);
   [[nodiscard]] std::string Dump() { return database.Dump(); }
 
-  /// What reached the database since StartRecording, in the suite's dialect, without the questions for
-  /// rights.
+  /// The statements since StartRecording, without the questions for rights.
   [[nodiscard]] Texts Sent() const;
   void StartRecording() { recording.ForgetStatements(); }
-  /// What was shown to the user, as "title: text".
-  [[nodiscard]] Texts Shown() const;
 
-  /// Counts its calls and remembers how far the command was.
-  [[nodiscard]] std::function<void()> Locking();
-  int lockings = 0;
-  DocumentMode modeWhenLocked = DocumentMode::Empty;
-  std::size_t sentWhenLocked = 0;
+  /// Whether the form only shows the counting.
+  [[nodiscard]] bool IsLocked() const { return !form.gdpReceiveDate.Enabled(); }
 
-  test::TestDatabase database;
-  test::RecordingConnector recording{database.Connector()};
-  test::FailingConnector failing{recording};
-  ComponentRegistry components;
-  test::FakeMessages person;
-  test::FakeScreen screen;
-  test::FixedClock clock{Date{std::chrono::year{2024} / 3 / 20}};
-  EmptyMachine machine;
-  SharedState shared{{.databases = failing,
-                      .components = components,
-                      .screen = screen,
-                      .clock = clock,
-                      .files = machine,
-                      .spreadsheets = machine}};
-  SmallCountingForm form{screen};
+  SharedState shared{Services()};
+  test::BareCountingForm form{screen};
 };
 
-/// `piece` so many times.
+/// `piece` repeated `times` times.
 [[nodiscard]] std::string Repeat(const std::string& piece, int times);
 
 }  // namespace koru

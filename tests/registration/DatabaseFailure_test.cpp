@@ -75,17 +75,12 @@ void PrepareRegistered(CountingDesk& desk) {
 // The commands
 // -------------------------------------------------------------------------------------------------------
 
-void Save(CountingDesk& desk) { TemporarySave(desk.form.Controls(), desk.shared, desk.Locking()).Run(); }
-void Register(CountingDesk& desk) {
-  FinalRegistration(desk.form.Controls(), desk.shared, desk.Locking()).Run();
-}
-void Adjust(CountingDesk& desk) {
-  const CountingControls controls = desk.form.Controls();
-  AdjustmentDocuments(controls, desk.shared).CreateAdjustmentDocuments();
-}
+void Save(CountingDesk& desk) { TemporarySave(desk.form, desk.shared).Run(); }
+void Register(CountingDesk& desk) { FinalRegistration(desk.form, desk.shared).Run(); }
+void Adjust(CountingDesk& desk) { AdjustmentDocuments(desk.form, desk.shared).CreateAdjustmentDocuments(); }
 void Return(CountingDesk& desk) {
-  desk.person.WillAnswer(test::FakeMessages::Answer::Yes);
-  ReturnToTemporary(desk.form.Controls(), desk.shared).Run();
+  desk.messages.WillAnswer(test::FakeMessages::Answer::Yes);
+  ReturnToTemporary(desk.form, desk.shared).Run();
 }
 
 // What must be true in the end

@@ -6,6 +6,7 @@
 
 namespace koru {
 
+/// A test of saving, registering, returning or showing one counting.
 class DocumentsTest : public ::testing::Test, protected CountingDesk {};
 
 }  // namespace koru

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "lines/LineColumns.h"
 #include "platform/sql/DatabaseError.h"
 #include "registration/TemporarySave.h"
 #include "tests/registration/DocumentsTest.h"
@@ -15,7 +16,7 @@ constexpr const char* kHighestCode =
 
 class Registration : public DocumentsTest {
  protected:
-  void Register() { FinalRegistration(form.Controls(), shared, Locking()).Run(); }
+  void Register() { FinalRegistration(form, shared).Run(); }
 };
 
 TEST_F(Registration, A_new_counting_is_saved_numbered_and_gets_both_documents) {
@@ -41,7 +42,7 @@ TEST_F(Registration, A_new_counting_is_saved_numbered_and_gets_both_documents) {
   EXPECT_EQ(Rows("select ID, Code, DispatchID, ReceiptID from tblInventoryCounting"), Texts{"1|1|1|1"});
   EXPECT_EQ(form.txtCode.Text(), "1");
   EXPECT_EQ(shared.DocMode, DocumentMode::Viewing);
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
 }
 
 TEST_F(Registration, An_edited_counting_without_differences_gets_its_number_and_no_documents) {
@@ -114,7 +115,7 @@ TEST_F(Registration, A_counting_that_is_only_viewed_is_registered_without_its_he
   ASSERT_GE(Sent().size(), 3U);
   EXPECT_EQ(Sent()[1], kDeleteLinesOf1);
   EXPECT_EQ(Sent()[2], "update tblInventoryCounting set Code = 1 where id=1");
-  EXPECT_EQ(lockings, 1);
+  EXPECT_TRUE(IsLocked());
 }
 
 TEST_F(Registration, Counting_number_and_documents_reach_the_disk_together) {
@@ -122,8 +123,9 @@ TEST_F(Registration, Counting_number_and_documents_reach_the_disk_together) {
   AddLine({.barcode = "100", .surplus = "5"});
   shared.DocMode = DocumentMode::New;
   std::string seenByOthers;
-  const auto look = [&] { seenByOthers = database.Scalar("select count(*) from tblInventoryCounting"); };
-  FinalRegistration(form.Controls(), shared, look).Run();
+  const Subscription look = form.gdpReceiveDate.Changed.Subscribe(
+      [&] { seenByOthers = database.Scalar("select count(*) from tblInventoryCounting"); });
+  Register();
   EXPECT_EQ(seenByOthers, database.IsOnServer() ? "1" : "0");
   EXPECT_EQ(Rows("select Code, ReceiptID from tblInventoryCounting"), Texts{"1|1"});
 }
@@ -136,7 +138,8 @@ TEST_F(Registration, A_user_without_the_right_is_told_so_and_nothing_is_written)
   Register();
   EXPECT_EQ(Sent(), Texts{});
   EXPECT_EQ(Dump(), before);
-  EXPECT_EQ(Shown(), (Texts{"خطا: شما مجاز به انجام اين عمليات نيستيد. با نگهدارنده سيستم هماهنگ نماييد."}));
+  EXPECT_EQ(NewTitledMessages(),
+            (Texts{"خطا: شما مجاز به انجام اين عمليات نيستيد. با نگهدارنده سيستم هماهنگ نماييد."}));
   EXPECT_EQ(shared.DocMode, DocumentMode::New);
   EXPECT_EQ(form.txtCode.Text(), "");
   EXPECT_EQ(form.Caption(), "");
@@ -163,7 +166,7 @@ TEST_F(Registration, A_number_that_was_not_stored_leaves_the_form_with_a_tempora
   shared.DocMode = DocumentMode::Editing;
   EXPECT_THROW(Register(), DatabaseError);
   form.txtGNO.SetText("12");
-  TemporarySave(form.Controls(), shared, Locking()).Run();
+  TemporarySave(form, shared).Run();
   EXPECT_EQ(form.txtCode.Text(), "");
   EXPECT_EQ(Rows("select Code, ManualCode from tblInventoryCounting"), Texts{"NULL|12"});
 }

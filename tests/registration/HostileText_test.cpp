@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "lines/LineColumns.h"
 #include "platform/sql/DatabaseError.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Text.h"
@@ -25,12 +26,11 @@ class HostileText : public DocumentsTest {
 
   void Save(DocumentMode mode) {
     shared.DocMode = mode;
-    TemporarySave(form.Controls(), shared, Locking()).Run();
+    TemporarySave(form, shared).Run();
   }
   void CreateDocuments() {
-    const CountingControls controls = form.Controls();
     const auto group = shared.data.BeginWriteBatch();
-    AdjustmentDocuments(controls, shared).CreateAdjustmentDocuments();
+    AdjustmentDocuments(form, shared).CreateAdjustmentDocuments();
   }
 
   /// A field as it is stored, byte by byte; rows as text would end at a line feed that was typed.

@@ -47,8 +47,8 @@ class Returning : public DocumentsTest {
     form.txtCode.SetText(code);
   }
   void Return(Answer answer = Answer::Yes) {
-    person.WillAnswer(answer);
-    ReturnToTemporary(form.Controls(), shared).Run();
+    messages.WillAnswer(answer);
+    ReturnToTemporary(form, shared).Run();
   }
   Texts Codes() { return Rows("select Code from tblInventoryCounting order by ID"); }
 };
@@ -68,7 +68,7 @@ TEST_F(Returning, A_final_counting_loses_its_number_and_documents_and_the_gap_is
   EXPECT_EQ(form.txtCode.Text(), "");
   EXPECT_EQ(form.Caption(), "شمارش");
   EXPECT_EQ(shared.DocMode, DocumentMode::Viewing);
-  EXPECT_EQ(Shown(), Texts{kQuestion});
+  EXPECT_EQ(NewTitledMessages(), Texts{kQuestion});
 }
 
 TEST_F(Returning, The_counting_with_the_highest_number_changes_no_other) {
@@ -82,7 +82,7 @@ TEST_F(Returning, A_final_receipt_is_refused_by_its_key_before_the_dispatch_is_l
   const std::string before = Dump();
   Return();
   EXPECT_EQ(Sent(), Texts{kFinalReceipts});
-  EXPECT_EQ(Shown(),
+  EXPECT_EQ(NewTitledMessages(),
             (Texts{kQuestion,
                    "خطا: به اين شمارش، برگ رسيد نهايي به شماره رايانه اي 22 وابسته است. بنابراين امكان "
                    "بازگشت شمارش به حالت موقت وجود ندارد."}));
@@ -95,7 +95,7 @@ TEST_F(Returning, A_final_dispatch_is_refused_by_its_key) {
   const std::string before = Dump();
   Return();
   EXPECT_EQ(Sent(), (Texts{kFinalReceipts, kFinalDispatches}));
-  EXPECT_EQ(Shown(),
+  EXPECT_EQ(NewTitledMessages(),
             (Texts{kQuestion,
                    "خطا: به اين شمارش، برگ خروج نهايي به شماره رايانه اي 21 وابسته است. بنابراين امكان "
                    "بازگشت شمارش به حالت موقت وجود ندارد."}));
@@ -107,8 +107,9 @@ TEST_F(Returning, With_both_documents_final_the_receipt_is_the_one_that_is_named
   Execute("update tblInventoryReceipt set Code = 900 where ID = 22");
   Execute("update tblInventoryDispatch set Code = 901 where ID = 21");
   Return();
-  ASSERT_EQ(Shown().size(), 2U);
-  EXPECT_NE(Shown()[1].find("برگ رسيد نهايي"), std::string::npos);
+  const Texts shown = NewTitledMessages();
+  ASSERT_EQ(shown.size(), 2U);
+  EXPECT_NE(shown[1].find("برگ رسيد نهايي"), std::string::npos);
 }
 
 TEST_F(Returning, A_final_document_of_another_counting_does_not_matter) {
@@ -122,7 +123,7 @@ TEST_F(Returning, A_temporary_counting_is_left_alone_without_a_word) {
   const std::string before = Dump();
   Return();
   EXPECT_EQ(Sent(), Texts{});
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
   EXPECT_EQ(Dump(), before);
 }
 
@@ -133,7 +134,7 @@ TEST_F(Returning, A_user_without_the_right_is_told_so_even_on_a_temporary_counti
   View("2", "2");
   Return();
   const std::string refusal = "خطا: شما مجاز به انجام اين عمليات نيستيد. با نگهدارنده سيستم هماهنگ نماييد.";
-  EXPECT_EQ(Shown(), (Texts{refusal, refusal}));
+  EXPECT_EQ(NewTitledMessages(), (Texts{refusal, refusal}));
   EXPECT_EQ(Sent(), Texts{});
   EXPECT_EQ(Codes(), (Texts{"1", "2", "3", "4", "NULL"}));
 }
@@ -141,7 +142,7 @@ TEST_F(Returning, A_user_without_the_right_is_told_so_even_on_a_temporary_counti
 TEST_F(Returning, No_changes_nothing) {
   const std::string before = Dump();
   Return(Answer::No);
-  EXPECT_EQ(Shown(), Texts{kQuestion});
+  EXPECT_EQ(NewTitledMessages(), Texts{kQuestion});
   EXPECT_EQ(Sent(), Texts{});
   EXPECT_EQ(Dump(), before);
   EXPECT_EQ(form.txtCode.Text(), "2");

@@ -13,7 +13,7 @@ namespace {
 
 class TemporarySaving : public DocumentsTest {
  protected:
-  void Save() { TemporarySave(form.Controls(), shared, Locking()).Run(); }
+  void Save() { TemporarySave(form, shared).Run(); }
 
   /// What stands in the lines of the database, as "row: difference" and so on.
   std::vector<std::string> Stored(const std::string& columns) {
@@ -88,9 +88,10 @@ TEST_F(TemporarySaving, A_user_without_the_right_is_told_so_and_nothing_is_writt
   Save();
   EXPECT_EQ(Sent(), Texts{});
   EXPECT_EQ(Dump(), before);
-  EXPECT_EQ(Shown(), (Texts{"خطا: شما مجاز به انجام اين عمليات نيستيد. با نگهدارنده سيستم هماهنگ نماييد."}));
+  EXPECT_EQ(NewTitledMessages(),
+            (Texts{"خطا: شما مجاز به انجام اين عمليات نيستيد. با نگهدارنده سيستم هماهنگ نماييد."}));
   EXPECT_EQ(shared.DocMode, DocumentMode::New);
-  EXPECT_EQ(lockings, 0);
+  EXPECT_FALSE(IsLocked());
 }
 
 TEST_F(TemporarySaving, A_counting_without_lines_saves_its_header_and_deletes_the_stored_lines) {
@@ -184,7 +185,7 @@ TEST_F(TemporarySaving, While_viewing_no_header_is_written_but_all_lines_are) {
   ASSERT_EQ(Sent().size(), 2U);
   EXPECT_EQ(Sent()[0], kDeleteLinesOf1);
   EXPECT_EQ(Stored("Barcode"), Texts{"200"});
-  EXPECT_EQ(lockings, 1);
+  EXPECT_TRUE(IsLocked());
 }
 
 TEST_F(TemporarySaving, An_empty_form_turns_to_viewing_and_writes_no_header) {
@@ -192,7 +193,7 @@ TEST_F(TemporarySaving, An_empty_form_turns_to_viewing_and_writes_no_header) {
   Save();
   EXPECT_EQ(Sent(), Texts{"Delete tblInventoryCountingDetail Where CountingID = 0"});
   EXPECT_EQ(shared.DocMode, DocumentMode::Viewing);
-  EXPECT_EQ(lockings, 1);
+  EXPECT_TRUE(IsLocked());
 }
 
 TEST_F(TemporarySaving, Only_a_new_counting_gives_the_form_its_title) {
@@ -209,10 +210,14 @@ TEST_F(TemporarySaving, The_form_is_locked_between_the_header_and_the_lines) {
   FillHeader();
   AddLine({.barcode = "100"});
   shared.DocMode = DocumentMode::New;
+  std::vector<std::size_t> sentWhenLocked;
+  const Subscription watching = form.gdpReceiveDate.Changed.Subscribe([&] {
+    EXPECT_TRUE(IsLocked());
+    EXPECT_EQ(shared.DocMode, DocumentMode::Viewing);
+    sentWhenLocked.push_back(Sent().size());
+  });
   Save();
-  EXPECT_EQ(lockings, 1);
-  EXPECT_EQ(modeWhenLocked, DocumentMode::Viewing);
-  EXPECT_EQ(sentWhenLocked, 2U);
+  EXPECT_EQ(sentWhenLocked, std::vector<std::size_t>{2});
 }
 
 TEST_F(TemporarySaving, Header_and_lines_reach_the_disk_together) {
@@ -220,8 +225,9 @@ TEST_F(TemporarySaving, Header_and_lines_reach_the_disk_together) {
   AddLine({.barcode = "100"});
   shared.DocMode = DocumentMode::New;
   std::string seenByOthers;
-  const auto look = [&] { seenByOthers = database.Scalar("select count(*) from tblInventoryCounting"); };
-  TemporarySave(form.Controls(), shared, look).Run();
+  const Subscription look = form.gdpReceiveDate.Changed.Subscribe(
+      [&] { seenByOthers = database.Scalar("select count(*) from tblInventoryCounting"); });
+  Save();
   EXPECT_EQ(seenByOthers, database.IsOnServer() ? "1" : "0");
   EXPECT_EQ(Stored("Barcode"), Texts{"100"});
 }
@@ -235,7 +241,7 @@ TEST_F(TemporarySaving, A_good_save_says_nothing_and_leaves_pointer_and_progress
   });
   shared.DocMode = DocumentMode::New;
   Save();
-  EXPECT_EQ(Shown(), Texts{});
+  EXPECT_EQ(NewTitledMessages(), Texts{});
   EXPECT_EQ(form.pgbStatus.Max(), 250);
   ASSERT_GE(steps.size(), 250U) << "every line moves the bar";
   EXPECT_EQ(steps.back(), 250);

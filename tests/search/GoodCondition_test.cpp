@@ -12,8 +12,6 @@
 namespace koru {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 const std::string kAll = " tblGood.Barcode<>'' ";
 
 class GoodConditions : public GoodSearchTest {
@@ -21,10 +19,10 @@ class GoodConditions : public GoodSearchTest {
   /// Fills the form in, compares the condition, and runs it.
   void Compare(const PlainGoodSearch& criteria) {
     criteria.FillIn(form);
-    Sent();
+    NewStatements();
     EXPECT_NO_THROW(Found());
     EXPECT_EQ(condition.Text(), criteria.Condition({4, 3}, {2, 9}));
-    EXPECT_EQ(Sent().size(), 1U);
+    EXPECT_EQ(NewStatements().size(), 1U);
     EXPECT_EQ(messages.Texts(), Texts{});
   }
 };

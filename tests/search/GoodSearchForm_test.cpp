@@ -9,8 +9,6 @@
 namespace koru {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class GoodSearchForm : public GoodSearchTest {
  protected:
   /// A key that the person presses while the notes have the keyboard.
@@ -50,11 +48,11 @@ TEST_F(GoodSearchForm, Takes_over_the_store_of_the_counting_when_it_is_loaded) {
   EXPECT_TRUE(form.gmpInventory.NothingSelected());
   EXPECT_EQ(picker.inventory, -1);
   chosenStore = 7;
-  form.Load();  // loaded already
+  form.Load(chosenStore);  // loaded already
   EXPECT_TRUE(form.gmpInventory.NothingSelected());
   SqlText other("left behind");
-  frmGoodSearch fresh{shared, other, [this] { return chosenStore; }};
-  fresh.Load();
+  frmGoodSearch fresh{shared, [&other](SqlText text) { other = std::move(text); }};
+  fresh.Load(chosenStore);
   EXPECT_EQ(fresh.gmpInventory.SelectedID(), 7);
   EXPECT_EQ(picker.inventory, 7);
   EXPECT_TRUE(other.Empty());
@@ -64,11 +62,11 @@ TEST_F(GoodSearchForm, Takes_over_the_store_of_the_counting_when_it_is_loaded) {
 
 TEST_F(GoodSearchForm, Loads_again_after_a_failure) {
   SqlText other;
-  frmGoodSearch fresh{shared, other, [this] { return chosenStore; }};
+  frmGoodSearch fresh{shared, [&other](SqlText text) { other = std::move(text); }};
   shared.data.SetConnectionString("0");
-  EXPECT_THROW(fresh.Load(), DatabaseError);
+  EXPECT_THROW(fresh.Load(chosenStore), DatabaseError);
   shared.data.SetConnectionString(database.ConnectionText());
-  fresh.Load();
+  fresh.Load(chosenStore);
   EXPECT_EQ(fresh.cmbGoodType.Items().size(), 2U);
   EXPECT_TRUE(fresh.optPrecise.Chosen());
 }
@@ -79,7 +77,7 @@ TEST_F(GoodSearchForm, Search_hands_the_condition_over_and_hides) {
   form.cmdSearch.UserClick();
   EXPECT_EQ(condition.Text(), " tblGood.Barcode<>''  and  tblGood.Code like 'K-1'");
   EXPECT_FALSE(form.Visible());
-  EXPECT_EQ(Sent(), Texts{});
+  EXPECT_EQ(NewStatements(), Texts{});
 }
 
 TEST_F(GoodSearchForm, Exit_keeps_the_condition_and_the_criteria) {
@@ -91,7 +89,7 @@ TEST_F(GoodSearchForm, Exit_keeps_the_condition_and_the_criteria) {
   form.cmdExit.UserClick();
   EXPECT_FALSE(form.Visible());
   EXPECT_EQ(condition.Text(), before);
-  form.Load();
+  form.Load(chosenStore);
   EXPECT_EQ(form.txtCode.Text(), "K-2");
   EXPECT_EQ(condition.Text(), before);
 }

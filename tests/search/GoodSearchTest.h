@@ -12,7 +12,7 @@
 
 namespace koru {
 
-/// What a goods picker was told, and what the person picks in it.
+/// What a goods picker received, and what the user picks in it.
 struct PickerScenario {
   std::string connection;
   std::int32_t userID = 0;
@@ -61,8 +61,8 @@ class GoodSearchTest : public SearchTest {
         "('300',NULL,'O''Neil',NULL,10,NULL,NULL,14,22,NULL)");
     components.Register(std::string(GoodsPicker::kClassName),
                         [this] { return std::make_unique<ScenarioPicker>(picker); });
-    form.Load();
-    Sent();
+    form.Load(chosenStore);
+    NewStatements();
   }
 
   /// Presses Search and runs the condition as the counting form does; the barcodes found, sorted.
@@ -85,8 +85,8 @@ class GoodSearchTest : public SearchTest {
 
   PickerScenario picker;
   SqlText condition;
-  std::int32_t chosenStore = -1;
-  frmGoodSearch form{shared, condition, [this] { return chosenStore; }};
+  std::int32_t chosenStore = -1;  ///< on the counting form
+  frmGoodSearch form{shared, [this](SqlText text) { condition = std::move(text); }};
 };
 
 }  // namespace koru

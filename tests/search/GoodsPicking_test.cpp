@@ -8,8 +8,6 @@
 namespace koru {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 constexpr int kF3 = 114;
 constexpr const char* kSeveral = "چند \u06A9الا";
 
@@ -127,8 +125,8 @@ TEST_F(GoodsPickingOnTheForm, A_suite_without_the_picker_picks_nothing) {
   components.Unregister(GoodsPicker::kClassName);
   chosenStore = 7;
   SqlText other;
-  frmGoodSearch fresh{shared, other, [this] { return chosenStore; }};
-  fresh.Load();
+  frmGoodSearch fresh{shared, [&other](SqlText text) { other = std::move(text); }};
+  fresh.Load(chosenStore);
   EXPECT_EQ(fresh.gmpInventory.SelectedID(), 7);
   fresh.txtCode.UserType("K-1");
   EXPECT_TRUE(fresh.txtCode.UserKey({kF3, 0}));

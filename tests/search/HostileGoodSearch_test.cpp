@@ -13,8 +13,6 @@
 namespace koru {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 /// A good that holds the text as its name, code and notes.
 std::string RowOf(const std::string& number, const std::string& text) {
   return "insert into tblGood (Barcode,Name,Code,Notes) values ('G" + number + "'," + text + "," + text +
@@ -46,7 +44,7 @@ class HostileGoodSearch : public GoodSearchTest {
   std::string HarmlessShape(TextBox& box) {
     box.UserType("x");
     Found();
-    return Shape(Sent().back());
+    return Shape(NewStatements().back());
   }
   /// Types every text into a box whose text goes into the statement as it stands.
   void TryAsTyped(TextBox& box, Matches matches) {
@@ -59,11 +57,11 @@ class HostileGoodSearch : public GoodSearchTest {
       if (!StaysInLiteral(text)) {
         ++refused;
         EXPECT_THROW(Found(), DatabaseError);
-        EXPECT_TRUE(Sent().empty());
+        EXPECT_TRUE(NewStatements().empty());
         continue;
       }
       const Texts found = Found();
-      EXPECT_EQ(Shape(Sent().back()), harmless);
+      EXPECT_EQ(Shape(NewStatements().back()), harmless);
       if (!HasWildcard(text)) {
         EXPECT_EQ(found, Expected(MeaningOf(text), matches));
       }
@@ -81,7 +79,7 @@ class HostileGoodSearch : public GoodSearchTest {
       SCOPED_TRACE(text);
       box.UserType(text);
       const Texts found = Found();
-      EXPECT_EQ(Shape(Sent().back()), harmless);
+      EXPECT_EQ(Shape(NewStatements().back()), harmless);
       if (HasWildcard(text)) continue;
       EXPECT_FALSE(found.empty());
       EXPECT_EQ(found, Expected(std::string(Trim(text)), matches));
@@ -130,7 +128,7 @@ TEST_F(HostileGoodSearch, Text_in_a_bound_is_never_more_than_a_number) {
     for (const std::string& text : texts) {
       box->UserType(text);
       EXPECT_NO_THROW(Found()) << text;
-      EXPECT_EQ(Shape(Sent().back()), harmless) << text;
+      EXPECT_EQ(Shape(NewStatements().back()), harmless) << text;
     }
     box->UserType("");
   }
@@ -145,14 +143,14 @@ TEST_F(HostileGoodSearch, A_picked_list_is_literals_only_or_breaks_its_statement
       form.txtBarCode.SetTag(list);
       try {
         const Texts found = Found();
-        std::string inside = Shape(Sent().back());
+        std::string inside = Shape(NewStatements().back());
         inside.erase(0, inside.find(" in ") + 4);
         EXPECT_EQ(inside.find_first_not_of("(), tex"), std::string::npos) << inside;
         EXPECT_LE(found.size(), 1U);
       } catch (const DatabaseError&) {
         ++refused;
       }
-      Sent();
+      NewStatements();
     }
   }
   EXPECT_GT(refused, 400);

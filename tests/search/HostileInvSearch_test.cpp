@@ -44,9 +44,9 @@ class HostileInvSearch : public InvSearchTest {
     SCOPED_TRACE(box.Name());
     form.cmdNew.UserClick();
     box.UserType("x");
-    Sent();
+    NewStatements();
     form.cmdSearch.UserClick();
-    const std::vector<std::string> harmless = Sent();
+    const std::vector<std::string> harmless = NewStatements();
     ASSERT_EQ(harmless.size(), 1U);
     int refused = 0;
     for (const std::string& text : texts) {
@@ -54,7 +54,7 @@ class HostileInvSearch : public InvSearchTest {
       messages.Forget();
       box.UserType(text);
       const std::vector<int> found = Found();
-      const std::vector<std::string> sent = Sent();
+      const std::vector<std::string> sent = NewStatements();
       const std::string trimmed(Trim(text));
       if (!StaysInLiteral(trimmed)) {
         ++refused;
@@ -91,14 +91,14 @@ TEST_F(HostileInvSearch, Text_in_a_number_box_is_never_more_than_a_number) {
     SCOPED_TRACE(box->Name());
     form.cmdNew.UserClick();
     box->UserType("1");
-    Sent();
+    NewStatements();
     form.cmdSearch.UserClick();
-    const std::string harmless = Shape(Sent().at(0));
+    const std::string harmless = Shape(NewStatements().at(0));
     for (const std::string& text : texts) {
       if (Trim(text).empty()) continue;
       box->UserType(text);
       form.cmdSearch.UserClick();
-      EXPECT_EQ(Shape(Sent().at(0)), harmless) << text;
+      EXPECT_EQ(Shape(NewStatements().at(0)), harmless) << text;
     }
   }
   EXPECT_TRUE(messages.Shown().empty());

@@ -9,8 +9,6 @@
 namespace koru {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class InvSearchForm : public InvSearchTest {};
 
 TEST_F(InvSearchForm, Starts_with_an_empty_grid_of_thirteen_titled_columns) {
@@ -56,7 +54,7 @@ TEST_F(InvSearchForm, Loads_once_and_again_only_after_a_failure) {
   form.txtNotes.UserType("سالانه");
   form.Load();
   EXPECT_EQ(form.txtNotes.Text(), "سالانه");
-  EXPECT_EQ(Sent(), Texts{});
+  EXPECT_EQ(NewStatements(), Texts{});
 
   frmInvSearch fresh{shared, [](std::int32_t) { return true; }};
   shared.data.SetConnectionString("0");

@@ -21,16 +21,16 @@ class InvSearchStatement : public InvSearchTest {
   /// What Search sends behind the words that every search begins with.
   std::string Condition() {
     Found();
-    const std::vector<std::string> sent = Sent();
+    const std::vector<std::string> sent = NewStatements();
     if (sent.size() != 1 || !sent.front().starts_with(kBase)) return "not one search was sent";
     return sent.front().substr(kBase.size());
   }
   /// Fills the form in, searches, and compares what was sent and that the database understood it.
   void Compare(const PlainInvSearch& criteria) {
     criteria.FillIn(form);
-    Sent();
+    NewStatements();
     Found();
-    EXPECT_EQ(Sent(), std::vector<std::string>{criteria.Statement({2, 11, 5})});
+    EXPECT_EQ(NewStatements(), std::vector<std::string>{criteria.Statement({2, 11, 5})});
     EXPECT_EQ(messages.Texts(), std::vector<std::string>{});
   }
 };

@@ -33,7 +33,7 @@ class InvSearchTest : public SearchTest {
         "insert into tblInventoryCountingDetail (CountingID,Barcode) values "
         "(1,'100'),(1,'200'),(2,'200'),(3,'999')");
     form.Load();
-    Sent();
+    NewStatements();
   }
 
   /// Presses Search and answers the keys that the grid then shows.

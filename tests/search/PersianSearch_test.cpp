@@ -9,8 +9,6 @@
 namespace koru {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 /// The same words as two keyboards write them: letters, digits and the zero-width non-joiner differ.
 const std::string kArabicKeys = "كتاب قيمتي ٤٥";
 const std::string kPersianKeys = "کتاب قیمتی ۴۵";

@@ -2,21 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/sql/SqlLexer.h"
 #include "services/SharedState.h"
-#include "tests/support/FakeMessages.h"
-#include "tests/support/FakeScreen.h"
-#include "tests/support/FixedClock.h"
-#include "tests/support/RecordingDatabase.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/support/DatabaseFixture.h"
 
 namespace koru {
+
+using test::Texts;
 
 /// `text` as a literal of a statement that puts rows into the database.
 inline std::string Literal(std::string_view text) {
@@ -38,44 +33,15 @@ inline std::string Shape(const std::string& statement) {
   return shape;
 }
 
-/// What the search forms stand on: a fresh database, a screen, and a person who reads messages.
-class SearchTest : public ::testing::Test {
+/// The search forms' host, over a fresh database; user 5 is signed in.
+class SearchTest : public ::testing::Test, protected test::DatabaseFixture {
  protected:
   SearchTest() {
-    messages.RegisterIn(components);
     shared.data.SetConnectionString(database.ConnectionText());
     shared.user.userID = 5;
   }
 
-  /// The statements that were sent since the last call.
-  std::vector<std::string> Sent() {
-    std::vector<std::string> statements = recording_.Statements();
-    recording_.ForgetStatements();
-    return statements;
-  }
-
-  test::TestDatabase database;
-  test::FakeScreen screen;
-  test::FakeMessages messages;
-  ComponentRegistry components;
-
- private:
-  struct NoFiles : FileSystem {
-    [[nodiscard]] bool FileExists(const std::string& /*path*/) const override { return false; }
-  };
-  struct NoSpreadsheets : SpreadsheetStarter {
-    [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override {
-      throw std::logic_error("no spreadsheet is needed");
-    }
-  };
-
-  test::RecordingConnector recording_{database.Connector()};
-  test::FixedClock clock_{Date{std::chrono::year(2024) / 3 / 20}};
-  NoFiles files_;
-  NoSpreadsheets spreadsheets_;
-
- protected:
-  SharedState shared{HostServices{recording_, components, screen, clock_, files_, spreadsheets_}};
+  SharedState shared{Services()};
 };
 
 }  // namespace koru

@@ -6,33 +6,37 @@
 
 #include "adapters/xlsx/XlsxStarter.h"
 #include "output/ExcelExport.h"
-#include "platform/text/Errors.h"
 #include "tests/adapters/xlsx/WorkbookReader.h"
 #include "tests/lines/LineForm.h"
-#include "tests/support/FakeScreen.h"
-#include "tests/support/FixedClock.h"
+#include "tests/support/ComponentFixture.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace koru::test {
 namespace {
-
-class NoDatabases : public DatabaseConnector {
- public:
-  [[nodiscard]] std::unique_ptr<Database> Connect(const std::string& /*connectionText*/) override {
-    throw InputError("the export reads the grid alone");
-  }
-};
 
 /// Names and codes that a file format could misinterpret.
 constexpr std::array<const char*, 8> kHard = {"<b>&\"'",      "=SUM(A1)",      "007",   "ي ك ی ک ۱۲",
                                               "ميله\u200Cاي", "\u00A0x\u00A0", "  x  ", "😀\n]]>"};
 
 TEST(ExportedGrid, Of_a_full_counting_is_read_back_cell_by_cell_as_the_grid_shows_it) {
-  FakeScreen screen;
-  const ComponentRegistry components;
-  NoDatabases databases;
-  LineForm form(screen, components, databases, "0");
-  ProgressBar pgbStatus(form, "pgbExport");
+  NoDatabaseFixture host;
+  const TemporaryFolder folder;
+  const FixedClock clock{Date{std::chrono::year{2025} / 12 / 22}};
+  Texts opened;
+  XlsxStarter starter({folder.File("documents"),
+                       [&opened](const std::string& path) {
+                         opened.push_back(path);
+                         return true;
+                       },
+                       [](const std::string& /*sentence*/) {}},
+                      clock);
+  SharedState shared({.databases = host.recording,
+                      .components = host.components,
+                      .screen = host.screen,
+                      .clock = host.clock,
+                      .files = host.files,
+                      .spreadsheets = starter});
+  LineForm form(shared);
   {
     const GridRedrawOff redrawOff(form.flexDetail);
     for (int line = 1; line <= kMaxLines; ++line) {
@@ -46,17 +50,7 @@ TEST(ExportedGrid, Of_a_full_counting_is_read_back_cell_by_cell_as_the_grid_show
       }
     }
   }
-  const TemporaryFolder folder;
-  const FixedClock clock{Date{std::chrono::year{2025} / 12 / 22}};
-  std::vector<std::string> opened;
-  XlsxStarter starter({folder.File("documents"),
-                       [&opened](const std::string& path) {
-                         opened.push_back(path);
-                         return true;
-                       },
-                       [](const std::string& /*sentence*/) {}},
-                      clock);
-  ExcelExport(form.flexDetail, pgbStatus, screen, starter).Run();
+  ExcelExport(form, shared).Run();
 
   ASSERT_EQ(opened.size(), 1U);
   const ReadSheet sheet = ReadWorkbook(opened[0]);

@@ -25,7 +25,7 @@ using test::Press;
 using test::Type;
 
 /// A temporary counting (1) of two goods in the default store, on the screen in viewing mode.
-class InvCountingWindowTest : public testing::Test, public ControlHost {
+class InvCountingWindowTest : public testing::Test {
  protected:
   InvCountingWindowTest() {
     world.database.Execute(
@@ -55,8 +55,6 @@ class InvCountingWindowTest : public testing::Test, public ControlHost {
     QApplication::processEvents();
   }
 
-  [[nodiscard]] koru::Font AmbientFont() const override { return {}; }
-  void PropertyChanged(std::string_view /*key*/) override {}
   [[nodiscard]] frmInvCounting& Counting() const { return *control.CountingForm(); }
   template <class Widget>
   [[nodiscard]] Widget& Find(const char* name) const {
@@ -75,7 +73,7 @@ class InvCountingWindowTest : public testing::Test, public ControlHost {
   test::SearchingScreen screen;
   test::DesktopWorld world{screen};
   SelectorRecords records{world.database.Connector()};
-  comInvCounting control{*this, world.Where()};
+  comInvCounting control{world, world.Where()};
   FormWindow* window = nullptr;
 };
 

@@ -75,7 +75,7 @@ class DrawingTimes : public QObject {
 };
 
 /// Counting 1, of 200 goods, is being edited on the screen.
-class WorkProgress : public testing::Test, public ControlHost {
+class WorkProgress : public testing::Test {
  protected:
   static constexpr int kLines = 200;
 
@@ -110,8 +110,6 @@ class WorkProgress : public testing::Test, public ControlHost {
     QApplication::processEvents();
   }
 
-  [[nodiscard]] koru::Font AmbientFont() const override { return {}; }
-  void PropertyChanged(std::string_view /*key*/) override {}
   [[nodiscard]] frmInvCounting& Counting() const { return *control.CountingForm(); }
   [[nodiscard]] QWidget& Window() const { return *screen.WindowOf(Counting()); }
 
@@ -157,7 +155,7 @@ class WorkProgress : public testing::Test, public ControlHost {
   SlowConnector slow{world.database.Connector()};
   SelectorRecords records{world.database.Connector()};
   HostServices where = world.Where();
-  comInvCounting control{*this,
+  comInvCounting control{world,
                          {slow, where.components, screen, where.clock, where.files, where.spreadsheets}};
   int ticksAtWork = 0;
 };

@@ -5,29 +5,21 @@
 
 #include "desktop/forms/DesktopScreen.h"
 #include "output/frmReport.h"
+#include "services/SharedState.h"
 #include "tests/desktop/WindowTools.h"
 #include "tests/siblings/report/ReportDesk.h"
-#include "tests/support/FakeMessages.h"
-#include "tests/support/FixedClock.h"
 
 namespace koru {
 namespace {
 
-class NothingThere : public FileSystem, public SpreadsheetStarter {
- public:
-  [[nodiscard]] bool FileExists(const std::string& /*path*/) const override { return false; }
-  [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override { return nullptr; }
-};
-
 class ChooserWindow : public test::ReportDesk {
  protected:
   ChooserWindow() {
-    person.RegisterIn(components);
     database.Execute(
         "insert into tblPelinReportTemplate (ID, FormTypeID, Title, FilePath) values (5, 806, 'با مبلغ', "
         "'a.rpt'), "
         "(6, 806, 'مغايرتها', 'b.rpt')");
-    screen.Register("frmReport", [](Form& form) -> std::unique_ptr<FormWindow> {
+    desktop.Register("frmReport", [](Form& form) -> std::unique_ptr<FormWindow> {
       return std::make_unique<ReportWindow>(dynamic_cast<frmReport&>(form));
     });
     shared.data.SetConnectionString(database.ConnectionText());
@@ -47,17 +39,8 @@ class ChooserWindow : public test::ReportDesk {
     return chooser.ChosenFilePath();
   }
 
-  ComponentRegistry components;
-  test::FakeMessages person;
-  DesktopScreen screen;
-  test::FixedClock clock{Date{std::chrono::year{2024} / 3 / 20}};
-  NothingThere machine;
-  SharedState shared{{.databases = recording,
-                      .components = components,
-                      .screen = screen,
-                      .clock = clock,
-                      .files = machine,
-                      .spreadsheets = machine}};
+  DesktopScreen desktop;
+  SharedState shared{ServicesOn(desktop)};
 };
 
 TEST_F(ChooserWindow, Enter_takes_the_first_template) {

@@ -74,7 +74,7 @@ TEST_F(InvSearchWindowTest, A_date_that_is_none_is_marked_and_nothing_is_searche
   window->findChild<QWidget*>("gdpcreatedate1")->setFocus();
   Type("14031399");
   Press(Qt::Key_Return);
-  EXPECT_TRUE(Sent().empty());
+  EXPECT_TRUE(NewStatements().empty());
   EXPECT_TRUE(Keys().empty());
 }
 
@@ -83,11 +83,11 @@ TEST_F(InvSearchWindowTest, A_date_that_is_none_holds_the_button_back_too_and_a_
   date->setFocus();
   Type("14031399");
   QTest::mouseClick(Named<QPushButton>("cmdSearch"), Qt::LeftButton);
-  EXPECT_TRUE(Sent().empty());
+  EXPECT_TRUE(NewStatements().empty());
   EXPECT_TRUE(date->hasFocus());
   Named<QLineEdit>("txtid1")->setFocus();
   Press(Qt::Key_Return);
-  EXPECT_TRUE(Sent().empty()) << "from another criterion, too";
+  EXPECT_TRUE(NewStatements().empty()) << "from another criterion, too";
   EXPECT_TRUE(date->hasFocus());
   QTest::mouseClick(Named<QPushButton>("cmdNew"), Qt::LeftButton);
   QTest::mouseClick(Named<QPushButton>("cmdSearch"), Qt::LeftButton);
@@ -188,7 +188,7 @@ TEST_F(InvSearchWindowTest, Enter_on_a_command_presses_that_command) {
   Named<QPushButton>("cmdNew")->setFocus();
   Press(Qt::Key_Return);
   EXPECT_EQ(form.txtNotes.Text(), "");
-  EXPECT_TRUE(Sent().empty());
+  EXPECT_TRUE(NewStatements().empty());
 }
 
 TEST_F(InvSearchWindowTest, The_results_take_the_room_of_a_larger_window) {

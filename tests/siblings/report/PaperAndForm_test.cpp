@@ -2,13 +2,12 @@
 
 #include "lines/CountingLines.h"
 #include "lines/LineColumns.h"
-#include "platform/controls/Form.h"
 #include "platform/text/Numbers.h"
-#include "services/dteInvCounting.h"
+#include "services/SharedState.h"
 #include "siblings/report/ReportNumbers.h"
 #include "tests/siblings/report/ReportDesk.h"
 #include "tests/siblings/report/ReportSamples.h"
-#include "tests/support/FakeScreen.h"
+#include "tests/support/BareCountingForm.h"
 
 namespace koru {
 namespace {
@@ -35,7 +34,7 @@ class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterfa
     database.Execute(
         "insert into tblInventoryCountingDetail (CountingID, RowNumber, Barcode, AcceptedCounting, "
         "SystemCounting, ContradictionCounting, BaseValue) values (1, 0, 'gone', 5, 7, -2, 1000)");
-    data.SetConnectionString(database.ConnectionText());
+    shared.data.SetConnectionString(database.ConnectionText());
     lines_.SetUp();
     lines_.FillInvCounterDetailData(1);
   }
@@ -63,27 +62,23 @@ class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterfa
     return PersianNumber(ReportNumber(Val(total.Text()), 0));
   }
 
-  test::FakeScreen screen;
-  Form form{screen, "frmInvCounting"};
-  Grid flexDetail{form, "flexDetail"};
-  TextBox txtTotalBelowValue{form, "txtTotalBelowValue"};
-  TextBox txtTotalAboveValue{form, "txtTotalAboveValue"};
-  TextBox txtTotalValue{form, "txtTotalValue"};
-  dteInvCounting data{recording};
+  SharedState shared{Services()};
+  test::BareCountingForm form{screen};
 
  private:
-  CountingLines lines_{flexDetail, txtTotalBelowValue, txtTotalAboveValue, txtTotalValue, data};
+  CountingLines lines_{form, shared};
 };
 
 TEST_P(PaperAndForm, The_sums_on_paper_are_the_forms) {
-  ASSERT_EQ(flexDetail.Rows(), GetParam() + 1);
+  ASSERT_EQ(form.flexDetail.Rows(), GetParam() + 1);
   const auto summary = [&](const char* report) {
     const auto document = Report(report);
     return TextsOf(*document, document->Pages().size() - 1, ReportBandKind::Summary);
   };
-  const std::string amounts = "|" + OnPaper(txtTotalBelowValue) + "|" + OnPaper(txtTotalAboveValue) + "|";
+  const std::string amounts =
+      "|" + OnPaper(form.txtTotalBelowValue) + "|" + OnPaper(form.txtTotalAboveValue) + "|";
   EXPECT_EQ(summary("counting.rpt.txt"), "جمع " + PersianDigits(std::to_string(GetParam())) + " سطر" +
-                                             amounts + OnPaper(txtTotalValue) + "|");
+                                             amounts + OnPaper(form.txtTotalValue) + "|");
   EXPECT_NE(summary("differences.rpt.txt").find(" سطر" + amounts), std::string::npos);
 }
 
@@ -94,10 +89,10 @@ TEST_P(PaperAndForm, Each_line_is_on_exactly_one_page_and_each_page_shows_its_nu
     const ReportLine& cells = report->Template().Band(ReportBandKind::Row).lines.at(0);
     const std::size_t codeAt = std::string(name) == "counting-sheet.rpt.txt" ? 2 : 1;
     std::vector<std::string> expected;
-    for (int line = 1; line < flexDetail.Rows(); ++line) {
-      const bool differs = !flexDetail.TextMatrix(line, LineColumn::Shortage).empty() ||
-                           !flexDetail.TextMatrix(line, LineColumn::Surplus).empty();
-      if (all || differs) expected.emplace_back(flexDetail.TextMatrix(line, LineColumn::GoodCode));
+    for (int line = 1; line < form.flexDetail.Rows(); ++line) {
+      const bool differs = !form.flexDetail.TextMatrix(line, LineColumn::Shortage).empty() ||
+                           !form.flexDetail.TextMatrix(line, LineColumn::Surplus).empty();
+      if (all || differs) expected.emplace_back(form.flexDetail.TextMatrix(line, LineColumn::GoodCode));
     }
     std::vector<std::string> printed;
     for (std::size_t page = 0; page < report->Pages().size(); ++page) {

@@ -9,15 +9,14 @@
 #include <vector>
 
 #include "siblings/report/SuiteReportPrinter.h"
-#include "tests/support/RecordingDatabase.h"
+#include "tests/support/DatabaseFixture.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/TestDatabase.h"
 
 namespace koru::test {
 
 /// Counting 1 of the store انبار مركزي without lines, and a printer that lacks only its report file and keeps
 /// what it shows.
-class ReportDesk : public ::testing::Test {
+class ReportDesk : public ::testing::Test, protected DatabaseFixture {
  protected:
   ReportDesk() {
     database.Execute(
@@ -47,9 +46,7 @@ class ReportDesk : public ::testing::Test {
         std::to_string(book) + ", " + std::to_string(counted - book) + ", " + std::to_string(rate) + ")");
   }
 
-  TestDatabase database;
   TemporaryFolder folder;
-  RecordingConnector recording{database.Connector()};
   std::vector<std::unique_ptr<const ReportDocument>> shown;
   SuiteReportPrinter printer{recording, [this](auto report) { shown.push_back(std::move(report)); }};
 
