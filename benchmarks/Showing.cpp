@@ -2,7 +2,11 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
 #include <QScrollBar>
+#include <QTableView>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -29,6 +33,7 @@ constexpr const char* kLinesQuery =
     "CountingID = 1 order by RowNumber";
 
 constexpr int kEditedRows = 10;  ///< all of them visible
+constexpr int kMovedRows = 10;   ///< all of them visible
 
 /// Scrolls through the lines page by page and repaints each page completely.
 class Paging {
@@ -43,6 +48,54 @@ class Paging {
 
  private:
   GridView& lines_;
+};
+
+/// A table view without any code of the system, which shows the lines of a GridView with the same model, in
+/// the same size and columns.
+class BareView {
+ public:
+  explicit BareView(const GridView& lines) {
+    view_.setModel(lines.model());
+    view_.setSelectionBehavior(QAbstractItemView::SelectRows);  // redraws the current row, as the system does
+    view_.setWordWrap(false);
+    view_.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view_.verticalHeader()->hide();
+    view_.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    view_.verticalHeader()->setDefaultSectionSize(lines.verticalHeader()->defaultSectionSize());
+    for (int col = 0; col < lines.model()->columnCount(); ++col) {
+      view_.setColumnWidth(col, lines.columnWidth(col));
+      view_.setColumnHidden(col, lines.isColumnHidden(col));
+    }
+    view_.resize(lines.size());
+    view_.show();
+    Program::Draw();
+  }
+
+  [[nodiscard]] QTableView& View() { return view_; }
+
+ private:
+  QTableView view_;
+};
+
+/// Presses arrow keys in a view, ten lines down and ten up again, all in sight, and lets it draw what follows
+/// from each.
+class ArrowKeys {
+ public:
+  explicit ArrowKeys(QTableView& view) : view_(view) {}
+
+  void PressNext() {
+    if (keys_ == 0) view_.setCurrentIndex(view_.model()->index(0, LineColumn::FirstCounting));
+    const bool down = keys_++ / kMovedRows % 2 == 0;
+    QKeyEvent press(QEvent::KeyPress, down ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier);
+    const QModelIndex before = view_.currentIndex();
+    QApplication::sendEvent(&view_, &press);
+    if (view_.currentIndex() == before) throw std::runtime_error("not moved");
+    Program::Draw();
+  }
+
+ private:
+  QTableView& view_;
+  int keys_ = 0;
 };
 
 class Showing {
@@ -82,6 +135,9 @@ class Showing {
   void SortNames() { benchmark::DoNotOptimize(SortReady(names_)); }
   void SortRates() { benchmark::DoNotOptimize(SortReady(rates_)); }
 
+  void PressArrow() { arrows_.PressNext(); }
+  void PressArrowInBareView() { bareArrows_.PressNext(); }
+
   void ShowPageOfFull() { pagesOfFull_.ShowNextPage(); }
   void ShowPageOfFew() { pagesOfFew_.ShowNextPage(); }
 
@@ -104,6 +160,9 @@ class Showing {
   std::vector<std::vector<std::string>> texts_;
   Paging pagesOfFull_{program_.Lines()};
   Paging pagesOfFew_{few_.Lines()};
+  BareView bare_{program_.Lines()};
+  ArrowKeys arrows_{program_.Lines()};
+  ArrowKeys bareArrows_{bare_.View()};
   int edits_ = 0;
 };
 
@@ -116,6 +175,8 @@ std::vector<Workload> ShowingWorkloads(const std::string& fullSample, const std:
       {"loading 32,767 lines and totals", 2, [lines] { lines->Load(); }, [lines] { lines->LoadByHand(); }},
       {"edit of an accepted count, totals, repaint", 2, [lines] { lines->EditAndDraw(); },
        [lines] { lines->SumAndDrawPage(); }, [lines] { lines->StartAtTop(); }},
+      {"an arrow key, 32,767 lines", 1.5, [lines] { lines->PressArrow(); },
+       [lines] { lines->PressArrowInBareView(); }},
       {"sort by rate, 32,767 lines", 3, [lines] { lines->SortBy(LineColumn::Rate); },
        [lines] { lines->SortRates(); }, unsorted},
       {"sort by name, 32,767 lines", 3, [lines] { lines->SortBy(LineColumn::GoodName); },

@@ -15,11 +15,11 @@
 namespace koru {
 namespace {
 
-/// The years in which the toolkit's calendar agrees with the system's own.
+/// The years in which Qt's calendar agrees with SolarDate.
 constexpr int kFirstYear = 1277;
 constexpr int kLastYear = 1435;
 
-/// Six weeks, with the names of the days written out.
+/// Room for six weeks with complete weekday names.
 constexpr QSize kSize(430, 250);
 
 QDate Shown(Date date) {
@@ -42,7 +42,7 @@ void ColourWeek(QCalendarWidget& calendar) {
   }
 }
 
-/// The months before lie to the right, as the days before do.
+/// Earlier months are to the right, as earlier dates are.
 void TurnArrows(QCalendarWidget& calendar) {
   const std::pair<const char*, Qt::ArrowType> arrows[] = {{"qt_calendar_prevmonth", Qt::RightArrow},
                                                           {"qt_calendar_nextmonth", Qt::LeftArrow}};

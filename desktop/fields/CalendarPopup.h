@@ -9,16 +9,16 @@ class QCalendarWidget;
 
 namespace koru {
 
-/// A month of the Solar Hijri calendar that drops down under a date box. Arrows walk through the days, Enter
-/// picks, Escape closes.
+/// A month of the Solar Hijri calendar that drops down under a date box. Arrows move through the dates, Enter
+/// picks one, Escape closes.
 class CalendarPopup : public QFrame {
   Q_OBJECT
 
  public:
   explicit CalendarPopup(QWidget* parent);
 
-  /// Opens under `field` on the month of `date`; on today's when there is none or the toolkit does not know
-  /// its year.
+  /// Opens under `field` on the month of `date`; on the current month if there is none or its year is outside
+  /// the range of Qt's calendar.
   void OpenUnder(const QWidget& field, std::optional<Date> date);
 
  signals:

@@ -15,7 +15,7 @@
 namespace koru {
 namespace {
 
-/// What stands in an empty masked edit.
+/// The text of an empty masked edit.
 constexpr const char* kNoDigits = "//";
 
 }  // namespace
@@ -51,7 +51,7 @@ void DateBoxEdit::SetDate(std::optional<Date> date) {
 
 bool DateBoxEdit::IsMarked() const { return edit_->property("marked").toBool(); }
 
-void DateBoxEdit::TellWhyMarked() {
+void DateBoxEdit::ExplainMark() {
   edit_->setFocus(Qt::OtherFocusReason);
   QToolTip::showText(edit_->mapToGlobal(QPoint(0, edit_->height())), edit_->toolTip(), edit_);
 }
@@ -63,7 +63,7 @@ bool DateBoxEdit::eventFilter(QObject* object, QEvent* event) {
     const auto* const key = static_cast<QKeyEvent*>(event);
     if (KeyPressed(key->key(), key->modifiers())) return true;
   } else if (event->type() == QEvent::FocusIn) {
-    // A click would put the cursor between the digits after this: typing a date starts from its first digit.
+    // The click places the cursor between the digits after this, but a date is typed from its first digit.
     QTimer::singleShot(0, edit_, &QLineEdit::selectAll);
   } else if (event->type() == QEvent::FocusOut) {
     if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
@@ -81,7 +81,7 @@ bool DateBoxEdit::KeyPressed(int key, Qt::KeyboardModifiers held) {
   }
   if (key == Qt::Key_Return || key == Qt::Key_Enter) {
     TakeText();
-    return false;  // what else Enter does is the window's
+    return false;  // the window may handle Enter as well
   }
   if (key == Qt::Key_Escape && (edit_->isModified() || IsMarked())) {
     ShowText();
@@ -103,16 +103,16 @@ void DateBoxEdit::TakeText() {
     Choose(std::nullopt);
     return;
   }
-  const std::optional<SolarDate> day = ParseSolar(FromQt(text));
-  if (day) {
-    Choose(ToGregorian(*day));
+  const std::optional<SolarDate> date = ParseSolar(FromQt(text));
+  if (date) {
+    Choose(ToGregorian(*date));
     return;
   }
   Mark(true);
 }
 
-/// The form may answer with another date (an empty one with today): SetDate then comes before the text is
-/// shown.
+/// The form may set another date in response (today instead of none): SetDate is then called before the text
+/// is shown.
 void DateBoxEdit::Choose(std::optional<Date> date) {
   Mark(false);
   date_ = date;

@@ -13,8 +13,9 @@ namespace koru {
 class CalendarPopup;
 
 /// A Solar Hijri date box: yyyy/mm/dd, typed digit by digit or picked from the calendar (F4, Alt+Down or its
-/// button). Delete empties it. A text that is no day stays to be seen, and the field is marked, until the
-/// person types another or goes back to the date before with Escape; the form keeps that date meanwhile.
+/// button). Delete clears it. A text that is not a valid date remains visible and the field is marked, until
+/// the user types another or restores the previous date with Escape; the form keeps the previous date
+/// meanwhile.
 class DateBoxEdit : public QWidget {
   Q_OBJECT
 
@@ -24,15 +25,15 @@ class DateBoxEdit : public QWidget {
   void SetDate(std::optional<Date> date);
   [[nodiscard]] std::optional<Date> ShownDate() const { return date_; }
 
-  /// Whether a text that is no day was typed, and the person has not answered to that yet.
+  /// Whether the field shows a text that is not a valid date.
   [[nodiscard]] bool IsMarked() const;
-  /// Forgets a text that is no day; the date before is shown again.
+  /// Discards an invalid text and shows the previous date.
   void Unmark() { SetDate(date_); }
-  /// Gives the field the keyboard and says why it is marked.
-  void TellWhyMarked();
+  /// Moves the focus to the field and explains why it is marked.
+  void ExplainMark();
 
  signals:
-  /// The person has entered a day or emptied the box.
+  /// The user has entered a date or cleared the box.
   void dateChosen(std::optional<koru::Date> date);
 
  protected:

@@ -21,14 +21,14 @@ class WheelStop : public QObject {
   bool eventFilter(QObject* object, QEvent* event) override {
     if (event->type() != QEvent::Wheel) return false;
     if (static_cast<const QComboBox*>(object)->view()->isVisible()) return false;
-    event->ignore();  // what the list stands in may scroll
+    event->ignore();  // the parent of the list may scroll
     return true;
   }
 };
 
 }  // namespace
 
-// The widgets belong to their window, as the toolkit's widgets do.
+// The widgets are owned by their Qt parents.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 QLineEdit* NewCodeField(QWidget* parent, int leastWidth) {
   auto* const field = new QLineEdit(parent);
@@ -44,7 +44,7 @@ QLabel* NewHint(const QString& text, QWidget* parent) {
 }
 
 QString WithKeys(const QString& text, const QString& keys) {
-  return QStringLiteral("%1 (\u200E%2\u200E)").arg(text, keys);  // "Ctrl++" does not turn round
+  return QStringLiteral("%1 (\u200E%2\u200E)").arg(text, keys);  // keeps "Ctrl++" left to right
 }
 
 QString RightToLeft(const QString& text) { return QChar(0x200F) + text; }
@@ -76,7 +76,7 @@ void LimitLength(QPlainTextEdit& field, int units) {
 }
 
 void KeepFromWheel(QComboBox& list) {
-  list.setFocusPolicy(Qt::StrongFocus);  // the wheel brings the keyboard nowhere either
+  list.setFocusPolicy(Qt::StrongFocus);  // the wheel does not move the focus either
   list.installEventFilter(new WheelStop(&list));
 }
 // NOLINTEND(cppcoreguidelines-owning-memory)

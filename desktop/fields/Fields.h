@@ -11,26 +11,25 @@ class QWidget;
 
 namespace koru {
 
-/// The right edge in windows of both directions: digits alone would begin at the left one.
+/// The right edge in windows of both directions; without it, digits alone are aligned left.
 inline constexpr Qt::Alignment kTrueRight = Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter;
 
-/// A field for numbers, codes and barcodes: digits begin at the right edge, where the names stand.
+/// A field for numbers, codes and barcodes, aligned right as the field names are.
 [[nodiscard]] QLineEdit* NewCodeField(QWidget* parent, int leastWidth = 70);
 
-/// Tells which keys do what, in small print. The keys' Latin names do not turn its direction round.
+/// A label in small print that lists shortcuts; right to left in spite of the keys' Latin names.
 [[nodiscard]] QLabel* NewHint(const QString& text, QWidget* parent);
 
-/// What a tooltip says of a command: what it does, and the keys that do it.
+/// The tool tip of a command: its text and its shortcut.
 [[nodiscard]] QString WithKeys(const QString& text, const QString& keys);
 
-/// `text` as right to left even where it begins with a Latin letter.
+/// Makes `text` right to left even if it begins with a Latin letter.
 [[nodiscard]] QString RightToLeft(const QString& text);
 
-/// A text never gets longer than that many UTF-16 units: the end of what was typed or pasted last is taken
-/// off again.
+/// Limits the length of the text in UTF-16 units: the end of a longer insertion is removed.
 void LimitLength(QPlainTextEdit& field, int units);
 
-/// Who turns the wheel over a list means to scroll past it: only a list that is open follows the wheel.
+/// Ignores the mouse wheel over a closed list, where the user means to scroll the window.
 void KeepFromWheel(QComboBox& list);
 
 }  // namespace koru

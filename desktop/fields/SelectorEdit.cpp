@@ -15,8 +15,7 @@
 namespace koru {
 namespace {
 
-/// A small cross that does not draw the eye from one field to the next, drawn anew for every scale of a
-/// screen.
+/// A small, unobtrusive cross, redrawn for every scale of a screen.
 class Cross : public QIconEngine {
  public:
   void paint(QPainter* painter, const QRect& place, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
@@ -35,7 +34,7 @@ class Cross : public QIconEngine {
     return picture;
   }
   [[nodiscard]] QIconEngine* clone() const override {
-    return new Cross(*this);  // NOLINT(cppcoreguidelines-owning-memory): the icon's
+    return new Cross(*this);  // NOLINT(cppcoreguidelines-owning-memory): owned by the icon
   }
 };
 
@@ -46,7 +45,7 @@ SelectorEdit::SelectorEdit(QWidget* parent) : QWidget(parent) {
   edit_->setReadOnly(true);
   edit_->setProperty("picks", true);
   edit_->installEventFilter(this);
-  // The icon's own. NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+  // Owned by the icon. NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
   cross_ = edit_->addAction(QIcon(new Cross), QLineEdit::TrailingPosition);
   cross_->setToolTip(QStringLiteral("پاك كردن انتخاب (Delete)"));
   connect(cross_, &QAction::triggered, this, [this] { emit recordChosen(Selector::kNothing); });

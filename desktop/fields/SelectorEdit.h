@@ -13,8 +13,8 @@ namespace koru {
 
 class SelectorPopup;
 
-/// Shows the record that a tree or person selector holds, and lets the person pick another: F4, Alt+Down, the
-/// button or simply typing opens the list; Delete or the cross selects nothing.
+/// Shows the selected record of a tree or person selector. F4, Alt+Down, the button or typing opens the list
+/// to pick another; Delete or the cross clears the selection.
 class SelectorEdit : public QWidget {
   Q_OBJECT
 
@@ -23,11 +23,11 @@ class SelectorEdit : public QWidget {
 
   void SetShown(const QString& text, std::int32_t selected);
   void SetPlaceholder(const QString& text);
-  /// Opens the list that openRequested asked for.
+  /// Opens the list; the response to openRequested.
   void Open(const std::vector<SelectorRecord>& records, const QString& typed);
 
  signals:
-  /// The person wants to see the records; `typed` is what they have typed already. To be answered by Open.
+  /// The user opens the list; `typed` is the text typed so far. The receiver calls Open.
   void openRequested(const QString& typed);
   void recordChosen(std::int32_t id);
 

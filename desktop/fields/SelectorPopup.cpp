@@ -54,7 +54,7 @@ void SelectorPopup::OpenUnder(const QWidget& field, const std::vector<SelectorRe
                               std::int32_t selected, const QString& typed) {
   Fill(records);
   filter_->setText(typed);
-  Narrow(typed);  // also where the same text still stands there from the last time
+  Narrow(typed);  // also if the filter still contains the same text
   resize(std::max(field.width(), kMinWidth), kHeight);
   move(PopupPlace(field, size()));
   show();
@@ -92,7 +92,7 @@ void SelectorPopup::Narrow(const QString& typed) {
   view_->setCurrentIndex(typed.isEmpty() ? QModelIndex() : FirstMatch({}));
 }
 
-/// The first record, from the top, that itself contains the filter's text.
+/// The first record, from the top, whose own name contains the filter's text.
 QModelIndex SelectorPopup::FirstMatch(const QModelIndex& under) const {
   const QString wanted = Folded(filter_->text());
   for (int row = 0; row < shown_.rowCount(under); ++row) {

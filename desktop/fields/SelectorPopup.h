@@ -13,9 +13,8 @@ class QTreeView;
 
 namespace koru {
 
-/// The list or tree that drops down under a selector, with a line above it that narrows it down to the
-/// records whose names contain what is typed, however the Persian letters and digits are written. Enter
-/// picks, Escape closes.
+/// The list or tree that drops down under a selector, with a filter above it. It shows the records whose
+/// names contain the filter's text; variants of Persian letters and digits match. Enter picks, Escape closes.
 class SelectorPopup : public QFrame {
   Q_OBJECT
 

@@ -32,7 +32,7 @@ Ancestors ReadAncestors(Database& database, const TreeSelector& selector) {
   return ancestors;
 }
 
-/// Whether `node` would hang below itself if it were put under `parent`.
+/// Whether making `parent` the parent of `node` would create a cycle.
 bool ClosesACircle(const std::vector<SelectorRecord>& records, int node, int parent) {
   for (int above = parent; above != SelectorRecord::kNoParent;
        above = records[static_cast<std::size_t>(above)].parent) {

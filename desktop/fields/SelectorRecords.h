@@ -17,23 +17,22 @@ struct SelectorRecord {
 
   std::int32_t id = 0;
   std::string name;
-  int parent =
-      kNoParent;  ///< the place of the record above it in the same list; kNoParent at the top of a tree
+  int parent = kNoParent;  ///< the index of the parent in the same list; kNoParent at the top of a tree
 };
 
-/// Reads the records that a selector offers, over the selector's own connection text. A connection is opened
-/// when it is first needed and kept. Every operation throws DatabaseError.
+/// Reads the records of selectors over their own connection texts. A connection is opened on first use and
+/// kept. Every operation throws DatabaseError.
 class SelectorRecords {
  public:
   explicit SelectorRecords(DatabaseConnector& databases) : databases_(databases) {}
 
-  /// All nodes of the tree, in the order of Persian lists. The node directly above another is the one of its
-  /// ancestors that has the most ancestors itself.
+  /// All nodes of the tree in Persian alphabetical order. The parent of a node is its ancestor with the most
+  /// ancestors.
   [[nodiscard]] std::vector<SelectorRecord> Tree(const TreeSelector& selector);
-  /// All people, by name.
+  /// All people, ordered by name.
   [[nodiscard]] std::vector<SelectorRecord> People(const PersonSelector& selector);
 
-  /// The name of the selected record; empty when nothing is selected or nobody has that key.
+  /// The name of the selected record; empty if nothing is selected or no record has the key.
   [[nodiscard]] std::string NameOf(const TreeSelector& selector);
   [[nodiscard]] std::string NameOf(const PersonSelector& selector);
 

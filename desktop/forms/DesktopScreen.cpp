@@ -68,7 +68,7 @@ FormWindow& DesktopScreen::MakeWindow(Form& form) {
   Shown shown;
   shown.window = factory->second(form);
   FormWindow& window = *shown.window;
-  shown.changed = form.Changed.Subscribe([&form, &window] {
+  shown.changed = form.StateChanged.Subscribe([&form, &window] {
     if (!form.Visible()) window.hide();
   });
   shown.unloaded = form.Unloaded.Subscribe([this, &form] { Unloaded(form); });
@@ -95,7 +95,7 @@ void DesktopScreen::ShowModal(Form& form, FormWindow& window) {
     PutOver(window, *below);
   }
   QEventLoop loop;
-  const Subscription hidden = form.Changed.Subscribe([&form, &loop] {
+  const Subscription hidden = form.StateChanged.Subscribe([&form, &loop] {
     if (!form.Visible()) loop.quit();
   });
   BringToScreen(window);

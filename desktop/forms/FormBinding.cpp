@@ -11,7 +11,7 @@
 namespace koru {
 
 FormBinding::FormBinding(Form& form) : form_(&form), listener_(std::make_unique<QObject>()) {
-  subscriptions_.push_back(form.Changed.Subscribe([this] { FollowFocus(); }));
+  subscriptions_.push_back(form.FocusChanged.Subscribe([this] { FollowFocus(); }));
   connect(qApp, &QApplication::focusChanged, listener_.get(),
           [this](const QWidget* /*before*/, const QWidget* now) { FocusMoved(now); });
 }
@@ -46,7 +46,7 @@ Control* FormBinding::ControlOf(const QWidget* widget) const {
 
 void FormBinding::Follow(const Control& control, const std::function<void()>& show) {
   show();
-  subscriptions_.push_back(const_cast<Control&>(control).Changed.Subscribe(show));
+  subscriptions_.push_back(const_cast<Control&>(control).StateChanged.Subscribe(show));
 }
 
 void FormBinding::BindCommon(Control& control, QWidget& widget) {
@@ -62,7 +62,7 @@ void FormBinding::BindCommon(Control& control, QWidget& widget) {
     if (widget.isEnabledTo(widget.parentWidget()) != control.Enabled()) widget.setEnabled(control.Enabled());
     if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
   });
-  // The form may have given the keyboard away before it had a window.
+  // The form may have set the focus before it had a window.
   if (form_->Focus() == &control) widget.setFocus(Qt::OtherFocusReason);
 }
 
@@ -70,7 +70,7 @@ bool FormBinding::eventFilter(QObject* object, QEvent* event) {
   const auto found = controls_.find(object);
   if (found == controls_.end()) return false;
   if (event->type() == QEvent::KeyPress) {
-    // A key that an inner field leaves alone comes a second time, to the widget that the field is a part of.
+    // A key that an inner field ignores is delivered again, to the widget that contains the field.
     if (static_cast<const QWidget*>(object)->focusProxy() != nullptr) return false;
     found->second->UserKey(PressOf(*static_cast<QKeyEvent*>(event)));
   } else if (event->type() == QEvent::ContextMenu) {
@@ -79,7 +79,7 @@ bool FormBinding::eventFilter(QObject* object, QEvent* event) {
   return false;
 }
 
-/// The person has gone to another widget.
+/// The user has moved the focus to another widget.
 void FormBinding::FocusMoved(const QWidget* now) {
   Control* const control = ControlOf(now);
   if (control == nullptr || control == form_->Focus()) return;
@@ -90,7 +90,7 @@ void FormBinding::FocusMoved(const QWidget* now) {
   });
 }
 
-/// The form may have given the keyboard to another control.
+/// The form may have moved the focus to another control.
 void FormBinding::FollowFocus() {
   if (form_->Focus() == focus_) return;
   focus_ = form_->Focus();

@@ -37,16 +37,16 @@ class GridView;
 class SelectorEdit;
 class SelectorRecords;
 
-/// What of a person's typing holds a command back as long as it stands there refused: a figure that the form
-/// did not take into a grid, a text that is no date.
+/// The refused input that blocks a command: figures that the form did not accept into a grid, texts that are
+/// not valid dates.
 enum class BlockedBy { Nothing, Figures, FiguresAndDates };
 
-/// Ties the controls of a form to the widgets of its window, both ways: a widget shows its control's state
-/// from the moment it is bound, and what the person does goes to the control's `User...` operations. What the
-/// program changes is shown without coming back as something that the person did. The keyboard's place is the
-/// same on both sides. A bound widget carries its control's name as its object name.
+/// Binds the controls of a form to the widgets of its window in both directions: a bound widget shows its
+/// control's state from the start, and user input is passed to the control's `User...` operations. Changes by
+/// the program are shown and never passed back as user input. The focus is the same on both sides. The object
+/// name of a widget is its control's name.
 ///
-/// LetGo ends all of it at once; the controls may then go while the widgets are still there.
+/// LetGo ends all bindings; the controls may then be destroyed before the widgets.
 class FormBinding : public QObject {
   Q_OBJECT
 
@@ -69,18 +69,18 @@ class FormBinding : public QObject {
   void Bind(MenuItem& control, QAction& action);
   void Bind(Timer& control);
 
-  /// Presses a command for the person. False when it cannot be pressed or something refused holds it back;
-  /// then the keyboard is where that stands.
+  /// Presses a command for the user. Returns false if it is not available or refused input blocks it; the
+  /// focus is then on that input.
   bool Press(Button& control, BlockedBy blockedBy);
 
   [[nodiscard]] QWidget* WidgetOf(const Control& control) const;
-  /// The control whose widget is `widget` or holds it; nullptr when none does.
+  /// The control bound to `widget` or to one of its parents in the window; nullptr if there is none.
   [[nodiscard]] Control* ControlOf(const QWidget* widget) const;
 
   void LetGo();
 
  signals:
-  /// A person has pressed the command, and what it does is done.
+  /// The user has pressed the command and it is complete.
   void commandDone(const Button& command);
 
  protected:
@@ -88,7 +88,7 @@ class FormBinding : public QObject {
 
  private:
   void BindCommon(Control& control, QWidget& widget);
-  /// Calls `show` now and whenever the control has changed.
+  /// Calls `show` now and on every StateChanged of the control.
   void Follow(const Control& control, const std::function<void()>& show);
   template <class Selecting>
   void BindSelector(Selecting& control, SelectorEdit& widget,
@@ -100,14 +100,14 @@ class FormBinding : public QObject {
 
   Form* form_;
   std::unique_ptr<QObject>
-      listener_;  ///< receives the widgets' signals; without it nothing reaches the controls
+      listener_;  ///< the receiver of the widgets' signals: deleting it disconnects the controls
   std::vector<Subscription> subscriptions_;
   std::map<const QObject*, Control*> controls_;
   std::map<const Control*, QWidget*> widgets_;
   std::vector<GridView*> grids_;
   std::vector<DateBoxEdit*> dates_;
   const Control* focus_ = nullptr;
-  bool atWork_ = false;  ///< a command runs, and tells how far it is
+  bool atWork_ = false;  ///< a command is running and reports its progress
 };
 
 }  // namespace koru

@@ -27,49 +27,14 @@
 namespace koru {
 namespace {
 
-/// What a text box shows besides its selection.
-struct ShownText {
-  std::string text;
-  bool locked = false;
-  bool enabled = true;
-  bool visible = true;
-
-  friend bool operator==(const ShownText&, const ShownText&) = default;
-};
-
-ShownText ShownOf(const TextBox& control) {
-  return {control.Text(), control.Locked(), control.Enabled(), control.Visible()};
-}
-
-/// A change of a text box that changes nothing else is a selection, also where the same one is made again.
-class SelectionOf {
- public:
-  explicit SelectionOf(const TextBox& control) : control_(control), shown_(ShownOf(control)) {}
-
-  [[nodiscard]] bool Changed() {
-    ShownText now = ShownOf(control_);
-    const bool onlySelection = now == shown_;
-    shown_ = std::move(now);
-    return onlySelection;
-  }
-
- private:
-  const TextBox& control_;
-  ShownText shown_;
-};
-
-void SelectIn(QLineEdit& widget, const TextBox& control) {
-  widget.setSelection(static_cast<int>(control.SelStart()), static_cast<int>(control.SelLength()));
-}
-
-/// Lets the style look at the properties of a widget that it is drawn by.
+/// Makes the style evaluate the properties of a widget again.
 void StyleAgain(QWidget& widget) {
   widget.style()->unpolish(&widget);
   widget.style()->polish(&widget);
 }
 
-/// So often is a bar drawn: more than the eye can follow would be lost time.
-constexpr int kMsBetweenPictures = 40;
+/// The interval at which a progress bar is drawn, 25 times a second: a higher rate is not visible.
+constexpr int kMsBetweenFrames = 40;
 
 void ShowSteps(QProgressBar& widget, const ProgressBar& control) {
   const QSignalBlocker blocked(widget);
@@ -100,14 +65,12 @@ void FormBinding::Bind(TextBox& control, QLineEdit& widget) {
     if (control.Locked()) widget.setCursorPosition(0);
   };
   Follow(control, show);
-  subscriptions_.push_back(
-      control.Changed.Subscribe([&control, &widget, selection = SelectionOf(control)]() mutable {
-        if (!selection.Changed()) return;
-        SelectIn(widget, control);
-        // The click that gave the field the keyboard would put the cursor somewhere after this.
-        if (QGuiApplication::mouseButtons() == Qt::NoButton) return;
-        QTimer::singleShot(0, &widget, [&widget] { widget.selectAll(); });
-      }));
+  subscriptions_.push_back(control.SelectionChanged.Subscribe([&control, &widget] {
+    widget.setSelection(static_cast<int>(control.SelStart()), static_cast<int>(control.SelLength()));
+    // The click that gave the field the focus places the cursor after this.
+    if (QGuiApplication::mouseButtons() == Qt::NoButton) return;
+    QTimer::singleShot(0, &widget, [&widget] { widget.selectAll(); });
+  }));
   connect(&widget, &QLineEdit::textEdited, listener_.get(), [&control, show](const QString& text) {
     if (!control.UserType(FromQt(text))) show();
   });
@@ -145,7 +108,7 @@ void FormBinding::Bind(Button& control, QAbstractButton& widget, BlockedBy block
           [this, &control, blockedBy] { Press(control, blockedBy); });
 }
 
-/// The grid has told the person already why it keeps them in its cell, and takes the keyboard back itself.
+/// A grid explains a refused figure itself, and takes the focus back.
 bool FormBinding::Press(Button& control, BlockedBy blockedBy) {
   const bool typing =
       std::any_of(grids_.begin(), grids_.end(), [](const GridView* grid) { return grid->IsTypedInto(); });
@@ -153,10 +116,10 @@ bool FormBinding::Press(Button& control, BlockedBy blockedBy) {
   const auto refused =
       std::find_if(dates_.begin(), dates_.end(), [](const DateBoxEdit* date) { return date->IsMarked(); });
   if (blockedBy == BlockedBy::FiguresAndDates && refused != dates_.end()) {
-    (*refused)->TellWhyMarked();
+    (*refused)->ExplainMark();
     return false;
   }
-  const QPointer<FormBinding> alive(this);  // the command may have taken the form away
+  const QPointer<FormBinding> alive(this);  // the command may have destroyed the form
   if (!control.UserClick()) return false;
   if (alive && form_ != nullptr) emit commandDone(control);
   return true;
@@ -178,7 +141,7 @@ void FormBinding::Bind(OptionButton& control, QRadioButton& widget) {
   BindCommon(control, widget);
   const auto show = [&control, &widget] {
     widget.setText(ToQt(control.Caption()));
-    const bool exclusive = widget.autoExclusive();  // an exclusive widget cannot be taken back alone
+    const bool exclusive = widget.autoExclusive();  // an exclusive button cannot be unchecked alone
     widget.setAutoExclusive(false);
     widget.setChecked(control.Chosen());
     widget.setAutoExclusive(exclusive);
@@ -214,31 +177,31 @@ void FormBinding::Bind(ComboBox& control, QComboBox& widget) {
 
 void FormBinding::Bind(ProgressBar& control, QProgressBar& widget) {
   QSizePolicy policy = widget.sizePolicy();
-  policy.setRetainSizeWhenHidden(true);  // nothing else moves when it comes and goes
+  policy.setRetainSizeWhenHidden(true);  // other widgets keep their places when it is shown or hidden
   widget.setSizePolicy(policy);
   BindCommon(control, widget);
   auto* const rest = new QTimer(this);  // NOLINT(cppcoreguidelines-owning-memory)
   rest->setSingleShot(true);
   connect(rest, &QTimer::timeout, listener_.get(), [&control, &widget] { ShowSteps(widget, control); });
-  Follow(control, [this, &control, &widget, rest, sincePicture = QElapsedTimer()]() mutable {
+  Follow(control, [this, &control, &widget, rest, sinceFrame = QElapsedTimer()]() mutable {
     if (!widget.isVisible()) {
       ShowSteps(widget, control);
-      sincePicture.invalidate();
+      sinceFrame.invalidate();
       return;
     }
-    if (!sincePicture.isValid()) sincePicture.start();  // work that is done at once needs no picture
-    if (!sincePicture.hasExpired(kMsBetweenPictures)) {
-      if (!rest->isActive()) rest->start(kMsBetweenPictures);
+    if (!sinceFrame.isValid()) sinceFrame.start();  // work that takes no time needs no frame
+    if (!sinceFrame.hasExpired(kMsBetweenFrames)) {
+      if (!rest->isActive()) rest->start(kMsBetweenFrames);
       return;
     }
     ShowSteps(widget, control);
     DrawWhileAtWork();
-    sincePicture.start();
+    sinceFrame.start();
   });
 }
 
-/// Work that a person waits for runs to its end before anything else does. Meanwhile windows are drawn where
-/// the screen asks for it, so that none stays blank that was covered; what the person types comes after.
+/// A command runs to its end before any other event is handled. Meanwhile windows are redrawn on request, so
+/// that none that was covered stays blank; user input is handled afterwards.
 void FormBinding::DrawWhileAtWork() {
   if (atWork_) return;
   const QScopedValueRollback<bool> working(atWork_, true);
@@ -269,7 +232,7 @@ void FormBinding::BindSelector(Selecting& control, SelectorEdit& widget,
   Follow(control, [this, &control, &widget, nameOf, shown] {
     if (shown->id == control.SelectedID() && shown->connection == control.ConnectionString()) return;
     *shown = {control.SelectedID(), control.ConnectionString()};
-    // Until the name is known, and where it cannot be read, the key itself says what is selected.
+    // Until the name is known, or if it cannot be read, the key is shown.
     QString text = control.NothingSelected() ? QString() : QString::number(control.SelectedID());
     if (!control.NothingSelected() && !control.ConnectionString().empty()) {
       form_->RunEvent([&] { text = ToQt(nameOf()); });
@@ -321,8 +284,7 @@ void FormBinding::Bind(Timer& control) {
   });
   connect(timer, &QTimer::timeout, listener_.get(),
           [this, &control, running = std::make_shared<bool>(false)] {
-            if (*running || atWork_)
-              return;  // a failure is being shown, and one is enough; or a command runs
+            if (*running || atWork_) return;  // a message about a failure is open, or a command is running
             *running = true;
             control.Fire();
             *running = false;

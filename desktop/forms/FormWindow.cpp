@@ -9,7 +9,7 @@ namespace koru {
 FormWindow::FormWindow(Form& form) : form_(&form), binding_(form) {
   setObjectName(ToQt(form.Name()));
   setWindowTitle(ToQt(form.Caption()));
-  changed_ = form.Changed.Subscribe([this] {
+  changed_ = form.StateChanged.Subscribe([this] {
     if (!form_->Caption().empty()) setWindowTitle(ToQt(form_->Caption()));
   });
 }

@@ -29,7 +29,7 @@
 #include "desktop/toolkit/WindowPlace.h"
 #include "lines/LineColumns.h"
 
-// The widgets belong to their window, as the toolkit's widgets do.
+// The widgets are owned by their Qt parents.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 namespace koru {
 namespace {
@@ -57,22 +57,22 @@ void AddGap(QBoxLayout& bar) {
   bar.addWidget(line);
 }
 
-void LookOfLines(GridView& lines) {
+void SetUpColumns(GridView& lines) {
   for (int col = LineColumn::FirstCounting; col < kLineColumns; ++col) {
-    ColumnStyle look;
-    look.number = true;
-    look.grouped = col >= LineColumn::Rate;
+    ColumnStyle style;
+    style.number = true;
+    style.grouped = col >= LineColumn::Rate;
     if (col == LineColumn::Shortage || col == LineColumn::ShortageAmount) {
-      look.sign = ColumnStyle::Sign::Down;
-      look.color = kShortage;
+      style.sign = ColumnStyle::Sign::Down;
+      style.color = kShortage;
     } else if (col == LineColumn::Surplus || col == LineColumn::SurplusAmount) {
-      look.sign = ColumnStyle::Sign::Up;
-      look.color = kSurplus;
+      style.sign = ColumnStyle::Sign::Up;
+      style.color = kSurplus;
     }
-    lines.SetColumnStyle(col, look);
+    lines.SetColumnStyle(col, style);
   }
   ColumnStyle key;
-  key.hidden = true;  // the name of the unit stands beside it
+  key.hidden = true;  // the name of the unit has its own column
   lines.SetColumnStyle(LineColumn::ScaleID, key);
   lines.SetStretchColumn(LineColumn::GoodName);
   lines.SetRowNumbers(true);
@@ -173,7 +173,7 @@ void InvCountingWindow::AddHeader(QBoxLayout& window) {
   }
 }
 
-/// The fields are made in the order in which they stand, which is the order in which Tab goes through them.
+/// The fields are created in the order of their places, which is also the tab order.
 void InvCountingWindow::AddDocument(QGridLayout& box) {
   auto* const key = new QLabel(this);
   key->setProperty("value", true);
@@ -258,16 +258,16 @@ void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
 
 void InvCountingWindow::AddLines(QBoxLayout& window) {
   lines_ = new GridView(this);
-  LookOfLines(*lines_);
+  SetUpColumns(*lines_);
   Binding().Bind(form_.flexDetail, *lines_);
   window.addWidget(lines_, 1);
-  // The grid itself has the key that leaves it.
+  // The grid itself handles the key that leaves it.
   connect(new QShortcut(Qt::CTRL | Qt::Key_Tab, this), &QShortcut::activated, lines_,
           [this] { lines_->setFocus(Qt::ShortcutFocusReason); });
   connect(&Binding(), &FormBinding::commandDone, this, &InvCountingWindow::CommandDone);
 }
 
-/// What these commands are pressed for is done in the lines.
+/// After these commands the user continues in the lines.
 void InvCountingWindow::CommandDone(const Button& command) {
   const int added = std::exchange(added_, 0);
   if (&command == &form_.cmdGoods && added > 0) {
@@ -277,7 +277,7 @@ void InvCountingWindow::CommandDone(const Button& command) {
   }
 }
 
-/// The keyboard goes where figures are typed or barcodes scanned in: it keeps such a column.
+/// Moves to the column for figures, unless the current column already takes figures or scanned barcodes.
 void InvCountingWindow::GoToLine(int row) {
   Grid& lines = form_.flexDetail;
   const QWidget* const dialog = QApplication::activeModalWidget();

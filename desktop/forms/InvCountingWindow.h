@@ -12,13 +12,13 @@ namespace koru {
 class frmInvCounting;
 class GridView;
 
-/// The window of the counting form: commands on top, then the header of the document and its people, the
-/// lines with what can be done to them, and the sums of money below.
+/// The window of the counting form: the commands at the top, then the header of the document and the people
+/// involved, the commands for lines and the lines, and the totals at the bottom.
 class InvCountingWindow : public FormWindow {
   Q_OBJECT
 
  public:
-  /// `records` must outlive the window, the form must until it is unloaded.
+  /// `records` must outlive the window; the form must live until it is unloaded.
   InvCountingWindow(frmInvCounting& form, SelectorRecords& records);
 
  private:
@@ -41,10 +41,10 @@ class InvCountingWindow : public FormWindow {
   frmInvCounting& form_;
   SelectorRecords& records_;
   GridView* lines_ = nullptr;
-  int added_ = 0;  ///< how many goods the command that runs has added
+  int added_ = 0;  ///< the number of goods that the running command has added
   QLabel* hint_ = nullptr;
   Subscription goodsAdded_;
-  Subscription keyPressed_;  ///< the next key takes away what the hint told
+  Subscription keyPressed_;  ///< the next key restores the hint
 };
 
 }  // namespace koru

@@ -84,17 +84,17 @@ void comInvCountingWidget::ReadList() {
     const int chosen = ChosenID();
     const int row = flexTempDocs_.Row();
     const GridRedrawOff off(flexTempDocs_);
-    flexTempDocs_.SetRows(1);
-    for (; !temporary.AtEnd(); temporary.MoveNext()) {
-      const int added = flexTempDocs_.Rows();
-      flexTempDocs_.AddItem(std::to_string(added));
+    int rows = 1;  // rows that remain are overwritten, so that the list keeps its scroll position
+    for (; !temporary.AtEnd(); temporary.MoveNext(), ++rows) {
+      if (rows == flexTempDocs_.Rows()) flexTempDocs_.AddItem(std::to_string(rows));
       const std::pair<int, const char*> fields[] = {
           {Key, "ID"},           {ManualCode, "ManualCode"},      {Store, "InvName"},
           {Notes, "Notes"},      {CreateDate, "FarsiCreateDate"}, {FromDate, "FarsiFromDate"},
           {Creator, "FullName"}, {ToDate, "FarsiToDate"}};
       for (const auto& [col, name] : fields)
-        flexTempDocs_.SetTextMatrix(added, col, temporary.Field(name).Text());
+        flexTempDocs_.SetTextMatrix(rows, col, temporary.Field(name).Text());
     }
+    flexTempDocs_.SetRows(rows);
     if (chosen > 0) Choose(chosen, row);
   });
 }
@@ -150,7 +150,7 @@ void comInvCountingWidget::FollowForm() {
     ReadList();
     return;
   }
-  formChanged_ = form->Changed.Subscribe([this, form] {
+  formChanged_ = form->StateChanged.Subscribe([this, form] {
     if (!form->Visible()) QTimer::singleShot(0, this, &comInvCountingWidget::ReadList);
   });
 }

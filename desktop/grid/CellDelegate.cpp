@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPolygonF>
 
+#include "desktop/grid/GridCells.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/Keys.h"
 
@@ -15,15 +16,15 @@ namespace {
 constexpr int kSignSize = 7;
 constexpr int kSignMargin = 5;
 
-void PaintSign(QPainter& painter, const QRect& cell, const ColumnStyle& look) {
-  const bool up = look.sign == ColumnStyle::Sign::Up;
+void PaintSign(QPainter& painter, const QRect& cell, const ColumnStyle& style) {
+  const bool up = style.sign == ColumnStyle::Sign::Up;
   const QRectF box(cell.left() + kSignMargin, cell.center().y() - kSignSize / 2.0, kSignSize, kSignSize);
   const double base = up ? box.bottom() : box.top();
   const double tip = up ? box.top() : box.bottom();
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(look.color);
+  painter.setBrush(style.color);
   painter.drawPolygon(QPolygonF({{box.left(), base}, {box.right(), base}, {box.center().x(), tip}}));
   painter.restore();
 }
@@ -38,7 +39,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   edit->setObjectName(QStringLiteral("cellEditor"));
   edit->setProperty("cell", true);
   edit->setFrame(false);
-  if (view_.Rows().LookOf(index.column()).number) {
+  if (view_.Rows().StyleOf(index.column()).number) {
     edit->setLayoutDirection(Qt::LeftToRight);
     edit->setAlignment(Qt::AlignRight);
     KeepDigitsLatin(*edit);
@@ -48,7 +49,8 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 
 void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
   auto* const edit = qobject_cast<QLineEdit*>(editor);
-  if (edit == nullptr || edit->isModified()) return;  // what is being typed stays when the row is drawn anew
+  if (edit == nullptr || edit->isModified())
+    return;  // a changed row does not replace a text that is being typed
   edit->setText(index.data(Qt::EditRole).toString());
 }
 
@@ -59,14 +61,13 @@ void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
 
 void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
-  const ColumnStyle look = view_.Rows().LookOf(index.column());
-  if (look.number) option->direction = Qt::LeftToRight;
-  if (look.color.isValid()) option->palette.setColor(QPalette::HighlightedText, look.color);
+  const ColumnStyle style = view_.Rows().StyleOf(index.column());
+  if (style.number) option->direction = Qt::LeftToRight;
+  if (style.color.isValid()) option->palette.setColor(QPalette::HighlightedText, style.color);
   option->backgroundBrush = GroundOf(index, option->backgroundBrush.color());
 }
 
-/// Row numbers belong to the frame, the row that the person is in is tinted, and cells to fill are lighter
-/// than others.
+/// Row numbers are part of the frame, the current row is tinted, and editable cells are lighter than others.
 QColor CellDelegate::GroundOf(const QModelIndex& index, const QColor& rowColor) const {
   if (index.column() == 0 && view_.HasRowNumbers()) return {0xE4, 0xE9, 0xF1};
   if (index.row() == view_.currentIndex().row()) return {0xD8, 0xE6, 0xF7};
@@ -77,9 +78,9 @@ QColor CellDelegate::GroundOf(const QModelIndex& index, const QColor& rowColor) 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
   QStyledItemDelegate::paint(painter, option, index);
-  const ColumnStyle look = view_.Rows().LookOf(index.column());
-  if (look.sign != ColumnStyle::Sign::None && !index.data(Qt::DisplayRole).toString().isEmpty()) {
-    PaintSign(*painter, option.rect, look);
+  const ColumnStyle style = view_.Rows().StyleOf(index.column());
+  if (style.sign != ColumnStyle::Sign::None && !index.data(Qt::DisplayRole).toString().isEmpty()) {
+    PaintSign(*painter, option.rect, style);
   }
   if (index == view_.currentIndex() && view_.hasFocus()) {
     painter->setPen(QPen(QColor(0x2F, 0x5D, 0x8C), 2));
@@ -92,13 +93,15 @@ bool CellDelegate::eventFilter(QObject* object, QEvent* event) {
   if (edit == nullptr) return false;
   if (event->type() == QEvent::ShortcutOverride) {
     const auto& key = *static_cast<QKeyEvent*>(event);
-    if (key.key() == Qt::Key_Escape || GridView::LeavesGrid(key)) event->accept();
+    if (key.key() == Qt::Key_Escape || LeavesGrid(key)) event->accept();
     return false;
   }
-  if (event->type() == QEvent::KeyPress) return view_.EditorKey(*edit, *static_cast<QKeyEvent*>(event));
+  if (event->type() == QEvent::KeyPress)
+    return view_.Editing().KeyPressed(*edit, *static_cast<QKeyEvent*>(event));
   if (event->type() == QEvent::FocusOut && !edit->isAncestorOf(QApplication::focusWidget())) {
     const auto reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) view_.EditorLeft(*edit);
+    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+      view_.Editing().FocusLeft(*edit);
   }
   return false;
 }

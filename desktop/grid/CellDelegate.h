@@ -6,8 +6,8 @@ namespace koru {
 
 class GridView;
 
-/// Draws the cells of a GridView and makes the edit that a cell is typed into. The keys that end an edit go
-/// to the view.
+/// Draws the cells of a GridView and creates their editors. Key presses and focus changes of an editor are
+/// passed to the view's CellEditing.
 class CellDelegate : public QStyledItemDelegate {
   Q_OBJECT
 

@@ -8,23 +8,23 @@
 
 namespace koru {
 
-std::vector<int> FitColumns(const std::vector<ColumnSizeHint>& wishes, int available, int stretch) {
+std::vector<int> FitColumns(const std::vector<ColumnSizeHint>& hints, int available, int stretch) {
   std::vector<int> widths;
-  widths.reserve(wishes.size());
-  for (const ColumnSizeHint& wish : wishes) widths.push_back(wish.natural == 0 ? 0 : wish.least);
+  widths.reserve(hints.size());
+  for (const ColumnSizeHint& hint : hints) widths.push_back(hint.natural == 0 ? 0 : hint.least);
   int room = std::max(0, available - std::accumulate(widths.begin(), widths.end(), 0));
   const auto stretched = static_cast<std::size_t>(stretch);
-  const bool stretches = stretch >= 0 && stretched < wishes.size() && wishes[stretched].natural > 0;
+  const bool stretches = stretch >= 0 && stretched < hints.size() && hints[stretched].natural > 0;
   if (stretches) {
-    const int more = std::min(room, std::max(0, wishes[stretched].natural - widths[stretched]));
+    const int more = std::min(room, std::max(0, hints[stretched].natural - widths[stretched]));
     widths[stretched] += more;
     room -= more;
   }
-  std::vector<int> wanted(wishes.size(), 0);
-  for (std::size_t i = 0; i < wishes.size(); ++i) wanted[i] = std::max(0, wishes[i].natural - widths[i]);
+  std::vector<int> wanted(hints.size(), 0);
+  for (std::size_t i = 0; i < hints.size(); ++i) wanted[i] = std::max(0, hints[i].natural - widths[i]);
   const int all = std::accumulate(wanted.begin(), wanted.end(), 0);
   const double share = all == 0 ? 0.0 : std::min(1.0, static_cast<double>(room) / all);
-  for (std::size_t i = 0; i < wishes.size(); ++i) {
+  for (std::size_t i = 0; i < hints.size(); ++i) {
     const int more = static_cast<int>(wanted[i] * share);
     widths[i] += more;
     room -= more;

@@ -1,7 +1,9 @@
 #include "desktop/grid/GridModel.h"
 
 #include <QFont>
+#include <algorithm>
 
+#include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/ShownNumber.h"
 
@@ -9,24 +11,30 @@ namespace koru {
 void GridModel::SetGrid(Grid* grid) {
   beginResetModel();
   grid_ = grid;
+  rowsChanging_.End();
   rowsChanged_.End();
   rows_ = grid_ == nullptr ? 0 : grid_->Rows() - 1;
   cols_ = grid_ == nullptr ? 0 : grid_->Cols();
   if (grid_ != nullptr) {
-    rowsChanged_ = grid_->RowsChanged.Subscribe([this](const GridChange& change) { Follow(change); });
+    rowsChanging_ = grid_->RowsChanging.Subscribe([this](const GridChange& change) { BeginChange(change); });
+    rowsChanged_ = grid_->RowsChanged.Subscribe([this](const GridChange& change) { EndChange(change); });
   }
   endResetModel();
 }
 
-void GridModel::SetColumnStyle(int col, const ColumnStyle& look) {
+void GridModel::SetColumnStyle(int col, const ColumnStyle& style) {
   const auto at = static_cast<std::size_t>(col);
-  if (looks_.size() <= at) looks_.resize(at + 1);
-  looks_[at] = look;
+  if (styles_.size() <= at) styles_.resize(at + 1);
+  styles_[at] = style;
 }
 
-ColumnStyle GridModel::LookOf(int col) const {
+ColumnStyle GridModel::StyleOf(int col) const {
   const auto at = static_cast<std::size_t>(col);
-  return col >= 0 && at < looks_.size() ? looks_[at] : ColumnStyle();
+  return col >= 0 && at < styles_.size() ? styles_[at] : ColumnStyle();
+}
+
+QString GridModel::TextToStore(int col, const QString& text) const {
+  return StyleOf(col).number ? NumberTyped(text) : text;
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
@@ -35,27 +43,25 @@ int GridModel::columnCount(const QModelIndex& parent) const { return parent.isVa
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (grid_ == nullptr || !index.isValid() || index.row() >= rows_ || index.column() >= cols_) return {};
-  const int gridRow = GridRowOf(index.row());
-  if (gridRow < 1 || gridRow >= grid_->Rows() || index.column() >= grid_->Cols()) return {};
-  return CellData(gridRow, index.column(), role);
+  return CellData(index.row() + 1, index.column(), role);
 }
 
 QVariant GridModel::CellData(int gridRow, int col, int role) const {
-  const ColumnStyle look = LookOf(col);
+  const ColumnStyle style = StyleOf(col);
   switch (role) {
     case Qt::DisplayRole: {
       const QString text = ToQt(grid_->TextMatrix(gridRow, col));
-      return look.grouped ? GroupedNumber(text) : text;
+      return style.grouped ? GroupedNumber(text) : text;
     }
     case Qt::EditRole:
       return ToQt(grid_->TextMatrix(gridRow, col));
     case Qt::BackgroundRole:
       return col == 0 ? QVariant() : QVariant(ColorOf(grid_->RowBackColor(gridRow)));
     case Qt::ForegroundRole:
-      return look.color.isValid() ? QVariant(look.color) : QVariant();
+      return style.color.isValid() ? QVariant(style.color) : QVariant();
     case Qt::TextAlignmentRole:
       if (col == 0) return Qt::AlignCenter;
-      if (look.number) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+      if (style.number) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
       return QVariant(Qt::AlignLeading | Qt::AlignVCenter);
     default:
       return {};
@@ -63,7 +69,7 @@ QVariant GridModel::CellData(int gridRow, int col, int role) const {
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  const bool known = grid_ != nullptr && section >= 0 && section < cols_ && section < grid_->Cols();
+  const bool known = grid_ != nullptr && section >= 0 && section < cols_;
   return orientation == Qt::Horizontal && known ? HeaderData(section, role) : QVariant();
 }
 
@@ -93,59 +99,54 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
   return flags;
 }
 
-int GridModel::GridRowOf(int row) const {
-  int gridRow = row + 1;
-  if (announced_.inserted > 0 && gridRow >= announced_.first) gridRow += announced_.inserted;
-  if (announced_.removed > 0 && gridRow >= announced_.first) {
-    gridRow = gridRow < announced_.first + announced_.removed ? 0 : gridRow - announced_.removed;
-  }
-  return gridRow;
-}
-
-void GridModel::Follow(const GridChange& change) {
-  const int first = change.first - 1;
-  const int last = change.last - 1;
-  const int count = change.last - change.first + 1;
+void GridModel::BeginChange(const GridChange& change) {
+  changing_ = true;
   switch (change.kind) {
-    case GridChange::Kind::Everything:
-      FollowEverything();
+    case GridChange::Kind::Columns:
+      beginResetModel();
       break;
     case GridChange::Kind::RowsInserted:
-      announced_ = {change.first, count, 0};
-      beginInsertRows({}, first, last);
-      announced_ = {};
+      beginInsertRows({}, change.first - 1, change.last - 1);
+      break;
+    case GridChange::Kind::RowsRemoved:
+      beginRemoveRows({}, change.first - 1, change.last - 1);
+      break;
+    case GridChange::Kind::RowTexts:
+    case GridChange::Kind::AllTexts:
+      break;
+  }
+}
+
+void GridModel::EndChange(const GridChange& change) {
+  changing_ = false;
+  const int count = change.last - change.first + 1;
+  switch (change.kind) {
+    case GridChange::Kind::Columns:
+      cols_ = grid_->Cols();
+      endResetModel();
+      break;
+    case GridChange::Kind::RowsInserted:
       rows_ += count;
       endInsertRows();
       break;
     case GridChange::Kind::RowsRemoved:
-      announced_ = {change.first, 0, count};
-      beginRemoveRows({}, first, last);
-      announced_ = {};
       rows_ -= count;
       endRemoveRows();
       break;
     case GridChange::Kind::RowTexts:
-      if (change.first == 0) {
-        if (cols_ > 0) emit headerDataChanged(Qt::Horizontal, 0, cols_ - 1);
-      } else if (cols_ > 0) {
-        emit dataChanged(index(first, 0), index(last, cols_ - 1));
-      }
+      TextsChanged(change.first - 1, change.first - 1);
+      break;
+    case GridChange::Kind::AllTexts:
+      TextsChanged(-1, rows_ - 1);
       break;
   }
 }
 
-/// A sort or a calculation keeps the rows: then the view keeps its place, too.
-void GridModel::FollowEverything() {
-  if (grid_->Rows() - 1 == rows_ && grid_->Cols() == cols_) {
-    if (cols_ == 0) return;
-    emit headerDataChanged(Qt::Horizontal, 0, cols_ - 1);
-    if (rows_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1));
-    return;
-  }
-  beginResetModel();
-  rows_ = grid_->Rows() - 1;
-  cols_ = grid_->Cols();
-  endResetModel();
+/// Notifies views of changed texts in these rows; row -1 is the header.
+void GridModel::TextsChanged(int first, int last) {
+  if (cols_ == 0) return;
+  if (first < 0) emit headerDataChanged(Qt::Horizontal, 0, cols_ - 1);
+  if (last >= 0) emit dataChanged(index(std::max(first, 0), 0), index(last, cols_ - 1));
 }
 
 }  // namespace koru

@@ -9,31 +9,36 @@
 
 namespace koru {
 
-/// How the cells of a column are drawn. It changes nothing of what the cells hold, what is edited or copied.
+/// How the cells of a column are drawn. It does not affect the texts that are stored, edited or copied.
 struct ColumnStyle {
   enum class Sign { None, Down, Up };
 
-  bool number = false;     ///< left to right and digits under digits, so that a minus stands where it belongs
-  bool grouped = false;    ///< a number is shown with a separator every three digits of its whole part
-  Sign sign = Sign::None;  ///< a triangle in front of a cell that is not empty
-  bool hidden = false;     ///< nothing that a person reads
-  QColor color;            ///< of the text and the sign; the normal one when not valid
+  bool number = false;     ///< left to right, so that a minus is on the left, and right-aligned
+  bool grouped = false;    ///< a number is shown with a separator every three digits of its integer part
+  Sign sign = Sign::None;  ///< a triangle at the left edge of each cell that is not empty
+  bool hidden = false;     ///< the column is not shown
+  QColor color;            ///< of the text and the sign; the default color if invalid
 };
 
-/// The rows of a Grid as the toolkit's views want them. Row 0 of the grid is the header, row 1 is row 0 here.
-/// The texts are read from the grid whenever they are drawn; nothing is kept.
+/// The Qt model of a Grid. Row 0 of the grid is the header, row 1 is row 0 of the model. Texts are read from
+/// the grid whenever a view asks for them. The model counts rows and columns by the grid's reports
+/// (RowsChanging, RowsChanged), so that views are notified before and after each change.
 class GridModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
   using QAbstractTableModel::QAbstractTableModel;
 
-  /// The grid whose rows are shown; it must outlive the model or be taken back with nullptr.
+  /// The grid whose rows are shown. It must outlive the model or be replaced by nullptr.
   void SetGrid(Grid* grid);
-  void SetColumnStyle(int col, const ColumnStyle& look);
-  [[nodiscard]] ColumnStyle LookOf(int col) const;
-  /// Whether rows are announced to come or go: the grid has its new rows, the views still have the old ones.
-  [[nodiscard]] bool Announces() const { return announced_.inserted > 0 || announced_.removed > 0; }
+  [[nodiscard]] Grid* Source() const { return grid_; }
+  void SetColumnStyle(int col, const ColumnStyle& style);
+  [[nodiscard]] ColumnStyle StyleOf(int col) const;
+  /// The text to store if the user enters `text` in the column: a number column stores Latin digits without
+  /// separators.
+  [[nodiscard]] QString TextToStore(int col, const QString& text) const;
+  /// Whether views have been notified of a change of rows or columns that is not complete yet.
+  [[nodiscard]] bool IsChanging() const { return changing_; }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -42,24 +47,18 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
-  /// While rows are announced to come or go, the grid has changed already: the views still count as before.
-  struct Announced {
-    int first = 0;
-    int inserted = 0;
-    int removed = 0;
-  };
-
-  void Follow(const GridChange& change);
-  void FollowEverything();
-  [[nodiscard]] int GridRowOf(int row) const;
+  void BeginChange(const GridChange& change);
+  void EndChange(const GridChange& change);
+  void TextsChanged(int first, int last);
   [[nodiscard]] QVariant HeaderData(int col, int role) const;
   [[nodiscard]] QVariant CellData(int gridRow, int col, int role) const;
 
   Grid* grid_ = nullptr;
   int rows_ = 0;
   int cols_ = 0;
-  Announced announced_;
-  std::vector<ColumnStyle> looks_;
+  bool changing_ = false;
+  std::vector<ColumnStyle> styles_;
+  Subscription rowsChanging_;
   Subscription rowsChanged_;
 };
 

@@ -14,9 +14,9 @@ void GridSearch::Forget() {
 }
 
 QModelIndex GridSearch::Type(const QModelIndex& at, const QString& keys) {
-  const bool goesOn = !text_.isEmpty() && !sinceKey_.hasExpired(QApplication::keyboardInputInterval());
+  const bool continues = !text_.isEmpty() && !sinceKey_.hasExpired(QApplication::keyboardInputInterval());
   sinceKey_.start();
-  if (!goesOn) {
+  if (!continues) {
     Forget();
     origin_ = at;
   }
@@ -26,7 +26,7 @@ QModelIndex GridSearch::Type(const QModelIndex& at, const QString& keys) {
     return at;
   }
   if (!failed_) {
-    const QModelIndex found = Find(at, goesOn ? at.row() : at.row() + 1);
+    const QModelIndex found = Find(at, continues ? at.row() : at.row() + 1);
     if (found.isValid()) return found;
     failed_ = true;
   }

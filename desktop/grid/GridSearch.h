@@ -6,14 +6,14 @@
 
 namespace koru {
 
-/// What a person types, or a scanner, where cells are not typed into: it looks for the row whose cell in the
-/// same column is that text, else for the next one whose cell begins with it. Letter forms, kinds of digits
-/// and case do not matter. A text that no cell begins with leads back to where the search began. After a
-/// pause (QApplication::keyboardInputInterval) a key begins a new search; what the one before has come to can
-/// be asked until it is forgotten.
+/// Incremental search of a column for a text that a user types or a scanner sends. It finds the row whose
+/// cell equals the text, else the next one whose cell begins with it; letter forms, kinds of digits and case
+/// are ignored. If no cell begins with the text, the search returns to its first cell. A key after a pause
+/// (QApplication::keyboardInputInterval) begins a new search; the outcome of the last one remains until
+/// Forget.
 class GridSearch {
  public:
-  /// Takes keys that were typed in the cell `at`; the cell to go to.
+  /// Adds characters that were typed in the cell `at`. Returns the cell to move to.
   [[nodiscard]] QModelIndex Type(const QModelIndex& at, const QString& keys);
   [[nodiscard]] bool Found() const { return !text_.isEmpty() && !failed_; }
   [[nodiscard]] bool Failed() const { return failed_; }

@@ -1,24 +1,17 @@
 #include "desktop/grid/GridView.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QHeaderView>
-#include <QScopedValueRollback>
-#include <QTimer>
-#include <algorithm>
+#include <QKeyEvent>
+#include <QMenu>
 
 #include "desktop/grid/CellDelegate.h"
-#include "desktop/grid/GridColumns.h"
+#include "desktop/grid/GridCells.h"
 #include "desktop/toolkit/QtText.h"
 
 namespace koru {
-namespace {
-
-constexpr int kTwipsPerPixel = 15;
-constexpr int kCellPadding = 12;
-constexpr int kSampleRows = 50;
-constexpr int kWidestNeed = 190;   ///< a longer text is cut off before it pushes other columns out of sight
-constexpr int kStretchNeed = 140;  ///< the column that takes the room that is left also gives it first
-
-}  // namespace
 
 GridView::GridView(QWidget* parent) : QTableView(parent) {
   setModel(&model_);
@@ -30,11 +23,15 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   setHorizontalScrollMode(ScrollPerPixel);
   SetUpHeaders();
   SetUpMouse();
-  connect(&model_, &QAbstractItemModel::modelReset, this, &GridView::FitColumnsLater);
-  connect(&model_, &QAbstractItemModel::rowsInserted, this, &GridView::FitColumnsLater);
-  connect(&model_, &QAbstractItemModel::dataChanged, this,
+  connect(&model_, &QAbstractItemModel::modelReset, &fitting_, &ColumnFitting::FitLater);
+  connect(&model_, &QAbstractItemModel::rowsInserted, &fitting_, &ColumnFitting::FitLater);
+  connect(&model_, &QAbstractItemModel::dataChanged, &fitting_,
           [this](const QModelIndex& first, const QModelIndex& last) {
-            if (first.row() < last.row() || !FitsColumns(first.row())) FitColumnsLater();
+            if (first.row() < last.row()) {
+              fitting_.FitLater();
+            } else {
+              fitting_.FitLaterUnlessFits(first.row());
+            }
           });
 }
 
@@ -51,9 +48,7 @@ void GridView::SetUpHeaders() {
   header.setSectionsClickable(true);
   header.setSortIndicatorShown(true);
   header.setSortIndicator(-1, Qt::AscendingOrder);
-  connect(&header, &QHeaderView::sectionResized, this, [this] {
-    if (!fitting_) ownWidths_ = true;
-  });
+  connect(&header, &QHeaderView::sectionResized, &fitting_, &ColumnFitting::ColumnResized);
   connect(&header, &QHeaderView::sectionClicked, this, [this](int col) {
     if (grid_ != nullptr && FinishEdit()) grid_->UserClickHeader(col);
     ShowSortedColumn();
@@ -71,22 +66,20 @@ void GridView::SetUpMouse() {
 
 void GridView::SetGrid(Grid* grid) {
   grid_ = grid;
-  gridChanged_.End();
+  stateChanged_.End();
   rowsChanged_.End();
+  currentChanged_.End();
   model_.SetGrid(grid);
   if (grid_ == nullptr) return;
-  gridChanged_ = grid_->Changed.Subscribe([this] { FollowGrid(); });
-  rowsChanged_ = grid_->RowsChanged.Subscribe([this](const GridChange& change) {
-    if (change.kind == GridChange::Kind::RowTexts) return;
-    if (!scanMoves_) LeaveScanning();  // another good may stand in the line now
-    FollowGrid();
-  });
+  stateChanged_ = grid_->StateChanged.Subscribe([this] { FollowGrid(); });
+  rowsChanged_ = grid_->RowsChanged.Subscribe([this](const GridChange& change) { FollowRows(change); });
+  currentChanged_ = grid_->CurrentChanged.Subscribe([this] { ShowCurrent(); });
   FollowGrid();
 }
 
 void GridView::FollowGrid() {
-  if (IsTypedInto() && !storing_ && !edited_.flags().testFlag(Qt::ItemIsEditable)) Close(*Editor());
-  setSelectionBehavior(HasCellsToFill() ? SelectItems : SelectRows);
+  editing_.CloseIfReadOnly();
+  setSelectionBehavior(HasCellsToFill(grid_) ? SelectItems : SelectRows);
   QPalette colors = viewport()->palette();
   const QColor ground = ColorOf(grid_->BackColor());
   if (colors.color(QPalette::Base) != ground) {
@@ -95,8 +88,14 @@ void GridView::FollowGrid() {
   }
   ShowSortedColumn();
   ShowCurrent();
-  FitColumnsLater();
+  fitting_.FitLater();
   viewport()->update();
+}
+
+void GridView::FollowRows(const GridChange& change) {
+  if (change.kind == GridChange::Kind::RowTexts) return;
+  scanning_.CellMoved();  // the row may hold another good now
+  FollowGrid();
 }
 
 void GridView::ShowCurrent() {
@@ -115,71 +114,122 @@ void GridView::ShowSortedColumn() {
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
-  if (current.row() != previous.row()) viewport()->update();
+  if (current.row() != previous.row()) {  // the current row is tinted
+    UpdateRow(previous.row());
+    UpdateRow(current.row());
+    if (current.isValid()) fitting_.FitLaterUnlessFits(current.row());
+  }
   if (grid_ == nullptr || !current.isValid()) return;
-  // The toolkit steps aside from a row that goes; where the person stands then is for the grid to say.
-  if (model_.Announces()) return;
-  if (!scanMoves_) LeaveScanning();
+  // Qt moves away from a row that is being removed; the grid decides which cell is current then.
+  if (model_.IsChanging()) return;
+  scanning_.CellMoved();
   const int row = current.row() + 1;
   if (grid_->Row() == row && grid_->Col() == current.column()) return;
   grid_->UserMoveTo(row, current.column());
 }
 
+void GridView::UpdateRow(int row) {
+  if (row >= 0) viewport()->update(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
+}
+
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  FitColumnsLater();
+  fitting_.FitLater();
 }
 
-void GridView::FitColumnsLater() {
-  if (fitWanted_ || ownWidths_) return;
-  fitWanted_ = true;
-  QTimer::singleShot(0, this, &GridView::FitColumnsNow);
+bool GridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  const bool begins = state() != EditingState;
+  const bool begun = QTableView::edit(index, trigger, event);
+  if (begun && begins && state() == EditingState) editing_.Begin(index, trigger);
+  return begun;
 }
 
-void GridView::FitColumnsNow() {
-  fitWanted_ = false;
-  if (grid_ == nullptr || ownWidths_) return;
-  std::vector<ColumnSizeHint> wishes;
-  for (int col = 0; col < model_.columnCount(); ++col) wishes.push_back(WishOf(col));
-  const std::vector<int> widths = FitColumns(wishes, viewport()->width(), stretch_);
-  const QScopedValueRollback<bool> fitting(fitting_, true);
-  for (int col = 0; col < model_.columnCount(); ++col) {
-    const int width = widths[static_cast<std::size_t>(col)];
-    setColumnHidden(col, width == 0);
-    if (width > 0 && columnWidth(col) != width) setColumnWidth(col, width);
+void GridView::mousePressEvent(QMouseEvent* event) {
+  // The editor has lost the focus before this; if it is still open, its text was refused and the user stays
+  // in the cell.
+  if (state() == EditingState) return;
+  scanning_.Leave();
+  QTableView::mousePressEvent(event);
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  if (LeavesGrid(*event)) {
+    FocusOutside(key == Qt::Key_Tab);
+  } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    EnterPressed();
+  } else if (key == Qt::Key_Delete) {
+    DeletePressed(event->modifiers().testFlag(Qt::ControlModifier));
+  } else if (event->matches(QKeySequence::Copy)) {
+    clipboard_.Copy();
+  } else if (event->matches(QKeySequence::Paste)) {
+    clipboard_.Paste(currentIndex());
+  } else {
+    scanning_.MoveBy(*event, [this, event] { QTableView::keyPressEvent(event); });
   }
 }
 
-/// Whether the columns are wide enough for a row, so that a single figure does not have all of them measured.
-bool GridView::FitsColumns(int row) const {
-  for (int col = 0; col < model_.columnCount(); ++col) {
-    if (!isColumnHidden(col) && NeedOf(row, col) + kCellPadding > columnWidth(col)) return false;
-  }
-  return true;
+void GridView::MoveByKey(int key) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+  scanning_.MoveBy(press, [this, &press] { QTableView::keyPressEvent(&press); });
 }
 
-/// The width of a text, as far as a column grows for it.
-int GridView::NeedOf(int row, int col) const {
-  const QString text = model_.index(row, col).data().toString();
-  if (text.isEmpty()) return 0;
-  const int sign = model_.LookOf(col).sign == ColumnStyle::Sign::None ? 0 : kCellPadding;
-  return std::min(QFontMetrics(font()).horizontalAdvance(text) + sign,
-                  col == stretch_ ? kStretchNeed : kWidestNeed);
+void GridView::EnterPressed() {
+  if (scanning_.EnterPressed()) return;
+  const QModelIndex current = currentIndex();
+  if (HasCellsToFill(grid_)) {
+    GoToCellToFill(*this, true);
+  } else if (grid_ != nullptr && current.isValid()) {
+    grid_->UserDoubleClick(current.row() + 1, current.column());
+  }
 }
 
-ColumnSizeHint GridView::WishOf(int col) const {
-  const int natural = grid_->ColWidth(col) / kTwipsPerPixel;
-  if (natural == 0 || model_.LookOf(col).hidden) return {};
-  QFont headerFont = font();
-  headerFont.setBold(grid_->IsEditable(col));
-  const QString title = model_.headerData(col, Qt::Horizontal, Qt::DisplayRole).toString();
-  int need = TwoLineWidth(title, QFontMetrics(headerFont));
-  const int shown = std::min(model_.rowCount(), kSampleRows);
-  const int from = std::max(0, rowAt(0));
-  for (int row = from; row < std::min(from + shown, model_.rowCount()); ++row) {
-    need = std::max(need, NeedOf(row, col));
+void GridView::DeletePressed(bool wholeRow) {
+  const QModelIndex current = currentIndex();
+  if (!HasCellsToFill(grid_) || !current.isValid()) return;
+  if (wholeRow || !current.flags().testFlag(Qt::ItemIsEditable)) {
+    grid_->UserDeleteRow();
+  } else if (!current.data(Qt::EditRole).toString().isEmpty()) {
+    grid_->UserEdit(current.row() + 1, current.column(), {});
   }
-  return {need + kCellPadding, std::max(natural, need + kCellPadding)};
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+  if (!currentIndex().isValid() && model_.rowCount() > 0) {
+    const QModelIndex first = NextCellToFill(*this, model_.index(0, 0), true);
+    setCurrentIndex(first.isValid() ? first : model_.index(0, 0));
+  }
+  QTableView::focusInEvent(event);
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+  const bool left = event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
+  if (left && !editing_.IsStoring() && !isAncestorOf(QApplication::focusWidget())) scanning_.Leave();
+  QTableView::focusOutEvent(event);
+}
+
+bool GridView::event(QEvent* event) {
+  // Ctrl+Tab may also be the window's shortcut into the grid.
+  if (event->type() == QEvent::ShortcutOverride && LeavesGrid(*static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
+  return QTableView::event(event);
+}
+
+bool GridView::focusNextPrevChild(bool next) {
+  if (scanning_.TabPressed()) return true;
+  if (currentIndex().isValid() && GoToCellToFill(*this, next)) return true;
+  return QTableView::focusNextPrevChild(next);
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+  if (!HasCellsToFill(grid_) || !currentIndex().isValid()) return;
+  QMenu menu(this);
+  menu.setObjectName(QStringLiteral("rowMenu"));
+  QAction* const remove = menu.addAction(QStringLiteral("حذف سطر\tCtrl+Del"));
+  remove->setEnabled(grid_->Enabled() && !grid_->Locked());
+  if (menu.exec(event->globalPos()) == remove && grid_ != nullptr) grid_->UserDeleteRow();
 }
 
 }  // namespace koru

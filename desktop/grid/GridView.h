@@ -1,57 +1,55 @@
 #pragma once
 
-#include <QPersistentModelIndex>
 #include <QTableView>
 
-#include "desktop/grid/GridColumns.h"
+#include "desktop/grid/CellClipboard.h"
+#include "desktop/grid/CellEditing.h"
+#include "desktop/grid/ColumnFitting.h"
 #include "desktop/grid/GridModel.h"
-#include "desktop/grid/GridSearch.h"
-
-class QLineEdit;
+#include "desktop/grid/ScanMode.h"
 
 namespace koru {
 
-/// A Grid on the screen. Arrows move as in a spreadsheet and typing begins an edit; Enter and Tab store it
-/// and go to the next cell to fill, Shift+Tab to the one before, Escape gives the old text back. A text that
-/// the form refuses stays in its cell, selected. Delete empties a cell that can be typed into; elsewhere, and
-/// with Ctrl everywhere, it asks for the line to go. Copying copies the cell; pasting fills cells downwards
-/// and onwards, as far as texts were copied, and stops at one that the form refuses. In a grid without cells
-/// to fill Enter is a double click. Ctrl+Tab leaves the grid.
-///
-/// Typing where cells are not typed into goes to the row that has the text in that column; a text that no row
-/// has moves nothing, is told of, and the Enter behind it only ends it. Where rows are scanned in, Enter goes
-/// from a row that was found to its figure and from the figure back, ready for the next row.
+/// A Grid on the screen. Arrows move as in a spreadsheet, typing edits the current cell (CellEditing) or
+/// searches a read-only column (ScanMode), Enter and Tab move to the next editable cell, Shift+Tab to the
+/// previous one. Delete clears an editable cell; elsewhere, and with Ctrl everywhere, it deletes the row.
+/// Ctrl+C and Ctrl+V copy and paste cells (CellClipboard). In a grid without editable cells Enter is a double
+/// click. Ctrl+Tab leaves the grid.
 class GridView : public QTableView {
   Q_OBJECT
 
  public:
   explicit GridView(QWidget* parent = nullptr);
 
-  /// The grid that is shown; it must outlive the view or be taken back with nullptr.
+  /// The grid to show. It must outlive the view or be replaced by nullptr.
   void SetGrid(Grid* grid);
-  void SetColumnStyle(int col, const ColumnStyle& look) { model_.SetColumnStyle(col, look); }
-  /// The column that takes the room that the others leave; -1: none.
-  void SetStretchColumn(int col) { stretch_ = col; }
-  /// Column 0 counts the rows and is drawn as a part of the frame.
+  void SetColumnStyle(int col, const ColumnStyle& style) { model_.SetColumnStyle(col, style); }
+  /// The column that takes the remaining width; -1: none.
+  void SetStretchColumn(int col) { fitting_.SetStretchColumn(col); }
+  /// Whether column 0 numbers the rows and is drawn as a part of the frame.
   void SetRowNumbers(bool rowNumbers) { rowNumbers_ = rowNumbers; }
   [[nodiscard]] bool HasRowNumbers() const { return rowNumbers_; }
-  /// The column whose texts a scanner reads; -1: none.
-  void SetScanColumn(int col) { scanColumn_ = col; }
+  /// The column whose texts are scanned; -1: none.
+  void SetScanColumn(int col) { scanning_.SetScanColumn(col); }
+
+  /// Stores the text of the open cell editor, if any. Returns false if the form refused it; the editor stays
+  /// open then.
+  bool FinishEdit() { return editing_.Finish(); }
+  /// Whether a cell editor is open: a text is being typed, or was refused.
+  [[nodiscard]] bool IsTypedInto() const { return editing_.CurrentState() != CellEditing::State::Closed; }
+
   [[nodiscard]] const GridModel& Rows() const { return model_; }
+  [[nodiscard]] ScanMode& Scanning() { return scanning_; }
+  [[nodiscard]] CellEditing& Editing() { return editing_; }
+  [[nodiscard]] const CellClipboard& Clipboard() const { return clipboard_; }
 
-  /// Stores what is being typed, if anything is; false when it was refused and stays in its cell.
-  bool FinishEdit();
-  /// Whether a cell's edit is open: it is being typed into, or what was typed was refused.
-  [[nodiscard]] bool IsTypedInto() const { return Editor() != nullptr; }
+  /// Moves the current cell as an arrow key does (Qt::Key_Left, ...).
+  void MoveByKey(int key);
+  /// Moves the focus to the next or previous widget of the window.
+  void FocusOutside(bool next) { QTableView::focusNextPrevChild(next); }
+  using QTableView::closeEditor;
 
-  /// Whether a key takes the person out of the grid.
-  [[nodiscard]] static bool LeavesGrid(const QKeyEvent& key);
-  /// A key that was pressed in a cell's edit; true when it was the view's.
-  bool EditorKey(QLineEdit& edit, const QKeyEvent& key);
-  /// The keyboard has left a cell's edit.
-  void EditorLeft(QLineEdit& edit);
-
-  void keyboardSearch(const QString& keys) override;
+  void keyboardSearch(const QString& keys) override { scanning_.TypeKeys(keys); }
 
  protected:
   bool event(QEvent* event) override;
@@ -69,53 +67,23 @@ class GridView : public QTableView {
   void SetUpHeaders();
   void SetUpMouse();
   void FollowGrid();
+  void FollowRows(const GridChange& change);
   void ShowCurrent();
   void ShowSortedColumn();
-  void FitColumnsLater();
-  void FitColumnsNow();
-  [[nodiscard]] bool FitsColumns(int row) const;
-  [[nodiscard]] int NeedOf(int row, int col) const;
-  [[nodiscard]] ColumnSizeHint WishOf(int col) const;
-
-  [[nodiscard]] bool HasCellsToFill() const;
-  [[nodiscard]] QModelIndex NextCellToFill(const QModelIndex& from, bool forward) const;
-  bool GoToCellToFill(bool forward);
-  void GoTo(const QModelIndex& cell);
+  void UpdateRow(int row);
   void EnterPressed();
-  bool GoToScannedFigure();
-  void GoBackToScan();
-  void LeaveScanning();
-  void MovePressed(QKeyEvent& key);
-  void TellNotFound();
-  void TakeTellingBack();
-  [[nodiscard]] QLineEdit* Editor() const;
-  [[nodiscard]] QString TextTyped(int col, const QString& text) const;
-  bool Store(QLineEdit& edit);
-  void Close(QLineEdit& edit);
-  bool MoveOutOfEdit(QLineEdit& edit, const QKeyEvent& key);
-  void Paste(const QModelIndex& from, const std::vector<QStringList>& copied);
-  bool PasteLine(const QPersistentModelIndex& from, const QStringList& texts);
   void DeletePressed(bool wholeRow);
-  void DeleteRow();
 
   GridModel model_;
-  GridSearch search_;
+  ScanMode scanning_{*this};
+  CellEditing editing_{*this};
+  ColumnFitting fitting_{*this};
+  CellClipboard clipboard_{*this};
   Grid* grid_ = nullptr;
-  Subscription gridChanged_;
+  Subscription stateChanged_;
   Subscription rowsChanged_;
-  QPersistentModelIndex edited_;
-  int stretch_ = -1;
-  int scanColumn_ = -1;
-  int figureColumn_ = -1;  ///< where the last figure of a scanned row was typed
-  bool scanned_ = false;   ///< the keyboard is at the figure of a scanned row
-  bool scanMoves_ = false;
-  bool tells_ = false;  ///< that a text was not found stands on the screen
+  Subscription currentChanged_;
   bool rowNumbers_ = false;
-  bool typing_ = false;   ///< the edit was begun by typing: arrows leave the cell
-  bool storing_ = false;  ///< a message may take the keyboard away meanwhile
-  bool ownWidths_ = false;
-  bool fitting_ = false;
-  bool fitWanted_ = false;
 };
 
 }  // namespace koru

@@ -80,8 +80,8 @@ GoodSearchWindow::GoodSearchWindow(frmGoodSearch& form, SelectorRecords& records
   AddCommands(*layout);
   AddMenu();
   Binding().Bind(form_.Timer1);
-  subscribed_.push_back(form_.txtBarCode.Changed.Subscribe([this] { ShowHint(); }));
-  subscribed_.push_back(form_.optPrecise.Changed.Subscribe([this] { ShowHint(); }));
+  subscribed_.push_back(form_.txtBarCode.StateChanged.Subscribe([this] { ShowHint(); }));
+  subscribed_.push_back(form_.optPrecise.StateChanged.Subscribe([this] { ShowHint(); }));
   ShowHint();
   resize(FirstSize(kDefaultSize));
 }

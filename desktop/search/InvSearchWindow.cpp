@@ -204,7 +204,7 @@ void InvSearchWindow::AddResults(QBoxLayout& window) {
   room->addWidget(emptyResult_, 0, 0, Qt::AlignCenter);
   window.addLayout(room, 1);
   rowsChanged_ = form_.flexSearch.RowsChanged.Subscribe([this](const GridChange&) { ShowEmptyResult(); });
-  countChanged_ = form_.lblResultCount.Changed.Subscribe([this] { ShowEmptyResult(); });
+  countChanged_ = form_.lblResultCount.StateChanged.Subscribe([this] { ShowEmptyResult(); });
   ShowEmptyResult();
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr double kPointSize = 9.5;
 
-/// Made for forms first; the one that every system has last.
+/// Fonts in order of preference: first one designed for forms, last one that every system has.
 QFont FormFont() {
   for (const char* family : {"Vazirmatn UI", "Vazirmatn", "DejaVu Sans"}) {
     if (!QFontDatabase::hasFamily(family)) continue;
@@ -46,8 +46,7 @@ QPalette FormPalette() {
   return palette;
 }
 
-/// Fields that take no input are grey, unavailable buttons are flat and pale, the field with the keyboard has
-/// a ring.
+/// Read-only fields are grey, unavailable buttons are flat and pale, the field with the focus has a ring.
 constexpr const char* kStyleSheet = R"(
 QToolTip { background: #253345; color: white; border: 1px solid #253345; padding: 3px; }
 QPushButton { background: #FDFDFE; border: 1px solid #B4BFCD; border-radius: 4px; padding: 4px 9px; }

@@ -4,8 +4,8 @@ class QApplication;
 
 namespace koru {
 
-/// What all windows have in common: right to left, Persian texts for the buttons of the toolkit's own
-/// dialogs, font, colours. To be called once, before the first window is made.
+/// Sets what all windows share: right-to-left layout, Persian texts for the buttons of Qt's own dialogs, font
+/// and colours. Must be called once, before the first window is created.
 void SetUpApplication(QApplication& application);
 
 }  // namespace koru

@@ -10,7 +10,7 @@
 namespace koru {
 namespace {
 
-/// Tells files apart by what their names and the folder say.
+/// Chooses icons by the file names and the folder alone.
 class NameIcons : public QFileIconProvider {
  public:
   [[nodiscard]] QIcon icon(IconType type) const override { return QFileIconProvider::icon(type); }
@@ -26,7 +26,7 @@ class NameIcons : public QFileIconProvider {
 class FileChoice {
  public:
   FileChoice(const FileQuestion& question, QWidget* parent)
-      : dialog_(parent, Qt::WindowFlags()) {  // the other constructor begins to list a folder at once
+      : dialog_(parent, Qt::WindowFlags()) {  // the other constructor lists a folder at once
     dialog_.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontUseCustomDirectoryIcons);
     dialog_.setIconProvider(&icons_);
     dialog_.setWindowTitle(question.title);
@@ -36,12 +36,12 @@ class FileChoice {
     if (!start.isDir()) dialog_.selectFile(start.fileName());
   }
 
-  /// Empty when the person gave no file.
+  /// Empty if the user cancels.
   QString Ask() { return dialog_.exec() == QDialog::Accepted ? dialog_.selectedFiles().value(0) : QString(); }
   QFileDialog& Dialog() { return dialog_; }
 
  private:
-  NameIcons icons_;  // the dialog uses it to its end
+  NameIcons icons_;  // used by the dialog until its destruction
   QFileDialog dialog_;
 };
 
@@ -61,7 +61,7 @@ QString AskWhereToSave(const FileQuestion& question, const QString& suffix, QWid
   while (true) {
     QString file = choice.Ask();
     if (file.isEmpty() || file.endsWith(ending, Qt::CaseInsensitive)) return file;
-    // A name with a point in it was taken as it is. With its ending it may be another file's.
+    // The dialog accepts a name with a point as it is; with the suffix it may be the name of another file.
     file += ending;
     if (!QFileInfo::exists(file)) return file;
     choice.Dialog().selectFile(file);

@@ -6,22 +6,22 @@ class QWidget;
 
 namespace koru {
 
-/// How a person is asked for a file, and where that begins.
+/// The title and the starting point of a file dialog.
 struct FileQuestion {
   QString title;
   QString start;   ///< a folder or a file; empty: the program's own folder
   QString filter;  ///< as QFileDialog takes them
 };
 
-// The dialogs open none of the files that they list. The toolkit's own look into each of them for its type,
-// and where one is the open database, closing it again takes the database's locks off (POSIX): another
-// program that ends then clears the write-ahead log away that is still written to here.
+// The dialogs open none of the files that they list. Qt's default icon provider opens each file to find its
+// type; if the file is the open database, closing it releases the database's POSIX locks, and another program
+// that exits then deletes the write-ahead log that this one still writes to.
 
-/// The path of a file that is there; empty when the person gave none.
+/// The path of an existing file; empty if the user cancels.
 [[nodiscard]] QString AskForFile(const FileQuestion& question, QWidget* parent);
 
-/// A path to write to; one that is there already only where the person has agreed to replace it. It ends in
-/// `suffix` ("pdf"). Empty when the person gave none.
+/// A path to write to, which ends in `suffix` ("pdf"); empty if the user cancels. If the file exists, the
+/// user has agreed to replace it.
 [[nodiscard]] QString AskWhereToSave(const FileQuestion& question, const QString& suffix, QWidget* parent);
 
 }  // namespace koru

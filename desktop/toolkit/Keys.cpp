@@ -33,7 +33,7 @@ constexpr std::array<std::pair<int, int>, 16> kNamedKeys{{{Qt::Key_Backspace, 8}
 
 constexpr int kVirtualF1 = 112;
 
-/// The letters of the Persian keyboard and, in the same order, the Latin keys that they stand on.
+/// The letters of the Persian keyboard and, in the same order, the Latin letters of their keys.
 constexpr QStringView kPersianLetters = u"ضصثقفغعهخحشسیيبلاتنمظطزرذدپئ";
 constexpr QStringView kLatinKeys = u"QWERTYUIOPASDDFGHJKLZXCVBNMM";
 static_assert(kPersianLetters.size() == kLatinKeys.size());
@@ -52,7 +52,7 @@ int VirtualKey(int key) {
   return place < 0 ? 0 : kLatinKeys.at(place).unicode();
 }
 
-/// The separators stay: as long as a number is being typed, nobody knows what they part.
+/// Keeps the separators: while a number is being typed, its groups are not complete.
 QString DigitsTyped(const QString& text) {
   const auto* const end =
       std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\n' || c == u'\r' || c == u'\t'; });

@@ -8,8 +8,8 @@
 
 namespace koru {
 
-/// Where a popup of that size stands: under `field` with their leading edges in line, above it where the
-/// screen ends.
+/// The position of a popup of that size: under `field`, aligned with its leading edge, or above it if the
+/// screen ends below.
 [[nodiscard]] inline QPoint PopupPlace(const QWidget& field, QSize size) {
   const QPoint below = field.mapToGlobal(QPoint(field.width() - size.width(), field.height() + 1));
   const QRect screen = field.screen()->availableGeometry();

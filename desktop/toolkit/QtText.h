@@ -14,7 +14,7 @@ namespace koru {
 
 [[nodiscard]] inline std::string FromQt(const QString& text) { return text.toStdString(); }
 
-/// A colour of the suite, which keeps red in the low byte.
+/// Converts a colour of the suite, 0x00BBGGRR.
 [[nodiscard]] inline QColor ColorOf(std::uint32_t color) {
   return {static_cast<int>(color & 0xFFU), static_cast<int>((color >> 8U) & 0xFFU),
           static_cast<int>((color >> 16U) & 0xFFU)};

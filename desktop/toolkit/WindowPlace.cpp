@@ -8,7 +8,7 @@
 namespace koru {
 namespace {
 
-/// What window managers put around a window; it is not known before the window has been on the screen.
+/// The frame that window managers add; its size is unknown until the window has been on the screen.
 constexpr QSize kFrame(16, 44);
 
 }  // namespace
@@ -20,7 +20,7 @@ QSize FirstSize(QSize usual) {
 void PutOver(QWidget& dialog, const QWidget& below) {
   if (!dialog.testAttribute(Qt::WA_Resized)) {
     dialog.adjustSize();
-    dialog.setAttribute(Qt::WA_Resized, false);  // what it holds goes on deciding
+    dialog.setAttribute(Qt::WA_Resized, false);  // its contents still determine the size
   }
   const QRect screen = below.screen()->availableGeometry();
   QRect place(QPoint(), dialog.size() + kFrame);

@@ -16,18 +16,18 @@ class Button : public Control {
   void SetCaption(std::string caption) {
     if (caption_ == caption) return;
     caption_ = std::move(caption);
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
-  /// Whether the button is drawn as one that can be pressed. A form's timer lets it follow Enabled().
+  /// Whether the button is drawn as available. A form's timer makes it follow Enabled().
   [[nodiscard]] bool LooksAvailable() const { return looksAvailable_; }
   void SetLooksAvailable(bool looks) {
     if (looksAvailable_ == looks) return;
     looksAvailable_ = looks;
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
-  /// The person presses the button; refused while it is not reachable. The button takes the keyboard first.
+  /// The user presses the button, which takes the focus first; refused while it is disabled or hidden.
   bool UserClick() {
     if (!Reachable()) return false;
     RunEvent([this] {

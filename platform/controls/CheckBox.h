@@ -7,7 +7,7 @@
 
 namespace koru {
 
-/// A box that is checked or not.
+/// A check box.
 class CheckBox : public Control {
  public:
   using Control::Control;
@@ -16,17 +16,17 @@ class CheckBox : public Control {
   void SetCaption(std::string caption) {
     if (caption_ == caption) return;
     caption_ = std::move(caption);
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
   [[nodiscard]] bool Checked() const { return checked_; }
   void SetChecked(bool checked) {
     if (checked_ == checked) return;
     checked_ = checked;
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
-  /// The person checks or unchecks the box; Click is raised when that changes something.
+  /// The user checks or unchecks the box; raises Click if the value changes.
   bool UserCheck(bool checked) {
     if (!Reachable()) return false;
     RunEvent([&] {

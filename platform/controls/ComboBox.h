@@ -9,7 +9,7 @@
 
 namespace koru {
 
-/// A list of which one entry, or none, is chosen. Entries carry a whole number that nobody sees.
+/// A list with at most one chosen entry. Each entry carries an integer that is not shown.
 class ComboBox : public Control {
  public:
   struct Item {
@@ -22,25 +22,25 @@ class ComboBox : public Control {
   [[nodiscard]] const std::vector<Item>& Items() const { return items_; }
   void AddItem(std::string text, std::int32_t itemData) {
     items_.push_back({std::move(text), itemData});
-    Changed.Raise();
+    StateChanged.Raise();
   }
-  /// Takes all entries away, and with them the choice.
+  /// Removes all entries, and with them the choice.
   void Clear() {
     items_.clear();
     listIndex_ = -1;
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
-  /// The chosen entry, from 0; -1 when none is.
+  /// The index of the chosen entry, from 0; -1 if none is chosen.
   [[nodiscard]] int ListIndex() const { return listIndex_; }
-  /// Anything that is no entry's index chooses none.
+  /// An index outside the list chooses none.
   void SetListIndex(int index) {
     const int valid = index >= 0 && index < static_cast<int>(items_.size()) ? index : -1;
     if (listIndex_ == valid) return;
     listIndex_ = valid;
-    Changed.Raise();
+    StateChanged.Raise();
   }
-  /// The chosen entry; nullptr when none is.
+  /// The chosen entry; nullptr if none is chosen.
   [[nodiscard]] const Item* Chosen() const {
     return listIndex_ < 0 ? nullptr : &items_[static_cast<std::size_t>(listIndex_)];
   }
@@ -49,10 +49,10 @@ class ComboBox : public Control {
   void SetLocked(bool locked) {
     if (locked_ == locked) return;
     locked_ = locked;
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
-  /// The person chooses an entry (-1: none); refused while locked or not reachable.
+  /// The user chooses an entry (-1: none); refused while the list is locked, disabled or hidden.
   bool UserChoose(int index) {
     if (!Reachable() || locked_) return false;
     RunEvent([&] {

@@ -11,13 +11,13 @@ Control::Control(Form& form, std::string name) : form_(form), name_(std::move(na
 void Control::SetEnabled(bool enabled) {
   if (enabled_ == enabled) return;
   enabled_ = enabled;
-  Changed.Raise();
+  StateChanged.Raise();
 }
 
 void Control::SetVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;
-  Changed.Raise();
+  StateChanged.Raise();
 }
 
 bool Control::UserKey(KeyPress press) {

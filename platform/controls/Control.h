@@ -9,20 +9,21 @@ namespace koru {
 
 class Form;
 
-/// A key that a person presses: the virtual key code (F1 is 112, Delete 46, "S" 83) and which of Shift (1),
-/// Ctrl (2) and Alt (4) are held, added up.
+/// A key press: the virtual key code (F1 is 112, Delete 46, "S" 83) and the sum of the modifiers held: Shift
+/// (1), Ctrl (2), Alt (4).
 struct KeyPress {
   int key = 0;
   int shift = 0;
 };
 
-/// The state of one control of a form. A control is no toolkit's widget: a window draws it and tells it what
-/// the person does, through the operations whose names begin with `User`. Those obey the control's state (a
-/// person cannot press an unavailable button), answer whether they could be done, and raise the control's
-/// events. All other operations are the program's: they are always obeyed and raise no event but `Changed`.
+/// The state of one control of a form. A control is independent of any toolkit: a window draws it and passes
+/// user input to the operations whose names begin with `User`. Those respect the control's state (a disabled
+/// button cannot be pressed), return whether they were carried out, and raise the control's events. All other
+/// operations are the program's: they always take effect and raise only the events that say what changed
+/// (`StateChanged`, TextBox::SelectionChanged, Grid::RowsChanging, Grid::RowsChanged, Grid::CurrentChanged).
 class Control {
  public:
-  /// `form` must outlive the control; it lists its controls in the order in which they were made.
+  /// `form` must outlive the control; it lists its controls in the order of their construction.
   Control(Form& form, std::string name);
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
@@ -36,22 +37,23 @@ class Control {
   [[nodiscard]] bool Visible() const { return visible_; }
   void SetVisible(bool visible);
 
-  /// The person presses a key while the control has the keyboard; the form sees the key first.
+  /// The user presses a key while the control has the focus; the form receives the key first.
   bool UserKey(KeyPress press);
-  /// The person presses the right mouse button on the control.
+  /// The user presses the right mouse button on the control.
   bool UserRightClick();
 
-  /// Something that a window shows has changed, whoever changed it.
-  Event<> Changed;
+  /// The enabled or visible state, or the control's own text or value, is another, whether the program or the
+  /// user changed it. A setter that changes nothing does not raise it.
+  Event<> StateChanged;
   Event<> GotFocus;
   Event<> LostFocus;
   Event<KeyPress> KeyDown;
   Event<> RightClick;
 
  protected:
-  /// Runs the events of a person's action under the form's care (Form::RunEvent).
+  /// Runs the events of a user action through Form::RunEvent.
   void RunEvent(const std::function<void()>& event) const;
-  /// Whether a person can reach the control at all.
+  /// Whether user input can reach the control: it is enabled and visible.
   [[nodiscard]] bool Reachable() const { return enabled_ && visible_; }
 
  private:

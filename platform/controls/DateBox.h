@@ -8,24 +8,24 @@
 
 namespace koru {
 
-/// A date box: holds one day or none; shows it in the Solar Hijri calendar.
+/// A date box: holds a date or none and shows it in the Solar Hijri calendar.
 class DateBox : public Control {
  public:
   using Control::Control;
 
   [[nodiscard]] bool IsEmpty() const { return !value_; }
   [[nodiscard]] std::optional<Date> Value() const { return value_; }
-  /// `yyyy/mm/dd` of the Solar Hijri calendar; empty when the box is.
+  /// The date as `yyyy/mm/dd` in the Solar Hijri calendar; empty if the box is.
   [[nodiscard]] std::string PersianText() const { return value_ ? SolarText(*value_) : std::string(); }
 
   void SetValue(std::optional<Date> value) {
     if (value_ == value) return;
     value_ = value;
-    Changed.Raise();
+    StateChanged.Raise();
   }
   void Clear() { SetValue(std::nullopt); }
 
-  /// The person sets or empties the date; ValueChanged is raised when that changes something.
+  /// The user sets or clears the date; raises ValueChanged if the value changes.
   bool UserSet(std::optional<Date> value) {
     if (!Reachable()) return false;
     RunEvent([&] {

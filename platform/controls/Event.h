@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -9,8 +10,8 @@
 
 namespace koru {
 
-/// Keeps one listener of an Event listening; when it goes, the listener is no longer called. It may outlive
-/// the event.
+/// RAII subscription of one listener to an Event: the listener is not called after its destruction. It may
+/// outlive the event.
 class Subscription {
  public:
   Subscription() = default;
@@ -36,9 +37,8 @@ class Subscription {
   std::function<void()> end_;
 };
 
-/// Something that happens, and who wants to be told. Listeners are called in the order in which they
-/// subscribed, on the thread that raises; they may subscribe and unsubscribe while they are called. What a
-/// listener throws reaches the raiser, and the listeners after it are then not called.
+/// An event and its listeners. Listeners are called in the order of their subscription, on the raising
+/// thread; they may subscribe and unsubscribe while they are called.
 template <class... Args>
 class Event {
  public:
@@ -59,19 +59,28 @@ class Event {
     });
   }
 
-  /// Subscribes for the whole life of the event; for an owner that listens to its own members.
+  /// Subscribes for the lifetime of the event; for an owner that listens to its own members.
   void Always(Listener listener) {
     state_->listeners.push_back({++state_->lastId, std::make_shared<Listener>(std::move(listener))});
   }
 
+  /// Calls the listeners. An exception from a listener reaches the caller, and the listeners after it are not
+  /// called.
   void Raise(Args... args) const {
-    const auto state = state_;
-    const auto listeners = state->listeners;
-    for (const Entry& entry : listeners) {
-      const bool stillListens = std::any_of(state->listeners.begin(), state->listeners.end(),
-                                            [&](const Entry& other) { return other.id == entry.id; });
-      if (stillListens) (*entry.listener)(args...);
-    }
+    CallEach([&](const Listener& listener) { listener(args...); });
+  }
+
+  /// Calls every listener, also after one has thrown. Returns the first exception, or null.
+  [[nodiscard]] std::exception_ptr RaiseToAll(Args... args) const {
+    std::exception_ptr first;
+    CallEach([&](const Listener& listener) {
+      try {
+        listener(args...);
+      } catch (...) {
+        if (!first) first = std::current_exception();
+      }
+    });
+    return first;
   }
 
  private:
@@ -83,6 +92,18 @@ class Event {
     std::uint64_t lastId = 0;
     std::vector<Entry> listeners;
   };
+
+  template <class Call>
+  void CallEach(const Call& call) const {
+    const auto state = state_;
+    const auto listeners = state->listeners;
+    for (const Entry& entry : listeners) {
+      const bool stillListens = std::any_of(state->listeners.begin(), state->listeners.end(),
+                                            [&](const Entry& other) { return other.id == entry.id; });
+      if (stillListens) call(*entry.listener);
+    }
+  }
+
   std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 

@@ -15,7 +15,7 @@ Form::~Form() = default;
 void Form::SetCaption(std::string caption) {
   if (caption_ == caption) return;
   caption_ = std::move(caption);
-  Changed.Raise();
+  StateChanged.Raise();
 }
 
 Control* Form::Find(std::string_view name) const {
@@ -31,14 +31,14 @@ bool Form::SetFocus(Control& control) {
   Control* const before = std::exchange(focus_, &control);
   if (before != nullptr) before->LostFocus.Raise();
   control.GotFocus.Raise();
-  Changed.Raise();
+  FocusChanged.Raise();
   return true;
 }
 
 void Form::Show(bool modal) {
   if (!visible_) {
     visible_ = true;
-    Changed.Raise();
+    StateChanged.Raise();
   }
   Activate();
   screen_.Show(*this, modal);
@@ -47,7 +47,7 @@ void Form::Show(bool modal) {
 void Form::Hide() {
   if (!visible_) return;
   visible_ = false;
-  Changed.Raise();
+  StateChanged.Raise();
 }
 
 void Form::Unload() {

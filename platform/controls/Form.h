@@ -13,8 +13,7 @@ namespace koru {
 
 class Screen;
 
-/// A form: its title, its controls, its focus, and whether it stands on the screen. A window is a form's
-/// picture.
+/// A form: its title, its controls, its focus, and whether it is on the screen. A window displays a form.
 class Form {
  public:
   /// `screen` must outlive the form.
@@ -27,42 +26,43 @@ class Form {
   [[nodiscard]] const std::string& Caption() const { return caption_; }
   void SetCaption(std::string caption);
 
-  /// The controls in the order in which they were made.
+  /// The controls in the order of their construction.
   [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
-  /// The control of that name, case-insensitive as the suite's names are; nullptr when there is none.
+  /// The control with that name, compared case-insensitively as in the rest of the suite; nullptr if none has
+  /// it.
   [[nodiscard]] Control* Find(std::string_view name) const;
 
-  /// The control that has the keyboard; nullptr when none was given it yet.
+  /// The control with the focus; nullptr if none has had it yet.
   [[nodiscard]] Control* Focus() const { return focus_; }
-  /// Gives the keyboard to a control, for the program or for the person: the one that had it is told
-  /// (LostFocus), then the new one (GotFocus). False, and nothing changes, when the control is not enabled
-  /// and visible.
+  /// Moves the focus to a control, for the program or for the user: raises LostFocus on the previous control,
+  /// then GotFocus on the new one, then FocusChanged. Returns false and changes nothing if the control is
+  /// disabled or hidden.
   bool SetFocus(Control& control);
 
   [[nodiscard]] bool Visible() const { return visible_; }
   [[nodiscard]] bool Loaded() const { return loaded_; }
-  /// Puts the form on the screen and activates it. A modal show returns when the form has been hidden or
-  /// unloaded.
+  /// Shows the form on the screen and activates it. A modal show returns when the form is hidden or unloaded.
   void Show(bool modal);
-  /// Takes the form off the screen; what it holds stays.
+  /// Removes the form from the screen and keeps its contents.
   void Hide();
-  /// Ends the form: it is hidden, OnUnload runs, and it must not be shown again. A second call does nothing.
+  /// Hides the form for good and runs OnUnload; the form must not be shown again. A second call does nothing.
   void Unload();
 
-  /// The person closes the window by its frame. What that means is the form's: by default the form hides.
+  /// The user closes the window by its frame. By default the form hides.
   virtual void UserClose() { Hide(); }
   /// The form has become the active one.
   virtual void Activate() {}
 
-  /// Runs what a person's action sets off. What it throws goes to `OnFailure` where one is set, so that the
-  /// form stays usable; the pointer is the normal one again afterwards.
+  /// Runs the handlers of a user action. If `OnFailure` is set, it receives what they throw, so that the form
+  /// stays usable, and the cursor is restored; otherwise the exception reaches the caller.
   void RunEvent(const std::function<void()>& event);
-  /// Tells the person what went wrong in an event; set by whoever makes the form.
+  /// Shows the user what failed in an event; set by the owner of the form.
   std::function<void(const std::exception&)> OnFailure;
 
-  Event<> Changed;  ///< title, focus or visibility
+  Event<> StateChanged;  ///< the title or the visibility is another
+  Event<> FocusChanged;  ///< Focus() is another
   Event<KeyPress> KeyDown;
-  Event<> Unloaded;  ///< a window must let go of the form now
+  Event<> Unloaded;  ///< a window must release the form now
 
  protected:
   virtual void OnUnload() {}

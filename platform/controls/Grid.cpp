@@ -1,6 +1,8 @@
 #include "platform/controls/Grid.h"
 
 #include <algorithm>
+#include <exception>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -17,27 +19,28 @@ constexpr int kTwipsPerCharacter = 90;
 
 void Grid::SetRows(int rows) {
   if (rows < 1) throw std::out_of_range("a grid keeps its header row");
-  const int before = Rows();
-  if (rows == before) return;
-  rows_.resize(std::min(rows_.size(), static_cast<std::size_t>(rows)));
-  while (Rows() < rows) rows_.emplace_back(static_cast<std::size_t>(cols_));
-  colors_.resize(rows_.size(), kWhite);
-  row_ = std::min(row_, rows - 1);
-  if (rows > before) {
-    RowsCameOrWent({GridChange::Kind::RowsInserted, before, rows - 1});
-  } else {
-    RowsCameOrWent({GridChange::Kind::RowsRemoved, rows, before - 1});
+  if (rows < Rows()) {
+    Remove(rows, Rows() - 1);
+  } else if (rows > Rows()) {
+    std::vector<GridRow> added(static_cast<std::size_t>(rows - Rows()));
+    for (GridRow& row : added) row = GridRow(static_cast<std::size_t>(cols_));
+    Append(added, kWhite);
   }
 }
 
 void Grid::SetCols(int cols) {
   if (cols < 0) throw std::out_of_range("a grid has no fewer than 0 columns");
-  cols_ = cols;
-  col_ = 0;
-  columns_.assign(static_cast<std::size_t>(cols), Column{});
-  for (GridRow& row : rows_) row = GridRow(static_cast<std::size_t>(cols));
-  colors_.assign(rows_.size(), kWhite);
-  RowsCameOrWent({});
+  std::vector<Column> columns(static_cast<std::size_t>(cols));
+  std::vector<GridRow> rows(rows_.size());
+  for (GridRow& row : rows) row = GridRow(columns.size());
+  ChangeRows({GridChange::Kind::Columns}, [&]() noexcept {
+    cols_ = cols;
+    col_ = 0;
+    columns_ = std::move(columns);
+    rows_ = std::move(rows);
+    std::fill(colors_.begin(), colors_.end(), kWhite);
+    reportedRows_ = Rows();
+  });
 }
 
 void Grid::SetFormatString(std::string_view format) {
@@ -49,7 +52,7 @@ void Grid::SetFormatString(std::string_view format) {
     columns_[col].width = static_cast<int>(Utf16Length(title)) * kTwipsPerCharacter;
     rows_.front().SetText(col, title);
   }
-  Report({});
+  ReportTexts({GridChange::Kind::AllTexts});
 }
 
 bool Grid::IsEditable(int col) const {
@@ -60,12 +63,14 @@ bool Grid::IsEditable(int col) const {
 void Grid::SetLocked(bool locked) {
   if (locked_ == locked) return;
   locked_ = locked;
-  Changed.Raise();
+  StateChanged.Raise();
 }
 
 void Grid::SetColWidth(int col, int twips) {
-  columns_.at(static_cast<std::size_t>(col)).width = twips;
-  Changed.Raise();
+  int& width = columns_.at(static_cast<std::size_t>(col)).width;
+  if (width == twips) return;
+  width = twips;
+  StateChanged.Raise();
 }
 
 std::string_view Grid::TextMatrix(int row, int col) const {
@@ -74,33 +79,58 @@ std::string_view Grid::TextMatrix(int row, int col) const {
 
 void Grid::SetTextMatrix(int row, int col, std::string_view text) {
   At(row).SetText(static_cast<std::size_t>(col), text);
-  Report({GridChange::Kind::RowTexts, row, row});
+  ReportTexts({GridChange::Kind::RowTexts, row, row});
 }
 
 void Grid::AddItem(std::string_view text) {
   GridRow row(static_cast<std::size_t>(cols_));
   row.SetText(0, text);
-  Append(std::move(row));
+  Append({&row, 1}, backColor_);
 }
 
 void Grid::AddRow(std::span<const std::string> texts) {
   if (texts.size() != columns_.size()) throw std::out_of_range("a row has a text for every column");
-  Append(GridRow(texts));
+  GridRow row(texts);
+  Append({&row, 1}, backColor_);
 }
 
-void Grid::Append(GridRow row) {
-  rows_.push_back(std::move(row));
-  colors_.push_back(backColor_);
-  RowsCameOrWent({GridChange::Kind::RowsInserted, Rows() - 1, Rows() - 1});
+void Grid::Append(std::span<GridRow> rows, std::uint32_t color) {
+  const std::size_t needed = rows_.size() + rows.size();
+  if (rows_.capacity() < needed) rows_.reserve(std::max(needed, 2 * rows_.capacity()));
+  if (colors_.capacity() < needed) colors_.reserve(rows_.capacity());
+  const int first = Rows();
+  const auto append = [&]() noexcept {
+    rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
+    colors_.resize(rows_.size(), color);
+    sortedCol_ = -1;
+  };
+  if (redraw_) {
+    ChangeRows({GridChange::Kind::RowsInserted, first, static_cast<int>(needed) - 1}, append);
+  } else {
+    append();
+  }
 }
 
 void Grid::RemoveItem(int row) {
   if (row < 1) throw std::out_of_range("the header row of a grid cannot be removed");
   static_cast<void>(At(row));
-  rows_.erase(rows_.begin() + row);
-  colors_.erase(colors_.begin() + row);
-  if (row_ >= row) row_ = std::min(row_, Rows() - 1);
-  RowsCameOrWent({GridChange::Kind::RowsRemoved, row, row});
+  Remove(row, row);
+}
+
+void Grid::Remove(int first, int last) {
+  const int lastReported = redraw_ ? last : std::min(last, reportedRows_ - 1);
+  const auto remove = [&]() noexcept {
+    rows_.erase(rows_.begin() + first, rows_.begin() + last + 1);
+    colors_.erase(colors_.begin() + first, colors_.begin() + last + 1);
+    row_ = std::min(row_, Rows() - 1);
+    sortedCol_ = -1;
+  };
+  if (first > lastReported) {
+    remove();
+    return;
+  }
+  reportedRows_ -= lastReported - first + 1;
+  ChangeRows({GridChange::Kind::RowsRemoved, first, lastReported}, remove);
 }
 
 void Grid::SetCurrent(int row, int col) {
@@ -108,31 +138,40 @@ void Grid::SetCurrent(int row, int col) {
   if (row_ == row && col_ == col) return;
   row_ = row;
   col_ = col;
-  Changed.Raise();
+  CurrentChanged.Raise();
 }
 
 void Grid::Sort(int col, SortMode mode) {
   SortRows(rows_, static_cast<std::size_t>(col), mode);
   sortedCol_ = col;
-  Report({});
+  ReportTexts({GridChange::Kind::AllTexts});
 }
 
 void Grid::SetBackColor(std::uint32_t color) {
+  if (backColor_ == color) return;
   backColor_ = color;
-  Changed.Raise();
+  StateChanged.Raise();
 }
 
 void Grid::SetRowBackColor(int row, std::uint32_t color) {
   std::uint32_t& old = colors_.at(static_cast<std::size_t>(row));
   if (old == color) return;
   old = color;
-  Report({GridChange::Kind::RowTexts, row, row});
+  ReportTexts({GridChange::Kind::RowTexts, row, row});
 }
 
 void Grid::SetRedraw(bool redraw) {
   if (redraw_ == redraw) return;
   redraw_ = redraw;
-  Report({});
+  if (!redraw) {
+    reportedRows_ = Rows();
+    textsUnreported_ = false;
+    return;
+  }
+  if (Rows() > reportedRows_) {
+    ChangeRows({GridChange::Kind::RowsInserted, reportedRows_, Rows() - 1}, []() noexcept {});
+  }
+  if (textsUnreported_) ReportTexts({GridChange::Kind::AllTexts});
 }
 
 bool Grid::UserEdit(int row, int col, std::string text) {
@@ -214,13 +253,26 @@ bool Grid::UserDoubleClick(int row, int col) {
 
 bool Grid::IsDataCell(int row, int col) const { return row >= 1 && row < Rows() && col >= 0 && col < cols_; }
 
-void Grid::Report(GridChange change) {
-  if (redraw_) RowsChanged.Raise(change);
+/// Reports a change, makes it and reports it again. `change` must not throw; the listeners may.
+template <class Change>
+void Grid::ChangeRows(const GridChange& reported, const Change& change) {
+  static_assert(noexcept(change()));
+  const int row = row_;
+  const int col = col_;
+  std::exception_ptr failure = RowsChanging.RaiseToAll(reported);
+  change();
+  const std::exception_ptr later = RowsChanged.RaiseToAll(reported);
+  if (!failure) failure = later;
+  if (failure) std::rethrow_exception(failure);
+  if (row_ != row || col_ != col) CurrentChanged.Raise();
 }
 
-void Grid::RowsCameOrWent(GridChange change) {
-  sortedCol_ = -1;
-  Report(change);
+void Grid::ReportTexts(const GridChange& change) {
+  if (redraw_) {
+    RowsChanged.Raise(change);
+  } else if (change.kind == GridChange::Kind::AllTexts || change.first < reportedRows_) {
+    textsUnreported_ = true;
+  }
 }
 
 }  // namespace koru

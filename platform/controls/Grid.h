@@ -16,42 +16,57 @@ enum class SortMode {
   TextNoCaseAscending  ///< as texts, regardless of case
 };
 
-/// What changed in a grid's rows; rows are counted from 0, the header row included.
+/// What changes in a grid's rows; rows are counted from 0, the header row included.
 struct GridChange {
   enum class Kind {
-    Everything,    ///< columns, header or any number of rows
+    Columns,       ///< the number of columns; every cell is empty afterwards
     RowsInserted,  ///< rows first to last are new
-    RowsRemoved,   ///< rows first to last, as they were counted before, are gone
-    RowTexts       ///< texts or colour of row `first` (= last)
+    RowsRemoved,   ///< rows first to last, numbered as before the change, are removed
+    RowTexts,      ///< the texts or the colour of row `first` (= last)
+    AllTexts       ///< any texts, titles, colours, or the order of the rows; rows and columns remain
   };
-  Kind kind = Kind::Everything;
+  Kind kind = Kind::AllTexts;
   int first = 0;
   int last = 0;
+
+  friend bool operator==(const GridChange&, const GridChange&) = default;
 };
 
 /// A grid of texts with a fixed header row 0. Rows and columns are counted from 0; an index outside the grid
 /// throws std::out_of_range. A new grid has one row and no columns.
 ///
-/// The person's actions: each raises one event and obeys the flags that the event's listeners leave behind
-/// (SetEditAccepted, SetDeleteAllowed).
+/// How a window follows the rows. Columns, RowsInserted and RowsRemoved are reported twice, by RowsChanging
+/// before the change and by RowsChanged after it; RowTexts and AllTexts once, by RowsChanged. A window that
+/// counts rows and columns by these reports alone can read every cell that it knows of at any time, between
+/// the two reports as well: rows are removed only after RowsChanging, and new rows are appended after those
+/// it knows. Each RowsChanging is followed by its RowsChanged before anything else is reported, also if a
+/// listener throws; all listeners are then called, and the first exception reaches the caller of the
+/// operation. A listener of RowsChanging must not change the grid.
+///
+/// While redraw is off (GridRedrawOff), new rows and texts are not reported. When it is switched on again,
+/// the new rows are reported as one RowsInserted pair, and texts that changed in rows reported before as one
+/// AllTexts. Removed rows are reported at once, since a window must not read them any more.
+///
+/// Each user action raises one event and respects the flags that the event's listeners set (SetEditAccepted,
+/// SetDeleteAllowed).
 class Grid : public Control {
  public:
   using Control::Control;
 
   [[nodiscard]] int Rows() const { return static_cast<int>(rows_.size()); }
   [[nodiscard]] int Cols() const { return cols_; }
-  /// Cuts the rows behind `rows` off, or appends empty ones.
+  /// Removes the rows from index `rows` on, or appends empty ones.
   void SetRows(int rows);
   /// Sets the number of columns and empties every cell.
   void SetCols(int cols);
 
-  /// The titles of row 0, one a column, separated by "|"; "^" before a title centres its column. The blanks
-  /// in a title are kept and give the column's width.
+  /// Sets the titles in row 0, separated by "|"; "^" before a title centres its column. The length of a
+  /// title, its blanks included, gives the column's width.
   void SetFormatString(std::string_view format);
-  /// One character a column: "1" where the person may type.
+  /// One character per column: "1" where cells can be edited.
   void SetEditMask(std::string mask) { editMask_ = std::move(mask); }
   [[nodiscard]] bool IsEditable(int col) const;
-  /// The person may look, move and sort, and not type.
+  /// While the grid is locked, the user can read, move and sort but not edit.
   void SetLocked(bool locked);
   [[nodiscard]] bool Locked() const { return locked_; }
 
@@ -66,7 +81,7 @@ class Grid : public Control {
 
   /// Appends a row whose column 0 holds `text`.
   void AddItem(std::string_view text);
-  /// Appends a row of these texts, one a column.
+  /// Appends a row of these texts, one per column.
   void AddRow(std::span<const std::string> texts);
   void RemoveItem(int row);
 
@@ -75,10 +90,11 @@ class Grid : public Control {
   [[nodiscard]] int Col() const { return col_; }
   void SetCurrent(int row, int col);
 
-  /// Orders the rows behind the header by one column; rows that compare equal keep their order. Background
-  /// colours stay where they are, so that stripes remain stripes.
+  /// Sorts the rows below the header by one column; rows that compare equal keep their order. Background
+  /// colours keep their places, so that stripes remain stripes.
   void Sort(int col, SortMode mode);
-  /// The column that the rows were last sorted by; -1 when rows came or went since, or never.
+  /// The column that the rows were last sorted by; -1 if they never were, or rows were added or removed
+  /// since.
   [[nodiscard]] int SortedCol() const { return sortedCol_; }
 
   /// Background colours, 0x00BBGGRR.
@@ -90,37 +106,39 @@ class Grid : public Control {
   }
   void SetRowBackColor(int row, std::uint32_t color);
 
-  /// While off, changes of rows are kept back; switching it on again reports one change of everything.
+  /// Switches the reports of new rows and texts off and on; see GridRedrawOff.
   void SetRedraw(bool redraw);
 
-  // What a person does.
+  // User actions.
 
-  /// Types `text` over a cell. ValidateEdit may change EditText or refuse it; an accepted text is stored and
-  /// CellChanged raised. False when the cell cannot be typed into or the text was refused.
+  /// Enters `text` into a cell. ValidateEdit may change EditText or refuse it; an accepted text is stored and
+  /// CellChanged raised. Returns false if the cell cannot be edited or the text was refused.
   bool UserEdit(int row, int col, std::string text);
-  /// Asks for the current row to go. RowDeleting may refuse; otherwise the row goes and RowDeleted is raised.
+  /// Deletes the current row. RowDeleting may refuse; otherwise the row is removed and RowDeleted raised.
   bool UserDeleteRow();
-  /// Moves to another cell; RowChange is raised first when that leaves the current row.
+  /// Moves to another cell; raises RowChange first if the row is another.
   bool UserMoveTo(int row, int col);
-  /// Leaves the grid for another control.
+  /// Moves the focus to another control.
   void UserLeave();
   bool UserClickHeader(int col);
-  /// A single and a double click on a cell of a data row, which becomes the current one; row 0 is the header.
+  /// A single and a double click on a cell below the header; the cell becomes the current one.
   bool UserClick(int row, int col);
   bool UserDoubleClick(int row, int col);
 
   [[nodiscard]] const std::string& EditText() const { return editText_; }
   void SetEditText(std::string text) { editText_ = std::move(text); }
   void SetEditAccepted(bool accepted) { editAccepted_ = accepted; }
-  /// Whether more cells of a block follow the one that was edited, or may follow.
+  /// Whether a BatchEdit exists: more cells may follow the edited one.
   [[nodiscard]] bool InBatchEdit() const { return inBatchEdit_; }
   void SetDeleteAllowed(bool allowed) { deleteAllowed_ = allowed; }
 
+  Event<const GridChange&> RowsChanging;
   Event<const GridChange&> RowsChanged;
+  /// The current cell, Row() or Col(), is another.
+  Event<> CurrentChanged;
   Event<> ValidateEdit;
   Event<> CellChanged;
-  /// A block of cells that a person filled at once is finished; what follows from all of its cells together,
-  /// and not from each, has waited for this.
+  /// A BatchEdit has ended: what depends on all of its cells together can be calculated now.
   Event<> BatchEdited;
   Event<> RowDeleting;
   Event<> RowDeleted;
@@ -143,9 +161,12 @@ class Grid : public Control {
   [[nodiscard]] const GridRow& At(int row) const { return rows_.at(static_cast<std::size_t>(row)); }
   GridRow& At(int row) { return rows_.at(static_cast<std::size_t>(row)); }
   [[nodiscard]] bool IsDataCell(int row, int col) const;
-  void Append(GridRow row);
-  void Report(GridChange change);
-  void RowsCameOrWent(GridChange change);
+  /// Moves `rows` to the end of the grid; they are reported once, or when redraw is switched on.
+  void Append(std::span<GridRow> rows, std::uint32_t color);
+  void Remove(int first, int last);
+  template <class Change>
+  void ChangeRows(const GridChange& reported, const Change& change);
+  void ReportTexts(const GridChange& change);
 
   std::vector<Column> columns_;
   std::vector<GridRow> rows_ = std::vector<GridRow>(1);
@@ -159,12 +180,14 @@ class Grid : public Control {
   std::uint32_t backColor_ = kWhite;
   bool locked_ = false;
   bool redraw_ = true;
+  int reportedRows_ = 1;          ///< while redraw is off: the rows that windows know of
+  bool textsUnreported_ = false;  ///< while redraw is off: their texts or colours have changed
   bool editAccepted_ = true;
   bool inBatchEdit_ = false;
   bool deleteAllowed_ = true;
 };
 
-/// Keeps a grid's changes back for as long as it lives.
+/// RAII: until destruction, a grid's new rows and texts are not reported.
 class GridRedrawOff {
  public:
   explicit GridRedrawOff(Grid& grid) : grid_(grid) { grid_.SetRedraw(false); }
@@ -176,7 +199,7 @@ class GridRedrawOff {
   Grid& grid_;
 };
 
-/// The cells that a person edits while it lives are one block, as a column of figures that is pasted.
+/// RAII: the cells edited until destruction form one batch, such as a pasted column of figures.
 class BatchEdit {
  public:
   explicit BatchEdit(Grid& grid) : grid_(grid) { grid_.inBatchEdit_ = true; }

@@ -13,7 +13,7 @@ Block NewBlock(std::size_t cols, std::size_t characters) {
   return std::make_unique_for_overwrite<std::uint32_t[]>(1 + cols + (characters + kPlace - 1) / kPlace);
 }
 
-/// Answers the place behind the copy.
+/// Returns the end of the copy.
 char* Copy(char* to, std::string_view text) {
   if (!text.empty()) std::memmove(to, text.data(), text.size());
   return to + text.size();

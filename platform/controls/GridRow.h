@@ -9,7 +9,7 @@
 
 namespace koru {
 
-/// The texts of one row of a grid in a single piece of memory that is no larger than they need: a full
+/// The texts of one row of a grid in a single memory block of exactly the size that they need: a full
 /// counting has half a million cells, most of them a few characters long. A column outside the row throws
 /// std::out_of_range.
 class GridRow {
@@ -39,7 +39,7 @@ class GridRow {
   [[nodiscard]] char* Texts() { return reinterpret_cast<char*>(&block_[Cols() + 1]); }
   [[noreturn]] static void ThrowNoSuchColumn();
 
-  /// The number of columns; where each cell's text ends; the texts, one behind the other.
+  /// The number of columns, the end offset of each cell's text, the concatenated texts.
   std::unique_ptr<std::uint32_t[]> block_;
 };
 

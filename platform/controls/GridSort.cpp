@@ -17,7 +17,7 @@
 namespace koru {
 namespace {
 
-/// The number that the whole text is; none for an empty text or one with anything else in it.
+/// The text as a number; none if it is empty or contains anything else.
 std::optional<double> WholeNumber(std::string_view text) {
   text = Trim(text);
   double number = 0;
@@ -28,8 +28,8 @@ std::optional<double> WholeNumber(std::string_view text) {
   return number;
 }
 
-/// The keys of a column's texts, numbers apart from other texts. The characters of all texts stand one behind
-/// the other, so that sorting moves nothing but a few numbers.
+/// The sort keys of a column's texts, numbers separate from other texts. The characters of all keys are
+/// concatenated, so that sorting moves only a few integers for each row.
 class SortKeys {
  public:
   SortKeys(const std::vector<GridRow>& rows, std::size_t col, SortMode mode) {
@@ -45,7 +45,7 @@ class SortKeys {
     }
   }
 
-  /// The rows in their order: numbers before texts, equal ones as they were.
+  /// The row indexes in sorted order: numbers before texts, equal ones in their previous order.
   std::vector<std::size_t> Sorted() {
     std::stable_sort(numbers_.begin(), numbers_.end(),
                      [](const Number& a, const Number& b) { return a.value < b.value; });

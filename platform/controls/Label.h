@@ -7,7 +7,7 @@
 
 namespace koru {
 
-/// A text that nobody can type into.
+/// A text that cannot be edited.
 class Label : public Control {
  public:
   using Control::Control;
@@ -16,7 +16,7 @@ class Label : public Control {
   void SetCaption(std::string caption) {
     if (caption_ == caption) return;
     caption_ = std::move(caption);
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
  private:

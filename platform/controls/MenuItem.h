@@ -15,7 +15,7 @@ class MenuItem : public Control {
   [[nodiscard]] const std::string& Caption() const { return caption_; }
   void SetCaption(std::string caption) {
     caption_ = std::move(caption);
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
   bool UserClick() {

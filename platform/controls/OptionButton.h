@@ -10,7 +10,7 @@ namespace koru {
 
 class OptionButton;
 
-/// The options of which at most one is chosen.
+/// A group of options; at most one is chosen.
 class OptionGroup {
  public:
   OptionGroup() = default;
@@ -23,7 +23,7 @@ class OptionGroup {
   std::vector<OptionButton*> options_;
 };
 
-/// One option of a group. Choosing it unchooses the others; only another choice takes it back.
+/// One option of a group. Choosing it clears the others; only choosing another option clears it.
 class OptionButton : public Control {
  public:
   /// `group` must outlive the option.
@@ -35,7 +35,7 @@ class OptionButton : public Control {
   [[nodiscard]] const std::string& Caption() const { return caption_; }
   void SetCaption(std::string caption) {
     caption_ = std::move(caption);
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
   [[nodiscard]] bool Chosen() const { return chosen_; }
@@ -60,7 +60,7 @@ class OptionButton : public Control {
   void Set(bool chosen) {
     if (chosen_ == chosen) return;
     chosen_ = chosen;
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
   OptionGroup& group_;

@@ -5,11 +5,11 @@
 namespace koru {
 
 enum class MenuPlace {
-  Cursor,     ///< where the person has just clicked
+  Cursor,     ///< at the mouse cursor
   FormCentre  ///< in the middle of the form
 };
 
-/// A menu of a form that is not seen until it pops up; its entries are the form's menu items.
+/// A menu of a form, hidden until it pops up; its entries are the form's menu items.
 class PopupMenu : public Control {
  public:
   using Control::Control;

@@ -4,9 +4,9 @@
 
 namespace koru {
 
-/// How far a long operation has come: Value() of Max() steps. A Max() of 0 is an operation with nothing to
-/// do. An operation may tell every step: since nothing else runs meanwhile, a change is what lets windows be
-/// drawn, as often as the eye can follow.
+/// The progress of a long operation: Value() of Max() steps. A Max() of 0 is an operation with nothing to do.
+/// An operation may report every step: nothing else runs meanwhile, and windows are redrawn on a change, at a
+/// limited rate.
 class ProgressBar : public Control {
  public:
   using Control::Control;
@@ -15,11 +15,11 @@ class ProgressBar : public Control {
   [[nodiscard]] int Value() const { return value_; }
   void SetMax(int max) {
     max_ = max;
-    Changed.Raise();
+    StateChanged.Raise();
   }
   void SetValue(int value) {
     value_ = value;
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
  private:

@@ -8,8 +8,8 @@
 
 namespace koru {
 
-/// What the tree selector and the person selector have in common: one record, or none, is selected by its
-/// key. A window reads the records to choose from over the selector's own connection text.
+/// The common part of the tree selector and the person selector: at most one record is selected, by its key.
+/// A window reads the records to choose from over the selector's own connection text.
 class Selector : public Control {
  public:
   static constexpr std::int32_t kNothing = -1;
@@ -20,20 +20,20 @@ class Selector : public Control {
   void SetConnectionString(std::string connectionString) {
     if (connectionString_ == connectionString) return;
     connectionString_ = std::move(connectionString);
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
-  /// The key of the selected record; kNothing when none is.
+  /// The key of the selected record; kNothing if none is selected.
   [[nodiscard]] std::int32_t SelectedID() const { return selectedID_; }
   [[nodiscard]] bool NothingSelected() const { return selectedID_ == kNothing; }
   void Select(std::int32_t id) {
     if (selectedID_ == id) return;
     selectedID_ = id;
-    Changed.Raise();
+    StateChanged.Raise();
   }
   void ClearSelection() { Select(kNothing); }
 
-  /// The person selects a record, or none (kNothing); SelectionChanged is raised when that changes something.
+  /// The user selects a record, or none (kNothing); raises SelectionChanged if the selection changes.
   bool UserSelect(std::int32_t id) {
     if (!Reachable()) return false;
     RunEvent([&] {
@@ -45,6 +45,7 @@ class Selector : public Control {
     return true;
   }
 
+  /// The user has selected another record. A selection by the program raises StateChanged alone.
   Event<> SelectionChanged;
 
  private:
@@ -52,8 +53,8 @@ class Selector : public Control {
   std::int32_t selectedID_ = kNothing;
 };
 
-/// Selects a node of a tree that the suite keeps as a master table and a closure table (for every node one
-/// row per descendant): stores, goods groups, places, units.
+/// Selects a node of a tree that the suite stores as a master table and a closure table (one row for each
+/// pair of a node and a descendant): stores, goods groups, places, units.
 class TreeSelector : public Selector {
  public:
   using Selector::Selector;
@@ -63,12 +64,12 @@ class TreeSelector : public Selector {
   [[nodiscard]] const std::string& ParentTable() const { return parentTable_; }
   void SetCaption(std::string caption) {
     caption_ = std::move(caption);
-    Changed.Raise();
+    StateChanged.Raise();
   }
   void SetTables(std::string table, std::string parentTable) {
     table_ = std::move(table);
     parentTable_ = std::move(parentTable);
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
  private:

@@ -9,7 +9,7 @@
 
 namespace koru {
 
-/// A text box. Locked: the person reads and copies, and cannot type.
+/// A text box. While it is locked, the user can read and copy its text but not type.
 class TextBox : public Control {
  public:
   using Control::Control;
@@ -18,21 +18,21 @@ class TextBox : public Control {
   void SetText(std::string text) {
     if (text_ == text) return;
     text_ = std::move(text);
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
   [[nodiscard]] bool Locked() const { return locked_; }
   void SetLocked(bool locked) {
     if (locked_ == locked) return;
     locked_ = locked;
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
-  /// So many UTF-16 units of what a person types are taken; 0: all. What the program sets is not cut.
+  /// The maximum length of typed text, in UTF-16 units; 0: unlimited. Text that the program sets is not cut.
   [[nodiscard]] std::size_t MaxLength() const { return maxLength_; }
   void SetMaxLength(std::size_t units) { maxLength_ = units; }
 
-  /// A text that the program keeps with the box and nobody sees.
+  /// A text that the program stores with the box and never shows.
   [[nodiscard]] const std::string& Tag() const { return tag_; }
   void SetTag(std::string tag) { tag_ = std::move(tag); }
 
@@ -42,10 +42,10 @@ class TextBox : public Control {
   void Select(std::size_t start, std::size_t length) {
     selStart_ = start;
     selLength_ = length;
-    Changed.Raise();
+    SelectionChanged.Raise();
   }
 
-  /// The person makes `text` the content of the box; refused while it is locked or not reachable.
+  /// The user changes the content of the box to `text`; refused while the box is locked, disabled or hidden.
   bool UserType(std::string text) {
     if (!Reachable() || locked_) return false;
     if (maxLength_ != 0) text.resize(Utf16Prefix(text, maxLength_).size());
@@ -57,8 +57,10 @@ class TextBox : public Control {
     return true;
   }
 
-  /// The person has typed.
+  /// The user has typed.
   Event<> Change;
+  /// Select was called, possibly with the same range again: a user may have moved the cursor since.
+  Event<> SelectionChanged;
 
  private:
   std::string text_;

@@ -4,7 +4,7 @@
 
 namespace koru {
 
-/// A timer of a form: the window (or a scenario) calls Fire at every interval while the timer is enabled.
+/// A timer of a form: while it is enabled, the window (or a scenario) calls Fire at every interval.
 class Timer : public Control {
  public:
   using Control::Control;
@@ -12,7 +12,7 @@ class Timer : public Control {
   [[nodiscard]] int IntervalMs() const { return intervalMs_; }
   void SetIntervalMs(int interval) {
     intervalMs_ = interval;
-    Changed.Raise();
+    StateChanged.Raise();
   }
 
   void Fire() {

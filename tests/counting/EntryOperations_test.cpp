@@ -161,7 +161,7 @@ TEST_F(EntryOperations, A_period_without_end_is_shown_like_any_other) {
 TEST_F(EntryOperations, The_hourglass_shows_while_a_counting_is_opened_and_while_the_form_is_emptied) {
   View(10);
   std::vector<Cursor> seen;
-  Form().lblIDVal.Changed.Always([&] { seen.push_back(screen.CurrentCursor()); });
+  Form().lblIDVal.StateChanged.Always([&] { seen.push_back(screen.CurrentCursor()); });
   control.View(11);
   control.ClearShow();
   EXPECT_EQ(seen, (std::vector<Cursor>{Cursor::Hourglass, Cursor::Hourglass}));

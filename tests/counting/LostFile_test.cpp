@@ -58,7 +58,7 @@ TEST_F(LostFile, Once_it_is_back_the_same_save_is_done) {
 }
 
 TEST_F(LostFile, When_nothing_of_a_save_could_be_kept_the_counting_is_still_being_entered) {
-  const auto moving = Form().pgbStatus.Changed.Subscribe([this] {
+  const auto moving = Form().pgbStatus.StateChanged.Subscribe([this] {
     if (Form().pgbStatus.Value() == 2 && std::filesystem::exists(file_)) MoveAway();
   });
   ExpectIsToldAndKeepsWhatWasTyped(Form().cmdTmpSave);
@@ -75,7 +75,7 @@ TEST_F(LostFile, A_new_counting_that_was_not_stored_shows_no_key_and_is_stored_b
   const std::string title = Form().Caption();
   NewMessages();
   {
-    const auto moving = Form().pgbStatus.Changed.Subscribe([this] {
+    const auto moving = Form().pgbStatus.StateChanged.Subscribe([this] {
       if (Form().pgbStatus.Value() == 1 && std::filesystem::exists(file_)) MoveAway();
     });
     Form().Timer1.Fire();

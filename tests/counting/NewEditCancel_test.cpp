@@ -102,7 +102,7 @@ TEST_F(NewEditCancel, The_hourglass_shows_while_a_header_is_read_again) {
   ViewAndEdit(10);
   Form().txtGNO.UserType("B-1");
   std::vector<Cursor> seen;
-  Form().txtGNO.Changed.Always([&] { seen.push_back(screen.CurrentCursor()); });
+  Form().txtGNO.StateChanged.Always([&] { seen.push_back(screen.CurrentCursor()); });
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdCancel);
   EXPECT_EQ(Form().txtGNO.Text(), "A-10");

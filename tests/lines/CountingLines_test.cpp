@@ -108,9 +108,9 @@ TEST_F(CountingLinesTest, A_sum_keeps_no_more_digits_than_its_text) {
 TEST_F(CountingLinesTest, Each_sum_changes_once_before_the_eyes) {
   for (int i = 0; i < 50; ++i) AddAmounts("1", "2", "3");
   int changes = 0;
-  form.txtTotalBelowValue.Changed.Always([&] { ++changes; });
-  form.txtTotalAboveValue.Changed.Always([&] { ++changes; });
-  form.txtTotalValue.Changed.Always([&] { ++changes; });
+  form.txtTotalBelowValue.StateChanged.Always([&] { ++changes; });
+  form.txtTotalAboveValue.StateChanged.Always([&] { ++changes; });
+  form.txtTotalValue.StateChanged.Always([&] { ++changes; });
   form.lines.UpdateTotalQty();
   EXPECT_EQ(changes, 3);
   EXPECT_EQ(Sums(), (Texts{"50", "100", "150"}));

@@ -267,7 +267,7 @@ TEST_F(SystemQuantityTest, An_empty_grid_shows_the_progress_bar_of_nothing_and_h
   Texts seen;
   form.pgbStatus.SetMax(7);
   form.pgbStatus.SetVisible(false);
-  form.pgbStatus.Changed.Always([&] {
+  form.pgbStatus.StateChanged.Always([&] {
     seen.push_back((form.pgbStatus.Visible() ? "shown " : "hidden ") +
                    std::to_string(form.pgbStatus.Value()) + "/" + std::to_string(form.pgbStatus.Max()));
   });
@@ -281,7 +281,7 @@ TEST_F(SystemQuantityTest, The_progress_bar_and_the_hourglass_show_every_line) {
   for (const char* barcode : {"A", "B", "C"}) form.AddLine(barcode);
   form.pgbStatus.SetVisible(false);
   Texts seen;
-  form.pgbStatus.Changed.Always([&] {
+  form.pgbStatus.StateChanged.Always([&] {
     if (!form.pgbStatus.Visible() || screen.CurrentCursor() != Cursor::Hourglass) return;
     seen.push_back(std::to_string(form.pgbStatus.Value()) + "/" + std::to_string(form.pgbStatus.Max()));
   });

@@ -94,7 +94,7 @@ TEST_F(ExportingTheGrid, Header_and_lines_go_over_cell_by_cell_with_hidden_colum
 TEST_F(ExportingTheGrid, A_long_export_shows_how_far_it_is_and_the_hourglass) {
   form.flexDetail.SetRows(1001);
   std::vector<int> steps;
-  const Subscription watching = form.pgbStatus.Changed.Subscribe([&] {
+  const Subscription watching = form.pgbStatus.StateChanged.Subscribe([&] {
     if (!form.pgbStatus.Visible()) return;
     EXPECT_EQ(screen.CurrentCursor(), Cursor::Hourglass);
     steps.push_back(form.pgbStatus.Value());

@@ -236,7 +236,7 @@ TEST_F(TemporarySaving, A_good_save_says_nothing_and_leaves_pointer_and_progress
   FillHeader();
   for (int row = 1; row <= 250; ++row) AddLine({.barcode = std::to_string(row)});
   std::vector<int> steps;
-  const Subscription watching = form.pgbStatus.Changed.Subscribe([&] {
+  const Subscription watching = form.pgbStatus.StateChanged.Subscribe([&] {
     if (form.pgbStatus.Visible()) steps.push_back(form.pgbStatus.Value());
   });
   shared.DocMode = DocumentMode::New;

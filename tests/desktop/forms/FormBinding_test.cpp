@@ -304,7 +304,7 @@ TEST_F(FormBindingTest, A_timer_ticks_while_it_is_enabled_and_not_into_its_own_t
   EXPECT_FALSE(binding.findChild<QTimer*>("Timer1")->isActive());
 }
 
-TEST_F(FormBindingTest, A_failure_is_told_and_the_form_stays_usable) {
+TEST_F(FormBindingTest, A_failure_is_shown_and_the_form_stays_usable) {
   Button button(form, "cmdSave");
   button.Click.Always([] { throw std::runtime_error("disk full"); });
   std::string told;

@@ -227,7 +227,7 @@ TEST_F(InvCountingWindowTest, A_refused_figure_keeps_the_person_from_saving_with
   EXPECT_NE(Find<GridView>("flexDetail").findChild<QLineEdit*>("cellEditor"), nullptr);
 }
 
-TEST_F(InvCountingWindowTest, A_refused_figure_holds_the_mouse_back_too_and_is_told_of_once) {
+TEST_F(InvCountingWindowTest, A_refused_figure_blocks_the_mouse_too_and_is_reported_once) {
   TypeRefusedFigure();
   ASSERT_TRUE(Find<QPushButton>("cmdTmpSave").isEnabled());
   QTest::mouseClick(&Find<QPushButton>("cmdTmpSave"), Qt::LeftButton);

@@ -125,7 +125,7 @@ class WorkProgress : public testing::Test {
     int late = 0;
     int linesDrawn = 0;
     int besideDrawn = 0;
-    const Subscription watching = Counting().pgbStatus.Changed.Subscribe([&] {
+    const Subscription watching = Counting().pgbStatus.StateChanged.Subscribe([&] {
       if (!Counting().pgbStatus.Visible()) return;
       ++steps;
       late += bar.MsSinceLast() > 100 ? 1 : 0;

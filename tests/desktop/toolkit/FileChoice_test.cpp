@@ -115,7 +115,7 @@ TEST_F(ChoosingAFile, The_open_database_keeps_its_locks_while_its_folder_is_list
   }
 }
 
-TEST_F(ChoosingAFile, It_is_asked_from_right_to_left_and_begins_where_it_is_told) {
+TEST_F(ChoosingAFile, The_dialog_is_right_to_left_and_begins_in_the_given_place) {
   WhenFilesAreAsked([&](QFileDialog& dialog) {
     EXPECT_EQ(dialog.windowTitle(), QStringLiteral("عنوان"));
     EXPECT_EQ(dialog.layoutDirection(), Qt::RightToLeft);

@@ -50,7 +50,7 @@ TEST_F(Controls, Are_found_by_name_regardless_of_case) {
   EXPECT_EQ(form.Controls().front(), &form.txtName);
 }
 
-TEST_F(Controls, A_text_box_takes_no_more_than_its_length_from_a_person) {
+TEST_F(Controls, A_text_box_takes_no_more_than_its_length_from_the_user) {
   form.txtName.SetMaxLength(3);
   form.txtName.UserType("شمارش");
   EXPECT_EQ(form.txtName.Text(), "شما");
@@ -58,16 +58,16 @@ TEST_F(Controls, A_text_box_takes_no_more_than_its_length_from_a_person) {
   EXPECT_EQ(form.txtName.Text(), "as it was stored");
 }
 
-TEST_F(Controls, A_window_is_told_once_of_each_change_and_not_of_none) {
+TEST_F(Controls, A_change_is_reported_once_and_a_setter_that_changes_nothing_not_at_all) {
   int changes = 0;
-  const Subscription told = form.txtName.Changed.Subscribe([&] { ++changes; });
+  const Subscription watching = form.txtName.StateChanged.Subscribe([&] { ++changes; });
   form.txtName.SetText("a");
   form.txtName.SetText("a");
   form.txtName.SetEnabled(true);
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(Controls, The_program_changes_a_box_without_raising_the_persons_events) {
+TEST_F(Controls, The_program_changes_a_box_without_raising_the_events_of_the_user) {
   int typed = 0;
   form.txtName.Change.Always([&] { ++typed; });
   form.txtName.SetText("a");
@@ -78,7 +78,7 @@ TEST_F(Controls, The_program_changes_a_box_without_raising_the_persons_events) {
   EXPECT_EQ(form.Focus(), &form.txtName);
 }
 
-TEST_F(Controls, A_locked_or_disabled_control_does_not_obey_the_person) {
+TEST_F(Controls, A_locked_or_disabled_control_takes_no_user_input) {
   form.txtName.SetLocked(true);
   EXPECT_FALSE(form.txtName.UserType("x"));
   EXPECT_EQ(form.txtName.Text(), "");
@@ -98,7 +98,7 @@ TEST_F(Controls, A_locked_or_disabled_control_does_not_obey_the_person) {
   EXPECT_FALSE(form.cmbKind.UserChoose(0));
 }
 
-TEST_F(Controls, A_selector_and_a_date_box_report_only_real_changes_of_the_person) {
+TEST_F(Controls, A_selector_and_a_date_box_report_only_real_changes_by_the_user) {
   int changes = 0;
   form.gmpStore.SelectionChanged.Always([&] { ++changes; });
   form.gdpDay.ValueChanged.Always([&] { ++changes; });
@@ -132,7 +132,7 @@ TEST_F(Controls, A_list_forgets_its_choice_with_its_entries) {
   EXPECT_EQ(form.cmbKind.Chosen(), nullptr);
 }
 
-TEST_F(Controls, Focus_moves_only_to_what_can_take_it_and_tells_both_sides) {
+TEST_F(Controls, Focus_moves_only_to_what_can_take_it_and_both_controls_learn_of_it) {
   std::vector<std::string> heard;
   form.txtName.GotFocus.Always([&] { heard.emplace_back("got"); });
   form.txtName.LostFocus.Always([&] { heard.emplace_back("lost"); });
@@ -152,15 +152,15 @@ TEST_F(Controls, A_key_reaches_the_form_before_the_control) {
   EXPECT_EQ(heard, (std::vector<std::string>{"form 112", "box 2"}));
 }
 
-TEST_F(Controls, A_failing_event_is_told_to_the_person_and_leaves_the_form_usable) {
-  std::string told;
-  form.OnFailure = [&](const std::exception& failure) { told = failure.what(); };
+TEST_F(Controls, A_failing_event_is_shown_to_the_user_and_leaves_the_form_usable) {
+  std::string shown;
+  form.OnFailure = [&](const std::exception& failure) { shown = failure.what(); };
   form.cmdSave.Click.Always([&] {
     screen.SetCursor(Cursor::Hourglass);
     throw std::runtime_error("the disk is full");
   });
   EXPECT_TRUE(form.cmdSave.UserClick());
-  EXPECT_EQ(told, "the disk is full");
+  EXPECT_EQ(shown, "the disk is full");
   EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
   EXPECT_TRUE(form.txtName.UserType("still here"));
 }

@@ -29,9 +29,36 @@ class GridTest : public testing::Test {
     return names;
   }
 
+  static std::string Text(const GridChange& change) {
+    const std::string rows = " " + std::to_string(change.first) + "-" + std::to_string(change.last);
+    switch (change.kind) {
+      case GridChange::Kind::Columns:
+        return "columns";
+      case GridChange::Kind::RowsInserted:
+        return "inserts" + rows;
+      case GridChange::Kind::RowsRemoved:
+        return "removes" + rows;
+      case GridChange::Kind::RowTexts:
+        return "text" + rows;
+      case GridChange::Kind::AllTexts:
+        return "texts";
+    }
+    return {};
+  }
+
+  /// Collects the reports of row changes from now on.
+  void Watch() {
+    before = grid.RowsChanging.Subscribe(
+        [this](const GridChange& change) { reports.push_back("before " + Text(change)); });
+    after = grid.RowsChanged.Subscribe([this](const GridChange& change) { reports.push_back(Text(change)); });
+  }
+
+  std::vector<std::string> reports;
   QuietScreen screen;
   Form form{screen, "frmGrid"};
   Grid grid{form, "flexGrid"};
+  Subscription before;
+  Subscription after;
 };
 
 TEST_F(GridTest, A_new_grid_is_a_header_row_without_columns) {
@@ -60,7 +87,7 @@ TEST_F(GridTest, Cells_hold_what_is_put_into_them) {
 
 TEST_F(GridTest, A_whole_row_is_appended_at_once) {
   std::vector<GridChange::Kind> changes;
-  const Subscription told =
+  const Subscription watching =
       grid.RowsChanged.Subscribe([&](const GridChange& change) { changes.push_back(change.kind); });
   grid.SetBackColor(0x00F7F2F0);
   grid.AddRow(std::vector<std::string>{"4", "d", "12.5"});
@@ -90,7 +117,7 @@ TEST_F(GridTest, Rows_are_removed_and_cut) {
 
 TEST_F(GridTest, A_window_learns_which_rows_changed) {
   std::vector<GridChange> changes;
-  const Subscription told =
+  const Subscription watching =
       grid.RowsChanged.Subscribe([&](const GridChange& change) { changes.push_back(change); });
   grid.AddItem("4");
   grid.SetTextMatrix(4, 1, "d");
@@ -103,17 +130,85 @@ TEST_F(GridTest, A_window_learns_which_rows_changed) {
   EXPECT_EQ(changes[2].last, 1);
 }
 
-TEST_F(GridTest, Many_changes_are_told_as_one_while_redraw_is_off) {
-  std::vector<GridChange> changes;
-  const Subscription told =
-      grid.RowsChanged.Subscribe([&](const GridChange& change) { changes.push_back(change); });
+TEST_F(GridTest, A_window_learns_of_rows_before_and_after_they_change) {
+  std::vector<std::string> reports;
+  const Subscription before = grid.RowsChanging.Subscribe([&](const GridChange& change) {
+    reports.push_back(Text(change) + " of " + std::to_string(grid.Rows()));
+  });
+  const Subscription after = grid.RowsChanged.Subscribe([&](const GridChange& change) {
+    reports.push_back(Text(change) + ": " + std::to_string(grid.Rows()));
+  });
+  grid.SetRows(7);
+  grid.RemoveItem(2);
+  grid.SetRows(2);
+  grid.SetCols(2);
+  EXPECT_EQ(reports, (std::vector<std::string>{"inserts 4-6 of 4", "inserts 4-6: 7", "removes 2-2 of 7",
+                                               "removes 2-2: 6", "removes 2-5 of 6", "removes 2-5: 2",
+                                               "columns of 2", "columns: 2"}));
+}
+
+TEST_F(GridTest, New_rows_and_texts_are_reported_once_when_redraw_is_on_again) {
+  Watch();
   {
     const GridRedrawOff off(grid);
-    grid.SetRows(1);
     for (int i = 0; i < 100; ++i) grid.AddItem("x");
+    grid.SetTextMatrix(50, 1, "a new row");
+    EXPECT_EQ(reports, std::vector<std::string>{});
   }
-  ASSERT_EQ(changes.size(), 1U);
-  EXPECT_EQ(changes[0].kind, GridChange::Kind::Everything);
+  EXPECT_EQ(reports, (std::vector<std::string>{"before inserts 4-103", "inserts 4-103"}));
+  reports.clear();
+  {
+    const GridRedrawOff off(grid);
+    grid.SetTextMatrix(1, 1, "z");
+    grid.SetRowBackColor(2, 1);
+  }
+  EXPECT_EQ(reports, std::vector<std::string>{"texts"});
+  reports.clear();
+  { const GridRedrawOff off(grid); }
+  EXPECT_EQ(reports, std::vector<std::string>{}) << "nothing has changed";
+}
+
+TEST_F(GridTest, Removed_rows_are_reported_at_once_also_while_redraw_is_off) {
+  Watch();
+  const GridRedrawOff off(grid);
+  grid.AddItem("4");
+  grid.AddItem("5");
+  grid.RemoveItem(2);
+  EXPECT_EQ(reports, (std::vector<std::string>{"before removes 2-2", "removes 2-2"}));
+  reports.clear();
+  grid.RemoveItem(4);
+  EXPECT_EQ(reports, std::vector<std::string>{}) << "no window knows the last row";
+  grid.SetRows(2);
+  EXPECT_EQ(reports, (std::vector<std::string>{"before removes 2-2", "removes 2-2"}))
+      << "nor the one before it";
+}
+
+TEST_F(GridTest, A_listener_that_throws_keeps_no_other_from_learning_of_the_end_of_a_change) {
+  const Subscription failing =
+      grid.RowsChanging.Subscribe([](const GridChange&) { throw std::runtime_error("no window"); });
+  const Subscription failingToo =
+      grid.RowsChanged.Subscribe([](const GridChange&) { throw std::runtime_error("no window, too"); });
+  Watch();
+  try {
+    grid.RemoveItem(1);
+    ADD_FAILURE() << "the exception reaches who removes the row";
+  } catch (const std::runtime_error& failure) {
+    EXPECT_STREQ(failure.what(), "no window");
+  }
+  EXPECT_EQ(reports, (std::vector<std::string>{"before removes 1-1", "removes 1-1"}));
+  EXPECT_EQ(Names(), (std::vector<std::string>{"a", "b"}));
+}
+
+TEST_F(GridTest, The_current_cell_is_reported_when_it_moves_and_not_the_rows) {
+  Watch();
+  int moves = 0;
+  const Subscription current = grid.CurrentChanged.Subscribe([&] { ++moves; });
+  grid.SetCurrent(3, 1);
+  grid.SetCurrent(3, 1);
+  EXPECT_EQ(moves, 1);
+  EXPECT_EQ(reports, std::vector<std::string>{});
+  grid.RemoveItem(3);
+  EXPECT_EQ(moves, 2) << "the last row was the current one";
 }
 
 TEST_F(GridTest, Sorting_orders_rows_and_leaves_the_stripes) {
@@ -128,7 +223,7 @@ TEST_F(GridTest, Sorting_orders_rows_and_leaves_the_stripes) {
   EXPECT_EQ(grid.SortedCol(), -1);
 }
 
-TEST_F(GridTest, A_person_types_only_into_editable_cells) {
+TEST_F(GridTest, The_user_types_only_into_editable_cells) {
   EXPECT_TRUE(grid.UserEdit(1, 2, "5"));
   EXPECT_EQ(grid.TextMatrix(1, 2), "5");
   EXPECT_FALSE(grid.UserEdit(1, 1, "x"));
@@ -155,7 +250,7 @@ TEST_F(GridTest, A_refused_edit_changes_nothing_and_a_changed_one_is_stored_as_c
   EXPECT_EQ(grid.Col(), 2);
 }
 
-TEST_F(GridTest, A_person_deletes_the_current_row_when_nobody_objects) {
+TEST_F(GridTest, The_user_deletes_the_current_row_unless_a_listener_objects) {
   int gone = 0;
   grid.RowDeleted.Always([&] { ++gone; });
   EXPECT_FALSE(grid.UserDeleteRow()) << "the header is no row to delete";
@@ -169,7 +264,7 @@ TEST_F(GridTest, A_person_deletes_the_current_row_when_nobody_objects) {
   EXPECT_EQ(gone, 1);
 }
 
-TEST_F(GridTest, A_row_that_goes_as_it_is_left_does_not_mislead_the_person) {
+TEST_F(GridTest, A_row_that_is_removed_when_it_is_left_does_not_shift_the_target) {
   grid.UserMoveTo(1, 1);
   const Subscription removal = grid.RowChange.Subscribe([&] {
     if (grid.Row() == 1) grid.RemoveItem(1);
@@ -178,7 +273,7 @@ TEST_F(GridTest, A_row_that_goes_as_it_is_left_does_not_mislead_the_person) {
   EXPECT_EQ(grid.TextMatrix(grid.Row(), 1), "b") << "the cell that was aimed at";
 }
 
-TEST_F(GridTest, Clicks_tell_where_they_were) {
+TEST_F(GridTest, Clicks_report_their_cells) {
   std::vector<int> columns;
   grid.HeaderClick.Always([&](int col) { columns.push_back(col); });
   int opened = 0;

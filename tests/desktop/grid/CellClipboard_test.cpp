@@ -7,7 +7,9 @@
 namespace koru::test {
 namespace {
 
-TEST_F(GridViewTest, A_number_with_its_separators_is_that_number_typed_or_pasted) {
+class CellClipboardTest : public GridViewTest {};
+
+TEST_F(CellClipboardTest, A_number_with_its_separators_is_that_number_typed_or_pasted) {
   Start();
   Type("1,200");
   Press(Qt::Key_Return);
@@ -22,7 +24,7 @@ TEST_F(GridViewTest, A_number_with_its_separators_is_that_number_typed_or_pasted
   EXPECT_EQ(Cell(2, 2), "3400");
 }
 
-TEST_F(GridViewTest, Separators_that_are_typed_one_after_the_other_part_one_number) {
+TEST_F(CellClipboardTest, Separators_that_are_typed_one_after_the_other_part_one_number) {
   Start();
   Type("1,200,000.5");
   Press(Qt::Key_Return);
@@ -32,7 +34,7 @@ TEST_F(GridViewTest, Separators_that_are_typed_one_after_the_other_part_one_numb
   EXPECT_EQ(Cell(1, 3), "1200");
 }
 
-TEST_F(GridViewTest, A_comma_for_the_decimal_point_never_makes_another_number_of_it) {
+TEST_F(CellClipboardTest, A_comma_for_the_decimal_point_never_makes_another_number_of_it) {
   grid.ValidateEdit.Always([this] { grid.SetEditText(NumberText(Val(grid.EditText()))); });
   Start();
   Type("12,5");
@@ -45,7 +47,7 @@ TEST_F(GridViewTest, A_comma_for_the_decimal_point_never_makes_another_number_of
   EXPECT_EQ(Cell(2, 3), "0");
 }
 
-TEST_F(GridViewTest, A_block_is_pasted_downwards_and_onwards_into_the_cells_to_fill) {
+TEST_F(CellClipboardTest, A_block_is_pasted_downwards_and_onwards_into_the_cells_to_fill) {
   Start();
   QApplication::clipboard()->setText(QStringLiteral("12\t3,000\r\n۱۳\t400\t9\r\n14\t\r\n99\t99\r\n"));
   Press(Qt::Key_V, Qt::ControlModifier);
@@ -60,7 +62,7 @@ TEST_F(GridViewTest, A_block_is_pasted_downwards_and_onwards_into_the_cells_to_f
   EXPECT_EQ(Cell(2, 2), "5");
 }
 
-TEST_F(GridViewTest, Pasting_goes_past_a_column_that_is_not_shown) {
+TEST_F(CellClipboardTest, Pasting_goes_past_a_column_that_is_not_shown) {
   view->setColumnHidden(3, true);
   grid.SetEditMask("0111");
   Start();
@@ -70,7 +72,7 @@ TEST_F(GridViewTest, Pasting_goes_past_a_column_that_is_not_shown) {
   EXPECT_EQ(Cell(1, 2) + "|" + Cell(1, 3), "1|");
 }
 
-TEST_F(GridViewTest, Pasting_stops_at_the_text_that_is_refused) {
+TEST_F(CellClipboardTest, Pasting_stops_at_the_text_that_is_refused) {
   Start();
   QApplication::clipboard()->setText("1\n-2\n3");
   Press(Qt::Key_V, Qt::ControlModifier);
@@ -80,7 +82,7 @@ TEST_F(GridViewTest, Pasting_stops_at_the_text_that_is_refused) {
   EXPECT_EQ(Current(), std::pair(2, 2));
 }
 
-TEST_F(GridViewTest, Lines_pasted_into_a_cell_that_is_being_typed_fill_it_and_the_cells_below) {
+TEST_F(CellClipboardTest, Lines_pasted_into_a_cell_that_is_being_typed_fill_it_and_the_cells_below) {
   Start();
   Press(Qt::Key_F2);
   Type("8");
@@ -92,7 +94,7 @@ TEST_F(GridViewTest, Lines_pasted_into_a_cell_that_is_being_typed_fill_it_and_th
   EXPECT_TRUE(view->hasFocus());
 }
 
-TEST_F(GridViewTest, An_empty_line_that_goes_while_pasting_takes_no_other_line_s_figure) {
+TEST_F(CellClipboardTest, An_empty_line_that_is_removed_while_pasting_moves_no_figure_to_another_line) {
   Start();
   grid.RowChange.Always([this] {
     if (Cell(grid.Row(), 1) == "مهره") grid.RemoveItem(grid.Row());
@@ -105,7 +107,7 @@ TEST_F(GridViewTest, An_empty_line_that_goes_while_pasting_takes_no_other_line_s
   EXPECT_EQ(Cell(2, 2), "6");
 }
 
-TEST_F(GridViewTest, Pasting_nothing_leaves_the_cell_as_it_is) {
+TEST_F(CellClipboardTest, Pasting_nothing_leaves_the_cell_as_it_is) {
   Start();
   grid.SetTextMatrix(1, 2, "8");
   QApplication::clipboard()->clear();
@@ -113,7 +115,7 @@ TEST_F(GridViewTest, Pasting_nothing_leaves_the_cell_as_it_is) {
   EXPECT_EQ(Cell(1, 2), "8");
 }
 
-TEST_F(GridViewTest, What_is_only_viewed_takes_no_pasted_figures) {
+TEST_F(CellClipboardTest, What_is_only_viewed_takes_no_pasted_figures) {
   Start();
   grid.SetLocked(true);
   QApplication::clipboard()->setText("1\n2");
@@ -121,7 +123,7 @@ TEST_F(GridViewTest, What_is_only_viewed_takes_no_pasted_figures) {
   EXPECT_EQ(Cell(1, 2) + Cell(2, 2), "");
 }
 
-TEST_F(GridViewTest, A_cell_is_copied_and_without_one_the_clipboard_keeps_what_it_holds) {
+TEST_F(CellClipboardTest, A_cell_is_copied_and_without_one_the_clipboard_keeps_what_it_holds) {
   Start();
   grid.SetCurrent(2, 1);
   Press(Qt::Key_C, Qt::ControlModifier);

@@ -1,96 +1,10 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QToolTip>
-#include <QVBoxLayout>
 #include <functional>
-#include <string>
-#include <utility>
-#include <vector>
 
-#include "desktop/grid/GridView.h"
-#include "tests/desktop/WindowTools.h"
+#include "tests/desktop/grid/KeyTable.h"
+#include "tests/desktop/grid/ScanningGrid.h"
 
 namespace koru::test {
 namespace {
-
-/// Goods with a barcode (column 1), a name, two counts (3 and 4), a book stock that is not typed and a rate.
-/// A count below zero is refused. The keyboard begins in the barcodes, on the second line.
-class ScanningTest : public testing::Test {
- protected:
-  enum : int { Barcode = 1, Name, First, Second, Stock, Rate };
-
-  ScanningTest() {
-    grid.SetCols(7);
-    grid.SetFormatString("رديف|^باركد     |^نام     |^شمارش اول|^شمارش دوم|^دفتري|^نرخ   ");
-    grid.SetEditMask("0001101");
-    grid.ValidateEdit.Always([this] { grid.SetEditAccepted(!grid.EditText().starts_with("-")); });
-    for (const auto& [barcode, name] : std::vector<std::pair<const char*, const char*>>{{"62610", "برنج"},
-                                                                                        {"777", "پيچ"},
-                                                                                        {"6261", "روغن"},
-                                                                                        {"6262", "يخ"},
-                                                                                        {"11", "كتاب"},
-                                                                                        {"1112", "مهره"}}) {
-      grid.AddItem(std::to_string(grid.Rows()));
-      grid.SetTextMatrix(grid.Rows() - 1, Barcode, barcode);
-      grid.SetTextMatrix(grid.Rows() - 1, Name, name);
-    }
-    // The widgets belong to their window. NOLINTBEGIN(cppcoreguidelines-owning-memory)
-    view = new GridView(&window);
-    other = new QPushButton(&window);
-    auto* const layout = new QVBoxLayout(&window);
-    // NOLINTEND(cppcoreguidelines-owning-memory)
-    for (const int col : {First, Second, Rate}) {
-      ColumnStyle look;
-      look.number = true;
-      view->SetColumnStyle(col, look);
-    }
-    view->SetScanColumn(Barcode);
-    layout->addWidget(view);
-    layout->addWidget(other);
-    window.resize(700, 300);
-    binding.Bind(grid, *view);
-    binding.Bind(command, *other);
-    Open(window);
-    grid.SetCurrent(2, Barcode);
-    view->setFocus();
-    QApplication::processEvents();
-  }
-  void TearDown() override { QToolTip::hideText(); }
-
-  void Scan(const QString& text) {
-    Type(text);
-    Press(Qt::Key_Return);
-  }
-  void Pause() { QTest::qWait(QApplication::keyboardInputInterval() + 50); }
-  [[nodiscard]] std::string Cell(int row, int col) const { return std::string(grid.TextMatrix(row, col)); }
-  [[nodiscard]] std::pair<int, int> Current() const {
-    EXPECT_EQ(view->currentIndex(), view->model()->index(grid.Row() - 1, grid.Col()));
-    return {grid.Row(), grid.Col()};
-  }
-  [[nodiscard]] static bool Tells(const QString& text) {
-    return QToolTip::isVisible() && QToolTip::text().contains(text);
-  }
-  [[nodiscard]] static bool NothingIsTold() {
-    return QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000);
-  }
-  void Click(int row, int col) {
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
-                      view->visualRect(view->model()->index(row - 1, col)).center());
-    QApplication::processEvents();
-  }
-
-  NoScreen screen;
-  Form form{screen, "frm"};
-  Grid grid{form, "flexDetail"};
-  Button command{form, "cmd"};
-  QWidget window;
-  GridView* view = nullptr;
-  QPushButton* other = nullptr;
-  FormBinding binding{form};
-};
 
 TEST_F(ScanningTest, A_scanned_good_is_found_and_Enter_goes_to_its_count) {
   Type("6262");
@@ -101,28 +15,28 @@ TEST_F(ScanningTest, A_scanned_good_is_found_and_Enter_goes_to_its_count) {
 }
 
 TEST_F(ScanningTest,
-       A_scanned_barcode_that_no_line_has_moves_nothing_and_is_told_of_and_its_Enter_does_nothing) {
+       A_scanned_barcode_that_no_line_has_moves_nothing_and_shows_a_hint_and_its_Enter_does_nothing) {
   Type("6269");
   EXPECT_EQ(Current(), std::pair(2, +Barcode));
-  EXPECT_TRUE(Tells("6269")) << QToolTip::text().toStdString();
+  EXPECT_TRUE(HintShows("6269")) << QToolTip::text().toStdString();
   Press(Qt::Key_Return);
   EXPECT_EQ(Current(), std::pair(2, +Barcode));
-  EXPECT_TRUE(Tells("6269")) << "the scanner's Enter comes at once: nobody would have read it";
+  EXPECT_TRUE(HintShows("6269")) << "the scanner's Enter comes at once: nobody would have read it";
   Scan("6262");  // at once
   EXPECT_EQ(Current(), std::pair(4, +First));
-  EXPECT_TRUE(NothingIsTold());
+  EXPECT_TRUE(HintIsHidden());
 }
 
-TEST_F(ScanningTest, What_was_told_of_an_unknown_barcode_goes_when_the_person_goes_on) {
+TEST_F(ScanningTest, The_hint_about_an_unknown_barcode_is_hidden_when_the_user_moves_on) {
   Scan("6269");
   Press(Qt::Key_Down);
-  EXPECT_TRUE(NothingIsTold());
+  EXPECT_TRUE(HintIsHidden());
 }
 
-TEST_F(ScanningTest, A_scanned_barcode_that_goes_on_where_a_line_s_ends_is_none_of_that_line) {
+TEST_F(ScanningTest, A_scanned_barcode_that_is_longer_than_the_one_of_a_line_does_not_find_the_line) {
   Scan("77712345");
   EXPECT_EQ(Current(), std::pair(2, +Barcode));
-  EXPECT_TRUE(Tells("77712345"));
+  EXPECT_TRUE(HintShows("77712345"));
 }
 
 TEST_F(ScanningTest, An_unknown_barcode_is_no_count_either_however_late_its_Enter_comes) {
@@ -131,7 +45,7 @@ TEST_F(ScanningTest, An_unknown_barcode_is_no_count_either_however_late_its_Ente
   Press(Qt::Key_Return);
   EXPECT_EQ(Current(), std::pair(2, +Barcode));
   Press(Qt::Key_Return);
-  EXPECT_EQ(Current(), std::pair(2, +First)) << "this Enter was the person's";
+  EXPECT_EQ(Current(), std::pair(2, +First)) << "this Enter is not the scanner's";
 }
 
 TEST_F(ScanningTest, A_scanner_that_ends_with_Tab_leaves_an_unknown_barcode_s_line_alone_too) {
@@ -141,7 +55,7 @@ TEST_F(ScanningTest, A_scanner_that_ends_with_Tab_leaves_an_unknown_barcode_s_li
   EXPECT_TRUE(view->hasFocus());
 }
 
-TEST_F(ScanningTest, After_a_pause_a_key_begins_a_new_search_behind_the_line) {
+TEST_F(ScanningTest, After_a_pause_a_key_begins_a_new_search_after_the_current_line) {
   Type("62");
   EXPECT_EQ(Current(), std::pair(3, +Barcode));
   Pause();
@@ -149,11 +63,11 @@ TEST_F(ScanningTest, After_a_pause_a_key_begins_a_new_search_behind_the_line) {
   EXPECT_EQ(Current(), std::pair(4, +Barcode));
   Pause();
   Type("62");
-  EXPECT_EQ(Current(), std::pair(1, +Barcode)) << "and from the top when the end is reached";
+  EXPECT_EQ(Current(), std::pair(1, +Barcode)) << "the search continues at the top";
   Pause();
   Type("8");
   EXPECT_EQ(Current(), std::pair(1, +Barcode));
-  EXPECT_TRUE(Tells("8"));
+  EXPECT_TRUE(HintShows("8"));
 }
 
 TEST_F(ScanningTest, Moving_away_begins_a_new_search) {
@@ -196,7 +110,7 @@ TEST_F(ScanningTest, Other_columns_are_searched_as_well_and_their_Enter_begins_n
   grid.SetCurrent(2, Name);
   Scan(QStringLiteral("روز"));
   EXPECT_EQ(Current(), std::pair(2, +Name));
-  EXPECT_TRUE(Tells(QStringLiteral("روز")));
+  EXPECT_TRUE(HintShows(QStringLiteral("روز")));
 }
 
 TEST_F(ScanningTest, Escape_and_blanks_search_for_nothing) {
@@ -343,7 +257,7 @@ TEST_F(ScanningTest, What_is_only_viewed_is_found_and_Enter_stays) {
   EXPECT_EQ(Current(), std::pair(4, +Barcode));
 }
 
-TEST_F(ScanningTest, An_empty_line_that_goes_while_scanning_takes_nothing_of_the_barcode) {
+TEST_F(ScanningTest, An_empty_line_that_is_removed_while_scanning_loses_nothing_of_the_barcode) {
   grid.SetTextMatrix(2, Barcode, "");
   grid.RowChange.Always([this] {
     if (Cell(grid.Row(), Barcode).empty()) grid.RemoveItem(grid.Row());
@@ -352,6 +266,56 @@ TEST_F(ScanningTest, An_empty_line_that_goes_while_scanning_takes_nothing_of_the
   EXPECT_EQ(grid.Rows(), 6);
   EXPECT_EQ(Cell(Current().first, Barcode), "6262");
   EXPECT_EQ(Current(), std::pair(3, +First));
+}
+
+TEST(ScanModeKeys, Every_key_in_every_state_of_a_scan_has_its_effect) {
+  const std::vector<TableState> states = {{"Idle", [](ScanningGrid&) {}},
+                                          {"Found", [](ScanningGrid&) { Type("6262"); }},
+                                          {"NotFound", [](ScanningGrid&) { Type("6269"); }},
+                                          {"Dismissed", [](ScanningGrid& grid) { grid.Scan("6269"); }},
+                                          {"Figure", [](ScanningGrid& grid) { grid.Scan("6262"); }}};
+  ExpectKeys(
+      states,
+      {
+          {"Return", {"Idle 2,3", "Figure 4,3", "Dismissed 2,1", "Idle 2,3", "Idle 4,1"}},
+          {"Enter", {"Idle 2,3", "Figure 4,3", "Dismissed 2,1", "Idle 2,3", "Idle 4,1"}},
+          {"Tab", {"Idle 2,3", "Idle 4,3", "Dismissed 2,1", "Idle 2,3", "Idle 4,4"}},
+          {"Backtab", {"Idle 1,6", "Idle 3,6", "Dismissed 2,1", "Idle 1,6", "Idle 3,6"}},
+          {"Escape", {"Idle 2,1", "Found 4,1", "NotFound 2,1", "Dismissed 2,1", "Figure 4,3"}},
+          {"Left", {"Idle 2,2", "Idle 4,2", "Idle 2,2", "Idle 2,2", "Figure 4,4"}},
+          {"Right", {"Idle 2,0", "Idle 4,0", "Idle 2,0", "Idle 2,0", "Idle 4,2"}},
+          {"Up", {"Idle 1,1", "Idle 3,1", "Idle 1,1", "Idle 1,1", "Idle 3,3"}},
+          {"Down", {"Idle 3,1", "Idle 5,1", "Idle 3,1", "Idle 3,1", "Idle 5,3"}},
+          {"Home", {"Idle 2,0", "Idle 4,0", "Idle 2,0", "Idle 2,0", "Idle 4,0"}},
+          {"End", {"Idle 2,6", "Idle 4,6", "Idle 2,6", "Idle 2,6", "Idle 4,6"}},
+          {"Ctrl+Home", {"Idle 1,0", "Idle 1,0", "Idle 1,0", "Idle 1,0", "Idle 1,0"}},
+          {"Ctrl+End", {"Idle 6,6", "Idle 6,6", "Idle 6,6", "Idle 6,6", "Idle 6,6"}},
+          {"PageUp", {"Idle 1,1", "Idle 1,1", "Idle 1,1", "Idle 1,1", "Idle 1,3"}},
+          {"PageDown", {"Idle 6,1", "Idle 6,1", "Idle 6,1", "Idle 6,1", "Idle 6,3"}},
+          {"Delete",
+           {"Idle 2,1 deletes", "Idle 4,1 deletes", "Idle 2,1 deletes", "Idle 2,1 deletes", "Figure 4,3"}},
+          {"Ctrl+Delete",
+           {"Idle 2,1 deletes", "Idle 4,1 deletes", "Idle 2,1 deletes", "Idle 2,1 deletes",
+            "Idle 4,3 deletes"}},
+          {"Backspace", {"Idle 2,1", "Found 4,1", "NotFound 2,1", "Dismissed 2,1", "Figure 4,3"}},
+          {"Insert", {"Idle 2,1", "Found 4,1", "NotFound 2,1", "Dismissed 2,1", "Figure 4,3"}},
+          {"F2", {"Idle 2,1", "Found 4,1", "NotFound 2,1", "Dismissed 2,1", "Figure Opened 4,3 ''@0"}},
+          {"F5", {"Idle 2,1", "Found 4,1", "NotFound 2,1", "Dismissed 2,1", "Figure 4,3"}},
+          {"x", {"NotFound 2,1", "NotFound 2,1", "NotFound 2,1", "NotFound 2,1", "Figure Typed 4,3 'x'@1"}},
+          {"6", {"Found 3,1", "NotFound 2,1", "NotFound 2,1", "Found 3,1", "Figure Typed 4,3 '6'@1"}},
+          {"Space", {"Idle 2,1", "Found 4,1", "NotFound 2,1", "Idle 2,1", "Figure Typed 4,3 ' '@1"}},
+          {"Ctrl+A", {"Idle 2,1", "Found 4,1", "NotFound 2,1", "Dismissed 2,1", "Figure 4,3"}},
+          {"Ctrl+C",
+           {"Idle 2,1 copies 777", "Found 4,1 copies 6262", "NotFound 2,1 copies 777",
+            "Dismissed 2,1 copies 777", "Figure 4,3 copies "}},
+          {"Ctrl+V", {"Idle 2,1", "Found 4,1", "NotFound 2,1", "Dismissed 2,1", "Figure 4,3 (4,3)=3"}},
+          {"Ctrl+V lines",
+           {"Idle 2,1", "Found 4,1", "NotFound 2,1", "Dismissed 2,1", "Idle 5,3 (4,3)=3 (5,3)=4"}},
+          {"Ctrl+Tab",
+           {"Idle 2,1 leaves", "Idle 4,1 leaves", "Idle 2,1 leaves", "Idle 2,1 leaves", "Idle 4,3 leaves"}},
+          {"Ctrl+Shift+Tab",
+           {"Idle 2,1 leaves", "Idle 4,1 leaves", "Idle 2,1 leaves", "Idle 2,1 leaves", "Idle 4,3 leaves"}},
+      });
 }
 
 }  // namespace

@@ -1,0 +1,81 @@
+#include "desktop/grid/ColumnFitting.h"
+
+#include <QTimer>
+#include <algorithm>
+
+#include "desktop/grid/GridView.h"
+
+namespace koru {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+constexpr int kCellPadding = 12;
+constexpr int kSampleRows = 50;
+constexpr int kMaxTextWidth = 190;  ///< a longer text is cut off before it pushes other columns out of sight
+constexpr int kMaxStretchTextWidth =
+    140;  ///< the column that takes the remaining width is the first to give some up
+
+}  // namespace
+
+void ColumnFitting::FitLater() {
+  if (requested_ || widths_ == Widths::SetByUser) return;
+  requested_ = true;
+  QTimer::singleShot(0, this, &ColumnFitting::FitNow);
+}
+
+void ColumnFitting::FitLaterUnlessFits(int row) {
+  if (!requested_ && widths_ != Widths::SetByUser && !Fits(row)) FitLater();
+}
+
+void ColumnFitting::ColumnResized() {
+  if (widths_ != Widths::BeingFitted) widths_ = Widths::SetByUser;
+}
+
+void ColumnFitting::FitNow() {
+  requested_ = false;
+  if (view_.Rows().Source() == nullptr || widths_ == Widths::SetByUser) return;
+  std::vector<ColumnSizeHint> hints;
+  for (int col = 0; col < view_.Rows().columnCount(); ++col) hints.push_back(SizeHintOf(col));
+  const std::vector<int> widths = FitColumns(hints, view_.viewport()->width(), stretch_);
+  widths_ = Widths::BeingFitted;
+  for (int col = 0; col < view_.Rows().columnCount(); ++col) {
+    const int width = widths[static_cast<std::size_t>(col)];
+    view_.setColumnHidden(col, width == 0);
+    if (width > 0 && view_.columnWidth(col) != width) view_.setColumnWidth(col, width);
+  }
+  widths_ = Widths::Fitted;
+}
+
+bool ColumnFitting::Fits(int row) const {
+  for (int col = 0; col < view_.Rows().columnCount(); ++col) {
+    if (!view_.isColumnHidden(col) && TextWidth(row, col) + kCellPadding > view_.columnWidth(col))
+      return false;
+  }
+  return true;
+}
+
+/// The width of a cell's text in pixels, as far as a column grows for it.
+int ColumnFitting::TextWidth(int row, int col) const {
+  const QString text = view_.Rows().index(row, col).data().toString();
+  if (text.isEmpty()) return 0;
+  const int sign = view_.Rows().StyleOf(col).sign == ColumnStyle::Sign::None ? 0 : kCellPadding;
+  return std::min(QFontMetrics(view_.font()).horizontalAdvance(text) + sign,
+                  col == stretch_ ? kMaxStretchTextWidth : kMaxTextWidth);
+}
+
+ColumnSizeHint ColumnFitting::SizeHintOf(int col) const {
+  const GridModel& rows = view_.Rows();
+  const Grid& grid = *rows.Source();
+  const int natural = grid.ColWidth(col) / kTwipsPerPixel;
+  if (natural == 0 || rows.StyleOf(col).hidden) return {};
+  QFont headerFont = view_.font();
+  headerFont.setBold(grid.IsEditable(col));
+  const QString title = rows.headerData(col, Qt::Horizontal, Qt::DisplayRole).toString();
+  int needed = TwoLineWidth(title, QFontMetrics(headerFont));
+  const int first = std::max(0, view_.rowAt(0));
+  const int end = std::min(first + kSampleRows, rows.rowCount());
+  for (int row = first; row < end; ++row) needed = std::max(needed, TextWidth(row, col));
+  return {needed + kCellPadding, std::max(natural, needed + kCellPadding)};
+}
+
+}  // namespace koru

@@ -1,0 +1,48 @@
+#include "desktop/grid/GridCells.h"
+
+#include <QKeyEvent>
+#include <QTableView>
+
+#include "platform/controls/Grid.h"
+
+namespace koru {
+
+bool HasCellsToFill(const Grid* grid) {
+  if (grid == nullptr) return false;
+  for (int col = 0; col < grid->Cols(); ++col) {
+    if (grid->IsEditable(col)) return true;
+  }
+  return false;
+}
+
+QModelIndex NextCellToFill(const QTableView& view, const QModelIndex& from, bool forward) {
+  const QAbstractItemModel& model = *view.model();
+  const int columns = model.columnCount();
+  const int cells = model.rowCount() * columns;
+  const int step = forward ? 1 : -1;
+  for (int at = from.row() * columns + from.column() + step; at >= 0 && at < cells; at += step) {
+    const QModelIndex index = model.index(at / columns, at % columns);
+    if (!view.isColumnHidden(index.column()) && index.flags().testFlag(Qt::ItemIsEditable)) return index;
+    if (index.row() > from.row() + 1) break;  // a whole row without an editable cell: no row has one
+  }
+  return {};
+}
+
+bool GoToCellToFill(QTableView& view, bool forward) {
+  const QModelIndex next = NextCellToFill(view, view.currentIndex(), forward);
+  if (!next.isValid()) return false;
+  GoToCell(view, next);
+  return true;
+}
+
+void GoToCell(QTableView& view, const QModelIndex& cell) {
+  view.setCurrentIndex(cell);
+  view.scrollTo(view.currentIndex());  // the move may have removed rows
+}
+
+bool LeavesGrid(const QKeyEvent& key) {
+  const bool tab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+  return tab && key.modifiers().testFlag(Qt::ControlModifier);
+}
+
+}  // namespace koru

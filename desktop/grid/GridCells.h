@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QModelIndex>
+
+class QKeyEvent;
+class QTableView;
+
+namespace koru {
+
+class Grid;
+
+// Moving among the cells of a grid that can be edited. A view here is a view of a GridModel.
+
+/// Whether any column can be edited; false without a grid.
+[[nodiscard]] bool HasCellsToFill(const Grid* grid);
+
+/// The next editable cell after `from` in reading order, or the previous one; an invalid index if there is
+/// none.
+[[nodiscard]] QModelIndex NextCellToFill(const QTableView& view, const QModelIndex& from, bool forward);
+
+/// Makes the next or previous editable cell the current one. Returns false if there is none.
+bool GoToCellToFill(QTableView& view, bool forward);
+
+/// Makes `cell` the current one and scrolls to it.
+void GoToCell(QTableView& view, const QModelIndex& cell);
+
+/// Whether the key moves the focus out of the grid: Ctrl+Tab or Ctrl+Shift+Tab.
+[[nodiscard]] bool LeavesGrid(const QKeyEvent& key);
+
+}  // namespace koru

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "desktop/grid/GridSearch.h"
+
+class QKeyEvent;
+class QTableView;
+
+namespace koru {
+
+/// Searching a GridView by typing, and entering figures for scanned rows.
+///
+/// In a read-only column, typing searches: the current cell moves to the first row whose text matches
+/// (GridSearch). If none matches, the cell stays and a hint is shown; the next Enter or Tab dismisses the
+/// search, because scanners end a text with one of them. In the scan column, Enter on a matching row moves on
+/// to the row's figure, and Enter on the figure moves back to the scan column, ready for the next scan. Any
+/// other move ends the search.
+class ScanMode {
+ public:
+  enum class State {
+    Idle,       ///< no search
+    Searching,  ///< within TypeKeys: the search moves the current cell
+    Found,      ///< the current row matches the typed text
+    NotFound,   ///< no row matches; a hint is shown
+    Dismissed,  ///< an Enter or Tab has ended a failed search; its hint is still shown
+    Figure      ///< the current cell is a figure of a scanned row
+  };
+
+  explicit ScanMode(QTableView& view) : view_(view) {}
+
+  /// The column whose texts are scanned; -1: none.
+  void SetScanColumn(int col) { scanColumn_ = col; }
+  [[nodiscard]] State CurrentState() const { return state_; }
+
+  /// Adds typed characters to the search and moves to the row found. Characters that cannot be printed end
+  /// it.
+  void TypeKeys(const QString& keys);
+  /// Handles an Enter outside of a cell editor. Returns false if the key has no meaning here.
+  bool EnterPressed();
+  /// Handles a Tab outside of a cell editor. Returns false if the key has no meaning here.
+  bool TabPressed();
+  /// Enter in a cell editor has stored a figure. Moves back to the scan column if it is the figure of a
+  /// scanned row, and keeps its column for the next scans; otherwise returns false.
+  bool FigureStored();
+  /// Runs the default action of a key, which moves the current cell. Moving sideways to another figure of a
+  /// scanned row keeps the state.
+  void MoveBy(const QKeyEvent& key, const std::function<void()>& defaultAction);
+
+  /// The current cell has moved, or the rows have changed: ends the search unless it made the move itself.
+  void CellMoved();
+  /// Ends the search and hides the hint.
+  void Leave();
+
+ private:
+  bool GoToFigure();
+  void ShowHint();
+  [[nodiscard]] bool IsHintShown() const { return state_ == State::NotFound || state_ == State::Dismissed; }
+
+  QTableView& view_;
+  GridSearch search_;
+  State state_ = State::Idle;
+  int scanColumn_ = -1;
+  int figureColumn_ = -1;  ///< the column of the last figure that was entered for a scanned row; -1: none yet
+};
+
+}  // namespace koru
