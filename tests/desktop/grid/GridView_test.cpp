@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QPushButton>
 
 #include "desktop/toolkit/QtText.h"
@@ -161,6 +162,30 @@ TEST_F(GridViewTest, Shortage_and_surplus_carry_signs_of_different_shape_and_col
   grid.SetTextMatrix(1, 3, "5");
   EXPECT_GT(PixelsOf(*view->viewport(), red), 10);
   EXPECT_EQ(Cell(1, 3), "5");
+}
+
+/// Collects what is painted of a widget.
+class PaintedRegion : public QObject {
+ public:
+  explicit PaintedRegion(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) region_ += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+  [[nodiscard]] QRect Bounds() const { return region_.boundingRect(); }
+
+ private:
+  QRegion region_;
+};
+
+TEST_F(GridViewTest, An_arrow_key_redraws_the_two_rows_that_it_moves_between_and_no_other) {
+  grid.SetRows(100);
+  Start();
+  QApplication::processEvents();
+  const PaintedRegion painted(*view->viewport());
+  Press(Qt::Key_Down);
+  QApplication::processEvents();
+  EXPECT_EQ(painted.Bounds(), QRect(0, 0, view->viewport()->width(), 2 * view->rowHeight(0)));
 }
 
 TEST_F(GridViewTest, A_full_counting_is_shown_and_walked_through_without_a_wait) {
