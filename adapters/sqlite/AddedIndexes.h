@@ -15,8 +15,8 @@ inline constexpr std::string_view kAddedIndexes =
     " (Barcode, DispatchID, Value);\n";
 
 /// Creates the indexes of `kAddedIndexes` that a file of an earlier version does not have, in one
-/// transaction. Takes about a second for each million of lines, once for the file, and microseconds when the
-/// file has them.
+/// transaction. Takes about three seconds per million lines, once per file, and microseconds if the file has
+/// them.
 ///
 /// Never fails and never waits: while another program writes, on a full disk, and where the tables are
 /// missing, the file stays as it is, and statements run without the indexes. Must not be called inside a

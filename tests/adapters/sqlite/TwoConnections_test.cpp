@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
+#include "adapters/sqlite/CreateDatabaseFile.h"
 #include "adapters/sqlite/SqliteConnector.h"
-
+#include "database/Schema.h"
 #include "tests/support/TestFile.h"
 
 namespace koru {
@@ -49,6 +51,22 @@ TEST_F(TwoConnections, A_kept_statement_notices_that_a_table_has_changed) {
   writer_->Open(SqlText("insert into tblUser (FullName,Nick) values ('a','b')"));
   const Recordset users = reader_->Open(SqlText("select * from tblUser"));
   EXPECT_EQ(users.Field("Nick").Text(), "b");
+}
+
+TEST_F(TwoConnections, The_last_one_to_close_leaves_all_in_one_file) {
+  test::TemporaryFolder folder;
+  const std::string file = folder.File("a.koru");
+  const std::string log = file + "-wal";
+  CreateDatabaseFile(file, EmbeddedSchema());
+  auto first = connector_.Connect(EmbeddedConnectionText(file));
+  auto second = connector_.Connect(EmbeddedConnectionText(file));
+  first->Open(SqlText("insert into tblUser (FullName) values ('x')"));
+  EXPECT_EQ(Users(*second), 1U);
+  first.reset();
+  EXPECT_TRUE(std::filesystem::exists(log));
+  second.reset();
+  EXPECT_FALSE(std::filesystem::exists(log)) << "a copy of the file is whole";
+  EXPECT_EQ(Users(*connector_.Connect(EmbeddedConnectionText(file))), 1U);
 }
 
 }  // namespace
