@@ -25,6 +25,9 @@ constexpr std::size_t kMaxRecordsToCache = 5'000;
 constexpr const char* kBegin = "BEGIN IMMEDIATE";
 constexpr const char* kCommit = "COMMIT";
 
+/// For statements and the end of a batch whose transaction SQLite has rolled back.
+constexpr const char* kNotStored = "تغييرات اين فرمان ثبت نشد.";
+
 }  // namespace
 
 class SqliteDatabase::SnapshotScope : public ReadSnapshot {
@@ -54,6 +57,9 @@ SqliteDatabase::SqliteDatabase(SqliteConnection connection)
 
 Recordset SqliteDatabase::Open(const SqlText& statement) {
   const NormalizedStatement normalized = Normalize(statement.Text());
+  // Without its transaction, a later statement of the batch would be stored by itself.
+  if (batchLevels_ > 0 && !connection_.InTransaction())
+    throw DatabaseError(kNotStored, SQLITE_ABORT, statement.Text());
   try {
     Recordset records = Run(normalized);
     if (records.RecordCount() > kMaxRecordsToCache && batchLevels_ == 0 && !snapshot_.IsOpen())
@@ -102,7 +108,7 @@ std::unique_ptr<ReadSnapshot> SqliteDatabase::BeginReadSnapshot() {
 void SqliteDatabase::EndBatchLevel() {
   if (--batchLevels_ > 0) return;
   if (!connection_.InTransaction()) {
-    throw DatabaseError("تغييرات اين فرمان ثبت نشد.", SQLITE_ABORT, kCommit);
+    throw DatabaseError(kNotStored, SQLITE_ABORT, kCommit);
   }
   try {
     RequireFiles(kCommit);

@@ -101,6 +101,28 @@ TEST_F(InAWriteBatch, A_transaction_that_the_database_gave_up_is_reported_at_the
   EXPECT_EQ(Users(), "4");
 }
 
+TEST_F(InAWriteBatch, After_the_database_gave_up_the_transaction_no_later_statement_is_stored) {
+  database_.Execute(
+      "create trigger GiveUp before insert on tblUser when new.ID = 3 begin select raise(rollback, 'disk "
+      "trouble'); end");
+  connection_ = connector_.Connect(database_.ConnectionText());
+  const auto batch = connection_->BeginWriteBatch();
+  connection_->Open(InsertUser(1));
+  EXPECT_THROW(connection_->Open(InsertUser(3)), DatabaseError);
+  try {
+    connection_->Open(InsertUser(4));
+    ADD_FAILURE() << "a statement of a lost batch must not be stored by itself";
+  } catch (const DatabaseError& error) {
+    EXPECT_NE(error.ServerText().find("ثبت نشد"), std::string::npos) << error.ServerText();
+    EXPECT_EQ(error.Statement(), InsertUser(4).Text());
+  }
+  EXPECT_THROW(connection_->Open(SqlText("select ID from tblUser")), DatabaseError);
+  EXPECT_THROW(batch->Finish(), DatabaseError);
+  EXPECT_EQ(Users(), "NULL");
+  connection_->Open(InsertUser(5));
+  EXPECT_EQ(Users(), "5");
+}
+
 TEST_F(InAWriteBatch, The_statement_that_fails_on_the_way_keeps_the_earlier_ones) {
   for (int failing = 1; failing <= 4; ++failing) {
     database_.Execute("delete from tblUser");
