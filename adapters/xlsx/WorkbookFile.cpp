@@ -17,12 +17,21 @@ constexpr std::size_t kMinWidth = 6;  ///< in characters
 constexpr std::size_t kMaxWidth = 60;
 constexpr lxw_color_t kHeaderColor = 0xDCE3ED;
 
-/// Replaces characters that a workbook cannot contain with U+FFFD.
+/// Whether the text at `at` is what workbooks write for a character by its number: _xHHHH_.
+bool IsEscape(std::string_view text, std::size_t at) {
+  constexpr std::size_t kSize = 7;
+  if (text.size() - at < kSize || text.substr(at, 2) != "_x" || text[at + kSize - 1] != '_') return false;
+  return text.substr(at + 2, 4).find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
+}
+
+/// Replaces characters that a workbook cannot contain with U+FFFD. A typed _x0041_ would be read as the letter
+/// A, so its first underscore is written by its number.
 std::string CleanText(std::string_view text) {
   constexpr char32_t kReplacement = 0xFFFD;
   std::string clean;
   clean.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
+    if (IsEscape(text, at)) clean += "_x005F";
     const char32_t character = NextCharacter(text, at);
     const bool writable = character != 0 && character != 0xFFFE && character != 0xFFFF;
     AppendCharacter(clean, writable ? character : kReplacement);
