@@ -1,0 +1,126 @@
+#include "tests/campaigns/Station.h"
+
+#include "lines/LineColumns.h"
+#include "platform/sql/DatabaseError.h"
+#include "platform/text/Errors.h"
+
+namespace koru::test {
+namespace {
+
+constexpr const char* kSure[] = {"آيا مطمئن هستيد؟", "آيا از بازگشت به حالت موقت شمارش اطمينان داريد؟"};
+
+}  // namespace
+
+std::unique_ptr<Spreadsheet> Station::NoSpreadsheets::NewWorkbook() { throw InputError("none"); }
+
+Station::Station(const std::string& file) {
+  messages_.RegisterIn(components_);
+  messages_.OnShow = [this](const FakeMessages::Message& message) {
+    if (message.text == kSure[0] || message.text == kSure[1]) {
+      messages_.WillAnswer(FakeMessages::Answer::Yes);
+    } else if (message.type == 1) {
+      asked_ = true;
+    } else {
+      ++failures_;
+    }
+  };
+  control_.SetOLEConnectionString(EmbeddedConnectionText(file));
+  control_.SetUserID(7);
+}
+
+bool Station::Open(int id) {
+  messages_.Forget();
+  failures_ = 0;
+  asked_ = false;
+  try {
+    if (id == 0) {
+      control_.ClearShow();
+    } else if (!control_.View(id)) {
+      return false;
+    }
+    if (control_.CountingForm() == nullptr) return false;
+    Form().Timer1.Fire();
+    return failures_ == 0;
+  } catch (const DatabaseError&) {
+    return false;
+  }
+}
+
+bool Station::Click(Button& button) {
+  Form().Timer1.Fire();
+  return button.UserClick() && failures_ == 0;
+}
+
+bool Station::Enter(bool isNew, int mark) {
+  const DocumentMode mode = control_.Shared().DocMode;
+  if (mode != DocumentMode::Editing && mode != DocumentMode::New) {
+    if (!Click(isNew ? Form().cmdNew : Form().cmdEdit)) return false;
+  }
+  Grid& grid = Form().flexDetail;
+  if (grid.Rows() == 1) {
+    for (int good = 1; good <= 4; ++good) {
+      grid.AddItem(std::to_string(good));
+      grid.SetTextMatrix(good, LineColumn::Barcode, "G" + std::to_string(good));
+      grid.SetTextMatrix(good, LineColumn::GoodName, "good");
+      grid.SetTextMatrix(good, LineColumn::ScaleID, "1");
+      grid.SetTextMatrix(good, LineColumn::SystemCounting, "10");
+    }
+  }
+  for (int row = 1; row < grid.Rows(); ++row) {
+    if (!grid.UserEdit(row, LineColumn::AcceptedCounting, std::to_string(mark + row))) return false;
+  }
+  entered_ = true;
+  return true;
+}
+
+Outcome Station::Shown(bool done) {
+  Outcome outcome;
+  outcome.done = done;
+  outcome.asked = asked_;
+  outcome.entered = entered_;
+  outcome.messages = messages_.Texts();
+  if (control_.CountingForm() == nullptr) return outcome;
+  outcome.entering =
+      control_.Shared().DocMode == DocumentMode::Editing || control_.Shared().DocMode == DocumentMode::New;
+  const std::string id = Form().lblIDVal.Caption();
+  outcome.id = id.empty() ? 0 : std::stoi(id);
+  outcome.code = Form().txtCode.Text();
+  for (int row = 1; row < Form().flexDetail.Rows(); ++row) {
+    outcome.lines += std::string(Form().flexDetail.TextMatrix(row, LineColumn::Barcode)) + "=" +
+                     std::string(Form().flexDetail.TextMatrix(row, LineColumn::AcceptedCounting)) + ";";
+  }
+  return outcome;
+}
+
+Outcome Station::Do(Work work, int id, int mark) {
+  const bool isNew = work == Work::SaveNew || work == Work::RegisterNew;
+  if (!Open(isNew ? 0 : id)) return Shown(false);
+  return Perform(work, mark);
+}
+
+Outcome Station::Perform(Work work, int mark) {
+  messages_.Forget();
+  failures_ = 0;
+  asked_ = false;
+  entered_ = false;
+  const auto mode = [this] { return control_.Shared().DocMode; };
+  switch (work) {
+    case Work::Save:
+    case Work::SaveNew:
+      if (!Enter(work == Work::SaveNew, mark)) return Shown(false);
+      return Shown(Click(Form().cmdTmpSave) && mode() == DocumentMode::Viewing);
+    case Work::Register:
+    case Work::RegisterNew:
+      if (!Enter(work == Work::RegisterNew, mark)) return Shown(false);
+      return Shown(Click(Form().cmdIsFinalized) && mode() == DocumentMode::Viewing);
+    case Work::Return: {
+      const bool wasFinal = !Form().txtCode.Text().empty();
+      return Shown(Click(Form().cmdFunc) && wasFinal && Form().txtCode.Text().empty());
+    }
+    case Work::Delete:
+      return Shown(Click(Form().cmdDelete) && mode() == DocumentMode::Empty);
+  }
+  return Shown(false);
+}
+
+}  // namespace koru::test

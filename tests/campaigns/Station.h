@@ -1,0 +1,77 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "adapters/sqlite/SqliteConnector.h"
+#include "component/comInvCounting.h"
+#include "tests/support/FakeMessages.h"
+#include "tests/support/FakeScreen.h"
+#include "tests/support/FixedClock.h"
+
+namespace koru::test {
+
+/// What a user at a station does.
+enum class Work { Save, SaveNew, Register, RegisterNew, Return, Delete };
+inline constexpr int kWorks = 6;
+
+/// What the form reported of it.
+struct Outcome {
+  bool done = false;      ///< it says that it is done: no failure, and the form shows the new state
+  bool asked = false;     ///< it asked more than whether the user is sure
+  bool entered = false;   ///< the figures were typed, and only the save or the registration could fail
+  bool entering = false;  ///< the form still lets the user enter
+  int id = 0;             ///< the counting's key as the form shows it; 0 for none
+  std::string code;       ///< its final number as the form shows it
+  std::string lines;      ///< its lines as the form shows them: `barcode=accepted;`
+  std::vector<std::string> messages;
+};
+
+/// A program at work on a file: the real form with a connection of its own, answered Yes wherever it asks
+/// whether the user is sure, and not answered anything else. User 7.
+class Station : private ControlHost {
+ public:
+  explicit Station(const std::string& file);
+
+  /// Opens what the work is on and does it, with figures that belong to `mark`.
+  Outcome Do(Work work, int id, int mark);
+
+  // The steps, for stations that work at the same time.
+  /// Shows the stored counting; false when it cannot be shown.
+  bool Open(int id);
+  /// On what is shown; what is not available on the form does nothing.
+  Outcome Perform(Work work, int mark);
+
+ private:
+  class NoFiles : public FileSystem {
+    [[nodiscard]] bool FileExists(const std::string& /*path*/) const override { return false; }
+  };
+  class NoSpreadsheets : public SpreadsheetStarter {
+    [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override;
+  };
+  [[nodiscard]] koru::Font AmbientFont() const override { return {}; }
+  void PropertyChanged(std::string_view /*key*/) override {}
+
+  [[nodiscard]] frmInvCounting& Form() { return *control_.CountingForm(); }
+  bool Click(Button& button);
+  /// Makes a new counting, or turns the shown one to editing, and types figures.
+  bool Enter(bool isNew, int mark);
+  [[nodiscard]] Outcome Shown(bool done);
+
+  SqliteConnector databases_;
+  ComponentRegistry components_;
+  FakeMessages messages_;
+  FakeScreen screen_;
+  FixedClock clock_{std::chrono::year{2025} / 12 / 22};
+  NoFiles files_;
+  NoSpreadsheets spreadsheets_;
+  bool asked_ = false;
+  bool entered_ = false;
+  int failures_ = 0;
+  comInvCounting control_{*this,
+                          HostServices{databases_, components_, screen_, clock_, files_, spreadsheets_}};
+};
+
+}  // namespace koru::test
