@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,10 @@ struct Malformation {
   std::string name;
   /// Spoils the file, which is a whole sample before.
   std::function<void(const std::string& file)> spoil;
-  bool isLocked = false;  ///< another program holds the file while it is walked through
+  bool isLocked = false;      ///< another program holds the file while it is walked through
+  bool isNotYetHeld = false;  ///< the program does not hold it yet: skipped unless such cases are asked for
 };
+inline void PrintTo(const Malformation& malformation, std::ostream* out) { *out << malformation.name; }
 
 [[nodiscard]] std::vector<Malformation> Malformations();
 

@@ -7,9 +7,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMetaObject>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QTest>
 #include <QTimer>
+
+#include "desktop/forms/FormWindow.h"
 
 namespace koru::test {
 namespace {
@@ -26,12 +30,31 @@ const QSet<QString>& NotPressed() {
 
 std::vector<QPointer<QAbstractButton>> ButtonsOf(QWidget& window) {
   std::vector<QPointer<QAbstractButton>> buttons;
+  if (window.objectName() == QLatin1String("frmInvCounting")) {  // in an order in which each is available
+    const auto* const key = window.findChild<QLabel*>(QStringLiteral("lblIDVal"));
+    const bool isStored = key != nullptr && !key->text().isEmpty();
+    for (const char* name :
+         {"cmdNew", "cmdView", "cmdPrint", "cmdInvExit", "cmdInvReceipt", "cmdSearch", "cmdFunc", "cmdDelete",
+          "cmdEdit", "cmdGoods", "cmdCalc", "cmdDeleteAll", "cmdCancel"}) {
+      auto* const button = window.findChild<QAbstractButton*>(QLatin1String(name));
+      if (button != nullptr && !(isStored && QLatin1String(name) == QLatin1String("cmdNew")))
+        buttons.emplace_back(button);
+    }
+    return buttons;
+  }
   for (QAbstractButton* const button : window.findChildren<QAbstractButton*>()) {
     if (button->window() == &window && !button->objectName().isEmpty() &&
         !NotPressed().contains(button->objectName()))
       buttons.emplace_back(button);
   }
   return buttons;
+}
+
+void Tick(QWidget& window) {
+  auto* const form = qobject_cast<FormWindow*>(&window);
+  if (form == nullptr) return;
+  if (auto* const timer = form->Binding().findChild<QTimer*>(QStringLiteral("Timer1")))
+    QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
 }
 
 }  // namespace
@@ -57,7 +80,10 @@ void Walk::Answer(QWidget& message) {
   if (const auto* const detail = message.findChild<QPlainTextEdit*>(QStringLiteral("detail")))
     text += "\n" + detail->toPlainText().toStdString();
   messages_.push_back(text);
-  for (const char* name : {"no", "ok"}) {
+  // What is being entered is given up, so that the commands on stored countings are available again.
+  const bool givesUp = message.windowTitle().contains(QStringLiteral("انصراف")) ||
+                       text.find("كالاهاي جديد") != std::string::npos;  // nor does it write to add goods
+  for (const char* name : {givesUp ? "yes" : "no", "no", "ok"}) {
     if (auto* const button = message.findChild<QAbstractButton*>(QLatin1String(name))) return button->click();
   }
 }
@@ -76,18 +102,23 @@ void Walk::Fields(QWidget& window) {
     field->setText(QStringLiteral("چا"));
     emit field->textEdited(field->text());
   }
+  if (window.objectName() == QLatin1String("frmGoodSearch"))
+    QTest::keyClick(&window, Qt::Key_F3);  // the goods picker
 }
 
 void Walk::Through(QWidget& window) {
   seen_.insert(window.objectName());
   const QPointer<QWidget> still = &window;
   QApplication::processEvents();
+  if (!still.isNull()) Tick(window);
   if (!still.isNull()) Fields(window);
   for (const auto& button : still.isNull() ? std::vector<QPointer<QAbstractButton>>() : ButtonsOf(window)) {
     if (still.isNull() || !still->isVisible()) return;
     if (button.isNull() || !button->isEnabled() || !button->isVisible()) continue;
     button->click();
     QApplication::processEvents();
+    // The form brings its commands into line when its timer ticks: at once here.
+    if (!still.isNull()) Tick(window);
     // What is now in front and is not modal is walked through as well.
     for (QWidget* const other : QApplication::topLevelWidgets()) {
       const QPointer<QWidget> opened = other;
