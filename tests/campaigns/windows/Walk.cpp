@@ -103,7 +103,8 @@ void Walk::Fields(QWidget& window) {
     emit field->textEdited(field->text());
   }
   if (window.objectName() == QLatin1String("frmGoodSearch"))
-    QTest::keyClick(&window, Qt::Key_F3);  // the goods picker
+    QTest::keyClick(window.findChild<QLineEdit*>(QStringLiteral("txtTitle")),
+                    Qt::Key_F3);  // the goods picker
 }
 
 void Walk::Through(QWidget& window) {
