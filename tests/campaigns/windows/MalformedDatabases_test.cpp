@@ -60,7 +60,7 @@ class MalformedDatabases : public testing::TestWithParam<Malformation> {
     host.ReadDatabase();
     host.Control().SetUserID(1);
     if (isBrief) return;  // each statement on a locked file takes the seconds that it waits for the lock
-    for (const char* number : {"8", "17"}) {
+    for (const char* number : {"8", "17", "1"}) {
       host.findChild<QLineEdit*>(QStringLiteral("number"))->setText(QString::fromLatin1(number));
       walk.Press(host, "open");
       WalkThroughCounting(walk);
@@ -108,7 +108,7 @@ TEST_F(MalformedDatabases, A_whole_database_leads_the_walk_through_every_window)
   Walk walk;
   WalkThrough(walk);
   for (const char* window :
-       {"host", "frmInvCounting", "frmInvSearch", "frmGoodSearch", "frmReport", "GrnBPGoodPicker"}) {
+       {"host", "frmInvCounting", "frmInvSearch", "frmGoodSearch", "frmReport", "GrnBPGoodPicker", "comInvReceipt"}) {
     EXPECT_TRUE(walk.Seen().contains(QLatin1String(window))) << window;
   }
   std::string seen;
