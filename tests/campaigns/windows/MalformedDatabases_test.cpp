@@ -107,8 +107,8 @@ INSTANTIATE_TEST_SUITE_P(Of, MalformedDatabases, testing::ValuesIn(Malformations
 TEST_F(MalformedDatabases, A_whole_database_leads_the_walk_through_every_window) {
   Walk walk;
   WalkThrough(walk);
-  for (const char* window :
-       {"host", "frmInvCounting", "frmInvSearch", "frmGoodSearch", "frmReport", "GrnBPGoodPicker", "comInvReceipt"}) {
+  for (const char* window : {"host", "frmInvCounting", "frmInvSearch", "frmGoodSearch", "frmReport",
+                             "GrnBPGoodPicker", "comInvReceipt"}) {
     EXPECT_TRUE(walk.Seen().contains(QLatin1String(window))) << window;
   }
   std::string seen;
