@@ -1,6 +1,6 @@
 // A report file is read, or refused with its name and the reason; what was read can be laid out on a page.
 
-#include "desktop/report/ReportTemplate.h"
+#include "siblings/report/ReportTemplate.h"
 
 #include <cmath>
 #include <string>

@@ -16,7 +16,7 @@
 
 namespace {
 
-using koru::fuzz::Normalized;
+using koru::NormalizedStatement;
 using koru::fuzz::Require;
 
 std::string Written(const koru::Literal& literal) {
@@ -33,7 +33,7 @@ std::string Written(const koru::Literal& literal) {
 }
 
 /// The statement with its literals in their places, blanks around numbers.
-std::string Together(const Normalized& parts) {
+std::string Together(const NormalizedStatement& parts) {
   std::string statement;
   std::size_t next = 0;
   koru::SqlLexer lexer(parts.text);
@@ -79,14 +79,14 @@ void CheckTranslation(const std::string& text) {
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Normalized parts;
+  NormalizedStatement parts;
   try {
-    parts = koru::fuzz::NormalizeText(std::string(koru::fuzz::TextOf(data, size)));
+    parts = koru::Normalize(std::string(koru::fuzz::TextOf(data, size)));
   } catch (const koru::DatabaseError& refused) {
     Require(!refused.ServerText().empty(), "a refusal has a sentence");
     return 0;
   }
-  const Normalized again = koru::fuzz::NormalizeText(Together(parts));
+  const NormalizedStatement again = koru::Normalize(Together(parts));
   Require(WithoutBlanks(again.text) == WithoutBlanks(parts.text), "the same text");
   Require(again.literals == parts.literals, "the same literals");
   CheckTranslation(parts.text);
