@@ -15,8 +15,8 @@ struct LogSettings {
 };
 
 /// A text file to which programs and threads append whole lines; lines never mix. A file that cannot be
-/// written is reported once on the error output, and nothing more is written: the work that is logged goes
-/// on.
+/// written is reported once on the error output, and nothing more is written; the logged work
+/// continues.
 class LogFile {
  public:
   using Clock = std::chrono::system_clock;

@@ -8,7 +8,7 @@
 
 namespace koru {
 
-/// Opens the preview of a report, which stays open until the user closes it; the program goes on meanwhile.
+/// Opens the preview of a report, which stays open until the user closes it; the program continues meanwhile.
 /// `reportFailure` shows the user a sentence when something fails in the preview.
 void OpenPreview(std::unique_ptr<const ReportDocument> report,
                  std::function<void(const std::string&)> reportFailure);

@@ -8,7 +8,7 @@
 
 namespace koru {
 
-/// The common part of the tree selector and the person selector: at most one record is selected, by its key.
+/// The common part of tree selectors and user selectors: at most one record is selected, by its key.
 /// A window reads the records to choose from over the selector's own connection text.
 class Selector : public Control {
  public:

@@ -30,7 +30,7 @@ class FaultyFiles {
   FaultyFiles& operator=(const FaultyFiles&) = delete;
   ~FaultyFiles();
 
-  /// Counts from 0 again; the n-th call from now on (from 1) goes wrong.
+  /// Counts from 0 again; the n-th call from now on (from 1) fails.
   void Arrange(Fault fault, long n);
   /// The calls since Arrange.
   [[nodiscard]] long Calls() const { return calls_; }

@@ -1,4 +1,4 @@
-// The file system fails, or the power goes, at every call that a command makes.
+// The file system fails, or power is cut, at every call that a command makes.
 
 #include <gtest/gtest.h>
 

@@ -44,7 +44,7 @@ insert into tblInventoryDispatchDetail (DispatchID,Barcode,Qty,Value) values (1,
     form.gmpInventory.UserSelect(2);
   }
 
-  /// What the person does on the goods search.
+  /// What the user does on the goods search.
   std::function<void(frmGoodSearch&)> person = [](frmGoodSearch& form) { SearchAll(form); };
   int searches = 0;
 };

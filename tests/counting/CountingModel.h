@@ -52,7 +52,7 @@ struct ModelCounting {
   std::optional<ModelDocument> receipt;
 };
 
-/// What countings and their numbers must be after any scenario, told in the plainest way.
+/// What countings and their numbers must be after any scenario, in the plainest form.
 class CountingModel {
  public:
   std::map<int, ModelCounting> countings;  ///< by key

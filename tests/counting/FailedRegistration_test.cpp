@@ -8,7 +8,7 @@ namespace {
 using FailedRegistration = CountingWorld;
 using Answer = FakeMessages::Answer;
 
-/// What a person does after a registration that failed: one that has got its number is returned first, for
+/// What a user does after a registration that failed: one that has got its number is returned first, for
 /// only then the form offers it for registration again.
 TEST_F(FailedRegistration, At_any_statement_can_be_completed_by_the_person_and_numbers_stay_1_to_n) {
   ViewAndEdit(10);

@@ -7,7 +7,7 @@
 
 namespace koru::test {
 
-/// Notes what the counting form tells its linked documents. `told` must outlive it.
+/// Records what the counting form hands to its linked documents..
 class HostedDocument : public DocumentComponent {
  public:
   explicit HostedDocument(std::vector<std::string>& told) : told_(told) {}

@@ -19,7 +19,7 @@ using Script = ScriptedServer::Script;
 using std::chrono::year;
 
 constexpr OdbcTimeouts kShort{std::chrono::seconds(1), std::chrono::seconds(1)};
-/// What a person waits at most, with what a machine under load adds to it.
+/// The longest wait of a user, with what a machine under load adds to it.
 constexpr std::chrono::seconds kAtMost{8};
 constexpr const char* kPassword = "s3cret";
 

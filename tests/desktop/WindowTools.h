@@ -57,8 +57,8 @@ inline void Press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
   QTest::keyClick(at, key, held);
 }
 
-/// Turns the mouse wheel over a widget by so many eighths of a degree; false when the widget leaves it to
-/// what it stands in.
+/// Turns the mouse wheel over a widget by `eighths` of a degree; false when the widget leaves it to
+/// its parent.
 inline bool TurnWheel(QWidget& widget, int eighths) {
   const QPoint middle = widget.rect().center();
   QWheelEvent event(middle, widget.mapToGlobal(middle), {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,

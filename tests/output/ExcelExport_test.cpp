@@ -14,7 +14,7 @@
 namespace koru {
 namespace {
 
-/// A spreadsheet program that remembers what it was told; the cells by row and column.
+/// A spreadsheet program that remembers what it was given; the cells by row and column.
 struct Desk {
   int started = 0;
   int leftOpen = 0;

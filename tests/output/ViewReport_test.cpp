@@ -10,7 +10,7 @@
 namespace koru {
 namespace {
 
-/// What the report printer was told, in order; outlives the printer.
+/// What the report printer was given, in order; outlives the printer.
 struct PrinterLog {
   Texts calls;
   std::function<void()> onShow;

@@ -14,7 +14,7 @@
 
 // Every command is stopped at each of its statements in turn. What the statements before the failing one
 // wrote must be in the database and nothing else, and the command must be able to run again. With
-// KORU_PRINT_FAILURES=1 each command prints a table of what it leaves behind.
+// KORU_PRINT_FAILURES=1 each command prints a table of what it leaves in the database.
 
 namespace koru {
 namespace {

@@ -71,7 +71,7 @@ inline std::string SurplusesOf(const std::string& id) {
          id + " Group By Barcode,ScaleID";
 }
 
-/// `values` stands behind the document's key: barcode in apostrophes, quantity, unit, quantity.
+/// `values` follows the document's key: barcode in apostrophes, quantity, unit, quantity.
 inline std::string DispatchLine(const std::string& values) {
   return "insert into tblInventoryDispatchDetail (DispatchID,barcode,qty,ScaleID,ScaleQty,Description) "
          "Values(" +

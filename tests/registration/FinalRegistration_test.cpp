@@ -123,7 +123,7 @@ TEST_F(Registration, Counting_number_and_documents_reach_the_disk_together) {
   AddLine({.barcode = "100", .surplus = "5"});
   shared.DocMode = DocumentMode::New;
   std::string seenByOthers;
-  const Subscription look = form.gdpReceiveDate.Changed.Subscribe(
+  const Subscription look = form.gdpReceiveDate.StateChanged.Subscribe(
       [&] { seenByOthers = database.Scalar("select count(*) from tblInventoryCounting"); });
   Register();
   EXPECT_EQ(seenByOthers, database.IsOnServer() ? "1" : "0");

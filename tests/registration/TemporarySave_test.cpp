@@ -15,7 +15,7 @@ class TemporarySaving : public DocumentsTest {
  protected:
   void Save() { TemporarySave(form, shared).Run(); }
 
-  /// What stands in the lines of the database, as "row: difference" and so on.
+  /// What the lines of the database hold, as "row: difference" and so on.
   std::vector<std::string> Stored(const std::string& columns) {
     return Rows("select " + columns + " from tblInventoryCountingDetail order by RowNumber");
   }
@@ -153,7 +153,7 @@ TEST_F(TemporarySaving, Notes_are_cut_at_1000_characters_before_their_apostrophe
   EXPECT_EQ(Rows("select Notes from tblInventoryCounting"), Texts{Repeat("'", 1000)});
 
   shared.DocMode = DocumentMode::Editing;
-  form.txtNotes.SetText(Repeat("ش", 999) + "😀x");  // the picture takes the 1000th unit and the one behind it
+  form.txtNotes.SetText(Repeat("ش", 999) + "😀x");  // the picture takes the 1000th unit and the one after it
   Save();
   EXPECT_EQ(Rows("select Notes from tblInventoryCounting"), Texts{Repeat("ش", 999)});
 
@@ -211,7 +211,7 @@ TEST_F(TemporarySaving, The_form_is_locked_between_the_header_and_the_lines) {
   AddLine({.barcode = "100"});
   shared.DocMode = DocumentMode::New;
   std::vector<std::size_t> sentWhenLocked;
-  const Subscription watching = form.gdpReceiveDate.Changed.Subscribe([&] {
+  const Subscription watching = form.gdpReceiveDate.StateChanged.Subscribe([&] {
     EXPECT_TRUE(IsLocked());
     EXPECT_EQ(shared.DocMode, DocumentMode::Viewing);
     sentWhenLocked.push_back(Sent().size());
@@ -225,7 +225,7 @@ TEST_F(TemporarySaving, Header_and_lines_reach_the_disk_together) {
   AddLine({.barcode = "100"});
   shared.DocMode = DocumentMode::New;
   std::string seenByOthers;
-  const Subscription look = form.gdpReceiveDate.Changed.Subscribe(
+  const Subscription look = form.gdpReceiveDate.StateChanged.Subscribe(
       [&] { seenByOthers = database.Scalar("select count(*) from tblInventoryCounting"); });
   Save();
   EXPECT_EQ(seenByOthers, database.IsOnServer() ? "1" : "0");

@@ -10,7 +10,7 @@ namespace {
 
 class GoodSearchFields : public GoodSearchTest {
  protected:
-  /// Types into a box, leaves it for the Exit button, and answers what then stands in it.
+  /// Types into a box, leaves it for the Exit button, and returns its text then.
   std::string Left(TextBox& box, const std::string& typed) {
     box.UserType(typed);
     form.SetFocus(form.cmdExit);

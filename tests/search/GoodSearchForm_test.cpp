@@ -11,7 +11,7 @@ namespace {
 
 class GoodSearchForm : public GoodSearchTest {
  protected:
-  /// A key that the person presses while the notes have the keyboard.
+  /// A key that the user presses while the notes have the keyboard.
   void Press(int key, int shift) { form.txtNotes.UserKey({key, shift}); }
 };
 

@@ -19,7 +19,7 @@ class GoodsPickingOnTheForm : public GoodSearchTest {
     picker.barcode = "100";
     picker.code = "K-1";
   }
-  /// Barcode, title and code after the person has picked that list.
+  /// Barcode, title and code after the user has picked that list.
   Texts Pick(const std::string& list, TextBox& from) {
     picker.list = list;
     from.UserKey({kF3, 0});
@@ -72,7 +72,7 @@ TEST_F(GoodsPickingOnTheForm, The_list_stays_until_New_search) {
   EXPECT_EQ(Found(), Texts{"200"});
 }
 
-/// A picker that keeps what was picked until the next pick, as the suite's does; without one the person gives
+/// A picker that keeps what was picked until the next pick, as the suite's does; without one the user gives
 /// up.
 class KeepingPicker : public ScenarioPicker {
  public:
@@ -95,9 +95,8 @@ TEST_F(GoodsPickingOnTheForm, Giving_up_after_New_search_brings_nothing_back_and
   components.Unregister(GoodsPicker::kClassName);
   components.Register(std::string(GoodsPicker::kClassName),
                       [this] { return std::make_unique<KeepingPicker>(picker); });
-  chosenStore = 7;
-  frmGoodSearch search{shared, condition, [this] { return chosenStore; }};
-  search.Load();
+  frmGoodSearch search{shared, [](const SqlText& /*condition*/) {}};
+  search.Load(7);
   picker.list = "('','100')";
   search.txtCode.UserKey({kF3, 0});
   ASSERT_EQ(search.txtBarCode.Tag(), "('','100')");

@@ -46,7 +46,7 @@ class HostileGoodSearch : public GoodSearchTest {
     Found();
     return Shape(NewStatements().back());
   }
-  /// Types every text into a box whose text goes into the statement as it stands.
+  /// Types every text into a box whose text is written into the statement unchanged.
   void TryAsTyped(TextBox& box, Matches matches) {
     SCOPED_TRACE(box.Name());
     const std::string harmless = HarmlessShape(box);

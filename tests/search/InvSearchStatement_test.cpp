@@ -18,7 +18,7 @@ const std::string kBase =
 
 class InvSearchStatement : public InvSearchTest {
  protected:
-  /// What Search sends behind the words that every search begins with.
+  /// What Search sends after the words that every search begins with.
   std::string Condition() {
     Found();
     const std::vector<std::string> sent = NewStatements();

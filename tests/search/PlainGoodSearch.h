@@ -28,7 +28,7 @@ struct PlainGoodSearch {
 
   [[nodiscard]] std::string Condition(const std::vector<int>& currencies,
                                       const std::vector<int>& types) const;
-  /// Fills the form as a person would, beginning with New search.
+  /// Fills the form as a user would, beginning with New search.
   void FillIn(frmGoodSearch& form) const;
 };
 

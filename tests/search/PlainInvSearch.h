@@ -26,7 +26,7 @@ struct PlainInvSearch {
 
   /// `creators`: the keys of the users in the order of the list.
   [[nodiscard]] std::string Statement(const std::vector<int>& creators) const;
-  /// Fills the form as a person would, beginning with New search.
+  /// Fills the form as a user would, beginning with New search.
   void FillIn(frmInvSearch& form) const;
 };
 

@@ -6,7 +6,7 @@
 
 namespace koru {
 
-/// What a person types into a number box, and the number that a statement then holds.
+/// What a user types into a number box, and the number that a statement then holds.
 struct NumberCase {
   std::string typed;
   std::string number;
@@ -25,7 +25,7 @@ inline const std::array<NumberCase, 12> kNumberCases = {{{"1500", "1500"},
                                                          {"1e20", "1E+20"},
                                                          {"7' or 1=1", "7"}}};
 
-/// Texts without an apostrophe that stands alone.
+/// Texts without a single apostrophe.
 inline const std::array<std::string, 9> kTexts = {"A-1", "  كتاب ", "کتاب ۱۲", "50%",  "a*b_c",
                                                   "[x]", "''",      "-- 1",    "٣ عدد"};
 

@@ -13,7 +13,7 @@
 namespace koru {
 namespace {
 
-/// What a message component was told, in order, and what it answers.
+/// What a message component was given, in order, and what it answers.
 struct Told {
   std::vector<std::string> calls;
   int resualt = 1;

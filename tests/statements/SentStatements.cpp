@@ -35,7 +35,7 @@ class NotingPrinter : public ReportPrinter {
   std::string& query_;
 };
 
-/// A person who leads the form through everything.
+/// A user who leads the form through everything.
 class Tour : public CountingWorld {
  public:
   Tour() {

@@ -10,7 +10,7 @@
 
 namespace koru::test {
 
-/// Stands for the person who reads the suite's messages and answers its questions. Must outlive the registry
+/// Replaces the user who reads the suite's messages and answers its questions. Must outlive the registry
 /// that it is registered in.
 class FakeMessages {
  public:

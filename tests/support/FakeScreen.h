@@ -9,7 +9,7 @@
 
 namespace koru::test {
 
-/// A screen without a person, unless OnModal plays one.
+/// A screen without a user, unless OnModal plays one.
 class FakeScreen : public Screen {
  public:
   struct Showing {

@@ -10,7 +10,7 @@
 namespace koru::test {
 
 /// The texts of statements in the order in which they were sent, whether they failed or not. A procedure call
-/// stands as
+/// is written
 /// "{? = CALL name( 1, 806) }".
 using StatementLog = std::vector<std::string>;
 

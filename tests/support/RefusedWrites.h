@@ -8,7 +8,7 @@
 
 namespace koru::test {
 
-/// No file of this process grows beyond so many bytes while it lives, as on a disk that is full.
+/// No file of this process grows beyond the given number of bytes while it lives, as on a disk that is full.
 class FullDisk {
  public:
   explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {

@@ -6,7 +6,7 @@
 
 namespace koru::test {
 
-/// A fresh, empty folder that goes with everything in it.
+/// A fresh, empty folder, removed with its contents.
 class TemporaryFolder {
  public:
   TemporaryFolder();

@@ -10,7 +10,7 @@
 namespace koru::test {
 
 /// A fresh database with the suite's tables and no rows: an embedded file, or, where KORU_SQLSERVER holds a
-/// connection text, the scratch database of that server, so that one suite of tests tells of both. A server
+/// connection text, the scratch database of that server, so that one suite of tests covers both. A server
 /// has one scratch database: there, a second one of these takes the first one's rows away. Statements are in
 /// the dialect of the suite's server.
 class TestDatabase {
@@ -30,7 +30,7 @@ class TestDatabase {
   /// them so, a server by its collation.
   [[nodiscard]] bool TakesKeyboardsAsEqual();
 
-  /// Runs statements that return no rows, parted by `;`.
+  /// Runs statements that return no rows, separated by `;`.
   void Execute(const std::string& sql) { trial_.RunAll(sql); }
   /// Inserts the rows `first` to `last` into `table (column, ...)`; `values` writes one without parentheses.
   void InsertRows(const std::string& columns, int first, int last,

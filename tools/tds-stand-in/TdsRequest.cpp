@@ -35,7 +35,7 @@ class Reader {
 
 std::int32_t ReadParameter(Reader& reader) {
   reader.Take(2 * reader.Number(1));  // its name
-  reader.Take(1);                     // whether it goes out as well
+  reader.Take(1);                     // whether it is an output as well
   if (reader.Number(1) != kNullableWhole) throw std::invalid_argument("a parameter that is no whole number");
   reader.Take(1);  // the size of its type
   const std::uint64_t size = reader.Number(1);

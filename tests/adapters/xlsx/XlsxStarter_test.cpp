@@ -118,17 +118,18 @@ TEST_F(ExportedWorkbook, A_text_longer_than_a_cell_holds_is_cut_and_told_and_the
   EXPECT_EQ(read.Text(3, 2), fits);
   EXPECT_EQ(read.Text(4, 3), fits.substr(1));
   EXPECT_EQ(read.Text(5, 1), "پس");
-  EXPECT_EQ(told, std::vector<std::string>{
-                      "متن 2 خانه بلندتر از 32767 نويسه بود و بريده شد؛ نخستين آنها در سطر 3 و ستون 2 است."});
+  EXPECT_EQ(messages,
+            std::vector<std::string>{
+                "متن 2 خانه بلندتر از 32767 نويسه بود و بريده شد؛ نخستين آنها در سطر 3 و ستون 2 است."});
 }
 
-TEST_F(ExportedWorkbook, A_long_text_that_is_written_over_is_not_told) {
+TEST_F(ExportedWorkbook, A_long_text_that_is_overwritten_is_not_reported) {
   const auto sheet = NewWorkbook();
   sheet->SetCell(1, 1, std::string(40000, 'x'));
   sheet->SetCell(1, 1, "short");
   sheet->LeaveOpen();
   EXPECT_EQ(ReadWorkbook(opened.at(0)).Text(1, 1), "short");
-  EXPECT_TRUE(told.empty());
+  EXPECT_TRUE(messages.empty());
 }
 
 TEST_F(ExportedWorkbook, Bytes_that_are_no_text_do_not_spoil_the_file) {

@@ -1,4 +1,4 @@
-// Malformed databases, walked through by all windows: what cannot be read is told in Persian, nothing
+// Malformed databases, walked through by all windows: what cannot be read is reported in Persian, nothing
 // escapes, and nothing is written.
 
 #include <gtest/gtest.h>

@@ -28,7 +28,7 @@ class Walk : public QObject {
   [[nodiscard]] const QSet<QString>& Seen() const { return seen_; }
 
  private:
-  /// Looks after the modal windows, from inside their event loops; goes on until the walk is destroyed.
+  /// Looks after the modal windows, from inside their event loops; continues until the walk is destroyed.
   void Attend();
   void Answer(QWidget& message);
   void Leave(QWidget& window);

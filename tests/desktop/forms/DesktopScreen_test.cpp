@@ -57,7 +57,7 @@ TEST_F(DesktopScreenTest, A_modal_form_returns_when_it_is_hidden) {
   Form form(screen, "frmSmall");
   bool wasModal = false;
   QTimer::singleShot(0, [&] {
-    // The first turn of events belongs to showing the window; the person comes after it.
+    // The first turn of events belongs to showing the window; the user acts after it.
     QTimer::singleShot(0, [&] {
       wasModal = QApplication::activeModalWidget() == screen.WindowOf(form);
       form.Hide();

@@ -165,7 +165,7 @@ TEST_F(ScanningTest, Who_goes_to_the_second_count_once_gets_there_with_the_next_
   Scan("777");
   EXPECT_EQ(Current(), std::pair(2, +Second));
   Type("9");
-  Press(Qt::Key_Right);  // stores it and goes back to the first count
+  Press(Qt::Key_Right);  // stores it and moves back to the first count
   EXPECT_EQ(Cell(2, Second), "9");
   Scan("7");
   EXPECT_EQ(Cell(2, First), "7");

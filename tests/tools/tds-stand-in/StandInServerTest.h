@@ -22,7 +22,7 @@ class StandInServerTest : public testing::Test {
   Recordset Open(FixedSql statement) { return Open(SqlText(statement)); }
   std::string Text(FixedSql statement, const char* column) { return Open(statement).Field(column).Text(); }
 
-  /// The refusal of a statement, `number: words`; empty when it goes through.
+  /// The refusal of a statement, `number: words`; empty when it succeeds.
   std::string Refusal(const SqlText& statement) {
     return RefusalOf([&] { Open(statement); });
   }
