@@ -22,8 +22,10 @@ frmInvCounting* comInvCounting::CountingForm() const {
 }
 
 /// Returns the form, started up, in the given mode and with the control's properties. A new form replaces one
-/// that was unloaded.
+/// that was unloaded, and one that was loaded from another database: its counting, default store and report
+/// folder are not this database's.
 frmInvCounting& comInvCounting::LoadForm(DocumentMode mode) {
+  if (CountingForm() != nullptr && shared_.data.ConnectionString() != oleConnectionString_) form_->Unload();
   if (CountingForm() == nullptr) form_ = std::make_unique<frmInvCounting>(shared_);
   shared_.user = user_;
   shared_.data.SetConnectionString(oleConnectionString_);
@@ -67,6 +69,7 @@ void comInvCounting::ClearShow() {
   {
     const Hourglass hourglass(shared_.services.screen);
     LoadForm(DocumentMode::Empty).Clear();
+    form_->RefreshCommands();
   }
   ConnectSelectors(*form_);
   shared_.ShowAsModal = ModalityParameter();

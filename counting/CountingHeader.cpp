@@ -1,18 +1,15 @@
 #include "counting/CountingHeader.h"
 
+#include "services/UserName.h"
+
 namespace koru {
 namespace {
 
 std::int32_t KeyOf(const Value& value) { return value.IsNull() ? Selector::kNothing : value.Integer(); }
 
-std::string FullName(const SqlText& statement, dteInvCounting& data) {
-  const Recordset user = data.rssqlcreator.Open(statement);
-  return user.RecordCount() == 0 ? std::string() : user.Field("FullName").Text();
-}
-
 std::string NameOfCreator(const Value& creator, dteInvCounting& data) {
   if (creator.IsNull()) return {};
-  return FullName(SqlText("Select FullName from tblUser where ID=") + creator.Integer(), data);
+  return FullNameOf(creator.Integer(), data);
 }
 
 }  // namespace
@@ -63,7 +60,8 @@ void ClearCounting(InvCountingControls& controls) {
 }
 
 std::string SignedInFullName(std::int32_t userID, dteInvCounting& data) {
-  return FullName(SqlText("select FullName from tbluser where ID =") + userID, data);
+  const Recordset user = data.rssqlcreator.Open(SqlText("select FullName from tbluser where ID =") + userID);
+  return user.RecordCount() == 0 ? std::string() : user.Field("FullName").Text();
 }
 
 }  // namespace koru

@@ -1,6 +1,7 @@
 #include "counting/DocumentCommands.h"
 
 #include "counting/CountingHeader.h"
+#include "platform/sql/DatabaseError.h"
 #include "services/Permission.h"
 
 namespace koru {
@@ -19,6 +20,7 @@ void DocumentCommands::New() {
 
 void DocumentCommands::Edit() {
   if (!CheckPermission(shared_, FormPermission::Edit)) return;
+  if (!guard_.MayEdit()) return;
   if (controls_.IsFinal()) {
     shared_.messages.ShowMessage(sentences::kError,
                                  "اين شمارش ثبت نهايي شده است و نميتوان آن را اصلاح نمود.");
@@ -36,12 +38,35 @@ void DocumentCommands::Delete() {
   }
   if (shared_.messages.AskQuestion("حذف شمارش", sentences::kAreYouSure) != kAnswerYes) return;
   const double id = controls_.CountingID();
-  const auto batch = shared_.data.BeginWriteBatch();
+  const auto batch = guard_.BeginWrite(StoredCountingGuard::Purpose::Delete);
+  if (!batch) {
+    if (!guard_.IsStored()) LeaveForm();
+    return;
+  }
+  guard_.Stored().Forget();  // a second try after a failure finds this one's deleted lines
   shared_.data.rssqldelenterdetail.Open(SqlText("delete tblInventoryCountingDetail where CountingID=") + id);
   shared_.data.rssqldelenter.Open(SqlText("delete tblInventoryCounting where id=") + id);
   batch->Finish();
+  LeaveForm();
+}
+
+void DocumentCommands::ShowStoredHeader() {
+  try {
+    FillInvCountingData(static_cast<std::int32_t>(controls_.CountingID()), shared_.data, controls_);
+    SetMode(DocumentMode::Viewing);
+  } catch (const DatabaseError& failure) {
+    // A database that is away must not hold the user on the form.
+    const int answer = shared_.messages.AskQuestion(
+        sentences::kWarning,
+        "شمارش ذخيره شده خوانده نشد. آيا فرم بدون ذخيره خالي شود؟\n" + failure.ServerText());
+    if (answer == kAnswerYes) LeaveForm();
+  }
+}
+
+void DocumentCommands::LeaveForm() {
   SetMode(DocumentMode::Empty);
   ClearCounting(controls_);
+  guard_.Stored().Forget();
 }
 
 void DocumentCommands::DeleteAll() {
@@ -57,8 +82,7 @@ void DocumentCommands::Cancel() {
   if (shared_.messages.AskQuestion("انصراف از ثبت شمارش", sentences::kAreYouSure) != kAnswerYes) return;
   const Hourglass hourglass(shared_.services.screen);
   if (controls_.CountingID() > 0) {
-    FillInvCountingData(static_cast<std::int32_t>(controls_.CountingID()), shared_.data, controls_);
-    SetMode(DocumentMode::Viewing);
+    ShowStoredHeader();
     return;
   }
   ClearCounting(controls_);

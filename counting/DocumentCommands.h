@@ -4,6 +4,7 @@
 #include "counting/controls/DocumentModes.h"
 #include "counting/controls/InvCountingControls.h"
 #include "lines/CountingLines.h"
+#include "registration/StoredCountingGuard.h"
 #include "services/SharedState.h"
 
 namespace koru {
@@ -13,8 +14,8 @@ class DocumentCommands {
  public:
   /// All must outlive the object.
   DocumentCommands(InvCountingControls& controls, SharedState& shared, CountingLines& lines,
-                   StoreChange& storeChange)
-      : controls_(controls), shared_(shared), lines_(lines), storeChange_(storeChange) {}
+                   StoreChange& storeChange, StoredCountingGuard& guard)
+      : controls_(controls), shared_(shared), lines_(lines), storeChange_(storeChange), guard_(guard) {}
 
   // Each throws DatabaseError when a statement fails; what was written by then stays.
 
@@ -31,12 +32,15 @@ class DocumentCommands {
   void Cancel();
 
  private:
+  void ShowStoredHeader();
+  void LeaveForm();
   void SetMode(DocumentMode mode) { SetDocumentMode(mode, controls_, shared_); }
 
   InvCountingControls& controls_;
   SharedState& shared_;
   CountingLines& lines_;
   StoreChange& storeChange_;
+  StoredCountingGuard& guard_;
 };
 
 }  // namespace koru

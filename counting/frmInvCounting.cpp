@@ -18,11 +18,12 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       editing_(*this, shared, lines_),
       quantity_(*this, shared, lines_, editing_),
       addGoods_(*this, shared, lines_, quantity_),
+      guard_(shared),
       storeChange_(*this, shared),
-      commands_(*this, shared, lines_, storeChange_),
-      temporarySave_(*this, shared),
-      finalRegistration_(*this, shared),
-      returnToTemporary_(*this, shared),
+      commands_(*this, shared, lines_, storeChange_, guard_),
+      temporarySave_(*this, shared, guard_),
+      finalRegistration_(*this, shared, guard_),
+      returnToTemporary_(*this, shared, guard_),
       viewReport_(*this, shared),
       excelExport_(*this, shared),
       linkedDocuments_(*this, shared) {
@@ -73,15 +74,21 @@ bool frmInvCounting::ViewInvCounting(std::int32_t id) {
   if (!FillInvCountingData(id)) return false;
   SetDocumentMode(DocumentMode::Viewing, *this, shared_);
   try {
+    // Before the lines are read: a later comparison finds what another station changes in between.
+    guard_.Stored().Remember(id);
     FillInvCounterDetailData(id);
   } catch (...) {
     // A save would replace the counting's stored lines by those that happen to be on the grid.
     Clear();
     SetDocumentMode(DocumentMode::Empty, *this, shared_);
+    RefreshCommands();
     throw;
   }
+  RefreshCommands();
   return true;
 }
+
+void frmInvCounting::RefreshCommands() { koru::RefreshCommands(shared_.DocMode, *this); }
 
 bool frmInvCounting::FillInvCountingData(std::int32_t id) {
   return koru::FillInvCountingData(id, shared_.data, *this);
@@ -127,7 +134,8 @@ void frmInvCounting::ConnectEvents() {
   gdpCreateDate.ValueChanged.Always([this] {
     if (gdpCreateDate.IsEmpty()) gdpCreateDate.SetValue(shared_.services.clock.Today());
   });
-  Timer1.Tick.Always([this] { RefreshCommands(shared_.DocMode, *this); });
+  guard_.StoredWanted.Always([this](std::int32_t id) { ViewInvCounting(id); });
+  Timer1.Tick.Always([this] { RefreshCommands(); });
 }
 
 void frmInvCounting::Exit() {

@@ -47,6 +47,9 @@ class frmInvCounting : public Form, public InvCountingControls {
   void disablelockcomponent();
   /// Shows the signed-in user's name as the creator.
   void Initialize();
+  /// Enables each command by what is on the form, as the form's timer does. The timer's first tick comes too
+  /// late: until then the commands would be those of another document.
+  void RefreshCommands();
   /// Empties the document; the caller sets the mode.
   void Clear();
 
@@ -93,6 +96,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   LineEditing editing_;
   SystemQuantity quantity_;
   AddGoods addGoods_;
+  StoredCountingGuard guard_;
   StoreChange storeChange_;
   DocumentCommands commands_;
   TemporarySave temporarySave_;

@@ -145,7 +145,7 @@ void HostWindow::ChooseDatabase() {
     const std::string connection = EmbeddedConnectionText(FromQt(file));
     session_.TestConnection(connection);  // the old one stays when this one is not usable
     control_->SetOLEConnectionString(ToQt(connection));
-    ReadDatabase();
+    if (FromQt(control_->OLEConnectionString()) == connection) ReadDatabase();
   });
 }
 

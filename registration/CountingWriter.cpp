@@ -6,9 +6,10 @@
 #include "counting/controls/DocumentModes.h"
 #include "lines/LineColumns.h"
 #include "platform/sql/DatabaseError.h"
-#include "platform/text/Numbers.h"
+#include "platform/text/Errors.h"
 #include "platform/text/Text.h"
 #include "registration/HeaderValues.h"
+#include "registration/StoredLine.h"
 #include "services/FixQuote.h"
 #include "services/ShownProgress.h"
 
@@ -16,54 +17,6 @@ namespace koru {
 namespace {
 
 constexpr const char* kTemporaryTitle = "شمارش موقت";
-
-/// Appends a count; a good that was not counted has NULL, never 0.
-void AppendCount(SqlText& sql, std::string_view cell) {
-  if (Trim(cell).empty()) {
-    sql += "NULL";
-  } else {
-    sql += Val(cell);
-  }
-}
-
-/// Appends the difference of a line: a surplus as a positive number, a shortage as a negative one. At most
-/// one of the two columns holds a quantity.
-void AppendContradiction(SqlText& sql, std::string_view shortage, std::string_view surplus) {
-  const double above = Val(surplus);
-  const double below = Val(shortage);
-  if (above > 0) {
-    sql += above;
-  } else if (below > 0) {
-    sql += -below;
-  } else {
-    sql += "Null";
-  }
-}
-
-SqlText LineInsert(const Grid& lines, int row, double countingID) {
-  const auto cell = [&](int column) { return lines.TextMatrix(row, column); };
-  SqlText sql(
-      "Insert Into tblInventoryCountingDetail "
-      "(CountingID,Barcode,RowNumber,ScaleID,FirstCounting,SecondCounting,"
-      "ThirdCounting,AcceptedCounting,SystemCounting,ContradictionCounting,BaseValue) Values(");
-  sql += countingID;
-  sql += ",'";
-  sql += Typed(Trim(cell(LineColumn::Barcode)));
-  sql += "',";
-  sql += row;
-  sql += ",";
-  sql += Val(cell(LineColumn::ScaleID));
-  sql += ",";
-  for (int column = LineColumn::FirstCounting; column <= LineColumn::SystemCounting; ++column) {
-    AppendCount(sql, cell(column));
-    sql += ",";
-  }
-  AppendContradiction(sql, cell(LineColumn::Shortage), cell(LineColumn::Surplus));
-  sql += ",";
-  sql += Val(cell(LineColumn::Rate));
-  sql += ")";
-  return sql;
-}
 
 /// The contents of the literals of the notes and the manual number. An apostrophe in the notes is doubled;
 /// one in the manual number ends its literal, and the statement is refused.
@@ -76,21 +29,55 @@ SqlText ManualCode(const InvCountingControls& controls) {
 
 }  // namespace
 
-void CountingWriter::Write() {
-  before_ = {shared_.DocMode, controls_.lblIDVal.Caption(), controls_.form.Caption()};
+void CountingWriter::CheckTexts() const {
+  const Grid& lines = controls_.flexDetail;
+  for (int row = 1; row < lines.Rows(); ++row) {
+    if (lines.TextMatrix(row, LineColumn::GoodName).empty()) continue;
+    if (lines.TextMatrix(row, LineColumn::Barcode).find('\'') == std::string_view::npos) continue;
+    try {
+      CheckTypedSpans(LineInsert(LineOfGrid(lines, row), 0));
+    } catch (const DatabaseError&) {
+      throw InputError("كد ميله\u200cاي رديف " + std::to_string(row) +
+                       " آپوستروف دارد و ذخيره نمي\u200cشود. هيچ رديفي تغيير نكرد.");
+    }
+  }
+}
+
+void CountingWriter::Save(const std::function<LinesDigest()>& write) {
+  CheckTexts();
+  if (shared_.DocMode == DocumentMode::New) guard_.Stored().Forget();
+  const auto batch = guard_.BeginWrite(StoredCountingGuard::Purpose::Save);
+  if (!batch) return;
+  before_ = {shared_.DocMode, controls_.lblIDVal.Caption(), controls_.form.Caption(),
+             controls_.txtCode.Text(), guard_.Stored().Remembered()};
+  try {
+    const LinesDigest lines = write();
+    guard_.Stored().RememberSaved(static_cast<std::int32_t>(controls_.CountingID()), lines);
+  } catch (...) {
+    Finish(*batch);
+    guard_.Stored().Forget();  // nobody knows how much of the command was kept
+    throw;
+  }
+  Finish(*batch);
+}
+
+LinesDigest CountingWriter::Write() {
   if (shared_.DocMode == DocumentMode::New) InsertHeader();
   if (shared_.DocMode == DocumentMode::Editing) UpdateHeader();
   SetDocumentMode(DocumentMode::Viewing, controls_, shared_);
-  ReplaceLines();
+  return ReplaceLines();
 }
 
+/// A batch that cannot be finished has stored nothing, whatever failed before.
 void CountingWriter::Finish(WriteBatch& batch) {
   try {
     batch.Finish();
   } catch (const DatabaseError&) {
     controls_.lblIDVal.SetCaption(before_.id);
     controls_.form.SetCaption(before_.title);
+    controls_.txtCode.SetText(before_.code);
     SetDocumentMode(before_.mode, controls_, shared_);
+    if (before_.remembered) guard_.Stored().Accept(*before_.remembered);
     throw;
   }
 }
@@ -127,17 +114,21 @@ void CountingWriter::UpdateHeader() {
       "',ManualCode='" + ManualCode(controls_) + "' where id=" + controls_.CountingID());
 }
 
-void CountingWriter::ReplaceLines() {
+LinesDigest CountingWriter::ReplaceLines() {
   const double countingID = controls_.CountingID();
   const Grid& lines = controls_.flexDetail;
   shared_.data.rssqldelenterdetail.Open(SqlText("Delete tblInventoryCountingDetail Where CountingID = ") +
                                         countingID);
+  LinesDigest written;
   ShownProgress progress(controls_.pgbStatus, lines.Rows() - 1);
   for (int row = 1; row < lines.Rows(); ++row) {
     progress.Step();
     if (lines.TextMatrix(row, LineColumn::GoodName).empty()) continue;
-    shared_.data.rssqlsaveenter.Open(LineInsert(lines, row, countingID));
+    const SqlText insert = LineInsert(LineOfGrid(lines, row), countingID);
+    shared_.data.rssqlsaveenter.Open(insert);
+    written.Add(insert);
   }
+  return written;
 }
 
 }  // namespace koru

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "counting/controls/InvCountingControls.h"
 #include "platform/sql/Database.h"
+#include "registration/StoredCountingGuard.h"
+#include "registration/StoredLine.h"
 #include "services/SharedState.h"
 
 namespace koru {
@@ -12,32 +16,43 @@ namespace koru {
 /// registration: the header, then all lines anew.
 class CountingWriter {
  public:
-  /// Both must outlive the writer.
-  CountingWriter(InvCountingControls& controls, SharedState& shared) : controls_(controls), shared_(shared) {}
+  /// All must outlive the writer.
+  CountingWriter(InvCountingControls& controls, SharedState& shared, StoredCountingGuard& guard)
+      : controls_(controls), shared_(shared), guard_(guard) {}
+
+  /// Runs a command that calls Write, and whatever else it writes, in one write batch. The command does not
+  /// run when another station has deleted or registered the counting, or when the user does not want to
+  /// overwrite what another station has stored. Throws InputError, naming the line, when a line holds a text
+  /// that no statement can carry; then nothing was sent. Throws what `write` throws; what was written by then
+  /// stays. When the batch itself is lost, nothing of it is stored: the form returns to its state before the
+  /// command, the counting is still being entered, and a DatabaseError is thrown.
+  void Save(const std::function<LinesDigest()>& write);
 
   /// Inserts the header of a new counting and shows its key, or updates the header of an edited one; in any
   /// other mode no header is written. Then the form turns to viewing, and the lines of the grid replace those
-  /// in the database. Throws DatabaseError; what the statements before the failing one wrote stays.
-  void Write();
-  /// Finishes the batch: everything written since it began reaches the disk. When that fails, none of it is
-  /// stored: the form returns to its state before Write, and the counting is still being entered. Throws
-  /// DatabaseError.
-  void Finish(WriteBatch& batch);
+  /// in the database. Returns the lines that were written. Throws DatabaseError; what the statements before
+  /// the failing one wrote stays.
+  LinesDigest Write();
 
  private:
-  /// What Write changes on the form.
+  /// What a save or a registration changes on the form.
   struct FormState {
     DocumentMode mode = DocumentMode::Viewing;
     std::string id;
     std::string title;
+    std::string code;
+    std::optional<CountingSnapshot> remembered;
   };
 
+  void CheckTexts() const;
+  void Finish(WriteBatch& batch);
   void InsertHeader();
   void UpdateHeader();
-  void ReplaceLines();
+  [[nodiscard]] LinesDigest ReplaceLines();
 
   InvCountingControls& controls_;
   SharedState& shared_;
+  StoredCountingGuard& guard_;
   FormState before_;
 };
 

@@ -13,19 +13,21 @@ constexpr const char* kFinalTitle = "شمارش";
 
 }  // namespace
 
-FinalRegistration::FinalRegistration(InvCountingControls& controls, SharedState& shared)
-    : controls_(controls), shared_(shared), writer_(controls, shared), documents_(controls, shared) {}
+FinalRegistration::FinalRegistration(InvCountingControls& controls, SharedState& shared,
+                                     StoredCountingGuard& guard)
+    : controls_(controls), shared_(shared), writer_(controls, shared, guard), documents_(controls, shared) {}
 
 void FinalRegistration::Run() {
   if (!CheckPermission(shared_, FormPermission::FinalRegistration)) return;
   const Hourglass busy(shared_.services.screen);
-  const auto batch = shared_.data.BeginWriteBatch();
-  ShowNextCode();
-  controls_.form.SetCaption(kFinalTitle);
-  writer_.Write();
-  StoreCode();
-  documents_.CreateAdjustmentDocuments();
-  writer_.Finish(*batch);
+  writer_.Save([this] {
+    ShowNextCode();
+    controls_.form.SetCaption(kFinalTitle);
+    const LinesDigest lines = writer_.Write();
+    StoreCode();
+    documents_.CreateAdjustmentDocuments();
+    return lines;
+  });
 }
 
 void FinalRegistration::ShowNextCode() {

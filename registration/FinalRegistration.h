@@ -11,8 +11,8 @@ namespace koru {
 /// countings, and writes the documents that correct the book stock to what was counted.
 class FinalRegistration {
  public:
-  /// Both must outlive the command.
-  FinalRegistration(InvCountingControls& controls, SharedState& shared);
+  /// All must outlive the command.
+  FinalRegistration(InvCountingControls& controls, SharedState& shared, StoredCountingGuard& guard);
 
   /// A user without the right gets a message, and nothing happens. txtCode shows the number before anything
   /// is saved; the database has it after all lines were written. Throws DatabaseError; what was written by

@@ -13,6 +13,9 @@ namespace {
 constexpr const char* kQuestion = "آيا از بازگشت به حالت موقت شمارش اطمينان داريد؟";
 constexpr const char* kReceiptIsFinal = "به اين شمارش، برگ رسيد نهايي به شماره رايانه اي ";
 constexpr const char* kDispatchIsFinal = "به اين شمارش، برگ خروج نهايي به شماره رايانه اي ";
+constexpr const char* kNumber = "شماره ";
+constexpr const char* kWasNotStored =
+    " در پايگاه داده ثبت نشده بود و از روي فرم برداشته شد. شماره شمارش\u200cهاي ديگر تغيير نكرد.";
 constexpr const char* kNoReturn = " وابسته است. بنابراين امكان بازگشت شمارش به حالت موقت وجود ندارد.";
 
 }  // namespace
@@ -33,10 +36,18 @@ void ReturnToTemporary::Run() {
   }
   const Hourglass busy(shared_.services.screen);
   const auto batch = shared_.data.BeginWriteBatch();
-  RemoveEarlierDocuments(shared_.data, controls_.CountingID());
-  ClearCode();
+  const auto stored = guard_.Stored().ReadCode(controls_.CountingID());
+  const bool hadNumber = stored && (!stored->empty() || HasGap());
+  if (stored) Return(*stored);
   batch->Finish();
+  if (!stored) {
+    guard_.ReportGone();
+    return;
+  }
+  const std::string shown = controls_.txtCode.Text();
   controls_.txtCode.SetText("");
+  guard_.Stored().RememberIfPossible(static_cast<std::int32_t>(controls_.CountingID()));
+  if (!hadNumber) shared_.messages.ShowMessage(sentences::kWarning, kNumber + shown + kWasNotStored);
 }
 
 bool ReturnToTemporary::HasFinalDocument(FixedSql finalDocumentsOf, const char* message) const {
@@ -47,12 +58,18 @@ bool ReturnToTemporary::HasFinalDocument(FixedSql finalDocumentsOf, const char* 
   return true;
 }
 
-void ReturnToTemporary::ClearCode() {
+bool ReturnToTemporary::HasGap() const { return gap_ && gap_->countingID == controls_.CountingID(); }
+
+void ReturnToTemporary::Return(const std::string& storedCode) {
+  RemoveEarlierDocuments(shared_.data, controls_.CountingID());
   // In this order: without a number, the counting itself is not renumbered with those after it.
   shared_.data.rssqleditenter.Open(SqlText("Update tblInventoryCounting set Code = Null Where ID = ") +
                                    controls_.CountingID());
+  if (!storedCode.empty()) gap_ = {controls_.CountingID(), Val(storedCode)};
+  if (!HasGap()) return;
   shared_.data.rssqleditenter.Open(SqlText("Update tblInventoryCounting set Code = Code-1 Where Code > ") +
-                                   Val(controls_.txtCode.Text()));
+                                   gap_->code);
+  gap_.reset();
 }
 
 }  // namespace koru

@@ -9,9 +9,9 @@ namespace koru {
 /// The command cmdTmpSave: saves the counting without giving it a final number.
 class TemporarySave {
  public:
-  /// Both must outlive the command.
-  TemporarySave(InvCountingControls& controls, SharedState& shared)
-      : controls_(controls), shared_(shared), writer_(controls, shared) {}
+  /// All must outlive the command.
+  TemporarySave(InvCountingControls& controls, SharedState& shared, StoredCountingGuard& guard)
+      : controls_(controls), shared_(shared), writer_(controls, shared, guard) {}
 
   /// A user without the right gets a message, and nothing happens. Throws DatabaseError; what was written by
   /// then stays.

@@ -17,8 +17,17 @@ bool dteInvCounting::spPelinHasPermission(std::int32_t userID, FormPermission pe
   return Connection().Call("spPelinHasPermission", {userID, static_cast<std::int32_t>(permission)}) != 0;
 }
 
+std::optional<std::int64_t> dteInvCounting::ForeignWrites() {
+  constexpr std::int64_t kPerConnection = std::int64_t{1} << 32;
+  const auto writes = Connection().ForeignWrites();
+  return writes ? std::optional(connections_ * kPerConnection + *writes) : std::nullopt;
+}
+
 Database& dteInvCounting::Connection() {
-  if (!connection_) connection_ = databases_.Connect(connectionString_);
+  if (!connection_) {
+    connection_ = databases_.Connect(connectionString_);
+    ++connections_;
+  }
   return *connection_;
 }
 

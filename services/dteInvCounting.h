@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/sql/Database.h"
@@ -54,6 +55,9 @@ class dteInvCounting {
   /// Whether the user holds the right: `{? = CALL spPelinHasPermission( ?, ?) }` returned anything but 0.
   [[nodiscard]] bool spPelinHasPermission(std::int32_t userID, FormPermission permission);
 
+  /// See Database::ForeignWrites; also another number once the connection has been opened anew.
+  [[nodiscard]] std::optional<std::int64_t> ForeignWrites();
+
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() { return Connection().BeginWriteBatch(); }
   [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() { return Connection().BeginReadSnapshot(); }
 
@@ -88,6 +92,7 @@ class dteInvCounting {
   DatabaseConnector& databases_;
   std::string connectionString_;
   std::unique_ptr<Database> connection_;
+  std::int64_t connections_ = 0;  ///< how many have been opened
 };
 
 }  // namespace koru

@@ -131,6 +131,7 @@ class LoggedDatabase : public Database {
                          [](const std::string& words) { return words; });
   }
 
+  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override {
     std::unique_ptr<WriteBatch> inner;
     journal_->Do("write batch begins", [&] { inner = inner_->BeginWriteBatch(); });

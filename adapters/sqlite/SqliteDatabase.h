@@ -31,6 +31,9 @@ class SqliteDatabase : public Database {
   /// Supports `spPelinHasPermission( user, permission )` only: returns 1 if `tblPelinUserPermission` has the
   /// row, else 0.
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
+  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override {
+    return connection_.Number("PRAGMA data_version");
+  }
   /// Begins a transaction that holds the write lock, so that no later statement finds the file locked. Throws
   /// DatabaseError if it is locked now.
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override;

@@ -24,8 +24,8 @@ bool IsEscape(std::string_view text, std::size_t at) {
   return text.substr(at + 2, 4).find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
 }
 
-/// Replaces characters that a workbook cannot contain with U+FFFD. A typed _x0041_ would be read as the letter
-/// A, so its first underscore is written by its number.
+/// Replaces characters that a workbook cannot contain with U+FFFD. A typed _x0041_ would be read as the
+/// letter A, so its first underscore is written by its number.
 std::string CleanText(std::string_view text) {
   constexpr char32_t kReplacement = 0xFFFD;
   std::string clean;

@@ -28,8 +28,8 @@ class XlsxStarter : public SpreadsheetStarter {
   XlsxStarter(XlsxPlace place, const Clock& clock) : place_(std::move(place)), clock_(clock) {}
 
   /// Cells may be set in any order, up to row 1,048,576 and column 16,384; a cell beyond throws
-  /// std::out_of_range. A text longer than a cell holds, 32,767 UTF-16 units, is cut; the user is shown which.
-  /// LeaveOpen writes the file and throws InputError when that fails.
+  /// std::out_of_range. A text longer than a cell holds, 32,767 UTF-16 units, is cut; the user is shown
+  /// which. LeaveOpen writes the file and throws InputError when that fails.
   [[nodiscard]] std::unique_ptr<Spreadsheet> NewWorkbook() override;
 
  private:

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextOption>
 #include <QVBoxLayout>
 
 #include "desktop/toolkit/QtText.h"
@@ -111,6 +112,12 @@ void MessageDialog::AddTexts(QDialog& dialog, QVBoxLayout& layout) const {
     detail->setObjectName(QStringLiteral("detail"));
     detail->setReadOnly(true);
     detail->setTabChangesFocus(true);
+    // Persian sentences begin at the right edge, a server's English ones at the left.
+    QTextOption option = detail->document()->defaultTextOption();
+    const bool rightToLeft = detail->toPlainText().isRightToLeft();
+    option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setAlignment(Qt::AlignAbsolute | (rightToLeft ? Qt::AlignRight : Qt::AlignLeft));
+    detail->document()->setDefaultTextOption(option);
     detail->setFixedHeight(kDetailHeight);
     inner->addWidget(detail);
   }

@@ -168,6 +168,11 @@ void comInvCountingWidget::resizeEvent(QResizeEvent* event) {
 QString comInvCountingWidget::OLEConnectionString() const { return ToQt(control_.OLEConnectionString()); }
 
 void comInvCountingWidget::SetOLEConnectionString(const QString& connection) {
+  if (connection != OLEConnectionString()) {
+    if (!MayDiscardEntry()) return;
+    // The form shows a counting of the database before.
+    if (frmInvCounting* const form = control_.CountingForm()) form->Unload();
+  }
   control_.SetOLEConnectionString(FromQt(connection));
 }
 

@@ -20,6 +20,9 @@ class GridView;
 /// and opens one on a double click. The list is read when the widget is shown and when the counting form is
 /// hidden; the current counting stays current.
 ///
+/// Another OLEConnectionString closes the counting form. While a counting is being entered, the question of
+/// Cancel is asked first, and the property keeps its value unless the answer is yes.
+///
 /// BackStyle, BorderStyle, EmployeeID, PositionID and ForcedReceiptID hold 16 bits: a number from -32768 to
 /// 32767. Any other is refused with a warning in the toolkit's log, and the property keeps its value.
 ///

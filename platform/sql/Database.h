@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,6 +54,10 @@ class Database {
   /// Runs `{? = CALL procedure( ?, ... ) }` and returns the procedure's return value. Throws DatabaseError
   /// when the procedure is missing or fails.
   virtual std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) = 0;
+
+  /// A number that changes whenever another connection has written, and never by this connection's own
+  /// writes; no value where the database cannot tell. Throws DatabaseError.
+  [[nodiscard]] virtual std::optional<std::int64_t> ForeignWrites() { return {}; }
 
   /// Batches may nest; only the outermost has an effect.
   [[nodiscard]] virtual std::unique_ptr<WriteBatch> BeginWriteBatch() = 0;

@@ -39,6 +39,7 @@ TEST_F(Delete, Any_answer_but_yes_deletes_nothing) {
 
 TEST_F(Delete, A_final_counting_is_refused_before_the_question_is_asked) {
   control.View(11);
+  Form().cmdDelete.SetEnabled(true);
   const std::string before = database.Dump();
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdDelete);

@@ -13,9 +13,10 @@ using Answer = FakeMessages::Answer;
 TEST_F(FailedRegistration, At_any_statement_can_be_completed_by_the_person_and_numbers_stay_1_to_n) {
   ViewAndEdit(10);
   Form().Timer1.Fire();
-  NewStatements();
+  failing.Plan().FailAt(0);
   Click(Form().cmdIsFinalized);
-  const auto statements = static_cast<int>(NewStatements().size());
+  const int statements = failing.Plan().Count();
+  int unnoticed = 0;
   ASSERT_GT(statements, 15);
   for (int n = 1; n <= statements; ++n) {
     SCOPED_TRACE(n);
@@ -29,8 +30,12 @@ TEST_F(FailedRegistration, At_any_statement_can_be_completed_by_the_person_and_n
 
     failing.Plan().FailAt(n);
     Click(Form().cmdIsFinalized);
-    EXPECT_EQ(NewMessages(),
-              Texts{"عمليات به دليل خطاي پايگاه داده انجام نشد.\nThe server is shutting down."});
+    const Texts shown = NewMessages();
+    if (shown.empty()) {
+      ++unnoticed;
+    } else {
+      EXPECT_EQ(shown, Texts{"عمليات به دليل خطاي پايگاه داده انجام نشد.\nThe server is shutting down."});
+    }
     failing.Plan().FailAt(0);
     Form().Timer1.Fire();
     if (Form().cmdFunc.Enabled()) {
@@ -51,6 +56,7 @@ TEST_F(FailedRegistration, At_any_statement_can_be_completed_by_the_person_and_n
                               "(select ReceiptID from tblInventoryCounting where ID=10)"),
               "3");
   }
+  EXPECT_EQ(unnoticed, 1) << "the reading after the registration, of which nothing depends";
 }
 
 }  // namespace

@@ -55,6 +55,7 @@ TEST_F(NewEditCancel, Edit_keeps_creator_and_dates) {
 
 TEST_F(NewEditCancel, A_final_counting_cannot_be_edited) {
   control.View(11);
+  Form().cmdEdit.SetEnabled(true);
   Click(Form().cmdEdit);
   EXPECT_EQ(NewMessages(), Texts{"اين شمارش ثبت نهايي شده است و نميتوان آن را اصلاح نمود."});
   EXPECT_EQ(Mode(), DocumentMode::Viewing);

@@ -31,9 +31,9 @@ a change:
 )";
 
 std::vector<SeenText> AllTexts() {
-  std::vector<SeenText> texts =
-      SeenTextsIn(KORU_SOURCES, {"adapters", "component", "counting", "database/sqlserver", "desktop", "host",
-                                 "lines", "output", "platform", "registration", "search", "services"});
+  std::vector<SeenText> texts = SeenTextsIn(
+      KORU_SOURCES, {"adapters", "component", "counting", "database/sqlserver", "desktop", "host", "lines",
+                     "output", "platform", "registration", "search", "services", "siblings"});
   return texts;
 }
 

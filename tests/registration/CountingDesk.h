@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "registration/ReturnToTemporary.h"
+#include "registration/StoredCountingGuard.h"
 #include "services/SharedState.h"
 #include "tests/support/BareCountingForm.h"
 #include "tests/support/DatabaseFixture.h"
@@ -47,7 +49,8 @@ class CountingDesk : public test::DatabaseFixture {
   [[nodiscard]] Texts Rows(const std::string& sql);
   [[nodiscard]] std::string Dump() { return database.Dump(); }
 
-  /// The statements since StartRecording, without the questions for rights.
+  /// The statements since StartRecording, without the questions for rights and
+  /// those that look for changes by other stations.
   [[nodiscard]] Texts Sent() const;
   void StartRecording() { recording.ForgetStatements(); }
 
@@ -56,6 +59,8 @@ class CountingDesk : public test::DatabaseFixture {
 
   SharedState shared{Services()};
   test::BareCountingForm form{screen};
+  StoredCountingGuard guard{shared};
+  ReturnToTemporary returning{form, shared, guard};
 };
 
 /// `piece` repeated `times` times.

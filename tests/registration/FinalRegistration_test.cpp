@@ -16,7 +16,7 @@ constexpr const char* kHighestCode =
 
 class Registration : public DocumentsTest {
  protected:
-  void Register() { FinalRegistration(form, shared).Run(); }
+  void Register() { FinalRegistration(form, shared, guard).Run(); }
 };
 
 TEST_F(Registration, A_new_counting_is_saved_numbered_and_gets_both_documents) {
@@ -166,7 +166,7 @@ TEST_F(Registration, A_number_that_was_not_stored_leaves_the_form_with_a_tempora
   shared.DocMode = DocumentMode::Editing;
   EXPECT_THROW(Register(), DatabaseError);
   form.txtGNO.SetText("12");
-  TemporarySave(form, shared).Run();
+  TemporarySave(form, shared, guard).Run();
   EXPECT_EQ(form.txtCode.Text(), "");
   EXPECT_EQ(Rows("select Code, ManualCode from tblInventoryCounting"), Texts{"NULL|12"});
 }

@@ -48,7 +48,7 @@ class Returning : public DocumentsTest {
   }
   void Return(Answer answer = Answer::Yes) {
     messages.WillAnswer(answer);
-    ReturnToTemporary(form, shared).Run();
+    returning.Run();
   }
   Texts Codes() { return Rows("select Code from tblInventoryCounting order by ID"); }
 };

@@ -13,7 +13,7 @@ namespace {
 
 class TemporarySaving : public DocumentsTest {
  protected:
-  void Save() { TemporarySave(form, shared).Run(); }
+  void Save() { TemporarySave(form, shared, guard).Run(); }
 
   /// What the lines of the database hold, as "row: difference" and so on.
   std::vector<std::string> Stored(const std::string& columns) {

@@ -65,7 +65,8 @@ class Tour : public CountingWorld {
   void TestBody() override {}
 
   void Note(const std::string& title) {
-    operations_.push_back({title, NewStatements()});
+    operations_.push_back({title, recording.Statements()});
+    recording.ForgetStatements();
     EXPECT_EQ(NewMessages(), Texts{}) << title;
   }
 

@@ -35,6 +35,9 @@ class NoDatabases : public DatabaseConnector {
   [[nodiscard]] std::unique_ptr<Database> Connect(const std::string& connectionText) override;
 };
 
+/// Whether a statement reads the stored counting to compare it with the one on the form.
+[[nodiscard]] bool LooksForChanges(const std::string& statement);
+
 /// The host of a component under test. Statements are recorded, and one of them can be made to fail; messages
 /// are read and questions answered by `messages`; forms are shown on `screen` without a display; today is 20
 /// March 2024 unless the test sets `clock`. Sibling components other than the message are the test's to
@@ -54,7 +57,8 @@ class ComponentFixture : public ControlHost {
   [[nodiscard]] koru::Font AmbientFont() const override { return {"Tahoma", 9, false, false}; }
   void PropertyChanged(std::string_view key) override { reported.emplace_back(key); }
 
-  /// The statements since the last call, the one that failed included.
+  /// The statements since the last call, the one that failed included; without those that look for changes
+  /// by other stations, which an embedded file makes unnecessary as long as nobody else writes.
   Texts NewStatements();
   /// The texts of the messages and questions since the last call.
   Texts NewMessages();

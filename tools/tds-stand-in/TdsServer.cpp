@@ -111,8 +111,9 @@ void TdsServer::Serve() {
 
 void TdsServer::LetGoOfTheGone() {
   clients_.remove_if([](Client& client) {
-    if (client.isGone) client.thread.join();
-    return client.isGone.load();
+    if (!client.isGone) return false;
+    client.thread.join();
+    return true;
   });
 }
 

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -30,6 +31,7 @@ class SlowDatabase : public Database {
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
     return inner_->Call(procedure, parameters);
   }
+  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
   [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
     return inner_->BeginReadSnapshot();

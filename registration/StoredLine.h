@@ -1,0 +1,66 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "platform/sql/Recordset.h"
+#include "platform/sql/SqlText.h"
+
+namespace koru {
+
+class Grid;
+
+/// One record of tblInventoryCountingDetail, as a save writes it and as it is read back.
+struct StoredLine {
+  std::string barcode;  ///< without blanks around it
+  int rowNumber = 0;    ///< the line's row in the grid, from 1; rows that are not saved leave gaps
+  std::optional<double> scaleID;
+  /// First, second, third and accepted count, then the book stock; nothing counted is not the same as 0
+  /// counted.
+  std::array<std::optional<double>, 5> counts;
+  std::optional<double> contradiction;  ///< above 0 a surplus, below 0 a shortage
+  std::optional<double> baseValue;
+};
+
+/// The line that a save writes for a row of the counting's grid.
+[[nodiscard]] StoredLine LineOfGrid(const Grid& lines, int row);
+
+/// Reads lines out of a recordset that has all columns of tblInventoryCountingDetail.
+class StoredLineReader {
+ public:
+  /// Throws DatabaseError when a column is missing.
+  explicit StoredLineReader(const Recordset& records);
+
+  /// The current record of the recordset.
+  [[nodiscard]] StoredLine Line(const Recordset& records) const;
+
+ private:
+  std::size_t barcode_;
+  std::size_t rowNumber_;
+  std::size_t scaleID_;
+  std::array<std::size_t, 5> counts_;
+  std::size_t contradiction_;
+  std::size_t baseValue_;
+};
+
+/// The statement that inserts the line.
+[[nodiscard]] SqlText LineInsert(const StoredLine& line, double countingID);
+
+/// Distinguishes stored lines of a counting: equal lines in equal order have equal digests, and different
+/// ones practically never have.
+class LinesDigest {
+ public:
+  /// Adds the next line by the statement that inserts it, so that numbers compare as they are stored.
+  void Add(const SqlText& insert);
+
+  [[nodiscard]] std::size_t Count() const { return count_; }
+  friend bool operator==(const LinesDigest&, const LinesDigest&) = default;
+
+ private:
+  std::size_t hash_ = 0;
+  std::size_t count_ = 0;
+};
+
+}  // namespace koru
