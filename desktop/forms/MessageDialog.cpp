@@ -93,6 +93,7 @@ void MessageDialog::ClearShow() {
 }
 
 // All widgets below belong to their Qt parents.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
 void MessageDialog::AddTexts(QDialog& dialog, QVBoxLayout& layout) const {
   const QString whole = ToQt(message_);
   const qsizetype gap = whole.indexOf(u'\n');

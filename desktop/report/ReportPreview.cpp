@@ -27,6 +27,7 @@ constexpr int kLongWorkMs = 400;  ///< shorter work shows no progress window
 }  // namespace
 
 // All widgets below belong to their Qt parents.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
 ReportPreview::ReportPreview(std::unique_ptr<const ReportDocument> report, const QString& title,
                              std::function<void(const std::string&)> showFailure, QWidget* parent)
     : QWidget(parent, Qt::Window), report_(std::move(report)), showFailure_(std::move(showFailure)) {

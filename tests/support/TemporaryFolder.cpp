@@ -4,8 +4,6 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "adapters/sqlite/FilePath.h"
-
 namespace koru::test {
 
 TemporaryFolder::TemporaryFolder() {
@@ -23,7 +21,8 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 std::string TemporaryFolder::File(std::string_view name) const {
-  return TextOf(path_ / PathOf(std::string(name)));
+  const std::u8string file = (path_ / std::u8string(name.begin(), name.end())).u8string();
+  return {file.begin(), file.end()};
 }
 
 }  // namespace koru::test
