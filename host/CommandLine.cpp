@@ -132,6 +132,9 @@ koru-counting check --connection TEXT
     مي گويد در پايگاه داده چه چيز درست است و چه چيز كم است.
 koru-counting --help | --version
 
+KORU_LOG=FILE logs every statement, with its typed texts where KORU_LOG_TEXTS=1.
+KORU_LOG=FILE هر دستور پايگاه داده را ثبت مي كند؛ KORU_LOG_TEXTS=1 متن هاي وارد شده را هم.
+
 Exit codes: 0 success, 1 a check failed, 2 an argument, a file or a database cannot be used.
 كد پايان: 0 درست، 1 بررسي نادرست درآمد، 2 ورودي قابل استفاده نبود.
 )";

@@ -12,13 +12,12 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/odbc/OdbcConnector.h"
-#include "adapters/provider/ConnectorByProvider.h"
 #include "adapters/sqlite/FilePath.h"
 #include "adapters/system/TemporaryFolder.h"
 #include "database/sqlserver/CheckDatabase.h"
 #include "database/sqlserver/CopyRows.h"
 #include "database/sqlserver/SqlServerSchema.h"
+#include "host/ProgramConnector.h"
 #include "platform/sql/ConnectionText.h"
 #include "platform/text/Errors.h"
 #include "platform/text/Text.h"
@@ -114,7 +113,7 @@ void MakeSuiteDatabase(const std::string& connectionText, std::optional<SampleSi
   if (EqualsNoCase(ConnectionText::Parse(connectionText).Get("Provider"), "SQLite")) {
     throw InputError("create-schema با ODBC كار مي كند؛ براي پروندة توكار create-sample را به كار ببريد.");
   }
-  const std::unique_ptr<Database> database = OdbcConnector().Connect(connectionText);
+  const std::unique_ptr<Database> database = ProgramConnector()->Connect(connectionText);
   ProgressLine line(report, "جدول ها");
   CreateSqlServerSchema(
       *database, [&](std::size_t done, std::size_t all) { line.Show(static_cast<int>(done * 100 / all)); });
@@ -123,8 +122,8 @@ void MakeSuiteDatabase(const std::string& connectionText, std::optional<SampleSi
 }
 
 bool ReportCheck(const std::string& connectionText, std::ostream& report) {
-  ConnectorByProvider databases;
-  const std::vector<CheckedThing> things = CheckDatabase(databases, connectionText);
+  const std::unique_ptr<DatabaseConnector> databases = ProgramConnector();
+  const std::vector<CheckedThing> things = CheckDatabase(*databases, connectionText);
   for (const CheckedThing& thing : things) {
     report << (thing.ok ? "ok      " : "FAILED  ") << thing.what << ": " << thing.sentence << std::endl;
   }

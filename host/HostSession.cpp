@@ -2,22 +2,10 @@
 
 #include <memory>
 
-#include "adapters/log/LoggedConnector.h"
-#include "adapters/provider/ConnectorByProvider.h"
-#include "host/Environment.h"
+#include "host/ProgramConnector.h"
 #include "platform/text/Text.h"
 
 namespace koru {
-namespace {
-
-/// Makes every database connection of the program.
-std::unique_ptr<DatabaseConnector> ProgramConnector() {
-  return std::make_unique<LoggedConnector>(std::make_unique<ConnectorByProvider>(),
-                                           LogSettingsOfEnvironment());
-}
-
-}  // namespace
-
 HostSession::HostSession(const std::filesystem::path& settings)
     : settings_(IniFile::Read(settings)), suite_(ProgramConnector()) {}
 

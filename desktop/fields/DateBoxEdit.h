@@ -23,7 +23,6 @@ class DateBoxEdit : public QWidget {
   explicit DateBoxEdit(QWidget* parent = nullptr);
 
   void SetDate(std::optional<Date> date);
-  [[nodiscard]] std::optional<Date> ShownDate() const { return date_; }
 
   /// Whether the field shows a text that is not a valid date.
   [[nodiscard]] bool IsMarked() const;

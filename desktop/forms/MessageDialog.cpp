@@ -169,9 +169,9 @@ void MessageDialog::Paint(QDialog& dialog) const {
     style += QStringLiteral(
                  "QPushButton { background: %1; color: %2; border-color: %3; }"
                  "QPushButton:hover { background: %4; }"
-                 "QPushButton:focus { border: 2px solid %5; }")
+                 "QPushButton:focus { border: 2px solid %2; }")
                  .arg(buttonColor_.name(), TextOn(buttonColor_), buttonColor_.darker(130).name(),
-                      buttonColor_.lighter(108).name(), TextOn(buttonColor_));
+                      buttonColor_.lighter(108).name());
   }
   dialog.setStyleSheet(style);
 }

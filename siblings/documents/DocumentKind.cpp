@@ -3,14 +3,20 @@
 namespace koru {
 
 const DocumentKind& ReceiptKind() {
-  static const DocumentKind kind{"tblInventoryReceipt", "tblInventoryReceiptDetail", "ReceiptID",
-                                 "رسيد انبار", "comInvReceipt"};
+  static const DocumentKind kind{.table = "tblInventoryReceipt",
+                                 .lineTable = "tblInventoryReceiptDetail",
+                                 .lineKey = "ReceiptID",
+                                 .name = "رسيد انبار",
+                                 .objectName = "comInvReceipt"};
   return kind;
 }
 
 const DocumentKind& DispatchKind() {
-  static const DocumentKind kind{"tblInventoryDispatch", "tblInventoryDispatchDetail", "DispatchID",
-                                 "خروج انبار", "comInvExit"};
+  static const DocumentKind kind{.table = "tblInventoryDispatch",
+                                 .lineTable = "tblInventoryDispatchDetail",
+                                 .lineKey = "DispatchID",
+                                 .name = "خروج انبار",
+                                 .objectName = "comInvExit"};
   return kind;
 }
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr unsigned kRounds = 120;
 constexpr int kMark = 50;
-constexpr long kMostCalls = 90;  ///< opening included; a kill that comes later never comes
+constexpr long kMaxCalls = 90;  ///< opening included; a kill that comes later never comes
 
 class Kills : public testing::Test {
  protected:
@@ -58,7 +58,7 @@ std::string LinesOf(Work work) {
 bool Kills::Round(unsigned seed) {
   std::mt19937 random(seed);
   const Work work = static_cast<Work>(random() % kWorks);
-  const long moment = 1 + static_cast<long>(random() % kMostCalls);
+  const long moment = 1 + static_cast<long>(random() % kMaxCalls);
   SCOPED_TRACE("seed " + std::to_string(seed) + ": " + NameOf(work) + " killed at call " +
                std::to_string(moment));
   store_.CopyTo(file_);

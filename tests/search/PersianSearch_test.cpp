@@ -58,9 +58,9 @@ TEST_F(PersianGoodSearch, Bounds_count_in_any_digits) {
   EXPECT_EQ(Found(), Texts{"x"});
 }
 
-class PersianCountingSearch : public InvSearchTest {};
+class PersianInvSearch : public InvSearchTest {};
 
-TEST_F(PersianCountingSearch, Either_keyboard_finds_what_the_other_stored) {
+TEST_F(PersianInvSearch, Either_keyboard_finds_what_the_other_stored) {
   if (!database.TakesKeyboardsAsEqual()) GTEST_SKIP() << kKeptApart;
   database.Execute("update tblInventoryCounting set Notes='" + kArabicKeys +
                    "', ManualCode='١٢' where ID=1;" + "update tblInventoryCounting set Notes='" +
@@ -82,7 +82,7 @@ TEST_F(PersianCountingSearch, Either_keyboard_finds_what_the_other_stored) {
   EXPECT_EQ(Found(), (std::vector<int>{1, 2}));
 }
 
-TEST_F(PersianCountingSearch, Numbers_count_in_any_digits) {
+TEST_F(PersianInvSearch, Numbers_count_in_any_digits) {
   form.txtid1.UserType("۱۲");
   EXPECT_EQ(Found(), std::vector<int>{12});
 }
