@@ -25,6 +25,9 @@ class CountingWorld : public testing::Test, public DatabaseFixture {
   void ViewAndEdit(std::int32_t id);
   void Click(Button& button);
   [[nodiscard]] DocumentMode Mode() const { return control.Shared().DocMode; }
+  /// How many statements a command sends to find changes by other stations before it writes: a file knows
+  /// that nobody has written, a server is asked for the header and the lines.
+  [[nodiscard]] int LooksForChangesFirst() const { return database.IsOnServer() ? 2 : 0; }
   [[nodiscard]] std::string Cell(int row, int col) {
     return std::string(Form().flexDetail.TextMatrix(row, col));
   }
