@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -54,6 +56,23 @@ class Database {
   /// Runs `{? = CALL procedure( ?, ... ) }` and returns the procedure's return value. Throws DatabaseError
   /// when the procedure is missing or fails.
   virtual std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) = 0;
+
+  /// Runs statements in order, each as Open does, and passes each result with its index to `take`. A failing
+  /// statement ends the run there: the results before it have been passed on, the statements after it have
+  /// not run, and DatabaseError is thrown with the failing statement. A server may receive the statements
+  /// together; `take` must not use the database.
+  virtual void OpenAll(const std::vector<SqlText>& statements,
+                       const std::function<void(std::size_t, const Recordset&)>& take) {
+    for (std::size_t i = 0; i < statements.size(); ++i) take(i, Open(statements[i]));
+  }
+
+  /// How many statements OpenAll should be given at most, so that progress shows and a cancelled command ends
+  /// soon: 1 where a statement takes no round trip.
+  [[nodiscard]] virtual std::size_t StatementsPerTrip() const { return 1; }
+
+  /// The key that this connection's newest insert gave its row; no value where the database cannot tell.
+  /// Throws DatabaseError.
+  [[nodiscard]] virtual std::optional<std::int64_t> InsertedKey() { return {}; }
 
   /// A number that changes whenever another connection has written, and never by this connection's own
   /// writes; no value where the database cannot tell. Throws DatabaseError.
