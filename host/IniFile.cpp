@@ -128,8 +128,7 @@ void IniFile::Set(std::string_view section, std::string_view key, std::string va
 }
 
 void IniFile::Remove(std::string_view section, std::string_view key) {
-  const auto found = Find(section, key);
-  if (found != lines_.end()) lines_.erase(found);
+  std::erase_if(lines_, [&](const Line& line) { return line.section == section && line.key == key; });
 }
 
 std::string IniFile::PlaceOf(std::string_view section, std::string_view key) const {

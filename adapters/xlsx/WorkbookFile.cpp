@@ -17,10 +17,18 @@ constexpr std::size_t kMinWidth = 6;  ///< in characters
 constexpr std::size_t kMaxWidth = 60;
 constexpr lxw_color_t kHeaderColor = 0xDCE3ED;
 
-/// Whether the text at `at` is what workbooks write for a character by its number: _xHHHH_.
+/// Whether the library writes `c` by its number, as _xHHHH_.
+bool IsWrittenByNumber(char c) {
+  constexpr char kFirstPrintable = ' ';
+  return c >= 0 && c < kFirstPrintable && c != '\t' && c != '\n';
+}
+
+/// Whether the text at `at` is read as a character by its number: _xHHHH_. The last underscore may be that of
+/// a control character, which the library writes by its number.
 bool IsEscape(std::string_view text, std::size_t at) {
-  constexpr std::size_t kSize = 7;
-  if (text.size() - at < kSize || text.substr(at, 2) != "_x" || text[at + kSize - 1] != '_') return false;
+  constexpr std::size_t kLast = 6;
+  if (text.size() - at <= kLast || text.substr(at, 2) != "_x") return false;
+  if (text[at + kLast] != '_' && !IsWrittenByNumber(text[at + kLast])) return false;
   return text.substr(at + 2, 4).find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
 }
 

@@ -21,6 +21,14 @@ std::size_t SequenceLength(unsigned char lead) {
 
 constexpr char32_t kInvalid = 0xFFFD;
 
+/// Whether UTF-8 has `c` in `length` bytes: not a surrogate, not beyond Unicode, not in more bytes than
+/// needed.
+bool IsWellFormed(char32_t c, std::size_t length) {
+  if (length <= 2) return true;  // SequenceLength excludes the lead bytes of longer forms
+  if (length == 3) return c >= 0x800 && (c < 0xD800 || c > 0xDFFF);
+  return c >= 0x10000 && c <= 0x10FFFF;
+}
+
 bool IsDirectionMark(char32_t c) {
   return c == 0x200E || c == 0x200F || c == 0x061C || (c >= 0x202A && c <= 0x202E) ||
          (c >= 0x2066 && c <= 0x2069);
@@ -77,6 +85,10 @@ char32_t NextCharacter(std::string_view text, std::size_t& at) {
       return kInvalid;
     }
     character = (character << 6U) | (static_cast<unsigned char>(text[at + i]) & 0x3FU);
+  }
+  if (!IsWellFormed(character, length)) {
+    ++at;
+    return kInvalid;
   }
   at += length;
   return character;

@@ -70,6 +70,14 @@ TEST_F(IniFileTest, The_same_key_in_another_section_is_another_key) {
   EXPECT_EQ(ini.Get("b", "k"), "2");
 }
 
+TEST_F(IniFileTest, A_key_that_is_written_twice_is_gone_when_it_is_removed) {
+  Write("[a]\nk=1\nj=2\nk=3\n");
+  IniFile ini = IniFile::Read(file_);
+  ini.Remove("a", "k");
+  EXPECT_EQ(ini.Get("a", "k"), std::nullopt);
+  EXPECT_EQ(ini.Get("a", "j"), "2");
+}
+
 TEST_F(IniFileTest, A_broken_line_is_named_with_file_and_line) {
   const std::string name = "پروندة تنظيمات " + LeftToRight(file_.string());
   EXPECT_EQ(ErrorOf("[a]\nx=1\nnonsense\n"), name + "، سطر 3: اين سطر به شكل «نام=مقدار» نيست.");

@@ -87,6 +87,7 @@ TEST_F(ExportedWorkbook, Texts_come_back_letter_for_letter_and_are_never_numbers
                                           std::string("\x01\x1F"),
                                           "_x0041_",
                                           "_x005F_x000a_",
+                                          std::string("_x0041\x02"),
                                           "ي ك ی ک"};
   const auto sheet = NewWorkbook();
   sheet->SetCell(1, 1, "header");

@@ -25,6 +25,20 @@ TEST(Utf16Prefix, Counts_as_the_server_does_and_cuts_no_character) {
   EXPECT_EQ(Utf16Length("a😀ي"), 4U);
 }
 
+TEST(NextCharacter, Reads_no_surrogates_no_longer_forms_and_nothing_beyond_unicode) {
+  for (const std::string_view text :
+       {"\xED\xA0\x80", "\xE0\x80\x80", "\xF0\x80\x80\x80", "\xF4\x90\x80\x80"}) {
+    std::size_t at = 0;
+    EXPECT_EQ(NextCharacter(text, at), 0xFFFDU);
+    EXPECT_EQ(at, 1U);
+  }
+  for (const std::string_view text : {"\xED\x9F\xBF", "\xEE\x80\x80", "\xE0\xA0\x80", "\xF4\x8F\xBF\xBF"}) {
+    std::size_t at = 0;
+    EXPECT_NE(NextCharacter(text, at), 0xFFFDU);
+    EXPECT_EQ(at, text.size());
+  }
+}
+
 TEST(NextCharacter, Reads_broken_bytes_one_by_one) {
   const std::string text = std::string("\xD9") + "a\xFF" + "\xE2\x80";
   std::size_t at = 0;
