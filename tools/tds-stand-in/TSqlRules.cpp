@@ -54,7 +54,7 @@ class Batch {
                                                   [&](const Token& token) { return token.text == text; }));
   }
   /// The place after the parenthesis that closes the one at `at`.
-  [[nodiscard]] std::size_t Behind(std::size_t at) const {
+  [[nodiscard]] std::size_t EndOf(std::size_t at) const {
     int depth = 0;
     for (; at < tokens_.size(); ++at) {
       if (Is(at, "(")) ++depth;
@@ -114,9 +114,9 @@ class Batch {
       std::set<std::size_t> lengths;
       std::size_t rows = 0;
       for (std::size_t row = at + 1; Is(row, "("); ++rows) {
-        const std::size_t behind = Behind(row);
-        lengths.insert(Length(row, behind));
-        row = Is(behind, ",") ? behind + 1 : behind;
+        const std::size_t end = EndOf(row);
+        lengths.insert(Length(row, end));
+        row = Is(end, ",") ? end + 1 : end;
       }
       if (rows == 0) Found("values without rows");
       if (rows > kMaxRows) Found("more than 1000 rows in values");
@@ -128,10 +128,10 @@ class Batch {
   }
 
   /// The number of parts between the parentheses that commas separate.
-  [[nodiscard]] std::size_t Length(std::size_t open, std::size_t behind) const {
+  [[nodiscard]] std::size_t Length(std::size_t open, std::size_t end) const {
     int depth = 0;
     std::size_t commas = 0;
-    for (std::size_t at = open; at < behind; ++at) {
+    for (std::size_t at = open; at < end; ++at) {
       if (Is(at, "(")) ++depth;
       if (Is(at, ")")) --depth;
       if (Is(at, ",") && depth == 1) ++commas;
@@ -150,7 +150,7 @@ class Batch {
     for (std::size_t at = 0; at < tokens_.size(); ++at) {
       if (Is(at, "insert") && Is(at + 1, "into") && Is(at + 2, on)) {
         const auto columns = tokens_.begin() + static_cast<std::ptrdiff_t>(at);
-        const auto end = tokens_.begin() + static_cast<std::ptrdiff_t>(Behind(at + 3));
+        const auto end = tokens_.begin() + static_cast<std::ptrdiff_t>(EndOf(at + 3));
         hasInsert = std::any_of(columns, end, [](const Token& token) { return token.text == "id"; });
       }
       if (!Is(at, "set") || !Is(at + 1, "identity_insert") || at + 3 >= tokens_.size()) continue;
@@ -168,7 +168,7 @@ class Batch {
   }
 
   void CheckTable() {
-    if (!Is(3, "(") || Behind(3) != tokens_.size()) return Found("a table that is not a list of columns");
+    if (!Is(3, "(") || EndOf(3) != tokens_.size()) return Found("a table that is not a list of columns");
     std::size_t identities = 0;
     std::set<std::string> names;
     std::size_t begin = 4;
@@ -194,7 +194,7 @@ class Batch {
     std::size_t at = begin + 2;
     if (Is(begin + 1, "nvarchar")) {
       if (!IsLength(at)) return Found("no length of " + name);
-      at = Behind(at);
+      at = EndOf(at);
     } else if (begin + 1 >= end || !kWhole.contains(tokens_[begin + 1].text)) {
       return Found("no type of the server's: " + name);
     }
@@ -207,7 +207,7 @@ class Batch {
       } else if (Is(at, "identity")) {
         ++identities;
         if (!Is(begin + 1, "int") || !isNotNull) Found("an identity that is no whole number: " + name);
-        at = Behind(at + 1) - 1;
+        at = EndOf(at + 1) - 1;
       } else if (Is(at, "primary")) {
         if (!isNotNull) Found("a key that may be NULL: " + name);
         ++at;

@@ -36,8 +36,8 @@ std::string Ended(End end, Status status, std::uint64_t rows = 0) {
   return Byte(end) + Little(status, 2) + Little(0, 2) + Little(rows, 8);
 }
 
-Status With(Status status, Behind behind) {
-  return behind == Behind::More ? static_cast<Status>(status | kMore) : status;
+Status With(Status status, MoreResults more) {
+  return more == MoreResults::Yes ? static_cast<Status>(status | kMore) : status;
 }
 
 /// One column of a selection: how its type and its values are written.
@@ -120,24 +120,24 @@ std::string SignedInReply() {
   return Byte(kSignedIn) + Little(body.size(), 2) + body + Ended(kDone, kFinal);
 }
 
-std::string DoneReply(std::optional<std::uint64_t> written, Behind behind) {
-  return Ended(kDone, With(written ? kCounted : kFinal, behind), written.value_or(0));
+std::string DoneReply(std::optional<std::uint64_t> written, MoreResults more) {
+  return Ended(kDone, With(written ? kCounted : kFinal, more), written.value_or(0));
 }
 
 std::string ReturnedReply(std::int32_t value) {
   return Byte(kReturnValue) + Little(static_cast<std::uint32_t>(value), 4) + Ended(kProcedureDone, kFinal);
 }
 
-std::string RefusedReply(std::int32_t number, const std::string& text, Behind behind) {
+std::string RefusedReply(std::int32_t number, const std::string& text, MoreResults more) {
   const std::string wide = Wide(Utf16Prefix(text, kMaxMessageLength));
   const std::string body = Little(static_cast<std::uint32_t>(number), 4) + std::string("\x01\x10", 2) +
                            Little(wide.size() / 2, 2) + wide + std::string(2, '\0') + Little(1, 4);
-  return Byte(kError) + Little(body.size(), 2) + body + Ended(kDone, With(kFailed, behind));
+  return Byte(kError) + Little(body.size(), 2) + body + Ended(kDone, With(kFailed, more));
 }
 
 std::string CancelledReply() { return Ended(kDone, kCancelled); }
 
-std::string RowsReply(const Recordset& rows, Behind behind) {
+std::string RowsReply(const Recordset& rows, MoreResults more) {
   std::vector<Column> columns;
   for (std::size_t place = 0; place < rows.Columns().size(); ++place) columns.emplace_back(rows, place);
   std::string reply = Byte(kColumns) + Little(columns.size(), 2);
@@ -146,7 +146,7 @@ std::string RowsReply(const Recordset& rows, Behind behind) {
     reply += Byte(kRow);
     for (const Column& column : columns) reply += column.Written(rows, row);
   }
-  return reply + Ended(kDone, With(kCounted, behind), rows.RecordCount());
+  return reply + Ended(kDone, With(kCounted, more), rows.RecordCount());
 }
 
 }  // namespace koru::test

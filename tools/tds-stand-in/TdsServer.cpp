@@ -31,7 +31,7 @@ int Listen(const Socket& listener) {
 }
 
 /// The reply to success.
-std::string Success(std::uint8_t type, const Answer& answer, Behind behind) {
+std::string Success(std::uint8_t type, const Answer& answer, MoreResults more) {
   switch (type) {
     case TdsMessage::Greeting:
       return GreetingReply();
@@ -42,19 +42,19 @@ std::string Success(std::uint8_t type, const Answer& answer, Behind behind) {
     case TdsMessage::Cancel:
       return CancelledReply();
     default:
-      return DoneReply(answer.written, behind);
+      return DoneReply(answer.written, more);
   }
 }
 
 /// The reply for an answer to a message of that type; no value for Silence and Close.
-std::string Said(std::uint8_t type, const Answer& answer, Behind behind) {
+std::string Said(std::uint8_t type, const Answer& answer, MoreResults more) {
   switch (answer.kind) {
     case Answer::Kind::Done:
-      return Success(type, answer, behind);
+      return Success(type, answer, more);
     case Answer::Kind::Rows:
-      return RowsReply(answer.rows, behind);
+      return RowsReply(answer.rows, more);
     case Answer::Kind::Refusal:
-      return RefusedReply(answer.number, answer.text, behind);
+      return RefusedReply(answer.number, answer.text, more);
     case Answer::Kind::Silence:
     case Answer::Kind::Close:
       break;
@@ -65,7 +65,7 @@ std::string Said(std::uint8_t type, const Answer& answer, Behind behind) {
 std::string Said(std::uint8_t type, const std::vector<Answer>& answers) {
   std::string said;
   for (const Answer& answer : answers) {
-    said += Said(type, answer, &answer == &answers.back() ? Behind::Nothing : Behind::More);
+    said += Said(type, answer, &answer == &answers.back() ? MoreResults::No : MoreResults::Yes);
   }
   return said;
 }
