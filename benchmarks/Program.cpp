@@ -8,7 +8,7 @@
 namespace koru::bench {
 
 Program::Program(const std::string& file, std::int32_t counting, const std::string& workbooks)
-    : spreadsheets_({.folder = workbooks, .open = Opened, .tell = {}}, clock_) {
+    : spreadsheets_({.folder = workbooks, .open = Opened, .showMessage = {}}, clock_) {
   RegisterWindows(screen_, records_);
   RegisterDesktopComponents(components_, databases_);
   messages_.RegisterIn(components_);

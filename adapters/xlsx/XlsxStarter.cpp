@@ -86,18 +86,19 @@ class XlsxWorkbook : public Spreadsheet {
 
   void LeaveOpen() override {
     const std::string path = TextOf(Write());
-    TellOfCutTexts();
+    ReportCutTexts();
     if (place_.open && place_.open(path)) return;
-    if (place_.tell) place_.tell("پروندة اكسل ساخته شد، ولي برنامه اي آن را باز نكرد: " + LeftToRight(path));
+    if (place_.showMessage)
+      place_.showMessage("پروندة اكسل ساخته شد، ولي برنامه اي آن را باز نكرد: " + LeftToRight(path));
   }
 
  private:
-  void TellOfCutTexts() const {
-    if (cut_.empty() || !place_.tell) return;
+  void ReportCutTexts() const {
+    if (cut_.empty() || !place_.showMessage) return;
     const auto& [row, col] = *cut_.begin();
-    place_.tell("متن " + std::to_string(cut_.size()) + " خانه بلندتر از " + std::to_string(kMaxCellLength) +
-                " نويسه بود و بريده شد؛ نخستين آنها در سطر " + std::to_string(row) + " و ستون " +
-                std::to_string(col) + " است.");
+    place_.showMessage("متن " + std::to_string(cut_.size()) + " خانه بلندتر از " +
+                       std::to_string(kMaxCellLength) + " نويسه بود و بريده شد؛ نخستين آنها در سطر " +
+                       std::to_string(row) + " و ستون " + std::to_string(col) + " است.");
   }
 
   [[nodiscard]] fs::path Write() const {

@@ -17,7 +17,7 @@ struct XlsxPlace {
   std::function<bool(const std::string& path)> open;
   /// Shows the user one sentence; called when texts were cut and when a finished workbook could not be
   /// opened. May be empty.
-  std::function<void(const std::string& sentence)> tell;
+  std::function<void(const std::string& sentence)> showMessage;
 };
 
 /// Writes workbooks (.xlsx) instead of running a spreadsheet program. Each workbook is a new file named after

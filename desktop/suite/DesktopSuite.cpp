@@ -17,7 +17,7 @@ XlsxPlace PlaceOfWorkbooks(const Messages& messages) {
   place.open = [](const std::string& path) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(path)));
   };
-  place.tell = [&messages](const std::string& sentence) {
+  place.showMessage = [&messages](const std::string& sentence) {
     messages.ShowMessage(sentences::kWarning, sentence);
   };
   return place;

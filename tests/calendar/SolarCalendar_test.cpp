@@ -32,7 +32,7 @@ SolarDate ByToolkit(Date date) {
 
 Date NewYear(int year) { return ToGregorian({year, 1, 1}); }
 
-TEST(SolarCalendar, Every_day_of_1277_to_1435_is_that_of_the_toolkits_calendar) {
+TEST(SolarCalendar, Every_date_of_1277_to_1435_is_that_of_the_toolkits_calendar) {
   const sys_days end = sys_days{NewYear(kLastCommonYear + 1)};
   int days = 0;
   for (sys_days day = sys_days{NewYear(kFirstCommonYear)}; day < end; day += std::chrono::days{1}, ++days) {

@@ -98,7 +98,7 @@ TEST_P(DatabaseContract, The_largest_keys_come_back_whole) {
   EXPECT_EQ(Open(SqlText("select max(ID) as MaxID from tblUser")).Field("MaxID").Integer(), 2147483647);
 }
 
-TEST_P(DatabaseContract, Days_come_back_as_year_month_day) {
+TEST_P(DatabaseContract, Dates_come_back_as_year_month_day) {
   Open(SqlText("insert into tblInventoryCounting (CreateDate,FromDate) values ('2024-03-02',NULL)"));
   const Recordset records = Open(SqlText("select CreateDate,FromDate from tblInventoryCounting"));
   EXPECT_EQ(records.Field("CreateDate").Text(), "2024-03-02");

@@ -73,9 +73,9 @@ TEST_F(AddingGoods, Into_an_empty_counting_asks_nothing_and_adds_what_was_found)
       statements.end());
 }
 
-TEST_F(AddingGoods, Tells_how_many_lines_came_and_nothing_of_a_search_that_was_not_made) {
-  std::string told;
-  Form().GoodsAdded.Always([&](int added) { told += std::to_string(added) + " "; });
+TEST_F(AddingGoods, Reports_the_number_of_added_lines_and_nothing_for_a_cancelled_search) {
+  std::string reported;
+  Form().GoodsAdded.Always([&](int added) { reported += std::to_string(added) + " "; });
   Click(Form().cmdGoods);
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdGoods);
@@ -84,7 +84,7 @@ TEST_F(AddingGoods, Tells_how_many_lines_came_and_nothing_of_a_search_that_was_n
   messages.WillAnswer(Answer::Yes);
   person = [](frmGoodSearch& form) { form.cmdNewSearch.UserClick(); };
   Click(Form().cmdGoods);
-  EXPECT_EQ(told, "3 0 ");
+  EXPECT_EQ(reported, "3 0 ");
 }
 
 TEST_F(AddingGoods, A_good_with_book_stock_starts_as_a_shortage_of_all_of_it) {
@@ -126,7 +126,7 @@ TEST_F(AddingGoods, To_lines_that_are_there_asks_first_and_only_no_stops_it) {
   EXPECT_EQ(Barcodes(), "G1 G2 G3 ");
 }
 
-TEST_F(AddingGoods, A_good_that_is_there_keeps_its_counts) {
+TEST_F(AddingGoods, A_good_that_has_a_line_keeps_its_counts) {
   Click(Form().cmdGoods);
   Form().flexDetail.UserEdit(1, 9, "4");
   messages.WillAnswer(Answer::Yes);

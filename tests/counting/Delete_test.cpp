@@ -8,7 +8,7 @@ namespace {
 using Delete = CountingWorld;
 using Answer = FakeMessages::Answer;
 
-TEST_F(Delete, A_temporary_counting_goes_lines_first) {
+TEST_F(Delete, A_temporary_counting_is_deleted_lines_first) {
   View(10);
   NewStatements();
   messages.WillAnswer(Answer::Yes);

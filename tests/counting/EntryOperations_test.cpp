@@ -90,7 +90,7 @@ TEST_F(EntryOperations, ClearShow_without_right_806_shows_a_message_and_no_form)
   EXPECT_TRUE(control.View(10)) << "opening a stored counting needs no right";
 }
 
-TEST_F(EntryOperations, The_person_selectors_get_the_controls_connection) {
+TEST_F(EntryOperations, Person_selectors_get_the_connection_of_the_control) {
   control.View(10);
   for (const PersonSelector* person :
        {&Form().mptCounter1, &Form().mptCounter2, &Form().mptCounter3, &Form().mptConfirmer}) {

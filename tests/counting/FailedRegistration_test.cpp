@@ -10,7 +10,7 @@ using Answer = FakeMessages::Answer;
 
 /// What a user does after a registration that failed: one that has got its number is returned first, for
 /// only then the form offers it for registration again.
-TEST_F(FailedRegistration, At_any_statement_can_be_completed_by_the_person_and_numbers_stay_1_to_n) {
+TEST_F(FailedRegistration, At_any_statement_can_be_completed_by_the_user_and_numbers_stay_1_to_n) {
   ViewAndEdit(10);
   Form().Timer1.Fire();
   failing.Plan().FailAt(0);

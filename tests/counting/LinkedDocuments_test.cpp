@@ -51,7 +51,7 @@ TEST_F(LinkedDocuments, A_link_to_a_deleted_document_is_none) {
   EXPECT_EQ(NewMessages(), Texts{"برگه خروجي از روي اين شمارش صادر نشده است."});
 }
 
-TEST_F(LinkedDocuments, In_a_suite_without_the_component_the_person_is_told) {
+TEST_F(LinkedDocuments, In_a_suite_without_the_component_the_user_gets_a_message) {
   components.Unregister("comInventoryExit.comInvExit");
   View(11);
   Click(Form().cmdInvExit);

@@ -21,7 +21,7 @@ class LostFile : public CountingWorld {
   }
   void MoveAway() const { std::filesystem::rename(file_, file_ + ".away"); }
   void PutBack() const { std::filesystem::rename(file_ + ".away", file_); }
-  void ExpectIsToldAndKeepsWhatWasTyped(Button& command) {
+  void ExpectReportedAndTypedTextKept(Button& command) {
     Form().Timer1.Fire();
     Click(command);
     const Texts shown = NewMessages();
@@ -39,15 +39,15 @@ class LostFile : public CountingWorld {
   const std::string file_ = ConnectionText::Parse(database.ConnectionText()).Get("Data Source");
 };
 
-TEST_F(LostFile, A_save_and_a_registration_tell_it_and_keep_what_was_typed) {
+TEST_F(LostFile, A_save_and_a_registration_report_it_and_keep_what_was_typed) {
   MoveAway();
-  ExpectIsToldAndKeepsWhatWasTyped(Form().cmdTmpSave);
-  ExpectIsToldAndKeepsWhatWasTyped(Form().cmdIsFinalized);
+  ExpectReportedAndTypedTextKept(Form().cmdTmpSave);
+  ExpectReportedAndTypedTextKept(Form().cmdIsFinalized);
 }
 
 TEST_F(LostFile, Once_it_is_back_the_same_save_is_done) {
   MoveAway();
-  ExpectIsToldAndKeepsWhatWasTyped(Form().cmdTmpSave);
+  ExpectReportedAndTypedTextKept(Form().cmdTmpSave);
   PutBack();
   Click(Form().cmdTmpSave);
   EXPECT_EQ(NewMessages(), Texts{});
@@ -61,7 +61,7 @@ TEST_F(LostFile, When_nothing_of_a_save_could_be_kept_the_counting_is_still_bein
   const auto moving = Form().pgbStatus.StateChanged.Subscribe([this] {
     if (Form().pgbStatus.Value() == 2 && std::filesystem::exists(file_)) MoveAway();
   });
-  ExpectIsToldAndKeepsWhatWasTyped(Form().cmdTmpSave);
+  ExpectReportedAndTypedTextKept(Form().cmdTmpSave);
   EXPECT_FALSE(Form().txtNotes.Locked());
 }
 

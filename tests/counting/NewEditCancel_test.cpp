@@ -88,7 +88,7 @@ TEST_F(NewEditCancel, Cancel_restores_a_store_that_was_changed_without_asking_ab
   EXPECT_EQ(NewMessages(), Texts{kAreYouSure});
 }
 
-TEST_F(NewEditCancel, Cancel_of_a_new_counting_empties_the_form_and_goes_to_Exit) {
+TEST_F(NewEditCancel, Cancel_of_a_new_counting_empties_the_form_and_moves_to_Exit) {
   control.ClearShow();
   Click(Form().cmdNew);
   messages.WillAnswer(Answer::Yes);
@@ -196,7 +196,7 @@ TEST_F(NewEditCancel, Without_the_message_component_a_refused_command_ends_quiet
   EXPECT_FALSE(control.View(999));
 }
 
-TEST_F(NewEditCancel, A_database_failure_in_a_command_is_told_and_the_form_stays_usable) {
+TEST_F(NewEditCancel, A_database_failure_in_a_command_is_reported_and_the_form_stays_usable) {
   View(10);
   failing.Plan().FailAt(1);
   Click(Form().cmdEdit);

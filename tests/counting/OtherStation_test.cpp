@@ -175,9 +175,9 @@ TEST_F(OtherStation, A_counting_that_another_one_has_registered_is_not_opened_fo
   View(10);
   RegisterIt();
   Click(Form().cmdEdit);
-  const Texts told = NewMessages();
-  ASSERT_EQ(told.size(), 2U);
-  EXPECT_EQ(told[1], "اين شمارش ثبت نهايي شده است و نميتوان آن را اصلاح نمود.");
+  const Texts shown = NewMessages();
+  ASSERT_EQ(shown.size(), 2U);
+  EXPECT_EQ(shown[1], "اين شمارش ثبت نهايي شده است و نميتوان آن را اصلاح نمود.");
   EXPECT_EQ(Mode(), DocumentMode::Viewing);
   EXPECT_EQ(Form().txtCode.Text(), "2");
 }
@@ -187,9 +187,9 @@ TEST_F(OtherStation, A_counting_that_another_one_has_registered_is_not_deleted) 
   RegisterIt();
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdDelete);
-  const Texts told = NewMessages();
-  ASSERT_EQ(told.size(), 2U);
-  ExpectAsked(told[1], {"با شماره 2 ثبت نهايي شده است"});
+  const Texts shown = NewMessages();
+  ASSERT_EQ(shown.size(), 2U);
+  ExpectAsked(shown[1], {"با شماره 2 ثبت نهايي شده است"});
   EXPECT_EQ(LinesOf10(), "2");
   EXPECT_EQ(Mode(), DocumentMode::Viewing);
 }
@@ -251,14 +251,14 @@ TEST_F(OtherStationReturns, What_another_one_has_returned_moves_no_other_number)
       "update tblInventoryCounting set Code=null where ID=10;"
       "update tblInventoryCounting set Code=Code-1 where Code>2");
   Return();
-  const Texts told = NewMessages();
-  ASSERT_EQ(told.size(), 2U);
-  ExpectAsked(told[1], {"2", "برداشته شد"});
+  const Texts shown = NewMessages();
+  ASSERT_EQ(shown.size(), 2U);
+  ExpectAsked(shown[1], {"2", "برداشته شد"});
   EXPECT_EQ(Codes(), "11|1\n13|2\n");
   EXPECT_EQ(Form().txtCode.Text(), "");
 }
 
-TEST_F(OtherStationReturns, A_number_that_was_never_stored_goes_without_moving_others) {
+TEST_F(OtherStationReturns, A_number_that_was_never_stored_is_removed_without_moving_others) {
   database.Execute("update tblInventoryCounting set Code=null where ID in (10,13)");
   ViewAndEdit(10);
   Form().Timer1.Fire();
@@ -300,10 +300,10 @@ TEST_F(UnwritableTexts, A_barcode_with_an_apostrophe_loses_no_stored_line) {
   for (Button* command : {&Form().cmdTmpSave, &Form().cmdIsFinalized}) {
     NewMessages();
     Click(*command);
-    const Texts told = NewMessages();
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_NE(told[0].find("رديف 3"), std::string::npos) << told[0];
-    EXPECT_NE(told[0].find("كد ميله\u200cاي"), std::string::npos) << told[0];
+    const Texts shown = NewMessages();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_NE(shown[0].find("رديف 3"), std::string::npos) << shown[0];
+    EXPECT_NE(shown[0].find("كد ميله\u200cاي"), std::string::npos) << shown[0];
     EXPECT_EQ(database.Scalar("select count(*) from tblInventoryCountingDetail where CountingID=10"), "3");
     EXPECT_EQ(Mode(), DocumentMode::Editing);
     EXPECT_EQ(Form().txtCode.Text(), "");

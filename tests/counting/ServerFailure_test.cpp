@@ -163,7 +163,7 @@ TEST_F(ServerFailure, A_server_that_is_not_there_is_named_to_the_host) {
   EXPECT_TRUE(OnServer().Visible());
 }
 
-TEST_F(ServerFailure, A_refused_sign_in_is_told_to_the_host_and_the_next_opening_tries_again) {
+TEST_F(ServerFailure, A_refused_sign_in_is_reported_to_the_host_and_the_next_opening_tries_again) {
   RefuseSignIns(true);
   Start();
   try {
@@ -188,7 +188,7 @@ TEST_F(ServerFailure, A_server_that_falls_silent_in_the_middle_of_a_save_loses_n
   EXPECT_EQ(OnServer().lblIDVal.Caption(), "17");
   EXPECT_EQ(TimesSent(kSecondLine), 1);
   EXPECT_EQ(TimesSent("'300'"), 0) << "nothing is sent after the failure";
-  EXPECT_EQ(server->SignIns(), 1) << "nobody connects before the person does something";
+  EXPECT_EQ(server->SignIns(), 1) << "nobody connects before the user does something";
 
   AnsweringAgain();
   Click(OnServer().cmdEdit);
@@ -196,7 +196,7 @@ TEST_F(ServerFailure, A_server_that_falls_silent_in_the_middle_of_a_save_loses_n
   EXPECT_EQ(TimesSent(kSecondLine), 1);
   Click(OnServer().cmdTmpSave);
   EXPECT_EQ(NewMessages(), Texts{});
-  EXPECT_EQ(TimesSent(kSecondLine), 2) << "once more, for the person has saved once more";
+  EXPECT_EQ(TimesSent(kSecondLine), 2) << "once more, for the user has saved once more";
   EXPECT_EQ(TimesSent("insert into tblInventoryCounting "), 1) << "the counting itself is not stored twice";
   EXPECT_EQ(TimesSent("'300'"), 1);
   ExpectAllIsThere();
@@ -239,7 +239,7 @@ TEST_F(ServerFailure, A_server_that_is_gone_when_a_save_begins_is_named_each_tim
   EXPECT_EQ(ModeOnServer(), DocumentMode::New);
 }
 
-TEST_F(ServerFailure, A_password_that_was_changed_meanwhile_is_told_when_the_form_connects_again) {
+TEST_F(ServerFailure, A_password_that_was_changed_meanwhile_is_reported_when_the_form_connects_again) {
   OpenForm();
   EnterCounting();
   RefuseSignIns(true);

@@ -13,14 +13,14 @@ namespace {
 class MediumSample : public testing::Test {
  protected:
   MediumSample() {
-    CreateSample(file_, SampleSize::Medium, [this](int percent) { told_.push_back(percent); });
+    CreateSample(file_, SampleSize::Medium, [this](int percent) { reported_.push_back(percent); });
   }
   std::int64_t Number(const std::string& sql) {
     return SqliteConnection(file_, SqliteConnection::Mode::Existing, std::chrono::seconds(0)).Number(sql);
   }
   TemporaryFolder folder_;
   std::string file_ = folder_.File("medium.koru");
-  std::vector<int> told_;
+  std::vector<int> reported_;
 };
 
 TEST_F(MediumSample, Holds_a_tenth_of_the_largest_counting_and_of_what_it_is_calculated_from) {
@@ -64,12 +64,12 @@ TEST_F(MediumSample, Its_counting_says_what_its_documents_say) {
       0);
 }
 
-TEST_F(MediumSample, Is_sound_has_all_indexes_and_tells_its_progress) {
+TEST_F(MediumSample, Is_sound_has_all_indexes_and_reports_its_progress) {
   EXPECT_EQ(Number("select integrity_check = 'ok' from pragma_integrity_check"), 1);
   EXPECT_EQ(Number("select count(*) from sqlite_schema where type = 'index' and name like 'ix%'"), 9);
-  EXPECT_EQ(told_.front(), 0);
-  EXPECT_EQ(told_.back(), 100);
-  EXPECT_TRUE(std::is_sorted(told_.begin(), told_.end()));
+  EXPECT_EQ(reported_.front(), 0);
+  EXPECT_EQ(reported_.back(), 100);
+  EXPECT_TRUE(std::is_sorted(reported_.begin(), reported_.end()));
 }
 
 }  // namespace

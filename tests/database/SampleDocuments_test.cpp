@@ -26,7 +26,7 @@ TEST_F(SampleDocuments, Registered_ones_carry_the_codes_1_to_n) {
   }
 }
 
-TEST_F(SampleDocuments, Every_day_stands_beside_its_Solar_Hijri_text) {
+TEST_F(SampleDocuments, Every_date_is_stored_with_its_Solar_Hijri_text) {
   const std::string twins =
       "select CreateDate, FarsiCreateDate from tblInventoryCounting"
       " union select FromDate, FarsiFromDate from tblInventoryCounting"

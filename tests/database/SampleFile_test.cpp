@@ -28,14 +28,14 @@ TEST(SampleFile, Is_the_same_every_time_it_is_made) {
   EXPECT_TRUE(one == BytesOf(folder.File("two")));
 }
 
-TEST(SampleFile, Never_replaces_a_file_that_is_there) {
+TEST(SampleFile, Never_replaces_an_existing_file) {
   const TemporaryFolder folder;
   std::ofstream(folder.File("mine")) << "my own";
   EXPECT_THROW(CreateSample(folder.File("mine"), {}), InputError);
   EXPECT_EQ(BytesOf(folder.File("mine")), "my own");
 }
 
-TEST(SampleFile, Leaves_nothing_behind_when_it_is_broken_off) {
+TEST(SampleFile, Leaves_no_file_when_it_is_interrupted) {
   const TemporaryFolder folder;
   const SampleProgress stop = [](int percent) {
     if (percent > 30) throw std::runtime_error("stop");
@@ -44,14 +44,14 @@ TEST(SampleFile, Leaves_nothing_behind_when_it_is_broken_off) {
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
-TEST(SampleFile, Tells_its_progress_from_0_to_100) {
+TEST(SampleFile, Reports_its_progress_from_0_to_100) {
   const TemporaryFolder folder;
-  std::vector<int> told;
-  CreateSample(folder.File("sample"), [&told](int percent) { told.push_back(percent); });
-  ASSERT_GE(told.size(), 3U);
-  EXPECT_EQ(told.front(), 0);
-  EXPECT_EQ(told.back(), 100);
-  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+  std::vector<int> reported;
+  CreateSample(folder.File("sample"), [&reported](int percent) { reported.push_back(percent); });
+  ASSERT_GE(reported.size(), 3U);
+  EXPECT_EQ(reported.front(), 0);
+  EXPECT_EQ(reported.back(), 100);
+  EXPECT_TRUE(std::is_sorted(reported.begin(), reported.end()));
 }
 
 TEST_F(SampleTest, Is_a_sound_database) { EXPECT_EQ(Text("pragma integrity_check"), "ok"); }

@@ -135,7 +135,7 @@ TEST_F(ProgramTest, The_check_of_a_file_names_what_is_missing) {
   EXPECT_TRUE(outcome.out.ends_with("\n2 مورد درست نيست.\n")) << outcome.out;
 }
 
-TEST_F(ProgramTest, A_damaged_settings_file_is_set_aside_and_told_and_the_program_starts) {
+TEST_F(ProgramTest, A_damaged_settings_file_is_set_aside_and_reported_and_the_program_starts) {
   // The database that is not there ends the program after its start.
   const auto start = [this] { return Run("--database none.db", "QT_QPA_PLATFORM=offscreen"); };
   const std::string unreadable = "[comInvCounting]\nUserID=three\n";
@@ -155,7 +155,7 @@ TEST_F(ProgramTest, A_damaged_settings_file_is_set_aside_and_told_and_the_progra
   EXPECT_NE(outcome.error.find("none.db"), std::string::npos) << outcome.error;
   EXPECT_EQ(Text("config/koru-counting/koru-counting.ini.damaged"), unreadable) << "none is written over";
   EXPECT_EQ(Text("config/koru-counting/koru-counting.ini.damaged-2"), nonsense);
-  EXPECT_EQ(start().error.find("damaged"), std::string::npos) << "told once";
+  EXPECT_EQ(start().error.find("damaged"), std::string::npos) << "reported once";
 }
 
 TEST_F(ProgramTest, A_database_that_cannot_be_used_is_named_and_not_remembered) {

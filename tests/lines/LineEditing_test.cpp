@@ -214,16 +214,16 @@ TEST_F(LineEditingTest, An_empty_line_is_deleted_without_a_question_in_every_mod
   }
 }
 
-TEST_F(LineEditingTest, An_empty_line_goes_when_the_person_moves_to_another) {
+TEST_F(LineEditingTest, An_empty_line_is_removed_when_the_user_moves_to_another) {
   form.AddLine("");
   form.AddLine("4003");
   form.flexDetail.SetCurrent(2, LineColumn::Barcode);
   form.flexDetail.UserMoveTo(3, LineColumn::FirstCounting);
   EXPECT_EQ(form.Column(LineColumn::Barcode), (Texts{"4001", "4003"}));
-  EXPECT_EQ(form.flexDetail.Row(), 2) << "on the line that the person went to";
+  EXPECT_EQ(form.flexDetail.Row(), 2) << "on the line that the user moved to";
 }
 
-TEST_F(LineEditingTest, What_is_typed_behind_an_empty_line_is_kept_when_that_line_goes) {
+TEST_F(LineEditingTest, What_is_typed_after_an_empty_line_is_kept_when_that_line_is_removed) {
   form.AddLine("");
   form.AddLine("4003");
   form.flexDetail.SetCurrent(2, LineColumn::Barcode);
@@ -231,7 +231,7 @@ TEST_F(LineEditingTest, What_is_typed_behind_an_empty_line_is_kept_when_that_lin
   EXPECT_EQ(form.Column(LineColumn::FirstCounting), (Texts{"", "11"}));
 }
 
-TEST_F(LineEditingTest, Figures_that_come_as_a_block_are_summed_once_behind_the_last) {
+TEST_F(LineEditingTest, Numbers_pasted_as_a_batch_are_summed_once_after_the_last) {
   form.AddLine("4002");
   for (int row = 1; row <= 2; ++row) form.flexDetail.SetTextMatrix(row, LineColumn::Rate, "2");
   Texts sums;
@@ -248,7 +248,7 @@ TEST_F(LineEditingTest, Figures_that_come_as_a_block_are_summed_once_behind_the_
   EXPECT_EQ(form.Column(LineColumn::CountedAmount), (Texts{"10", "10"}));
 }
 
-TEST_F(LineEditingTest, Numbers_sums_and_stripes_follow_a_line_that_goes_by_itself) {
+TEST_F(LineEditingTest, Numbers_sums_and_stripes_follow_the_removal_of_an_empty_line) {
   form.AddLine("");
   form.AddLine("4003");
   for (int row = 1; row <= 3; ++row) {
@@ -261,13 +261,13 @@ TEST_F(LineEditingTest, Numbers_sums_and_stripes_follow_a_line_that_goes_by_itse
   EXPECT_EQ(form.flexDetail.RowBackColor(2), 0xEEE2DFU);
 }
 
-TEST_F(LineEditingTest, An_empty_line_goes_when_the_person_leaves_the_grid) {
+TEST_F(LineEditingTest, An_empty_line_is_removed_when_the_user_leaves_the_grid) {
   form.flexDetail.SetCurrent(form.AddLine(""), LineColumn::Barcode);
   form.flexDetail.UserLeave();
   EXPECT_EQ(form.Column(LineColumn::Barcode), Texts{"4001"});
 }
 
-TEST_F(LineEditingTest, A_line_with_a_barcode_stays_when_the_person_goes_on) {
+TEST_F(LineEditingTest, A_line_with_a_barcode_stays_when_the_user_moves_on) {
   form.AddLine(" ");
   form.flexDetail.SetCurrent(2, LineColumn::Barcode);
   form.flexDetail.UserMoveTo(1, LineColumn::Barcode);

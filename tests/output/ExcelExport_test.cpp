@@ -107,7 +107,7 @@ TEST_F(ExportingTheGrid, A_long_export_shows_how_far_it_is_and_the_hourglass) {
   EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
 }
 
-TEST_F(ExportingTheGrid, A_missing_program_or_a_full_disk_is_the_callers_to_tell) {
+TEST_F(ExportingTheGrid, A_missing_program_or_a_full_disk_is_thrown_to_the_caller) {
   form.flexDetail.AddItem("1");
   desk.missing = true;
   EXPECT_THROW(excel.Run(), InputError);

@@ -208,7 +208,7 @@ TEST_F(ViewingAReport, A_report_that_fails_leaves_the_form_ready_and_the_pointer
   EXPECT_EQ(screen.CurrentCursor(), Cursor::Normal);
 }
 
-TEST_F(ViewingAReport, A_database_failure_in_the_chooser_is_told_there_and_chooses_nothing) {
+TEST_F(ViewingAReport, A_database_failure_in_the_chooser_is_reported_there_and_chooses_nothing) {
   screen.OnModal = [this](Form& shown) {
     failing.Plan().FailAt(1);
     dynamic_cast<frmReport&>(shown).cmdPrint.UserClick();

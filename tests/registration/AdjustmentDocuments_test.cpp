@@ -128,7 +128,7 @@ TEST_F(Adjustment, Blanks_around_a_stored_barcode_are_not_copied) {
   EXPECT_EQ(DispatchLines(), Texts{"1|100|2|4|2|"});
 }
 
-TEST_F(Adjustment, Without_store_and_date_the_documents_have_none_but_their_day_of_making_is_empty_text) {
+TEST_F(Adjustment, Without_store_and_date_the_documents_have_none_but_their_create_date_is_empty_text) {
   form.gmpInventory.ClearSelection();
   form.gdpReceiveDate.Clear();
   StoreLine(1, "100", "-2");

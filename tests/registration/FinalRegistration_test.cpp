@@ -130,7 +130,7 @@ TEST_F(Registration, Counting_number_and_documents_reach_the_disk_together) {
   EXPECT_EQ(Rows("select Code, ReceiptID from tblInventoryCounting"), Texts{"1|1"});
 }
 
-TEST_F(Registration, A_user_without_the_right_is_told_so_and_nothing_is_written) {
+TEST_F(Registration, A_user_without_the_right_gets_a_message_and_nothing_is_written) {
   Revoke(80606);
   FillHeader();
   shared.DocMode = DocumentMode::New;

@@ -178,7 +178,7 @@ TEST_F(HostileText, A_stored_barcode_of_a_surplus_is_copied_or_refused) {
   }
 }
 
-TEST_F(HostileText, A_character_0_is_refused_wherever_it_stands) {
+TEST_F(HostileText, A_character_0_is_refused_in_every_field) {
   const std::string text("a\0b", 3);
   const std::string before = Dump();
   form.txtNotes.SetText(text);

@@ -127,7 +127,7 @@ TEST_F(Returning, A_temporary_counting_is_left_alone_without_a_word) {
   EXPECT_EQ(Dump(), before);
 }
 
-TEST_F(Returning, A_user_without_the_right_is_told_so_even_on_a_temporary_counting) {
+TEST_F(Returning, A_user_without_the_right_gets_a_message_even_on_a_temporary_counting) {
   Revoke(80607);
   View("5", "");
   Return();

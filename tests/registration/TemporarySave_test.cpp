@@ -80,7 +80,7 @@ TEST_F(TemporarySaving, Boxes_and_selectors_without_a_choice_are_written_as_NULL
       "FromDate=NULL,FarsiFromDate=NULL,ToDate=NULL,FarsiToDate=NULL,Notes='',ManualCode='1' where id=1");
 }
 
-TEST_F(TemporarySaving, A_user_without_the_right_is_told_so_and_nothing_is_written) {
+TEST_F(TemporarySaving, A_user_without_the_right_gets_a_message_and_nothing_is_written) {
   Revoke(80605);
   FillHeader();
   shared.DocMode = DocumentMode::New;

@@ -66,7 +66,7 @@ TEST_F(GoodConditions, A_currency_joins_itself_with_a_single_and) {
   EXPECT_EQ(Found(), Texts{"100"});
 }
 
-TEST_F(GoodConditions, A_group_with_its_branches_goes_one_level_down_the_link_table) {
+TEST_F(GoodConditions, A_group_with_its_branches_includes_one_level_of_the_link_table) {
   form.gmpProductGroup.UserSelect(12);
   EXPECT_EQ(Condition(),
             kAll +
@@ -78,7 +78,7 @@ TEST_F(GoodConditions, A_group_with_its_branches_goes_one_level_down_the_link_ta
   EXPECT_EQ(Found(), Texts{"100"});
 }
 
-TEST_F(GoodConditions, A_location_goes_one_level_down_too) {
+TEST_F(GoodConditions, A_location_includes_one_level_too) {
   form.gmpLocation.UserSelect(20);
   EXPECT_EQ(Found(), (Texts{"100", "200"}));
   form.chkAllLBranches.UserCheck(false);

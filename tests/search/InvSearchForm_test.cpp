@@ -187,7 +187,7 @@ TEST_F(InvSearchForm, Delete_takes_the_creator_back) {
   EXPECT_EQ(form.cmbcreator.ListIndex(), -1);
 }
 
-TEST_F(InvSearchForm, A_search_that_the_database_refuses_is_told_and_leaves_the_form_usable) {
+TEST_F(InvSearchForm, A_search_that_the_database_refuses_is_reported_and_leaves_the_form_usable) {
   Found();
   form.txtNotes.UserType("O'Neil");
   form.cmdSearch.UserClick();

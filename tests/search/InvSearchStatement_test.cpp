@@ -73,7 +73,7 @@ TEST_F(InvSearchStatement, Manual_numbers_are_trimmed_and_compared_as_texts) {
   EXPECT_EQ(Keys(), (std::vector<int>{1, 2, 12}));
 }
 
-TEST_F(InvSearchStatement, A_store_with_its_children_goes_one_level_down_the_link_table) {
+TEST_F(InvSearchStatement, A_store_with_its_children_includes_one_level_of_the_link_table) {
   form.gmpInventory.UserSelect(7);
   EXPECT_EQ(Condition(), " and (InventoryID =7)");
   EXPECT_EQ(Keys(), std::vector<int>{1});

@@ -15,7 +15,7 @@ SqlText Statement(const std::string& list) {
          " and Notes like '%'";
 }
 
-TEST(PickedList, Stays_as_it_stands_with_every_barcode_as_typed_text) {
+TEST(PickedList, Is_copied_unchanged_with_every_barcode_as_typed_text) {
   for (const std::string list :
        {"('','100')", "('')", "( '' ,'30''0', 'كتاب' )", "()", "", "('a','''')", "(('a'))"}) {
     EXPECT_EQ(PickedList(list).Text(), list);

@@ -14,89 +14,89 @@ namespace koru {
 namespace {
 
 /// What a message component was given, in order, and what it answers.
-struct Told {
+struct Recorded {
   std::vector<std::string> calls;
   int resualt = 1;
   bool fails = false;
   bool colorFails = false;
 };
 
-class ToldComponent : public MessageComponent {
+class RecordingComponent : public MessageComponent {
  public:
-  explicit ToldComponent(Told& told) : told_(told) {}
+  explicit RecordingComponent(Recorded& recorded) : recorded_(recorded) {}
   void SetFormTitle(const std::string& title) override { Add("FormTitle " + title); }
   void SetFormMessage(const std::string& message) override { Add("FormMessage " + message); }
   void SetFormType(int type) override { Add("FormType " + std::to_string(type)); }
   void SetFormBackColor(std::uint32_t color) override {
-    if (told_.colorFails) throw std::runtime_error("no such colour");
+    if (recorded_.colorFails) throw std::runtime_error("no such colour");
     Add("FormBackColor " + std::to_string(color));
   }
   void SetBtmBackColor(std::uint32_t color) override { Add("BtmBackColor " + std::to_string(color)); }
   void SetFrameBackColor(std::uint32_t color) override { Add("FrameBackColor " + std::to_string(color)); }
   void ClearShow() override {
-    if (told_.fails) throw std::runtime_error("no window");
+    if (recorded_.fails) throw std::runtime_error("no window");
     Add("ClearShow");
   }
-  [[nodiscard]] int Resualt() const override { return told_.resualt; }
+  [[nodiscard]] int Resualt() const override { return recorded_.resualt; }
 
  private:
-  void Add(const std::string& call) { told_.calls.push_back(call); }
-  Told& told_;
+  void Add(const std::string& call) { recorded_.calls.push_back(call); }
+  Recorded& recorded_;
 };
 
 class MessagesTest : public testing::Test {
  protected:
   MessagesTest() {
     components.Register(std::string(MessageComponent::kClassName),
-                        [this] { return std::make_unique<ToldComponent>(told); });
+                        [this] { return std::make_unique<RecordingComponent>(recorded); });
   }
-  Told told;
+  Recorded recorded;
   ComponentRegistry components;
   Messages messages{components};
 };
 
 TEST_F(MessagesTest, A_message_is_shown_with_its_title_and_the_suites_colours) {
   messages.ShowMessage("خطا", "متن");
-  EXPECT_EQ(told.calls, (std::vector<std::string>{"FormTitle خطا", "FormMessage متن", "FormType 0",
-                                                  "FormBackColor 14799304", "BtmBackColor 12490375",
-                                                  "FrameBackColor 15655647", "ClearShow"}));
+  EXPECT_EQ(recorded.calls, (std::vector<std::string>{"FormTitle خطا", "FormMessage متن", "FormType 0",
+                                                      "FormBackColor 14799304", "BtmBackColor 12490375",
+                                                      "FrameBackColor 15655647", "ClearShow"}));
 }
 
 TEST_F(MessagesTest, A_question_is_answered_yes_no_or_not_at_all) {
-  told.resualt = 1;
+  recorded.resualt = 1;
   EXPECT_EQ(messages.AskQuestion("هشدار", "؟"), 6);
-  told.resualt = 0;
+  recorded.resualt = 0;
   EXPECT_EQ(messages.AskQuestion("هشدار", "؟"), 7);
-  told.resualt = 5;
+  recorded.resualt = 5;
   EXPECT_EQ(messages.AskQuestion("هشدار", "؟"), 0);
-  EXPECT_EQ(told.calls[2], "FormType 1");
+  EXPECT_EQ(recorded.calls[2], "FormType 1");
 }
 
 TEST_F(MessagesTest, Without_the_message_component_nothing_is_shown_and_nothing_fails) {
   components.Unregister(MessageComponent::kClassName);
   EXPECT_NO_THROW(messages.ShowMessage("خطا", "متن"));
   EXPECT_EQ(messages.AskQuestion("هشدار", "؟"), 0);
-  EXPECT_TRUE(told.calls.empty());
+  EXPECT_TRUE(recorded.calls.empty());
 }
 
 TEST_F(MessagesTest, A_message_that_cannot_be_shown_fails_nothing_else) {
-  told.fails = true;
+  recorded.fails = true;
   EXPECT_NO_THROW(messages.ShowMessage("خطا", "متن"));
   EXPECT_EQ(messages.AskQuestion("هشدار", "؟"), 0);
 }
 
 TEST_F(MessagesTest, A_colour_that_cannot_be_set_does_not_keep_the_question_from_being_asked) {
-  told.colorFails = true;
+  recorded.colorFails = true;
   EXPECT_EQ(messages.AskQuestion("هشدار", "؟"), 6);
-  EXPECT_EQ(told.calls.back(), "ClearShow");
+  EXPECT_EQ(recorded.calls.back(), "ClearShow");
 }
 
-TEST_F(MessagesTest, A_database_failure_is_told_in_persian_with_the_servers_text_under_it) {
+TEST_F(MessagesTest, A_database_failure_is_reported_in_Persian_with_the_servers_text_below_it) {
   messages.ShowFailure(DatabaseError("disk I/O error", 10, "select 1"));
-  EXPECT_EQ(told.calls[0], "FormTitle خطا");
-  EXPECT_EQ(told.calls[1], "FormMessage عمليات به دليل خطاي پايگاه داده انجام نشد.\ndisk I/O error");
+  EXPECT_EQ(recorded.calls[0], "FormTitle خطا");
+  EXPECT_EQ(recorded.calls[1], "FormMessage عمليات به دليل خطاي پايگاه داده انجام نشد.\ndisk I/O error");
   messages.ShowFailure(OverflowError("تعداد سطرها"));
-  EXPECT_EQ(told.calls[8], "FormMessage تعداد سطرها");
+  EXPECT_EQ(recorded.calls[8], "FormMessage تعداد سطرها");
 }
 
 }  // namespace

@@ -41,9 +41,9 @@ class Tour : public CountingWorld {
   Tour() {
     database.Execute(kMore);
     components.Register(std::string(DocumentComponent::kDispatchClassName),
-                        [this] { return std::make_unique<HostedDocument>(told_); });
+                        [this] { return std::make_unique<HostedDocument>(documentCalls_); });
     components.Register(std::string(DocumentComponent::kReceiptClassName),
-                        [this] { return std::make_unique<HostedDocument>(told_); });
+                        [this] { return std::make_unique<HostedDocument>(documentCalls_); });
     components.Register(std::string(ReportPrinter::kClassName),
                         [this] { return std::make_unique<NotingPrinter>(printed_); });
   }
@@ -255,7 +255,7 @@ class Tour : public CountingWorld {
   }
 
   std::vector<Operation> operations_;
-  Texts told_;
+  Texts documentCalls_;
   std::string printed_;
 };
 

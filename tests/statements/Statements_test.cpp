@@ -126,13 +126,13 @@ TEST(Statements, Every_right_that_is_asked_for_is_in_the_list) {
   }
 }
 
-TEST(Statements, What_counts_as_no_part_of_a_statement_still_stands_in_the_sources) {
+TEST(Statements, Literals_listed_as_no_part_of_a_statement_still_exist_in_the_sources) {
   std::set<std::string> texts;
   for (const SourceText& source : TextsOfTheComponent()) texts.insert(source.text);
   for (const std::string& text : kNoSql) EXPECT_TRUE(texts.contains(text)) << text;
 }
 
-TEST(Statements, Every_operation_sends_something_and_each_statement_stands_on_one_line) {
+TEST(Statements, Every_operation_sends_something_and_each_statement_is_on_one_line) {
   for (const Operation& operation : SentStatements()) {
     EXPECT_FALSE(operation.statements.empty()) << operation.title;
     for (const std::string& statement : operation.statements) {

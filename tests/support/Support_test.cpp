@@ -15,7 +15,7 @@
 namespace koru::test {
 namespace {
 
-TEST(TemporaryFolder, Goes_with_everything_in_it) {
+TEST(TemporaryFolder, Is_removed_with_everything_in_it) {
   std::filesystem::path path;
   {
     const TemporaryFolder folder;
@@ -78,7 +78,7 @@ TEST(FailingDatabase, Fails_the_nth_statement_alone_before_it_reaches_the_databa
   EXPECT_EQ(database.Scalar("select count(*) from tblUser"), "2");
 }
 
-TEST(FakeScreen, Records_forms_and_pointers_and_closes_what_the_person_left_open) {
+TEST(FakeScreen, Records_forms_and_cursors_and_closes_what_the_user_left_open) {
   FakeScreen screen;
   Form form(screen, "frmReport");
   bool seen = false;
@@ -117,7 +117,7 @@ TEST(FakeMessages, Records_messages_and_answers_questions_in_turn) {
   EXPECT_EQ(messages.Texts()[3], "متن");
 }
 
-TEST(FixedClock, Says_the_day_it_was_set_to) {
+TEST(FixedClock, Returns_the_date_it_was_set_to) {
   FixedClock clock(Date{std::chrono::year{2024}, std::chrono::month{3}, std::chrono::day{20}});
   EXPECT_EQ(IsoText(clock.Today()), "2024-03-20");
 }

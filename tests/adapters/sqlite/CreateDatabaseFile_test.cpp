@@ -45,7 +45,7 @@ TEST_F(CreateFile, Has_schema_rows_marks_and_write_ahead_log) {
   EXPECT_EQ(mode.Text(0), "wal");
 }
 
-TEST_F(CreateFile, A_file_that_is_there_is_never_overwritten) {
+TEST_F(CreateFile, An_existing_file_is_never_overwritten) {
   std::ofstream(folder_.Path() / std::filesystem::path(u8"شمارش نو.koru")) << "mine";
   try {
     CreateDatabaseFile(file_, "create table T (A integer)");

@@ -79,7 +79,7 @@ TEST_F(LostFile, A_log_that_another_program_took_away_takes_no_more_writes) {
   ExpectRefused(LeftToRight(file_ + "-wal"));
 }
 
-TEST_F(LostFile, A_save_whose_file_goes_before_it_ends_is_not_reported_as_done) {
+TEST_F(LostFile, A_save_whose_file_is_removed_before_it_ends_is_not_reported_as_done) {
   const auto group = connection_->BeginWriteBatch();
   connection_->Open(InsertUser(2));
   connection_->Open(InsertUser(3));

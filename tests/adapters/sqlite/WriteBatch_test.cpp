@@ -172,9 +172,9 @@ TEST_F(InAWriteBatch, A_program_that_is_killed_leaves_all_lines_of_a_save_or_all
     close(ends[1]);
     // Kill it half way through the save after the one that is waited for.
     for (int halves = 0; halves <= saves;) {
-      char told = 0;
-      ASSERT_EQ(read(ends[0], &told, 1), 1);
-      if (told == 'h') ++halves;
+      char progress = 0;
+      ASSERT_EQ(read(ends[0], &progress, 1), 1);
+      if (progress == 'h') ++halves;
     }
     kill(child, SIGKILL);
     int status = 0;

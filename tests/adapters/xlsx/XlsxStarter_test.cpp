@@ -101,7 +101,7 @@ TEST_F(ExportedWorkbook, Texts_come_back_letter_for_letter_and_are_never_numbers
   }
 }
 
-TEST_F(ExportedWorkbook, A_text_longer_than_a_cell_holds_is_cut_and_told_and_the_others_are_whole) {
+TEST_F(ExportedWorkbook, A_text_longer_than_a_cell_holds_is_cut_and_reported_and_the_others_are_whole) {
   const auto sheet = NewWorkbook();
   const std::string fits(32767, 'x');
   std::string over = fits;

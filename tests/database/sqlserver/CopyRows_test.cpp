@@ -33,11 +33,11 @@ class CopyRowsTest : public testing::Test {
     return database;
   }
   void CopyTo(Database& to) {
-    CopyRows(from_.File(), to, [this](int percent) { told_.push_back(percent); });
+    CopyRows(from_.File(), to, [this](int percent) { reported_.push_back(percent); });
   }
   TestFile from_;
   StandInServer server_;
-  std::vector<int> told_;
+  std::vector<int> reported_;
 };
 
 /// A server that takes everything.
@@ -59,15 +59,15 @@ TEST_F(CopyRowsTest, Every_row_arrives_as_it_was_with_its_key) {
   const auto database = Server();
   CopyTo(*database);
   EXPECT_EQ(DumpTables(*database), from_.Dump());
-  EXPECT_EQ(told_.front(), 0);
-  EXPECT_EQ(told_.back(), 100);
+  EXPECT_EQ(reported_.front(), 0);
+  EXPECT_EQ(reported_.back(), 100);
 }
 
 TEST_F(CopyRowsTest, An_empty_database_copies_nothing_and_is_done) {
   Taker server;
   CopyTo(server);
   EXPECT_TRUE(server.taken.empty());
-  EXPECT_EQ(told_, std::vector<int>{100});
+  EXPECT_EQ(reported_, std::vector<int>{100});
 }
 
 TEST_F(CopyRowsTest, Keys_that_a_server_gives_by_itself_are_put_in_between_on_and_off) {
@@ -118,7 +118,7 @@ TEST_F(CopyRowsTest, A_statement_never_has_more_rows_than_a_server_takes) {
   for (const std::string& statement : server.taken) {
     EXPECT_LE(std::count(statement.begin(), statement.end(), '('), 1001) << statement.substr(0, 80);
   }
-  EXPECT_EQ(told_, (std::vector<int>{0, 41, 83, 100}));
+  EXPECT_EQ(reported_, (std::vector<int>{0, 41, 83, 100}));
 }
 
 TEST_F(CopyRowsTest, The_sample_is_copied_in_the_dialect_of_the_server) {

@@ -63,7 +63,7 @@ TEST_F(DateBoxEditTest, Digits_of_the_Persian_keyboard_are_dates_too) {
   EXPECT_EQ(edit->text(), "1404/12/29");
 }
 
-TEST_F(DateBoxEditTest, A_day_that_does_not_exist_stays_to_be_seen_and_marks_the_field) {
+TEST_F(DateBoxEditTest, A_date_that_does_not_exist_stays_visible_and_marks_the_field) {
   date.SetValue(ToGregorian({1403, 5, 6}));
   edit->selectAll();
   Type("14041230");  // 1404 has no 30 Esfand
@@ -79,7 +79,7 @@ TEST_F(DateBoxEditTest, A_day_that_does_not_exist_stays_to_be_seen_and_marks_the
   EXPECT_FALSE(edit->property("marked").toBool());
 }
 
-TEST_F(DateBoxEditTest, The_mark_stays_until_the_person_types_or_leaves_it_at_the_date_before_with_Escape) {
+TEST_F(DateBoxEditTest, The_mark_stays_until_the_user_types_or_restores_the_date_before_with_Escape) {
   date.SetValue(ToGregorian({1403, 5, 6}));
   edit->selectAll();
   Type("14041345");
@@ -95,7 +95,7 @@ TEST_F(DateBoxEditTest, The_mark_stays_until_the_person_types_or_leaves_it_at_th
   EXPECT_EQ(date.PersianText(), "1403/05/06");
 }
 
-TEST_F(DateBoxEditTest, A_command_that_waits_for_dates_brings_the_person_back_and_says_why) {
+TEST_F(DateBoxEditTest, A_command_that_needs_valid_dates_returns_the_focus_and_shows_why) {
   Button save(form, "cmdTmpSave");
   int clicks = 0;
   save.Click.Always([&] { ++clicks; });
@@ -132,7 +132,7 @@ TEST_F(DateBoxEditTest, A_date_that_is_typed_by_half_is_no_date) {
   EXPECT_TRUE(edit->property("marked").toBool());
 }
 
-TEST_F(DateBoxEditTest, A_refused_date_goes_when_the_box_is_emptied_or_the_form_shows_another) {
+TEST_F(DateBoxEditTest, A_refused_date_is_removed_when_the_box_is_emptied_or_the_form_shows_another) {
   date.SetValue(ToGregorian({1403, 5, 6}));
   edit->selectAll();
   Type("14041345");

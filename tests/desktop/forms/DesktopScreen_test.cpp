@@ -113,7 +113,7 @@ TEST_F(DesktopScreenTest, Closing_the_window_asks_the_form) {
   EXPECT_TRUE(screen.WindowOf(form)->isVisible());
 }
 
-TEST_F(DesktopScreenTest, An_unloaded_form_s_window_goes_after_the_event_that_unloaded_it) {
+TEST_F(DesktopScreenTest, An_unloaded_form_s_window_is_destroyed_after_the_event_that_unloaded_it) {
   QPointer<FormWindow> window;
   {
     Form form(screen, "frmSmall");
@@ -129,7 +129,7 @@ TEST_F(DesktopScreenTest, An_unloaded_form_s_window_goes_after_the_event_that_un
   EXPECT_TRUE(window.isNull());
 }
 
-TEST_F(DesktopScreenTest, The_hourglass_stands_while_it_is_wanted) {
+TEST_F(DesktopScreenTest, The_hourglass_is_shown_while_an_operation_asks_for_it) {
   {
     const Hourglass hourglass(screen);
     ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);

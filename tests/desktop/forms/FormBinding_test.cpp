@@ -136,7 +136,7 @@ TEST_F(FormBindingTest, A_field_that_selects_its_text_on_arrival_does_so_every_t
   }
 }
 
-TEST_F(FormBindingTest, Buttons_boxes_and_options_tell_the_form_what_the_person_chose) {
+TEST_F(FormBindingTest, Buttons_boxes_and_options_report_the_user_s_choice_to_the_form) {
   Button button(form, "cmdNew");
   CheckBox check(form, "chkAll");
   OptionGroup group;
@@ -181,7 +181,7 @@ TEST_F(FormBindingTest, Buttons_boxes_and_options_tell_the_form_what_the_person_
   EXPECT_EQ(comboWidget.currentIndex(), -1);
 }
 
-TEST_F(FormBindingTest, The_wheel_over_a_closed_list_changes_nothing_and_is_left_to_what_the_list_stands_in) {
+TEST_F(FormBindingTest, The_wheel_over_a_closed_list_changes_nothing_and_scrolls_what_contains_the_list) {
   ComboBox combo(form, "cmbType");
   combo.AddItem("الف", 1);
   combo.AddItem("ب", 2);
@@ -202,9 +202,9 @@ TEST_F(FormBindingTest, The_wheel_over_a_closed_list_changes_nothing_and_is_left
 TEST_F(FormBindingTest, The_keyboard_is_in_the_same_place_on_both_sides) {
   TextBox first(form, "txtFirst");
   TextBox second(form, "txtSecond");
-  std::string told;
-  first.LostFocus.Always([&] { told += "first left;"; });
-  second.GotFocus.Always([&] { told += "second reached;"; });
+  std::string reported;
+  first.LostFocus.Always([&] { reported += "first left;"; });
+  second.GotFocus.Always([&] { reported += "second reached;"; });
   FormBinding binding(form);
   auto& firstWidget = Add<QLineEdit>();
   auto& secondWidget = Add<QLineEdit>();
@@ -215,16 +215,16 @@ TEST_F(FormBindingTest, The_keyboard_is_in_the_same_place_on_both_sides) {
   EXPECT_EQ(form.Focus(), &first);
   Press(Qt::Key_Tab);
   EXPECT_EQ(form.Focus(), &second);
-  EXPECT_EQ(told, "first left;second reached;");
+  EXPECT_EQ(reported, "first left;second reached;");
   form.SetFocus(first);
   EXPECT_TRUE(firstWidget.hasFocus());
 }
 
 TEST_F(FormBindingTest, Keys_reach_the_form_first_and_the_control_next) {
   TextBox text(form, "txtCode");
-  std::string told;
-  form.KeyDown.Always([&](KeyPress press) { told += "form " + std::to_string(press.key) + ";"; });
-  text.KeyDown.Always([&](KeyPress press) { told += "box " + std::to_string(press.key) + ";"; });
+  std::string reported;
+  form.KeyDown.Always([&](KeyPress press) { reported += "form " + std::to_string(press.key) + ";"; });
+  text.KeyDown.Always([&](KeyPress press) { reported += "box " + std::to_string(press.key) + ";"; });
   int rightClicks = 0;
   text.RightClick.Always([&] { ++rightClicks; });
   FormBinding binding(form);
@@ -234,13 +234,13 @@ TEST_F(FormBindingTest, Keys_reach_the_form_first_and_the_control_next) {
   Open(window);
   widget.setFocus();
   Press(Qt::Key_F3);
-  EXPECT_EQ(told, "form 114;box 114;");
+  EXPECT_EQ(reported, "form 114;box 114;");
   QContextMenuEvent event(QContextMenuEvent::Mouse, {2, 2}, widget.mapToGlobal(QPoint(2, 2)));
   QApplication::sendEvent(&widget, &event);
   EXPECT_EQ(rightClicks, 1);
 }
 
-TEST_F(FormBindingTest, Progress_is_on_the_screen_before_the_operation_goes_on) {
+TEST_F(FormBindingTest, Progress_is_on_the_screen_before_the_operation_continues) {
   struct Bar : QProgressBar {
     using QProgressBar::QProgressBar;
     void paintEvent(QPaintEvent* event) override {
@@ -307,15 +307,15 @@ TEST_F(FormBindingTest, A_timer_ticks_while_it_is_enabled_and_not_into_its_own_t
 TEST_F(FormBindingTest, A_failure_is_shown_and_the_form_stays_usable) {
   Button button(form, "cmdSave");
   button.Click.Always([] { throw std::runtime_error("disk full"); });
-  std::string told;
-  form.OnFailure = [&](const std::exception& failure) { told += failure.what(); };
+  std::string reported;
+  form.OnFailure = [&](const std::exception& failure) { reported += failure.what(); };
   FormBinding binding(form);
   auto& widget = Add<QPushButton>();
   binding.Bind(button, widget);
   Open(window);
   QTest::mouseClick(&widget, Qt::LeftButton);
   QTest::mouseClick(&widget, Qt::LeftButton);
-  EXPECT_EQ(told, "disk fulldisk full");
+  EXPECT_EQ(reported, "disk fulldisk full");
 }
 
 TEST_F(FormBindingTest, After_letting_go_the_widgets_touch_no_control) {

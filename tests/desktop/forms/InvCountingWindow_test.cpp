@@ -184,7 +184,7 @@ TEST_F(InvCountingWindowTest, Every_field_can_be_reached_with_Tab) {
   }
 }
 
-TEST_F(InvCountingWindowTest, Tab_goes_through_the_fields_row_by_row_as_they_stand) {
+TEST_F(InvCountingWindowTest, Tab_visits_the_fields_row_by_row_in_their_order_on_the_window) {
   window->activateWindow();
   QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
   Find<QLineEdit>("txtGNO").setFocus();
@@ -219,7 +219,7 @@ TEST_F(InvCountingWindowTest, A_line_is_counted_and_saved_from_the_keyboard_alon
   EXPECT_EQ(world.database.Scalar("select BaseValue from tblInventoryCountingDetail where RowNumber=1"), "9");
 }
 
-TEST_F(InvCountingWindowTest, A_refused_figure_keeps_the_person_from_saving_without_it) {
+TEST_F(InvCountingWindowTest, A_refused_number_blocks_saving_without_it) {
   TypeRefusedFigure();
   QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(Counting().cmdTmpSave.Enabled(), true);
@@ -227,7 +227,7 @@ TEST_F(InvCountingWindowTest, A_refused_figure_keeps_the_person_from_saving_with
   EXPECT_NE(Find<GridView>("flexDetail").findChild<QLineEdit*>("cellEditor"), nullptr);
 }
 
-TEST_F(InvCountingWindowTest, A_refused_figure_blocks_the_mouse_too_and_is_reported_once) {
+TEST_F(InvCountingWindowTest, A_refused_number_blocks_the_mouse_too_and_is_reported_once) {
   TypeRefusedFigure();
   ASSERT_TRUE(Find<QPushButton>("cmdTmpSave").isEnabled());
   QTest::mouseClick(&Find<QPushButton>("cmdTmpSave"), Qt::LeftButton);
@@ -239,7 +239,7 @@ TEST_F(InvCountingWindowTest, A_refused_figure_blocks_the_mouse_too_and_is_repor
       << "giving everything up needs no right figure";
 }
 
-TEST_F(InvCountingWindowTest, A_date_that_is_none_keeps_the_person_from_saving_whatever_the_gesture) {
+TEST_F(InvCountingWindowTest, An_invalid_date_blocks_saving_by_key_and_by_mouse) {
   window->activateWindow();
   QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
   Tick();
@@ -325,7 +325,7 @@ TEST_F(InvCountingWindowTest, After_Goods_the_keyboard_is_on_the_first_line_that
   EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::FirstCounting);
 }
 
-TEST_F(InvCountingWindowTest, Ctrl_Tab_goes_into_the_lines_and_out_again) {
+TEST_F(InvCountingWindowTest, Ctrl_Tab_moves_into_the_lines_and_out_again) {
   window->activateWindow();
   QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
   for (const char* name : {"txtGNO", "txtNotes", "cmdTmpSave"}) {

@@ -102,7 +102,7 @@ TEST_F(comInvCountingWidgetTest, A_control_that_nobody_has_connected_asks_no_dat
   EXPECT_TRUE(world.messages.Shown().empty());
 }
 
-TEST_F(comInvCountingWidgetTest, A_database_that_cannot_be_read_is_told_to_the_person) {
+TEST_F(comInvCountingWidgetTest, A_database_that_cannot_be_read_is_reported_to_the_user) {
   widget.SetOLEConnectionString("Provider=SQLite;Data Source=/nowhere/at/all.db");
   test::Open(widget);
   EXPECT_EQ(world.messages.Shown().size(), 1U);
@@ -193,7 +193,7 @@ class WidgetWhileEnteringTest : public testing::Test {
   comInvCountingWidget widget{world.Where()};
 };
 
-TEST_F(WidgetWhileEnteringTest, Another_counting_is_opened_only_when_the_person_gives_the_first_one_up) {
+TEST_F(WidgetWhileEnteringTest, Another_counting_is_opened_only_when_the_user_gives_the_first_one_up) {
   world.messages.WillAnswer(test::FakeMessages::Answer::No);
   DoubleClickSecond();
   EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"آيا مطمئن هستيد؟"});

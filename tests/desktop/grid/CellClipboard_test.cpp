@@ -62,7 +62,7 @@ TEST_F(CellClipboardTest, A_block_is_pasted_downwards_and_onwards_into_the_cells
   EXPECT_EQ(Cell(2, 2), "5");
 }
 
-TEST_F(CellClipboardTest, Pasting_goes_past_a_column_that_is_not_shown) {
+TEST_F(CellClipboardTest, Pasting_skips_a_hidden_column) {
   view->setColumnHidden(3, true);
   grid.SetEditMask("0111");
   Start();

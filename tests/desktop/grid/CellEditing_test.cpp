@@ -103,7 +103,7 @@ TEST_F(CellEditingTest, Moving_to_another_field_stores_what_was_typed) {
   EXPECT_TRUE(other->hasFocus());
 }
 
-TEST_F(CellEditingTest, F2_edits_the_text_that_is_there) {
+TEST_F(CellEditingTest, F2_edits_the_existing_text) {
   Start();
   grid.SetTextMatrix(1, 2, "15");
   Press(Qt::Key_F2);

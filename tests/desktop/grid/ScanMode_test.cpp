@@ -6,7 +6,7 @@
 namespace koru::test {
 namespace {
 
-TEST_F(ScanningTest, A_scanned_good_is_found_and_Enter_goes_to_its_count) {
+TEST_F(ScanningTest, A_scanned_good_is_found_and_Enter_moves_to_its_count) {
   Type("6262");
   EXPECT_EQ(Current(), std::pair(4, +Barcode));
   EXPECT_FALSE(QToolTip::isVisible());
@@ -156,7 +156,7 @@ TEST_F(ScanningTest, A_slow_hand_counts_in_the_same_round) {
   EXPECT_EQ(Current(), std::pair(4, +Barcode));
 }
 
-TEST_F(ScanningTest, Who_goes_to_the_second_count_once_gets_there_with_the_next_scans) {
+TEST_F(ScanningTest, After_one_move_to_the_second_count_the_next_scans_move_there_too) {
   Scan("6262");
   Press(Qt::Key_Left);
   Scan("8");

@@ -127,7 +127,7 @@ TEST_F(ChoosingAFile, The_dialog_is_right_to_left_and_begins_in_the_given_place)
   (void)AskWhereToSave(Question(Path("گزارش.pdf")), QStringLiteral("pdf"), nullptr);
 }
 
-TEST_F(ChoosingAFile, A_file_that_is_there_is_taken) {
+TEST_F(ChoosingAFile, An_existing_file_is_accepted) {
   WhenFilesAreAsked([](QFileDialog& dialog) { Take(dialog, QStringLiteral("test.koru")); });
   EXPECT_EQ(AskForFile(Question(Folder()), nullptr), ToQt(database_.File()));
 }

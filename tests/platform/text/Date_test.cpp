@@ -29,7 +29,7 @@ TEST(SolarHijri, Leap_years_follow_the_33_year_rule_while_it_runs_unbroken) {
   }
 }
 
-TEST(SolarHijri, Every_day_of_the_known_years_follows_the_one_before) {
+TEST(SolarHijri, Every_date_of_the_known_years_follows_the_one_before) {
   sys_days day{ToGregorian({kFirstSolarYear, 1, 1})};
   for (int year = kFirstSolarYear; year < kLastSolarYear; ++year) {
     for (int month = 1; month <= 12; ++month) {

@@ -84,7 +84,7 @@ TEST_F(RawOdbc, A_write_says_how_many_rows_it_wrote) {
             "2 ");
 }
 
-TEST_F(RawOdbc, A_day_that_is_made_of_an_empty_text_counts_once) {
+TEST_F(RawOdbc, A_date_that_is_made_of_an_empty_text_counts_once) {
   EXPECT_EQ(Results(u"insert into tblInventoryCounting (CreateDate,FromDate) values ('',''),('','')"), "2 ");
   EXPECT_EQ(Results(u"update tblInventoryCounting set ToDate='' where ID=1"), "1 ");
 }

@@ -53,11 +53,11 @@ class SuiteServerTest : public StandInServerTest {
 };
 
 /// Matches what begins with the number and holds the words.
-inline testing::AssertionResult IsRefusal(const std::string& told, int number, const std::string& words) {
-  if (told.starts_with(std::to_string(number) + ": ") && told.find(words) != std::string::npos) {
+inline testing::AssertionResult IsRefusal(const std::string& error, int number, const std::string& words) {
+  if (error.starts_with(std::to_string(number) + ": ") && error.find(words) != std::string::npos) {
     return testing::AssertionSuccess();
   }
-  return testing::AssertionFailure() << (told.empty() ? "went through" : told);
+  return testing::AssertionFailure() << (error.empty() ? "went through" : error);
 }
 
 }  // namespace koru::test
