@@ -36,6 +36,7 @@ class SystemQuantity {
   void FillUnit(int row, std::string_view barcode);
 
   /// Sets the line's rate: that of the latest dispatch with a value, or else of the latest receipt with one.
+  /// Of several on one date the embedded database takes the one with the highest key; a server may take any.
   /// Without either it stays. `barcode` is written into the statements unchanged.
   void FillRate(int row, std::string_view barcode);
 

@@ -1,9 +1,11 @@
 #include "adapters/sqlite/Dialect.h"
 
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include "adapters/sqlite/HoistedSubquery.h"
+#include "adapters/sqlite/LineDocumentJoin.h"
 #include "adapters/sqlite/StatementTokens.h"
 #include "platform/sql/DatabaseError.h"
 
@@ -64,6 +66,14 @@ void WriteCollation(StatementTokens& tokens) {
   }
 }
 
+/// Completes the order of lines of documents, with which the statement ends.
+void WriteTies(StatementTokens& tokens, SqliteConnection& connection) {
+  const std::optional<LineDocumentJoin> join = ReadLineDocumentJoin(tokens, connection);
+  if (!join) return;
+  for (const StatementTokens* tie : {&join->tiedDocuments, &join->tiedLines})
+    tokens.insert(tokens.end(), tie->begin(), tie->end());
+}
+
 void RefuseOrderByNumber(const StatementTokens& tokens, std::string_view normalized) {
   for (std::size_t at = 1; at < tokens.size(); ++at) {
     if (tokens[at - 1].Is("by") && tokens[at].kind == SqlTokenKind::Parameter) {
@@ -102,13 +112,19 @@ bool IsUncorrelated(const std::string& sql, SqliteConnection& connection) {
 
 std::string Translate(std::string_view normalized) { return Translated(Read(normalized)); }
 
+std::string TranslateOrdered(std::string_view normalized, SqliteConnection& connection) {
+  StatementTokens tokens = Read(normalized);
+  WriteTies(tokens, connection);
+  return Translated(std::move(tokens));
+}
+
 HoistedStatement TranslateHoisted(std::string_view normalized, SqliteConnection& connection) {
   StatementTokens tokens = Read(normalized);
   HoistedStatement translated;
   for (HoistedSubquery& hoisted : HoistSubqueries(tokens, connection)) {
     std::string sql = Translated(std::move(hoisted.tokens));
     std::string order = hoisted.order.empty() ? std::string() : " " + JoinTokens(hoisted.order);
-    if (!IsUncorrelated(sql + order, connection)) return {Translate(normalized), {}};
+    if (!IsUncorrelated(sql + order, connection)) return {TranslateOrdered(normalized, connection), {}};
     translated.subqueries.push_back(
         {std::move(sql), std::move(order), std::move(hoisted.literals), hoisted.parameter});
   }

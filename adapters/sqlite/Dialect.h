@@ -17,6 +17,10 @@ namespace koru {
 /// README.md shows statements before and after.
 [[nodiscard]] std::string Translate(std::string_view normalized);
 
+/// As Translate, and completes the order of document lines (LineDocumentJoin.h), which is then the same in
+/// every run, and with TranslateHoisted.
+[[nodiscard]] std::string TranslateOrdered(std::string_view normalized, SqliteConnection& connection);
+
 /// A statement in SQLite's dialect and the subqueries hoisted out of it (HoistedSubquery.h).
 struct HoistedStatement {
   struct Subquery {
@@ -26,11 +30,11 @@ struct HoistedStatement {
     int parameter = 0;          ///< the statement's parameter that takes the RankedKeySet
   };
   std::string sql;
-  std::vector<Subquery> subqueries;  ///< empty: `sql` is that of Translate
+  std::vector<Subquery> subqueries;  ///< empty: `sql` is that of TranslateOrdered
 };
 
-/// As Translate, for a statement that runs many times over the same data: hoists the subqueries whose result
-/// is the same for each run.
+/// As TranslateOrdered, for a statement that runs many times over the same data: hoists the subqueries whose
+/// result is the same for each run.
 [[nodiscard]] HoistedStatement TranslateHoisted(std::string_view normalized, SqliteConnection& connection);
 
 }  // namespace koru

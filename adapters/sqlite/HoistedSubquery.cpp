@@ -44,10 +44,12 @@ std::optional<HoistedSubquery> HoistJoin(StatementTokens& tokens, int parameter,
   if (!join->order.empty()) {
     rest.push_back({SqlTokenKind::Word, "order by", true});
     rest.push_back(rank);
+    rest.insert(rest.end(), join->tiedLines.begin(), join->tiedLines.end());
   }
   tokens = std::move(rest);
   HoistedSubquery keys = AsStatement(std::move(join->keys), parameter);
   keys.order = std::move(join->order);
+  keys.order.insert(keys.order.end(), join->tiedDocuments.begin(), join->tiedDocuments.end());
   return keys;
 }
 

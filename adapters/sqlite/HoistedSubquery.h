@@ -22,8 +22,7 @@ struct HoistedSubquery {
 ///
 /// - `X in (select key from T where ...)` (InSubquery) becomes `koru_key_rank(?n,D.X)`;
 /// - a join of lines with their documents (LineDocumentJoin) becomes a select from the lines alone, with
-///   `koru_key_rank(?n,D.X)` in place of the join's condition and of the order. Documents that are equal in
-///   the order are ordered by key.
+///   `koru_key_rank(?n,D.X)` in place of the join's condition and of the order.
 ///
 /// X is an integer column of D, `key` the integer primary key of T. A statement of another form remains
 /// unchanged. Whether a subquery is correlated is not checked: such a one fails to prepare, and then the

@@ -102,6 +102,12 @@ class JoinReader {
     return !key_.empty();
   }
 
+  static StatementTokens Tie(const std::string& column, const StatementTokens& direction) {
+    StatementTokens tie{{SqlTokenKind::Word, "," + column, false}};
+    Append(tie, direction);
+    return tie;
+  }
+
   /// Reads `order by C [asc|desc]` up to the end, or no order.
   bool TakeOrder(std::size_t order) {
     read_.keys = ReadTokens("select " + key_ + " from " + documents_ + " where");
@@ -116,7 +122,9 @@ class JoinReader {
     if (!connection_.HasColumn(documents_, column.text) || connection_.HasColumn(read_.lines, column.text))
       return false;
     read_.order = Slice(tokens_, order, tokens_.size());
-    read_.order.push_back({SqlTokenKind::Word, "," + key_, false});
+    const StatementTokens direction = Slice(tokens_, order + 3, tokens_.size());
+    read_.tiedDocuments = Tie(key_, direction);
+    if (connection_.HasColumn(read_.lines, "rowid")) read_.tiedLines = Tie(read_.lines + ".rowid", direction);
     return true;
   }
 

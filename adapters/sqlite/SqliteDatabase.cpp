@@ -44,7 +44,9 @@ class SqliteDatabase::SnapshotScope : public ReadSnapshot {
 SqliteDatabase::SqliteDatabase(SqliteConnection connection)
     : connection_(std::move(connection)),
       cache_(kKeptStatements,
-             [this](const std::string& normalized) { return connection_.Prepare(Translate(normalized)); }),
+             [this](const std::string& normalized) {
+               return connection_.Prepare(TranslateOrdered(normalized, connection_));
+             }),
       snapshot_(connection_, kKeptStatements) {
   log_ = PathOf(connection_.WriteAheadLog());
   // The page cache holds up to 128 MB: with a quarter of that, a calculation over two million document lines

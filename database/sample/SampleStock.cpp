@@ -17,9 +17,11 @@ std::string RegisteredLines(const std::string& kind) {
 // The trimmed barcode finds the lines by their index, as it does for the statements of the system.
 std::optional<double> LatestValue(SqliteConnection& connection, const std::string& kind, int store,
                                   const std::string& barcode, const Period& period) {
-  SqliteStatement select = connection.Prepare("select Value" + RegisteredLines(kind) +
-                                              " and ltrim(rtrim(Barcode)) = ?4 collate KORU and +Barcode = "
-                                              "?4 and Value > 0 order by ReceiveDate desc limit 1");
+  SqliteStatement select =
+      connection.Prepare("select Value" + RegisteredLines(kind) +
+                         " and ltrim(rtrim(Barcode)) = ?4 collate KORU and +Barcode = "
+                         "?4 and Value > 0 order by ReceiveDate desc, ID desc, tblInventory" +
+                         kind + "Detail.rowid desc limit 1");
   BindField(select, 1, store);
   BindField(select, 2, period.from);
   BindField(select, 3, period.to);

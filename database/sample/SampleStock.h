@@ -23,7 +23,8 @@ inline constexpr int kAllStores = 0;
                                                       const Period& period);
 
 /// The latest value above 0 of a good in registered dispatches of the store, else in its registered receipts;
-/// empty when there is neither.
+/// empty when there is neither. Of several on one date, that with the highest key; of several lines of one
+/// document, the last one.
 [[nodiscard]] std::optional<double> LatestRate(SqliteConnection& connection, int store,
                                                const std::string& barcode, const Period& period);
 

@@ -61,9 +61,14 @@ GeneratedStatement StatementGenerator::Stock() {
 
 GeneratedStatement StatementGenerator::Rates() {
   const std::string kind = Random(2) == 0 ? "Receipt" : "Dispatch";
-  return Both("Select isnull(Value,0) as Value from tblInventory" + kind + "Detail,tblInventory" + kind +
-              " Where ID=" + kind + "ID and Barcode='" + Barcode() + "' and Isnull(Value,0)>0 and " +
-              Scope() + " Order By ReceiveDate Desc");
+  GeneratedStatement statement =
+      Both("Select isnull(Value,0) as Value from tblInventory" + kind + "Detail,tblInventory" + kind +
+           " Where ID=" + kind + "ID and Barcode='" + Barcode() + "' and Isnull(Value,0)>0 and " + Scope() +
+           " Order By ReceiveDate Desc");
+  // The embedded database completes the order: what was entered last comes first.
+  statement.plain += ",ID Desc,tblInventory" + kind + "Detail.rowid Desc";
+  statement.isOrdered = true;
+  return statement;
 }
 
 GeneratedStatement StatementGenerator::Units() {

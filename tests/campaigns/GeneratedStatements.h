@@ -11,6 +11,7 @@ struct GeneratedStatement {
   std::string sent;
   std::string plain;
   bool writes = false;
+  bool isOrdered = false;  ///< the order of `plain` leaves no two rows the same place
 };
 
 /// Statements within the component's grammar (docs/statements.md), about the rows of GeneratedRows: what is

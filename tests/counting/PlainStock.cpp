@@ -45,9 +45,11 @@ double PlainStock::Sum(const std::string& kind, const std::string& barcode) {
 }
 
 void PlainStock::FindRate(PlainLine& line) {
-  for (const char* kind : {"Dispatch", "Receipt"}) {
-    SqliteStatement rates = connection_.Prepare("select Value" + LinesOf(kind) +
-                                                " and Barcode = ?1 and Value > 0 order by ReceiveDate desc");
+  for (const std::string kind : {"Dispatch", "Receipt"}) {
+    SqliteStatement rates = connection_.Prepare(
+        "select Value" + LinesOf(kind) +
+        " and Barcode = ?1 and Value > 0 order by ReceiveDate desc, ID desc, tblInventory" + kind +
+        "Detail.rowid desc");
     rates.Bind(1, line.barcode);
     if (!rates.Step()) continue;
     line.rate = NumberText(rates.Real(0));

@@ -143,6 +143,38 @@ TEST_F(SystemQuantityTest, The_rate_is_that_of_the_latest_dispatch_with_a_value)
   EXPECT_EQ(Rate("A"), "6.25");
 }
 
+TEST_F(SystemQuantityTest, Of_several_dispatches_on_one_day_the_one_with_the_highest_key_gives_the_rate) {
+  if (database.IsOnServer()) GTEST_SKIP() << "a server promises no order of documents of one date";
+  Dispatch(kRegistered, 1, "2001-03-01", "A", 1, 5);
+  Dispatch(kRegistered, 1, "2001-03-01", "A", 1, 9);
+  Dispatch(kRegistered, 2, "2001-03-01", "A", 1, 6.25);
+  Dispatch(kRegistered, 1, "2001-02-01", "A", 1, 7);
+  EXPECT_EQ(Rate("A"), "6.25");
+  form.quantity.CalculateAllLines();
+  EXPECT_EQ(form.Column(LineColumn::Rate), (Texts{"6.25"}));
+}
+
+TEST_F(SystemQuantityTest, Of_several_receipts_on_one_day_the_one_with_the_highest_key_gives_the_rate) {
+  if (database.IsOnServer()) GTEST_SKIP() << "a server promises no order of documents of one date";
+  Receive(kRegistered, 1, "2001-03-01", "A", 1, 9);
+  Receive(kRegistered, 1, "2001-03-01", "A", 1, 5);
+  EXPECT_EQ(Rate("A"), "5");
+  form.quantity.CalculateAllLines();
+  EXPECT_EQ(form.Column(LineColumn::Rate), (Texts{"5"}));
+}
+
+TEST_F(SystemQuantityTest, Of_several_lines_of_the_latest_dispatch_the_last_one_gives_the_rate) {
+  if (database.IsOnServer()) GTEST_SKIP() << "a server promises no order of the lines of a document";
+  Dispatch(kRegistered, 1, "2001-03-01", "A", 1, 5);
+  for (const char* value : {"9", "6.25"})
+    Execute(std::string(
+                "insert into tblInventoryDispatchDetail (DispatchID,Barcode,Qty,Value) values (1,'A',1,") +
+            value + ")");
+  EXPECT_EQ(Rate("A"), "6.25");
+  form.quantity.CalculateAllLines();
+  EXPECT_EQ(form.Column(LineColumn::Rate), (Texts{"6.25"}));
+}
+
 TEST_F(SystemQuantityTest, A_good_whose_dispatches_have_no_value_takes_the_rate_of_its_latest_receipt) {
   Dispatch(kRegistered, 1, "2001-06-01", "A", 1, 0);
   Receive(kRegistered, 1, "2001-01-01", "A", 1, 5);

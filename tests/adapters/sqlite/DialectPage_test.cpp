@@ -34,6 +34,7 @@ writes and compares it, `tests/adapters/sqlite/DialectPage_test.cpp`; after a ch
 | `top n` | `Dialect` | becomes `limit n` at the end of its select |
 | `isnull(a,b)` | `Dialect` | becomes `ifnull(a,b)`; in SQLite `isnull` is an operator |
 | collation | `Dialect` | a text compared with an expression gets `collate KORU`: in SQLite an expression loses the collation of its column |
+| order of equal lines | `Dialect`, `LineDocumentJoin` | `from D,T where key=X ... order by C desc` gets `,key desc,D.rowid desc`: of the documents of one date, and of the lines of one document, what was entered last comes first, in every run. Ascending without `desc` |
 
 A snapshot (`Snapshot`) is a read transaction around many statements, such as those of a calculation. The keys that a hoisted
 subquery found are a `RankedKeySet`, and `koru_key_rank(set, key)` returns the rank of a key, or NULL. A set is kept for the
@@ -96,7 +97,7 @@ std::string WithLiteralsOfStatement(const HoistedStatement::Subquery& subquery) 
 }
 
 std::string InsideSnapshot(const std::string& normalized, SqliteConnection& connection) {
-  const std::string plain = Translate(normalized);
+  const std::string plain = TranslateOrdered(normalized, connection);
   if (!connection.Prepare(plain).IsReadOnly()) return "ends the snapshot";
   const HoistedStatement hoisted = TranslateHoisted(normalized, connection);
   if (hoisted.subqueries.empty()) return hoisted.sql == plain ? "the same" : Code(hoisted.sql);
@@ -114,7 +115,7 @@ std::string Page() {
   std::string page = kHead;
   for (const std::string& statement : kStatements) {
     const std::string normalized = Normalize(statement).text;
-    page += "| " + Code(statement) + " | " + Code(Translate(normalized)) + " | " +
+    page += "| " + Code(statement) + " | " + Code(TranslateOrdered(normalized, connection)) + " | " +
             InsideSnapshot(normalized, connection) + " |\n";
   }
   return page;

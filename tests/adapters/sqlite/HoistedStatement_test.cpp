@@ -47,15 +47,15 @@ TEST_F(HoistedStatementTest, The_documents_of_a_rate_are_hoisted_with_its_order)
       "ID=DispatchID "
       "and Barcode='A' and Isnull(Value,0)>0 and ReceiveDate<='2024-01-01' and  Code is not NULL Order By "
       "ReceiveDate Desc");
-  EXPECT_EQ(
-      translated.sql,
-      "Select ifnull(Value,?1) as Value from tblInventoryDispatchDetail where "
-      "koru_key_rank(?6,tblInventoryDispatchDetail.DispatchID) and "
-      "Barcode=?2 and ifnull(Value,?3)>?4 order by koru_key_rank(?6,tblInventoryDispatchDetail.DispatchID)");
+  EXPECT_EQ(translated.sql,
+            "Select ifnull(Value,?1) as Value from tblInventoryDispatchDetail where "
+            "koru_key_rank(?6,tblInventoryDispatchDetail.DispatchID) and "
+            "Barcode=?2 and ifnull(Value,?3)>?4 order by "
+            "koru_key_rank(?6,tblInventoryDispatchDetail.DispatchID),tblInventoryDispatchDetail.rowid Desc");
   ASSERT_EQ(translated.subqueries.size(), 1U);
   EXPECT_EQ(translated.subqueries[0].sql,
             "select ID from tblInventoryDispatch where ReceiveDate<=?1 and Code is not NULL");
-  EXPECT_EQ(translated.subqueries[0].order, " Order By ReceiveDate Desc,ID");
+  EXPECT_EQ(translated.subqueries[0].order, " Order By ReceiveDate Desc,ID Desc");
   EXPECT_EQ(translated.subqueries[0].literals, Numbers{5});
   EXPECT_EQ(translated.subqueries[0].parameter, 6);
 }
@@ -102,7 +102,7 @@ TEST_F(HoistedStatementTest, A_subquery_is_hoisted_only_where_its_term_decides_o
   for (const std::string& statement : unchanged) {
     const HoistedStatement translated = Translated(statement);
     EXPECT_TRUE(translated.subqueries.empty()) << statement;
-    EXPECT_EQ(translated.sql, Translate(Normalize(statement).text)) << statement;
+    EXPECT_EQ(translated.sql, TranslateOrdered(Normalize(statement).text, connection_)) << statement;
   }
 }
 
@@ -129,7 +129,7 @@ TEST_F(HoistedStatementTest, Statements_that_need_more_of_the_documents_are_not_
   for (const std::string& statement : unchanged) {
     const HoistedStatement translated = Translated(statement);
     EXPECT_TRUE(translated.subqueries.empty()) << statement;
-    EXPECT_EQ(translated.sql, Translate(Normalize(statement).text)) << statement;
+    EXPECT_EQ(translated.sql, TranslateOrdered(Normalize(statement).text, connection_)) << statement;
   }
 }
 
@@ -139,7 +139,7 @@ TEST_F(HoistedStatementTest, A_correlated_subquery_is_not_hoisted) {
       "where "
       "Code=Qty)";
   EXPECT_TRUE(Translated(statement).subqueries.empty());
-  EXPECT_EQ(Translated(statement).sql, Translate(Normalize(statement).text));
+  EXPECT_EQ(Translated(statement).sql, TranslateOrdered(Normalize(statement).text, connection_));
 }
 
 }  // namespace

@@ -32,7 +32,9 @@ std::string About(const std::string& kind, std::string text) {
 class QueryPlan : public testing::Test {
  protected:
   /// The steps of the plan, one a line.
-  std::string Plan(const std::string& statement) { return PlanOf(Translate(Normalize(statement).text)); }
+  std::string Plan(const std::string& statement) {
+    return PlanOf(TranslateOrdered(Normalize(statement).text, connection_));
+  }
   std::string PlanInSnapshot(const std::string& statement) {
     return PlanOf(TranslateHoisted(Normalize(statement).text, connection_).sql);
   }

@@ -31,12 +31,13 @@ class ReadSnapshotTest : public testing::Test {
         .Field("Qty")
         .Text();
   }
-  /// All rates, the latest first.
-  std::string Rates() {
+  /// All rates, the latest first unless `order` says otherwise.
+  std::string Rates(FixedSql order = " Order By ReceiveDate Desc") {
     std::string rates;
-    Recordset found = connection_->Open(SqlText(
-        "Select isnull(Value,0) as Value from tblInventoryReceiptDetail,tblInventoryReceipt Where "
-        "ID=ReceiptID and Barcode='A' and Isnull(Value,0)>0 and Code is not NULL Order By ReceiveDate Desc"));
+    Recordset found = connection_->Open(
+        SqlText("Select isnull(Value,0) as Value from tblInventoryReceiptDetail,tblInventoryReceipt Where "
+                "ID=ReceiptID and Barcode='A' and Isnull(Value,0)>0 and Code is not NULL") +
+        order);
     for (; !found.AtEnd(); found.MoveNext()) rates += found.Field("Value").Text() + " ";
     return rates;
   }
@@ -147,11 +148,19 @@ TEST_F(ReadSnapshotTest, A_broken_statement_inside_leaves_the_rest_as_it_is) {
   EXPECT_EQ(Stock(), "10");
 }
 
-TEST_F(ReadSnapshotTest, Documents_of_one_date_are_ordered_by_key) {
-  database_.Execute("update tblInventoryReceipt set Code=2, ReceiveDate='2024-01-01' where ID=2");
-  EXPECT_EQ(Rates(), "100 200 ");
+TEST_F(ReadSnapshotTest,
+       Documents_of_one_date_and_lines_of_one_document_come_last_entered_first_with_and_without_it) {
+  database_.Execute(
+      "update tblInventoryReceipt set Code=2, ReceiveDate='2024-01-01' where ID=2;"
+      "insert into tblInventoryReceiptDetail (ReceiptID,Barcode,Qty,Value) values "
+      "(1,'A',1,300),(2,'A',1,150)");
+  EXPECT_EQ(Rates(), "150 200 300 100 ");
+  EXPECT_EQ(Rates(" Order By ReceiveDate"), "100 300 200 150 ");
+  EXPECT_EQ(Rates(" Order By ReceiveDate Asc"), "100 300 200 150 ");
   const auto snapshot = connection_->BeginReadSnapshot();
-  EXPECT_EQ(Rates(), "100 200 ");
+  EXPECT_EQ(Rates(), "150 200 300 100 ");
+  EXPECT_EQ(Rates(" Order By ReceiveDate"), "100 300 200 150 ");
+  EXPECT_EQ(Rates(" Order By ReceiveDate Asc"), "100 300 200 150 ");
 }
 
 }  // namespace
