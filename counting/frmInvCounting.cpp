@@ -9,6 +9,12 @@
 #include "services/Permission.h"
 
 namespace koru {
+namespace {
+
+/// After that many ticks of its timer, the form gives the database a moment.
+constexpr int kIdleTicks = 5;
+
+}  // namespace
 
 frmInvCounting::frmInvCounting(SharedState& shared)
     : Form(shared.services.screen, "frmInvCounting"),
@@ -135,7 +141,14 @@ void frmInvCounting::ConnectEvents() {
     if (gdpCreateDate.IsEmpty()) gdpCreateDate.SetValue(shared_.services.clock.Today());
   });
   guard_.StoredWanted.Always([this](std::int32_t id) { ViewInvCounting(id); });
-  Timer1.Tick.Always([this] { RefreshCommands(); });
+  Timer1.Tick.Always([this] { Tick(); });
+}
+
+void frmInvCounting::Tick() {
+  RefreshCommands();
+  if (++idleTicks_ < kIdleTicks) return;
+  idleTicks_ = 0;
+  shared_.data.Idle();
 }
 
 void frmInvCounting::Exit() {
@@ -161,6 +174,7 @@ bool frmInvCounting::OpenFound(std::int32_t id) {
 /// Runs a command that ends the entry of a document, then fires the timer at once: before the next tick, the
 /// same command could be pressed again, and a second registration would take a second number.
 void frmInvCounting::RunAndTick(const std::function<void()>& command) {
+  idleTicks_ = 0;
   try {
     command();
   } catch (...) {

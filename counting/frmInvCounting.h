@@ -89,9 +89,11 @@ class frmInvCounting : public Form, public InvCountingControls {
   bool OpenFound(std::int32_t id);
   void RunAndTick(const std::function<void()>& command);
   void Save(const std::function<void()>& command);
+  void Tick();
 
   SharedState& shared_;
   bool started_ = false;
+  int idleTicks_ = 0;  ///< ticks since the last command
   CountingLines lines_;
   LineEditing editing_;
   SystemQuantity quantity_;

@@ -42,6 +42,7 @@ class StatementLog::Connection : public Database {
     return inner_->Call(procedure, parameters);
   }
   [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
+  void Idle() noexcept override { inner_->Idle(); }
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
   [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
     return inner_->BeginReadSnapshot();

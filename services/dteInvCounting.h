@@ -58,6 +58,11 @@ class dteInvCounting {
   /// See Database::ForeignWrites; also another number once the connection has been opened anew.
   [[nodiscard]] std::optional<std::int64_t> ForeignWrites();
 
+  /// See Database::Idle; nothing while there is no connection.
+  void Idle() noexcept {
+    if (connection_) connection_->Idle();
+  }
+
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() { return Connection().BeginWriteBatch(); }
   [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() { return Connection().BeginReadSnapshot(); }
 

@@ -132,6 +132,7 @@ class LoggedDatabase : public Database {
   }
 
   [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
+  void Idle() noexcept override { inner_->Idle(); }
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override {
     std::unique_ptr<WriteBatch> inner;
     journal_->Do("write batch begins", [&] { inner = inner_->BeginWriteBatch(); });

@@ -147,6 +147,11 @@ bool SqliteConnection::InTransaction() const { return sqlite3_get_autocommit(con
 
 void SqliteConnection::ReleasePages() const { sqlite3_db_release_memory(connection_.get()); }
 
+void SqliteConnection::Checkpoint() noexcept {
+  // Whatever keeps it from copying now, a failing disk included, the log still holds everything.
+  sqlite3_wal_checkpoint_v2(connection_.get(), "main", SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+}
+
 std::string SqliteConnection::File() const { return sqlite3_db_filename(connection_.get(), "main"); }
 
 bool SqliteConnection::HasMoved() const {

@@ -57,6 +57,13 @@ SqliteDatabase::SqliteDatabase(SqliteConnection connection)
       "temp_store=MEMORY");
 }
 
+// SQLite itself does this only when the last connection to the file is closed.
+SqliteDatabase::~SqliteDatabase() { SqliteDatabase::Idle(); }
+
+void SqliteDatabase::Idle() noexcept {
+  if (batchLevels_ == 0 && !snapshot_.IsOpen()) connection_.Checkpoint();
+}
+
 Recordset SqliteDatabase::Open(const SqlText& statement) {
   const NormalizedStatement normalized = Normalize(statement.Text());
   // Without its transaction, a later statement of the batch would be stored by itself.

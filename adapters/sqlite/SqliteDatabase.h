@@ -26,6 +26,9 @@ class SqliteDatabase : public Database {
 
   /// `connection` is open on a file of the suite.
   explicit SqliteDatabase(SqliteConnection connection);
+  SqliteDatabase(const SqliteDatabase&) = delete;
+  SqliteDatabase& operator=(const SqliteDatabase&) = delete;
+  ~SqliteDatabase() override;
 
   Recordset Open(const SqlText& statement) override;
   /// Supports `spPelinHasPermission( user, permission )` only: returns 1 if `tblPelinUserPermission` has the
@@ -34,6 +37,9 @@ class SqliteDatabase : public Database {
   [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override {
     return connection_.Number("PRAGMA data_version");
   }
+  /// Moves what the write-ahead log holds into the file, as far as no other connection reads or writes, so
+  /// that the file by itself is whole. The destructor does the same.
+  void Idle() noexcept override;
   /// Begins a transaction that holds the write lock, so that no later statement finds the file locked. Throws
   /// DatabaseError if it is locked now.
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override;

@@ -78,6 +78,10 @@ class Database {
   /// writes; no value where the database cannot tell. Throws DatabaseError.
   [[nodiscard]] virtual std::optional<std::int64_t> ForeignWrites() { return {}; }
 
+  /// The program is idle: work that can wait may be done now. Never waits for another connection; what cannot
+  /// be done now is tried again at the next call.
+  virtual void Idle() noexcept {}
+
   /// Batches may nest; only the outermost has an effect.
   [[nodiscard]] virtual std::unique_ptr<WriteBatch> BeginWriteBatch() = 0;
 

@@ -53,6 +53,73 @@ TEST_F(TwoConnections, A_kept_statement_notices_that_a_table_has_changed) {
   EXPECT_EQ(users.Field("Nick").Text(), "b");
 }
 
+class OpenFile : public TwoConnections {
+ protected:
+  [[nodiscard]] std::string NewFile() const {
+    std::string file = folder_.File("a.koru");
+    CreateDatabaseFile(file, EmbeddedSchema());
+    return file;
+  }
+  static void Write(Database& connection) {
+    connection.Open(SqlText("insert into tblUser (FullName) values ('x')"));
+  }
+  /// The users in a copy of the main file alone, without its log.
+  std::size_t UsersInCopy() {
+    const std::string copy = folder_.File("copy.koru");
+    std::filesystem::copy_file(file_, copy, std::filesystem::copy_options::overwrite_existing);
+    return Users(*connector_.Connect(EmbeddedConnectionText(copy)));
+  }
+
+  test::TemporaryFolder folder_;
+  std::string file_ = NewFile();
+  std::unique_ptr<Database> first_ = connector_.Connect(EmbeddedConnectionText(file_));
+  std::unique_ptr<Database> second_ = connector_.Connect(EmbeddedConnectionText(file_));
+};
+
+TEST_F(OpenFile, Is_whole_in_a_plain_copy_once_the_program_is_idle) {
+  Write(*first_);
+  EXPECT_EQ(UsersInCopy(), 0U) << "the row is in the log";
+  first_->Idle();
+  EXPECT_EQ(UsersInCopy(), 1U);
+}
+
+TEST_F(OpenFile, Is_whole_in_a_plain_copy_once_a_program_that_wrote_has_closed_it) {
+  Write(*first_);
+  first_.reset();
+  EXPECT_EQ(UsersInCopy(), 1U) << "the other program still has it open";
+}
+
+TEST_F(OpenFile, Is_whole_after_another_programs_write_as_well) {
+  Write(*first_);
+  EXPECT_EQ(Users(*second_), 1U);
+  second_->Idle();
+  EXPECT_EQ(UsersInCopy(), 1U);
+}
+
+TEST_F(OpenFile, Is_not_waited_for_by_an_idle_program_and_is_whole_at_a_later_moment) {
+  Users(*second_);
+  const auto reading = second_->BeginReadSnapshot();
+  Users(*second_);
+  Write(*first_);
+  {
+    const auto writing = second_->BeginWriteBatch();
+    first_->Idle();
+    writing->Finish();
+  }
+  first_->Idle();
+  EXPECT_EQ(UsersInCopy(), 1U);
+}
+
+TEST_F(OpenFile, Keeps_an_open_write_batch_out_of_a_copy) {
+  const auto batch = first_->BeginWriteBatch();
+  Write(*first_);
+  first_->Idle();
+  EXPECT_EQ(UsersInCopy(), 0U);
+  batch->Finish();
+  first_->Idle();
+  EXPECT_EQ(UsersInCopy(), 1U);
+}
+
 TEST_F(TwoConnections, The_last_one_to_close_leaves_all_in_one_file) {
   test::TemporaryFolder folder;
   const std::string file = folder.File("a.koru");
