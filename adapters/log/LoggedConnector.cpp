@@ -13,6 +13,16 @@ namespace {
 
 using Steady = std::chrono::steady_clock;
 
+/// When a piece of work began.
+struct Begin {
+  LogFile::Clock::time_point begun = LogFile::Clock::now();
+  Steady::time_point start = Steady::now();
+};
+
+std::string FailureText(int code, const std::string& words) {
+  return "error " + std::to_string(code) + ": " + words;
+}
+
 /// What one connection writes into the log.
 class Journal {
  public:
@@ -22,22 +32,19 @@ class Journal {
   /// `text` what the work is, `error` the words of a failure, which is thrown on.
   template <class Work, class Outcome, class Text, class Error>
   auto Run(const Work& work, const Outcome& outcome, const Text& text, const Error& error) {
-    const LogFile::Clock::time_point begun = LogFile::Clock::now();
-    const Steady::time_point start = Steady::now();
+    const Begin begin;
     try {
       auto result = work();
       Note(
-          begun, start, [&] { return outcome(result); }, text);
+          begin, [&] { return outcome(result); }, text);
       return result;
     } catch (const DatabaseError& failure) {
       Note(
-          begun, start,
-          [&] { return "error " + std::to_string(failure.Code()) + ": " + error(failure.ServerText()); },
-          text);
+          begin, [&] { return FailureText(failure.Code(), error(failure.ServerText())); }, text);
       throw;
     } catch (const std::exception& failure) {
       Note(
-          begun, start, [&] { return "error: " + error(failure.what()); }, text);
+          begin, [&] { return "error: " + error(failure.what()); }, text);
       throw;
     }
   }
@@ -55,18 +62,18 @@ class Journal {
 
   [[nodiscard]] bool WithTexts() const { return log_.Settings().withTexts; }
 
- private:
-  /// Never throws: what has been done has been done, whether it can be noted or not.
+  /// Notes work that has ended just now. Never throws: what has been done has been done, whether it can be
+  /// noted or not.
   template <class Outcome, class Text>
-  void Note(LogFile::Clock::time_point begun, Steady::time_point start, const Outcome& outcome,
-            const Text& text) noexcept {
+  void Note(const Begin& begin, const Outcome& outcome, const Text& text) noexcept {
     try {
-      const Steady::duration duration = Steady::now() - start;
-      log_.Append(begun, duration, connection_, outcome(), text());
+      const Steady::duration duration = Steady::now() - begin.start;
+      log_.Append(begin.begun, duration, connection_, outcome(), text());
     } catch (const std::exception&) {  // no memory for the line
     }
   }
 
+ private:
   LogFile& log_;
   std::string connection_;
 };
@@ -116,13 +123,33 @@ class LoggedDatabase : public Database {
   }
 
   Recordset Open(const SqlText& statement) override {
-    return journal_->Run(
-        [&] { return inner_->Open(statement); }, RowsText,
-        [&] { return journal_->WithTexts() ? statement.Text() : MaskedStatement(statement); },
-        [&](const std::string& words) {
-          return journal_->WithTexts() ? words : MaskedError(words, statement);
-        });
+    return journal_->Run([&] { return inner_->Open(statement); }, RowsText, [&] { return TextOf(statement); },
+                         [&](const std::string& words) { return ErrorOf(words, statement); });
   }
+
+  /// A line for each statement, with the time since they were sent.
+  void OpenAll(const std::vector<SqlText>& statements,
+               const std::function<void(std::size_t, const Recordset&)>& take) override {
+    const Begin begin;
+    std::size_t done = 0;
+    try {
+      inner_->OpenAll(statements, [&](std::size_t number, const Recordset& records) {
+        journal_->Note(
+            begin, [&] { return RowsText(records); }, [&] { return TextOf(statements[number]); });
+        done = number + 1;
+        take(number, records);
+      });
+    } catch (const DatabaseError& failure) {
+      if (done == statements.size()) throw;
+      const SqlText& failed = statements[done];
+      journal_->Note(
+          begin, [&] { return FailureText(failure.Code(), ErrorOf(failure.ServerText(), failed)); },
+          [&] { return TextOf(failed); });
+      throw;
+    }
+  }
+  [[nodiscard]] std::size_t StatementsPerTrip() const override { return inner_->StatementsPerTrip(); }
+  [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return inner_->InsertedKey(); }
 
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
     return journal_->Run([&] { return inner_->Call(procedure, parameters); },
@@ -146,6 +173,13 @@ class LoggedDatabase : public Database {
   }
 
  private:
+  [[nodiscard]] std::string TextOf(const SqlText& statement) const {
+    return journal_->WithTexts() ? statement.Text() : MaskedStatement(statement);
+  }
+  [[nodiscard]] std::string ErrorOf(const std::string& words, const SqlText& statement) const {
+    return journal_->WithTexts() ? words : MaskedError(words, statement);
+  }
+
   std::unique_ptr<Journal> journal_;
   std::unique_ptr<Database> inner_;
 };

@@ -1,6 +1,7 @@
 #include "adapters/odbc/OdbcSession.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "adapters/odbc/OdbcConnectError.h"
 #include "adapters/odbc/OdbcDiagnostics.h"
@@ -124,22 +125,27 @@ void OdbcSession::Execute(const Handle& statement, std::string_view text) {
   Check(SQLExecDirectW(statement.Get(), Units(wide), static_cast<SQLINTEGER>(wide.size())), statement);
 }
 
-Recordset OdbcSession::ReadResults(const Handle& statement) {
-  Recordset records;
+void OdbcSession::ReadResults(const Handle& statement, const std::function<void(Recordset)>& take) {
   SQLRETURN more = SQL_SUCCESS;
   while (more != SQL_NO_DATA) {
-    Recordset read = ReadRows(statement.Get());
-    if (records.Columns().empty()) records = std::move(read);
+    take(ReadRows(statement.Get()));
     more = SQLMoreResults(statement.Get());
     Check(more, statement);
   }
-  return records;
 }
 
-Recordset OdbcSession::Run(std::string_view statement) {
+void OdbcSession::Run(std::string_view batch, const std::function<void(Recordset)>& take) {
   const Handle handle(connection_.Get());
-  Execute(handle, statement);
-  return ReadResults(handle);
+  Execute(handle, batch);
+  ReadResults(handle, take);
+}
+
+Recordset OdbcSession::Run(std::string_view batch) {
+  Recordset records;
+  Run(batch, [&](Recordset read) {
+    if (records.Columns().empty()) records = std::move(read);
+  });
+  return records;
 }
 
 std::int32_t OdbcSession::Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) {
@@ -159,7 +165,7 @@ std::int32_t OdbcSession::Call(std::string_view procedure, const std::vector<std
   }
   Execute(statement, "{? = CALL " + std::string(procedure) + "(" + marks + ") }");
   // The return value is there when all that the procedure selects has been read.
-  ReadResults(statement);
+  ReadResults(statement, [](const Recordset&) {});
   return answer;
 }
 

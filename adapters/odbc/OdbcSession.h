@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,9 +21,12 @@ class OdbcSession {
   OdbcSession& operator=(const OdbcSession&) = delete;
   ~OdbcSession();
 
-  /// Sends a statement once. The rows are those of its first result that has columns. Throws DatabaseError
-  /// without statement; IsLost then says whether the connection is still usable.
-  Recordset Run(std::string_view statement);
+  /// Sends a batch of statements once, and passes its results to `take` in order as they are read; a result
+  /// without columns is of a statement that only writes. Throws DatabaseError without statement at the first
+  /// that fails; IsLost then says whether the connection is still usable.
+  void Run(std::string_view batch, const std::function<void(Recordset)>& take);
+  /// The first result that has columns.
+  Recordset Run(std::string_view batch);
 
   /// `{? = CALL procedure( ?, ... ) }`: its return value. `procedure` is a name and nothing else.
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters);
@@ -37,7 +41,7 @@ class OdbcSession {
   void Connect(const OdbcTarget& target);
   [[nodiscard]] bool HasAttribute(SQLINTEGER attribute) const;
   void Execute(const Handle& statement, std::string_view text);
-  Recordset ReadResults(const Handle& statement);
+  void ReadResults(const Handle& statement, const std::function<void(Recordset)>& take);
   void Check(SQLRETURN result, const Handle& statement);
 
   OdbcTimeouts timeouts_;

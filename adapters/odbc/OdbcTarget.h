@@ -11,6 +11,7 @@ namespace koru {
 struct OdbcTimeouts {
   std::chrono::seconds login{10};
   std::chrono::seconds statement{60};
+  std::chrono::seconds lock{30};  ///< for another station's write batch; less than `statement`
 };
 
 /// What a connection text means to ODBC.

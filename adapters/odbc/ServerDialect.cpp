@@ -5,6 +5,7 @@
 
 #include "platform/sql/DatabaseError.h"
 #include "platform/sql/SqlLexer.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 namespace {
@@ -38,6 +39,13 @@ std::string ServerStatement(const std::string& statement) {
   }
   sent.append(statement, written);
   return sent;
+}
+
+bool IsInsert(std::string_view statement) {
+  SqlLexer lexer(statement);
+  SqlToken token = lexer.Next();
+  while (token.kind == SqlTokenKind::Comment) token = lexer.Next();
+  return EqualsNoCase(lexer.TextOf(token), "insert");
 }
 
 }  // namespace koru

@@ -11,11 +11,16 @@ namespace koru {
 /// DatabaseError for a text that is not one whole statement.
 [[nodiscard]] std::string ServerStatement(const std::string& statement);
 
-/// Sent once on every new connection: dates written yyyy-mm-dd are read so whatever the language of the
-/// login; "..." is a name, as the check of typed text assumes; and the settings under which the server
-/// permits writing to indexed computed columns.
+/// Whether a statement, as written, inserts rows.
+[[nodiscard]] bool IsInsert(std::string_view statement);
+
+/// Sent once on every new connection, whatever the defaults of the login are: dates written yyyy-mm-dd are
+/// read so; "..." is a name, as the check of typed text assumes; the settings under which the server permits
+/// writing to indexed computed columns; writes report their rows; and a failing statement neither undoes a
+/// transaction nor leaves one open.
 inline constexpr std::string_view kSessionSettings =
     "SET DATEFORMAT ymd SET ANSI_NULLS, ANSI_PADDING, ANSI_WARNINGS, ARITHABORT, CONCAT_NULL_YIELDS_NULL, "
-    "QUOTED_IDENTIFIER ON SET NUMERIC_ROUNDABORT OFF";
+    "QUOTED_IDENTIFIER ON SET NUMERIC_ROUNDABORT OFF SET NOCOUNT OFF SET XACT_ABORT OFF SET "
+    "IMPLICIT_TRANSACTIONS OFF";
 
 }  // namespace koru

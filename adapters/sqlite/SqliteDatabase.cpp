@@ -12,8 +12,8 @@
 #include "adapters/sqlite/FilePath.h"
 #include "adapters/sqlite/PermissionStatement.h"
 #include "adapters/sqlite/ReadToEnd.h"
-#include "adapters/sqlite/WriteBatchLevel.h"
 #include "platform/sql/DatabaseError.h"
+#include "platform/sql/WriteBatchLevel.h"
 #include "platform/text/Text.h"
 
 namespace koru {

@@ -14,9 +14,10 @@
 
 namespace koru {
 
-/// RAII write batch. Until destruction, statements still run one by one and a failing one does not undo those
-/// before it, but all of them are written to the disk together at the end. A server connection may ignore
-/// batches.
+/// RAII write batch, as one transaction. Until destruction, statements still run one by one and a failing one
+/// does not undo those before it, but all of them are stored together at the end. No other connection begins
+/// a write batch meanwhile. A batch can be lost, on a server with its connection: then nothing of it is
+/// stored, later statements of it fail, and so does its end.
 class WriteBatch {
  public:
   WriteBatch() = default;
@@ -24,8 +25,9 @@ class WriteBatch {
   WriteBatch& operator=(const WriteBatch&) = delete;
   virtual ~WriteBatch() = default;
 
-  /// Writes to the disk and ends the batch; throws DatabaseError when that fails. The destructor of an
-  /// unfinished batch (a statement failed) does the same but reports no error of its own.
+  /// Stores what was written and ends the batch; throws DatabaseError when that fails, and nothing of it is
+  /// stored; UnknownOutcome when nobody knows. The destructor of an unfinished batch (a statement failed)
+  /// does the same but reports no error of its own.
   virtual void Finish() = 0;
 };
 
@@ -82,7 +84,8 @@ class Database {
   /// be done now is tried again at the next call.
   virtual void Idle() noexcept {}
 
-  /// Batches may nest; only the outermost has an effect.
+  /// Batches may nest; only the outermost has an effect. Waits for another connection's batch; throws
+  /// DatabaseError when it does not end in time.
   [[nodiscard]] virtual std::unique_ptr<WriteBatch> BeginWriteBatch() = 0;
 
   /// Snapshots may nest; only the outermost has an effect. Throws DatabaseError.

@@ -26,4 +26,10 @@ class DatabaseError : public std::runtime_error {
   std::string statement_;
 };
 
+/// The end of a write batch was sent, and no answer came: either all of the batch is stored, or nothing.
+class UnknownOutcome : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+};
+
 }  // namespace koru

@@ -31,6 +31,17 @@ std::string ServerBatch::Between(std::size_t first, std::size_t afterLast) const
   return text_.substr(tokens_[first].begin, tokens_[afterLast - 1].end - tokens_[first].begin);
 }
 
+std::vector<ServerBatch> ServerBatch::Parts() const {
+  std::vector<ServerBatch> parts;
+  std::size_t begin = 0;
+  for (std::size_t at = 0; at <= Size(); ++at) {
+    if (at < Size() && Word(at) != ";") continue;
+    if (begin < at) parts.emplace_back(Between(begin, at));
+    begin = at + 1;
+  }
+  return parts;
+}
+
 std::size_t ServerBatch::EndOfPart(std::size_t at) const {
   for (int depth = 0; at < Size(); ++at) {
     const std::string word = Word(at);

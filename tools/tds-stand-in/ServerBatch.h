@@ -27,6 +27,8 @@ class ServerBatch {
   /// The place of the first comma or closing parenthesis from `at` on that no parenthesis after `at`
   /// encloses.
   [[nodiscard]] std::size_t EndOfPart(std::size_t at) const;
+  /// The statements that semicolons separate, without empty ones.
+  [[nodiscard]] std::vector<ServerBatch> Parts() const;
   /// The place of the parenthesis that closes the one at `open`.
   [[nodiscard]] std::size_t Closing(std::size_t open) const;
 

@@ -18,8 +18,9 @@ struct Words {
   int number;
   std::string_view words;
 };
-constexpr std::array<Words, 26> kWords{{
+constexpr std::array<Words, 30> kWords{{
     {102, "Incorrect syntax near '%'."},
+    {137, "Must declare the scalar variable \"%\"."},
     {201, "Procedure or function '%' expects a parameter, which was not supplied."},
     {207, "Invalid column name '%'."},
     {208, "Invalid object name '%'."},
@@ -34,6 +35,9 @@ constexpr std::array<Words, 26> kWords{{
     {544,
      "Cannot insert explicit value for identity column in table '%' when IDENTITY_INSERT is set to OFF."},
     {1088, "Cannot find the object \"%\" because it does not exist or you do not have permissions."},
+    {1205,
+     "Transaction was deadlocked on lock resources with another process and has been chosen as the deadlock "
+     "victim. Rerun the transaction.%"},
     {1902, "Cannot create more than one clustered index on table '%'."},
     {1913, "The operation failed because an index or statistics with name '%' already exists."},
     {2601, "Cannot insert duplicate key row in object with unique index, duplicate key: %."},
@@ -46,6 +50,8 @@ constexpr std::array<Words, 26> kWords{{
     {8106, "Table '%' does not have the identity property. Cannot perform SET operation."},
     {8114, "Error converting data type varchar to float."},
     {8115, "Arithmetic overflow error converting expression to data type int."},
+    {3902, "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION: %."},
+    {3903, "The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION: %."},
     {8144, "Procedure or function % has too many arguments specified."},
     {8152, "String or binary data would be truncated."},
 }};

@@ -57,9 +57,9 @@ std::string WithLiterals(const std::string& translated, const std::vector<std::s
 
 }  // namespace
 
-StandInSchema::StandInSchema(SqliteConnection& engine) : engine_(engine) {
-  engine_.Execute(std::string("PRAGMA encoding='UTF-16le'; create table ") + kObjects +
-                  " (name text not null primary key collate nocase)");
+StandInSchema::StandInSchema(SqliteConnection& engine) {
+  engine.Execute(std::string("PRAGMA encoding='UTF-16le'; create table ") + kObjects +
+                 " (name text not null primary key collate nocase)");
 }
 
 bool StandInSchema::IsChange(const ServerBatch& batch) {
@@ -68,65 +68,65 @@ bool StandInSchema::IsChange(const ServerBatch& batch) {
                      [&](std::string_view word) { return batch.Has(0, {word}); });
 }
 
-void StandInSchema::Change(const ServerBatch& batch) {
-  engine_.Execute("savepoint change");
+void StandInSchema::Change(SqliteConnection& engine, const ServerBatch& batch) {
+  engine.Execute("savepoint change");
   try {
     if (batch.Has(0, {"create"})) {
-      Create(batch);
+      Create(engine, batch);
     } else if (batch.Has(0, {"drop"})) {
-      Drop(batch);
+      Drop(engine, batch);
     } else if (batch.Has(0, {"alter", "table", "", "drop", "column", ""}) && batch.Size() == 6) {
-      engine_.Execute(batch.Text());
+      engine.Execute(batch.Text());
     } else {
       throw NotKnownHere(batch.Text(), batch.Text());
     }
   } catch (const DatabaseError&) {
-    engine_.Execute("rollback to change; release change");
+    engine.Execute("rollback to change; release change");
     throw;
   }
-  engine_.Execute("release change");
+  engine.Execute("release change");
 }
 
-void StandInSchema::Create(const ServerBatch& batch) {
-  if (batch.Has(1, {"table"})) return CreateTable(batch);
-  if (batch.Has(1, {"view"})) return CreateView(batch);
+void StandInSchema::Create(SqliteConnection& engine, const ServerBatch& batch) {
+  if (batch.Has(1, {"table"})) return CreateTable(engine, batch);
+  if (batch.Has(1, {"view"})) return CreateView(engine, batch);
   if (batch.Has(1, {"procedure"})) {
     StandInProcedure procedure = ReadProcedure(batch);
-    AddObject(procedure.name, batch);
+    AddObject(engine, procedure.name, batch);
     procedures_[LowerAscii(procedure.name)] = std::move(procedure);
     return;
   }
   for (std::size_t at = 1; at <= 3; ++at) {
-    if (batch.Has(at, {"index", "", "on", "", "("})) return CreateIndex(batch, at);
+    if (batch.Has(at, {"index", "", "on", "", "("})) return CreateIndex(engine, batch, at);
   }
   throw NotKnownHere(batch.Text(), batch.Text());
 }
 
-void StandInSchema::CreateTable(const ServerBatch& batch) {
+void StandInSchema::CreateTable(SqliteConnection& engine, const ServerBatch& batch) {
   StandInTable table = ReadTable(batch);
-  AddObject(table.name, batch);
-  for (const std::string& statement : table.statements) engine_.Execute(statement);
+  AddObject(engine, table.name, batch);
+  for (const std::string& statement : table.statements) engine.Execute(statement);
   tables_[LowerAscii(table.name)] = std::move(table);
 }
 
-void StandInSchema::CreateView(const ServerBatch& batch) {
+void StandInSchema::CreateView(SqliteConnection& engine, const ServerBatch& batch) {
   const std::string name = batch.Word(2);
-  AddObject(name, batch);
-  engine_.Execute(EngineView(batch));
+  AddObject(engine, name, batch);
+  engine.Execute(EngineView(batch));
   // The engine resolves a view's tables and columns when it is read, the server when it is made. Of two
   // columns of one name, the engine calls the second `name:1`.
-  SqliteStatement view = engine_.Prepare("select * from " + name);
+  SqliteStatement view = engine.Prepare("select * from " + name);
   for (int column = 0; column < view.ColumnCount(); ++column) {
     if (view.ColumnName(column).find(':') != std::string::npos) throw Refusal(4506, name, batch.Text());
   }
 }
 
-std::string StandInSchema::EngineView(const ServerBatch& batch) const {
+std::string StandInSchema::EngineView(const ServerBatch& batch) {
   const std::string text = WithCollations(batch);
   return WithLiterals(Translate(Normalize(text).text), Literals(ServerBatch(text)));
 }
 
-void StandInSchema::CreateIndex(const ServerBatch& batch, std::size_t indexWord) {
+void StandInSchema::CreateIndex(SqliteConnection& engine, const ServerBatch& batch, std::size_t indexWord) {
   const std::string name = batch.Word(indexWord + 1);
   const auto found = tables_.find(LowerAscii(batch.Word(indexWord + 3)));
   if (found == tables_.end()) throw Refusal(1088, batch.Word(indexWord + 3), batch.Text());
@@ -134,7 +134,7 @@ void StandInSchema::CreateIndex(const ServerBatch& batch, std::size_t indexWord)
   const bool isClustered = batch.Has(indexWord - 1, {"clustered"});
   if (isClustered && table.isClustered) throw Refusal(1902, table.name, batch.Text());
   const std::string engineName = table.name + "." + name;
-  if (engine_.Number("select count(*) from sqlite_schema where name='" + engineName + "' collate nocase") >
+  if (engine.Number("select count(*) from sqlite_schema where name='" + engineName + "' collate nocase") >
       0) {
     throw Refusal(1913, name, batch.Text());
   }
@@ -149,33 +149,33 @@ void StandInSchema::CreateIndex(const ServerBatch& batch, std::size_t indexWord)
   }
   if (batch.Has(close + 1, {"include", "("})) {
     // Columns that an index only includes bring nothing here, but must exist.
-    static_cast<void>(engine_.Prepare("select " + batch.Between(close + 3, batch.Closing(close + 2)) +
-                                      " from " + table.name));
+    static_cast<void>(engine.Prepare("select " + batch.Between(close + 3, batch.Closing(close + 2)) +
+                                     " from " + table.name));
   }
-  engine_.Execute(std::string("create ") + (batch.Has(1, {"unique"}) ? "unique " : "") + "index \"" +
-                  engineName + "\" on " + table.name + " (" + keys + ")");
+  engine.Execute(std::string("create ") + (batch.Has(1, {"unique"}) ? "unique " : "") + "index \"" +
+                 engineName + "\" on " + table.name + " (" + keys + ")");
   table.isClustered = table.isClustered || isClustered;
 }
 
-void StandInSchema::Drop(const ServerBatch& batch) {
+void StandInSchema::Drop(SqliteConnection& engine, const ServerBatch& batch) {
   const bool isProcedure = batch.Has(1, {"procedure"});
   const bool isKnown = isProcedure || batch.Has(1, {"table"}) || batch.Has(1, {"view"});
   if (!isKnown || batch.Size() != 3) throw NotKnownHere(batch.Text(), batch.Text());
   const std::string name = batch.Word(2);
-  if (!IsObject(name)) throw Refusal(3701, name, batch.Text());
-  if (!isProcedure) engine_.Execute(batch.Text());
-  engine_.Execute(std::string("delete from ") + kObjects + " where name='" + name + "'");
+  if (!IsObject(engine, name)) throw Refusal(3701, name, batch.Text());
+  if (!isProcedure) engine.Execute(batch.Text());
+  engine.Execute(std::string("delete from ") + kObjects + " where name='" + name + "'");
   tables_.erase(LowerAscii(name));
   procedures_.erase(LowerAscii(name));
 }
 
-bool StandInSchema::IsObject(const std::string& name) const {
-  return engine_.Number(std::string("select count(*) from ") + kObjects + " where name='" + name + "'") > 0;
+bool StandInSchema::IsObject(SqliteConnection& engine, const std::string& name) {
+  return engine.Number(std::string("select count(*) from ") + kObjects + " where name='" + name + "'") > 0;
 }
 
-void StandInSchema::AddObject(const std::string& name, const ServerBatch& batch) {
-  if (IsObject(name)) throw Refusal(2714, name, batch.Text());
-  engine_.Execute(std::string("insert into ") + kObjects + " values ('" + name + "')");
+void StandInSchema::AddObject(SqliteConnection& engine, const std::string& name, const ServerBatch& batch) {
+  if (IsObject(engine, name)) throw Refusal(2714, name, batch.Text());
+  engine.Execute(std::string("insert into ") + kObjects + " values ('" + name + "')");
 }
 
 std::string StandInSchema::IdentityOf(const std::string& table) const {

@@ -93,16 +93,17 @@ std::string TdsServer::ConnectionText() const {
 }
 
 void TdsServer::Serve() {
-  for (;;) {
+  for (int number = 1;; ++number) {
     const int handle = accept4(listener_.Handle(), nullptr, nullptr, SOCK_CLOEXEC);
     if (handle < 0) return;
     // The last packet of a reply is sent without waiting for the acknowledgement of the others.
     const int yes = 1;
     setsockopt(handle, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
     LetGoOfTheGone();
-    Client& client = clients_.emplace_back(handle);
+    Client& client = clients_.emplace_back(handle, number);
     client.thread = std::thread([this, &client] {
-      Talk(client.socket);
+      Talk(client);
+      if (handlers_.leaves) handlers_.leaves(client.number);
       client.socket.HangUp();
       client.isGone = true;
     });
@@ -117,22 +118,22 @@ void TdsServer::LetGoOfTheGone() {
   });
 }
 
-void TdsServer::Talk(const Socket& client) const {
+void TdsServer::Talk(const Client& client) const {
   bool hangs = false;
-  for (auto message = Receive(client); message; message = Receive(client)) {
+  for (auto message = Receive(client.socket); message; message = Receive(client.socket)) {
     std::vector<Answer> answers;
     try {
-      answers = AnswersTo(*message, hangs);
+      answers = AnswersTo(client.number, *message, hangs);
     } catch (const std::exception& failure) {
       answers = {{Answer::Kind::Refusal, kOwnMessage, failure.what()}};
     }
     if (answers.front().kind == Answer::Kind::Close) return;
     hangs = answers.front().kind == Answer::Kind::Silence;
-    if (!hangs) SendReply(client, Said(message->type, answers));
+    if (!hangs) SendReply(client.socket, Said(message->type, answers));
   }
 }
 
-std::vector<Answer> TdsServer::AnswersTo(const TdsMessage& message, bool hangs) const {
+std::vector<Answer> TdsServer::AnswersTo(int client, const TdsMessage& message, bool hangs) const {
   constexpr Answer::Kind kSilence = Answer::Kind::Silence;
   constexpr Answer::Kind kDone = Answer::Kind::Done;
   switch (message.type) {
@@ -141,9 +142,9 @@ std::vector<Answer> TdsServer::AnswersTo(const TdsMessage& message, bool hangs) 
     case TdsMessage::SignIn:
       return {handlers_.signIn(message.body)};
     case TdsMessage::Batch:
-      return handlers_.batch(ReadBatch(message.body));
+      return handlers_.batch(client, ReadBatch(message.body));
     case TdsMessage::Call:
-      return {handlers_.call(ReadCall(message.body))};
+      return {handlers_.call(client, ReadCall(message.body))};
     case TdsMessage::Cancel:
       return {{hangs ? kSilence : kDone}};
     default:

@@ -36,14 +36,17 @@ class TdsServer {
     std::optional<std::uint64_t> written = {};  ///< by a statement that is done: how many rows
   };
 
-  /// The answers; called on the clients' threads. An exception reaches the client as a refusal.
+  /// The answers; called on the clients' threads. An exception reaches the client as a refusal. Each
+  /// connection has a number of its own.
   struct Handlers {
     std::function<bool()> greets;
     /// Receives what the client sent; the password in it is obfuscated.
     std::function<Answer(const std::string& message)> signIn;
     /// One answer for each statement of the batch; Silence and Close are the only one.
-    std::function<std::vector<Answer>(const std::string& batch)> batch;
-    std::function<Answer(const ProcedureCall& call)> call;
+    std::function<std::vector<Answer>(int client, const std::string& batch)> batch;
+    std::function<Answer(int client, const ProcedureCall& call)> call;
+    /// The connection is closed, by either side. May be empty.
+    std::function<void(int client)> leaves = {};
   };
 
   /// The server's number for user-defined messages.
@@ -62,17 +65,18 @@ class TdsServer {
 
  private:
   struct Client {
-    explicit Client(int handle) : socket(handle) {}
+    Client(int handle, int clientNumber) : socket(handle), number(clientNumber) {}
     Socket socket;
+    int number;
     std::atomic<bool> isGone{false};
     std::thread thread;
   };
 
   void Serve();
   void LetGoOfTheGone();
-  void Talk(const Socket& client) const;
+  void Talk(const Client& client) const;
   /// `hangs`: the message before this one was answered with silence.
-  [[nodiscard]] std::vector<Answer> AnswersTo(const TdsMessage& message, bool hangs) const;
+  [[nodiscard]] std::vector<Answer> AnswersTo(int client, const TdsMessage& message, bool hangs) const;
 
   Handlers handlers_;
   Socket listener_;

@@ -114,6 +114,23 @@ TEST_F(LoggedWithTexts, Typed_texts_are_written_where_the_setting_says_so) {
   EXPECT_EQ(LoggedStatements(), (Lines{"1\t0 rows\tselect ID from tblUser where FullName='Sara'"}));
 }
 
+TEST_F(LoggedTest, Statements_that_are_sent_together_have_a_line_each) {
+  const auto database = Connect();
+  std::size_t taken = 0;
+  database->OpenAll({SqlText("insert into tblUser (ID,FullName) values (1,'a')"), UserNamed("ab1")},
+                    [&](std::size_t, const Recordset&) { ++taken; });
+  EXPECT_EQ(taken, 2U);
+  plan_.FailAt(2);
+  EXPECT_THROW(database->OpenAll({UserNamed("a"), UserNamed("bc"), UserNamed("d")}, [](auto, const auto&) {}),
+               DatabaseError);
+  EXPECT_EQ(
+      LoggedStatements(),
+      (Lines{"1\tdone\tinsert into tblUser (ID,FullName) values (1,'a')",
+             "1\t0 rows\tselect ID from tblUser where FullName='xx9'",
+             "1\t1 row\tselect ID from tblUser where FullName='x'",
+             "1\terror 6005: The server is shutting down.\tselect ID from tblUser where FullName='xx'"}));
+}
+
 TEST_F(LoggedTest, A_permission_shows_the_answer) {
   const auto database = Connect();
   EXPECT_EQ(database->Call("spPelinHasPermission", {7, 806}), 0);

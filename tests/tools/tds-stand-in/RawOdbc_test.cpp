@@ -111,8 +111,8 @@ class LongBatches : public testing::Test {
  protected:
   TdsServer server_{{.greets = [] { return true; },
                      .signIn = [](const std::string&) { return Answer{}; },
-                     .batch = [](const std::string& batch) { return Answers(batch); },
-                     .call = [](const ProcedureCall&) { return Answer{}; }}};
+                     .batch = [](int, const std::string& batch) { return Answers(batch); },
+                     .call = [](int, const ProcedureCall&) { return Answer{}; }}};
 
  private:
   static std::vector<Answer> Answers(const std::string& batch) {

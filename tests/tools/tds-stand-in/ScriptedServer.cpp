@@ -21,8 +21,8 @@ ScriptedServer::ScriptedServer(Script script)
     : script_(std::move(script)),
       server_({.greets = [this] { return script_.greets; },
                .signIn = [this](const std::string& message) { return SignIn(message); },
-               .batch = [this](const std::string& batch) { return std::vector{Take(batch)}; },
-               .call = [this](const ProcedureCall& call) { return Take(Written(call)); }}) {}
+               .batch = [this](int, const std::string& batch) { return std::vector{Take(batch)}; },
+               .call = [this](int, const ProcedureCall& call) { return Take(Written(call)); }}) {}
 
 std::vector<std::string> ScriptedServer::Statements() const {
   const std::lock_guard<std::mutex> lock(guard_);
