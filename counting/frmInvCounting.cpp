@@ -23,7 +23,7 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       lines_(*this, shared),
       editing_(*this, shared, lines_),
       quantity_(*this, shared, lines_, editing_),
-      addGoods_(*this, shared, lines_, quantity_),
+      addGoods_(*this, shared, lines_),
       guard_(shared),
       storeChange_(*this, shared),
       commands_(*this, shared, lines_, storeChange_, guard_),

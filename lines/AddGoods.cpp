@@ -1,11 +1,14 @@
 #include "lines/AddGoods.h"
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <unordered_set>
 
 #include "lines/LineColumns.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Text.h"
+#include "services/CancelOffer.h"
 
 namespace koru {
 namespace {
@@ -29,13 +32,8 @@ class LineBarcodes {
 
 }  // namespace
 
-AddGoods::AddGoods(InvCountingControls& controls, SharedState& shared, CountingLines& lines,
-                   SystemQuantity& quantity)
-    : controls_(controls),
-      flexDetail_(controls.flexDetail),
-      shared_(shared),
-      lines_(lines),
-      quantity_(quantity) {}
+AddGoods::AddGoods(InvCountingControls& controls, SharedState& shared, CountingLines& lines)
+    : controls_(controls), flexDetail_(controls.flexDetail), shared_(shared), lines_(lines) {}
 
 bool AddGoods::MayAdd() {
   if (controls_.gmpInventory.NothingSelected()) {
@@ -52,67 +50,94 @@ std::optional<int> AddGoods::Run(const GoodSearch& search) {
   if (!MayAdd()) return std::nullopt;
   const SqlText& condition = search();
   if (condition.Empty()) return std::nullopt;
-  Recordset goods =
+  const Recordset found =
       shared_.data.rssqlINVGood.Open(SqlText("Select tblGood.barcode,isnull(tblGood.Code,'') as "
                                              "GoodCode,tblGood.Name as GoodName from tblGood Where ") +
                                      condition);
   controls_.pgbStatus.SetVisible(true);
-  controls_.pgbStatus.SetMax(static_cast<int>(goods.RecordCount()));
+  controls_.pgbStatus.SetMax(static_cast<int>(found.RecordCount()));
   controls_.pgbStatus.SetValue(0);
-  const int before = flexDetail_.Rows();
-  bool allFit = true;
+  const NewGoods goods = FindNew(found);
   {
     const Hourglass hourglass(shared_.services.screen);
-    allFit = AddFound(goods);
+    std::vector<BookFigures> figures;
+    bool finished = false;
+    try {
+      finished = ReadFigures(goods, figures);
+    } catch (...) {
+      AddLines(found, goods, figures);
+      throw;
+    }
+    if (finished) AddLines(found, goods, figures);
     controls_.pgbStatus.SetVisible(false);
+    if (!finished) return std::nullopt;
   }
   lines_.UpdateTotalQty();
   lines_.ColorRows();
-  if (!allFit) {
+  if (!goods.allFit) {
     shared_.messages.ShowMessage(
         sentences::kWarning,
         "شمارش بيش از " + std::to_string(kMaxLines) + " سطر نمي پذيرد. كالاهايي كه جا داشتند اضافه شدند.");
   }
-  return flexDetail_.Rows() - before;
+  return static_cast<int>(goods.records.size());
 }
 
-bool AddGoods::AddFound(Recordset& goods) {
+AddGoods::NewGoods AddGoods::FindNew(const Recordset& found) const {
+  NewGoods goods;
+  const std::size_t room = static_cast<std::size_t>(std::max(kMaxLines + 1 - flexDetail_.Rows(), 0));
+  LineBarcodes lines(flexDetail_);
+  const std::size_t column = found.RecordCount() == 0 ? 0 : found.ColumnIndex("Barcode");
+  for (std::size_t record = 0; record < found.RecordCount(); ++record) {
+    const std::string barcode = found.FieldOf(record, column).Text();
+    if (lines.GoodExistsInGrid(barcode)) continue;
+    goods.allFit = goods.records.size() < room;
+    if (!goods.allFit) break;
+    goods.records.push_back(record);
+    goods.barcodes.emplace_back(Trim(barcode));
+    lines.Add(barcode);
+  }
+  return goods;
+}
+
+bool AddGoods::ReadFigures(const NewGoods& goods, std::vector<BookFigures>& figures) {
+  figures.reserve(goods.barcodes.size());
+  const CancelOffer cancel(controls_.cmdStop);
+  const auto oneMoment = goods.barcodes.empty() ? nullptr : shared_.data.BeginReadSnapshot();
+  const auto goOn = [&](std::size_t first) {
+    controls_.pgbStatus.SetValue(static_cast<int>(goods.records[first]) + 1);
+    return !cancel.Wanted();
+  };
+  BookFiguresReader reader(shared_.data, controls_, controls_.gmpInventory.SelectedID());
+  return reader.Read(goods.barcodes, goOn, figures);
+}
+
+/// A good of which not everything was read gets no line: adding again must find it missing.
+void AddGoods::AddLines(const Recordset& found, const NewGoods& goods,
+                        const std::vector<BookFigures>& figures) {
   const GridRedrawOff redrawOff(flexDetail_);
-  const auto oneMoment = shared_.data.BeginReadSnapshot();
-  LineBarcodes barcodes(flexDetail_);
-  for (; !goods.AtEnd(); goods.MoveNext()) {
-    controls_.pgbStatus.SetValue(controls_.pgbStatus.Value() + 1);
-    const std::string barcode = goods.Field("Barcode").Text();
-    if (barcodes.GoodExistsInGrid(barcode)) continue;
-    if (flexDetail_.Rows() > kMaxLines) return false;
-    AddLine(goods);
-    barcodes.Add(barcode);
+  for (std::size_t i = 0; i < figures.size() && figures[i].bookStock; ++i) {
+    const auto field = [&](const char* name) {
+      return found.FieldOf(goods.records[i], found.ColumnIndex(name)).Text();
+    };
+    const BookFigures& figure = figures[i];
+    std::array<std::string, kLineColumns> texts;
+    texts[LineColumn::RowNumber] = std::to_string(flexDetail_.Rows());
+    texts[LineColumn::Barcode] = field("Barcode");
+    texts[LineColumn::GoodCode] = field("GoodCode");
+    texts[LineColumn::GoodName] = field("GoodName");
+    if (figure.unit) {
+      texts[LineColumn::UnitName] = figure.unit->name;
+      texts[LineColumn::ScaleID] = figure.unit->id;
+    }
+    if (figure.rate) texts[LineColumn::Rate] = *figure.rate;
+    const std::string bookStock = NumberText(*figure.bookStock);
+    texts[LineColumn::SystemCounting] = bookStock;
+    if (*figure.bookStock > 0) {
+      texts[LineColumn::Shortage] = bookStock;
+      texts[LineColumn::ShortageAmount] = NumberText(Val(texts[LineColumn::Rate]) * Val(bookStock));
+    }
+    flexDetail_.AddRow(texts);
   }
-  return true;
-}
-
-void AddGoods::AddLine(const Recordset& good) {
-  const std::string barcode = good.Field("Barcode").Text();
-  const std::string trimmed(Trim(barcode));
-  flexDetail_.AddItem(std::to_string(flexDetail_.Rows() - 1));
-  const int row = flexDetail_.Rows() - 1;
-  flexDetail_.SetTextMatrix(row, LineColumn::RowNumber, std::to_string(row));
-  flexDetail_.SetTextMatrix(row, LineColumn::Barcode, barcode);
-  flexDetail_.SetTextMatrix(row, LineColumn::GoodCode, good.Field("GoodCode").Text());
-  flexDetail_.SetTextMatrix(row, LineColumn::GoodName, good.Field("GoodName").Text());
-  try {
-    quantity_.FillUnit(row, trimmed);
-    quantity_.FillRate(row, trimmed);
-    quantity_.FillSystemCounting(row, trimmed);
-  } catch (...) {
-    flexDetail_.RemoveItem(row);  // adding again must not find it and leave it incomplete
-    throw;
-  }
-  const std::string bookStock(flexDetail_.TextMatrix(row, LineColumn::SystemCounting));
-  if (Val(bookStock) <= 0) return;
-  flexDetail_.SetTextMatrix(row, LineColumn::Shortage, bookStock);
-  flexDetail_.SetTextMatrix(row, LineColumn::ShortageAmount,
-                            NumberText(Val(flexDetail_.TextMatrix(row, LineColumn::Rate)) * Val(bookStock)));
 }
 
 }  // namespace koru

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "counting/controls/InvCountingControls.h"
+#include "lines/BookFigures.h"
 #include "lines/CountingLines.h"
-#include "lines/SystemQuantity.h"
 #include "services/SharedState.h"
 
 namespace koru {
@@ -19,25 +22,32 @@ class AddGoods {
   using GoodSearch = std::function<const SqlText&()>;
 
   /// All must outlive the object.
-  AddGoods(InvCountingControls& controls, SharedState& shared, CountingLines& lines,
-           SystemQuantity& quantity);
+  AddGoods(InvCountingControls& controls, SharedState& shared, CountingLines& lines);
 
   /// Refused with a message while no store is chosen; asks first when the counting has lines. A counting
   /// holds up to kMaxLines lines: further goods are left out, with a message. Returns the count of added
-  /// lines, or nothing when no search was made. Throws DatabaseError; lines added by then stay.
+  /// lines, or nothing when no search was made. When the user cancels, no line is added and nothing returned.
+  /// Throws DatabaseError; the goods whose figures were read by then are added.
   std::optional<int> Run(const GoodSearch& search);
 
  private:
+  /// The goods to be added: records of the search's result, and their barcodes for the statements.
+  struct NewGoods {
+    std::vector<std::size_t> records;
+    std::vector<std::string> barcodes;
+    bool allFit = true;  ///< false when some goods are left out
+  };
+
   [[nodiscard]] bool MayAdd();
-  /// False when some goods were left out.
-  bool AddFound(Recordset& goods);
-  void AddLine(const Recordset& good);
+  [[nodiscard]] NewGoods FindNew(const Recordset& found) const;
+  /// False when the user has cancelled.
+  bool ReadFigures(const NewGoods& goods, std::vector<BookFigures>& figures);
+  void AddLines(const Recordset& found, const NewGoods& goods, const std::vector<BookFigures>& figures);
 
   InvCountingControls& controls_;
   Grid& flexDetail_;
   SharedState& shared_;
   CountingLines& lines_;
-  SystemQuantity& quantity_;
 };
 
 }  // namespace koru

@@ -6,6 +6,7 @@
 #include "registration/EarlierDocuments.h"
 #include "registration/HeaderValues.h"
 #include "services/ShownProgress.h"
+#include "services/WriteQueue.h"
 
 namespace koru {
 
@@ -77,16 +78,17 @@ bool AdjustmentDocuments::InsertLines(const Texts& texts, std::int32_t documentI
   Recordset differences = shared_.data.rssqlCommon.Open(SqlText(texts.differences) + controls_.CountingID() +
                                                         " Group By Barcode,ScaleID");
   if (differences.RecordCount() == 0) return false;
+  WriteQueue inserts(shared_.data, shared_.data.rssqlsaveenter);
   ShownProgress progress(controls_.pgbStatus, static_cast<int>(differences.RecordCount()));
   for (differences.MoveFirst(); !differences.AtEnd(); differences.MoveNext()) {
     progress.Step();
     const std::string barcode = differences.Field("Barcode").Text();
     const double quantity = differences.Field("Qty").Number();
     const Value unit = differences.Field("ScaleID");
-    shared_.data.rssqlsaveenter.Open(
-        SqlText(texts.insertLine) + documentID + ",'" + Typed(Trim(barcode)) + "'," + quantity + "," +
-        (unit.IsNull() ? SqlText("NULL") : SqlText() + unit.Number()) + "," + quantity + ",'')");
+    inserts.Add(SqlText(texts.insertLine) + documentID + ",'" + Typed(Trim(barcode)) + "'," + quantity + "," +
+                (unit.IsNull() ? SqlText("NULL") : SqlText() + unit.Number()) + "," + quantity + ",'')");
   }
+  inserts.Send();
   return true;
 }
 

@@ -12,6 +12,7 @@
 #include "registration/StoredLine.h"
 #include "services/FixQuote.h"
 #include "services/ShownProgress.h"
+#include "services/WriteQueue.h"
 
 namespace koru {
 namespace {
@@ -120,14 +121,16 @@ LinesDigest CountingWriter::ReplaceLines() {
   shared_.data.rssqldelenterdetail.Open(SqlText("Delete tblInventoryCountingDetail Where CountingID = ") +
                                         countingID);
   LinesDigest written;
+  WriteQueue inserts(shared_.data, shared_.data.rssqlsaveenter);
   ShownProgress progress(controls_.pgbStatus, lines.Rows() - 1);
   for (int row = 1; row < lines.Rows(); ++row) {
     progress.Step();
     if (lines.TextMatrix(row, LineColumn::GoodName).empty()) continue;
-    const SqlText insert = LineInsert(LineOfGrid(lines, row), countingID);
-    shared_.data.rssqlsaveenter.Open(insert);
+    SqlText insert = LineInsert(LineOfGrid(lines, row), countingID);
     written.Add(insert);
+    inserts.Add(std::move(insert));
   }
+  inserts.Send();
   return written;
 }
 

@@ -1,29 +1,21 @@
 #include "registration/EarlierDocuments.h"
 
+#include "services/WriteQueue.h"
+
 namespace koru {
-namespace {
-
-void Delete(dteInvCounting& data, FixedSql documentsOf, double countingID) {
-  data.rssqldelenter.Open(SqlText(documentsOf) + countingID + ")");
-}
-
-}  // namespace
 
 void RemoveEarlierDocuments(dteInvCounting& data, double countingID) {
-  Delete(data,
-         "Delete tblInventoryReceiptDetail Where ReceiptID in "
-         "(Select ReceiptID from tblInventoryCounting Where ID = ",
-         countingID);
-  Delete(data,
-         "Delete tblInventoryReceipt Where ID in (Select ReceiptID from tblInventoryCounting Where ID = ",
-         countingID);
-  Delete(data,
-         "Delete tblInventoryDispatchDetail Where DispatchID in "
-         "(Select DispatchID from tblInventoryCounting Where ID = ",
-         countingID);
-  Delete(data,
-         "Delete tblInventoryDispatch Where ID in (Select DispatchID from tblInventoryCounting Where ID = ",
-         countingID);
+  WriteQueue deletes(data, data.rssqldelenter);
+  const auto remove = [&](FixedSql documentsOf) { deletes.Add(SqlText(documentsOf) + countingID + ")"); };
+  remove(
+      "Delete tblInventoryReceiptDetail Where ReceiptID in "
+      "(Select ReceiptID from tblInventoryCounting Where ID = ");
+  remove("Delete tblInventoryReceipt Where ID in (Select ReceiptID from tblInventoryCounting Where ID = ");
+  remove(
+      "Delete tblInventoryDispatchDetail Where DispatchID in "
+      "(Select DispatchID from tblInventoryCounting Where ID = ");
+  remove("Delete tblInventoryDispatch Where ID in (Select DispatchID from tblInventoryCounting Where ID = ");
+  deletes.Send();
 }
 
 }  // namespace koru

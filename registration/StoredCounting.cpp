@@ -5,6 +5,34 @@
 #include "platform/sql/DatabaseError.h"
 
 namespace koru {
+namespace {
+
+SqlText HeaderStatement(std::int32_t id) {
+  return SqlText("Select * from tblInventoryCounting Where ID = ") + id;
+}
+
+/// Without the lines.
+CountingSnapshot HeaderOf(const Recordset& counting) {
+  CountingSnapshot now;
+  if (counting.RecordCount() == 0) return now;
+  now.exists = true;
+  now.code = counting.Field("Code").Text();
+  now.lastSaverID = counting.Field("CreatorID").IsNull() ? 0 : counting.Field("CreatorID").Integer();
+  for (const auto& field : StoredCounting::HeaderFields()) {
+    now.header.push_back(counting.Field(field.column).Text());
+  }
+  return now;
+}
+
+LinesDigest DigestOf(const Recordset& lines, std::int32_t id) {
+  LinesDigest digest;
+  if (lines.RecordCount() == 0) return digest;
+  const StoredLineReader reader(lines);
+  for (std::size_t i = 0; i < lines.RecordCount(); ++i) digest.Add(LineInsert(reader.Line(lines, i), id));
+  return digest;
+}
+
+}  // namespace
 
 const std::vector<StoredCounting::HeaderField>& StoredCounting::HeaderFields() {
   static const std::vector<HeaderField> fields = {
@@ -30,8 +58,7 @@ bool SameCounting(const CountingSnapshot& one, const CountingSnapshot& other) {
 void StoredCounting::Remember(std::int32_t id) {
   Forget();
   const auto foreignWrites = data_.ForeignWrites();
-  CountingSnapshot now = ReadHeader(id);
-  if (now.exists) now.lines = ReadLines(id);
+  CountingSnapshot now = Read(id);
   id_ = id;
   foreignWrites_ = foreignWrites;
   remembered_ = std::move(now);
@@ -69,8 +96,7 @@ std::optional<CountingSnapshot> StoredCounting::FindChange() {
   if (!remembered_) return {};
   const auto foreignWrites = data_.ForeignWrites();
   if (foreignWrites && foreignWrites == foreignWrites_) return {};
-  CountingSnapshot now = ReadHeader(id_);
-  if (now.exists) now.lines = ReadLines(id_);
+  CountingSnapshot now = Read(id_);
   if (!SameCounting(*remembered_, now)) return now;
   foreignWrites_ = foreignWrites;
   return {};
@@ -83,26 +109,22 @@ std::optional<std::string> StoredCounting::ReadCode(double id) {
   return counting.Field("Code").Text();
 }
 
-CountingSnapshot StoredCounting::ReadHeader(std::int32_t id) {
+CountingSnapshot StoredCounting::Read(std::int32_t id) {
   CountingSnapshot now;
-  const Recordset counting =
-      data_.rssqlCommon2.Open(SqlText("Select * from tblInventoryCounting Where ID = ") + id);
-  if (counting.RecordCount() == 0) return now;
-  now.exists = true;
-  now.code = counting.Field("Code").Text();
-  now.lastSaverID = counting.Field("CreatorID").IsNull() ? 0 : counting.Field("CreatorID").Integer();
-  for (const HeaderField& field : HeaderFields()) now.header.push_back(counting.Field(field.column).Text());
+  const SqlText lines =
+      SqlText("Select * from tblInventoryCountingDetail Where CountingID = ") + id + " Order By RowNumber";
+  data_.rssqlCommon2.OpenAll({HeaderStatement(id), lines}, [&](std::size_t i, const Recordset& records) {
+    if (i == 0) {
+      now = HeaderOf(records);
+    } else if (now.exists) {
+      now.lines = DigestOf(records, id);
+    }
+  });
   return now;
 }
 
-LinesDigest StoredCounting::ReadLines(std::int32_t id) {
-  LinesDigest digest;
-  Recordset lines = data_.rssqlCommon2.Open(
-      SqlText("Select * from tblInventoryCountingDetail Where CountingID = ") + id + " Order By RowNumber");
-  if (lines.RecordCount() == 0) return digest;
-  const StoredLineReader reader(lines);
-  for (; !lines.AtEnd(); lines.MoveNext()) digest.Add(LineInsert(reader.Line(lines), id));
-  return digest;
+CountingSnapshot StoredCounting::ReadHeader(std::int32_t id) {
+  return HeaderOf(data_.rssqlCommon2.Open(HeaderStatement(id)));
 }
 
 }  // namespace koru

@@ -61,8 +61,9 @@ class StoredCounting {
   [[nodiscard]] std::optional<std::string> ReadCode(double id);
 
  private:
+  /// Header and lines, in one round trip.
+  [[nodiscard]] CountingSnapshot Read(std::int32_t id);
   [[nodiscard]] CountingSnapshot ReadHeader(std::int32_t id);
-  [[nodiscard]] LinesDigest ReadLines(std::int32_t id);
 
   dteInvCounting& data_;
   std::int32_t id_ = 0;

@@ -62,14 +62,15 @@ StoredLineReader::StoredLineReader(const Recordset& records)
       contradiction_(records.ColumnIndex("ContradictionCounting")),
       baseValue_(records.ColumnIndex("BaseValue")) {}
 
-StoredLine StoredLineReader::Line(const Recordset& records) const {
+StoredLine StoredLineReader::Line(const Recordset& records, std::size_t record) const {
+  const auto field = [&](std::size_t column) { return records.FieldOf(record, column); };
   StoredLine line;
-  line.barcode = Trim(records.Field(barcode_).Text());
-  line.rowNumber = records.Field(rowNumber_).Integer();
-  line.scaleID = NumberOf(records.Field(scaleID_));
-  for (std::size_t i = 0; i < counts_.size(); ++i) line.counts[i] = NumberOf(records.Field(counts_[i]));
-  line.contradiction = NumberOf(records.Field(contradiction_));
-  line.baseValue = NumberOf(records.Field(baseValue_));
+  line.barcode = Trim(field(barcode_).Text());
+  line.rowNumber = field(rowNumber_).Integer();
+  line.scaleID = NumberOf(field(scaleID_));
+  for (std::size_t i = 0; i < counts_.size(); ++i) line.counts[i] = NumberOf(field(counts_[i]));
+  line.contradiction = NumberOf(field(contradiction_));
+  line.baseValue = NumberOf(field(baseValue_));
   return line;
 }
 

@@ -33,8 +33,8 @@ class StoredLineReader {
   /// Throws DatabaseError when a column is missing.
   explicit StoredLineReader(const Recordset& records);
 
-  /// The current record of the recordset.
-  [[nodiscard]] StoredLine Line(const Recordset& records) const;
+  /// The record with the zero-based index `record`.
+  [[nodiscard]] StoredLine Line(const Recordset& records, std::size_t record) const;
 
  private:
   std::size_t barcode_;

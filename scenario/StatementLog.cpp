@@ -41,6 +41,20 @@ class StatementLog::Connection : public Database {
     log_.Note(CallText(procedure, parameters));
     return inner_->Call(procedure, parameters);
   }
+  void OpenAll(const std::vector<SqlText>& statements,
+               const std::function<void(std::size_t, const Recordset&)>& take) override {
+    for (std::size_t i = 0; i < statements.size(); ++i) {
+      try {
+        log_.Note(statements[i].Text());
+      } catch (const DatabaseError&) {
+        inner_->OpenAll({statements.begin(), statements.begin() + static_cast<std::ptrdiff_t>(i)}, take);
+        throw;
+      }
+    }
+    inner_->OpenAll(statements, take);
+  }
+  [[nodiscard]] std::size_t StatementsPerTrip() const override { return inner_->StatementsPerTrip(); }
+  [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return inner_->InsertedKey(); }
   [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
   void Idle() noexcept override { inner_->Idle(); }
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }

@@ -1,10 +1,28 @@
 #include "services/dteInvCounting.h"
 
+#include "platform/sql/DatabaseError.h"
+
 namespace koru {
 
 Recordset dteInvCounting::Command::Open(const SqlText& source) {
   CheckTypedSpans(source);
   return owner_.Connection().Open(source);
+}
+
+void dteInvCounting::Command::OpenAll(const std::vector<SqlText>& sources,
+                                      const std::function<void(std::size_t, const Recordset&)>& take) {
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    try {
+      CheckTypedSpans(sources[i]);
+    } catch (const DatabaseError&) {
+      if (i > 0) {
+        owner_.Connection().OpenAll({sources.begin(), sources.begin() + static_cast<std::ptrdiff_t>(i)},
+                                    take);
+      }
+      throw;
+    }
+  }
+  owner_.Connection().OpenAll(sources, take);
 }
 
 void dteInvCounting::SetConnectionString(const std::string& connectionString) {

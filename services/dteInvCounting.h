@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/sql/Database.h"
 
@@ -37,6 +40,10 @@ class dteInvCounting {
     /// Sends the statement and returns its rows, positioned on the first. A statement whose typed text leaves
     /// its literal is refused with the DatabaseError of a broken statement, and is not sent.
     Recordset Open(const SqlText& source);
+    /// Sends statements together (Database::OpenAll). One that Open would refuse fails in its turn: those
+    /// before it are sent.
+    void OpenAll(const std::vector<SqlText>& sources,
+                 const std::function<void(std::size_t, const Recordset&)>& take);
 
    private:
     dteInvCounting& owner_;
@@ -54,6 +61,9 @@ class dteInvCounting {
 
   /// Whether the user holds the right: `{? = CALL spPelinHasPermission( ?, ?) }` returned anything but 0.
   [[nodiscard]] bool spPelinHasPermission(std::int32_t userID, FormPermission permission);
+
+  /// How many statements OpenAll should be given at most.
+  [[nodiscard]] std::size_t StatementsPerTrip() { return Connection().StatementsPerTrip(); }
 
   /// See Database::ForeignWrites; also another number once the connection has been opened anew.
   [[nodiscard]] std::optional<std::int64_t> ForeignWrites();

@@ -24,6 +24,8 @@ InvCountingControls::InvCountingControls(Form& owner) : form(owner) {
   cmdInvReceipt.SetCaption("برگ رسيد");
   cmdExit.SetCaption("خروج");
   mnuRS.SetCaption("بازگشت به حالت موقت");
+  cmdStop.SetCaption("لغو (Esc)");
+  cmdStop.SetVisible(false);
   // No mode enables cmdPrint: users print the report that cmdView shows.
   cmdPrint.SetVisible(false);
   txtGNO.SetMaxLength(kMaxManualCodeLength);

@@ -46,6 +46,7 @@ struct InvCountingControls {
   TextBox txtTotalAboveValue{form, "txtTotalAboveValue"};  ///< sum of the surplus amounts
   TextBox txtTotalValue{form, "txtTotalValue"};            ///< sum of the amounts of counted stock
   ProgressBar pgbStatus{form, "pgbStatus"};                ///< visible only during a long operation
+  Button cmdStop{form, "cmdStop"};  ///< cancels it; visible only while it can be cancelled
 
   Button cmdNew{form, "cmdNew"};
   Button cmdEdit{form, "cmdEdit"};

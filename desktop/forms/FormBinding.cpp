@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "desktop/forms/WaitingInput.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/Keys.h"
 
@@ -28,6 +29,8 @@ void FormBinding::LetGo() {
   for (GridView* const grid : grids_) grid->SetGrid(nullptr);
   grids_.clear();
   dates_.clear();
+  cancel_ = nullptr;
+  waiting_.reset();
 }
 
 QWidget* FormBinding::WidgetOf(const Control& control) const {

@@ -36,6 +36,7 @@ class DateBoxEdit;
 class GridView;
 class SelectorEdit;
 class SelectorRecords;
+class WaitingInput;
 
 /// The refused input that blocks a command: figures that the form did not accept into a grid, texts that are
 /// not valid dates.
@@ -58,6 +59,9 @@ class FormBinding : public QObject {
   void Bind(TextBox& control, QLineEdit& widget);
   void Bind(TextBox& control, QPlainTextEdit& widget);
   void Bind(Button& control, QAbstractButton& widget, BlockedBy blockedBy = BlockedBy::Figures);
+  /// Binds the button that cancels a running command: it can be pressed, also by Escape, while the command
+  /// moves a progress bar.
+  void BindCancel(Button& control, QAbstractButton& widget);
   void Bind(CheckBox& control, QCheckBox& widget);
   void Bind(OptionButton& control, QRadioButton& widget);
   void Bind(ComboBox& control, QComboBox& widget);
@@ -106,6 +110,8 @@ class FormBinding : public QObject {
   std::map<const Control*, QWidget*> widgets_;
   std::vector<GridView*> grids_;
   std::vector<DateBoxEdit*> dates_;
+  std::unique_ptr<WaitingInput> waiting_;  ///< while a command runs; nullptr in a form without BindCancel
+  const Control* cancel_ = nullptr;
   const Control* focus_ = nullptr;
   bool atWork_ = false;  ///< a command is running and reports its progress
 };

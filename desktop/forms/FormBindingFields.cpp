@@ -21,6 +21,7 @@
 #include "desktop/fields/SelectorEdit.h"
 #include "desktop/fields/SelectorRecords.h"
 #include "desktop/forms/FormBinding.h"
+#include "desktop/forms/WaitingInput.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/QtText.h"
 
@@ -106,6 +107,16 @@ void FormBinding::Bind(Button& control, QAbstractButton& widget, BlockedBy block
   });
   connect(&widget, &QAbstractButton::clicked, listener_.get(),
           [this, &control, blockedBy] { Press(control, blockedBy); });
+}
+
+void FormBinding::BindCancel(Button& control, QAbstractButton& widget) {
+  Bind(control, widget, BlockedBy::Nothing);
+  widget.setFocusPolicy(Qt::NoFocus);
+  cancel_ = &control;
+  waiting_ = std::make_unique<WaitingInput>(widget);
+  Follow(control, [this, &control] {
+    if (!control.Visible()) waiting_->End();
+  });
 }
 
 /// A grid explains a refused figure itself, and takes the focus back.
@@ -201,11 +212,15 @@ void FormBinding::Bind(ProgressBar& control, QProgressBar& widget) {
 }
 
 /// A command runs to its end before any other event is handled. Meanwhile windows are redrawn on request, so
-/// that none that was covered stays blank; user input is handled afterwards.
+/// that none that was covered stays blank; user input is handled afterwards, unless it cancels the command.
 void FormBinding::DrawWhileAtWork() {
   if (atWork_) return;
   const QScopedValueRollback<bool> working(atWork_, true);
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  if (cancel_ != nullptr && cancel_->Visible()) {
+    waiting_->Process();
+  } else {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
 }
 
 void FormBinding::Bind(DateBox& control, DateBoxEdit& widget) {

@@ -243,8 +243,11 @@ void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
   progress->setMaximumHeight(20);
   progress->setMinimumWidth(60);
   Binding().Bind(form_.pgbStatus, *progress);
+  auto* const stop = new QPushButton(this);
+  Binding().BindCancel(form_.cmdStop, *stop);
   bar->addSpacing(12);
   bar->addWidget(progress, 1);
+  bar->addWidget(stop);
   hint_ = NewHint(QString::fromUtf8(kKeysOfLines), this);
   bar->addWidget(hint_);
   goodsAdded_ = form_.GoodsAdded.Subscribe([this](int added) {
@@ -252,6 +255,8 @@ void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
     hint_->setText(added == 0 ? QStringLiteral("كالاي تازه اي افزوده نشد.")
                               : QStringLiteral("%1 سطر افزوده شد.").arg(added));
   });
+  cancelled_ = form_.cmdStop.Click.Subscribe(
+      [this] { hint_->setText(QStringLiteral("لغو شد؛ هيچ رديفي تغيير نكرد.")); });
   keyPressed_ = form_.KeyDown.Subscribe(
       [this](KeyPress) { hint_->setText(RightToLeft(QString::fromUtf8(kKeysOfLines))); });
 }

@@ -44,6 +44,7 @@ class InvCountingWindow : public FormWindow {
   int added_ = 0;  ///< the number of goods that the running command has added
   QLabel* hint_ = nullptr;
   Subscription goodsAdded_;
+  Subscription cancelled_;
   Subscription keyPressed_;  ///< the next key restores the hint
 };
 

@@ -45,7 +45,7 @@ class SystemQuantityTest : public StoredLinesTest {
   std::string Rate(const char* barcode) {
     const int row = form.AddLine(barcode);
     form.Set(row, LineColumn::Rate, "as it was");
-    form.quantity.FillRate(row, barcode);
+    form.quantity.CalculateAllLines();
     return form.Cell(row, LineColumn::Rate);
   }
   /// The unit that a line of the good gets: its name and its key.
@@ -53,7 +53,7 @@ class SystemQuantityTest : public StoredLinesTest {
     const int row = form.AddLine(barcode);
     form.Set(row, LineColumn::UnitName, "as it was");
     form.Set(row, LineColumn::ScaleID, "9");
-    form.quantity.FillUnit(row, barcode);
+    form.quantity.CalculateAllLines();
     return {form.Cell(row, LineColumn::UnitName), form.Cell(row, LineColumn::ScaleID)};
   }
 

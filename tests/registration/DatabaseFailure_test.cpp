@@ -13,7 +13,8 @@
 #include "tests/registration/CountingDesk.h"
 
 // Every command is stopped at each of its statements in turn. What the statements before the failing one
-// wrote must be in the database and nothing else, and the command must be able to run again. With
+// wrote must be in the database and nothing else, and the command must be able to run again, also when
+// several statements share a round trip. With
 // KORU_PRINT_FAILURES=1 each command prints a table of what it leaves in the database.
 
 namespace koru {
@@ -176,9 +177,12 @@ void TryAgain(const Command& command, CountingDesk& desk) {
   command.run(desk);
 }
 
-void FailAt(const Command& command, int n, const std::string& statement, const std::string& expected) {
-  SCOPED_TRACE(std::string(command.name) + ", statement " + std::to_string(n) + ": " + statement);
+void FailAt(const Command& command, std::size_t perTrip, int n, const std::string& statement,
+            const std::string& expected) {
+  SCOPED_TRACE(std::string(command.name) + ", statement " + std::to_string(n) + ", " +
+               std::to_string(perTrip) + " in a trip: " + statement);
   CountingDesk desk;
+  desk.server.trips.statementsPerTrip = perTrip;
   command.prepare(desk);
   desk.failing.Plan().FailAt(n);
   try {
@@ -214,7 +218,9 @@ void Sweep(const Command& command) {
     std::cout << command.name << ": n | failing statement | left behind | after a second try\n";
   }
   for (std::size_t i = 0; i < statements.size(); ++i) {
-    FailAt(command, static_cast<int>(i) + 1, statements[i], dumps[i]);
+    for (const std::size_t perTrip : {1U, 3U}) {
+      FailAt(command, perTrip, static_cast<int>(i) + 1, statements[i], dumps[i]);
+    }
   }
 }
 

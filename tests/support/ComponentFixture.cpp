@@ -17,7 +17,7 @@ std::unique_ptr<Database> NoDatabases::Connect(const std::string& /*connectionTe
   throw DatabaseError("no such database", 1, {});
 }
 
-ComponentFixture::ComponentFixture(DatabaseConnector& databases) : failing(databases) {
+ComponentFixture::ComponentFixture(DatabaseConnector& databases) : server(databases) {
   messages.RegisterIn(components);
 }
 

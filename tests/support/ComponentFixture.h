@@ -6,6 +6,7 @@
 
 #include "platform/ports/HostServices.h"
 #include "platform/ports/PropertyBag.h"
+#include "tests/support/BatchingDatabase.h"
 #include "tests/support/FailingDatabase.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeScreen.h"
@@ -65,7 +66,8 @@ class ComponentFixture : public ControlHost {
   /// The same as "title: text".
   Texts NewTitledMessages();
 
-  FailingConnector failing;
+  BatchingConnector server;  ///< the database as a server that takes `server.trips.statementsPerTrip`
+  FailingConnector failing{server};
   RecordingConnector recording{failing};
   ComponentRegistry components;
   FakeMessages messages;

@@ -18,6 +18,19 @@ std::int32_t FailingDatabase::Call(std::string_view procedure, const std::vector
   return inner_->Call(procedure, parameters);
 }
 
+void FailingDatabase::OpenAll(const std::vector<SqlText>& statements,
+                              const std::function<void(std::size_t, const Recordset&)>& take) {
+  for (std::size_t i = 0; i < statements.size(); ++i) {
+    try {
+      plan_.CountStatement(statements[i].Text());
+    } catch (const DatabaseError&) {
+      inner_->OpenAll({statements.begin(), statements.begin() + static_cast<std::ptrdiff_t>(i)}, take);
+      throw;
+    }
+  }
+  inner_->OpenAll(statements, take);
+}
+
 std::unique_ptr<Database> FailingConnector::Connect(const std::string& connectionText) {
   return std::make_unique<FailingDatabase>(inner_.Connect(connectionText), plan_);
 }

@@ -15,6 +15,21 @@ std::int32_t RecordingDatabase::Call(std::string_view procedure,
   return inner_->Call(procedure, parameters);
 }
 
+void RecordingDatabase::OpenAll(const std::vector<SqlText>& statements,
+                                const std::function<void(std::size_t, const Recordset&)>& take) {
+  std::size_t run = 0;
+  try {
+    inner_->OpenAll(statements, [&](std::size_t i, const Recordset& records) {
+      run = i + 1;
+      log_.push_back(statements[i].Text());
+      take(i, records);
+    });
+  } catch (...) {
+    if (run < statements.size()) log_.push_back(statements[run].Text());
+    throw;
+  }
+}
+
 std::unique_ptr<Database> RecordingConnector::Connect(const std::string& connectionText) {
   connectionTexts_.push_back(connectionText);
   return std::make_unique<RecordingDatabase>(inner_.Connect(connectionText), statements_);

@@ -1,7 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QCloseEvent>
 #include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWindow>
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -197,6 +203,127 @@ TEST_F(WorkProgress, Goods_beyond_the_limit_are_refused_in_words_and_what_is_the
   EXPECT_EQ(shown.index(kMaxLines - 1, LineColumn::Barcode).data().toString(), "62601")
       << "the one good that had room";
   EXPECT_EQ(shown.index(0, LineColumn::AcceptedCounting).data().toString(), "7");
+}
+
+/// The user does something while a calculation or a search for goods is running.
+class CancelledWork : public WorkProgress {
+ protected:
+  static constexpr int kFewLines = 60;
+  static constexpr int kStep = 20;
+
+  CancelledWork() { Counting().flexDetail.SetRows(1 + kFewLines); }
+
+  /// Runs a command; `input` arrives when the bar has come to the step.
+  void RunWith(const Button& command, const std::function<void(QWindow&)>& input) {
+    bool isDone = false;
+    const Subscription watching = Counting().pgbStatus.StateChanged.Subscribe([&] {
+      if (isDone || !Counting().cmdStop.Visible() || Counting().pgbStatus.Value() < kStep) return;
+      isDone = true;
+      input(*Window().windowHandle());
+    });
+    Window().findChild<QAbstractButton*>(QString::fromStdString(command.Name()))->click();
+    EXPECT_TRUE(isDone);
+    lastStep = Counting().pgbStatus.Value();
+    EXPECT_FALSE(Counting().pgbStatus.Visible());
+    EXPECT_FALSE(Counting().cmdStop.Visible());
+    QApplication::processEvents();
+  }
+
+  static void TypeInto(QWindow& window, int key, const QString& text = {}) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QCoreApplication::postEvent(&window, new QKeyEvent(type, key, Qt::NoModifier, text));
+    }
+  }
+  static void ClickOn(QWindow& window, const QWidget& widget) {
+    const QPoint global = widget.mapToGlobal(widget.rect().center());
+    const QPoint local = window.mapFromGlobal(global);
+    QCoreApplication::postEvent(&window, new QMouseEvent(QEvent::MouseButtonPress, local, global,
+                                                         Qt::LeftButton, Qt::LeftButton, Qt::NoModifier));
+    QCoreApplication::postEvent(&window, new QMouseEvent(QEvent::MouseButtonRelease, local, global,
+                                                         Qt::LeftButton, Qt::NoButton, Qt::NoModifier));
+  }
+  [[nodiscard]] std::string Cell(int row, int col) const {
+    return std::string(Counting().flexDetail.TextMatrix(row, col));
+  }
+  void ExpectCancelled() {
+    EXPECT_LT(lastStep, kFewLines);
+    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{});
+    EXPECT_EQ(ticksAtWork, 0);
+  }
+  /// Moves to the first count of the first line.
+  void GoToFirstCount() {
+    Window().activateWindow();
+    Window().findChild<GridView*>("flexDetail")->setFocus();
+    Counting().flexDetail.UserMoveTo(1, LineColumn::FirstCounting);
+    QApplication::processEvents();
+  }
+
+  int lastStep = 0;
+};
+
+TEST_F(CancelledWork, Escape_ends_a_calculation_and_no_line_has_changed) {
+  Counting().flexDetail.SetTextMatrix(1, LineColumn::SystemCounting, "as it was");
+  RunWith(Counting().cmdCalc, [](QWindow& window) { TypeInto(window, Qt::Key_Escape); });
+  ExpectCancelled();
+  EXPECT_EQ(Cell(1, LineColumn::SystemCounting), "as it was");
+  ASSERT_TRUE(Counting().cmdCalc.UserClick());
+  EXPECT_EQ(Cell(1, LineColumn::SystemCounting), "0") << "the next calculation is done";
+}
+
+TEST_F(CancelledWork, A_click_on_the_button_ends_the_adding_of_goods_and_none_is_added) {
+  Counting().flexDetail.SetRows(1);
+  RunWith(Counting().cmdGoods,
+          [this](QWindow& window) { ClickOn(window, *Window().findChild<QWidget*>("cmdStop")); });
+  ExpectCancelled();
+  EXPECT_EQ(Counting().flexDetail.Rows(), 1);
+}
+
+TEST_F(CancelledWork, A_click_elsewhere_and_keys_wait_in_their_order_until_the_calculation_is_done) {
+  GoToFirstCount();
+  bool wasEarly = false;
+  const Subscription watching = Counting().pgbStatus.StateChanged.Subscribe(
+      [&] { wasEarly = wasEarly || Cell(1, LineColumn::FirstCounting) != ""; });
+  RunWith(Counting().cmdCalc, [](QWindow& window) {
+    TypeInto(window, Qt::Key_7, "7");
+    TypeInto(window, Qt::Key_5, "5");
+    TypeInto(window, Qt::Key_Return, "\r");
+  });
+  EXPECT_EQ(lastStep, kFewLines);
+  EXPECT_FALSE(wasEarly);
+  EXPECT_EQ(Cell(1, LineColumn::FirstCounting), "75");
+  EXPECT_EQ(Cell(1, LineColumn::SystemCounting), "0");
+  RunWith(Counting().cmdCalc, [this](QWindow& window) {
+    ClickOn(window, *Window().findChild<QWidget*>("cmdCancel"));
+    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{});
+  });
+  EXPECT_EQ(lastStep, kFewLines);
+  EXPECT_EQ(world.messages.Texts().size(), 1U) << "the question of Cancel";
+}
+
+TEST_F(CancelledWork, Keys_before_Escape_are_dropped_with_the_calculation) {
+  GoToFirstCount();
+  RunWith(Counting().cmdCalc, [](QWindow& window) {
+    TypeInto(window, Qt::Key_7, "7");
+    TypeInto(window, Qt::Key_Return, "\r");
+    TypeInto(window, Qt::Key_Escape);
+  });
+  ExpectCancelled();
+  EXPECT_EQ(Cell(1, LineColumn::FirstCounting), "");
+}
+
+TEST_F(CancelledWork, A_window_that_is_to_close_waits_until_the_calculation_is_done) {
+  RunWith(Counting().cmdCalc, [this](QWindow& window) {
+    QCoreApplication::postEvent(&window, new QCloseEvent);
+    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{});
+  });
+  EXPECT_EQ(lastStep, kFewLines);
+  EXPECT_EQ(world.messages.Texts().size(), 1U) << "the question of Cancel";
+}
+
+TEST_F(CancelledWork, A_save_cannot_be_cancelled) {
+  const Subscription watching =
+      Counting().pgbStatus.StateChanged.Subscribe([this] { EXPECT_FALSE(Counting().cmdStop.Visible()); });
+  ASSERT_TRUE(Counting().cmdTmpSave.UserClick());
 }
 
 }  // namespace
