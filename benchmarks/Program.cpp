@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <stdexcept>
 
+#include "adapters/system/DataFolder.h"
 #include "desktop/suite/Windows.h"
 
 namespace koru::bench {
@@ -10,7 +11,7 @@ namespace koru::bench {
 Program::Program(const std::string& file, std::int32_t counting, const std::string& workbooks)
     : spreadsheets_({.folder = workbooks, .open = Opened, .showMessage = {}}, clock_) {
   RegisterWindows(screen_, records_);
-  RegisterDesktopComponents(components_, databases_);
+  RegisterDesktopComponents(components_, databases_, DataFolder());
   messages_.RegisterIn(components_);
   control_.SetOLEConnectionString("Provider=SQLite;Data Source=" + file);
   control_.SetUserID(1);

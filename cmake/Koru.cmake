@@ -48,3 +48,16 @@ function(koru_box folder)
   target_include_directories(koru_${name} PUBLIC ${shown})
   target_link_libraries(koru_${name} PUBLIC ${box_LINKS} PRIVATE koru_options ${box_LIBRARIES})
 endfunction()
+
+# The data folder of installed programs, relative to the prefix (adapters/system/DataFolder.h finds it).
+include(GNUInstallDirs)
+set(KORU_INSTALL_DATA ${CMAKE_INSTALL_DATADIR}/koru-counting)
+
+# koru_data(<name> <folder>)
+#
+# Shows <folder> as <name> in the data folder of the build tree.
+function(koru_data name folder)
+  set(data ${CMAKE_BINARY_DIR}/share/koru-counting)
+  file(MAKE_DIRECTORY ${data})
+  file(CREATE_LINK ${folder} ${data}/${name} SYMBOLIC)
+endfunction()

@@ -13,8 +13,7 @@ struct BuiltInReport {
 
 [[nodiscard]] std::span<const BuiltInReport> BuiltInReports();
 
-/// The text of the built-in report whose path is a suffix of `fileName` (whole path components); empty if
-/// there is none.
-[[nodiscard]] std::string_view FindBuiltInReport(std::string_view fileName);
+/// The text of the built-in report of that path; empty if there is none.
+[[nodiscard]] std::string_view FindBuiltInReport(std::string_view path);
 
 }  // namespace koru

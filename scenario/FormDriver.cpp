@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "adapters/system/DataFolder.h"
 #include "scenario/ScriptedComponents.h"
 #include "siblings/report/SuiteReportPrinter.h"
 
@@ -28,8 +29,9 @@ void FormDriver::RegisterComponents(ComponentRegistry& components) {
   RegisterDocumentComponents(components, databases_,
                              [this](const OpenedDocument& opened) { UseScripted(user_, opened); });
   const auto keep = [this](std::unique_ptr<const ReportDocument> report) { report_ = std::move(report); };
-  components.Register(std::string(ReportPrinter::kClassName),
-                      [this, keep] { return std::make_unique<SuiteReportPrinter>(databases_, keep); });
+  components.Register(std::string(ReportPrinter::kClassName), [this, keep] {
+    return std::make_unique<SuiteReportPrinter>(databases_, DataFolder(), keep);
+  });
 }
 
 void FormDriver::Show(Form& form, bool modal) {

@@ -35,9 +35,9 @@ constexpr std::array<Template, 5> kTemplates = {
 }  // namespace
 
 void WriteSuite(SqliteConnection& connection) {
-  SqliteStatement company =
-      connection.Prepare("insert into tblPelinCompany (ID, Name, BasePath) values (?, ?, ?)");
-  Insert(company, 1, "شركت پخش آفتاب كوير", "/usr/share/koru-counting/");
+  // No base folder: reports are those of the program, wherever it is installed.
+  SqliteStatement company = connection.Prepare("insert into tblPelinCompany (ID, Name) values (?, ?)");
+  Insert(company, 1, "شركت پخش آفتاب كوير");
   SqliteStatement parameter =
       connection.Prepare("insert into tblPelinSystemParameters (ID, SystemID, Value) values (?, ?, ?)");
   for (const Parameter& row : kParameters) Insert(parameter, row.id, row.system, row.value);

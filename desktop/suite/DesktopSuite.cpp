@@ -25,10 +25,11 @@ XlsxPlace PlaceOfWorkbooks(const Messages& messages) {
 
 }  // namespace
 
-DesktopSuite::DesktopSuite(std::unique_ptr<DatabaseConnector> databases)
+DesktopSuite::DesktopSuite(std::unique_ptr<DatabaseConnector> databases,
+                           const std::filesystem::path& dataFolder)
     : databases_(std::move(databases)), spreadsheets_(PlaceOfWorkbooks(messages_), clock_) {
   RegisterWindows(screen_, records_);
-  RegisterDesktopComponents(components_, *databases_);
+  RegisterDesktopComponents(components_, *databases_, dataFolder);
 }
 
 HostServices DesktopSuite::Services() {

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <exception>
+#include <filesystem>
 #include <memory>
 
 #include "adapters/provider/ConnectorByProvider.h"
+#include "adapters/system/DataFolder.h"
 #include "adapters/system/SystemServices.h"
 #include "adapters/xlsx/XlsxStarter.h"
 #include "desktop/fields/SelectorRecords.h"
@@ -20,9 +22,11 @@ namespace koru {
 /// application object, on which the host has called SetUpApplication.
 class DesktopSuite {
  public:
-  /// All connections are made through `databases`.
+  /// All connections are made through `databases`. `dataFolder` has the report files (`reports`) that a suite
+  /// without a base folder prints with; the built-in reports serve for those that do not exist there.
   explicit DesktopSuite(
-      std::unique_ptr<DatabaseConnector> databases = std::make_unique<ConnectorByProvider>());
+      std::unique_ptr<DatabaseConnector> databases = std::make_unique<ConnectorByProvider>(),
+      const std::filesystem::path& dataFolder = DataFolder());
   DesktopSuite(const DesktopSuite&) = delete;
   DesktopSuite& operator=(const DesktopSuite&) = delete;
   ~DesktopSuite() = default;

@@ -39,7 +39,8 @@ void RegisterWindows(DesktopScreen& screen, SelectorRecords& records) {
   });
 }
 
-void RegisterDesktopComponents(ComponentRegistry& components, DatabaseConnector& databases) {
+void RegisterDesktopComponents(ComponentRegistry& components, DatabaseConnector& databases,
+                               const std::filesystem::path& dataFolder) {
   components.Register(std::string(MessageComponent::kClassName),
                       [] { return std::make_unique<MessageDialog>(); });
   components.Register(std::string(GoodsPicker::kClassName),
@@ -51,8 +52,8 @@ void RegisterDesktopComponents(ComponentRegistry& components, DatabaseConnector&
   const auto preview = [showFailure](std::unique_ptr<const ReportDocument> report) {
     OpenPreview(std::move(report), showFailure);
   };
-  components.Register(std::string(ReportPrinter::kClassName), [&databases, preview] {
-    return std::make_unique<SuiteReportPrinter>(databases, preview);
+  components.Register(std::string(ReportPrinter::kClassName), [&databases, dataFolder, preview] {
+    return std::make_unique<SuiteReportPrinter>(databases, dataFolder, preview);
   });
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 #include "desktop/fields/SelectorRecords.h"
 #include "desktop/forms/DesktopScreen.h"
 #include "platform/ports/Components.h"
@@ -11,7 +13,8 @@ namespace koru {
 void RegisterWindows(DesktopScreen& screen, SelectorRecords& records);
 
 /// Registers the suite's sibling components with their windows. `components` and `databases` must
-/// outlive them.
-void RegisterDesktopComponents(ComponentRegistry& components, DatabaseConnector& databases);
+/// outlive them. `dataFolder` is the program's own folder, which has the report files.
+void RegisterDesktopComponents(ComponentRegistry& components, DatabaseConnector& databases,
+                               const std::filesystem::path& dataFolder);
 
 }  // namespace koru

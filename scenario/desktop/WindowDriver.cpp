@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "adapters/sqlite/FilePath.h"
+#include "adapters/system/DataFolder.h"
 #include "desktop/suite/Windows.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/controls/Timer.h"
@@ -49,7 +50,7 @@ WindowDriver::~WindowDriver() {
 }
 
 void WindowDriver::RegisterComponents(ComponentRegistry& components) {
-  RegisterDesktopComponents(components, databases_);
+  RegisterDesktopComponents(components, databases_, DataFolder());
 }
 
 void WindowDriver::ModalScreen::Show(Form& form, bool modal) {

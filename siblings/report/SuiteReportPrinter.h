@@ -1,9 +1,11 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/ports/ReportPrinter.h"
 #include "platform/sql/Database.h"
@@ -18,9 +20,9 @@ using ShowReport = std::function<void(std::unique_ptr<const ReportDocument> repo
 /// the query over a connection of its own and lays out the pages.
 class SuiteReportPrinter : public ReportPrinter {
  public:
-  /// `databases` must outlive the printer.
-  SuiteReportPrinter(DatabaseConnector& databases, ShowReport show)
-      : databases_(databases), show_(std::move(show)) {}
+  /// `databases` must outlive the printer. `dataFolder` is the program's own folder (ReadReportFile).
+  SuiteReportPrinter(DatabaseConnector& databases, std::filesystem::path dataFolder, ShowReport show)
+      : databases_(databases), dataFolder_(std::move(dataFolder)), show_(std::move(show)) {}
 
   void SetReportFileName(const std::string& fileName) override { fileName_ = fileName; }
   void SetConnectionString(const std::string& text) override { connectionString_ = text; }
@@ -33,6 +35,7 @@ class SuiteReportPrinter : public ReportPrinter {
 
  private:
   DatabaseConnector& databases_;
+  std::filesystem::path dataFolder_;
   ShowReport show_;
   std::string fileName_;
   std::string connectionString_;

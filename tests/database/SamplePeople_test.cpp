@@ -61,7 +61,7 @@ TEST_F(SampleSuite, The_form_is_not_modal_and_has_three_reports) {
                    "برگة شمارش انبار (بدون موجودي)|reports/counting-sheet.rpt.txt",
                    "فهرست مغايرتها|reports/differences.rpt.txt"}));
   EXPECT_EQ(Text("select Name from vwPelinCompany"), "شركت پخش آفتاب كوير");
-  EXPECT_EQ(Text("select substr(BasePath, -1) from vwPelinBasePath"), "/");
+  EXPECT_EQ(Text("select coalesce(BasePath, '') from vwPelinBasePath"), "") << "the program's own reports";
 }
 
 }  // namespace koru::test

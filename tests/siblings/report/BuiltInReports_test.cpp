@@ -2,12 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
 
-#include "platform/text/Errors.h"
 #include "siblings/report/ReportDocument.h"
 #include "tests/siblings/report/ReportDesk.h"
 #include "tests/siblings/report/ReportSamples.h"
@@ -20,7 +17,7 @@ using test::TextsOf;
 class BuiltInReport : public test::ReportDesk {
  protected:
   [[nodiscard]] std::unique_ptr<ReportDocument> Report(const std::string& name) {
-    printer.SetReportFileName(folder.File("reports/" + name));
+    printer.SetReportFileName("reports/" + name);
     return printer.Prepare();
   }
 };
@@ -76,21 +73,6 @@ TEST_F(BuiltInReport, A_counting_that_agrees_says_so) {
   const auto report = Report("differences.rpt.txt");
   EXPECT_EQ(TextsOf(*report, 0, ReportBandKind::Empty), "شمارش با دفتر مغايرتي ندارد.|");
   EXPECT_NE(TextsOf(*report, 0, ReportBandKind::Title).find("انبار مركزي"), std::string::npos);
-}
-
-TEST_F(BuiltInReport, A_file_at_the_place_of_one_that_comes_with_the_program_is_used_instead_of_it) {
-  std::filesystem::create_directories(folder.Path() / "reports");
-  std::ofstream(folder.File("reports/counting.rpt.txt")) << "mine";
-  EXPECT_THROW(static_cast<void>(Report("counting.rpt.txt")), InputError) << "and is no report";
-}
-
-TEST_F(BuiltInReport, A_name_that_is_none_of_them_is_an_error_that_names_the_file) {
-  try {
-    static_cast<void>(Report("mycounting.rpt.txt"));
-    FAIL() << "no failure";
-  } catch (const InputError& failure) {
-    EXPECT_NE(std::string(failure.what()).find("mycounting.rpt.txt"), std::string::npos);
-  }
 }
 
 }  // namespace

@@ -53,7 +53,7 @@ class PaperAndForm : public test::ReportDesk, public ::testing::WithParamInterfa
   }
 
   [[nodiscard]] std::unique_ptr<ReportDocument> Report(const std::string& name) {
-    printer.SetReportFileName(folder.File("reports/" + name));
+    printer.SetReportFileName("reports/" + name);
     return printer.Prepare();
   }
 

@@ -48,7 +48,9 @@ class ReportDesk : public ::testing::Test, protected DatabaseFixture {
 
   TemporaryFolder folder;
   std::vector<std::unique_ptr<const ReportDocument>> shown;
-  SuiteReportPrinter printer{recording, [this](auto report) { shown.push_back(std::move(report)); }};
+  /// The data folder is folder.Path() / "own".
+  SuiteReportPrinter printer{recording, folder.Path() / "own",
+                             [this](auto report) { shown.push_back(std::move(report)); }};
 
  private:
   int rows_ = 0;
