@@ -1,6 +1,7 @@
 #include "host/HostProgram.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QStandardPaths>
 #include <filesystem>
 #include <iostream>
@@ -46,6 +47,14 @@ void ShowSentence(const std::string& title, const std::string& sentence) {
   dialog.ClearShow();
 }
 
+/// From the resources of the executable.
+QIcon ProgramIcon() {
+  QIcon icon;
+  for (const char* const size : {"16", "32", "48", "256"})
+    icon.addFile(QStringLiteral(":/icons/%1.png").arg(QLatin1String(size)));
+  return icon;
+}
+
 struct Host {
   explicit Host(const std::filesystem::path& settings) : session(settings) {}
   HostSession session;
@@ -84,8 +93,10 @@ int ShowHost(const std::string& connection) {
 
 int RunHostScreen(const std::string& connection, int& argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("koru-counting"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("koru-counting"));
   QApplication application(argc, argv);
   SetUpApplication(application);
+  QApplication::setWindowIcon(ProgramIcon());
   try {
     return ShowHost(connection);
   } catch (const std::exception& error) {

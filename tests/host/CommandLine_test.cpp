@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
+
 #include "platform/text/Errors.h"
 
 namespace koru {
@@ -74,6 +79,20 @@ TEST(CommandLineReading, Help_names_every_command_in_both_languages) {
                            "--version", "صفحة ميزبان را باز مي كند", "Opens the host screen"}) {
     EXPECT_NE(help.find(word), std::string::npos) << word;
   }
+}
+
+TEST(CommandLineReading, The_manual_page_has_every_option_command_and_variable_of_the_help) {
+  std::ifstream file(std::string(KORU_SOURCES) + "/docs/man/koru-counting.1");
+  std::string page{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::erase(page, '\\');  // \- is a hyphen that can be searched for
+  const std::string help = HelpText();
+  const std::regex word("--[a-z]+|create-[a-z]+|check|KORU_[A-Z_]+|standard|medium|full|none");
+  int words = 0;
+  for (std::sregex_iterator found(help.begin(), help.end(), word); found != std::sregex_iterator(); ++found) {
+    EXPECT_NE(page.find(found->str()), std::string::npos) << found->str();
+    ++words;
+  }
+  EXPECT_GT(words, 10);
 }
 
 }  // namespace
