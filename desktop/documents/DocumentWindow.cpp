@@ -67,7 +67,7 @@ void DocumentWindow::AddHeader(QBoxLayout& window) {
   grid->setHorizontalSpacing(8);
   AddValue(*grid, 0, 0, "شماره رايانه اي", "id")->setText(QString::number(document_.id));
   code_ = AddValue(*grid, 0, 2, "شماره نهايي", "code");
-  AddValue(*grid, 0, 4, "تاريخ", "day")->setText(ToQt(document_.day));
+  AddValue(*grid, 0, 4, "تاريخ", "date")->setText(ToQt(document_.date));
   AddValue(*grid, 1, 0, "انبار", "store", 3)->setText(ToQt(document_.store));
   AddValue(*grid, 1, 4, "ايجاد كننده", "creator")->setText(ToQt(document_.creator));
   QLabel* const notes = AddValue(*grid, 2, 0, "توضيحات", "notes", 5);

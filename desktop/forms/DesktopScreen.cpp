@@ -81,7 +81,7 @@ void DesktopScreen::Unloaded(const Form& form) {
   auto node = shown_.extract(&form);
   if (node.empty()) return;
   FormWindow* const window = node.mapped().window.release();
-  window->LetGo();
+  window->Detach();
   window->hide();
   window->deleteLater();
 }

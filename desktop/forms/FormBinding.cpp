@@ -17,9 +17,9 @@ FormBinding::FormBinding(Form& form) : form_(&form), listener_(std::make_unique<
           [this](const QWidget* /*before*/, const QWidget* now) { FocusMoved(now); });
 }
 
-FormBinding::~FormBinding() { LetGo(); }
+FormBinding::~FormBinding() { Detach(); }
 
-void FormBinding::LetGo() {
+void FormBinding::Detach() {
   form_ = nullptr;
   listener_.reset();
   for (QTimer* const timer : findChildren<QTimer*>()) timer->stop();

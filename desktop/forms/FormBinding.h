@@ -47,7 +47,7 @@ enum class BlockedBy { Nothing, Figures, FiguresAndDates };
 /// the program are shown and never passed back as user input. The focus is the same on both sides. The object
 /// name of a widget is its control's name.
 ///
-/// LetGo ends all bindings; the controls may then be destroyed before the widgets.
+/// Detach ends all bindings; the controls may then be destroyed before the widgets.
 class FormBinding : public QObject {
   Q_OBJECT
 
@@ -81,7 +81,7 @@ class FormBinding : public QObject {
   /// The control bound to `widget` or to one of its parents in the window; nullptr if there is none.
   [[nodiscard]] Control* ControlOf(const QWidget* widget) const;
 
-  void LetGo();
+  void Detach();
 
  signals:
   /// The user has pressed the command and it is complete.

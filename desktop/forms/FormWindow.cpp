@@ -21,10 +21,10 @@ void FormWindow::ComeToFront() {
   activateWindow();
 }
 
-void FormWindow::LetGo() {
+void FormWindow::Detach() {
   form_ = nullptr;
   changed_.End();
-  binding_.LetGo();
+  binding_.Detach();
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -17,7 +17,7 @@ class FormWindow : public QWidget {
   /// Raises and activates the window, also when it was minimised.
   void ComeToFront();
   /// Called when the form is destroyed; the window does not access it afterwards.
-  void LetGo();
+  void Detach();
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -12,12 +12,12 @@
 
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/Twips.h"
 #include "platform/text/Numbers.h"
 
 namespace koru {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 constexpr const char* kNoConnection = "0";
 
 enum ListColumn : int { Number, Key, ManualCode, Store, CreateDate, FromDate, ToDate, Notes, Creator, Count };
@@ -53,7 +53,7 @@ comInvCountingWidget::comInvCountingWidget(const HostServices& services, QWidget
   SetUpList();
 }
 
-comInvCountingWidget::~comInvCountingWidget() { binding_.LetGo(); }
+comInvCountingWidget::~comInvCountingWidget() { binding_.Detach(); }
 
 void comInvCountingWidget::SetUpList() {
   flexTempDocs_.SetCols(Count);

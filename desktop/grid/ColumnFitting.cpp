@@ -4,11 +4,11 @@
 #include <algorithm>
 
 #include "desktop/grid/GridView.h"
+#include "desktop/toolkit/Twips.h"
 
 namespace koru {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 constexpr int kCellPadding = 12;
 constexpr int kSampleRows = 50;
 constexpr int kMaxTextWidth = 190;  ///< a longer text is cut off before it pushes other columns out of sight

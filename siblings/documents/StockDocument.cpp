@@ -31,7 +31,7 @@ std::optional<StockDocument> ReadDocument(Database& database, const DocumentKind
   document.id = header.Field("ID").Integer();
   if (const Value code = header.Field("Code"); !code.IsNull()) document.code = code.Integer();
   document.store = header.Field("InvName").Text();
-  document.day = header.Field("FarsiReceiveDate").Text();
+  document.date = header.Field("FarsiReceiveDate").Text();
   document.creator = header.Field("FullName").Text();
   document.notes = header.Field("Notes").Text();
   for (Recordset lines = database.Open(LinesOf(kind, id)); !lines.AtEnd(); lines.MoveNext()) {

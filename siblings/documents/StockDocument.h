@@ -27,7 +27,7 @@ struct StockDocument {
   std::int32_t id = 0;
   std::optional<std::int32_t> code;  ///< its number; none while temporary
   std::string store;
-  std::string day;  ///< Solar Hijri
+  std::string date;  ///< Solar Hijri, yyyy/mm/dd
   std::string creator;
   std::string notes;
   std::vector<DocumentLine> lines;  ///< in stored order

@@ -99,7 +99,7 @@ void TdsServer::Serve() {
     // The last packet of a reply is sent without waiting for the acknowledgement of the others.
     const int yes = 1;
     setsockopt(handle, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
-    LetGoOfTheGone();
+    RemoveClosedConnections();
     Client& client = clients_.emplace_back(handle, number);
     client.thread = std::thread([this, &client] {
       Talk(client);
@@ -110,7 +110,7 @@ void TdsServer::Serve() {
   }
 }
 
-void TdsServer::LetGoOfTheGone() {
+void TdsServer::RemoveClosedConnections() {
   clients_.remove_if([](Client& client) {
     if (!client.isGone) return false;
     client.thread.join();

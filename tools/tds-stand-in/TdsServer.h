@@ -73,7 +73,7 @@ class TdsServer {
   };
 
   void Serve();
-  void LetGoOfTheGone();
+  void RemoveClosedConnections();
   void Talk(const Client& client) const;
   /// `hangs`: the message before this one was answered with silence.
   [[nodiscard]] std::vector<Answer> AnswersTo(int client, const TdsMessage& message, bool hangs) const;

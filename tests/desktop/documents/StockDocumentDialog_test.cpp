@@ -75,7 +75,7 @@ TEST_F(StockDocumentDialogTest, A_receipt_is_shown_with_its_header_lines_and_tot
     EXPECT_EQ(Shown(dialog, "id"), "7");
     EXPECT_EQ(Shown(dialog, "code"), QStringLiteral("موقت"));
     EXPECT_EQ(Shown(dialog, "store"), QStringLiteral("سردخانه"));
-    EXPECT_EQ(Shown(dialog, "day"), "1404/12/28");
+    EXPECT_EQ(Shown(dialog, "date"), "1404/12/28");
     EXPECT_EQ(Shown(dialog, "creator"), QStringLiteral("مريم احمدي"));
     EXPECT_EQ(Shown(dialog, "notes"), QStringLiteral("از شمارش"));
     EXPECT_EQ(Line(dialog, 0), QStringList({"1", "A", QStringLiteral("برنج"), QStringLiteral("عدد"), "5",

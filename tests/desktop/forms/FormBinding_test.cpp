@@ -330,7 +330,7 @@ TEST_F(FormBindingTest, After_letting_go_the_widgets_touch_no_control) {
   binding.Bind(command, button);
   Open(window);
   text.setFocus();
-  binding.LetGo();
+  binding.Detach();
   Type("12");
   textBox.SetText("program");
   QTest::mouseClick(&button, Qt::LeftButton);

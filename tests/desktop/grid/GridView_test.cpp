@@ -203,7 +203,7 @@ TEST_F(GridViewTest, A_full_counting_is_shown_and_walked_through_without_a_wait)
 TEST_F(GridViewTest, After_the_grid_is_gone_the_view_shows_nothing_and_takes_no_keys) {
   Start();
   Type("4");
-  binding.LetGo();
+  binding.Detach();
   EXPECT_EQ(view->model()->rowCount(), 0);
   QTest::keyClick(view, Qt::Key_Delete, Qt::ControlModifier);
   QTest::keyClick(view, Qt::Key_Return);
