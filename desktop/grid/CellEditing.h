@@ -11,8 +11,9 @@ namespace koru {
 class GridView;
 
 /// Editing one cell of a GridView in place. Enter and Tab store the text and move to the next editable cell,
-/// Shift+Tab to the previous one; Up and Down store it and move to another row; Escape restores the old text.
-/// A text that the form refuses stays in its cell, selected, and so does the focus.
+/// Shift+Tab to the previous one; Up and Down store it and move to another row, and so does each key that
+/// moves in a grid and that the editor does not use, such as PageDown and Ctrl+End; Escape restores the old
+/// text. A text that the form refuses stays in its cell, selected, and so does the focus.
 class CellEditing {
  public:
   enum class State {

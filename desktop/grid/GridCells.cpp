@@ -40,6 +40,22 @@ void GoToCell(QTableView& view, const QModelIndex& cell) {
   view.scrollTo(view.currentIndex());  // the move may have removed rows
 }
 
+bool MovesCell(const QKeyEvent& key) {
+  switch (key.key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      return true;
+    default:
+      return false;
+  }
+}
+
 bool LeavesGrid(const QKeyEvent& key) {
   const bool tab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
   return tab && key.modifiers().testFlag(Qt::ControlModifier);

@@ -24,6 +24,10 @@ bool GoToCellToFill(QTableView& view, bool forward);
 /// Makes `cell` the current one and scrolls to it.
 void GoToCell(QTableView& view, const QModelIndex& cell);
 
+/// Whether the key moves a view's current cell: an arrow key, PageUp, PageDown, Home or End, with any
+/// modifiers.
+[[nodiscard]] bool MovesCell(const QKeyEvent& key);
+
 /// Whether the key moves the focus out of the grid: Ctrl+Tab or Ctrl+Shift+Tab.
 [[nodiscard]] bool LeavesGrid(const QKeyEvent& key);
 

@@ -164,7 +164,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     clipboard_.Copy();
   } else if (event->matches(QKeySequence::Paste)) {
     clipboard_.Paste(currentIndex());
-  } else {
+  } else if (!MovesCell(*event) || FinishEdit()) {  // an editor passes on the keys that it does not use
     scanning_.MoveBy(*event, [this, event] { QTableView::keyPressEvent(event); });
   }
 }

@@ -21,7 +21,7 @@ class ScanMode {
  public:
   enum class State {
     Idle,       ///< no search
-    Searching,  ///< within TypeKeys: the search moves the current cell
+    Searching,  ///< within TypeKeys: the search moves the current cell; its move wins over those of handlers
     Found,      ///< the current row matches the typed text
     NotFound,   ///< no row matches; a hint is shown
     Dismissed,  ///< an Enter or Tab has ended a failed search; its hint is still shown

@@ -28,6 +28,32 @@ TEST_F(CellEditingTest, A_refused_text_stays_selected_in_its_cell_and_Escape_giv
   EXPECT_TRUE(view->hasFocus());
 }
 
+TEST_F(CellEditingTest, A_refused_text_is_lost_by_no_key_that_moves) {
+  constexpr Qt::Key kMoving[] = {Qt::Key_Left,   Qt::Key_Right,    Qt::Key_Up,     Qt::Key_Down,
+                                 Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,   Qt::Key_End,
+                                 Qt::Key_Return, Qt::Key_Tab,      Qt::Key_Backtab};
+  constexpr Qt::KeyboardModifier kHeld[] = {Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier,
+                                            Qt::AltModifier};
+  Start();
+  grid.SetCurrent(2, 2);
+  for (const bool opened : {false, true}) {
+    if (opened) Press(Qt::Key_F2);
+    Type("-1");
+    for (const Qt::Key key : kMoving) {
+      for (const Qt::KeyboardModifier held : kHeld) {
+        Press(key, held);
+        QApplication::processEvents();
+        ASSERT_NE(Editor(), nullptr) << key << " with " << held;
+        EXPECT_EQ(Editor()->text(), "-1") << key << " with " << held;
+        EXPECT_TRUE(Editor()->hasFocus()) << key << " with " << held;
+        EXPECT_EQ(Current(), std::pair(2, 2)) << key << " with " << held;
+      }
+    }
+    Press(Qt::Key_Escape);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
 TEST_F(CellEditingTest, Who_presses_a_command_after_a_refused_text_is_brought_back_to_it_and_nothing_runs) {
   Button command(form, "cmdTmpSave");
   int clicks = 0;
@@ -204,10 +230,10 @@ TEST(CellEditingKeys, Every_key_in_every_state_of_an_edit_has_its_effect) {
           {"Down", {"Idle 3,3", "Idle 3,3 (2,3)=12", "Idle 3,3", "Idle Typed 2,3 '-1'[-1]"}},
           {"Home", {"Idle 2,0", "Idle Typed 2,3 '12'@0", "Idle Opened 2,3 '12'@0", "Idle Typed 2,3 '-1'@0"}},
           {"End", {"Idle 2,6", "Idle Typed 2,3 '12'@2", "Idle Opened 2,3 '12'@2", "Idle Typed 2,3 '-1'@2"}},
-          {"Ctrl+Home", {"Idle 1,0", "Idle 1,0 (2,3)=12", "Idle 1,0", "Idle 1,0 nofocus"}},
-          {"Ctrl+End", {"Idle 6,6", "Idle 6,6 (2,3)=12", "Idle 6,6", "Idle 6,6"}},
-          {"PageUp", {"Idle 1,3", "Idle 1,3 (2,3)=12", "Idle 1,3", "Idle 1,3 nofocus"}},
-          {"PageDown", {"Idle 6,3", "Idle 6,3 (2,3)=12", "Idle 6,3", "Idle 6,3 nofocus"}},
+          {"Ctrl+Home", {"Idle 1,0", "Idle 1,0 (2,3)=12", "Idle 1,0", "Idle Typed 2,3 '-1'[-1]"}},
+          {"Ctrl+End", {"Idle 6,6", "Idle 6,6 (2,3)=12", "Idle 6,6", "Idle Typed 2,3 '-1'[-1]"}},
+          {"PageUp", {"Idle 1,3", "Idle 1,3 (2,3)=12", "Idle 1,3", "Idle Typed 2,3 '-1'[-1]"}},
+          {"PageDown", {"Idle 6,3", "Idle 6,3 (2,3)=12", "Idle 6,3", "Idle Typed 2,3 '-1'[-1]"}},
           {"Delete", {"Idle 2,3", "Idle Typed 2,3 '12'@2", "Idle Opened 2,3 ''@0", "Idle Typed 2,3 ''@0"}},
           {"Ctrl+Delete",
            {"Idle 2,3 deletes", "Idle Typed 2,3 '12'@2", "Idle Opened 2,3 ''@0", "Idle Typed 2,3 ''@0"}},
@@ -276,10 +302,10 @@ TEST(CellEditingKeys, Every_key_in_every_state_of_an_edit_has_its_effect_on_the_
           {"Down", {"Idle 5,3 (4,3)=12", "Idle 5,3", "Figure Typed 4,3 '-1'[-1]"}},
           {"Home", {"Figure Typed 4,3 '12'@0", "Figure Opened 4,3 '12'@0", "Figure Typed 4,3 '-1'@0"}},
           {"End", {"Figure Typed 4,3 '12'@2", "Figure Opened 4,3 '12'@2", "Figure Typed 4,3 '-1'@2"}},
-          {"Ctrl+Home", {"Idle 1,0 (4,3)=12", "Idle 1,0", "Idle 1,0 nofocus"}},
-          {"Ctrl+End", {"Idle 6,6 (4,3)=12", "Idle 6,6", "Idle 6,6"}},
-          {"PageUp", {"Idle 1,3 (4,3)=12", "Idle 1,3", "Idle 1,3 nofocus"}},
-          {"PageDown", {"Idle 6,3 (4,3)=12", "Idle 6,3", "Idle 6,3 nofocus"}},
+          {"Ctrl+Home", {"Idle 1,0 (4,3)=12", "Idle 1,0", "Figure Typed 4,3 '-1'[-1]"}},
+          {"Ctrl+End", {"Idle 6,6 (4,3)=12", "Idle 6,6", "Figure Typed 4,3 '-1'[-1]"}},
+          {"PageUp", {"Idle 1,3 (4,3)=12", "Idle 1,3", "Figure Typed 4,3 '-1'[-1]"}},
+          {"PageDown", {"Idle 6,3 (4,3)=12", "Idle 6,3", "Figure Typed 4,3 '-1'[-1]"}},
           {"Delete", {"Figure Typed 4,3 '12'@2", "Figure Opened 4,3 ''@0", "Figure Typed 4,3 ''@0"}},
           {"Ctrl+Delete", {"Figure Typed 4,3 '12'@2", "Figure Opened 4,3 ''@0", "Figure Typed 4,3 ''@0"}},
           {"Backspace", {"Figure Typed 4,3 '1'@1", "Figure Opened 4,3 ''@0", "Figure Typed 4,3 ''@0"}},

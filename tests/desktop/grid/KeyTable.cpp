@@ -1,6 +1,7 @@
 #include "tests/desktop/grid/KeyTable.h"
 
 #include <QClipboard>
+#include <utility>
 
 namespace koru::test {
 namespace {
@@ -107,11 +108,26 @@ std::string FocusOf(const ScanningGrid& grid) {
   return focus == grid.view || grid.view->isAncestorOf(focus) ? "" : " nofocus";
 }
 
-std::string EffectOf(ScanningGrid& grid, const TableKey& key) {
+/// Enters the state and presses the key in it.
+void PressIn(const TableState& state, ScanningGrid& grid, const TableKey& key) {
+  if (!state.withinMove) return Press(key.key, key.held);
+  bool pressed = false;
+  auto move = grid.grid.RowChange.Subscribe([&] {
+    if (std::exchange(pressed, true)) return;
+    EXPECT_STREQ(NameOf(grid.view->Scanning().CurrentState()), state.name);
+    Press(key.key, key.held);
+  });
+  state.enter(grid);
+  EXPECT_TRUE(pressed) << state.name;
+}
+
+std::string EffectOf(const TableState& state, const TableKey& key) {
+  ScanningGrid grid;
+  if (!state.withinMove) state.enter(grid);
   QApplication::clipboard()->setText(key.clipboard);
   const auto before = TextsOf(grid.grid);
   const int rows = grid.grid.Rows();
-  Press(key.key, key.held);
+  PressIn(state, grid, key);
   QApplication::processEvents();
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   std::string effect = NameOf(grid.view->Scanning().CurrentState());
@@ -132,9 +148,7 @@ void ExpectKeys(const std::vector<TableState>& states, const KeyTable& expected)
     const std::vector<std::string>& effects = expected.at(key.name);
     ASSERT_EQ(effects.size(), states.size()) << key.name;
     for (std::size_t i = 0; i < states.size(); ++i) {
-      ScanningGrid grid;
-      states[i].enter(grid);
-      EXPECT_EQ(EffectOf(grid, key), effects[i]) << key.name << " in " << states[i].name;
+      EXPECT_EQ(EffectOf(states[i], key), effects[i]) << key.name << " in " << states[i].name;
     }
   }
 }

@@ -12,6 +12,9 @@ namespace koru::test {
 struct TableState {
   const char* name;
   void (*enter)(ScanningGrid& grid);
+  /// The key is not pressed after `enter` but within it, while the current cell moves to another row, as if a
+  /// handler of the move had let the user press it.
+  bool withinMove = false;
 };
 
 /// What every key of the table (KeyTable.cpp) leads to in each of the states, in one line: the next states of
