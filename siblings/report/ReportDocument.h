@@ -30,8 +30,6 @@ class ReportDocument {
   /// The title of the report, with values from the query's first record; empty if the file has no `name`.
   [[nodiscard]] std::string Name() const;
   [[nodiscard]] const std::vector<ReportPage>& Pages() const { return pages_; }
-  /// The number of rows that meet the template's condition.
-  [[nodiscard]] std::size_t RowCount() const { return rows_.size(); }
 
   /// The text of a cell in a band of a page (from 0). In bands other than rows, columns refer to the query's
   /// first record. Each value is enclosed in direction marks (U+2068, U+2069), so that it does not reorder

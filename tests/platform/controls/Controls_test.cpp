@@ -15,7 +15,7 @@
 #include "platform/controls/Selector.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Timer.h"
-#include "tests/platform/controls/QuietScreen.h"
+#include "tests/support/FakeScreen.h"
 
 namespace koru {
 namespace {
@@ -40,7 +40,7 @@ struct SmallForm : Form {
 
 class Controls : public testing::Test {
  protected:
-  QuietScreen screen;
+  test::FakeScreen screen;
   SmallForm form{screen};
 };
 
@@ -180,7 +180,7 @@ TEST_F(Controls, A_form_unloads_once_and_is_hidden_then) {
   form.Unloaded.Always([&] { ++unloaded; });
   form.Show(false);
   EXPECT_TRUE(form.Visible());
-  EXPECT_EQ(screen.shown, 1);
+  EXPECT_EQ(screen.Shown().size(), 1U);
   form.Unload();
   form.Unload();
   EXPECT_FALSE(form.Visible());

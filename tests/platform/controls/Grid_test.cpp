@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/platform/controls/QuietScreen.h"
+#include "tests/support/FakeScreen.h"
 
 namespace koru {
 namespace {
@@ -54,7 +54,7 @@ class GridTest : public testing::Test {
   }
 
   std::vector<std::string> reports;
-  QuietScreen screen;
+  test::FakeScreen screen;
   Form form{screen, "frmGrid"};
   Grid grid{form, "flexGrid"};
   Subscription before;
