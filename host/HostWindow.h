@@ -13,8 +13,8 @@ class QVBoxLayout;
 
 namespace koru {
 
-/// A host screen of the suite: who is signed in, which database, and the embedded control with its two doors,
-/// a new counting and a stored one.
+/// A host screen of the suite: the signed-in user, the database, the embedded control, and the commands that
+/// open a new or a stored counting.
 class HostWindow : public QWidget {
   Q_OBJECT
 
@@ -24,7 +24,7 @@ class HostWindow : public QWidget {
   explicit HostWindow(HostSession& session);
 
   [[nodiscard]] comInvCountingWidget& Control() { return *control_; }
-  /// Shows what the connected database holds; one that cannot be read is reported to the user.
+  /// Shows the users and countings of the connected database. Reports a failure to the user.
   void ReadDatabase();
 
  protected:

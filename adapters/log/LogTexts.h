@@ -16,8 +16,8 @@ namespace koru {
 /// The statement with its typed texts masked.
 [[nodiscard]] std::string MaskedStatement(const SqlText& statement);
 
-/// The words of a server about a statement, in which every typed text, and every piece of one that has three
-/// bytes or more, is masked.
+/// A server's error message about a statement. Every typed text in it, and every part of one that is at least
+/// three bytes long, is masked.
 [[nodiscard]] std::string MaskedError(std::string_view error, const SqlText& statement);
 
 /// A connection text for the log, without passwords; one that cannot be read is left out.

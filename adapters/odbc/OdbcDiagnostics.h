@@ -6,19 +6,19 @@
 
 namespace koru {
 
-/// One record of what a driver reports about a call that failed.
+/// A diagnostic record: what a driver reports about a failed call.
 struct Diagnostic {
   std::string state;        ///< SQLSTATE, five characters
-  std::int32_t native = 0;  ///< the server's or driver's own number; 0 where it gave none
-  std::string text;         ///< the whole message, the driver's name in brackets before it
+  std::int32_t native = 0;  ///< the number of the server or driver; 0 if it has none
+  std::string text;         ///< the whole message, after the driver's name in brackets
 };
 
-/// All that a driver reports about the last call on a handle, in the driver's order. `kind` is that of the
+/// The diagnostic records of the last call on a handle, in the driver's order. `kind` is the type of the
 /// handle (SQL_HANDLE_DBC, ...).
 [[nodiscard]] std::vector<Diagnostic> ReadDiagnostics(std::int16_t kind, void* handle);
 
-/// The record that says most: the server's own message before those of the driver, and these before "could
-/// not connect", which drivers put beside every reason. A record without words when there is none.
+/// The most specific record: a message of the server, else one of the driver, else "could not connect", which
+/// drivers add to every other reason. An empty record if there are none.
 [[nodiscard]] Diagnostic MostUseful(const std::vector<Diagnostic>& diagnostics);
 
 /// Whether a record has that SQLSTATE.

@@ -4,10 +4,10 @@
 
 namespace koru {
 
-/// Reads all rows of the current result of an ODBC statement handle; no columns when it has none.
-/// Whole numbers, also those that the server keeps as exact numbers without decimals, stay whole; other
-/// numbers are read as doubles; days, whatever time the server keeps with them, are texts 'yyyy-mm-dd';
-/// everything else is text. Throws DatabaseError when the driver cannot give a value.
+/// Reads all rows of the current result of an ODBC statement handle. The recordset has no columns if there is
+/// no result. Integer types, and exact numeric types of scale 0, are read as integers; other numeric types as
+/// doubles; date types as texts 'yyyy-mm-dd' without their time; all other types as text. Throws
+/// DatabaseError if the driver cannot return a value.
 [[nodiscard]] Recordset ReadRows(void* statement);
 
 }  // namespace koru

@@ -10,7 +10,7 @@
 
 namespace koru::sample {
 
-/// How much a large sample holds.
+/// The number of rows of a large sample.
 struct LargeCounts {
   int goods;
   int documents;      ///< receipts and dispatches together; even
@@ -18,20 +18,20 @@ struct LargeCounts {
   int countingLines;
 };
 
-// The tree of twenty stores: three trees and a store by itself. The counting is one of the first tree.
+// Twenty stores: three trees and one store without parent or children. The counting is of the first tree.
 inline constexpr int kLargeStores = 20;
 inline constexpr int kCentralStore = 1;
-inline constexpr int kLastOfCentral = 9;  ///< the central store's children are the stores 2 to this
+inline constexpr int kLastOfCentral = 9;  ///< the children of the central store are 2 to this one
 
-/// The last of the three years, from its first day to the day of the sample.
+/// The period from the first day of the last year to the date of the sample (kSampleToday).
 [[nodiscard]] Period LargePeriod();
 
-/// The stores and their tree, and who may work in them.
+/// Writes the stores, their tree, and the users' permissions for them.
 void WriteLargeStores(SqliteConnection& connection);
 
-/// Receipts and dispatches of three years in the order of their days, nine in ten registered. Stores and
-/// goods have very different shares of them. `goods` learn what the documents add up to; `done` is called
-/// with the share of documents written, in per cent.
+/// Writes the receipts and dispatches of three years by ascending date; nine in ten are registered. They are
+/// distributed unevenly over stores and goods. Adds each document's quantities to `goods`. `done` is called
+/// with the percentage of documents written.
 void WriteLargeDocuments(SqliteConnection& connection, Random& random, const LargeCounts& counts,
                          std::vector<LargeGood>& goods, const std::function<void(int)>& done);
 

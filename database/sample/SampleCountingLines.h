@@ -12,23 +12,22 @@
 
 namespace koru::sample {
 
-/// Which way the accepted counts of a counting may differ from the books.
+/// The sign of the differences between a counting's accepted counts and the book stock.
 enum class Finding { Nothing, Shortages, Surpluses, Both };
 
-/// Makes lines as counters do: book stock and rate from the registered documents of the store in the period,
-/// the accepted count mostly equal to the books.
+/// Creates plausible lines: book stock and rate come from the registered documents of the store in the
+/// period, and most accepted counts equal the book stock.
 class LineMaker {
  public:
   LineMaker(SqliteConnection& connection, Random& random, int store, const Period& period);
 
-  /// Lines for `count` of the goods, chosen at random among those that the books know in stock, in the goods'
-  /// order.
+  /// Lines for `count` random goods that have book stock, in the order of `goods`.
   std::vector<CountingLine> Counted(const std::vector<Good>& goods, std::size_t count, Finding finding);
-  /// Lines for all goods; only the first `counted` of them have a count, the first one.
+  /// Lines for all goods; the first `counted` of them have a first count and no other.
   std::vector<CountingLine> UnderWay(const std::vector<Good>& goods, std::size_t counted);
-  /// The line of one good with its unit, books and rate, and nothing counted.
+  /// The line of one good with its unit, book stock and rate, without counts.
   CountingLine Uncounted(const std::string& barcode);
-  /// The same with an accepted count, found by two counters.
+  /// The same with an accepted count and the counts that lead to it: two equal ones, or a third that decides.
   CountingLine Accepted(const std::string& barcode, double accepted);
 
  private:

@@ -17,15 +17,16 @@ struct CountingLine {
   std::optional<int> unit;
   std::array<std::optional<double>, 3> counts;
   std::optional<double> accepted;
-  double books = 0;
-  std::optional<double> difference;  ///< accepted less books; empty when there is none
+  double books = 0;                  ///< book stock
+  std::optional<double> difference;  ///< see Difference
   std::optional<double> rate;
 };
 
-/// The difference as it is kept with a line: to three decimals, nothing accepted counting as 0; empty when it
-/// is 0.
+/// The difference that is stored with a line: the accepted count (0 if there is none) less the book stock,
+/// rounded to three decimals. Empty if it is 0.
 [[nodiscard]] std::optional<double> Difference(const std::optional<double>& accepted, double books);
 
+/// A counting's header and lines.
 struct Counting {
   int id = 0;
   std::optional<std::string> manualCode;
@@ -45,16 +46,17 @@ struct Adjustments {
   std::optional<int> dispatch;
 };
 
+/// Writes countings and their adjustment documents.
 class CountingBook {
  public:
   CountingBook(SqliteConnection& connection, DocumentBook& documents);
 
   /// Writes a temporary counting.
   void Write(const Counting& counting);
-  /// Writes a counting that is final: the next code, a dispatch for its shortages and a receipt for its
-  /// surpluses, neither of them registered.
+  /// Writes a final counting: it gets the next number, a dispatch for its shortages and a receipt for its
+  /// surpluses. Neither document is registered.
   Adjustments WriteFinal(const Counting& counting);
-  /// Leads the counting to other documents, whether they exist or not.
+  /// Links the counting to other documents, which need not exist.
   void Link(int id, const Adjustments& adjustments);
 
  private:

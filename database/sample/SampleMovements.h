@@ -18,7 +18,7 @@ inline constexpr int kSecondYear = 1404;
 /// The date of the Solar Hijri calendar.
 [[nodiscard]] Date Day(int year, int month, int day);
 
-/// From the first day of the year to its last but one: on the last, the books of the year are closed.
+/// From the first day of the year to the last but one. On the last day the books are closed.
 [[nodiscard]] Period TradingPeriod(int year);
 
 /// A store and the goods that it keeps.
@@ -30,15 +30,15 @@ struct StoreGoods {
 /// The six stores that trade: four main stores and two shops, each of which keeps every fourth good.
 [[nodiscard]] std::vector<StoreGoods> TradingStores(const std::vector<Good>& goods);
 
-/// Receipts and dispatches of two years in the order of their dates. A dispatch exceeds the stock only in
-/// rare slips.
+/// Writes the receipts and dispatches of two years by ascending date. Few dispatches exceed the stock, as a
+/// mistake in practice would.
 class Movements {
  public:
   Movements(SqliteConnection& connection, DocumentBook& book, Random& random, std::vector<StoreGoods> stores);
 
-  /// The first stock of the first year.
+  /// Writes the opening stock of the first year.
   void Begin();
-  /// Deliveries and sales of a year.
+  /// Writes the deliveries and sales of a year.
   void Trade(int year);
   /// Carries the book stock over from the end of the first year to the second.
   void CarryOver();

@@ -6,8 +6,8 @@
 
 namespace koru::sample {
 
-/// Numbers that look random and are the same on every machine: whole-number arithmetic alone, because the
-/// standard library's distributions may differ from one implementation to the next.
+/// A pseudo-random generator with the same results on every machine. It uses integer arithmetic only, because
+/// the distributions of the standard library differ between implementations.
 class Random {
  public:
   explicit Random(std::uint64_t seed) : state_(seed) {}

@@ -16,7 +16,7 @@ inline void BindField(SqliteStatement& statement, int parameter, const Date& day
   statement.Bind(parameter, IsoText(day));
 }
 
-/// NULL when there is no value.
+/// Binds NULL when there is no value.
 template <typename V>
 void BindField(SqliteStatement& statement, int parameter, const std::optional<V>& value) {
   if (value) {
@@ -26,7 +26,7 @@ void BindField(SqliteStatement& statement, int parameter, const std::optional<V>
   }
 }
 
-/// Runs an insert with its parameters in their order.
+/// Binds the values to the statement's parameters, in order, and runs it.
 template <typename... V>
 void Insert(SqliteStatement& statement, const V&... values) {
   int parameter = 0;

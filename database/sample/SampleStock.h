@@ -9,7 +9,7 @@
 
 namespace koru::sample {
 
-/// A span of days, both inclusive.
+/// A period; both dates are inclusive.
 struct Period {
   Date from;
   Date to;
@@ -28,7 +28,7 @@ inline constexpr int kAllStores = 0;
 [[nodiscard]] std::optional<double> LatestRate(SqliteConnection& connection, int store,
                                                const std::string& barcode, const Period& period);
 
-/// Sets what goods carry of the stock of all stores; goods without documents keep NULL.
+/// Sets each good's stored total over all stores; it stays NULL for goods without documents.
 void WriteTotals(SqliteConnection& connection, const Period& period);
 
 }  // namespace koru::sample
