@@ -54,8 +54,10 @@ void AdjustmentDocuments::CreateAdjustmentDocuments() {
 
 void AdjustmentDocuments::CreateDocument(const Texts& texts) {
   InsertHeader(texts);
-  const std::int32_t documentID =
+  // The suite's other programs insert documents as well: the highest key can be theirs.
+  const std::int32_t highest =
       shared_.data.rssqlCommon.Open(SqlText(texts.newestID)).Field("MaxID").Integer();
+  const auto documentID = static_cast<std::int32_t>(shared_.data.InsertedKey().value_or(highest));
   if (InsertLines(texts, documentID)) {
     shared_.data.rssqleditenter.Open(SqlText(texts.link) + documentID +
                                      " Where ID = " + controls_.CountingID());

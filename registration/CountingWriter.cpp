@@ -18,6 +18,9 @@ namespace koru {
 namespace {
 
 constexpr const char* kTemporaryTitle = "شمارش موقت";
+constexpr const char* kNotStored = "تغييرات اين فرمان ثبت نشد. ";
+constexpr const char* kPerhapsStored =
+    "روشن نيست كه اين شمارش ذخيره شده باشد؛ پيش از ذخيرة دوباره، آن را در جستجو ببينيد. ";
 
 /// The contents of the literals of the notes and the manual number. An apostrophe in the notes is doubled;
 /// one in the manual number ends its literal, and the statement is refused.
@@ -55,8 +58,8 @@ void CountingWriter::Save(const std::function<LinesDigest()>& write) {
     const LinesDigest lines = write();
     guard_.Stored().RememberSaved(static_cast<std::int32_t>(controls_.CountingID()), lines);
   } catch (...) {
-    Finish(*batch);
     guard_.Stored().Forget();  // nobody knows how much of the command was kept
+    Finish(*batch);
     throw;
   }
   Finish(*batch);
@@ -69,18 +72,39 @@ LinesDigest CountingWriter::Write() {
   return ReplaceLines();
 }
 
-/// A batch that cannot be finished has stored nothing, whatever failed before.
+/// A batch that cannot be finished has stored nothing, whatever failed before. Where the connection broke at
+/// its end, the database is asked.
 void CountingWriter::Finish(WriteBatch& batch) {
   try {
     batch.Finish();
+  } catch (const UnknownOutcome& failure) {
+    const std::optional<bool> isStored = IsStored();
+    if (isStored && *isStored) return;
+    RestoreForm();
+    throw DatabaseError((isStored ? kNotStored : kPerhapsStored) + failure.ServerText(), failure.Code(),
+                        failure.Statement());
   } catch (const DatabaseError&) {
-    controls_.lblIDVal.SetCaption(before_.id);
-    controls_.form.SetCaption(before_.title);
-    controls_.txtCode.SetText(before_.code);
-    SetDocumentMode(before_.mode, controls_, shared_);
-    if (before_.remembered) guard_.Stored().Accept(*before_.remembered);
+    RestoreForm();
     throw;
   }
+}
+
+/// Whether the database holds what the command has written; no value where it cannot be read.
+std::optional<bool> CountingWriter::IsStored() {
+  if (!guard_.Stored().Remembered()) return {};
+  try {
+    return !guard_.Stored().FindChange();
+  } catch (const DatabaseError&) {
+    return {};
+  }
+}
+
+void CountingWriter::RestoreForm() {
+  controls_.lblIDVal.SetCaption(before_.id);
+  controls_.form.SetCaption(before_.title);
+  controls_.txtCode.SetText(before_.code);
+  SetDocumentMode(before_.mode, controls_, shared_);
+  if (before_.remembered) guard_.Stored().Accept(*before_.remembered);
 }
 
 void CountingWriter::InsertHeader() {
@@ -97,7 +121,10 @@ void CountingWriter::InsertHeader() {
       PersianDateOrNull(controls_.gdpToDate) + ")");
   const Recordset newest =
       shared_.data.rssqlCommon.Open(SqlText("select max(id) as maxid from tblInventoryCounting"));
-  controls_.lblIDVal.SetCaption(newest.Field("maxid").Text());
+  // The highest key can be of a row that another program has inserted since.
+  const std::string highest = newest.Field("maxid").Text();
+  const auto own = shared_.data.InsertedKey();
+  controls_.lblIDVal.SetCaption(own ? std::to_string(*own) : highest);
   controls_.form.SetCaption(kTemporaryTitle);
 }
 

@@ -46,6 +46,8 @@ class CountingWriter {
 
   void CheckTexts() const;
   void Finish(WriteBatch& batch);
+  [[nodiscard]] std::optional<bool> IsStored();
+  void RestoreForm();
   void InsertHeader();
   void UpdateHeader();
   [[nodiscard]] LinesDigest ReplaceLines();

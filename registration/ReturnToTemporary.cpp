@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/sql/DatabaseError.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Text.h"
 #include "registration/EarlierDocuments.h"
@@ -38,7 +39,12 @@ void ReturnToTemporary::Run() {
   const auto batch = shared_.data.BeginWriteBatch();
   const auto stored = guard_.Stored().ReadCode(controls_.CountingID());
   const bool hadNumber = stored && (!stored->empty() || HasGap());
-  if (stored) Return(*stored);
+  try {
+    if (stored) Return(*stored);
+  } catch (const DatabaseError&) {
+    ForgetGapIfLost(*batch);
+    throw;
+  }
   batch->Finish();
   if (!stored) {
     guard_.ReportGone();
@@ -56,6 +62,15 @@ bool ReturnToTemporary::HasFinalDocument(FixedSql finalDocumentsOf, const char* 
   if (documents.RecordCount() == 0) return false;
   shared_.messages.ShowMessage(sentences::kError, message + documents.Field("ID").Text() + kNoReturn);
   return true;
+}
+
+/// After a failed statement: a return of which nothing was stored has left no gap.
+void ReturnToTemporary::ForgetGapIfLost(WriteBatch& batch) {
+  try {
+    batch.Finish();
+  } catch (const DatabaseError&) {
+    gap_.reset();
+  }
 }
 
 bool ReturnToTemporary::HasGap() const { return gap_ && gap_->countingID == controls_.CountingID(); }

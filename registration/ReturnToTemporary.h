@@ -28,6 +28,7 @@ class ReturnToTemporary {
   /// that document.
   [[nodiscard]] bool HasFinalDocument(FixedSql finalDocumentsOf, const char* message) const;
   void Return(const std::string& storedCode);
+  void ForgetGapIfLost(WriteBatch& batch);
   /// Whether a return of the counting on the form failed before it closed the gap in the numbers.
   [[nodiscard]] bool HasGap() const;
 

@@ -73,6 +73,9 @@ class dteInvCounting {
     if (connection_) connection_->Idle();
   }
 
+  /// See Database::InsertedKey.
+  [[nodiscard]] std::optional<std::int64_t> InsertedKey() { return Connection().InsertedKey(); }
+
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() { return Connection().BeginWriteBatch(); }
   [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() { return Connection().BeginReadSnapshot(); }
 
