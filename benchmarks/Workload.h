@@ -16,6 +16,8 @@ struct Workload {
   // If the sizes differ, times per step are compared.
   int steps = 1;
   int limitSteps = 1;
+  bool isOfWaiting = false;  ///< the time on the clock is compared instead of the processor's
+  double maxMs = 0;          ///< the maximum of our time; 0: none
 };
 
 /// A size in bytes, against its minimum.
