@@ -53,6 +53,8 @@ void Append(NormalizedStatement& normalized, SqlToken token, std::string_view te
       break;
     case SqlTokenKind::String:
     case SqlTokenKind::NationalString:
+      // As in `''N'x'`: without the blank the two would read as one text with an apostrophe.
+      if (normalized.text.ends_with('\'')) normalized.text += ' ';
       normalized.text += "'?'";
       normalized.literals.emplace_back(Content(text, token.kind == SqlTokenKind::String ? 1 : 2));
       break;

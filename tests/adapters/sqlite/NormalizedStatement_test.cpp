@@ -39,6 +39,12 @@ TEST(NormalizedStatement, Doubled_apostrophes_become_one_and_stay_inside_their_t
   EXPECT_EQ(std::get<std::string>(normalized.literals[2]), "");
 }
 
+TEST(NormalizedStatement, Texts_that_touch_each_other_stay_two_literals) {
+  const NormalizedStatement normalized = Normalize("select ''N'x'");
+  EXPECT_EQ(normalized.text, "select '?' '?'");
+  EXPECT_EQ(normalized.literals, (std::vector<Literal>{"", "x"}));
+}
+
 TEST(NormalizedStatement, White_space_and_comments_do_not_count) {
   EXPECT_EQ(Normalize("select  A\r\n from\tT /* all */ where--why\n B=1 ").text, "select A from T where B=?");
 }
