@@ -1,5 +1,7 @@
 #include "counting/CountingHeader.h"
 
+#include <utility>
+
 #include "services/UserName.h"
 
 namespace koru {
@@ -14,33 +16,35 @@ std::string NameOfCreator(const Value& creator, dteInvCounting& data) {
 
 }  // namespace
 
-bool FillInvCountingData(std::int32_t id, dteInvCounting& data, InvCountingControls& controls) {
-  const Recordset counting =
+std::optional<CountingHeader> ReadCountingHeader(std::int32_t id, dteInvCounting& data) {
+  Recordset counting =
       data.rssqleditenter.Open(SqlText("Select * from tblInventoryCounting where ID =") + id);
-  if (counting.RecordCount() == 0) return false;
-  // Everything that can fail comes first: a save after a partial change would write one counting over
-  // another.
-  const std::string creator = NameOfCreator(counting.Field("CreatorID"), data);
-  const std::int32_t counter1 = KeyOf(counting.Field("CounterEmployeeID1"));
-  const std::int32_t counter2 = KeyOf(counting.Field("CounterEmployeeID2"));
-  const std::int32_t counter3 = KeyOf(counting.Field("CounterEmployeeID3"));
-  const std::int32_t confirmer = KeyOf(counting.Field("CounterConfirmerID"));
-  const std::int32_t store = KeyOf(counting.Field("InventoryID"));
+  if (counting.RecordCount() == 0) return {};
+  CountingHeader header;
+  header.creator = NameOfCreator(counting.Field("CreatorID"), data);
+  header.counters = {KeyOf(counting.Field("CounterEmployeeID1")), KeyOf(counting.Field("CounterEmployeeID2")),
+                     KeyOf(counting.Field("CounterEmployeeID3"))};
+  header.confirmer = KeyOf(counting.Field("CounterConfirmerID"));
+  header.store = KeyOf(counting.Field("InventoryID"));
+  header.counting = std::move(counting);
+  return header;
+}
 
+void ShowCountingHeader(const CountingHeader& header, InvCountingControls& controls) {
+  const Recordset& counting = header.counting;
   controls.lblIDVal.SetCaption(counting.Field("ID").Text());
   controls.txtGNO.SetText(counting.Field("ManualCode").Text());
   controls.txtCode.SetText(counting.Field("Code").Text());
   controls.gdpReceiveDate.SetValue(counting.Field("CreateDate").AsDate());
   controls.gdpFromDate.SetValue(counting.Field("FromDate").AsDate());
   controls.gdpToDate.SetValue(counting.Field("ToDate").AsDate());
-  controls.mptCounter1.Select(counter1);
-  controls.mptCounter2.Select(counter2);
-  controls.mptCounter3.Select(counter3);
-  controls.mptConfirmer.Select(confirmer);
+  controls.mptCounter1.Select(header.counters[0]);
+  controls.mptCounter2.Select(header.counters[1]);
+  controls.mptCounter3.Select(header.counters[2]);
+  controls.mptConfirmer.Select(header.confirmer);
   controls.txtNotes.SetText(counting.Field("Notes").Text());
-  controls.txtCreator.SetText(creator);
-  controls.gmpInventory.Select(store);
-  return true;
+  controls.txtCreator.SetText(header.creator);
+  controls.gmpInventory.Select(header.store);
 }
 
 void ClearCounting(InvCountingControls& controls) {

@@ -1,16 +1,31 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "counting/controls/InvCountingControls.h"
+#include "platform/sql/Recordset.h"
 #include "services/dteInvCounting.h"
 
 namespace koru {
 
-/// Shows the header of a stored counting on the form; a box whose column is NULL becomes empty. Returns
-/// false, and changes nothing, when the counting does not exist. Throws DatabaseError and changes nothing.
-bool FillInvCountingData(std::int32_t id, dteInvCounting& data, InvCountingControls& controls);
+/// The header of a stored counting, read completely.
+struct CountingHeader {
+  Recordset counting;   ///< the record of tblInventoryCounting
+  std::string creator;  ///< the full name; empty when nobody knows it
+  std::array<std::int32_t, 3> counters{};
+  std::int32_t confirmer = Selector::kNothing;
+  std::int32_t store = Selector::kNothing;
+};
+
+/// Nothing when the counting does not exist. Throws DatabaseError or OverflowError.
+[[nodiscard]] std::optional<CountingHeader> ReadCountingHeader(std::int32_t id, dteInvCounting& data);
+
+/// Shows a header on the form; a box whose column is NULL, or a date that the Solar calendar does not have,
+/// becomes empty.
+void ShowCountingHeader(const CountingHeader& header, InvCountingControls& controls);
 
 /// Empties the document: header, counters, store, dates, lines and totals.
 void ClearCounting(InvCountingControls& controls);

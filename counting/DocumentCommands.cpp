@@ -52,7 +52,8 @@ void DocumentCommands::Delete() {
 
 void DocumentCommands::ShowStoredHeader() {
   try {
-    FillInvCountingData(static_cast<std::int32_t>(controls_.CountingID()), shared_.data, controls_);
+    const auto header = ReadCountingHeader(static_cast<std::int32_t>(controls_.CountingID()), shared_.data);
+    if (header) ShowCountingHeader(*header, controls_);
     SetMode(DocumentMode::Viewing);
   } catch (const DatabaseError& failure) {
     // A database that is away must not hold the user on the form.

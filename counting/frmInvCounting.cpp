@@ -77,15 +77,19 @@ void frmInvCounting::AddSearchedGoods() {
 
 bool frmInvCounting::ViewInvCounting(std::int32_t id) {
   shared_.CurrentCountingID = id;
-  if (!FillInvCountingData(id)) return false;
-  SetDocumentMode(DocumentMode::Viewing, *this, shared_);
+  // A save after a partial change would write one counting over another: all of the header is read before
+  // anything is shown, and a form that cannot be filled is emptied.
+  const auto header = ReadCountingHeader(id, shared_.data);
+  if (!header) return false;
   try {
+    ShowCountingHeader(*header, *this);
+    SetDocumentMode(DocumentMode::Viewing, *this, shared_);
     // Before the lines are read: a later comparison finds what another station changes in between.
     guard_.Stored().Remember(id);
     FillInvCounterDetailData(id);
   } catch (...) {
-    // A save would replace the counting's stored lines by those that happen to be on the grid.
     Clear();
+    guard_.Stored().Forget();
     SetDocumentMode(DocumentMode::Empty, *this, shared_);
     RefreshCommands();
     throw;
@@ -97,7 +101,9 @@ bool frmInvCounting::ViewInvCounting(std::int32_t id) {
 void frmInvCounting::RefreshCommands() { koru::RefreshCommands(shared_.DocMode, *this); }
 
 bool frmInvCounting::FillInvCountingData(std::int32_t id) {
-  return koru::FillInvCountingData(id, shared_.data, *this);
+  const auto header = ReadCountingHeader(id, shared_.data);
+  if (header) ShowCountingHeader(*header, *this);
+  return header.has_value();
 }
 
 void frmInvCounting::disablelockcomponent() { koru::disablelockcomponent(shared_.DocMode, *this); }

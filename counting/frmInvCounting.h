@@ -37,7 +37,7 @@ class frmInvCounting : public Form, public InvCountingControls {
 
   /// Opens a stored counting on the form: header, mode 0, lines. Returns false, and changes nothing but the
   /// shared CurrentCountingID, when no counting has that key. Throws DatabaseError: nothing changes when the
-  /// header cannot be read, and the form is empty (mode 3) when the lines cannot.
+  /// header cannot be read, and the form is empty (mode 3) after any other failure.
   bool ViewInvCounting(std::int32_t id);
   /// Shows the header alone; false when the counting does not exist.
   bool FillInvCountingData(std::int32_t id);

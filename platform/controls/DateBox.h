@@ -8,7 +8,8 @@
 
 namespace koru {
 
-/// A date box: holds a date or none and shows it in the Solar Hijri calendar.
+/// A date box: holds a date or none and shows it in the Solar Hijri calendar. A date that this calendar does
+/// not have (HasSolarDate) is none.
 class DateBox : public Control {
  public:
   using Control::Control;
@@ -19,6 +20,7 @@ class DateBox : public Control {
   [[nodiscard]] std::string PersianText() const { return value_ ? SolarText(*value_) : std::string(); }
 
   void SetValue(std::optional<Date> value) {
+    if (value && !HasSolarDate(*value)) value.reset();
     if (value_ == value) return;
     value_ = value;
     StateChanged.Raise();

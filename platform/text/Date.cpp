@@ -97,13 +97,16 @@ Date ToGregorian(SolarDate date) {
   return NewYear(date.year) + std::chrono::days{DaysBeforeMonth(date.month) + date.day - 1};
 }
 
+bool HasSolarDate(Date date) {
+  const int year = static_cast<int>(date.year()) - 621;
+  return year <= kLastSolarYear && sys_days{date} >= NewYear(kFirstSolarYear);
+}
+
 SolarDate ToSolar(Date date) {
+  if (!HasSolarDate(date)) throw std::out_of_range("a date outside the supported Solar Hijri years");
   const sys_days day{date};
   int year = static_cast<int>(date.year()) - 621;
-  if (year > kFirstSolarYear && day < NewYear(year)) --year;
-  if (year < kFirstSolarYear || year > kLastSolarYear || day < NewYear(year)) {
-    throw std::out_of_range("a date outside the supported Solar Hijri years");
-  }
+  if (day < NewYear(year)) --year;
   const auto dayOfYear = static_cast<int>((day - NewYear(year)).count());
   int month = 12;
   while (DaysBeforeMonth(month) > dayOfYear) --month;

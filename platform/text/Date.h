@@ -44,6 +44,9 @@ inline constexpr int kLastSolarYear = 9378;
 /// The Gregorian date. Throws std::out_of_range when `date` is not valid.
 [[nodiscard]] Date ToGregorian(SolarDate date);
 
+/// Whether ToSolar has a date for it: not before 0622-03-22, the first day of the first year.
+[[nodiscard]] bool HasSolarDate(Date date);
+
 /// The Solar Hijri date. Throws std::out_of_range outside the supported years.
 [[nodiscard]] SolarDate ToSolar(Date date);
 

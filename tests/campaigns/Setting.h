@@ -18,10 +18,4 @@ struct CampaignSetting {
   }
 };
 
-/// Whether the cases run that the program does not hold yet (see docs/campaigns.md). They are skipped by
-/// name, not weakened.
-inline bool RunsNotYetHeld() {
-  return CampaignSetting::FromEnvironment("KORU_CAMPAIGN_NOT_YET_HELD", 0) != 0;
-}
-
 }  // namespace koru::test

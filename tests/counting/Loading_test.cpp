@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "tests/counting/CountingWorld.h"
 
 namespace koru::test {
@@ -55,6 +57,36 @@ TEST_F(Loading, Empty_optional_columns_load_as_empty_boxes_without_an_error) {
   EXPECT_EQ(Form().flexDetail.Rows(), 1);
   EXPECT_EQ(Form().txtTotalValue.Text(), "0");
   EXPECT_EQ(NewMessages(), Texts{});
+}
+
+TEST_F(Loading, A_date_before_the_first_solar_year_loads_as_an_empty_box_and_the_counting_is_whole) {
+  database.Execute(
+      "update tblInventoryCounting set CreateDate='0001-01-01', FromDate='0622-03-21', ToDate='0622-03-22' "
+      "where "
+      "ID=10");
+  View(11);
+  View(10);
+  EXPECT_EQ(Form().lblIDVal.Caption(), "10");
+  EXPECT_TRUE(Form().gdpReceiveDate.IsEmpty());
+  EXPECT_TRUE(Form().gdpFromDate.IsEmpty());
+  EXPECT_EQ(Form().gdpToDate.PersianText(), "0001/01/01");
+  EXPECT_EQ(Form().flexDetail.Rows(), 3);
+  EXPECT_EQ(NewMessages(), Texts{});
+}
+
+TEST_F(Loading, A_form_that_cannot_be_filled_is_empty_afterwards_and_nothing_of_it_can_be_saved) {
+  View(11);
+  auto broken = Form().gdpToDate.StateChanged.Subscribe([this] {
+    if (!Form().gdpToDate.IsEmpty()) throw std::out_of_range("a window that cannot show the date");
+  });
+  EXPECT_THROW(Form().ViewInvCounting(10), std::out_of_range);
+  EXPECT_EQ(Form().lblIDVal.Caption(), "") << "the key of 10 over the lines of 11";
+  EXPECT_EQ(Form().txtGNO.Text(), "");
+  EXPECT_TRUE(Form().gdpReceiveDate.IsEmpty());
+  EXPECT_EQ(Form().flexDetail.Rows(), 1);
+  EXPECT_EQ(Mode(), DocumentMode::Empty);
+  EXPECT_FALSE(Form().cmdEdit.Enabled());
+  EXPECT_FALSE(Form().cmdIsFinalized.Enabled());
 }
 
 TEST_F(Loading, A_counting_without_a_store_clears_the_selection) {

@@ -20,11 +20,6 @@ Malformation BySql(std::string name, std::string sql) {
           }};
 }
 
-Malformation NotYetHeld(Malformation malformation) {
-  malformation.isNotYetHeld = true;
-  return malformation;
-}
-
 /// A table without its types and its rules, holding the same rows.
 std::string Untyped(const std::string& table) {
   return "create table Copy as select * from " + table + "; PRAGMA legacy_alter_table=ON; drop table " +
@@ -80,9 +75,9 @@ std::vector<Malformation> OfRows() {
             "update tblInventoryCounting set Code=9223372036854775807, CounterEmployeeID1=9000000000000"),
       BySql("dates_that_are_none",
             "update tblInventoryCounting set CreateDate='2025-02-30', FromDate='ديروز', ToDate=''"),
-      NotYetHeld(BySql("dates_before_the_first_year",
-                       "update tblInventoryCounting set CreateDate='0001-01-01', FromDate='0001-01-01', "
-                       "ToDate='0500-01-01'")),
+      BySql("dates_before_the_first_year",
+            "update tblInventoryCounting set CreateDate='0001-01-01', FromDate='0001-01-01', "
+            "ToDate='0500-01-01'"),
       BySql("blobs_in_texts",
             Untyped("tblInventoryCounting") + Untyped("tblGood") +
                 "update tblInventoryCounting set Notes=x'ff00fe', ManualCode=x'00'; update tblGood set "

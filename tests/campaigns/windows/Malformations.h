@@ -12,8 +12,7 @@ struct Malformation {
   std::string name;
   /// Spoils the file, which is a whole sample before.
   std::function<void(const std::string& file)> spoil;
-  bool isLocked = false;      ///< another program holds the file while it is walked through
-  bool isNotYetHeld = false;  ///< the program does not hold it yet: skipped unless such cases are asked for
+  bool isLocked = false;  ///< another program holds the file while it is walked through
 };
 inline void PrintTo(const Malformation& malformation, std::ostream* out) { *out << malformation.name; }
 
