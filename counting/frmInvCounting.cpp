@@ -34,7 +34,10 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       excelExport_(*this, shared),
       linkedDocuments_(*this, shared) {
   SetCaption("شمارش");
-  OnFailure = [this](const std::exception& failure) { shared_.messages.ShowFailure(failure); };
+  OnFailure = [this](const std::exception& failure) {
+    shared_.messages.ShowFailure(failure);
+    pgbStatus.SetVisible(false);
+  };
   ConnectEvents();
 }
 

@@ -56,6 +56,26 @@ TEST_F(AddingGoods, Without_a_store_an_error_is_shown_and_the_search_is_not_open
   EXPECT_EQ(searches, 0);
 }
 
+TEST_F(AddingGoods, After_a_failure_that_is_shown_the_progress_bar_is_hidden) {
+  Click(Form().cmdGoods);
+  for (Button* command : {&Form().cmdCalc, &Form().cmdGoods}) {
+    SCOPED_TRACE(command->Name());
+    if (command == &Form().cmdGoods) Form().flexDetail.SetRows(1);
+    bool wasShown = false;
+    const auto following =
+        Form().pgbStatus.StateChanged.Subscribe([&] { wasShown = wasShown || Form().pgbStatus.Visible(); });
+    NewMessages();
+    failing.Plan().FailAt(4);
+    Click(*command);
+    failing.Plan().FailAt(0);
+    const Texts shown = NewMessages();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_NE(shown[0].find(FaultPlan::kServerText), std::string::npos);
+    EXPECT_TRUE(wasShown);
+    EXPECT_FALSE(Form().pgbStatus.Visible());
+  }
+}
+
 TEST_F(AddingGoods, Into_an_empty_counting_asks_nothing_and_adds_what_was_found) {
   NewStatements();
   Click(Form().cmdGoods);
