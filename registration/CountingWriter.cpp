@@ -18,9 +18,13 @@ namespace koru {
 namespace {
 
 constexpr const char* kTemporaryTitle = "شمارش موقت";
-constexpr const char* kNotStored = "تغييرات اين فرمان ثبت نشد. ";
-constexpr const char* kPerhapsStored =
-    "روشن نيست كه اين شمارش ذخيره شده باشد؛ پيش از ذخيرة دوباره، آن را در جستجو ببينيد. ";
+
+// After a save of which nobody knows whether it is stored.
+constexpr const char* kLookFirst =
+    "\nشمارش هنوز روي فرم است. پيش از تكرار فرمان، در جستجوي شمارش ببينيد كه ذخيره نشده باشد.";
+constexpr const char* kAsksFirst =
+    "\nشمارش هنوز روي فرم است. فرمان را تكرار كنيد؛ اگر بار پيش ذخيره شده باشد، پيش از نوشتن پرسيده "
+    "مي\u200cشود.";
 
 /// The contents of the literals of the notes and the manual number. An apostrophe in the notes is doubled;
 /// one in the manual number ends its literal, and the statement is refused.
@@ -47,42 +51,48 @@ void CountingWriter::CheckTexts() const {
   }
 }
 
-void CountingWriter::Save(const std::function<LinesDigest()>& write) {
+void CountingWriter::Save(const std::function<std::optional<LinesDigest>()>& write) {
   CheckTexts();
   if (shared_.DocMode == DocumentMode::New) guard_.Stored().Forget();
   const auto batch = guard_.BeginWrite(StoredCountingGuard::Purpose::Save);
   if (!batch) return;
   before_ = {shared_.DocMode, controls_.lblIDVal.Caption(), controls_.form.Caption(),
              controls_.txtCode.Text(), guard_.Stored().Remembered()};
+  std::optional<LinesDigest> lines;
   try {
-    const LinesDigest lines = write();
-    guard_.Stored().RememberSaved(static_cast<std::int32_t>(controls_.CountingID()), lines);
+    lines = write();
+    if (lines) guard_.Stored().RememberSaved(static_cast<std::int32_t>(controls_.CountingID()), *lines);
   } catch (...) {
     guard_.Stored().Forget();  // nobody knows how much of the command was kept
     Finish(*batch);
     throw;
   }
   Finish(*batch);
+  if (lines) return;
+  RestoreForm();
+  guard_.ReportGone();
 }
 
-LinesDigest CountingWriter::Write() {
+std::optional<LinesDigest> CountingWriter::Write() {
   if (shared_.DocMode == DocumentMode::New) InsertHeader();
-  if (shared_.DocMode == DocumentMode::Editing) UpdateHeader();
+  if (shared_.DocMode == DocumentMode::Editing && !UpdateHeader()) return {};
   SetDocumentMode(DocumentMode::Viewing, controls_, shared_);
   return ReplaceLines();
 }
 
-/// A batch that cannot be finished has stored nothing, whatever failed before. Where the connection broke at
-/// its end, the database is asked.
+/// A batch that cannot be finished has stored nothing that can be seen now, whatever failed before. Where the
+/// connection broke at its end, the database is asked.
 void CountingWriter::Finish(WriteBatch& batch) {
   try {
     batch.Finish();
-  } catch (const UnknownOutcome& failure) {
-    const std::optional<bool> isStored = IsStored();
+  } catch (const UncertainWrite& failure) {
+    const bool canAsk = dynamic_cast<const UnansweredWrite*>(&failure) != nullptr;
+    const std::optional<bool> isStored = canAsk ? IsStored() : std::nullopt;
     if (isStored && *isStored) return;
     RestoreForm();
-    throw DatabaseError((isStored ? kNotStored : kPerhapsStored) + failure.ServerText(), failure.Code(),
-                        failure.Statement());
+    if (isStored) throw DatabaseError(failure.ServerText(), failure.Code(), failure.Statement());
+    throw UncertainWrite(failure.ServerText() + (before_.mode == DocumentMode::New ? kLookFirst : kAsksFirst),
+                         failure.Code(), failure.Statement());
   } catch (const DatabaseError&) {
     RestoreForm();
     throw;
@@ -128,8 +138,8 @@ void CountingWriter::InsertHeader() {
   controls_.form.SetCaption(kTemporaryTitle);
 }
 
-void CountingWriter::UpdateHeader() {
-  shared_.data.rssqleditenter.Open(
+bool CountingWriter::UpdateHeader() {
+  const Recordset updated = shared_.data.rssqleditenter.Open(
       SqlText("update tblInventoryCounting set inventoryID=") + KeyOrNull(controls_.gmpInventory) +
       ",creatorid=" + shared_.user.userID + ",CreateDate=" + DateOrNull(controls_.gdpReceiveDate) +
       ",FarsiCreateDate=" + PersianDateOrNull(controls_.gdpReceiveDate) + ",CounterEmployeeID1=" +
@@ -140,6 +150,7 @@ void CountingWriter::UpdateHeader() {
       ",ToDate=" + DateOrNull(controls_.gdpToDate) +
       ",FarsiToDate=" + PersianDateOrNull(controls_.gdpToDate) + ",Notes='" + Notes(controls_) +
       "',ManualCode='" + ManualCode(controls_) + "' where id=" + controls_.CountingID());
+  return updated.AffectedRows() != 0;
 }
 
 LinesDigest CountingWriter::ReplaceLines() {

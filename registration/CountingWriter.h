@@ -24,15 +24,18 @@ class CountingWriter {
   /// run when another station has deleted or registered the counting, or when the user does not want to
   /// overwrite what another station has stored. Throws InputError, naming the line, when a line holds a text
   /// that no statement can carry; then nothing was sent. Throws what `write` throws; what was written by then
-  /// stays. When the batch itself is lost, nothing of it is stored: the form returns to its state before the
-  /// command, the counting is still being entered, and a DatabaseError is thrown.
-  void Save(const std::function<LinesDigest()>& write);
+  /// stays. When the batch itself is lost, or the counting is found to be gone while it is written, the form
+  /// returns to its state before the command, and the counting is still being entered. A lost batch throws
+  /// DatabaseError (nothing of it is stored) or UncertainWrite (it may be: the message names how the user
+  /// finds out).
+  void Save(const std::function<std::optional<LinesDigest>()>& write);
 
   /// Inserts the header of a new counting and shows its key, or updates the header of an edited one; in any
   /// other mode no header is written. Then the form turns to viewing, and the lines of the grid replace those
-  /// in the database. Returns the lines that were written. Throws DatabaseError; what the statements before
-  /// the failing one wrote stays.
-  LinesDigest Write();
+  /// in the database. Returns the lines that were written, or nothing when there was no header to update:
+  /// then nothing else was sent. Throws DatabaseError; what the statements before the failing one wrote
+  /// stays.
+  [[nodiscard]] std::optional<LinesDigest> Write();
 
  private:
   /// What a save or a registration changes on the form.
@@ -49,7 +52,8 @@ class CountingWriter {
   [[nodiscard]] std::optional<bool> IsStored();
   void RestoreForm();
   void InsertHeader();
-  void UpdateHeader();
+  /// False when the database had no such counting.
+  [[nodiscard]] bool UpdateHeader();
   [[nodiscard]] LinesDigest ReplaceLines();
 
   InvCountingControls& controls_;

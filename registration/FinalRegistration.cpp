@@ -1,6 +1,7 @@
 #include "registration/FinalRegistration.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/text/Numbers.h"
@@ -20,11 +21,11 @@ FinalRegistration::FinalRegistration(InvCountingControls& controls, SharedState&
 void FinalRegistration::Run() {
   if (!CheckPermission(shared_, FormPermission::FinalRegistration)) return;
   const Hourglass busy(shared_.services.screen);
-  writer_.Save([this] {
+  writer_.Save([this]() -> std::optional<LinesDigest> {
     ShowNextCode();
     controls_.form.SetCaption(kFinalTitle);
-    const LinesDigest lines = writer_.Write();
-    StoreCode();
+    const auto lines = writer_.Write();
+    if (!lines || !StoreCode()) return {};
     documents_.CreateAdjustmentDocuments();
     return lines;
   });
@@ -38,9 +39,11 @@ void FinalRegistration::ShowNextCode() {
   controls_.txtCode.SetText(std::to_string(next));
 }
 
-void FinalRegistration::StoreCode() {
-  shared_.data.rssqleditenter.Open(SqlText("update tblInventoryCounting set Code = ") +
-                                   Val(controls_.txtCode.Text()) + " where id=" + controls_.CountingID());
+bool FinalRegistration::StoreCode() {
+  const Recordset updated =
+      shared_.data.rssqleditenter.Open(SqlText("update tblInventoryCounting set Code = ") +
+                                       Val(controls_.txtCode.Text()) + " where id=" + controls_.CountingID());
+  return updated.AffectedRows() != 0;
 }
 
 }  // namespace koru

@@ -21,7 +21,8 @@ class FinalRegistration {
 
  private:
   void ShowNextCode();
-  void StoreCode();
+  /// False when the database had no such counting.
+  [[nodiscard]] bool StoreCode();
 
   InvCountingControls& controls_;
   SharedState& shared_;

@@ -39,14 +39,15 @@ void ReturnToTemporary::Run() {
   const auto batch = shared_.data.BeginWriteBatch();
   const auto stored = guard_.Stored().ReadCode(controls_.CountingID());
   const bool hadNumber = stored && (!stored->empty() || HasGap());
+  bool isReturned = false;
   try {
-    if (stored) Return(*stored);
+    isReturned = stored && Return(*stored);
   } catch (const DatabaseError&) {
     ForgetGapIfLost(*batch);
     throw;
   }
   batch->Finish();
-  if (!stored) {
+  if (!isReturned) {
     guard_.ReportGone();
     return;
   }
@@ -75,16 +76,18 @@ void ReturnToTemporary::ForgetGapIfLost(WriteBatch& batch) {
 
 bool ReturnToTemporary::HasGap() const { return gap_ && gap_->countingID == controls_.CountingID(); }
 
-void ReturnToTemporary::Return(const std::string& storedCode) {
+bool ReturnToTemporary::Return(const std::string& storedCode) {
   RemoveEarlierDocuments(shared_.data, controls_.CountingID());
   // In this order: without a number, the counting itself is not renumbered with those after it.
-  shared_.data.rssqleditenter.Open(SqlText("Update tblInventoryCounting set Code = Null Where ID = ") +
-                                   controls_.CountingID());
+  const Recordset updated = shared_.data.rssqleditenter.Open(
+      SqlText("Update tblInventoryCounting set Code = Null Where ID = ") + controls_.CountingID());
+  if (updated.AffectedRows() == 0) return false;
   if (!storedCode.empty()) gap_ = {controls_.CountingID(), Val(storedCode)};
-  if (!HasGap()) return;
+  if (!HasGap()) return true;
   shared_.data.rssqleditenter.Open(SqlText("Update tblInventoryCounting set Code = Code-1 Where Code > ") +
                                    gap_->code);
   gap_.reset();
+  return true;
 }
 
 }  // namespace koru

@@ -27,7 +27,8 @@ class ReturnToTemporary {
   /// Whether the counting has a document that the document's own component has made final; the message names
   /// that document.
   [[nodiscard]] bool HasFinalDocument(FixedSql finalDocumentsOf, const char* message) const;
-  void Return(const std::string& storedCode);
+  /// False when the database had no such counting any more.
+  [[nodiscard]] bool Return(const std::string& storedCode);
   void ForgetGapIfLost(WriteBatch& batch);
   /// Whether a return of the counting on the form failed before it closed the gap in the numbers.
   [[nodiscard]] bool HasGap() const;

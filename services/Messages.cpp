@@ -65,10 +65,13 @@ int Messages::AskQuestion(const std::string& title, const std::string& message) 
 
 void Messages::ShowFailure(const std::exception& failure) const {
   const auto* database = dynamic_cast<const DatabaseError*>(&failure);
-  const std::string text = database == nullptr
-                               ? failure.what()
-                               : "عمليات به دليل خطاي پايگاه داده انجام نشد.\n" + database->ServerText();
-  ShowMessage(sentences::kError, text);
+  std::string text;
+  if (dynamic_cast<const UncertainWrite*>(&failure) != nullptr) {
+    text = "به دليل خطاي پايگاه داده روشن نيست كه تغييرات اين فرمان ذخيره شده باشد.\n";
+  } else if (database != nullptr) {
+    text = "عمليات به دليل خطاي پايگاه داده انجام نشد.\n";
+  }
+  ShowMessage(sentences::kError, text + failure.what());
 }
 
 }  // namespace koru

@@ -148,7 +148,7 @@ void OdbcDatabase::EndBatchLevel() {
   } catch (const DatabaseError& failure) {
     const bool isLost = session_->IsLost();
     session_.reset();  // whatever it has open ends with it
-    if (isLost) throw UnknownOutcome(failure.ServerText(), failure.Code(), {});
+    if (isLost) throw UnansweredWrite(failure.ServerText(), failure.Code(), {});
     throw DatabaseError(NotStored(failure), failure.Code(), {});
   }
   throw DatabaseError("تغييرات اين فرمان ثبت نشد.", 0, {});

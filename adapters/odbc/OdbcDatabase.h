@@ -38,7 +38,7 @@ class OdbcDatabase : public Database {
   /// Of the newest insert by Open; no value after one into a table without keys of the server, or by OpenAll.
   [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return insertedKey_; }
   /// Begins a transaction under the lock that all stations take (ServerTransaction.h). Finish throws
-  /// DatabaseError when the transaction was lost, and UnknownOutcome when the connection breaks while it
+  /// DatabaseError when the transaction was lost, and UnansweredWrite when the connection breaks while it
   /// is committed.
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override;
 

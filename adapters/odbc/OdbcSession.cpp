@@ -128,7 +128,11 @@ void OdbcSession::Execute(const Handle& statement, std::string_view text) {
 void OdbcSession::ReadResults(const Handle& statement, const std::function<void(Recordset)>& take) {
   SQLRETURN more = SQL_SUCCESS;
   while (more != SQL_NO_DATA) {
-    take(ReadRows(statement.Get()));
+    Recordset read = ReadRows(statement.Get());
+    SQLLEN rows = -1;  // where the server does not say
+    if (read.Columns().empty() && SQL_SUCCEEDED(SQLRowCount(statement.Get(), &rows)) && rows >= 0)
+      read.SetAffectedRows(rows);
+    take(std::move(read));
     more = SQLMoreResults(statement.Get());
     Check(more, statement);
   }
@@ -142,8 +146,10 @@ void OdbcSession::Run(std::string_view batch, const std::function<void(Recordset
 
 Recordset OdbcSession::Run(std::string_view batch) {
   Recordset records;
+  bool isFirst = true;
   Run(batch, [&](Recordset read) {
-    if (records.Columns().empty()) records = std::move(read);
+    if (records.Columns().empty() && (isFirst || !read.Columns().empty())) records = std::move(read);
+    isFirst = false;
   });
   return records;
 }

@@ -51,6 +51,7 @@ Recordset ReadToEnd(SqliteStatement& statement) {
   for (int column = 0; column < columns; ++column) names.push_back(statement.ColumnName(column));
   Recordset records(std::move(names));
   for (; hasRow; hasRow = statement.Step()) AppendRow(records, statement, columns);
+  if (!statement.IsReadOnly()) records.SetAffectedRows(statement.ChangedRows());
   return records;
 }
 

@@ -70,6 +70,10 @@ void SqliteStatement::Run() {
 
 bool SqliteStatement::IsReadOnly() const { return sqlite3_stmt_readonly(statement_.get()) != 0; }
 
+std::int64_t SqliteStatement::ChangedRows() const {
+  return sqlite3_changes64(sqlite3_db_handle(statement_.get()));
+}
+
 int SqliteStatement::ColumnCount() const { return sqlite3_column_count(statement_.get()); }
 
 std::string SqliteStatement::ColumnName(int column) const {

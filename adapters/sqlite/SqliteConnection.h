@@ -43,6 +43,9 @@ class SqliteStatement {
   /// Whether it changes nothing in the file.
   [[nodiscard]] bool IsReadOnly() const;
 
+  /// How many rows the connection's last insert, update or delete has written.
+  [[nodiscard]] std::int64_t ChangedRows() const;
+
   /// Columns count from 0. The values are those of the row that the last Step moved to.
   [[nodiscard]] int ColumnCount() const;
   [[nodiscard]] std::string ColumnName(int column) const;

@@ -28,6 +28,8 @@ constexpr const char* kCommit = "COMMIT";
 /// For statements and the end of a batch whose transaction SQLite has rolled back.
 constexpr const char* kNotStored = "تغييرات اين فرمان ثبت نشد.";
 
+int PrimaryCode(const DatabaseError& failure) { return failure.Code() & 0xFF; }
+
 }  // namespace
 
 class SqliteDatabase::SnapshotScope : public ReadSnapshot {
@@ -122,8 +124,12 @@ void SqliteDatabase::EndBatchLevel() {
   try {
     RequireFiles(kCommit);
     connection_.Execute(kCommit);
-  } catch (const DatabaseError&) {
+  } catch (const DatabaseError& failure) {
     if (connection_.InTransaction()) connection_.Execute("ROLLBACK");
+    // This program and others do not see the changes now. But the log may hold all of them on the disk, and
+    // then they are found after a crash or a power cut.
+    if (PrimaryCode(failure) == SQLITE_IOERR)
+      throw UncertainWrite(failure.ServerText(), failure.Code(), failure.Statement());
     throw;
   }
 }

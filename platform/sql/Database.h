@@ -25,9 +25,9 @@ class WriteBatch {
   WriteBatch& operator=(const WriteBatch&) = delete;
   virtual ~WriteBatch() = default;
 
-  /// Stores what was written and ends the batch; throws DatabaseError when that fails, and nothing of it is
-  /// stored; UnknownOutcome when nobody knows. The destructor of an unfinished batch (a statement failed)
-  /// does the same but reports no error of its own.
+  /// Stores what was written and ends the batch. Throws DatabaseError when nothing of it is stored, and
+  /// UncertainWrite when nobody knows. The destructor of an unfinished batch (a statement failed) does the
+  /// same but reports no error of its own.
   virtual void Finish() = 0;
 };
 

@@ -26,10 +26,17 @@ class DatabaseError : public std::runtime_error {
   std::string statement_;
 };
 
-/// The end of a write batch was sent, and no answer came: either all of the batch is stored, or nothing.
-class UnknownOutcome : public DatabaseError {
+/// The end of a write batch failed so late that nobody knows whether the batch is stored.
+class UncertainWrite : public DatabaseError {
  public:
   using DatabaseError::DatabaseError;
+};
+
+/// The end of a write batch was sent, and no answer came: either all of the batch is stored, or nothing. The
+/// database, asked again, knows.
+class UnansweredWrite : public UncertainWrite {
+ public:
+  using UncertainWrite::UncertainWrite;
 };
 
 }  // namespace koru

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,6 +24,9 @@ class Recordset {
   [[nodiscard]] std::size_t RecordCount() const { return recordCount_; }
   [[nodiscard]] const std::vector<std::string>& Columns() const { return columns_; }
 
+  /// How many rows an insert, update or delete has written; no value where the database does not say.
+  [[nodiscard]] std::optional<std::int64_t> AffectedRows() const { return affectedRows_; }
+
   /// Whether the position is after the last record.
   [[nodiscard]] bool AtEnd() const { return current_ >= recordCount_; }
   void MoveFirst() { current_ = 0; }
@@ -40,6 +44,7 @@ class Recordset {
   [[nodiscard]] Value FieldOf(std::size_t record, std::size_t column) const;
 
   // For the adapters: append fields record by record, in column order.
+  void SetAffectedRows(std::int64_t rows) { affectedRows_ = rows; }
   void AppendNull();
   void AppendInteger(std::int64_t number);
   void AppendReal(double number);
@@ -59,6 +64,7 @@ class Recordset {
   std::string texts_;
   std::size_t recordCount_ = 0;
   std::size_t current_ = 0;
+  std::optional<std::int64_t> affectedRows_;
 };
 
 }  // namespace koru

@@ -97,7 +97,10 @@ struct FaultyFileMethods {
   }
 
   static int Sync(sqlite3_file* file, int flags) {
-    if (const int failed = Owner(file).Count(SQLITE_IOERR_FSYNC)) return failed;
+    if (const int failed = Owner(file).Count(SQLITE_IOERR_FSYNC)) {
+      Owner(file).hasFailedSync_ = true;
+      return failed;
+    }
     // A real sync costs time and proves nothing here: the disk is the one that is tracked.
     static_cast<void>(flags);
     if (auto* const tracked = TrackedOf(file)) {

@@ -35,6 +35,9 @@ class FaultyFiles {
   /// The calls since Arrange.
   [[nodiscard]] long Calls() const { return calls_; }
 
+  /// Whether the call that failed was to bring a file's changes to the disk.
+  [[nodiscard]] bool HasFailedSync() const { return hasFailedSync_; }
+
   /// What the disk may hold after the power cut, written into `folder`: of each file all that was synced, and
   /// of what was not, any sectors in any order. The index of a write-ahead log is memory and is left out.
   void WriteDisk(const std::filesystem::path& folder, std::mt19937& random) const;
@@ -64,6 +67,7 @@ class FaultyFiles {
   Fault fault_ = Fault::None;
   long calls_ = 0;
   long failAt_ = 0;
+  bool hasFailedSync_ = false;
   std::map<std::string, Tracked> files_;
 };
 

@@ -131,6 +131,14 @@ TEST_P(DatabaseContract, Columns_are_found_regardless_of_case_also_without_recor
   EXPECT_THROW(static_cast<void>(none.ColumnIndex("FullName")), DatabaseError);
 }
 
+TEST_P(DatabaseContract, A_statement_that_writes_reports_how_many_rows_it_has_written) {
+  Open(InsertUser(1, "علي"));
+  EXPECT_EQ(Open(InsertUser(2, "مريم")).AffectedRows(), 1);
+  EXPECT_EQ(Open(SqlText("update tblUser set FullName='x' where ID>0")).AffectedRows(), 2);
+  EXPECT_EQ(Open(SqlText("update tblUser set FullName='y' where ID=3")).AffectedRows(), 0);
+  EXPECT_EQ(Open(SqlText("delete tblUser where ID=2")).AffectedRows(), 1);
+}
+
 TEST_P(DatabaseContract, Statements_that_only_write_give_no_columns) {
   EXPECT_TRUE(Open(InsertUser(1, "a")).Columns().empty());
   EXPECT_TRUE(Open(SqlText("update tblUser set FullName='b' where ID=99")).Columns().empty());

@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "adapters/sqlite/SqliteConnection.h"
 #include "lines/LineColumns.h"
+#include "platform/sql/ConnectionText.h"
 #include "tests/counting/CountingWorld.h"
 
 namespace koru::test {
@@ -62,6 +66,62 @@ TEST_F(OtherStation, A_counting_that_was_deleted_meanwhile_is_not_registered) {
   EXPECT_EQ(Form().txtCode.Text(), "");
   EXPECT_EQ(database.Scalar("select count(*) from tblInventoryReceipt"), "0");
   EXPECT_EQ(database.Scalar("select count(*) from tblInventoryDispatch"), "0");
+}
+
+/// As on a server, where another station deletes the counting after the comparison: the update finds no row.
+/// A trigger that skips the update leaves the same.
+class UpdateFindsNothing : public OtherStation {
+ protected:
+  void SetUp() override {
+    if (database.IsOnServer()) GTEST_SKIP() << "the trigger is the embedded database's";
+    Edit();
+    TypeAccepted("7");
+    SqliteConnection(ConnectionText::Parse(database.ConnectionText()).Get("Data Source"),
+                     SqliteConnection::Mode::Existing, std::chrono::seconds(1))
+        .Execute("create trigger Gone before update on tblInventoryCounting begin select raise(ignore); end");
+    NewStatements();
+  }
+  /// The statements sent from the update on.
+  Texts FromUpdateOn() {
+    Texts statements = NewStatements();
+    const auto isUpdate = [](const std::string& text) {
+      return text.starts_with("update") || text.starts_with("Update");
+    };
+    statements.erase(statements.begin(), std::find_if(statements.begin(), statements.end(), isUpdate));
+    return statements;
+  }
+};
+
+TEST_F(UpdateFindsNothing, A_save_sends_nothing_more_and_the_counting_is_still_being_entered) {
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(FromUpdateOn().size(), 1U);
+  ExpectAsked(OnlyMessage(), {"حذف شده است"});
+  EXPECT_EQ(Mode(), DocumentMode::Editing);
+  EXPECT_EQ(Form().lblIDVal.Caption(), "10");
+  EXPECT_EQ(Cell(1, LineColumn::AcceptedCounting), "7");
+  EXPECT_EQ(LinesOf10(), "2");
+}
+
+TEST_F(UpdateFindsNothing, A_registration_sends_nothing_more_and_leaves_no_number_on_the_form) {
+  Click(Form().cmdIsFinalized);
+  EXPECT_EQ(FromUpdateOn().size(), 1U);
+  ExpectAsked(OnlyMessage(), {"حذف شده است"});
+  EXPECT_EQ(Mode(), DocumentMode::Editing);
+  EXPECT_EQ(Form().txtCode.Text(), "");
+  EXPECT_EQ(LinesOf10(), "2");
+}
+
+TEST_F(UpdateFindsNothing, A_return_moves_no_number) {
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdCancel);
+  View(11);
+  NewMessages();
+  NewStatements();
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdFunc);
+  EXPECT_EQ(FromUpdateOn().size(), 1U);
+  EXPECT_EQ(Form().txtCode.Text(), "1");
+  ExpectAsked(NewMessages().back(), {"حذف شده است"});
 }
 
 TEST_F(OtherStation, What_another_one_has_changed_is_named_and_not_overwritten_without_a_yes) {

@@ -55,6 +55,14 @@ class MessagesTest : public testing::Test {
   Messages messages{components};
 };
 
+TEST_F(MessagesTest, A_write_that_may_be_stored_is_not_reported_as_one_that_was_not_done) {
+  messages.ShowFailure(UncertainWrite("disk I/O error", 1034, "COMMIT"));
+  ASSERT_GE(told.calls.size(), 2U);
+  EXPECT_EQ(
+      told.calls[1],
+      "FormMessage به دليل خطاي پايگاه داده روشن نيست كه تغييرات اين فرمان ذخيره شده باشد.\ndisk I/O error");
+}
+
 TEST_F(MessagesTest, A_message_is_shown_with_its_title_and_the_suites_colours) {
   messages.ShowMessage("خطا", "متن");
   EXPECT_EQ(recorded.calls, (std::vector<std::string>{"FormTitle خطا", "FormMessage متن", "FormType 0",

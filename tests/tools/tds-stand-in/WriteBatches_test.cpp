@@ -138,7 +138,7 @@ TEST_F(ServerWriteBatches, Whose_end_gets_no_answer_are_of_unknown_outcome) {
     const auto batch = database_->BeginWriteBatch();
     Open(InsertUser(1));
     server_.ArrangeFault(1, fault);
-    EXPECT_THROW(batch->Finish(), UnknownOutcome);
+    EXPECT_THROW(batch->Finish(), UnansweredWrite);
     EXPECT_EQ(Users(*database_), fault == Fault::CutBefore ? "0" : "1");
   }
 }
@@ -192,7 +192,7 @@ TEST_F(ServerWriteBatches, A_key_whose_row_was_undone_is_not_given_again) {
     const auto batch = database_->BeginWriteBatch();
     Open("insert into tblInventoryReceipt (Code) values (1)");
     server_.ArrangeFault(1, Fault::CutBefore);
-    EXPECT_THROW(batch->Finish(), UnknownOutcome);
+    EXPECT_THROW(batch->Finish(), UnansweredWrite);
   }
   Open("insert into tblInventoryReceipt (Code) values (1)");
   EXPECT_EQ(database_->InsertedKey(), 2);
