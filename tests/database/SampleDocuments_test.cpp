@@ -49,8 +49,8 @@ TEST_F(SampleDocuments, Every_date_is_stored_with_its_Solar_Hijri_text) {
 
 TEST_F(SampleDocuments, A_good_weighed_in_tenths_has_left_the_store_again) {
   const auto quantities = [this](const std::string& kind) {
-    return Rows("select Qty from tblInventory" + kind + "Detail where Barcode = " +
-                "(select Barcode from tblGood where Code = 'R007') order by 1");
+    return Rows("select Qty from tblInventory" + kind +
+                "Detail where Barcode = " + "(select Barcode from tblGood where Code = 'R007') order by 1");
   };
   EXPECT_EQ(quantities("Receipt"), (Texts{"0.1", "0.2"}));
   EXPECT_EQ(quantities("Dispatch"), Texts{"0.3"});
