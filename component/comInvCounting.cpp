@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "counting/controls/DocumentModes.h"
+#include "platform/sql/DatabaseError.h"
 #include "services/Permission.h"
 
 namespace koru {
@@ -75,6 +76,44 @@ void comInvCounting::ClearShow() {
   shared_.ShowAsModal = ModalityParameter();
   if (!CheckPermission(shared_, FormPermission::OpenForNew)) return;
   form_->Show(shared_.ShowAsModal);
+}
+
+std::optional<std::string> comInvCounting::FindDraft() {
+  leftDraft_.reset();
+  if (shared_.services.drafts == nullptr) return {};
+  try {
+    leftDraft_ = LeftDraft::Find(*shared_.services.drafts, OwnerOfDrafts(oleConnectionString_, user_.userID),
+                                 shared_.messages);
+  } catch (const DatabaseError&) {  // the connection text names no database
+    return {};
+  }
+  return leftDraft_ ? std::optional(leftDraft_->Sentence()) : std::nullopt;
+}
+
+bool comInvCounting::RestoreDraft() {
+  if (!leftDraft_) return false;
+  {
+    const Hourglass hourglass(shared_.services.screen);
+    LoadForm(DocumentMode::Empty).Clear();
+    form_->RefreshCommands();
+  }
+  ConnectSelectors(*form_);
+  shared_.ShowAsModal = ModalityParameter();
+  if (!form_->ContinueDraft(*leftDraft_)) return false;
+  leftDraft_.reset();
+  form_->Show(shared_.ShowAsModal);
+  return true;
+}
+
+bool comInvCounting::DiscardDraft() {
+  if (!leftDraft_) return false;
+  const int answer = shared_.messages.AskQuestion(
+      sentences::kWarning,
+      "پيش\u200cنويس دور ريخته مي\u200cشود و ديگر بازنمي\u200cگردد. " + std::string(sentences::kAreYouSure));
+  if (answer != kAnswerYes) return false;
+  leftDraft_->Discard();
+  leftDraft_.reset();
+  return true;
 }
 
 void comInvCounting::Resize(int width, int height, Grid& flexTempDocs) {

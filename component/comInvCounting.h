@@ -3,6 +3,7 @@
 #include <concepts>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "counting/frmInvCounting.h"
@@ -69,6 +70,18 @@ class comInvCounting {
   bool View(std::int32_t id);
   /// Opens an empty form for a user who holds the right to open it. Throws DatabaseError.
   void ClearShow();
+  /// Looks for what this user was entering into this database when a program ended without saving it. Returns
+  /// a sentence about it, and nobody else finds it until it is restored, discarded or left. Nothing when the
+  /// host keeps no drafts, or there is none. A damaged one is set aside and reported.
+  [[nodiscard]] std::optional<std::string> FindDraft();
+  /// Opens the form on the draft that FindDraft found, in the mode in which it was entered. False, and the
+  /// draft stays found, when the user lacks the right to such an entry. Throws DatabaseError.
+  bool RestoreDraft();
+  /// Asks, then removes the draft that FindDraft found. False when it stays. Throws InputError.
+  bool DiscardDraft();
+  /// Leaves the draft that FindDraft found for later.
+  void LeaveDraft() { leftDraft_.reset(); }
+
   /// Does nothing; hosts call it on every control.
   void Refresh() {}
 
@@ -100,6 +113,7 @@ class comInvCounting {
   SignedInUser user_;
   koru::Font font_;
   std::unique_ptr<frmInvCounting> form_;
+  std::optional<LeftDraft> leftDraft_;
 };
 
 }  // namespace koru

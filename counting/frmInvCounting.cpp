@@ -32,7 +32,8 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       returnToTemporary_(*this, shared, guard_),
       viewReport_(*this, shared),
       excelExport_(*this, shared),
-      linkedDocuments_(*this, shared) {
+      linkedDocuments_(*this, shared),
+      drafts_(*this, shared, lines_, guard_) {
   SetCaption("شمارش");
   OnFailure = [this](const std::exception& failure) {
     shared_.messages.ShowFailure(failure);
@@ -101,6 +102,16 @@ bool frmInvCounting::ViewInvCounting(std::int32_t id) {
   return true;
 }
 
+bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
+  const bool isNew = draft.Contents().mode == DocumentMode::New;
+  if (isNew && !CheckPermission(shared_, FormPermission::OpenForNew)) return false;
+  if (!CheckPermission(shared_, isNew ? FormPermission::New : FormPermission::Edit)) return false;
+  drafts_.Continue(draft);
+  RefreshCommands();
+  SetFocus(flexDetail);
+  return true;
+}
+
 void frmInvCounting::RefreshCommands() { koru::RefreshCommands(shared_.DocMode, *this); }
 
 bool frmInvCounting::FillInvCountingData(std::int32_t id) {
@@ -128,8 +139,8 @@ void frmInvCounting::OnUnload() {
 }
 
 void frmInvCounting::ConnectEvents() {
-  cmdNew.Click.Always([this] { commands_.New(); });
-  cmdEdit.Click.Always([this] { commands_.Edit(); });
+  cmdNew.Click.Always([this] { Enter([this] { commands_.New(); }); });
+  cmdEdit.Click.Always([this] { Enter([this] { commands_.Edit(); }); });
   cmdDelete.Click.Always([this] { commands_.Delete(); });
   cmdDeleteAll.Click.Always([this] { commands_.DeleteAll(); });
   cmdCancel.Click.Always([this] { RunAndTick([this] { commands_.Cancel(); }); });
@@ -155,6 +166,7 @@ void frmInvCounting::ConnectEvents() {
 
 void frmInvCounting::Tick() {
   RefreshCommands();
+  drafts_.Tick();
   if (++idleTicks_ < kIdleTicks) return;
   idleTicks_ = 0;
   shared_.data.Idle();
@@ -180,6 +192,13 @@ bool frmInvCounting::OpenFound(std::int32_t id) {
   return ViewInvCounting(id);
 }
 
+/// Runs a command that begins the entry of a document.
+void frmInvCounting::Enter(const std::function<void()>& command) {
+  const DocumentMode before = shared_.DocMode;
+  command();
+  if (shared_.DocMode != before) drafts_.Begin();
+}
+
 /// Runs a command that ends the entry of a document, then fires the timer at once: before the next tick, the
 /// same command could be pressed again, and a second registration would take a second number.
 void frmInvCounting::RunAndTick(const std::function<void()>& command) {
@@ -187,6 +206,7 @@ void frmInvCounting::RunAndTick(const std::function<void()>& command) {
   try {
     command();
   } catch (...) {
+    drafts_.Hold();
     Timer1.Fire();
     throw;
   }
@@ -196,6 +216,7 @@ void frmInvCounting::RunAndTick(const std::function<void()>& command) {
 /// A saved document has its save commands disabled; the keyboard focus moves to the likely next command,
 /// never to one that writes.
 void frmInvCounting::Save(const std::function<void()>& command) {
+  drafts_.WriteIfPossible();
   RunAndTick(command);
   if (shared_.DocMode == DocumentMode::Viewing) SetFocus(IsFinal() ? cmdView : cmdEdit);
 }

@@ -8,6 +8,8 @@
 #include "counting/DocumentCommands.h"
 #include "counting/StoreChange.h"
 #include "counting/controls/InvCountingControls.h"
+#include "draft/DraftKeeper.h"
+#include "draft/LeftDraft.h"
 #include "lines/AddGoods.h"
 #include "lines/CountingLines.h"
 #include "lines/LineEditing.h"
@@ -39,6 +41,9 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// shared CurrentCountingID, when no counting has that key. Throws DatabaseError: nothing changes when the
   /// header cannot be read, and the form is empty (mode 3) after any other failure.
   bool ViewInvCounting(std::int32_t id);
+  /// Continues the entry that a draft holds, in its mode. Returns false, and takes nothing, when the user
+  /// lacks the right to it; the user knows then. Throws DatabaseError.
+  bool ContinueDraft(LeftDraft& draft);
   /// Shows the header alone; false when the counting does not exist.
   bool FillInvCountingData(std::int32_t id);
   /// Shows the lines alone.
@@ -88,6 +93,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   void Exit();
   bool OpenFound(std::int32_t id);
   void RunAndTick(const std::function<void()>& command);
+  void Enter(const std::function<void()>& command);
   void Save(const std::function<void()>& command);
   void Tick();
 
@@ -107,6 +113,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   ViewReport viewReport_;
   ExcelExport excelExport_;
   LinkedDocuments linkedDocuments_;
+  DraftKeeper drafts_;
   std::unique_ptr<frmInvSearch> invSearch_;
   std::unique_ptr<frmGoodSearch> goodSearch_;
 };

@@ -7,7 +7,15 @@
 
 namespace koru {
 HostSession::HostSession(const std::filesystem::path& settings)
-    : settings_(IniFile::Read(settings)), suite_(ProgramConnector()) {}
+    : settings_(IniFile::Read(settings)),
+      suite_(ProgramConnector()),
+      drafts_(settings.parent_path() / "drafts") {}
+
+HostServices HostSession::Services() {
+  HostServices services = suite_.Services();
+  services.drafts = &drafts_;
+  return services;
+}
 
 std::vector<HostSession::User> HostSession::Users(const std::string& connection) {
   Recordset rows = suite_.Databases()

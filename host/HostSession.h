@@ -8,14 +8,15 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/system/DraftFiles.h"
 #include "desktop/suite/DesktopSuite.h"
 #include "host/IniFile.h"
 #include "host/IniPropertyBag.h"
 
 namespace koru {
 
-/// What the host screen works with: the suite, and the settings file that is the control's property store, so
-/// that user and database are the same after a restart.
+/// What the host screen works with: the suite, the settings file that is the control's property store, so
+/// that user and database are the same after a restart, and beside it the folder of drafts.
 class HostSession {
  public:
   struct User {
@@ -27,7 +28,7 @@ class HostSession {
   /// file then stays as it is (IniFile::SetAside renames it).
   explicit HostSession(const std::filesystem::path& settings);
 
-  [[nodiscard]] HostServices Services() { return suite_.Services(); }
+  [[nodiscard]] HostServices Services();
   [[nodiscard]] PropertyBag& Properties() { return properties_; }
   /// Writes the properties to the disk. Throws InputError.
   void SaveProperties() const { settings_.Write(); }
@@ -43,6 +44,7 @@ class HostSession {
   IniFile settings_;
   IniPropertyBag properties_{settings_, "comInvCounting"};
   DesktopSuite suite_;
+  DraftFiles drafts_;
 };
 
 /// Whether a control that holds this connection text was ever given one; "0" is its initial value.

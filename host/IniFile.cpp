@@ -5,6 +5,7 @@
 #include <iterator>
 #include <system_error>
 
+#include "adapters/system/SetAside.h"
 #include "platform/text/Errors.h"
 #include "platform/text/Text.h"
 
@@ -64,13 +65,7 @@ IniFile IniFile::Read(const std::filesystem::path& file) {
 
 std::filesystem::path IniFile::SetAside(const std::filesystem::path& file) {
   std::error_code error;
-  std::filesystem::path kept = file;
-  kept += ".damaged";
-  for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(kept, error)); ++number) {
-    kept = file;
-    kept += ".damaged-" + std::to_string(number);
-  }
-  std::filesystem::rename(file, kept, error);
+  std::filesystem::path kept = koru::SetAside(file, error);
   if (error) {
     throw InputError("پروندة تنظيمات كنار گذاشته نشد: " + LeftToRight(file.string()) + " (" +
                      error.message() + ")");

@@ -92,6 +92,12 @@ void StoredCounting::Accept(CountingSnapshot now) {
   remembered_ = std::move(now);
 }
 
+void StoredCounting::Resume(std::int32_t id, std::optional<CountingSnapshot> remembered) {
+  id_ = id;
+  foreignWrites_.reset();
+  remembered_ = std::move(remembered);
+}
+
 std::optional<CountingSnapshot> StoredCounting::FindChange() {
   if (!remembered_) return {};
   const auto foreignWrites = data_.ForeignWrites();

@@ -43,6 +43,8 @@ class StoredCounting {
   void RememberIfPossible(std::int32_t id);
   /// Remembers `now` as what the user has agreed to work on.
   void Accept(CountingSnapshot now);
+  /// Continues with what an earlier program remembered of counting `id`; nothing makes it remember nothing.
+  void Resume(std::int32_t id, std::optional<CountingSnapshot> remembered);
   /// Remembers nothing: until the next Remember, no change can be found.
   void Forget() { remembered_.reset(); }
 

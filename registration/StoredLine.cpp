@@ -1,6 +1,5 @@
 #include "registration/StoredLine.h"
 
-#include <functional>
 #include <string_view>
 
 #include "lines/LineColumns.h"
@@ -99,8 +98,7 @@ SqlText LineInsert(const StoredLine& line, double countingID) {
 }
 
 void LinesDigest::Add(const SqlText& insert) {
-  constexpr std::size_t kOdd = 0x9E3779B97F4A7C15;
-  hash_ = (hash_ ^ std::hash<std::string_view>()(insert.Text())) * kOdd;
+  hash_ = Fingerprint(insert.Text(), hash_);
   ++count_;
 }
 

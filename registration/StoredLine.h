@@ -2,11 +2,13 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
 #include "platform/sql/Recordset.h"
 #include "platform/sql/SqlText.h"
+#include "platform/text/Fingerprint.h"
 
 namespace koru {
 
@@ -52,14 +54,20 @@ class StoredLineReader {
 /// ones practically never have.
 class LinesDigest {
  public:
+  LinesDigest() = default;
+  /// The digest whose Count and Hash these are.
+  LinesDigest(std::size_t count, std::uint64_t hash) : hash_(hash), count_(count) {}
+
   /// Adds the next line by the statement that inserts it, so that numbers compare as they are stored.
   void Add(const SqlText& insert);
 
   [[nodiscard]] std::size_t Count() const { return count_; }
+  /// With Count, all of the digest: the same in every build.
+  [[nodiscard]] std::uint64_t Hash() const { return hash_; }
   friend bool operator==(const LinesDigest&, const LinesDigest&) = default;
 
  private:
-  std::size_t hash_ = 0;
+  std::uint64_t hash_ = kEmptyFingerprint;
   std::size_t count_ = 0;
 };
 

@@ -10,6 +10,7 @@
 #include <optional>
 #include <utility>
 
+#include "desktop/forms/DraftOffer.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/Twips.h"
@@ -42,6 +43,7 @@ comInvCountingWidget::comInvCountingWidget(const HostServices& services, QWidget
       control_(*this, services_),
       form_(services_.screen, "comInvCounting"),
       flexTempDocs_(form_, "flexTempDocs"),
+      offer_(new DraftOffer(this)),
       binding_(form_) {
   form_.OnFailure = [this](const std::exception& failure) {
     control_.Shared().messages.ShowFailure(failure);
@@ -51,6 +53,7 @@ comInvCountingWidget::comInvCountingWidget(const HostServices& services, QWidget
   txtid_->hide();  // the list fills the control
   ShowFont();
   SetUpList();
+  SetUpOffer();
 }
 
 comInvCountingWidget::~comInvCountingWidget() { binding_.Detach(); }
@@ -63,6 +66,7 @@ void comInvCountingWidget::SetUpList() {
   binding_.Bind(flexTempDocs_, *list_);
   auto* const layout = new QVBoxLayout(this);  // NOLINT(cppcoreguidelines-owning-memory)
   layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(offer_);
   layout->addWidget(list_);
   flexTempDocs_.DblClick.Always([this] {
     const int id = ChosenID();
@@ -155,9 +159,51 @@ void comInvCountingWidget::FollowForm() {
   });
 }
 
+void comInvCountingWidget::SetUpOffer() {
+  connect(offer_, &DraftOffer::restoreWanted, this, &comInvCountingWidget::RestoreDraft);
+  connect(offer_, &DraftOffer::discardWanted, this, &comInvCountingWidget::DiscardDraft);
+  connect(offer_, &DraftOffer::leftForLater, this, [this] {
+    control_.LeaveDraft();
+    list_->setFocus();
+  });
+}
+
+void comInvCountingWidget::OfferDraft() {
+  const auto sentence = control_.FindDraft();
+  if (sentence) {
+    offer_->Offer(ToQt(*sentence));
+  } else {
+    offer_->hide();
+  }
+}
+
+void comInvCountingWidget::RestoreDraft() {
+  bool restored = false;
+  form_.RunEvent([&] {
+    if (!MayDiscardEntry()) return;
+    offer_->hide();  // the form may be modal
+    restored = control_.RestoreDraft();
+  });
+  offer_->setVisible(!restored);
+  FollowForm();
+}
+
+void comInvCountingWidget::DiscardDraft() {
+  form_.RunEvent([this] {
+    if (control_.DiscardDraft()) OfferDraft();  // an earlier one
+  });
+}
+
+void comInvCountingWidget::SetUserID(int id) {
+  control_.SetUserID(id);
+  if (isVisible()) OfferDraft();
+}
+
 void comInvCountingWidget::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (!event->spontaneous()) ReadList();
+  if (event->spontaneous()) return;
+  ReadList();
+  OfferDraft();
 }
 
 void comInvCountingWidget::resizeEvent(QResizeEvent* event) {

@@ -13,12 +13,16 @@ class QLineEdit;
 
 namespace koru {
 
+class DraftOffer;
 class GridView;
 
 /// The public control as a widget for host screens. It has the control's properties under their own names,
 /// its operations, and its grid flexTempDocs, which lists the temporary countings of the connected database
 /// and opens one on a double click. The list is read when the widget is shown and when the counting form is
 /// hidden; the current counting stays current.
+///
+/// Where the host keeps drafts, the widget offers what the user was entering when a program ended: when it is
+/// shown, and when another user signs in.
 ///
 /// Another OLEConnectionString closes the counting form. While a counting is being entered, the question of
 /// Cancel is asked first, and the property keeps its value unless the answer is yes.
@@ -68,7 +72,7 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   void SetBackStyle(int style);
   void SetBorderStyle(int style);
   void SetOLEConnectionString(const QString& connection);
-  void SetUserID(int id) { control_.SetUserID(id); }
+  void SetUserID(int id);
   void SetEmployeeID(int id);
   void SetPositionID(int id);
   void SetAccPeriodSpecID(int id) { control_.SetAccPeriodSpecID(id); }
@@ -99,6 +103,10 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   void SetUpList();
   void ReadList();
   void FollowForm();
+  void SetUpOffer();
+  void OfferDraft();
+  void RestoreDraft();
+  void DiscardDraft();
   void ShowFont();
   [[nodiscard]] int ChosenID() const;
   void Choose(int id, int row);
@@ -110,6 +118,7 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   Form form_;  ///< the controls on the widget itself
   Grid flexTempDocs_;
   GridView* list_;
+  DraftOffer* offer_;
   QLineEdit* txtid_;
   Subscription formChanged_;
   FormBinding binding_;

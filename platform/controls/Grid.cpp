@@ -147,6 +147,11 @@ void Grid::Sort(int col, SortMode mode) {
   ReportTexts({GridChange::Kind::AllTexts});
 }
 
+void Grid::SetSortedCol(int col) {
+  sortedCol_ = col;
+  ReportTexts({GridChange::Kind::AllTexts});
+}
+
 void Grid::SetBackColor(std::uint32_t color) {
   if (backColor_ == color) return;
   backColor_ = color;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/ports/Components.h"
+#include "platform/ports/DraftStore.h"
 #include "platform/ports/Screen.h"
 #include "platform/ports/Spreadsheet.h"
 #include "platform/sql/Database.h"
@@ -34,6 +35,7 @@ struct HostServices {
   Clock& clock;
   FileSystem& files;
   SpreadsheetStarter& spreadsheets;
+  DraftStore* drafts = nullptr;  ///< without one, no draft of an entry is kept
 };
 
 }  // namespace koru

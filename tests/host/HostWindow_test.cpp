@@ -14,7 +14,9 @@
 #include "adapters/sqlite/SqliteConnector.h"
 #include "adapters/system/TemporaryFolder.h"
 #include "database/Sample.h"
+#include "desktop/forms/FormWindow.h"
 #include "desktop/toolkit/QtText.h"
+#include "draft/DraftKeeper.h"
 #include "host/SampleProgressWindow.h"
 #include "platform/text/Errors.h"
 #include "tests/desktop/WindowTools.h"
@@ -105,6 +107,99 @@ TEST_F(HostWindowTest, User_and_database_are_the_same_after_a_restart) {
   program->window.ReadDatabase();
   EXPECT_EQ(program->window.Control().UserID(), chosen);
   EXPECT_EQ(Find<QComboBox>(program->window, "users").currentData().toInt(), chosen);
+}
+
+/// A program that ends while a counting is being entered, and is started again.
+class HostWindowDrafts : public HostWindowTest {
+ protected:
+  void SetUp() override {
+    HostWindowTest::SetUp();
+    const auto program = Start();
+    Open(*program);
+    Find<QAbstractButton>(program->window, "new").click();
+    QWidget* const form = InvCountingWindow();
+    ASSERT_NE(form, nullptr);
+    form->findChild<QAbstractButton*>(QStringLiteral("cmdNew"))->click();
+    auto* const notes = form->findChild<QPlainTextEdit*>(QStringLiteral("txtNotes"));
+    notes->setFocus();
+    test::Type(QStringLiteral("انبار پشتي"));
+    auto* const timer =
+        qobject_cast<FormWindow*>(form)->Binding().findChild<QTimer*>(QStringLiteral("Timer1"));
+    for (int tick = 0; tick < DraftKeeper::kPauseTicks; ++tick) QMetaObject::invokeMethod(timer, "timeout");
+  }
+  static void Open(Program& program) {
+    test::Open(program.window);
+    program.window.ReadDatabase();
+  }
+  static QWidget& OfferOf(Program& program) { return Find<QWidget>(program.window, "draftOffer"); }
+  [[nodiscard]] std::vector<std::filesystem::path> Files() const {
+    const std::filesystem::directory_iterator files(settings_.parent_path() / "drafts");
+    return {begin(files), end(files)};
+  }
+};
+
+TEST_F(HostWindowDrafts, Are_offered_at_the_next_start_and_come_back_with_enter) {
+  const auto program = Start(false);
+  Open(*program);
+  ASSERT_TRUE(OfferOf(*program).isVisible());
+  const QString sentence = Find<QLabel>(program->window, "draftSentence").text();
+  EXPECT_TRUE(sentence.startsWith(QStringLiteral("شمارش تازه\u200cاي با 0 رديف ذخيره نشده است.")))
+      << sentence.toStdString();
+  test::Press(Qt::Key_Enter);
+  QWidget* const form = InvCountingWindow();
+  ASSERT_NE(form, nullptr);
+  EXPECT_EQ(form->findChild<QPlainTextEdit*>(QStringLiteral("txtNotes"))->toPlainText(),
+            QStringLiteral("انبار پشتي"));
+  EXPECT_TRUE(form->findChild<QAbstractButton*>(QStringLiteral("cmdCancel"))->isEnabled());
+  EXPECT_FALSE(OfferOf(*program).isVisible());
+}
+
+TEST_F(HostWindowDrafts, Are_left_for_later_with_escape) {
+  const auto program = Start(false);
+  Open(*program);
+  test::Press(Qt::Key_Escape);
+  EXPECT_FALSE(OfferOf(*program).isVisible());
+  EXPECT_EQ(Files().size(), 1U);
+  program->window.ReadDatabase();
+  EXPECT_TRUE(OfferOf(*program).isVisible());
+}
+
+TEST_F(HostWindowDrafts, Are_discarded_after_a_question) {
+  const auto program = Start(false);
+  Open(*program);
+  test::Press(Qt::Key_Tab);
+  test::WhenDialogOpens([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  test::Press(Qt::Key_Enter);
+  EXPECT_TRUE(OfferOf(*program).isVisible());
+  test::Open(program->window);
+  test::WhenDialogOpens(
+      [](QWidget& dialog) { dialog.findChild<QAbstractButton*>(QStringLiteral("yes"))->click(); });
+  test::Press(Qt::Key_Enter);
+  EXPECT_FALSE(OfferOf(*program).isVisible());
+  EXPECT_TRUE(Files().empty());
+}
+
+TEST_F(HostWindowDrafts, Are_offered_to_the_user_who_signs_in_again) {
+  const auto program = Start(false);
+  Open(*program);
+  const int user = program->window.Control().UserID();
+  program->window.Control().SetUserID(user + 1);
+  EXPECT_FALSE(OfferOf(*program).isVisible());
+  program->window.Control().SetUserID(user);
+  EXPECT_TRUE(OfferOf(*program).isVisible());
+}
+
+TEST_F(HostWindowDrafts, That_are_damaged_are_reported_and_the_program_starts) {
+  std::filesystem::resize_file(Files().front(), 100);
+  const auto program = Start(false);
+  test::Open(program->window);
+  std::string reported;
+  test::WhenDialogOpens([&](QWidget& dialog) { reported = Acknowledge(dialog); });
+  program->window.ReadDatabase();
+  EXPECT_TRUE(reported.starts_with("پيش\u200cنويس شمارش ناقص يا آسيب\u200cديده است.")) << reported;
+  EXPECT_TRUE(Files().front().string().ends_with(".damaged"));
+  EXPECT_FALSE(OfferOf(*program).isVisible());
+  EXPECT_GT(Find<QTableView>(program->window, "flexTempDocs").model()->rowCount(), 0);
 }
 
 TEST_F(HostWindowTest, The_wheel_signs_nobody_else_in) {

@@ -32,8 +32,8 @@ a change:
 
 std::vector<SeenText> AllTexts() {
   std::vector<SeenText> texts = SeenTextsIn(
-      KORU_SOURCES, {"adapters", "component", "counting", "database/sqlserver", "desktop", "host", "lines",
-                     "output", "platform", "registration", "search", "services", "siblings"});
+      KORU_SOURCES, {"adapters", "component", "counting", "database/sqlserver", "desktop", "draft", "host",
+                     "lines", "output", "platform", "registration", "search", "services", "siblings"});
   return texts;
 }
 

@@ -1,0 +1,105 @@
+#include "draft/DraftKeeper.h"
+
+#include <exception>
+#include <initializer_list>
+#include <utility>
+
+#include "counting/controls/DocumentModes.h"
+#include "draft/CountingDraft.h"
+#include "draft/LeftDraft.h"
+#include "platform/sql/ConnectionText.h"
+
+namespace koru {
+namespace {
+
+bool IsEntry(DocumentMode mode) { return mode == DocumentMode::New || mode == DocumentMode::Editing; }
+
+}  // namespace
+
+DraftOwner OwnerOfDrafts(const std::string& connection, std::int32_t userID) {
+  return {ConnectionText::Parse(connection).WithoutPassword(), userID};
+}
+
+DraftKeeper::DraftKeeper(InvCountingControls& controls, SharedState& shared, CountingLines& lines,
+                         StoredCountingGuard& guard)
+    : controls_(controls), shared_(shared), lines_(lines), guard_(guard) {
+  if (shared_.services.drafts == nullptr) return;
+  const auto changed = [this] { Changed(); };
+  const std::initializer_list<Control*> header = {
+      &controls.txtGNO,      &controls.txtNotes,    &controls.gmpInventory, &controls.gdpReceiveDate,
+      &controls.gdpFromDate, &controls.gdpToDate,   &controls.mptCounter1,  &controls.mptCounter2,
+      &controls.mptCounter3, &controls.mptConfirmer};
+  for (Control* const control : header) subscriptions_.push_back(control->StateChanged.Subscribe(changed));
+  subscriptions_.push_back(
+      controls.flexDetail.RowsChanged.Subscribe([this](const GridChange& /*change*/) { Changed(); }));
+}
+
+void DraftKeeper::Changed() {
+  changed_ = true;
+  quietTicks_ = 0;
+}
+
+void DraftKeeper::Begin() {
+  // An entry that failed to be stored may be continued; another one does not take its draft.
+  if (held_ && heldKey_ != controls_.lblIDVal.Caption()) draft_.reset();
+  held_ = false;
+  changed_ = false;
+  waitingTicks_ = 0;
+}
+
+void DraftKeeper::Tick() {
+  if (!IsEntry(shared_.DocMode)) {
+    if (!held_) Remove();
+    return;
+  }
+  if (!changed_ || shared_.services.drafts == nullptr) return;
+  ++quietTicks_;
+  if (++waitingTicks_ < kLongestTicks && quietTicks_ < kPauseTicks) return;
+  waitingTicks_ = 0;
+  const bool isKnown = std::exchange(failed_, true);
+  try {
+    Write();
+    failed_ = false;
+  } catch (...) {
+    if (!isKnown) throw;
+  }
+}
+
+void DraftKeeper::WriteIfPossible() noexcept {
+  if (!changed_ || shared_.services.drafts == nullptr || !IsEntry(shared_.DocMode)) return;
+  try {
+    Write();
+  } catch (const std::exception&) {
+    changed_ = true;
+  }
+}
+
+void DraftKeeper::Write() {
+  const DraftOwner owner = OwnerOfDrafts(shared_.data.ConnectionString(), shared_.user.userID);
+  if (!draft_) draft_ = shared_.services.drafts->Begin(owner);
+  draft_->Write(EncodeDraft(controls_, owner, shared_.DocMode, guard_.Stored()));
+  changed_ = false;
+  waitingTicks_ = 0;
+}
+
+void DraftKeeper::Hold() {
+  held_ = true;
+  heldKey_ = controls_.lblIDVal.Caption();
+}
+
+void DraftKeeper::Remove() {
+  changed_ = false;
+  waitingTicks_ = 0;
+  if (const auto draft = std::exchange(draft_, nullptr)) draft->Remove();
+}
+
+void DraftKeeper::Continue(LeftDraft& left) {
+  const CountingDraft& draft = left.Contents();
+  ShowDraft(draft, controls_, lines_);
+  SetDocumentMode(draft.mode, controls_, shared_);
+  guard_.Stored().Resume(draft.storedKey, draft.stored);
+  Begin();
+  draft_ = left.Take();
+}
+
+}  // namespace koru

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "counting/controls/InvCountingControls.h"
+#include "lines/CountingLines.h"
+#include "platform/ports/DraftStore.h"
+#include "registration/StoredCountingGuard.h"
+#include "services/SharedState.h"
+
+namespace koru {
+
+class LeftDraft;
+
+/// Whose draft an entry on this form is. Throws DatabaseError when the connection text cannot be parsed.
+[[nodiscard]] DraftOwner OwnerOfDrafts(const std::string& connection, std::int32_t userID);
+
+/// Keeps a draft of the counting that is being entered, where the host has a store of drafts: after each
+/// pause of the user, and every few seconds while there is none. Time is counted in ticks of the form's
+/// timer. When the entry has ended, because it was saved or given up, the draft is removed; a form that is
+/// destroyed before leaves it.
+class DraftKeeper {
+ public:
+  static constexpr int kPauseTicks = 5;     ///< a second without a change
+  static constexpr int kLongestTicks = 25;  ///< five seconds since the first change that is not in the draft
+
+  /// All must outlive the keeper.
+  DraftKeeper(InvCountingControls& controls, SharedState& shared, CountingLines& lines,
+              StoredCountingGuard& guard);
+  DraftKeeper(const DraftKeeper&) = delete;
+  DraftKeeper& operator=(const DraftKeeper&) = delete;
+  ~DraftKeeper() = default;
+
+  /// An entry begins: what is on the form is not worth a draft before the user changes it.
+  void Begin();
+  /// The form's timer ticks. Throws InputError the first time that a draft cannot be written.
+  void Tick();
+  /// Writes what the draft does not hold yet; a draft that cannot be written is no reason not to save.
+  void WriteIfPossible() noexcept;
+  /// A command has failed: the draft stays even if the entry has ended, since nobody knows what was stored.
+  void Hold();
+  /// Shows a draft on the form, whose mode becomes the draft's, and continues to keep it.
+  void Continue(LeftDraft& left);
+
+ private:
+  void Changed();
+  void Write();
+  void Remove();
+
+  InvCountingControls& controls_;
+  SharedState& shared_;
+  CountingLines& lines_;
+  StoredCountingGuard& guard_;
+  std::unique_ptr<Draft> draft_;  ///< nothing before the first write
+  bool changed_ = false;          ///< since the draft was written
+  int quietTicks_ = 0;            ///< since the last change
+  int waitingTicks_ = 0;          ///< since the first change that is not in the draft
+  bool failed_ = false;           ///< the last write failed, and the user knows
+  bool held_ = false;
+  std::string heldKey_;  ///< the key of the counting on the form when the draft was held
+  std::vector<Subscription> subscriptions_;
+};
+
+}  // namespace koru

@@ -1,0 +1,469 @@
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "adapters/system/DraftFiles.h"
+#include "lines/LineColumns.h"
+#include "platform/sql/ConnectionText.h"
+#include "tests/counting/CountingWorld.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace koru::test {
+namespace {
+
+using Answer = FakeMessages::Answer;
+
+/// Everything that a user sees of the form.
+std::string Shown(frmInvCounting& form, DocumentMode mode) {
+  std::string shown =
+      form.Caption() + "|" + std::to_string(static_cast<int>(mode)) + "|" + form.lblIDVal.Caption() + "|";
+  for (const Control* control : form.Controls()) {
+    shown += control->Name() + (control->Enabled() ? "+" : "-");
+    if (const auto* text = dynamic_cast<const TextBox*>(control)) shown += text->Text();
+    if (const auto* date = dynamic_cast<const DateBox*>(control)) shown += date->PersianText();
+    if (const auto* selector = dynamic_cast<const Selector*>(control)) {
+      shown += std::to_string(selector->SelectedID());
+    }
+    shown += "|";
+  }
+  const Grid& grid = form.flexDetail;
+  shown +=
+      std::to_string(grid.Row()) + "," + std::to_string(grid.Col()) + "," + std::to_string(grid.SortedCol());
+  for (int row = 1; row < grid.Rows(); ++row) {
+    shown += "\n" + std::to_string(grid.RowBackColor(row));
+    for (int col = 0; col < grid.Cols(); ++col) shown += "|" + std::string(grid.TextMatrix(row, col));
+  }
+  return shown;
+}
+
+/// A program that keeps drafts, and that can end without warning.
+class Drafts : public CountingWorld {
+ protected:
+  Drafts() { Start(); }
+
+  void Start() {
+    HostServices services = Services();
+    services.drafts = &store_;
+    program_ = std::make_unique<comInvCounting>(*this, services);
+    program_->SetOLEConnectionString(database.ConnectionText());
+    program_->SetUserID(7);
+  }
+  /// The program ends without a save or a cancel, and is started again.
+  void Crash() {
+    program_.reset();
+    NewMessages();
+    Start();
+  }
+  frmInvCounting& Counting() { return *program_->CountingForm(); }
+  DocumentMode Mode() { return program_->Shared().DocMode; }
+  std::string Shown() { return test::Shown(Counting(), Mode()); }
+  void Tick(int times = 1) {
+    for (int tick = 0; tick < times; ++tick) Counting().Timer1.Fire();
+  }
+  void Pause() { Tick(DraftKeeper::kPauseTicks); }
+
+  void Edit(std::int32_t id) {
+    ASSERT_TRUE(program_->View(id));
+    Click(Counting().cmdEdit);
+  }
+  void EnterNew() {
+    program_->ClearShow();
+    Click(Counting().cmdNew);
+    for (int line = 1; line <= 3; ++line) {
+      const std::string number = std::to_string(line);
+      Counting().flexDetail.AddItem(number);
+      Counting().flexDetail.SetTextMatrix(line, LineColumn::Barcode, "G" + number);
+      Counting().flexDetail.SetTextMatrix(line, LineColumn::GoodName, "كالا\t" + number + "\\\n");
+      Counting().flexDetail.SetTextMatrix(line, LineColumn::SystemCounting, number + ".5");
+      Counting().flexDetail.SetTextMatrix(line, LineColumn::Rate, "1" + number);
+      Counting().flexDetail.SetRowBackColor(
+          line, line % 2 == 0 ? CountingLines::kEvenRowColor : CountingLines::kOddRowColor);
+    }
+  }
+  void Type(const std::string& figure) {
+    ASSERT_TRUE(Counting().flexDetail.UserEdit(1, LineColumn::AcceptedCounting, figure));
+  }
+  /// What a user could do next, by chance.
+  void DoAnything(std::mt19937& random);
+  std::size_t Files() const {
+    if (!std::filesystem::exists(folder_.Path() / "drafts")) return 0;
+    return static_cast<std::size_t>(
+        std::distance(std::filesystem::directory_iterator(folder_.Path() / "drafts"), {}));
+  }
+  std::filesystem::path OnlyFile() const {
+    return std::filesystem::directory_iterator(folder_.Path() / "drafts")->path();
+  }
+
+  TemporaryFolder folder_;
+  DraftFiles store_{folder_.Path() / "drafts"};
+  std::unique_ptr<comInvCounting> program_;
+};
+
+void Drafts::DoAnything(std::mt19937& random) {
+  const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+  frmInvCounting& form = Counting();
+  Grid& grid = form.flexDetail;
+  const std::string text = "متن \\ با\tجدا'كننده " + std::to_string(any(1000));
+  const auto row = [&] { return 1 + any(std::max(1, grid.Rows() - 1)); };
+  switch (any(9)) {
+    case 0:
+      form.txtNotes.UserType(text + "\nسطر دوم");
+      break;
+    case 1:
+      form.txtGNO.UserType(text);
+      break;
+    case 2:
+      form.gdpToDate.UserSet(any(3) == 0 ? std::optional<Date>()
+                                         : std::chrono::year{2025} / 1 / (1 + any(28)));
+      break;
+    case 3:
+      form.mptCounter2.UserSelect(any(3) == 0 ? Selector::kNothing : any(9));
+      break;
+    case 4:
+      grid.UserClickHeader(any(kLineColumns));
+      break;
+    case 5:
+      if (grid.Rows() < 2) break;
+      messages.WillAnswer(any(2) == 0 ? Answer::Yes : Answer::No);
+      if (grid.UserMoveTo(row(), LineColumn::Barcode)) grid.UserDeleteRow();
+      break;
+    default: {
+      constexpr int kTyped[] = {LineColumn::FirstCounting, LineColumn::SecondCounting,
+                                LineColumn::ThirdCounting, LineColumn::AcceptedCounting, LineColumn::Rate};
+      grid.UserEdit(row(), kTyped[any(5)], any(5) == 0 ? "" : std::to_string(any(100'000)) + ".25");
+    }
+  }
+}
+
+TEST_F(Drafts, Bring_back_the_form_exactly_as_it_was) {
+  for (unsigned seed = 1; seed <= 60 && !HasFailure(); ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    if (seed % 2 == 0) {
+      EnterNew();
+    } else {
+      Edit(10);
+    }
+    Counting().txtNotes.UserType("آغاز");
+    for (auto step = random() % 20; step > 0; --step) DoAnything(random);
+    Pause();
+    const std::string before = Shown();
+    Crash();
+    ASSERT_TRUE(program_->FindDraft());
+    ASSERT_TRUE(program_->RestoreDraft());
+    EXPECT_EQ(Shown(), before);
+    EXPECT_EQ(NewMessages(), Texts{});
+    messages.WillAnswer(Answer::Yes);
+    Click(Counting().cmdCancel);
+    EXPECT_EQ(Files(), 0U);
+    Crash();
+  }
+}
+
+TEST_F(Drafts, Say_what_they_are_and_when_they_were_written) {
+  Edit(10);
+  Type("7");
+  Pause();
+  Crash();
+  const std::time_t then = 1'764'570'600;  // 2025-12-01 06:30 UTC
+  const timespec times[2] = {{then, 0}, {then, 0}};
+  utimensat(AT_FDCWD, OnlyFile().c_str(), times, 0);
+  std::tm local{};
+  localtime_r(&then, &local);
+  std::array<char, 16> clockTime{};
+  std::strftime(clockTime.data(), clockTime.size(), "%H:%M", &local);
+  const std::string date =
+      SolarText(std::chrono::year{local.tm_year + 1900} / (local.tm_mon + 1) / local.tm_mday);
+  EXPECT_EQ(program_->FindDraft(), "اصلاح شمارش 10 با 2 رديف ذخيره نشده است. آخرين پيش\u200cنويس: " + date +
+                                       " ساعت " + clockTime.data());
+}
+
+TEST_F(Drafts, Are_written_after_a_pause_and_every_few_seconds_without_one) {
+  Edit(10);
+  Type("7");
+  Tick(DraftKeeper::kPauseTicks - 1);
+  EXPECT_EQ(Files(), 0U);
+  Tick();
+  EXPECT_EQ(Files(), 1U);
+  const auto written = std::filesystem::last_write_time(OnlyFile());
+  Pause();
+  EXPECT_EQ(std::filesystem::last_write_time(OnlyFile()), written) << "nothing has changed";
+  std::filesystem::remove(OnlyFile());
+  for (int tick = 1; tick < DraftKeeper::kLongestTicks; ++tick) {
+    Type(std::to_string(tick));
+    Tick();
+  }
+  EXPECT_EQ(Files(), 0U);
+  Type("99");
+  Tick();
+  EXPECT_EQ(Files(), 1U);
+}
+
+TEST_F(Drafts, Are_not_made_of_what_nobody_has_changed) {
+  EXPECT_EQ(program_->FindDraft(), std::nullopt);
+  ASSERT_TRUE(program_->View(10));
+  Pause();
+  Click(Counting().cmdEdit);
+  Pause();
+  program_->ClearShow();
+  Click(Counting().cmdNew);
+  Pause();
+  EXPECT_EQ(Files(), 0U);
+}
+
+TEST_F(Drafts, Are_not_kept_where_the_host_has_no_store_for_them) {
+  ViewAndEdit(10);
+  Form().txtNotes.UserType("x");
+  for (int tick = 0; tick < 50; ++tick) Form().Timer1.Fire();
+  EXPECT_EQ(Files(), 0U);
+  EXPECT_EQ(control.FindDraft(), std::nullopt);
+}
+
+TEST_F(Drafts, Are_gone_with_a_save_a_registration_or_a_cancel) {
+  Edit(10);
+  Type("7");
+  Pause();
+  EXPECT_EQ(Files(), 1U);
+  Click(Counting().cmdTmpSave);
+  EXPECT_EQ(Files(), 0U);
+
+  Click(Counting().cmdEdit);
+  Type("8");
+  Pause();
+  messages.WillAnswer(Answer::No);
+  Click(Counting().cmdCancel);
+  EXPECT_EQ(Files(), 1U) << "the user goes on";
+  messages.WillAnswer(Answer::Yes);
+  Click(Counting().cmdCancel);
+  EXPECT_EQ(Files(), 0U);
+
+  Click(Counting().cmdEdit);
+  Type("9");
+  Pause();
+  EXPECT_EQ(Files(), 1U);
+  Click(Counting().cmdIsFinalized);
+  EXPECT_EQ(Files(), 0U);
+  Crash();
+  EXPECT_EQ(program_->FindDraft(), std::nullopt);
+}
+
+TEST_F(Drafts, Stay_when_the_save_fails) {
+  Edit(10);
+  Type("7");
+  Pause();
+  failing.Plan().FailAt(4 + LooksForChangesFirst());
+  Click(Counting().cmdTmpSave);
+  failing.Plan().FailAt(0);
+  EXPECT_EQ(Mode(), DocumentMode::Viewing) << "nobody knows what was stored";
+  Pause();
+  EXPECT_EQ(Files(), 1U);
+  Click(Counting().cmdEdit);
+  Pause();
+  Click(Counting().cmdTmpSave);
+  EXPECT_EQ(Files(), 0U) << "the second try has stored it";
+}
+
+TEST_F(Drafts, Hold_what_was_typed_right_before_a_save_that_never_ends) {
+  Edit(10);
+  Counting().Timer1.Fire();
+  Type("7");
+  messages.OnShow = [this](const FakeMessages::Message& /*question*/) { EXPECT_EQ(Files(), 1U); };
+  database.Execute("update tblInventoryCounting set CreatorID=8,Notes='x' where ID=10");
+  Click(Counting().cmdTmpSave);
+  EXPECT_EQ(NewMessages().size(), 1U) << "the question about the other station";
+}
+
+TEST_F(Drafts, Are_offered_to_their_user_on_their_database_alone) {
+  Edit(10);
+  Type("7");
+  Pause();
+  Crash();
+  program_->SetUserID(8);
+  EXPECT_EQ(program_->FindDraft(), std::nullopt);
+  program_->SetUserID(7);
+  program_->SetOLEConnectionString("Provider=SQLite;Data Source=/other.koru");
+  EXPECT_EQ(program_->FindDraft(), std::nullopt);
+  program_->SetOLEConnectionString("0");
+  EXPECT_EQ(program_->FindDraft(), std::nullopt);
+  program_->SetOLEConnectionString(database.ConnectionText());
+  EXPECT_TRUE(program_->FindDraft());
+}
+
+TEST_F(Drafts, Under_the_name_of_another_user_are_not_offered_either) {
+  Edit(10);
+  Type("7");
+  Pause();
+  program_.reset();
+  const std::string text =
+      store_.FindLeft({ConnectionText::Parse(database.ConnectionText()).WithoutPassword(), 7})->Read();
+  store_.Begin({ConnectionText::Parse(database.ConnectionText()).WithoutPassword(), 8})->Write(text);
+  Start();
+  program_->SetUserID(8);
+  EXPECT_EQ(program_->FindDraft(), std::nullopt);
+}
+
+TEST_F(Drafts, Of_a_program_that_still_runs_are_not_offered) {
+  Edit(10);
+  Type("7");
+  Pause();
+  const auto running = std::move(program_);
+  Start();
+  EXPECT_EQ(program_->FindDraft(), std::nullopt);
+}
+
+TEST_F(Drafts, Hold_no_password) {
+  EXPECT_EQ(OwnerOfDrafts("Provider=SQLOLEDB;Data Source=s;Password=geheim", 7).database.find("geheim"),
+            std::string::npos);
+}
+
+TEST_F(Drafts, Can_be_left_for_later_or_discarded_after_a_question) {
+  Edit(10);
+  Type("7");
+  Pause();
+  Crash();
+  ASSERT_TRUE(program_->FindDraft());
+  program_->LeaveDraft();
+  ASSERT_TRUE(program_->FindDraft());
+  messages.WillAnswer(Answer::No);
+  EXPECT_FALSE(program_->DiscardDraft());
+  EXPECT_EQ(NewMessages(),
+            Texts{"پيش\u200cنويس دور ريخته مي\u200cشود و ديگر بازنمي\u200cگردد. آيا مطمئن هستيد؟"});
+  EXPECT_EQ(Files(), 1U);
+  messages.WillAnswer(Answer::Yes);
+  EXPECT_TRUE(program_->DiscardDraft());
+  EXPECT_EQ(Files(), 0U);
+  EXPECT_EQ(program_->FindDraft(), std::nullopt);
+}
+
+TEST_F(Drafts, Are_refused_to_a_user_without_the_right_and_stay) {
+  Edit(10);
+  Type("7");
+  Pause();
+  Crash();
+  database.Execute("delete from tblPelinUserPermission where FormPermissionID=80602");
+  ASSERT_TRUE(program_->FindDraft());
+  EXPECT_FALSE(program_->RestoreDraft());
+  EXPECT_EQ(NewMessages(), Texts{kNotPermitted});
+  EXPECT_EQ(Files(), 1U);
+  database.Execute("insert into tblPelinUserPermission (UserID,FormPermissionID) values (7,80602)");
+  EXPECT_TRUE(program_->RestoreDraft());
+}
+
+TEST_F(Drafts, Are_saved_without_a_question_when_nobody_has_changed_the_stored_counting) {
+  Edit(10);
+  Type("7");
+  Pause();
+  Crash();
+  ASSERT_TRUE(program_->FindDraft());
+  ASSERT_TRUE(program_->RestoreDraft());
+  Click(Counting().cmdTmpSave);
+  EXPECT_EQ(NewMessages(), Texts{});
+  EXPECT_EQ(Mode(), DocumentMode::Viewing);
+  EXPECT_EQ(database.Scalar("select AcceptedCounting from tblInventoryCountingDetail where CountingID=10 and "
+                            "RowNumber=1"),
+            "7");
+}
+
+TEST_F(Drafts, Ask_when_another_station_has_changed_the_stored_counting_since_it_was_opened) {
+  Edit(10);
+  Type("7");
+  Pause();
+  program_.reset();
+  database.Execute("update tblInventoryCounting set Notes='ديگري',CreatorID=8 where ID=10");
+  Start();
+  ASSERT_TRUE(program_->FindDraft());
+  ASSERT_TRUE(program_->RestoreDraft());
+  messages.WillAnswer(Answer::No);
+  messages.WillAnswer(Answer::No);
+  Click(Counting().cmdTmpSave);
+  const Texts asked = NewMessages();
+  ASSERT_EQ(asked.size(), 2U);
+  EXPECT_NE(asked[0].find("تفاوت: توضيحات"), std::string::npos) << asked[0];
+  EXPECT_EQ(database.Scalar("select Notes from tblInventoryCounting where ID=10"), "ديگري");
+  EXPECT_EQ(Mode(), DocumentMode::Editing);
+}
+
+TEST_F(Drafts, Of_a_deleted_counting_come_back_and_are_not_stored) {
+  Edit(10);
+  Type("7");
+  Pause();
+  program_.reset();
+  database.Execute(
+      "delete from tblInventoryCountingDetail where CountingID=10;"
+      "delete from tblInventoryCounting where ID=10");
+  Start();
+  ASSERT_TRUE(program_->FindDraft());
+  ASSERT_TRUE(program_->RestoreDraft());
+  Click(Counting().cmdTmpSave);
+  EXPECT_EQ(NewMessages().size(), 1U);
+  EXPECT_EQ(Mode(), DocumentMode::Editing) << "what was typed is still on the form";
+}
+
+TEST_F(Drafts, Stay_through_a_second_crash_after_they_came_back) {
+  Edit(10);
+  Type("7");
+  Pause();
+  Crash();
+  ASSERT_TRUE(program_->FindDraft());
+  ASSERT_TRUE(program_->RestoreDraft());
+  const std::string before = Shown();
+  Crash();
+  ASSERT_TRUE(program_->FindDraft());
+  ASSERT_TRUE(program_->RestoreDraft());
+  EXPECT_EQ(Shown(), before);
+}
+
+TEST_F(Drafts, That_are_damaged_anywhere_are_set_aside_and_reported) {
+  Edit(10);
+  Type("7");
+  Pause();
+  program_.reset();
+  const std::filesystem::path file = OnlyFile();
+  std::ifstream stream(file, std::ios::binary);
+  const std::string whole{std::istreambuf_iterator<char>(stream), {}};
+  std::mt19937 random(1);
+  for (int round = 0; round < 200 && !HasFailure(); ++round) {
+    std::string text = whole;
+    const std::size_t at = random() % text.size();
+    if (round % 2 == 0) {
+      text[at] = static_cast<char>(text[at] ^ (1 << random() % 8));
+    } else {
+      text.resize(at);
+    }
+    SCOPED_TRACE((round % 2 == 0 ? "changed at " : "cut off at ") + std::to_string(at));
+    std::ofstream(file, std::ios::binary) << text;
+    Start();
+    NewMessages();
+    EXPECT_EQ(program_->FindDraft(), std::nullopt);
+    EXPECT_EQ(NewMessages().size(), 1U);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_EQ(program_->FindDraft(), std::nullopt) << "only once";
+    EXPECT_EQ(NewMessages(), Texts{});
+  }
+  EXPECT_EQ(Files(), 200U) << "all of them are kept";
+}
+
+TEST_F(Drafts, That_cannot_be_written_are_reported_once) {
+  std::ofstream(folder_.Path() / "drafts") << "no folder";
+  Edit(10);
+  Type("7");
+  Tick(100);
+  Type("8");
+  Tick(100);
+  const Texts reported = NewMessages();
+  ASSERT_EQ(reported.size(), 1U);
+  EXPECT_TRUE(reported[0].starts_with("پيش\u200cنويس نوشته نشد: ")) << reported[0];
+  std::filesystem::remove(folder_.Path() / "drafts");
+  Tick(100);
+  EXPECT_EQ(Files(), 1U) << "tried again";
+}
+
+}  // namespace
+}  // namespace koru::test
