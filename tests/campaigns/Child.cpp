@@ -1,5 +1,6 @@
 #include "tests/campaigns/Child.h"
 
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -37,6 +38,11 @@ Child::Child(const std::function<void(const Report&)>& work) {
 
 Child::~Child() {
   if (reports_ >= 0) Wait();
+}
+
+bool Child::HasEnded() const {
+  pollfd reports{reports_, 0, 0};
+  return poll(&reports, 1, 0) == 1 && (reports.revents & POLLHUP) != 0;
 }
 
 std::string Child::Wait() {

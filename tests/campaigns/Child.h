@@ -17,6 +17,8 @@ class Child {
 
   /// Waits until it has ended. Answers all that it reported.
   std::string Wait();
+  /// Whether it has ended, or will do nothing more; what it reported is still to be read.
+  [[nodiscard]] bool HasEnded() const;
   /// After Wait: whether it was killed by SIGKILL, or ended as it should.
   [[nodiscard]] bool WasKilled() const;
   [[nodiscard]] bool EndedWell() const;

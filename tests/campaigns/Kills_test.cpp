@@ -5,7 +5,6 @@
 
 #include <iostream>
 #include <random>
-#include <sstream>
 
 #include "tests/campaigns/Child.h"
 #include "tests/campaigns/FaultyFiles.h"
@@ -30,31 +29,6 @@ class Kills : public testing::Test {
   const std::map<int, StoredCounting> before_ = StoredCountings(store_.File());
 };
 
-/// What the program reports of itself: the outcome, when there was one.
-std::string Written(const Outcome& outcome) {
-  return (outcome.done ? "done " : "failed ") + std::to_string(outcome.id) + " " +
-         (outcome.code.empty() ? "-" : outcome.code) + " " + outcome.lines + "\n";
-}
-Outcome ReadOutcome(const std::string& text) {
-  Outcome outcome;
-  std::istringstream words(text);
-  std::string word;
-  words >> word >> outcome.id >> outcome.code >> outcome.lines;
-  outcome.done = word == "done";
-  if (outcome.code == "-") outcome.code.clear();
-  return outcome;
-}
-
-/// The lines that the work writes, known before it is reported.
-std::string LinesOf(Work work) {
-  const bool isNew = work == Work::SaveNew || work == Work::RegisterNew;
-  std::string lines;
-  for (int line = 1; line <= (isNew ? 4 : 6); ++line) {
-    lines += "G" + std::to_string(line) + "=" + std::to_string(kMark + line) + ";";
-  }
-  return lines;
-}
-
 bool Kills::Round(unsigned seed) {
   std::mt19937 random(seed);
   const Work work = static_cast<Work>(random() % kWorks);
@@ -71,7 +45,7 @@ bool Kills::Round(unsigned seed) {
   });
   Outcome outcome = ReadOutcome(child.Wait());
   EXPECT_TRUE(child.WasKilled() || (child.EndedWell() && outcome.done));
-  if (outcome.lines.empty()) outcome.lines = LinesOf(work);
+  if (outcome.lines.empty()) outcome.lines = LinesOf(work, kMark);
   ExpectKept(file_, work, outcome, before_);
   return child.WasKilled();
 }

@@ -1,5 +1,7 @@
 #include "tests/campaigns/Rounds.h"
 
+#include <sstream>
+
 namespace koru::test {
 namespace {
 
@@ -51,6 +53,30 @@ int CountingOf(Work work) {
       return 0;
   }
   return 0;
+}
+
+std::string LinesOf(Work work, int mark) {
+  const bool isNew = work == Work::SaveNew || work == Work::RegisterNew;
+  std::string lines;
+  for (int line = 1; line <= (isNew ? 4 : 6); ++line) {
+    lines += "G" + std::to_string(line) + "=" + std::to_string(mark + line) + ";";
+  }
+  return lines;
+}
+
+std::string Written(const Outcome& outcome) {
+  return (outcome.done ? "done " : "failed ") + std::to_string(outcome.id) + " " +
+         (outcome.code.empty() ? "-" : outcome.code) + " " + outcome.lines + "\n";
+}
+
+Outcome ReadOutcome(const std::string& text) {
+  Outcome outcome;
+  std::istringstream words(text);
+  std::string word;
+  words >> word >> outcome.id >> outcome.code >> outcome.lines;
+  outcome.done = word == "done";
+  if (outcome.code == "-") outcome.code.clear();
+  return outcome;
 }
 
 void ExpectKept(const std::string& file, Work work, const Outcome& outcome,

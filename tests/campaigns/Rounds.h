@@ -14,6 +14,13 @@ namespace koru::test {
 /// The stored counting that a round works on; 0 for a new one.
 [[nodiscard]] int CountingOf(Work work);
 
+/// The lines that the work writes, known before it is reported.
+[[nodiscard]] std::string LinesOf(Work work, int mark);
+
+/// What a program reports of itself to another process: the outcome, in a line.
+[[nodiscard]] std::string Written(const Outcome& outcome);
+[[nodiscard]] Outcome ReadOutcome(const std::string& line);
+
 /// Expects that the file keeps all rules, and that it holds what was reported; `before` is what it held.
 void ExpectKept(const std::string& file, Work work, const Outcome& outcome,
                 const std::map<int, StoredCounting>& before);

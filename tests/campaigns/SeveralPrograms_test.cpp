@@ -168,7 +168,6 @@ TEST_F(SeveralPrograms, In_turns_on_different_countings_keep_numbers_lines_and_d
   }
 }
 
-/// Known not to hold: nothing looks at what another station has stored meanwhile.
 TEST_F(SeveralPrograms, In_turns_on_the_same_countings_write_nothing_over_without_a_question) {
   const CampaignSetting setting;
   const unsigned rounds = 200 * setting.times;

@@ -13,7 +13,7 @@ constexpr const char* kSure[] = {"آيا مطمئن هستيد؟", "آيا از 
 
 std::unique_ptr<Spreadsheet> Station::NoSpreadsheets::NewWorkbook() { throw InputError("none"); }
 
-Station::Station(const std::string& file) {
+Station::Station(const std::string& file, DraftStore* drafts) : drafts_(drafts) {
   messages_.RegisterIn(components_);
   messages_.OnShow = [this](const FakeMessages::Message& message) {
     if (message.text == kSure[0] || message.text == kSure[1]) {
@@ -57,6 +57,7 @@ bool Station::Enter(bool isNew, int mark) {
     if (!Click(isNew ? Form().cmdNew : Form().cmdEdit)) return false;
   }
   Grid& grid = Form().flexDetail;
+  base_ = Lines();
   if (grid.Rows() == 1) {
     for (int good = 1; good <= 4; ++good) {
       grid.AddItem(std::to_string(good));
@@ -68,6 +69,7 @@ bool Station::Enter(bool isNew, int mark) {
   }
   for (int row = 1; row < grid.Rows(); ++row) {
     if (!grid.UserEdit(row, LineColumn::AcceptedCounting, std::to_string(mark + row))) return false;
+    if (OnTyped) OnTyped();
   }
   entered_ = true;
   return true;
@@ -85,11 +87,28 @@ Outcome Station::Shown(bool done) {
   const std::string id = Form().lblIDVal.Caption();
   outcome.id = id.empty() ? 0 : std::stoi(id);
   outcome.code = Form().txtCode.Text();
-  for (int row = 1; row < Form().flexDetail.Rows(); ++row) {
-    outcome.lines += std::string(Form().flexDetail.TextMatrix(row, LineColumn::Barcode)) + "=" +
-                     std::string(Form().flexDetail.TextMatrix(row, LineColumn::AcceptedCounting)) + ";";
-  }
+  outcome.lines = Lines();
+  outcome.base = base_;
   return outcome;
+}
+
+std::string Station::Lines() {
+  const Grid& grid = Form().flexDetail;
+  std::string lines;
+  for (int row = 1; row < grid.Rows(); ++row) {
+    lines += std::string(grid.TextMatrix(row, LineColumn::Barcode)) + "=" +
+             std::string(grid.TextMatrix(row, LineColumn::AcceptedCounting)) + ";";
+  }
+  return lines;
+}
+
+void Station::Tick(int times) {
+  for (int tick = 0; tick < times; ++tick) Form().Timer1.Fire();
+}
+
+std::optional<Outcome> Station::RestoreDraft() {
+  if (!control_.FindDraft() || !control_.RestoreDraft()) return {};
+  return Shown(false);
 }
 
 Outcome Station::Do(Work work, int id, int mark) {
@@ -103,6 +122,7 @@ Outcome Station::Perform(Work work, int mark) {
   failures_ = 0;
   asked_ = false;
   entered_ = false;
+  base_ = Lines();
   const auto mode = [this] { return control_.Shared().DocMode; };
   switch (work) {
     case Work::Save:

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +28,7 @@ struct Outcome {
   int id = 0;             ///< the counting's key as the form shows it; 0 for none
   std::string code;       ///< its final number as the form shows it
   std::string lines;      ///< its lines as the form shows them: `barcode=accepted;`
+  std::string base;       ///< the lines that the user saw before the work
   std::vector<std::string> messages;
 };
 
@@ -33,7 +36,8 @@ struct Outcome {
 /// whether the user is sure, and not answered anything else. User 7.
 class Station : private ControlHost {
  public:
-  explicit Station(const std::string& file);
+  /// Keeps drafts in `drafts`, if any, which must outlive the station.
+  explicit Station(const std::string& file, DraftStore* drafts = nullptr);
 
   /// Opens what the work is on and does it, with figures that belong to `mark`.
   Outcome Do(Work work, int id, int mark);
@@ -43,6 +47,15 @@ class Station : private ControlHost {
   bool Open(int id);
   /// On what is shown; what is not available on the form does nothing.
   Outcome Perform(Work work, int mark);
+
+  /// Called after each figure that Perform has typed.
+  std::function<void()> OnTyped;
+  /// The form's timer ticks.
+  void Tick(int times);
+  /// The lines that the form shows.
+  [[nodiscard]] std::string Lines();
+  /// Restores what a program has left; nothing when there is no draft.
+  [[nodiscard]] std::optional<Outcome> RestoreDraft();
 
  private:
   class NoFiles : public FileSystem {
@@ -67,11 +80,13 @@ class Station : private ControlHost {
   FixedClock clock_{std::chrono::year{2025} / 12 / 22};
   NoFiles files_;
   NoSpreadsheets spreadsheets_;
+  DraftStore* drafts_;
+  std::string base_;
   bool asked_ = false;
   bool entered_ = false;
   int failures_ = 0;
-  comInvCounting control_{*this,
-                          HostServices{databases_, components_, screen_, clock_, files_, spreadsheets_}};
+  comInvCounting control_{
+      *this, HostServices{databases_, components_, screen_, clock_, files_, spreadsheets_, drafts_}};
 };
 
 }  // namespace koru::test
