@@ -1,5 +1,7 @@
 #include "tests/campaigns/Station.h"
 
+#include <utility>
+
 #include "lines/LineColumns.h"
 #include "platform/sql/DatabaseError.h"
 #include "platform/text/Errors.h"
@@ -9,11 +11,52 @@ namespace {
 
 constexpr const char* kSure[] = {"آيا مطمئن هستيد؟", "آيا از بازگشت به حالت موقت شمارش اطمينان داريد؟"};
 
+class WaitingDatabase : public Database {
+ public:
+  WaitingDatabase(std::unique_ptr<Database> inner, std::vector<std::chrono::microseconds>& waits)
+      : inner_(std::move(inner)), waits_(waits) {}
+
+  Recordset Open(const SqlText& statement) override { return inner_->Open(statement); }
+  std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
+    return inner_->Call(procedure, parameters);
+  }
+  void OpenAll(const std::vector<SqlText>& statements,
+               const std::function<void(std::size_t, const Recordset&)>& take) override {
+    inner_->OpenAll(statements, take);
+  }
+  [[nodiscard]] std::size_t StatementsPerTrip() const override { return inner_->StatementsPerTrip(); }
+  [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return inner_->InsertedKey(); }
+  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
+  void Idle() noexcept override { inner_->Idle(); }
+  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override {
+    const auto begin = std::chrono::steady_clock::now();
+    auto batch = inner_->BeginWriteBatch();
+    waits_.push_back(
+        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin));
+    return batch;
+  }
+  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
+    return inner_->BeginReadSnapshot();
+  }
+
+ private:
+  std::unique_ptr<Database> inner_;
+  std::vector<std::chrono::microseconds>& waits_;
+};
+
+std::string ConnectionTextOf(const std::string& database) {
+  return database.starts_with("Provider=") ? database : EmbeddedConnectionText(database);
+}
+
 }  // namespace
+
+std::unique_ptr<Database> WaitingConnector::Connect(const std::string& connectionText) {
+  return std::make_unique<WaitingDatabase>(databases_.Connect(connectionText), waits_);
+}
 
 std::unique_ptr<Spreadsheet> Station::NoSpreadsheets::NewWorkbook() { throw InputError("none"); }
 
-Station::Station(const std::string& file, DraftStore* drafts) : drafts_(drafts) {
+Station::Station(const std::string& database, DraftStore* drafts) : drafts_(drafts) {
   messages_.RegisterIn(components_);
   messages_.OnShow = [this](const FakeMessages::Message& message) {
     if (message.text == kSure[0] || message.text == kSure[1]) {
@@ -24,7 +67,7 @@ Station::Station(const std::string& file, DraftStore* drafts) : drafts_(drafts) 
       ++failures_;
     }
   };
-  control_.SetOLEConnectionString(EmbeddedConnectionText(file));
+  control_.SetOLEConnectionString(ConnectionTextOf(database));
   control_.SetUserID(7);
 }
 
@@ -59,7 +102,7 @@ bool Station::Enter(bool isNew, int mark) {
   Grid& grid = Form().flexDetail;
   base_ = Lines();
   if (grid.Rows() == 1) {
-    for (int good = 1; good <= 4; ++good) {
+    for (int good = 1; good <= newLines_; ++good) {
       grid.AddItem(std::to_string(good));
       grid.SetTextMatrix(good, LineColumn::Barcode, "G" + std::to_string(good));
       grid.SetTextMatrix(good, LineColumn::GoodName, "good");
@@ -72,6 +115,7 @@ bool Station::Enter(bool isNew, int mark) {
     if (OnTyped) OnTyped();
   }
   entered_ = true;
+  OnEntered();
   return true;
 }
 

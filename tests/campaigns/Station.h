@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -7,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnector.h"
+#include "adapters/provider/ConnectorByProvider.h"
 #include "component/comInvCounting.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeScreen.h"
@@ -32,12 +33,30 @@ struct Outcome {
   std::vector<std::string> messages;
 };
 
-/// A program at work on a file: the real form with a connection of its own, answered Yes wherever it asks
+/// Connects, and notes how long each write batch waited to begin.
+class WaitingConnector : public DatabaseConnector {
+ public:
+  [[nodiscard]] std::unique_ptr<Database> Connect(const std::string& connectionText) override;
+  [[nodiscard]] const std::vector<std::chrono::microseconds>& Waits() const { return waits_; }
+
+ private:
+  ConnectorByProvider databases_;
+  std::vector<std::chrono::microseconds> waits_;
+};
+
+/// A program at work on a database: the real form with a connection of its own, answered Yes wherever it asks
 /// whether the user is sure, and not answered anything else. User 7.
 class Station : private ControlHost {
  public:
-  /// Keeps drafts in `drafts`, if any, which must outlive the station.
-  explicit Station(const std::string& file, DraftStore* drafts = nullptr);
+  /// `database` is a file or a connection text. Keeps drafts in `drafts`, if any, which must outlive the
+  /// station.
+  explicit Station(const std::string& database, DraftStore* drafts = nullptr);
+
+  /// Called when all is entered, right before the save or the registration.
+  std::function<void()> OnEntered = [] {};
+  /// How many lines a new counting gets: goods G1 and so on.
+  void SetNewLines(int lines) { newLines_ = lines; }
+  [[nodiscard]] const std::vector<std::chrono::microseconds>& Waits() const { return databases_.Waits(); }
 
   /// Opens what the work is on and does it, with figures that belong to `mark`.
   Outcome Do(Work work, int id, int mark);
@@ -73,7 +92,7 @@ class Station : private ControlHost {
   bool Enter(bool isNew, int mark);
   [[nodiscard]] Outcome Shown(bool done);
 
-  SqliteConnector databases_;
+  WaitingConnector databases_;
   ComponentRegistry components_;
   FakeMessages messages_;
   FakeScreen screen_;
@@ -82,6 +101,7 @@ class Station : private ControlHost {
   NoSpreadsheets spreadsheets_;
   DraftStore* drafts_;
   std::string base_;
+  int newLines_ = 4;
   bool asked_ = false;
   bool entered_ = false;
   int failures_ = 0;

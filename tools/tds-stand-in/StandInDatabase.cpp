@@ -17,7 +17,7 @@ std::string NewFolder() {
 }  // namespace
 
 StandInDatabase::StandInDatabase() : folder_(NewFolder()) {
-  engine_ = std::make_unique<SqliteConnection>(folder_ + "/database", SqliteConnection::Mode::Create,
+  engine_ = std::make_unique<SqliteConnection>(File(), SqliteConnection::Mode::Create,
                                                std::chrono::seconds(0));
   schema_ = std::make_unique<StandInSchema>(*engine_);
   engine_->Execute("PRAGMA journal_mode=wal");
@@ -30,7 +30,7 @@ StandInDatabase::~StandInDatabase() {
 }
 
 SqliteConnection StandInDatabase::Connect() const {
-  SqliteConnection engine(folder_ + "/database", SqliteConnection::Mode::Existing, std::chrono::seconds(0));
+  SqliteConnection engine(File(), SqliteConnection::Mode::Existing, std::chrono::seconds(0));
   engine.Execute("PRAGMA synchronous=off; PRAGMA temp_store=memory");
   return engine;
 }

@@ -19,6 +19,7 @@ class StandInDatabase {
   StandInDatabase& operator=(const StandInDatabase&) = delete;
   ~StandInDatabase();
 
+  [[nodiscard]] std::string File() const { return folder_ + "/database"; }
   [[nodiscard]] SqliteConnection Connect() const;
   /// Used while entered (StandInLocks), as is the connection of each client.
   [[nodiscard]] StandInSchema& Schema() { return *schema_; }

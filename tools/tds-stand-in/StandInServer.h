@@ -29,6 +29,8 @@ class StandInServer {
 
   [[nodiscard]] std::string ConnectionText() const { return server_.ConnectionText(); }
 
+  /// The engine's file, for tests that look at what is stored.
+  [[nodiscard]] std::string File() const { return database_.File(); }
   /// The number of requests that have arrived, batches and calls of procedures: each is a round trip.
   [[nodiscard]] std::uint64_t RoundTrips() const { return roundTrips_; }
   /// How long each later request takes beside its work, as over a long line.
