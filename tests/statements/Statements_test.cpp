@@ -27,6 +27,20 @@ A comment names the source file that builds the statements below it.
 
 Users, stores, goods and documents are chosen in windows that read lists of their own; these are not listed here.
 
+On a file, statements run one by one in this order. A server gets these together, as many in a round trip as its connection takes
+(`Database::StatementsPerTrip`):
+
+| statements | together |
+|---|---|
+| unit, dispatches' rate and the two sums, for Calculate and Goods | those of as many lines as fit into a trip, line by line; then the second statements for a unit and a rate that these lines still lack |
+| inserts of lines, by a save or a registration, and of document lines | as many as fit into a trip, in their order |
+| deletion of earlier documents, by a registration or Return | all four |
+| the stored header and its lines, to find changes by other stations | both |
+
+Where one fails, those after it in the trip do not run, and what was stored and shown is the same as one by one
+(`tests/lines/LinesInTrips_test.cpp`, `tests/registration/DatabaseFailure_test.cpp`). [Performance](performance.md) has the number
+of round trips.
+
 The page is written by a test, `tests/statements`, and compared by it. To write it anew after a change:
 
     KORU_RENEW_STATEMENTS=1 build/dev/koru_test_statements
