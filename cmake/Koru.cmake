@@ -45,8 +45,9 @@ function(koru_box folder)
     file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${shown}/${folder} SYMBOLIC)
   endif()
   add_library(koru_${name} STATIC ${box_SOURCES})
-  target_include_directories(koru_${name} PUBLIC ${shown})
-  target_link_libraries(koru_${name} PUBLIC ${box_LINKS} PRIVATE koru_options ${box_LIBRARIES})
+  target_include_directories(koru_${name} PUBLIC $<BUILD_INTERFACE:${shown}>)
+  target_link_libraries(koru_${name} PUBLIC ${box_LINKS} PRIVATE $<BUILD_INTERFACE:koru_options> ${box_LIBRARIES})
+  set_target_properties(koru_${name} PROPERTIES KORU_FOLDER ${folder} EXPORT_NAME ${name})
 endfunction()
 
 # The data folder of installed programs, relative to the prefix (adapters/system/DataFolder.h finds it).

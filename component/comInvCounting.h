@@ -15,6 +15,9 @@ namespace koru {
 /// The public control. A host screen places it, gives it a connection and the signed-in user, and opens a
 /// stored counting (View) or an empty form for a new one (ClearShow). Setting a property stores the value and
 /// reports the change to the host; no value is tested, and no database is accessed, before a form is opened.
+///
+/// Not thread-safe: the control, its form and its services are used from one thread. View and ClearShow
+/// throw; what fails in a user's action on the form is shown to the user and does not reach the host.
 class comInvCounting {
  public:
   /// `host` and everything in `services` must outlive the control. The properties have their defaults
@@ -90,7 +93,9 @@ class comInvCounting {
   /// in width, or 2000 or less in height, is left as it is.
   static void Resize(int width, int height, Grid& flexTempDocs);
 
-  /// The counting form; nullptr before the first View or ClearShow, and after the form was unloaded.
+  /// The counting form; nullptr before the first View or ClearShow, and after the form was unloaded. The
+  /// control owns it: the pointer is valid until the form is unloaded, by Exit or by a View or ClearShow with
+  /// another connection, and until the control is destroyed, which asks the user nothing.
   [[nodiscard]] frmInvCounting* CountingForm() const;
   [[nodiscard]] const SharedState& Shared() const { return shared_; }
 

@@ -4,7 +4,7 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_OUTPUT_FILE_PREFIX ${CMAKE_BINARY_DIR}/packages)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL program scenario)
+set(CPACK_COMPONENTS_ALL program scenario development)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 
@@ -38,5 +38,15 @@ what the forms, messages, statements and tables of koru-counting must then be.
 This package has the program that runs them, on the forms or on the windows,
 and the scenarios of a counting's life cycle.")
 set(CPACK_DEBIAN_SCENARIO_PACKAGE_DEPENDS "koru-counting (= ${PROJECT_VERSION})")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkoru-counting-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
+    "embed koru-counting in another program
+Headers, static libraries and the CMake package KoruCounting, with one target
+for each part: the stock-taking component alone, its embedded database, its
+connection to SQL Server, and its windows as a Qt widget.")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+    "koru-counting (= ${PROJECT_VERSION}), libsqlite3-dev, libxlsxwriter-dev, qt6-base-dev, unixodbc-dev, zlib1g-dev")
 
 include(CPack)

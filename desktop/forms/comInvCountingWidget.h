@@ -32,6 +32,8 @@ class GridView;
 ///
 /// Setting a property does not read the database, nor does Refresh: to connect a visible widget, a host hides
 /// it first and shows it again. The list does not depend on the user.
+///
+/// Used on the application's thread alone. Nothing is thrown: failures of the database are shown to the user.
 class comInvCountingWidget : public QWidget, private ControlHost {
   Q_OBJECT
   Q_PROPERTY(int BackColor READ BackColor WRITE SetBackColor NOTIFY propertyChanged)

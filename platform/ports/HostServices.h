@@ -27,7 +27,9 @@ class FileSystem {
   [[nodiscard]] virtual bool FileExists(const std::string& path) const = 0;
 };
 
-/// The services that the component needs from its host. Each must outlive the component.
+/// The services that the component needs from its host. Each must outlive the component, which calls them on
+/// the thread that calls it. Whatever a service throws ends the operation; as a std::exception it is shown to
+/// the user.
 struct HostServices {
   DatabaseConnector& databases;
   ComponentRegistry& components;
