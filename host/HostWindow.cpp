@@ -16,6 +16,7 @@
 #include "desktop/fields/Fields.h"
 #include "desktop/forms/FormWindow.h"
 #include "desktop/toolkit/FileChoice.h"
+#include "desktop/toolkit/HelpKey.h"
 #include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
@@ -100,12 +101,17 @@ void HostWindow::AddDoors(QVBoxLayout& window) {
   connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, number_,
           [this] { number_->setFocus(); });
   open->setObjectName(QStringLiteral("open"));
+  auto* const help = new QPushButton(QStringLiteral("راهنمايي"), this);
+  help->setObjectName(QStringLiteral("help"));
+  help->setToolTip(QStringLiteral("F1"));
   auto* const bar = new QHBoxLayout;
   bar->addWidget(create);
+  bar->addWidget(help);
   bar->addStretch();
   bar->addWidget(number_);
   bar->addWidget(open);
   window.addLayout(bar);
+  connect(help, &QPushButton::clicked, this, [this] { PressHelpKey(*this); });
   connect(create, &QPushButton::clicked, control_, &comInvCountingWidget::ClearShow);
   connect(open, &QPushButton::clicked, this, &HostWindow::OpenByNumber);
   connect(number_, &QLineEdit::returnPressed, this, &HostWindow::OpenByNumber);

@@ -114,6 +114,18 @@ void PressKey(ScenarioWorld& world, const ScenarioStep& step) {
   MustBeDone(world.driver->Press(control, *ParseKey(step.Text(2))), control, step);
 }
 
+void MustHaveKeyboard(bool done) {
+  if (!done) throw ScenarioFailure("nothing has the keyboard; without windows (--desktop), nothing ever has");
+}
+
+void PressHere(ScenarioWorld& world, const ScenarioStep& step) {
+  MustHaveKeyboard(world.driver->PressHere(*ParseKey(step.Text(1))));
+}
+
+void TypeHere(ScenarioWorld& world, const ScenarioStep& step) {
+  MustHaveKeyboard(world.driver->TypeHere(step.Text(1)));
+}
+
 void Tick(ScenarioWorld& world, const ScenarioStep&) {
   for (Control* const control : world.ActiveForm().Controls()) {
     if (auto* const timer = dynamic_cast<Timer*>(control)) timer->Fire();
@@ -141,6 +153,8 @@ constexpr StepKind kKinds[] = {
     {"doubleclick NAME NUMBER", DoubleClick},
     {"rightclick NAME", RightClick},
     {"key NAME KEY", PressKey},
+    {"press KEY", PressHere},
+    {"press TEXT", TypeHere},
     {"tick", Tick},
     {"close", Close},
     {"picture TEXT", TakePicture},

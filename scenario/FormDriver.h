@@ -32,6 +32,11 @@ class FormDriver : public UiDriver, private Screen {
   bool Press(Control& control, KeyPress key) override;
   void Close(Form& form) override { form.UserClose(); }
 
+  bool PressHere(KeyPress) override { return false; }
+  bool TypeHere(const std::string&) override { return false; }
+  [[nodiscard]] std::string WindowWithKeyboard() override { return {}; }
+  [[nodiscard]] std::optional<std::string> TextShown(const std::string&) override { return {}; }
+
   [[nodiscard]] const ReportDocument* Report() override { return report_.get(); }
   bool SaveReport(const std::filesystem::path&) override { return false; }
   bool CloseReport() override;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kF1 = 112;
 
-constexpr std::array<std::pair<std::string_view, int>, 15> kNamedKeys = {{{"Backspace", 8},
+constexpr std::array<std::pair<std::string_view, int>, 17> kNamedKeys = {{{"Backspace", 8},
                                                                           {"Tab", 9},
                                                                           {"Enter", 13},
                                                                           {"Escape", 27},
@@ -26,7 +26,9 @@ constexpr std::array<std::pair<std::string_view, int>, 15> kNamedKeys = {{{"Back
                                                                           {"Right", 39},
                                                                           {"Down", 40},
                                                                           {"Insert", 45},
-                                                                          {"Delete", 46}}};
+                                                                          {"Delete", 46},
+                                                                          {"Plus", 107},
+                                                                          {"Minus", 109}}};
 
 constexpr std::array<std::pair<std::string_view, int>, 3> kHeldKeys = {
     {{"Shift+", 1}, {"Ctrl+", 2}, {"Alt+", 4}}};
@@ -49,10 +51,14 @@ std::optional<int> KeyCode(std::string_view name) {
 
 std::optional<KeyPress> ParseKey(std::string_view name) {
   KeyPress press;
-  for (const auto& [prefix, shift] : kHeldKeys) {
-    if (!EqualsNoCase(name.substr(0, prefix.size()), prefix)) continue;
-    press.shift += shift;
-    name.remove_prefix(prefix.size());
+  for (auto held = kHeldKeys.begin(); held != kHeldKeys.end();) {
+    const auto& [prefix, shift] = *held;
+    const bool isHeld = (press.shift & shift) == 0 && EqualsNoCase(name.substr(0, prefix.size()), prefix);
+    if (isHeld) {
+      press.shift += shift;
+      name.remove_prefix(prefix.size());
+    }
+    held = isHeld ? kHeldKeys.begin() : held + 1;
   }
   const auto code = KeyCode(name);
   if (!code) return std::nullopt;

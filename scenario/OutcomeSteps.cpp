@@ -32,6 +32,16 @@ void ExpectForm(ScenarioWorld& world, const ScenarioStep& step) {
     MustBe(step.Text(2), step.Text(4), world.screen.IsModal(*form) ? "modal" : "modeless");
 }
 
+void ExpectWindow(ScenarioWorld& world, const ScenarioStep& step) {
+  MustBe("window with the keyboard", step.Text(2), world.driver->WindowWithKeyboard());
+}
+
+void ExpectPart(ScenarioWorld& world, const ScenarioStep& step) {
+  const std::optional<std::string> shown = world.driver->TextShown(step.Text(2));
+  if (!shown) throw ScenarioFailure("the window with the keyboard has no " + step.Text(2));
+  MustBe(step.Text(2), QuotedForScenario(step.Text(3)), QuotedForScenario(*shown));
+}
+
 void ExpectResult(ScenarioWorld& world, const ScenarioStep& step) {
   if (!world.viewResult) throw ScenarioFailure("no view has returned");
   MustBe("result of view", step.Text(2), *world.viewResult ? "true" : "false");
@@ -115,6 +125,8 @@ constexpr StepKind kKinds[] = {
     {"expect title TEXT", ExpectTitle},
     {"expect form NAME shown|hidden|unloaded", ExpectForm},
     {"expect form NAME shown modal|modeless", ExpectForm},
+    {"expect window NAME", ExpectWindow},
+    {"expect part NAME TEXT", ExpectPart},
     {"expect result true|false", ExpectResult},
     {"expect mode NUMBER", ExpectMode},
     {"expect cursor normal|hourglass", ExpectCursor},

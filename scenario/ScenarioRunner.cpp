@@ -111,15 +111,15 @@ void ScenarioRunner::CheckError(const ScenarioStep* step) {
   Fail("this step failed with the error " + QuotedForScenario(world_.hostError));
 }
 
-bool ScenarioRunner::NextOnlyChecks() const {
+bool ScenarioRunner::NextIsBeforeAnswer() const {
   const std::string& word = scenario_.steps[next_].Text(0);
-  return word == "expect" || word == "picture";
+  return word == "expect" || word == "picture" || word == "press";
 }
 
 const ScenarioStep* ScenarioRunner::TakeAnswer(const std::string& shown,
                                                std::initializer_list<std::string_view> words) {
   const std::size_t cause = current_;
-  while (HasNext() && NextOnlyChecks()) RunNext();
+  while (HasNext() && NextIsBeforeAnswer()) RunNext();
   if (!failure_.empty()) return nullptr;
   const ScenarioStep* const step = HasNext() ? &scenario_.steps[next_] : nullptr;
   if (step == nullptr || std::find(words.begin(), words.end(), step->Text(0)) == words.end()) {

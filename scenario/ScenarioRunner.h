@@ -38,12 +38,12 @@ class ScenarioRunner : private ScenarioUser {
   void CannotDo(const std::string& what) override;
 
   [[nodiscard]] bool HasNext() const { return failure_.empty() && next_ < scenario_.steps.size(); }
-  [[nodiscard]] bool NextOnlyChecks() const;
+  [[nodiscard]] bool NextIsBeforeAnswer() const;
   void RunNext();
   void RunStep(const ScenarioStep& step);
   void CheckError(const ScenarioStep* step);
-  /// Runs the steps that only check, then takes the one that answers what is shown: its first word is one of
-  /// `words`. nullptr when the next step is another, or the scenario has failed.
+  /// Runs the steps that only check or press keys, then takes the one that answers what is shown: its first
+  /// word is one of `words`. nullptr when the next step is another, or the scenario has failed.
   const ScenarioStep* TakeAnswer(const std::string& shown, std::initializer_list<std::string_view> words);
   Answer Compare(const ShownMessage& message);
   void Fail(const std::string& what);

@@ -92,6 +92,15 @@ class UiDriver {
   virtual bool Press(Control& control, KeyPress key) = 0;
   virtual void Close(Form& form) = 0;
 
+  /// Presses a key, or types a text, where the keyboard is: also in dialogs, popups and the manual. False
+  /// where nothing has the keyboard, and without windows.
+  virtual bool PressHere(KeyPress key) = 0;
+  virtual bool TypeHere(const std::string& text) = 0;
+  /// The object name of the window that has the keyboard; empty where none has it.
+  [[nodiscard]] virtual std::string WindowWithKeyboard() = 0;
+  /// What the widget of that object name shows in that window; no value where it has none.
+  [[nodiscard]] virtual std::optional<std::string> TextShown(const std::string& widget) = 0;
+
   /// The report that was opened last and is still open; nullptr when none is open.
   [[nodiscard]] virtual const ReportDocument* Report() = 0;
   /// Saves that report as a PDF file. False when that was not possible; without windows it never is.

@@ -24,6 +24,7 @@
 #include "desktop/fields/Fields.h"
 #include "desktop/fields/SelectorEdit.h"
 #include "desktop/grid/GridView.h"
+#include "desktop/toolkit/HelpKey.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/ShownNumber.h"
 #include "desktop/toolkit/WindowPlace.h"
@@ -148,9 +149,12 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
   auto* const back = new QAction(this);
   menu->addAction(back);
   Binding().Bind(form_.mnuRS, *back);
+  connect(menu->addAction(QStringLiteral("راهنمايي\tF1")), &QAction::triggered, this,
+          [this] { PressHelpKey(*this); });
   button->setMenu(menu);
   bar.addWidget(button);
-  connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, button, &QToolButton::showMenu);
+  connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, menu,
+          [button, menu] { menu->popup(button->mapToGlobal(button->rect().bottomLeft())); });
 }
 
 void InvCountingWindow::AddHeader(QBoxLayout& window) {

@@ -79,6 +79,7 @@ void ReportPreview::AddTools(QHBoxLayout& tools) {
   AddTool(tools, "smaller", QStringLiteral("كوچكتر"), QKeySequence::ZoomOut,
           [this] { view_->SetZoom(view_->Zoom() / kZoomStep); });
   zoom_ = new QLabel(this);
+  zoom_->setObjectName(QStringLiteral("zoom"));
   tools.addWidget(zoom_);
   AddTool(tools, "larger", QStringLiteral("بزرگتر"), QKeySequence::ZoomIn,
           [this] { view_->SetZoom(view_->Zoom() * kZoomStep); });

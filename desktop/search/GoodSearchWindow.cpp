@@ -18,6 +18,7 @@
 #include "desktop/fields/SelectorEdit.h"
 #include "desktop/search/CriteriaBox.h"
 #include "desktop/search/ShortcutMenu.h"
+#include "desktop/toolkit/HelpKey.h"
 #include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/WindowPlace.h"
 #include "search/Keys.h"
@@ -217,6 +218,7 @@ void GoodSearchWindow::AddMenu() {
        {&form_.txtTitle, &form_.txtCode, &form_.txtBarCode, &form_.txtMinPrice, &form_.txtMaxPrice}) {
     Binding().WidgetOf(*control)->setContextMenuPolicy(Qt::PreventContextMenu);  // the form's menu opens
   }
+  subscribed_.push_back(form_.mnuHelp.Click.Subscribe([this] { PressHelpKey(*menu_); }));
   subscribed_.push_back(form_.menu.PoppedUp.Subscribe([this](MenuPlace place) { PopUp(place); }));
 }
 

@@ -10,6 +10,7 @@
 #include "adapters/xlsx/XlsxStarter.h"
 #include "desktop/fields/SelectorRecords.h"
 #include "desktop/forms/DesktopScreen.h"
+#include "desktop/manual/Manual.h"
 #include "platform/ports/Components.h"
 #include "platform/ports/HostServices.h"
 #include "services/Messages.h"
@@ -18,8 +19,9 @@ namespace koru {
 
 /// What the component needs from the Qt program that embeds it: the windows of its forms, the suite's sibling
 /// components, databases by their connection text, the machine's clock and files, and workbooks. Workbooks
-/// are written to the user's documents folder and open in the program that the user has for them. Needs the
-/// application object, on which the host has called SetUpApplication, and is used on its thread alone.
+/// are written to the user's documents folder and open in the program that the user has for them. F1 opens
+/// the manual. Needs the application object, on which the host has called SetUpApplication, and is used on its
+/// thread alone.
 class DesktopSuite {
  public:
   /// All connections are made through `databases`. `dataFolder` has the report files (`reports`) that a suite
@@ -46,6 +48,8 @@ class DesktopSuite {
   XlsxStarter spreadsheets_;
   SelectorRecords records_{*databases_};
   DesktopScreen screen_;
+  Manual manual_{DataFolder() / "manual",
+                 [this](const std::string& sentence) { messages_.ShowMessage(sentences::kError, sentence); }};
 };
 
 }  // namespace koru

@@ -32,11 +32,16 @@ void AnswerIn(QWidget& dialog, ScenarioUser& user) {
   if (text != nullptr) message.text = FromQt(text->text());
   if (detail != nullptr) message.text += "\n" + FromQt(detail->toPlainText());
   message.type = yes == nullptr ? 0 : 1;
+  const QAbstractButton* byKey = nullptr;
+  for (QAbstractButton* const one : dialog.findChildren<QAbstractButton*>())
+    QObject::connect(one, &QAbstractButton::clicked, &dialog, [&byKey, one] { byKey = one; });
   const Answer answer = user.AnswerMessage(message);
   auto* button = dialog.findChild<QAbstractButton*>(QStringLiteral("ok"));
   if (yes != nullptr)
     button = answer == Answer::Yes ? yes : dialog.findChild<QAbstractButton*>(QStringLiteral("no"));
-  if (button == nullptr || answer == Answer::Closed) {
+  if (!dialog.isVisible()) {
+    if (yes != nullptr && byKey != button) user.CannotDo("answer that: the key gave the other answer");
+  } else if (button == nullptr || answer == Answer::Closed) {
     dialog.close();
   } else {
     ClickOn(*button);
@@ -54,8 +59,19 @@ bool TakeGood(GoodsPickerWindow& window, const QString& barcode) {
   return true;
 }
 
+/// The keys of the scenario have closed the picker.
+void CheckPicked(const GoodsPickerWindow& window, const std::vector<std::string>& barcodes,
+                 ScenarioUser& user) {
+  std::vector<std::string> picked;
+  if (window.result() == QDialog::Accepted) {
+    for (const PickedGood& good : window.Picked()) picked.push_back(good.barcode);
+  }
+  if (picked != barcodes) user.CannotDo("pick these goods: the keys picked others");
+}
+
 void PickIn(GoodsPickerWindow& window, ScenarioUser& user) {
   const std::vector<std::string> barcodes = user.PickGoods();
+  if (!window.isVisible()) return CheckPicked(window, barcodes, user);
   auto* const clear = window.findChild<QAbstractButton*>(QStringLiteral("clear"));
   const bool several = clear != nullptr;
   if (!several && barcodes.size() > 1) {
@@ -85,6 +101,7 @@ void UseIn(DocumentWindow& window, ScenarioUser& user,
   document.id = PartOf<QLabel>(window, "id").text().toInt();
   document.registered = !registration.isEnabled();
   if (user.UseDocument(document) == DocumentUse::Register) run([&] { ClickOn(registration); });
+  if (!window.isVisible()) return;  // closed by a key
   ClickOn(PartOf<QAbstractButton>(window, "close"));
 }
 

@@ -18,7 +18,7 @@ namespace {
 constexpr int kFirstFunctionKey = 112;
 constexpr int kLastFunctionKey = 135;
 
-constexpr std::array<std::pair<int, Qt::Key>, 14> kNamedKeys{{{8, Qt::Key_Backspace},
+constexpr std::array<std::pair<int, Qt::Key>, 16> kNamedKeys{{{8, Qt::Key_Backspace},
                                                               {9, Qt::Key_Tab},
                                                               {13, Qt::Key_Return},
                                                               {27, Qt::Key_Escape},
@@ -31,7 +31,9 @@ constexpr std::array<std::pair<int, Qt::Key>, 14> kNamedKeys{{{8, Qt::Key_Backsp
                                                               {39, Qt::Key_Right},
                                                               {40, Qt::Key_Down},
                                                               {45, Qt::Key_Insert},
-                                                              {46, Qt::Key_Delete}}};
+                                                              {46, Qt::Key_Delete},
+                                                              {107, Qt::Key_Plus},
+                                                              {109, Qt::Key_Minus}}};
 
 /// Sends the event to the window, as the window system does: the widget at that place receives it, and the
 /// focus.
@@ -77,8 +79,14 @@ void RightClickOn(QWidget& widget) {
   QCoreApplication::sendEvent(&widget, &event);
 }
 
+QWidget* WidgetWithKeyboard() {
+  QWidget* const popup = QApplication::activePopupWidget();
+  if (popup == nullptr) return QApplication::focusWidget();
+  return popup->focusWidget() == nullptr ? popup : popup->focusWidget();
+}
+
 void PressKey(int key, Qt::KeyboardModifiers held, const QString& text) {
-  const QPointer<QWidget> target(QApplication::focusWidget());
+  const QPointer<QWidget> target(WidgetWithKeyboard());
   if (target.isNull()) return;
   QKeyEvent override(QEvent::ShortcutOverride, key, held, text);
   QCoreApplication::sendEvent(target, &override);

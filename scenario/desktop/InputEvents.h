@@ -24,10 +24,14 @@ void DoubleClickOn(QWidget& widget, QPoint at);
 /// Requests the context menu in the middle of the widget, as the right button does.
 void RightClickOn(QWidget& widget);
 
-/// Presses a key in the widget with the focus.
+/// The widget that receives keys: in the popup that is open, otherwise the one with the focus; nullptr when
+/// there is none.
+[[nodiscard]] QWidget* WidgetWithKeyboard();
+
+/// Presses a key in the widget with the keyboard.
 void PressKey(int key, Qt::KeyboardModifiers held = Qt::NoModifier, const QString& text = {});
 void PressKey(KeyPress press);
-/// Types a text, character by character, into the widget with the focus; a line break is Enter.
+/// Types a text, character by character, into the widget with the keyboard; a line break is Enter.
 void TypeText(const QString& text);
 
 }  // namespace koru

@@ -17,27 +17,53 @@
 #include "scenario/desktop/DialogDriver.h"
 #include "scenario/desktop/InputEvents.h"
 #include "scenario/desktop/PreviewDriver.h"
+#include "scenario/desktop/ShownPart.h"
 #include "scenario/desktop/WidgetDriver.h"
 #include "scenario/desktop/WidgetState.h"
 
 namespace koru {
 namespace {
 
-/// The window that a user sees in front. When a dialog closes, some window systems activate no window.
+/// The manual if it has the keyboard: it can also be used while a dialog is open.
+QWidget* ManualInFront() {
+  QWidget* const active = QApplication::activeWindow();
+  return active != nullptr && active->objectName() == QLatin1String("manual") ? active : nullptr;
+}
+
+/// The window that a user sees in front, an open list or calendar also. When a dialog closes, some window
+/// systems activate no window.
 QWidget* WindowInFront() {
-  for (QWidget* const window : {QApplication::activeModalWidget(), QApplication::activeWindow()}) {
+  for (QWidget* const window : {QApplication::activePopupWidget(), ManualInFront(),
+                                QApplication::activeModalWidget(), QApplication::activeWindow()}) {
     if (window != nullptr) return window;
   }
+  if (QWidget* const preview = PreviewInFront()) return preview;
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     if (qobject_cast<FormWindow*>(window) != nullptr && window->isVisible()) return window;
   }
   return nullptr;
 }
 
+/// Activates the window in front, as a window manager does when another one closes, and returns the widget
+/// that receives keys; nullptr when no window is shown.
+QWidget* GiveKeyboard() {
+  QWidget* const window = WindowInFront();
+  if (window == nullptr || QApplication::activePopupWidget() != nullptr) return WidgetWithKeyboard();
+  window->activateWindow();
+  if (!WaitUntil([&] { return window->isActiveWindow(); })) return nullptr;
+  if (QApplication::focusWidget() == nullptr) window->setFocus();
+  return WidgetWithKeyboard();
+}
+
 }  // namespace
 
 WindowDriver::WindowDriver(ScenarioUser& user, DatabaseConnector& databases, std::filesystem::path pictures)
-    : user_(user), databases_(databases), records_(databases), pictures_(std::move(pictures)) {
+    : user_(user),
+      databases_(databases),
+      records_(databases),
+      pictures_(std::move(pictures)),
+      manual_(DataFolder() / "manual",
+              [this](const std::string& sentence) { user_.CannotDo("open the manual: " + sentence); }) {
   RegisterWindows(screen_, records_);
   // The platform's own dialogs do not receive our events.
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
@@ -95,7 +121,7 @@ void WindowDriver::UseWhatIsModal() {
   if (Form* const form = screen_.ModalFormOf(*modal)) {
     user_.UseModalForm(*form);
   } else if (auto* const files = qobject_cast<QFileDialog*>(modal)) {
-    NameFile(*files, saveAs_);
+    saveAs_.isEmpty() ? files->reject() : NameFile(*files, saveAs_);
   } else {
     UseDialog(*modal, user_, [this](const std::function<void()>& action) { Run(action); });
   }
@@ -221,6 +247,30 @@ void WindowDriver::Close(Form& form) {
   }
 }
 
+bool WindowDriver::PressHere(KeyPress key) {
+  return With(GiveKeyboard(), [&](QWidget&) {
+    PressKey(key);
+    return true;
+  });
+}
+
+bool WindowDriver::TypeHere(const std::string& text) {
+  return With(GiveKeyboard(), [&](QWidget&) {
+    TypeText(ToQt(text));
+    return true;
+  });
+}
+
+std::string WindowDriver::WindowWithKeyboard() {
+  const QWidget* const widget = GiveKeyboard();
+  return widget == nullptr ? std::string() : FromQt(widget->window()->objectName());
+}
+
+std::optional<std::string> WindowDriver::TextShown(const std::string& widget) {
+  const QWidget* const at = GiveKeyboard();
+  return at == nullptr ? std::nullopt : TextOfPart(*at->window(), widget);
+}
+
 const ReportDocument* WindowDriver::Report() {
   const ReportPreview* const preview = PreviewInFront();
   return preview == nullptr ? nullptr : &preview->Report();
@@ -230,6 +280,7 @@ bool WindowDriver::SaveReport(const std::filesystem::path& file) {
   saveAs_ = ToQt(TextOf(file));
   ReportPreview* const preview = PreviewInFront();
   if (preview != nullptr) Run([preview] { PressIn(*preview, Qt::Key_S, Qt::ControlModifier); });
+  saveAs_.clear();
   return preview != nullptr;
 }
 

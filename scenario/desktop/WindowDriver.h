@@ -7,6 +7,7 @@
 
 #include "desktop/fields/SelectorRecords.h"
 #include "desktop/forms/DesktopScreen.h"
+#include "desktop/manual/Manual.h"
 #include "scenario/UiDriver.h"
 
 namespace koru {
@@ -44,6 +45,11 @@ class WindowDriver : public QObject, public UiDriver {
   bool Press(Control& control, KeyPress key) override;
   void Close(Form& form) override;
 
+  bool PressHere(KeyPress key) override;
+  bool TypeHere(const std::string& text) override;
+  [[nodiscard]] std::string WindowWithKeyboard() override;
+  [[nodiscard]] std::optional<std::string> TextShown(const std::string& widget) override;
+
   [[nodiscard]] const ReportDocument* Report() override;
   bool SaveReport(const std::filesystem::path& file) override;
   bool CloseReport() override;
@@ -80,6 +86,7 @@ class WindowDriver : public QObject, public UiDriver {
   SelectorRecords records_;
   std::filesystem::path pictures_;
   ModalScreen screen_;
+  Manual manual_;
   std::vector<const QWidget*> used_;  ///< modal windows in use
   int depth_ = 0;                     ///< nested actions
   QString saveAs_;                    ///< for the next file dialog

@@ -202,6 +202,51 @@ TEST_F(HostWindowDrafts, That_are_damaged_are_reported_and_the_program_starts) {
   EXPECT_GT(Find<QTableView>(program->window, "flexTempDocs").model()->rowCount(), 0);
 }
 
+/// The window of that object name on the screen; nullptr when there is none.
+QWidget* WindowNamed(const char* name) {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == QLatin1String(name) && window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
+/// The keys that docs/fa/keys.html names for the list of countings.
+TEST_F(HostWindowTest, The_keys_of_the_manual_open_the_manual_a_new_counting_and_a_stored_one) {
+  const auto program = Start();
+  test::Open(program->window);
+  program->window.ReadDatabase();
+  test::Press(Qt::Key_F1);
+  ASSERT_NE(WindowNamed("manual"), nullptr);
+  WindowNamed("manual")->close();
+
+  program->window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window));
+  auto& number = Find<QLineEdit>(program->window, "number");
+  test::Press(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_TRUE(number.hasFocus());
+  test::Type("17");
+  test::Press(Qt::Key_Return);
+  ASSERT_NE(InvCountingWindow(), nullptr);
+  EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(), "17");
+  InvCountingWindow()->close();
+
+  program->window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window));
+  auto& list = Find<QTableView>(program->window, "flexTempDocs");
+  list.setFocus();
+  list.setCurrentIndex(list.model()->index(0, 1));
+  test::Press(Qt::Key_Return);
+  ASSERT_NE(InvCountingWindow(), nullptr);
+  EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(), "8");
+  InvCountingWindow()->close();
+
+  program->window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window));
+  test::Press(Qt::Key_N, Qt::ControlModifier);
+  ASSERT_TRUE(QTest::qWaitFor([] { return InvCountingWindow() != nullptr; }));  // the button is pressed a while
+  EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(), "");
+}
+
 TEST_F(HostWindowTest, The_wheel_signs_nobody_else_in) {
   const auto program = Start();
   program->window.ReadDatabase();

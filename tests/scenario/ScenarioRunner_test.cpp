@@ -81,6 +81,16 @@ TEST(ScenarioRun, A_control_that_cannot_be_used_fails_the_step) {
             "s.scenario:8: no loaded form has a control cmdNone");
 }
 
+TEST(ScenarioRun, A_key_where_the_keyboard_is_needs_windows) {
+  const std::string nothing = "nothing has the keyboard; without windows (--desktop), nothing ever has";
+  EXPECT_EQ(FailureOf(kCompany + kRights + "clearshow\npress F1\n"), "s.scenario:8: " + nothing);
+  EXPECT_EQ(FailureOf(kCompany + kRights + "clearshow\npress \"1\"\n"), "s.scenario:8: " + nothing);
+  EXPECT_EQ(FailureOf(kCompany + kRights + "clearshow\nexpect window manual\n"),
+            "s.scenario:8: window with the keyboard: expected manual, found ");
+  EXPECT_EQ(FailureOf(kCompany + kRights + "clearshow\nexpect part page \"index.html\"\n"),
+            "s.scenario:8: the window with the keyboard has no page");
+}
+
 TEST(ScenarioRun, A_modal_form_is_used_from_inside_the_call_that_showed_it) {
   EXPECT_EQ(FailureOf(kCompany + kRights +
                       "sql \"insert into tblInventoryCounting(ID,InventoryID,CreatorID) values(5,1,1)\"\n"

@@ -1,0 +1,162 @@
+#include "desktop/manual/ManualWindow.h"
+
+#include <QDesktopServices>
+#include <QHBoxLayout>
+#include <QImage>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QResizeEvent>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "desktop/fields/Fields.h"
+#include "desktop/toolkit/WindowPlace.h"
+
+// The widgets belong to their window, as the toolkit's widgets do.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
+namespace koru {
+namespace {
+
+constexpr QSize kDefaultSize(980, 720);
+constexpr int kPageMargin = 24;
+
+/// The page as the toolkit shows it well. The cells of each table row are in the opposite order, since tables
+/// begin at the left also on a page from right to left. A heading with an anchor begins with a mark, since
+/// the letter that has the anchor is not joined to the next one.
+QString ForToolkit(QString html) {
+  static const QRegularExpression heading(QStringLiteral("(<h2 id=\"[^\"]*\">)"));
+  html.replace(heading, QStringLiteral("\\1\u200F"));
+  static const QRegularExpression row(QStringLiteral("<tr>(.*?)</tr>"),
+                                      QRegularExpression::DotMatchesEverythingOption);
+  static const QRegularExpression cell(QStringLiteral("<t([dh])[ >].*?</t\\1>"),
+                                       QRegularExpression::DotMatchesEverythingOption);
+  QString mirrored;
+  qsizetype end = 0;
+  for (const QRegularExpressionMatch& found : row.globalMatch(html)) {
+    mirrored += html.mid(end, found.capturedStart(1) - end);
+    QString cells;
+    for (const QRegularExpressionMatch& one : cell.globalMatch(found.captured(1)))
+      cells.prepend(one.captured());
+    mirrored += cells;
+    end = found.capturedEnd(1);
+  }
+  return mirrored + html.mid(end);
+}
+
+}  // namespace
+
+ManualPage::ManualPage(QWidget* parent) : QTextBrowser(parent) {
+  setObjectName(QStringLiteral("page"));
+  setOpenExternalLinks(true);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // the width does not depend on the page's length
+  document()->setDocumentMargin(kPageMargin);
+}
+
+QVariant ManualPage::loadResource(int type, const QUrl& name) {
+  const QVariant resource = QTextBrowser::loadResource(type, name);
+  if (type == QTextDocument::HtmlResource) return ForToolkit(QString::fromUtf8(resource.toByteArray()));
+  if (type != QTextDocument::ImageResource) return resource;
+  QImage picture;
+  if (!picture.loadFromData(resource.toByteArray())) return resource;
+  scaledTo_ = viewport()->width();
+  const int width = scaledTo_ - 2 * kPageMargin;
+  return picture.width() > width ? picture.scaledToWidth(width, Qt::SmoothTransformation) : picture;
+}
+
+void ManualPage::resizeEvent(QResizeEvent* event) {
+  QTextBrowser::resizeEvent(event);
+  if (scaledTo_ == 0 || scaledTo_ == viewport()->width()) return;
+  const double place = verticalScrollBar()->value() / static_cast<double>(verticalScrollBar()->maximum() + 1);
+  scaledTo_ = 0;  // a page without pictures is not read again
+  reload();
+  verticalScrollBar()->setValue(qRound(place * (verticalScrollBar()->maximum() + 1)));
+}
+
+ManualWindow::ManualWindow(const QString& folder, QWidget* parent)
+    : QWidget(parent, Qt::Window), folder_(folder) {
+  setObjectName(QStringLiteral("manual"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setAttribute(Qt::WA_QuitOnClose, false);
+  auto* const all = new QVBoxLayout(this);
+  all->setContentsMargins(0, 0, 0, 0);
+  all->setSpacing(0);
+  page_ = new ManualPage(this);
+  AddTools(*all);
+  all->addWidget(page_, 1);
+  connect(page_, &QTextBrowser::sourceChanged, this,
+          [this] { setWindowTitle(QStringLiteral("راهنماي شمارش انبار - ") + page_->documentTitle()); });
+  resize(FirstSize(kDefaultSize));
+}
+
+QToolButton* ManualWindow::AddTool(QBoxLayout& tools, const char* name, const QString& caption,
+                                   const QKeySequence& key) {
+  auto* const button = new QToolButton(this);
+  button->setObjectName(QLatin1String(name));
+  button->setText(caption);
+  button->setToolTip(key.isEmpty() ? caption : WithKeys(caption, key.toString()));
+  button->setFocusPolicy(Qt::TabFocus);
+  if (!key.isEmpty()) connect(new QShortcut(key, this), &QShortcut::activated, button, &QToolButton::click);
+  tools.addWidget(button);
+  return button;
+}
+
+void ManualWindow::AddTools(QBoxLayout& window) {
+  auto* const tools = new QHBoxLayout;
+  tools->setContentsMargins(8, 6, 8, 6);
+  tools->setSpacing(6);
+  window.addLayout(tools);
+  connect(AddTool(*tools, "contents", QStringLiteral("فهرست"), Qt::ALT | Qt::Key_Home), &QToolButton::clicked,
+          this, [this] { Show(QStringLiteral("index.html")); });
+  QToolButton* const back = AddTool(*tools, "back", QStringLiteral("بازگشت"), Qt::ALT | Qt::Key_Left);
+  connect(back, &QToolButton::clicked, page_, &QTextBrowser::backward);
+  connect(page_, &QTextBrowser::backwardAvailable, back, &QToolButton::setEnabled);
+  back->setEnabled(false);
+  connect(AddTool(*tools, "keys", QStringLiteral("برگة كليدها"), {}), &QToolButton::clicked, this,
+          [this] { Show(QStringLiteral("keys.html")); });
+  connect(AddTool(*tools, "browser", QStringLiteral("باز كردن در مرورگر"), {}), &QToolButton::clicked, this,
+          [this] { QDesktopServices::openUrl(page_->source()); });
+  tools->addStretch();
+  searched_ = new QLineEdit(this);
+  searched_->setObjectName(QStringLiteral("searched"));
+  searched_->setPlaceholderText(QStringLiteral("جستجو در اين صفحه"));
+  searched_->setToolTip(WithKeys(QStringLiteral("جستجو در اين صفحه"), QStringLiteral("Ctrl+F")));
+  searched_->setClearButtonEnabled(true);
+  connect(searched_, &QLineEdit::returnPressed, this, &ManualWindow::FindNext);
+  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, searched_, [this] {
+    searched_->setFocus();
+    searched_->selectAll();
+  });
+  tools->addWidget(searched_);
+  tools->addStretch();
+  connect(AddTool(*tools, "close", QStringLiteral("بستن"), Qt::Key_Escape), &QToolButton::clicked, this,
+          &QWidget::close);
+}
+
+void ManualWindow::Show(const QString& page) {
+  QUrl url = QUrl::fromLocalFile(folder_ + QLatin1Char('/') + page.section(QLatin1Char('#'), 0, 0));
+  if (page.contains(QLatin1Char('#'))) url.setFragment(page.section(QLatin1Char('#'), 1));
+  page_->setSource(url);
+  show();
+  raise();
+  activateWindow();
+  page_->setFocus();
+}
+
+void ManualWindow::Find(const QString& text) {
+  const QTextCursor found = page_->document()->find(text);
+  if (found.isNull()) return;
+  page_->setTextCursor(found);
+  page_->ensureCursorVisible();
+}
+
+/// Continues at the beginning of the page after its last place.
+void ManualWindow::FindNext() {
+  if (searched_->text().isEmpty() || page_->find(searched_->text())) return;
+  page_->moveCursor(QTextCursor::Start);
+  page_->find(searched_->text());
+}
+
+}  // namespace koru
+// NOLINTEND(cppcoreguidelines-owning-memory)
