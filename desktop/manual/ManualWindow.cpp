@@ -23,11 +23,17 @@ constexpr QSize kDefaultSize(980, 720);
 constexpr int kPageMargin = 24;
 
 /// The page as the toolkit shows it well. The cells of each table row are in the opposite order, since tables
-/// begin at the left also on a page from right to left. A heading with an anchor begins with a mark, since
-/// the letter that has the anchor is not joined to the next one.
+/// begin at the left also on a page from right to left. Direction marks surround keys and code, which the
+/// toolkit does not isolate from the text ("--size"). A heading with an anchor begins with a mark, since the
+/// letter that has the anchor is not joined to the next one.
 QString ForToolkit(QString html) {
   static const QRegularExpression heading(QStringLiteral("(<h2 id=\"[^\"]*\">)"));
   html.replace(heading, QStringLiteral("\\1\u200F"));
+  for (const char* const element : {"kbd", "code"}) {
+    const QString name = QLatin1String(element);
+    html.replace(QStringLiteral("<%1>").arg(name), QStringLiteral("\u200F<%1>\u200E").arg(name));
+    html.replace(QStringLiteral("</%1>").arg(name), QStringLiteral("\u200E</%1>\u200F").arg(name));
+  }
   static const QRegularExpression row(QStringLiteral("<tr>(.*?)</tr>"),
                                       QRegularExpression::DotMatchesEverythingOption);
   static const QRegularExpression cell(QStringLiteral("<t([dh])[ >].*?</t\\1>"),

@@ -21,7 +21,6 @@ void Replace(std::string& text, const std::string& old, const std::string& by) {
 
 /// A key of the manual as a scenario names it.
 std::string InScenario(std::string key) {
-  Replace(key, "\u200E", "");
   Replace(key, "Esc", "Escape");
   Replace(key, "Page ", "Page");
   Replace(key, "++", "+Plus");

@@ -64,6 +64,14 @@ TEST_F(ManualWindowTest, The_first_letter_of_a_heading_with_an_anchor_is_joined_
   EXPECT_EQ(anchor.text(), QStringLiteral("\u200F")) << "a format of its own splits what is joined";
 }
 
+TEST_F(ManualWindowTest, Keys_and_code_keep_their_order_in_a_sentence) {
+  Write("a.html", "<p>با <code>--size</code> و <kbd>Ctrl++</kbd>، <kbd>F1</kbd></p>");
+  Open("a.html");
+  EXPECT_EQ(Page().document()->lastBlock().text(),
+            QStringLiteral("با \u200F\u200E--size\u200E\u200F و \u200F\u200ECtrl++\u200E\u200F، "
+                           "\u200F\u200EF1\u200E\u200F"));
+}
+
 TEST_F(ManualWindowTest, A_picture_is_as_wide_as_the_page_at_most_and_follows_the_window) {
   QImage(1400, 400, QImage::Format_RGB32).save(ToQt((folder_.Path() / "wide.png").string()));
   Write("a.html", "<p><img src=\"wide.png\"></p>");
