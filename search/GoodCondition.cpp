@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/text/Text.h"
+#include "platform/text/TypedNumber.h"
 #include "search/PickedList.h"
-#include "search/TypedNumber.h"
 #include "services/FixQuote.h"
 
 namespace koru {

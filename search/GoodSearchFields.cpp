@@ -1,8 +1,9 @@
 #include "search/GoodSearchFields.h"
 
+#include "platform/text/Numbers.h"
 #include "platform/text/Text.h"
+#include "platform/text/TypedNumber.h"
 #include "search/Keys.h"
-#include "search/TypedNumber.h"
 
 namespace koru {
 namespace {

@@ -1,7 +1,7 @@
 #include "search/InvSearchQuery.h"
 
 #include "platform/text/Text.h"
-#include "search/TypedNumber.h"
+#include "platform/text/TypedNumber.h"
 
 namespace koru {
 

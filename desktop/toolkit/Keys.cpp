@@ -4,12 +4,14 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QStringView>
+#include <QValidator>
 #include <algorithm>
 #include <array>
 #include <utility>
 
 #include "desktop/toolkit/QtText.h"
 #include "platform/text/Text.h"
+#include "platform/text/TypedNumber.h"
 
 namespace koru {
 namespace {
@@ -52,12 +54,36 @@ int VirtualKey(int key) {
   return place < 0 ? 0 : kLatinKeys.at(place).unicode();
 }
 
-/// Keeps the separators: while a number is being typed, its groups are not complete.
-QString DigitsTyped(const QString& text) {
+/// The first of several lines or columns.
+QString FirstLine(const QString& text) {
   const auto* const end =
       std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\n' || c == u'\r' || c == u'\t'; });
-  return ToQt(LatinDigits(FromQt(text.left(end - text.begin()))));
+  return text.left(end - text.begin());
 }
+
+/// Keeps the separators: while a number is being typed, its groups are not complete.
+QString DigitsTyped(const QString& text) { return ToQt(LatinDigits(FromQt(FirstLine(text)))); }
+
+bool IsPartOfNumbers(const QString& text) {
+  const std::u32string characters = text.toStdU32String();
+  return std::all_of(characters.begin(), characters.end(), IsPartOfNumber);
+}
+
+class NumberValidator : public QValidator {
+ public:
+  using QValidator::QValidator;
+
+  State validate(QString& text, int& at) const override {
+    const QString latin = DigitsTyped(text).trimmed();
+    // A stored number in exponent form has a letter.
+    if (!IsPartOfNumbers(latin) && !IsTypedNumber(FromQt(latin))) return Invalid;
+    if (latin != text) {
+      text = latin;
+      at = std::min(at, static_cast<int>(text.size()));
+    }
+    return Acceptable;
+  }
+};
 
 }  // namespace
 
@@ -68,8 +94,12 @@ KeyPress PressOf(const QKeyEvent& event) {
   return {VirtualKey(event.key()), shift};
 }
 
-QString NumberTyped(const QString& text) {
-  return ToQt(WithoutGroups(FromQt(DigitsTyped(text)), U",\u060C\u066C"));
+QString NumberTyped(const QString& text) { return ToQt(TypedNumberText(FromQt(FirstLine(text)))); }
+
+bool IsNumberKey(const QKeyEvent& key) { return IsPartOfNumbers(key.text()); }
+
+void AcceptOnlyNumbers(QLineEdit& edit) {
+  edit.setValidator(new NumberValidator(&edit));  // NOLINT(cppcoreguidelines-owning-memory)
 }
 
 void KeepDigitsLatin(QLineEdit& edit) {

@@ -37,6 +37,19 @@ std::size_t NumberLength(std::string_view text) {
   return at;
 }
 
+/// Where in a text Val reads a number, after the blanks and the sign before it.
+struct NumberPlace {
+  std::size_t begin = 0;
+  std::size_t length = 0;  ///< 0: there is no number
+};
+
+NumberPlace PlaceOfNumber(std::string_view text) {
+  std::size_t begin = text.find_first_not_of(" \t");
+  if (begin == std::string_view::npos) return {};
+  if (text[begin] == '-' || text[begin] == '+') ++begin;
+  return {begin, NumberLength(text.substr(begin))};
+}
+
 /// Whether an unrepresentable number is too small rather than too large.
 bool IsTiny(std::string_view number) {
   const std::size_t e = number.find_first_of("eE");
@@ -104,19 +117,22 @@ std::string PlainText(const Decimal& decimal) {
 }  // namespace
 
 double Val(std::string_view text) {
-  const std::size_t start = text.find_first_not_of(" \t");
-  if (start == std::string_view::npos) return 0;
-  text.remove_prefix(start);
-  const bool negative = text.front() == '-';
-  if (negative || text.front() == '+') text.remove_prefix(1);
-  const std::size_t length = NumberLength(text);
-  if (length == 0) return 0;
+  const NumberPlace place = PlaceOfNumber(text);
+  if (place.length == 0) return 0;
+  const bool negative = place.begin > 0 && text[place.begin - 1] == '-';
+  text.remove_prefix(place.begin);
+  const std::size_t length = place.length;
   double number = 0;
   const auto result = std::from_chars(text.data(), text.data() + length, number);
   if (result.ec == std::errc::result_out_of_range) {
     number = IsTiny(text.substr(0, length)) ? 0 : std::numeric_limits<double>::max();
   }
   return negative && number != 0 ? -number : number;
+}
+
+std::size_t NumberPrefix(std::string_view text) {
+  const NumberPlace place = PlaceOfNumber(text);
+  return place.length == 0 ? 0 : place.begin + place.length;
 }
 
 std::string NumberText(double number) {

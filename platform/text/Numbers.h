@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,10 @@ namespace koru {
 /// an exponent are read up to the first other character. A text without a number gives 0. The result is
 /// finite (a larger number gives the largest double); hexadecimal is not read.
 [[nodiscard]] double Val(std::string_view text);
+
+/// The length in bytes of the part of `text` that Val reads as a number, with the blanks and the sign before
+/// it; 0 if Val reads none.
+[[nodiscard]] std::size_t NumberPrefix(std::string_view text);
 
 /// The default text of a number: up to 15 significant digits, a point, no grouping. Exponent form ("1E+15",
 /// "1.5E-16") from 1E+15 on, and below 0.0001 where more than 15 decimals would be needed. Zero is "0", never

@@ -41,7 +41,10 @@ TEST_F(GoodSearchFields, Prices_and_quantities_become_plain_numbers_when_they_ar
     EXPECT_EQ(Left(*box, "abc"), "0");
     EXPECT_EQ(Left(*box, "  1500 "), "1500");
     EXPECT_EQ(Left(*box, "02.50"), "2.5");
-    EXPECT_EQ(Left(*box, "۱۲٫۵"), "12.5");
+    for (const char* const typed : {"۱۲٫۵", "12/5", "۱۲/۵"}) EXPECT_EQ(Left(*box, typed), "12.5") << typed;
+    for (const char* const typed : {"1,500,000", "۱٬۵۰۰٬۰۰۰", "۱،۵۰۰،۰۰۰"}) {
+      EXPECT_EQ(Left(*box, typed), "1500000") << typed;
+    }
     EXPECT_EQ(Left(*box, ""), "");
   }
 }
