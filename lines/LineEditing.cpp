@@ -9,8 +9,6 @@
 namespace koru {
 namespace {
 
-constexpr double kMaxQuantityWithoutWarning = 1e9;
-
 /// The messages about a number out of range.
 struct RangeMessages {
   const char* tooMuch;
@@ -27,18 +25,32 @@ const RangeMessages* MessagesOf(int col) {
   return col == LineColumn::Rate ? &kRate : nullptr;
 }
 
+/// Barcodes are texts, also those of digits alone.
+SortMode ModeOf(const SortRequest& request) {
+  const bool down = request.order == RowOrder::Descending;
+  if (request.col == LineColumn::Barcode) {
+    return down ? SortMode::TextNoCaseDescending : SortMode::TextNoCaseAscending;
+  }
+  return down ? SortMode::GenericDescending : SortMode::GenericAscending;
+}
+
 }  // namespace
 
 LineEditing::LineEditing(InvCountingControls& controls, SharedState& shared, CountingLines& lines)
     : flexDetail_(controls.flexDetail), shared_(shared), lines_(lines) {
   subscriptions_.push_back(flexDetail_.ValidateEdit.Subscribe([this] { ValidateEdit(); }));
   subscriptions_.push_back(flexDetail_.CellChanged.Subscribe([this] { CellChanged(); }));
-  subscriptions_.push_back(flexDetail_.BatchEdited.Subscribe([this] { lines_.UpdateTotalQty(); }));
+  subscriptions_.push_back(flexDetail_.BatchEdited.Subscribe([this] {
+    warnedInBatch_.clear();
+    lines_.UpdateTotalQty();
+  }));
   subscriptions_.push_back(flexDetail_.RowDeleting.Subscribe([this] { RowDeleting(); }));
   subscriptions_.push_back(flexDetail_.RowDeleted.Subscribe([this] { RowDeleted(); }));
   subscriptions_.push_back(flexDetail_.RowChange.Subscribe([this] { RemoveEmptyRow(); }));
   subscriptions_.push_back(flexDetail_.LeaveGrid.Subscribe([this] { RemoveEmptyRow(); }));
-  subscriptions_.push_back(flexDetail_.HeaderClick.Subscribe([this](int col) { SortBy(col); }));
+  subscriptions_.push_back(flexDetail_.HeaderClick.Subscribe([this](int col) { SortBy({col}); }));
+  subscriptions_.push_back(
+      flexDetail_.SortWanted.Subscribe([this](const SortRequest& request) { SortBy(request); }));
 }
 
 void LineEditing::CalculateRow(int row) {
@@ -71,13 +83,17 @@ void LineEditing::ValidateEdit() {
   if (messages == nullptr) return;
   const std::string typed = flexDetail_.EditText();
   // A large number gets a warning alone, since a count can really be that large; a negative one is refused.
-  if (Val(typed) > kMaxQuantityWithoutWarning)
-    shared_.messages.ShowMessage(sentences::kError, messages->tooMuch);
+  if (Val(typed) > kMaxQuantityWithoutWarning) Warn(messages->tooMuch);
   if (!Trim(typed).empty()) flexDetail_.SetEditText(NumberText(Val(typed)));
   if (Val(flexDetail_.EditText()) < 0) {
-    shared_.messages.ShowMessage(sentences::kError, messages->tooLittle);
+    Warn(messages->tooLittle);
     flexDetail_.SetEditAccepted(false);
   }
+}
+
+void LineEditing::Warn(const char* message) {
+  if (flexDetail_.InBatchEdit() && !warnedInBatch_.insert(message).second) return;
+  shared_.messages.ShowMessage(sentences::kError, message);
 }
 
 void LineEditing::CellChanged() {
@@ -112,11 +128,14 @@ void LineEditing::RemoveEmptyRow() {
   RowDeleted();
 }
 
-void LineEditing::SortBy(int col) {
-  if (col < 0 || col >= flexDetail_.Cols()) return;
-  flexDetail_.SetCurrent(flexDetail_.Row(), col);
-  flexDetail_.Sort(col,
-                   col == LineColumn::Barcode ? SortMode::TextNoCaseAscending : SortMode::GenericAscending);
+void LineEditing::SortBy(const SortRequest& request) {
+  if (request.col < 0 || request.col >= flexDetail_.Cols()) return;
+  flexDetail_.SetCurrent(flexDetail_.Row(), request.col);
+  if (request.order == RowOrder::Entry) {
+    flexDetail_.SortByEntry();
+  } else {
+    flexDetail_.Sort(request.col, ModeOf(request));
+  }
   lines_.RefreshRows();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+#include <string_view>
 #include <vector>
 
 #include "counting/controls/InvCountingControls.h"
@@ -7,6 +9,9 @@
 #include "services/SharedState.h"
 
 namespace koru {
+
+/// A larger figure is stored, but the user is warned.
+inline constexpr double kMaxQuantityWithoutWarning = 1e9;
 
 /// What happens while a user works in the line grid: typed figures are tested and normalised, a line's
 /// shortage, surplus and amounts are derived, the user confirms before a line is removed, lines without a
@@ -30,16 +35,18 @@ class LineEditing {
 
  private:
   void ValidateEdit();
+  void Warn(const char* message);
   void CellChanged();
   void RowDeleting();
   void RowDeleted();
   void RemoveEmptyRow();
-  void SortBy(int col);
+  void SortBy(const SortRequest& request);
 
   Grid& flexDetail_;
   SharedState& shared_;
   CountingLines& lines_;
   bool emptyRowRemovalSuspended_ = false;
+  std::set<std::string_view> warnedInBatch_;  ///< a batch shows each message once
   std::vector<Subscription> subscriptions_;
 };
 

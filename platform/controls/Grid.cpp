@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <numeric>
 #include <stdexcept>
 #include <utility>
 
@@ -98,10 +99,12 @@ void Grid::Append(std::span<GridRow> rows, std::uint32_t color) {
   const std::size_t needed = rows_.size() + rows.size();
   if (rows_.capacity() < needed) rows_.reserve(std::max(needed, 2 * rows_.capacity()));
   if (colors_.capacity() < needed) colors_.reserve(rows_.capacity());
+  if (entries_.capacity() < needed) entries_.reserve(rows_.capacity());
   const int first = Rows();
   const auto append = [&]() noexcept {
     rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
     colors_.resize(rows_.size(), color);
+    while (entries_.size() < rows_.size()) entries_.push_back(++lastEntry_);
     sortedCol_ = -1;
   };
   if (redraw_) {
@@ -122,6 +125,7 @@ void Grid::Remove(int first, int last) {
   const auto remove = [&]() noexcept {
     rows_.erase(rows_.begin() + first, rows_.begin() + last + 1);
     colors_.erase(colors_.begin() + first, colors_.begin() + last + 1);
+    entries_.erase(entries_.begin() + first, entries_.begin() + last + 1);
     row_ = std::min(row_, Rows() - 1);
     sortedCol_ = -1;
   };
@@ -142,9 +146,35 @@ void Grid::SetCurrent(int row, int col) {
 }
 
 void Grid::Sort(int col, SortMode mode) {
-  SortRows(rows_, static_cast<std::size_t>(col), mode);
+  const std::vector<std::size_t> order = SortRows(rows_, static_cast<std::size_t>(col), mode);
   sortedCol_ = col;
+  sortedDescending_ = mode == SortMode::GenericDescending || mode == SortMode::TextNoCaseDescending;
+  FollowOrder(order);
+}
+
+void Grid::SortByEntry() {
+  std::vector<std::size_t> order(rows_.size());
+  std::iota(order.begin(), order.end(), 0U);
+  std::sort(order.begin(), order.end(),
+            [this](std::size_t a, std::size_t b) { return entries_[a] < entries_[b]; });
+  ReorderRows(rows_, order);
+  sortedCol_ = -1;
+  FollowOrder(order);
+}
+
+void Grid::KeepOrder() { std::sort(entries_.begin(), entries_.end()); }
+
+/// The rows have been reordered: row i is the one that had the index order[i].
+void Grid::FollowOrder(const std::vector<std::size_t>& order) {
+  std::vector<std::uint32_t> entries;
+  entries.reserve(order.size());
+  for (const std::size_t row : order) entries.push_back(entries_[row]);
+  entries_ = std::move(entries);
+  const int before = row_;
+  const auto at = std::find(order.begin(), order.end(), static_cast<std::size_t>(row_));
+  row_ = static_cast<int>(at - order.begin());
   ReportTexts({GridChange::Kind::AllTexts});
+  if (row_ != before) CurrentChanged.Raise();
 }
 
 void Grid::SetSortedCol(int col) {
@@ -240,6 +270,15 @@ bool Grid::UserClickHeader(int col) {
   RunEvent([&] {
     Parent().SetFocus(*this);
     HeaderClick.Raise(col);
+  });
+  return true;
+}
+
+bool Grid::UserSort(const SortRequest& request) {
+  if (!Reachable() || request.col < 0 || request.col >= cols_) return false;
+  RunEvent([&] {
+    Parent().SetFocus(*this);
+    SortWanted.Raise(request);
   });
   return true;
 }

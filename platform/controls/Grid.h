@@ -12,8 +12,17 @@
 namespace koru {
 
 enum class SortMode {
-  GenericAscending,    ///< numbers as numbers and before texts, texts as texts
-  TextNoCaseAscending  ///< as texts, regardless of case
+  GenericAscending,     ///< numbers as numbers and before texts, texts as texts
+  TextNoCaseAscending,  ///< as texts, regardless of case
+  GenericDescending,    ///< numbers from the largest, then texts from the last, then empty cells
+  TextNoCaseDescending
+};
+
+/// The order that a user asks for in the menu of a title.
+enum class RowOrder { Ascending, Descending, Entry };
+struct SortRequest {
+  int col = 0;
+  RowOrder order = RowOrder::Ascending;
 };
 
 /// What changes in a grid's rows; rows are counted from 0, the header row included.
@@ -91,13 +100,19 @@ class Grid : public Control {
   void SetCurrent(int row, int col);
 
   /// Sorts the rows below the header by one column; rows that compare equal keep their order. Background
-  /// colours keep their places, so that stripes remain stripes.
+  /// colours keep their places, so that stripes remain stripes. The current row stays current at its new
+  /// place.
   void Sort(int col, SortMode mode);
+  /// Brings back the order in which the rows were appended, or which KeepOrder has kept since.
+  void SortByEntry();
+  /// Makes the present order the order of entry.
+  void KeepOrder();
   /// The column that the rows were last sorted by; -1 if they never were, or rows were added or removed
   /// since.
   [[nodiscard]] int SortedCol() const { return sortedCol_; }
   /// Marks the rows as sorted by that column without moving them: rows that come back as they were.
   void SetSortedCol(int col);
+  [[nodiscard]] bool IsSortedDescending() const { return sortedDescending_; }
 
   /// Background colours, 0x00BBGGRR.
   [[nodiscard]] std::uint32_t BackColor() const { return backColor_; }
@@ -123,6 +138,8 @@ class Grid : public Control {
   /// Moves the focus to another control.
   void UserLeave();
   bool UserClickHeader(int col);
+  /// Asks for an order of the rows in the menu of a title.
+  bool UserSort(const SortRequest& request);
   /// A single and a double click on a cell below the header; the cell becomes the current one.
   bool UserClick(int row, int col);
   bool UserDoubleClick(int row, int col);
@@ -147,6 +164,7 @@ class Grid : public Control {
   Event<> RowChange;
   Event<> LeaveGrid;
   Event<int> HeaderClick;
+  Event<const SortRequest&> SortWanted;
   Event<> Click;
   Event<> DblClick;
 
@@ -169,16 +187,20 @@ class Grid : public Control {
   template <class Change>
   void ChangeRows(const GridChange& reported, const Change& change);
   void ReportTexts(const GridChange& change);
+  void FollowOrder(const std::vector<std::size_t>& order);
 
   std::vector<Column> columns_;
   std::vector<GridRow> rows_ = std::vector<GridRow>(1);
   std::vector<std::uint32_t> colors_{kWhite};  ///< the background of each row
+  std::vector<std::uint32_t> entries_{0};      ///< the place of each row in the order of entry
+  std::uint32_t lastEntry_ = 0;
   std::string editMask_;
   std::string editText_;
   int cols_ = 0;
   int row_ = 0;
   int col_ = 0;
   int sortedCol_ = -1;
+  bool sortedDescending_ = false;
   std::uint32_t backColor_ = kWhite;
   bool locked_ = false;
   bool redraw_ = true;

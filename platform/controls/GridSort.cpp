@@ -17,6 +17,10 @@
 namespace koru {
 namespace {
 
+bool IsDescending(SortMode mode) {
+  return mode == SortMode::GenericDescending || mode == SortMode::TextNoCaseDescending;
+}
+
 /// The text as a number; none if it is empty or contains anything else.
 std::optional<double> WholeNumber(std::string_view text) {
   text = Trim(text);
@@ -32,11 +36,13 @@ std::optional<double> WholeNumber(std::string_view text) {
 /// concatenated, so that sorting moves only a few integers for each row.
 class SortKeys {
  public:
-  SortKeys(const std::vector<GridRow>& rows, std::size_t col, SortMode mode) {
+  SortKeys(const std::vector<GridRow>& rows, std::size_t col, SortMode mode)
+      : descending_(IsDescending(mode)) {
     numbers_.reserve(rows.size());
     for (std::size_t row = 1; row < rows.size(); ++row) {
       const std::string_view text = rows[row].Text(col);
-      const auto number = mode == SortMode::GenericAscending ? WholeNumber(text) : std::optional<double>();
+      const bool generic = mode == SortMode::GenericAscending || mode == SortMode::GenericDescending;
+      const auto number = generic ? WholeNumber(text) : std::optional<double>();
       if (number) {
         numbers_.push_back({*number, row});
       } else {
@@ -45,15 +51,17 @@ class SortKeys {
     }
   }
 
-  /// The row indexes in sorted order: numbers before texts, equal ones in their previous order.
+  /// The row indexes in sorted order: the header's, then numbers before texts, equal ones in their previous
+  /// order. Empty texts are the last in descending order.
   std::vector<std::size_t> Sorted() {
-    std::stable_sort(numbers_.begin(), numbers_.end(),
-                     [](const Number& a, const Number& b) { return a.value < b.value; });
-    std::stable_sort(texts_.begin(), texts_.end(), [this](const Text& a, const Text& b) {
-      return a.lead != b.lead ? a.lead < b.lead : CharactersOf(a) < CharactersOf(b);
+    std::stable_sort(numbers_.begin(), numbers_.end(), [this](const Number& a, const Number& b) {
+      return descending_ ? b.value < a.value : a.value < b.value;
     });
-    std::vector<std::size_t> rows;
-    rows.reserve(numbers_.size() + texts_.size());
+    std::stable_sort(texts_.begin(), texts_.end(), [this](const Text& a, const Text& b) {
+      return descending_ ? IsBefore(b, a) : IsBefore(a, b);
+    });
+    std::vector<std::size_t> rows{0};
+    rows.reserve(1 + numbers_.size() + texts_.size());
     for (const Number& number : numbers_) rows.push_back(number.row);
     for (const Text& text : texts_) rows.push_back(text.row);
     return rows;
@@ -81,10 +89,14 @@ class SortKeys {
     }
     texts_.push_back({lead, begin, key.size(), row});
   }
+  [[nodiscard]] bool IsBefore(const Text& a, const Text& b) const {
+    return a.lead != b.lead ? a.lead < b.lead : CharactersOf(a) < CharactersOf(b);
+  }
   [[nodiscard]] std::string_view CharactersOf(const Text& text) const {
     return std::string_view(characters_).substr(text.begin, text.size);
   }
 
+  bool descending_;
   std::vector<Number> numbers_;
   std::vector<Text> texts_;
   std::string characters_;
@@ -92,14 +104,17 @@ class SortKeys {
 
 }  // namespace
 
-void SortRows(std::vector<GridRow>& rows, std::size_t col, SortMode mode) {
-  if (rows.empty()) return;
-  const std::vector<std::size_t> order = SortKeys(rows, col, mode).Sorted();
-  std::vector<GridRow> sorted;
-  sorted.reserve(rows.size());
-  sorted.push_back(std::move(rows.front()));
-  for (const std::size_t row : order) sorted.push_back(std::move(rows[row]));
-  rows = std::move(sorted);
+std::vector<std::size_t> SortRows(std::vector<GridRow>& rows, std::size_t col, SortMode mode) {
+  std::vector<std::size_t> order = SortKeys(rows, col, mode).Sorted();
+  ReorderRows(rows, order);
+  return order;
+}
+
+void ReorderRows(std::vector<GridRow>& rows, const std::vector<std::size_t>& order) {
+  std::vector<GridRow> reordered;
+  reordered.reserve(rows.size());
+  for (const std::size_t row : order) reordered.push_back(std::move(rows[row]));
+  rows = std::move(reordered);
 }
 
 }  // namespace koru

@@ -248,6 +248,37 @@ TEST_F(LineEditingTest, Numbers_pasted_as_a_batch_are_summed_once_after_the_last
   EXPECT_EQ(form.Column(LineColumn::CountedAmount), (Texts{"10", "10"}));
 }
 
+TEST_F(LineEditingTest, A_block_of_figures_that_are_too_large_or_below_zero_is_reported_once) {
+  for (int i = 0; i < 60; ++i) form.AddLine("5" + std::to_string(i));
+  const auto paste = [this](const char* figure) {
+    const BatchEdit block(form.flexDetail);
+    for (int row = 1; row < form.flexDetail.Rows(); ++row) {
+      static_cast<void>(form.flexDetail.UserEdit(row, LineColumn::FirstCounting, figure));
+    }
+  };
+  paste("1000000001");
+  EXPECT_EQ(NewTitledMessages(), Texts{kTooMany});
+  EXPECT_EQ(form.Cell(60, LineColumn::FirstCounting), "1000000001");
+  paste("-1");
+  EXPECT_EQ(NewTitledMessages(), Texts{kTooFew});
+  EXPECT_EQ(form.Cell(60, LineColumn::FirstCounting), "1000000001");
+  paste("1000000002");
+  EXPECT_EQ(NewTitledMessages(), Texts{kTooMany}) << "the next block is reported again";
+}
+
+TEST_F(LineEditingTest, The_menu_of_a_title_sorts_downwards_and_brings_the_order_of_entry_back) {
+  form.flexDetail.SetRows(1);
+  for (const char* barcode : {"b2", "10", "A1"}) form.AddLine(barcode);
+  EXPECT_TRUE(form.flexDetail.UserSort({LineColumn::Barcode, RowOrder::Descending}));
+  EXPECT_EQ(form.Column(LineColumn::Barcode), (Texts{"b2", "A1", "10"}));
+  EXPECT_EQ(form.Column(LineColumn::RowNumber), (Texts{"1", "2", "3"}));
+  EXPECT_TRUE(form.flexDetail.UserSort({LineColumn::Barcode, RowOrder::Ascending}));
+  EXPECT_EQ(form.Column(LineColumn::Barcode), (Texts{"10", "A1", "b2"}));
+  EXPECT_TRUE(form.flexDetail.UserSort({LineColumn::GoodName, RowOrder::Entry}));
+  EXPECT_EQ(form.Column(LineColumn::Barcode), (Texts{"b2", "10", "A1"}));
+  EXPECT_EQ(form.Column(LineColumn::RowNumber), (Texts{"1", "2", "3"}));
+}
+
 TEST_F(LineEditingTest, Numbers_sums_and_stripes_follow_the_removal_of_an_empty_line) {
   form.AddLine("");
   form.AddLine("4003");

@@ -48,6 +48,13 @@ TEST(GridSort, Text_order_ignores_case_and_takes_digits_as_text) {
             (std::vector<std::string>{"10", "9", "A10", "a9", "b2"}));
 }
 
+TEST(GridSort, Downwards_the_largest_numbers_come_first_and_empty_cells_last) {
+  EXPECT_EQ(Sorted({"10", "", "9", "-2.5", "abc", "9.0", "", "xyz"}, SortMode::GenericDescending),
+            (std::vector<std::string>{"10", "9", "9.0", "-2.5", "xyz", "abc", "", ""}));
+  EXPECT_EQ(Sorted({"b2", "A10", "", "a9", "10", "9"}, SortMode::TextNoCaseDescending),
+            (std::vector<std::string>{"b2", "a9", "A10", "9", "10", ""}));
+}
+
 TEST(GridSort, A_grid_with_only_its_header_stays_as_it_is) {
   EXPECT_TRUE(Sorted({}, SortMode::GenericAscending).empty());
 }

@@ -223,6 +223,41 @@ TEST_F(GridTest, Sorting_orders_rows_and_leaves_the_stripes) {
   EXPECT_EQ(grid.SortedCol(), -1);
 }
 
+TEST_F(GridTest, Sorting_keeps_the_current_row_current) {
+  grid.SetCurrent(1, 2);
+  int moves = 0;
+  const Subscription current = grid.CurrentChanged.Subscribe([&] { ++moves; });
+  grid.Sort(1, SortMode::GenericAscending);
+  EXPECT_EQ(grid.TextMatrix(grid.Row(), 1), "c");
+  EXPECT_EQ(grid.Row(), 3);
+  EXPECT_EQ(grid.Col(), 2);
+  EXPECT_EQ(moves, 1);
+  EXPECT_FALSE(grid.IsSortedDescending());
+  grid.Sort(1, SortMode::GenericDescending);
+  EXPECT_EQ(Names(), (std::vector<std::string>{"c", "b", "a"}));
+  EXPECT_TRUE(grid.IsSortedDescending());
+  EXPECT_EQ(grid.Row(), 1);
+}
+
+TEST_F(GridTest, The_order_of_entry_comes_back_until_another_order_is_kept) {
+  grid.SetCurrent(2, 1);
+  grid.Sort(1, SortMode::GenericAscending);
+  grid.AddItem("");
+  grid.SetTextMatrix(4, 1, "0");
+  grid.Sort(1, SortMode::GenericAscending);
+  EXPECT_EQ(Names(), (std::vector<std::string>{"0", "a", "b", "c"}));
+  grid.SortByEntry();
+  EXPECT_EQ(Names(), (std::vector<std::string>{"c", "a", "b", "0"}));
+  EXPECT_EQ(grid.TextMatrix(grid.Row(), 1), "a");
+  EXPECT_EQ(grid.SortedCol(), -1);
+  grid.RemoveItem(2);
+  grid.Sort(1, SortMode::GenericAscending);
+  grid.KeepOrder();
+  grid.Sort(1, SortMode::GenericDescending);
+  grid.SortByEntry();
+  EXPECT_EQ(Names(), (std::vector<std::string>{"0", "b", "c"}));
+}
+
 TEST_F(GridTest, The_user_types_only_into_editable_cells) {
   EXPECT_TRUE(grid.UserEdit(1, 2, "5"));
   EXPECT_EQ(grid.TextMatrix(1, 2), "5");
