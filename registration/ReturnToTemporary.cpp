@@ -53,7 +53,7 @@ void ReturnToTemporary::Run() {
   }
   const std::string shown = controls_.txtCode.Text();
   controls_.txtCode.SetText("");
-  guard_.Stored().RememberIfPossible(static_cast<std::int32_t>(controls_.CountingID()));
+  guard_.Stored().RememberReturned(static_cast<std::int32_t>(controls_.CountingID()));
   if (!hadNumber) shared_.messages.ShowMessage(sentences::kWarning, kNumber + shown + kWasNotStored);
 }
 

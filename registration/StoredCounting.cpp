@@ -78,10 +78,13 @@ void StoredCounting::RememberSaved(std::int32_t id, const LinesDigest& lines) {
   }
 }
 
-void StoredCounting::RememberIfPossible(std::int32_t id) {
+void StoredCounting::RememberReturned(std::int32_t id) {
+  if (remembered_) {
+    remembered_->code.clear();
+    return;
+  }
   try {
-    Forget();
-    if (id != 0) Remember(id);
+    Remember(id);
   } catch (const DatabaseError&) {
     Forget();
   }

@@ -318,6 +318,19 @@ TEST_F(OtherStationReturns, What_another_one_has_returned_moves_no_other_number)
   EXPECT_EQ(Form().txtCode.Text(), "");
 }
 
+TEST_F(OtherStationReturns, What_another_one_has_returned_and_changed_is_not_deleted_without_a_second_yes) {
+  View(10);
+  database.Execute("update tblInventoryCounting set Code=null where ID=10");
+  ChangeIt();
+  Return();
+  Form().Timer1.Fire();
+  messages.WillAnswer(Answer::Yes);
+  messages.WillAnswer(Answer::No);
+  messages.WillAnswer(Answer::No);
+  Click(Form().cmdDelete);
+  EXPECT_EQ(LinesOf10(), "1");
+}
+
 TEST_F(OtherStationReturns, A_number_that_was_never_stored_is_removed_without_moving_others) {
   database.Execute("update tblInventoryCounting set Code=null where ID in (10,13)");
   ViewAndEdit(10);

@@ -57,9 +57,9 @@ class MessagesTest : public testing::Test {
 
 TEST_F(MessagesTest, A_write_that_may_be_stored_is_not_reported_as_one_that_was_not_done) {
   messages.ShowFailure(UncertainWrite("disk I/O error", 1034, "COMMIT"));
-  ASSERT_GE(told.calls.size(), 2U);
+  ASSERT_GE(recorded.calls.size(), 2U);
   EXPECT_EQ(
-      told.calls[1],
+      recorded.calls[1],
       "FormMessage به دليل خطاي پايگاه داده روشن نيست كه تغييرات اين فرمان ذخيره شده باشد.\ndisk I/O error");
 }
 
