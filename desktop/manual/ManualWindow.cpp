@@ -61,7 +61,7 @@ ManualPage::ManualPage(QWidget* parent) : QTextBrowser(parent) {
 }
 
 QVariant ManualPage::loadResource(int type, const QUrl& name) {
-  const QVariant resource = QTextBrowser::loadResource(type, name);
+  QVariant resource = QTextBrowser::loadResource(type, name);
   if (type == QTextDocument::HtmlResource) return ForToolkit(QString::fromUtf8(resource.toByteArray()));
   if (type != QTextDocument::ImageResource) return resource;
   QImage picture;

@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QTableView>
+#include <QTextBrowser>
 
 #include "adapters/sqlite/SqliteConnector.h"
 #include "adapters/system/TemporaryFolder.h"
@@ -217,6 +218,7 @@ TEST_F(HostWindowTest, The_keys_of_the_manual_open_the_manual_a_new_counting_and
   program->window.ReadDatabase();
   test::Press(Qt::Key_F1);
   ASSERT_NE(WindowNamed("manual"), nullptr);
+  EXPECT_EQ(WindowNamed("manual")->findChild<QTextBrowser*>("page")->source().fileName(), "start.html");
   WindowNamed("manual")->close();
 
   program->window.activateWindow();
