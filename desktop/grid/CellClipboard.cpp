@@ -3,10 +3,14 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QPersistentModelIndex>
+#include <algorithm>
 #include <vector>
 
+#include "desktop/grid/CellHint.h"
+#include "desktop/grid/GridSearch.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/QtText.h"
+#include "platform/text/TypedNumber.h"
 
 namespace koru {
 namespace {
@@ -19,6 +23,11 @@ std::vector<QStringList> CopiedLines() {
   std::vector<QStringList> lines;
   for (const QString& line : text.split(u'\n')) lines.push_back(line.split(u'\t'));
   return lines;
+}
+
+int TextsIn(const QStringList& texts) {
+  return static_cast<int>(std::count_if(texts.begin(), texts.end(),
+                                        [](const QString& text) { return !text.trimmed().isEmpty(); }));
 }
 
 /// RAII: the wait cursor while many cells are filled.
@@ -43,32 +52,85 @@ bool CellClipboard::HoldsSeveralTexts() {
 }
 
 void CellClipboard::Paste(const QModelIndex& from) const {
-  if (view_.Rows().Source() == nullptr) return;
-  const WaitCursor hourglass;
-  const BatchEdit batch(*view_.Rows().Source());
-  QPersistentModelIndex line(from);  // leaving an empty row removes it
-  for (const QStringList& texts : CopiedLines()) {
-    if (!line.isValid()) return;
-    const QPersistentModelIndex below(view_.Rows().index(line.row() + 1, line.column()));
-    if (!PasteLine(line, texts)) return;
-    line = below;
+  Grid* const grid = view_.Rows().Source();
+  if (grid == nullptr || grid->Locked()) return;
+  const QPersistentModelIndex first(from);
+  PastedCounts counts;
+  {
+    const WaitCursor hourglass;
+    const BatchEdit batch(*grid);
+    QPersistentModelIndex line(from);  // leaving an empty row removes it
+    for (const QStringList& texts : CopiedLines()) {
+      if (!line.isValid()) {
+        counts.unfit += TextsIn(texts);
+        continue;
+      }
+      const QPersistentModelIndex below(view_.Rows().index(line.row() + 1, line.column()));
+      PasteLine(line, texts, counts);
+      line = below;
+    }
+    if (first.isValid()) grid->UserMoveTo(first.row() + 1, first.column());
+  }
+  Report(counts);
+}
+
+/// Copied rows have a text for every column of the grid, as the Excel button writes them: their figures go to
+/// their own columns, wherever the current cell is. A text for a hidden column or one that is not typed into
+/// is left out.
+void CellClipboard::PasteLine(const QPersistentModelIndex& from, const QStringList& texts,
+                              PastedCounts& counts) const {
+  const GridModel& rows = view_.Rows();
+  const int row = from.row();
+  const int firstCol = texts.size() == rows.columnCount() ? 0 : from.column();
+  if (IsOfAnotherLine(row, firstCol, texts)) {
+    for (int i = 0; i < texts.size(); ++i) counts.unfit += IsFigure(row, firstCol + i, texts[i]) ? 1 : 0;
+    return;
+  }
+  for (int i = 0; i < texts.size(); ++i) {
+    const QModelIndex cell = rows.index(row, firstCol + i);
+    if (!cell.isValid()) {
+      counts.unfit += texts[i].trimmed().isEmpty() ? 0 : 1;
+    } else if (cell.flags().testFlag(Qt::ItemIsEditable) && !view_.isColumnHidden(cell.column())) {
+      const bool fits = PasteCell(cell, texts[i]);
+      counts.unfit += fits ? 0 : 1;
+      counts.stored += fits && !texts[i].trimmed().isEmpty() ? 1 : 0;
+    }
   }
 }
 
-/// Returns false if the form refused one of the texts.
-bool CellClipboard::PasteLine(const QPersistentModelIndex& from, const QStringList& texts) const {
+/// Whether the texts have a text for the scan column that is not the line's own.
+bool CellClipboard::IsOfAnotherLine(int row, int firstCol, const QStringList& texts) const {
+  const int scanCol = view_.Scanning().ScanColumn();
+  if (scanCol < firstCol || scanCol >= firstCol + texts.size()) return false;
+  const QString own = view_.Rows().index(row, scanCol).data().toString();
+  return FoldedText(texts[scanCol - firstCol]) != FoldedText(own);
+}
+
+bool CellClipboard::IsFigure(int row, int col, const QString& text) const {
+  const QModelIndex cell = view_.Rows().index(row, col);
+  return cell.flags().testFlag(Qt::ItemIsEditable) && !text.trimmed().isEmpty();
+}
+
+/// Returns false if the text is no number, or the form refused it.
+bool CellClipboard::PasteCell(const QModelIndex& cell, const QString& text) const {
   const GridModel& rows = view_.Rows();
-  int col = from.column();
-  for (const QString& text : texts) {
-    while (view_.isColumnHidden(col)) ++col;
-    const QModelIndex cell = rows.index(from.row(), col);
-    if (!cell.isValid()) return true;
-    const bool editable = cell.flags().testFlag(Qt::ItemIsEditable);
-    if (editable && !rows.Source()->UserEdit(cell.row() + 1, col, FromQt(rows.TextToStore(col, text))))
-      return false;
-    ++col;
+  const QString stored = rows.TextToStore(cell.column(), text);
+  if (stored == cell.data(Qt::EditRole).toString()) return true;
+  if (view_.TakesNumber(cell) && !stored.isEmpty() && !IsTypedNumber(FromQt(stored))) return false;
+  return rows.Source()->UserEdit(cell.row() + 1, cell.column(), FromQt(stored));
+}
+
+void CellClipboard::Report(const PastedCounts& counts) const {
+  if (counts.unfit > 0) {
+    const QString text = QStringLiteral("%1 عدد چسبانده شد؛ %2 مقدار جا نداشت، عدد نبود يا پذيرفته نشد.")
+                             .arg(counts.stored)
+                             .arg(counts.unfit);
+    ShowCellHint(view_, view_.currentIndex(), text);
+    emit view_.reported(text);
+    emit view_.refused();
+  } else if (counts.stored > 1) {
+    emit view_.reported(QStringLiteral("%1 عدد چسبانده شد.").arg(counts.stored));
   }
-  return true;
 }
 
 }  // namespace koru

@@ -13,20 +13,30 @@ class GridView;
 /// them.
 class CellClipboard {
  public:
-  explicit CellClipboard(const GridView& view) : view_(view) {}
+  explicit CellClipboard(GridView& view) : view_(view) {}
 
   /// Copies the text of the current cell; without one, the clipboard keeps its contents.
   void Copy() const;
   /// Pastes into the cell `from` and the cells below and after it, as far as they exist. Cells that cannot be
-  /// edited are skipped, and so are hidden columns. Stops at a text that the form refuses.
+  /// edited keep their texts. Figures that do not fit are counted and reported: those beyond the last row or
+  /// column, texts that are no numbers, figures that the form refuses, and those of a row whose barcode is
+  /// not the line's. The current cell is `from` again afterwards.
   void Paste(const QModelIndex& from) const;
   /// Whether the clipboard contains more than one text.
   [[nodiscard]] static bool HoldsSeveralTexts();
 
  private:
-  [[nodiscard]] bool PasteLine(const QPersistentModelIndex& from, const QStringList& texts) const;
+  struct PastedCounts {
+    int stored = 0;
+    int unfit = 0;
+  };
+  void PasteLine(const QPersistentModelIndex& from, const QStringList& texts, PastedCounts& counts) const;
+  [[nodiscard]] bool IsOfAnotherLine(int row, int firstCol, const QStringList& texts) const;
+  [[nodiscard]] bool IsFigure(int row, int col, const QString& text) const;
+  [[nodiscard]] bool PasteCell(const QModelIndex& cell, const QString& text) const;
+  void Report(const PastedCounts& counts) const;
 
-  const GridView& view_;
+  GridView& view_;
 };
 
 }  // namespace koru

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPolygonF>
+#include <algorithm>
 
 #include "desktop/grid/GridCells.h"
 #include "desktop/grid/GridView.h"
@@ -15,6 +16,8 @@ namespace {
 
 constexpr int kSignSize = 7;
 constexpr int kSignMargin = 5;
+constexpr QColor kMarkColor(0xB3, 0x26, 0x1E);
+constexpr QColor kMarkedGround(0xFF, 0xE3, 0xB8);
 
 void PaintSign(QPainter& painter, const QRect& cell, const ColumnStyle& style) {
   const bool up = style.sign == ColumnStyle::Sign::Up;
@@ -26,6 +29,24 @@ void PaintSign(QPainter& painter, const QRect& cell, const ColumnStyle& style) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(style.color);
   painter.drawPolygon(QPolygonF({{box.left(), base}, {box.right(), base}, {box.center().x(), tip}}));
+  painter.restore();
+}
+
+/// An exclamation mark in a filled circle.
+void PaintMark(QPainter& painter, const QRect& cell) {
+  const int size = std::min(cell.height() - 4, 14);
+  const QRect circle(cell.left() + 3, cell.center().y() - size / 2, size, size);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(kMarkColor);
+  painter.drawEllipse(circle);
+  QFont bold = painter.font();
+  bold.setBold(true);
+  bold.setPixelSize(size - 3);
+  painter.setFont(bold);
+  painter.setPen(Qt::white);
+  painter.drawText(circle, Qt::AlignCenter, QStringLiteral("!"));
   painter.restore();
 }
 
@@ -42,7 +63,8 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   if (view_.Rows().StyleOf(index.column()).number) {
     edit->setLayoutDirection(Qt::LeftToRight);
     edit->setAlignment(Qt::AlignRight);
-    KeepDigitsLatin(*edit);
+    AcceptOnlyNumbers(*edit);
+    connect(edit, &QLineEdit::inputRejected, this, [this] { view_.RefuseLetter(); });
   }
   return edit;
 }
@@ -70,6 +92,7 @@ void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
 /// Row numbers are part of the frame, the current row is tinted, and editable cells are lighter than others.
 QColor CellDelegate::GroundOf(const QModelIndex& index, const QColor& rowColor) const {
   if (index.column() == 0 && view_.HasRowNumbers()) return {0xE4, 0xE9, 0xF1};
+  if (view_.Rows().IsMarked(index)) return kMarkedGround;
   if (index.row() == view_.currentIndex().row()) return {0xD8, 0xE6, 0xF7};
   if (!index.flags().testFlag(Qt::ItemIsEditable)) return rowColor;
   return {(rowColor.red() + 2 * 255) / 3, (rowColor.green() + 2 * 255) / 3, (rowColor.blue() + 2 * 255) / 3};
@@ -82,6 +105,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (style.sign != ColumnStyle::Sign::None && !index.data(Qt::DisplayRole).toString().isEmpty()) {
     PaintSign(*painter, option.rect, style);
   }
+  if (view_.Rows().IsMarked(index)) PaintMark(*painter, option.rect);
   if (index == view_.currentIndex() && view_.hasFocus()) {
     painter->setPen(QPen(QColor(0x2F, 0x5D, 0x8C), 2));
     painter->drawRect(option.rect.adjusted(1, 1, -1, -1));

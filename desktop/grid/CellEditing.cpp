@@ -1,14 +1,20 @@
 #include "desktop/grid/CellEditing.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QTimer>
+#include <memory>
+#include <optional>
 
+#include "desktop/grid/CellHint.h"
 #include "desktop/grid/GridCells.h"
 #include "desktop/grid/GridView.h"
+#include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
+#include "platform/text/TypedNumber.h"
 
 namespace koru {
 namespace {
@@ -16,6 +22,14 @@ namespace {
 void ReturnTo(QLineEdit& editor) {
   editor.setFocus();
   editor.selectAll();
+}
+
+bool IsEnter(const QKeyEvent& key) { return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter; }
+
+/// What the user has typed into the editor; nothing if the next character is the first.
+std::optional<QString> TypedText(const QLineEdit& editor) {
+  if (!editor.isModified() || editor.selectedText() == editor.text()) return std::nullopt;
+  return editor.text();
 }
 
 }  // namespace
@@ -38,7 +52,13 @@ bool CellEditing::Store(QLineEdit& editor) {
   const GridModel& rows = view_.Rows();
   if (rows.Source() == nullptr || !cell_.isValid() || !cell_.flags().testFlag(Qt::ItemIsEditable))
     return true;
+  if (HoldsScan()) {
+    const QString barcode = RemoveScan(editor);
+    ShowCellHint(view_, cell_, QStringLiteral("باركد «\u2068%1\u2069» در اين خانه ثبت نشد.").arg(barcode));
+    emit view_.refused();
+  }
   if (editor.text() == cell_.data(Qt::EditRole).toString()) return true;
+  if (RefuseIfNoNumber(editor)) return false;
   const QScopedValueRollback<bool> storing(storing_, true);
   return rows.Source()->UserEdit(cell_.row() + 1, cell_.column(),
                                  FromQt(rows.TextToStore(cell_.column(), editor.text())));
@@ -46,6 +66,7 @@ bool CellEditing::Store(QLineEdit& editor) {
 
 void CellEditing::Close(QLineEdit& editor) {
   cell_ = QPersistentModelIndex();
+  view_.Pace().Forget();
   view_.closeEditor(&editor, QAbstractItemDelegate::NoHint);
 }
 
@@ -66,10 +87,16 @@ bool CellEditing::Finish() {
 }
 
 bool CellEditing::KeyPressed(QLineEdit& editor, const QKeyEvent& key) {
+  if (IsModifierKey(key)) return false;
   if (key.key() == Qt::Key_Escape) {
     Close(editor);
     return true;
   }
+  if (HoldsScan() && !(TypesCharacter(key) && view_.Pace().IsContinuedBy(key))) {
+    TakeScan(editor, key);
+    return true;
+  }
+  if (TypesCharacter(key)) return !AddCharacter(editor, key);
   if (key.matches(QKeySequence::Paste)) {
     if (!CellClipboard::HoldsSeveralTexts()) return false;
     const QModelIndex from = cell_;
@@ -81,9 +108,49 @@ bool CellEditing::KeyPressed(QLineEdit& editor, const QKeyEvent& key) {
   return MoveOut(editor, key);
 }
 
+/// Returns false if the character is refused.
+bool CellEditing::AddCharacter(QLineEdit& editor, const QKeyEvent& key) {
+  view_.Pace().Add(key, TypedText(editor));
+  if (!view_.TakesNumber(cell_) || IsNumberKey(key)) return true;
+  view_.RefuseLetter();
+  return false;
+}
+
+/// Whether a scanner has sent a barcode into the editor.
+bool CellEditing::HoldsScan() const { return view_.Scanning().HasScanColumn() && view_.Pace().IsBarcode(); }
+
+/// Takes the barcode out of the editor and returns it.
+QString CellEditing::RemoveScan(QLineEdit& editor) {
+  const QString barcode = view_.Pace().Text();
+  editor.setText(view_.Pace().Before().value_or(cell_.data(Qt::EditRole).toString()));
+  view_.Pace().Forget();
+  return barcode;
+}
+
+/// `key` is the first one that does not belong to the barcode in the editor.
+void CellEditing::TakeScan(QLineEdit& editor, const QKeyEvent& key) {
+  const bool figureTyped = view_.Pace().Before().has_value();
+  const QString barcode = RemoveScan(editor);
+  if (!Finish()) return;
+  view_.setFocus();
+  if (figureTyped) view_.Scanning().FigureLeftByScan();
+  view_.Scanning().Scanned(barcode);
+  if (IsEnter(key) || key.key() == Qt::Key_Tab) return;  // the scanner's own
+  const std::unique_ptr<QKeyEvent> again(key.clone());
+  QCoreApplication::sendEvent(&view_, again.get());
+}
+
+bool CellEditing::RefuseIfNoNumber(const QLineEdit& editor) {
+  const QString text = editor.text();
+  if (!view_.TakesNumber(cell_) || text.trimmed().isEmpty() || IsTypedNumber(FromQt(text))) return false;
+  ShowCellHint(view_, cell_, QStringLiteral("«\u2068%1\u2069» عدد نيست.").arg(text));
+  emit view_.refused();
+  return true;
+}
+
 bool CellEditing::MoveOut(QLineEdit& editor, const QKeyEvent& key) {
   const int pressed = key.key();
-  const bool enter = pressed == Qt::Key_Return || pressed == Qt::Key_Enter;
+  const bool enter = IsEnter(key);
   const bool tab = pressed == Qt::Key_Tab || pressed == Qt::Key_Backtab;
   const bool upDown = pressed == Qt::Key_Up || pressed == Qt::Key_Down;
   const bool sideways = openedBy_ == State::Typed && (pressed == Qt::Key_Left || pressed == Qt::Key_Right);

@@ -13,7 +13,11 @@ class GridView;
 /// Editing one cell of a GridView in place. Enter and Tab store the text and move to the next editable cell,
 /// Shift+Tab to the previous one; Up and Down store it and move to another row, and so does each key that
 /// moves in a grid and that the editor does not use, such as PageDown and Ctrl+End; Escape restores the old
-/// text. A text that the form refuses stays in its cell, selected, and so does the focus.
+/// text. A text that the form refuses stays in its cell, selected, and so does the focus. A number cell takes
+/// no letters, and refuses a text that is no number (TypedNumber.h).
+///
+/// A barcode that a scanner sends into the cell (TypingPace) is not stored: what was typed before it is, and
+/// the barcode is scanned (ScanMode::Scanned).
 class CellEditing {
  public:
   enum class State {
@@ -44,6 +48,11 @@ class CellEditing {
   bool Store(QLineEdit& editor);
   void Close(QLineEdit& editor);
   bool MoveOut(QLineEdit& editor, const QKeyEvent& key);
+  [[nodiscard]] bool HoldsScan() const;
+  QString RemoveScan(QLineEdit& editor);
+  void TakeScan(QLineEdit& editor, const QKeyEvent& key);
+  bool AddCharacter(QLineEdit& editor, const QKeyEvent& key);
+  bool RefuseIfNoNumber(const QLineEdit& editor);
 
   GridView& view_;
   QPersistentModelIndex cell_;

@@ -10,6 +10,7 @@ namespace koru {
 namespace {
 
 constexpr int kCellPadding = 12;
+constexpr int kSignWidth = 14;  ///< of a sign or a mark
 constexpr int kSampleRows = 50;
 constexpr int kMaxTextWidth = 190;  ///< a longer text is cut off before it pushes other columns out of sight
 constexpr int kMaxStretchTextWidth =
@@ -58,7 +59,8 @@ bool ColumnFitting::Fits(int row) const {
 int ColumnFitting::TextWidth(int row, int col) const {
   const QString text = view_.Rows().index(row, col).data().toString();
   if (text.isEmpty()) return 0;
-  const int sign = view_.Rows().StyleOf(col).sign == ColumnStyle::Sign::None ? 0 : kCellPadding;
+  const bool hasSign = view_.Rows().StyleOf(col).sign != ColumnStyle::Sign::None;
+  const int sign = hasSign || view_.Rows().IsMarked(view_.Rows().index(row, col)) ? kSignWidth : 0;
   return std::min(QFontMetrics(view_.font()).horizontalAdvance(text) + sign,
                   col == stretch_ ? kMaxStretchTextWidth : kMaxTextWidth);
 }

@@ -2,10 +2,12 @@
 
 #include <QFont>
 #include <algorithm>
+#include <cmath>
 
 #include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/ShownNumber.h"
+#include "platform/text/Numbers.h"
 
 namespace koru {
 void GridModel::SetGrid(Grid* grid) {
@@ -37,6 +39,12 @@ QString GridModel::TextToStore(int col, const QString& text) const {
   return StyleOf(col).number ? NumberTyped(text) : text;
 }
 
+bool GridModel::IsMarked(const QModelIndex& index) const {
+  const ColumnStyle style = StyleOf(index.column());
+  return grid_ != nullptr && std::isfinite(style.maxUnmarked) &&
+         Val(grid_->TextMatrix(index.row() + 1, index.column())) > style.maxUnmarked;
+}
+
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
 
 int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : cols_; }
@@ -55,6 +63,8 @@ QVariant GridModel::CellData(int gridRow, int col, int role) const {
     }
     case Qt::EditRole:
       return ToQt(grid_->TextMatrix(gridRow, col));
+    case Qt::ToolTipRole:
+      return IsMarked(index(gridRow - 1, col)) ? QVariant(style.markText) : QVariant();
     case Qt::BackgroundRole:
       return col == 0 ? QVariant() : QVariant(ColorOf(grid_->RowBackColor(gridRow)));
     case Qt::ForegroundRole:

@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <QColor>
+#include <limits>
 #include <vector>
 
 #include "platform/controls/Event.h"
@@ -18,6 +19,9 @@ struct ColumnStyle {
   Sign sign = Sign::None;  ///< a triangle at the left edge of each cell that is not empty
   bool hidden = false;     ///< the column is not shown
   QColor color;            ///< of the text and the sign; the default color if invalid
+  /// A larger number is marked, with this tooltip.
+  double maxUnmarked = std::numeric_limits<double>::infinity();
+  QString markText = {};
 };
 
 /// The Qt model of a Grid. Row 0 of the grid is the header, row 1 is row 0 of the model. Texts are read from
@@ -37,6 +41,8 @@ class GridModel : public QAbstractTableModel {
   /// The text to store if the user enters `text` in the column: a number column stores Latin digits without
   /// separators.
   [[nodiscard]] QString TextToStore(int col, const QString& text) const;
+  /// Whether the cell holds a larger number than its column shows unmarked.
+  [[nodiscard]] bool IsMarked(const QModelIndex& index) const;
   /// Whether views have been notified of a change of rows or columns that is not complete yet.
   [[nodiscard]] bool IsChanging() const { return changing_; }
 

@@ -33,6 +33,12 @@ QModelIndex GridSearch::Type(const QModelIndex& at, const QString& keys) {
   return origin_.isValid() ? QModelIndex(origin_) : at;
 }
 
+bool GridSearch::IsWholeTextOf(const QModelIndex& cell) const {
+  return FoldedText(cell.data().toString()) == FoldedText(text_);
+}
+
+std::string FoldedText(const QString& text) { return FoldPersian(FromQt(text.trimmed())); }
+
 QModelIndex GridSearch::Find(const QModelIndex& at, int firstRow) const {
   const std::string wanted = FoldPersian(FromQt(text_));
   const int rows = at.model()->rowCount();

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QPersistentModelIndex>
 #include <QString>
+#include <string>
 
 namespace koru {
 
@@ -18,6 +19,8 @@ class GridSearch {
   [[nodiscard]] bool Found() const { return !text_.isEmpty() && !failed_; }
   [[nodiscard]] bool Failed() const { return failed_; }
   [[nodiscard]] const QString& Text() const { return text_; }
+  /// Whether the text is the whole text of the cell, not only its beginning.
+  [[nodiscard]] bool IsWholeTextOf(const QModelIndex& cell) const;
   void Forget();
 
  private:
@@ -28,5 +31,9 @@ class GridSearch {
   QElapsedTimer sinceKey_;
   bool failed_ = false;
 };
+
+/// The text in a form that is equal for texts that differ only in letter forms, kinds of digits, case and the
+/// blanks around them.
+[[nodiscard]] std::string FoldedText(const QString& text);
 
 }  // namespace koru

@@ -6,9 +6,12 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <memory>
 
 #include "desktop/grid/CellDelegate.h"
+#include "desktop/grid/CellHint.h"
 #include "desktop/grid/GridCells.h"
+#include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 
 namespace koru {
@@ -23,6 +26,7 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   setHorizontalScrollMode(ScrollPerPixel);
   SetUpHeaders();
   SetUpMouse();
+  connect(this, &GridView::refused, this, [] { QApplication::beep(); });
   connect(&model_, &QAbstractItemModel::modelReset, &fitting_, &ColumnFitting::FitLater);
   connect(&model_, &QAbstractItemModel::rowsInserted, &fitting_, &ColumnFitting::FitLater);
   connect(&model_, &QAbstractItemModel::dataChanged, &fitting_,
@@ -51,7 +55,16 @@ void GridView::SetUpHeaders() {
   connect(&header, &QHeaderView::sectionResized, &fitting_, &ColumnFitting::ColumnResized);
   connect(&header, &QHeaderView::sectionClicked, this, [this](int col) {
     if (grid_ != nullptr && FinishEdit()) grid_->UserClickHeader(col);
-    ShowSortedColumn();
+    ReportOrder();
+  });
+  header.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&header, &QWidget::customContextMenuRequested, this, [this](QPoint at) {
+    const int col = horizontalHeader()->logicalIndexAt(at);
+    if (!HasCellsToFill(grid_) || col < 0) return;
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("titleMenu"));
+    AddSorting(menu, col);
+    menu.exec(horizontalHeader()->viewport()->mapToGlobal(at));
   });
 }
 
@@ -109,7 +122,28 @@ void GridView::ShowCurrent() {
 }
 
 void GridView::ShowSortedColumn() {
-  horizontalHeader()->setSortIndicator(grid_ == nullptr ? -1 : grid_->SortedCol(), Qt::AscendingOrder);
+  const bool descending = grid_ != nullptr && grid_->IsSortedDescending();
+  horizontalHeader()->setSortIndicator(grid_ == nullptr ? -1 : grid_->SortedCol(),
+                                       descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void GridView::AddSorting(QMenu& menu, int col) {
+  const auto add = [&](const char* text, RowOrder order) {
+    connect(menu.addAction(QString::fromUtf8(text)), &QAction::triggered, this, [this, col, order] {
+      if (grid_ != nullptr && FinishEdit()) grid_->UserSort({col, order});
+      ReportOrder();
+    });
+  };
+  add("مرتب سازي از كم به زياد", RowOrder::Ascending);
+  add("مرتب سازي از زياد به كم", RowOrder::Descending);
+  add("برگشت به ترتيب ورود", RowOrder::Entry);
+}
+
+void GridView::ReportOrder() {
+  ShowSortedColumn();
+  if (!HasCellsToFill(grid_)) return;
+  scrollTo(currentIndex());
+  emit reported(QStringLiteral("ترتيب سطرها تغيير كرد؛ ثبت، ترتيبي را كه ديده مي شود نگه مي دارد."));
 }
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -149,14 +183,30 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   // in the cell.
   if (state() == EditingState) return;
   scanning_.Leave();
+  pace_.Forget();
   QTableView::mousePressEvent(event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
+  if (IsModifierKey(*event)) return QTableView::keyPressEvent(event);
+  if (TypesCharacter(*event) && !pace_.IsContinuedBy(*event) && TakeScan()) {
+    // The key is the first of the figure: the scanner sends no Enter.
+    const std::unique_ptr<QKeyEvent> again(event->clone());
+    QApplication::sendEvent(this, again.get());
+    return;
+  }
+  const bool takesNumber = TakesNumber(currentIndex());
+  const bool isLetter = takesNumber && TypesCharacter(*event) && !IsNumberKey(*event);
+  // A digit opens an editor, which gets the key as well and adds it.
+  if (TypesCharacter(*event) && (isLetter || !takesNumber)) pace_.Add(*event, {});
+  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (!TypesCharacter(*event) && !enter) pace_.Forget();
   if (LeavesGrid(*event)) {
     FocusOutside(key == Qt::Key_Tab);
-  } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+  } else if (isLetter) {
+    RefuseLetter();
+  } else if (enter) {
     EnterPressed();
   } else if (key == Qt::Key_Delete) {
     DeletePressed(event->modifiers().testFlag(Qt::ControlModifier));
@@ -174,8 +224,26 @@ void GridView::MoveByKey(int key) {
   scanning_.MoveBy(press, [this, &press] { QTableView::keyPressEvent(&press); });
 }
 
+bool GridView::TakesNumber(const QModelIndex& cell) const {
+  return cell.flags().testFlag(Qt::ItemIsEditable) && model_.StyleOf(cell.column()).number;
+}
+
+void GridView::RefuseLetter() {
+  ShowCellHint(*this, currentIndex(), QStringLiteral("اين خانه فقط عدد مي گيرد."));
+  emit refused();
+}
+
+/// Scans the barcode that was sent into the grid. Returns false if there is none.
+bool GridView::TakeScan() {
+  const bool scanned = scanning_.HasScanColumn() && pace_.IsBarcode();
+  const QString text = pace_.Text();
+  pace_.Forget();
+  if (scanned) scanning_.Scanned(text);
+  return scanned;
+}
+
 void GridView::EnterPressed() {
-  if (scanning_.EnterPressed()) return;
+  if (TakeScan() || scanning_.EnterPressed()) return;
   const QModelIndex current = currentIndex();
   if (HasCellsToFill(grid_)) {
     GoToCellToFill(*this, true);
@@ -209,6 +277,11 @@ void GridView::focusOutEvent(QFocusEvent* event) {
 }
 
 bool GridView::event(QEvent* event) {
+  // Tab does not reach keyPressEvent.
+  if (event->type() == QEvent::KeyPress) {
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (key.key() == Qt::Key_Tab && key.modifiers() == Qt::NoModifier && TakeScan()) return true;
+  }
   // Ctrl+Tab may also be the window's shortcut into the grid.
   if (event->type() == QEvent::ShortcutOverride && LeavesGrid(*static_cast<QKeyEvent*>(event))) {
     event->accept();
@@ -229,6 +302,8 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
   menu.setObjectName(QStringLiteral("rowMenu"));
   QAction* const remove = menu.addAction(QStringLiteral("حذف سطر\tCtrl+Del"));
   remove->setEnabled(grid_->Enabled() && !grid_->Locked());
+  menu.addSeparator();
+  AddSorting(menu, currentIndex().column());
   if (menu.exec(event->globalPos()) == remove && grid_ != nullptr) grid_->UserDeleteRow();
 }
 

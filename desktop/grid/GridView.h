@@ -7,6 +7,9 @@
 #include "desktop/grid/ColumnFitting.h"
 #include "desktop/grid/GridModel.h"
 #include "desktop/grid/ScanMode.h"
+#include "desktop/grid/TypingPace.h"
+
+class QMenu;
 
 namespace koru {
 
@@ -31,6 +34,8 @@ class GridView : public QTableView {
   [[nodiscard]] bool HasRowNumbers() const { return rowNumbers_; }
   /// The column whose texts are scanned; -1: none.
   void SetScanColumn(int col) { scanning_.SetScanColumn(col); }
+  /// The columns that the figures of scanned rows are entered into.
+  void SetFigureColumns(int first, int last) { scanning_.SetFigureColumns(first, last); }
 
   /// Stores the text of the open cell editor, if any. Returns false if the form refused it; the editor stays
   /// open then.
@@ -41,6 +46,7 @@ class GridView : public QTableView {
   [[nodiscard]] const GridModel& Rows() const { return model_; }
   [[nodiscard]] ScanMode& Scanning() { return scanning_; }
   [[nodiscard]] CellEditing& Editing() { return editing_; }
+  [[nodiscard]] TypingPace& Pace() { return pace_; }
   [[nodiscard]] const CellClipboard& Clipboard() const { return clipboard_; }
 
   /// Moves the current cell as an arrow key does (Qt::Key_Left, ...).
@@ -50,6 +56,17 @@ class GridView : public QTableView {
   using QTableView::closeEditor;
 
   void keyboardSearch(const QString& keys) override { scanning_.TypeKeys(keys); }
+
+  /// Whether the current cell takes a number, so that letters are refused.
+  [[nodiscard]] bool TakesNumber(const QModelIndex& cell) const;
+  /// Shows a hint at the current cell about a character that no number has.
+  void RefuseLetter();
+
+ signals:
+  /// A scan or a search has found no row, or a key or a text was refused.
+  void refused();
+  /// What a command on several cells did, in a sentence for the user.
+  void reported(const QString& sentence);
 
  protected:
   bool event(QEvent* event) override;
@@ -70,12 +87,16 @@ class GridView : public QTableView {
   void FollowRows(const GridChange& change);
   void ShowCurrent();
   void ShowSortedColumn();
+  void AddSorting(QMenu& menu, int col);
+  void ReportOrder();
   void UpdateRow(int row);
   void EnterPressed();
+  bool TakeScan();
   void DeletePressed(bool wholeRow);
 
   GridModel model_;
-  ScanMode scanning_{*this};
+  TypingPace pace_;
+  ScanMode scanning_{*this, [this] { emit refused(); }};
   CellEditing editing_{*this};
   ColumnFitting fitting_{*this};
   CellClipboard clipboard_{*this};

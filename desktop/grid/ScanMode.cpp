@@ -6,14 +6,21 @@
 #include <QTableView>
 #include <QToolTip>
 
+#include "desktop/grid/CellHint.h"
 #include "desktop/grid/GridCells.h"
 
 namespace koru {
 namespace {
 
-constexpr int kTipMargins = 18;
+/// The isolates keep the direction of the typed text, whatever its letters are.
+QString Quoted(const QString& text) { return QStringLiteral("«\u2068%1\u2069»").arg(text); }
 
 }  // namespace
+
+void ScanMode::SetFigureColumns(int first, int last) {
+  firstFigure_ = first;
+  lastFigure_ = last;
+}
 
 void ScanMode::TypeKeys(const QString& keys) {
   if (view_.model()->rowCount() == 0) return;
@@ -25,19 +32,29 @@ void ScanMode::TypeKeys(const QString& keys) {
   }
   const bool hinted = IsHintShown();
   const QModelIndex current = view_.currentIndex();
-  const QModelIndex found = search_.Type(current.isValid() ? current : view_.model()->index(0, 0), keys);
-  {
-    state_ = State::Searching;
-    const auto outcome = qScopeGuard([this] {
-      state_ = search_.Failed() ? State::NotFound : search_.Found() ? State::Found : State::Idle;
-    });
-    GoToCell(view_, found);
-  }
+  MoveTo(search_.Type(current.isValid() ? current : view_.model()->index(0, 0), keys));
+  state_ = search_.Failed() ? State::NotFound : search_.Found() ? State::Found : State::Idle;
   if (state_ == State::NotFound) {
-    ShowHint();
+    ShowHint(Quoted(search_.Text()) +
+             QStringLiteral(" در ستون «%1» نيست.").arg(TitleOf(view_.currentIndex().column())));
   } else if (hinted) {
     QToolTip::hideText();
   }
+}
+
+void ScanMode::Scanned(const QString& text) {
+  const QModelIndex current = view_.currentIndex();
+  if (!current.isValid()) return;
+  const QModelIndex row = RowOf(text);
+  MoveTo(row.isValid() ? row : current.siblingAtColumn(scanColumn_));
+  search_.Forget();
+  if (!row.isValid()) {
+    Fail(Quoted(text) + QStringLiteral(" در ستون «%1» نيست.").arg(TitleOf(scanColumn_)));
+    return;
+  }
+  QToolTip::hideText();
+  state_ = State::Found;
+  GoToFigure();
 }
 
 bool ScanMode::EnterPressed() {
@@ -45,15 +62,21 @@ bool ScanMode::EnterPressed() {
     case State::NotFound:
       search_.Forget();
       state_ = State::Dismissed;  // the hint stays: a scanner's Enter follows at once
+      failed_();
       return true;
     case State::Figure:
       GoToCell(view_, view_.currentIndex().siblingAtColumn(scanColumn_));
+      state_ = State::Ready;
       return true;
     case State::Found:
       return GoToFigure();
+    case State::Dismissed:
+    case State::Ready:
+      if (view_.currentIndex().column() != scanColumn_) return false;
+      failed_();
+      return true;
     case State::Idle:
     case State::Searching:
-    case State::Dismissed:
       return false;
   }
   return false;
@@ -63,8 +86,22 @@ bool ScanMode::TabPressed() { return state_ == State::NotFound && EnterPressed()
 
 bool ScanMode::FigureStored() {
   if (state_ != State::Figure) return false;
-  figureColumn_ = view_.currentIndex().column();
+  KeepFigureColumn();
   return EnterPressed();
+}
+
+void ScanMode::FigureLeftByScan() {
+  if (state_ == State::Figure) KeepFigureColumn();
+}
+
+/// The next scans go to the column that a figure was entered into.
+void ScanMode::KeepFigureColumn() {
+  if (TakesFigure(view_.currentIndex())) figureColumn_ = view_.currentIndex().column();
+}
+
+bool ScanMode::TakesFigure(const QModelIndex& cell) const {
+  return cell.isValid() && cell.column() >= firstFigure_ && cell.column() <= lastFigure_ &&
+         !view_.isColumnHidden(cell.column()) && cell.flags().testFlag(Qt::ItemIsEditable);
 }
 
 /// The figure is the column that was entered for the last scanned row, else the first editable cell of the
@@ -73,14 +110,39 @@ bool ScanMode::GoToFigure() {
   const QModelIndex found = view_.currentIndex();
   if (found.column() != scanColumn_) return false;
   const QModelIndex last = found.siblingAtColumn(figureColumn_);
-  const bool takesFigure =
-      last.isValid() && !view_.isColumnHidden(figureColumn_) && last.flags().testFlag(Qt::ItemIsEditable);
-  const QModelIndex figure = takesFigure ? last : NextCellToFill(view_, found, true);
+  const QModelIndex figure = TakesFigure(last) ? last : NextCellToFill(view_, found, true);
   if (figure.row() != found.row()) return false;
+  if (!search_.Text().isEmpty() && !search_.IsWholeTextOf(found)) {
+    Fail(Quoted(search_.Text()) + QStringLiteral(" فقط آغاز اين باركد است."));
+    search_.Forget();
+    return true;
+  }
   search_.Forget();
   GoToCell(view_, figure);
   state_ = State::Figure;
   return true;
+}
+
+/// Moves without ending the search.
+void ScanMode::MoveTo(const QModelIndex& cell) {
+  const State before = std::exchange(state_, State::Searching);
+  const auto searched = qScopeGuard([this, before] { state_ = before; });
+  GoToCell(view_, cell);
+}
+
+/// The row whose whole text in the scan column is `scanned`, in that column; invalid if there is none.
+QModelIndex ScanMode::RowOf(const QString& scanned) const {
+  const QAbstractItemModel& rows = *view_.model();
+  const std::string wanted = FoldedText(scanned);
+  for (int row = 0; row < rows.rowCount(); ++row) {
+    const QModelIndex cell = rows.index(row, scanColumn_);
+    if (FoldedText(cell.data().toString()) == wanted) return cell;
+  }
+  return {};
+}
+
+QString ScanMode::TitleOf(int col) const {
+  return view_.model()->headerData(col, Qt::Horizontal, Qt::DisplayRole).toString();
 }
 
 void ScanMode::MoveBy(const QKeyEvent& key, const std::function<void()>& defaultAction) {
@@ -104,17 +166,12 @@ void ScanMode::Leave() {
   state_ = State::Idle;
 }
 
-void ScanMode::ShowHint() {
-  const QModelIndex cell = view_.currentIndex();
-  const QString title = view_.model()->headerData(cell.column(), Qt::Horizontal, Qt::DisplayRole).toString();
-  // The isolates keep the direction of the typed text, whatever its letters are.
-  const QString text = QStringLiteral("«\u2068%1\u2069» در ستون «%2» نيست.").arg(search_.Text(), title);
-  // Aligned with the right edge of the cell, so that the hint does not extend beyond the window.
-  const int width = QFontMetrics(QToolTip::font()).horizontalAdvance(text) + kTipMargins;
-  const QPoint corner = view_.visualRect(cell).bottomRight() - QPoint(width, 0);
-  QToolTip::showText(view_.viewport()->mapToGlobal(corner),
-                     QStringLiteral("<p dir='rtl' style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()),
-                     &view_);
+void ScanMode::Fail(const QString& hint) {
+  state_ = State::Dismissed;
+  ShowHint(hint);
+  failed_();
 }
+
+void ScanMode::ShowHint(const QString& text) { ShowCellHint(view_, view_.currentIndex(), text); }
 
 }  // namespace koru

@@ -1,4 +1,5 @@
 #include <QClipboard>
+#include <QSignalSpy>
 
 #include "desktop/toolkit/QtText.h"
 #include "platform/text/Numbers.h"
@@ -34,17 +35,13 @@ TEST_F(CellClipboardTest, Separators_that_are_typed_one_after_the_other_part_one
   EXPECT_EQ(Cell(1, 3), "1200");
 }
 
-TEST_F(CellClipboardTest, A_comma_for_the_decimal_point_never_makes_another_number_of_it) {
+TEST_F(CellClipboardTest, A_comma_for_the_decimal_point_never_makes_another_number_of_it_when_pasted) {
   grid.ValidateEdit.Always([this] { grid.SetEditText(NumberText(Val(grid.EditText()))); });
   Start();
-  Type("12,5");
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Cell(1, 2), "12");
   QApplication::clipboard()->setText(QStringLiteral("۱۲،۵\n0,200"));
   grid.SetCurrent(1, 3);
   Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(1, 3), "12");
-  EXPECT_EQ(Cell(2, 3), "0");
+  EXPECT_EQ(Cell(1, 3) + Cell(2, 3), "");
 }
 
 TEST_F(CellClipboardTest, A_block_is_pasted_downwards_and_onwards_into_the_cells_to_fill) {
@@ -72,14 +69,71 @@ TEST_F(CellClipboardTest, Pasting_skips_a_hidden_column) {
   EXPECT_EQ(Cell(1, 2) + "|" + Cell(1, 3), "1|");
 }
 
-TEST_F(CellClipboardTest, Pasting_stops_at_the_text_that_is_refused) {
+TEST_F(CellClipboardTest, Texts_that_do_not_fit_are_left_out_counted_and_reported) {
   Start();
-  QApplication::clipboard()->setText("1\n-2\n3");
+  QSignalSpy reported(view, &GridView::reported);
+  const QSignalSpy refused(view, &GridView::refused);
+  grid.SetTextMatrix(3, 2, "8");
+  QApplication::clipboard()->setText(QStringLiteral("1\n-2\nپنج\n4\n5"));
   Press(Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(Cell(1, 2), "1");
-  EXPECT_EQ(Cell(2, 2), "");
-  EXPECT_EQ(Cell(3, 2), "");
-  EXPECT_EQ(Current(), std::pair(2, 2));
+  EXPECT_EQ(Cell(2, 2), "") << "refused by the form";
+  EXPECT_EQ(Cell(3, 2), "8") << "no number: never 0 over a figure";
+  ASSERT_EQ(reported.count(), 1);
+  EXPECT_TRUE(reported.front().front().toString().startsWith(QStringLiteral("1 عدد چسبانده شد؛ 4 مقدار ")));
+  EXPECT_EQ(refused.count(), 1);
+}
+
+TEST_F(CellClipboardTest, After_pasting_the_first_cell_is_the_current_one) {
+  Start();
+  QSignalSpy reported(view, &GridView::reported);
+  QApplication::clipboard()->setText("1\t5\n2\t6\n3\t7\n");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(3, 2) + Cell(3, 3), "37");
+  EXPECT_EQ(Current(), std::pair(1, 2));
+  ASSERT_EQ(reported.count(), 1);
+  EXPECT_EQ(reported.front().front().toString(), QStringLiteral("6 عدد چسبانده شد."));
+}
+
+TEST_F(CellClipboardTest, A_copied_row_fills_its_own_columns_wherever_the_current_cell_is) {
+  grid.SetCols(6);
+  grid.SetFormatString("رديف|^باركد   |^نام       |^كليد   |^شمارش    |^نرخ       ");
+  grid.SetEditMask("000011");
+  for (const int col : {4, 5}) view->SetColumnStyle(col, {.number = true, .sign = {}, .color = {}});
+  view->SetColumnStyle(2, {});
+  ColumnStyle hidden;
+  hidden.hidden = true;
+  view->SetColumnStyle(3, hidden);
+  view->SetScanColumn(1);
+  for (int row = 1; row < grid.Rows(); ++row) grid.SetTextMatrix(row, 1, "62" + std::to_string(row));
+  Start();
+  QApplication::processEvents();
+  ASSERT_TRUE(view->isColumnHidden(3));
+  const QString rows = QStringLiteral("1\t621\tپيچ\t7\t10\t100\n2\t622\tمهره\t7\t20\t200\n");
+  for (const int col : {0, 1, 4, 5}) {
+    for (int row = 1; row < grid.Rows(); ++row) {
+      for (const int figure : {4, 5}) grid.SetTextMatrix(row, figure, "");
+    }
+    grid.SetCurrent(1, col);
+    QApplication::clipboard()->setText(rows);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Cell(1, 4) + " " + Cell(1, 5), "10 100") << col;
+    EXPECT_EQ(Cell(2, 4) + " " + Cell(2, 5), "20 200") << col;
+    EXPECT_EQ(Cell(1, 3), "") << "a hidden column keeps its texts";
+    EXPECT_EQ(Current(), std::pair(1, col));
+  }
+  grid.SetCurrent(1, 1);
+  QApplication::clipboard()->setText(QStringLiteral("621\tپيچ\t7\t11"));
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(1, 4), "11") << "a part of a row too";
+  QSignalSpy reported(view, &GridView::reported);
+  grid.SetCurrent(2, 1);
+  QApplication::clipboard()->setText(rows);
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(2, 4), "20") << "figures of another good";
+  EXPECT_EQ(Cell(3, 4), "");
+  ASSERT_EQ(reported.count(), 1);
+  EXPECT_TRUE(reported.front().front().toString().startsWith(QStringLiteral("0 عدد چسبانده شد؛ 4 مقدار ")));
 }
 
 TEST_F(CellClipboardTest, Lines_pasted_into_a_cell_that_is_being_typed_fill_it_and_the_cells_below) {

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
+#include <QToolTip>
 
 #include "desktop/toolkit/QtText.h"
 #include "tests/desktop/grid/GridViewTest.h"
@@ -150,6 +153,64 @@ TEST_F(CellEditingTest, Digits_of_Persian_and_Arabic_keyboards_arrive_as_Latin_o
   EXPECT_EQ(Cell(1, 3), "34");
 }
 
+TEST_F(CellEditingTest, A_slash_is_a_decimal_mark_in_a_number_cell) {
+  Start();
+  Type("12/5");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "12.5");
+  Type(QStringLiteral("۱۲/۵"));
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 3), "12.5");
+}
+
+TEST_F(CellEditingTest, A_number_cell_takes_no_letter_and_keeps_its_figure) {
+  Start();
+  const QSignalSpy refused(view, &GridView::refused);
+  grid.SetTextMatrix(1, 2, "8");
+  for (const char* const letters : {"x", "الف", " ", "e", "%"}) {
+    Type(QString::fromUtf8(letters));
+    EXPECT_EQ(Editor(), nullptr) << letters;
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("عدد"))) << letters;
+    Press(Qt::Key_F2);
+    Type(QString::fromUtf8(letters));
+    ASSERT_NE(Editor(), nullptr) << letters;
+    EXPECT_EQ(Editor()->text(), "8") << letters;
+    Press(Qt::Key_Escape);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  EXPECT_EQ(Cell(1, 2), "8");
+  EXPECT_EQ(refused.count(), 2 * 7) << "each refused key is heard";
+}
+
+TEST_F(CellEditingTest, A_text_that_is_no_number_stays_in_its_cell_and_is_explained) {
+  Start();
+  grid.SetTextMatrix(1, 2, "8");
+  for (const char* const text : {"12,5", "-", ".", "1404/01/15", "1.2.3"}) {
+    Type(QString::fromLatin1(text));
+    Press(Qt::Key_Return);
+    ASSERT_NE(Editor(), nullptr) << text;
+    EXPECT_EQ(Editor()->selectedText(), text);
+    EXPECT_TRUE(QToolTip::text().contains(QString::fromLatin1(text))) << QToolTip::text().toStdString();
+    EXPECT_EQ(Cell(1, 2), "8") << text;
+    Press(Qt::Key_Escape);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
+TEST_F(CellEditingTest, A_pasted_text_without_a_number_does_not_replace_the_figure) {
+  Start();
+  grid.SetTextMatrix(1, 2, "8");
+  QApplication::clipboard()->setText(QStringLiteral("پنج عدد"));
+  const QSignalSpy refused(view, &GridView::refused);
+  Press(Qt::Key_F2);
+  Press(Qt::Key_V, Qt::ControlModifier);
+  ASSERT_NE(Editor(), nullptr);
+  EXPECT_EQ(Editor()->text(), "8");
+  EXPECT_EQ(refused.count(), 1);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 2), "8");
+}
+
 TEST_F(CellEditingTest, Enter_on_the_last_cell_stores_it_and_stays) {
   Start();
   grid.SetCurrent(3, 3);
@@ -245,15 +306,12 @@ TEST(CellEditingKeys, Every_key_in_every_state_of_an_edit_has_its_effect) {
             "Idle Typed 2,3 '-1'[-1]"}},
           {"F5",
            {"Idle 2,3", "Idle Typed 2,3 '12'@2", "Idle Opened 2,3 '12'[12]", "Idle Typed 2,3 '-1'[-1]"}},
-          {"x",
-           {"Idle Typed 2,3 'x'@1", "Idle Typed 2,3 '12x'@3", "Idle Opened 2,3 'x'@1",
-            "Idle Typed 2,3 'x'@1"}},
+          {"x", {"Idle 2,3", "Idle Typed 2,3 '12'@2", "Idle Opened 2,3 '12'[12]", "Idle Typed 2,3 '-1'[-1]"}},
           {"6",
            {"Idle Typed 2,3 '6'@1", "Idle Typed 2,3 '126'@3", "Idle Opened 2,3 '6'@1",
             "Idle Typed 2,3 '6'@1"}},
           {"Space",
-           {"Idle Typed 2,3 ' '@1", "Idle Typed 2,3 '12 '@3", "Idle Opened 2,3 ' '@1",
-            "Idle Typed 2,3 ' '@1"}},
+           {"Idle 2,3", "Idle Typed 2,3 '12'@2", "Idle Opened 2,3 '12'[12]", "Idle Typed 2,3 '-1'[-1]"}},
           {"Ctrl+A",
            {"Idle 2,3", "Idle Typed 2,3 '12'[12]", "Idle Opened 2,3 '12'[12]", "Idle Typed 2,3 '-1'[-1]"}},
           {"Ctrl+C",
@@ -262,8 +320,8 @@ TEST(CellEditingKeys, Every_key_in_every_state_of_an_edit_has_its_effect) {
           {"Ctrl+V",
            {"Idle 2,3 (2,3)=3", "Idle Typed 2,3 '123'@3", "Idle Opened 2,3 '3'@1", "Idle Typed 2,3 '3'@1"}},
           {"Ctrl+V lines",
-           {"Idle 3,3 (2,3)=3 (3,3)=4", "Idle 3,3 (2,3)=3 (3,3)=4", "Idle 3,3 (2,3)=3 (3,3)=4",
-            "Idle 3,3 (2,3)=3 (3,3)=4"}},
+           {"Idle 2,3 (2,3)=3 (3,3)=4", "Idle 2,3 (2,3)=3 (3,3)=4", "Idle 2,3 (2,3)=3 (3,3)=4",
+            "Idle 2,3 (2,3)=3 (3,3)=4"}},
           {"Ctrl+Tab",
            {"Idle 2,3 leaves", "Idle 2,3 (2,3)=12 leaves", "Idle 2,3 leaves", "Idle Typed 2,3 '-1'[-1]"}},
           {"Ctrl+Shift+Tab",
@@ -291,8 +349,8 @@ TEST(CellEditingKeys, Every_key_in_every_state_of_an_edit_has_its_effect_on_the_
   ExpectKeys(
       states,
       {
-          {"Return", {"Idle 4,1 (4,3)=12", "Idle 4,1", "Figure Typed 4,3 '-1'[-1]"}},
-          {"Enter", {"Idle 4,1 (4,3)=12", "Idle 4,1", "Figure Typed 4,3 '-1'[-1]"}},
+          {"Return", {"Ready 4,1 (4,3)=12", "Ready 4,1", "Figure Typed 4,3 '-1'[-1]"}},
+          {"Enter", {"Ready 4,1 (4,3)=12", "Ready 4,1", "Figure Typed 4,3 '-1'[-1]"}},
           {"Tab", {"Idle 4,4 (4,3)=12", "Idle 4,4", "Figure Typed 4,3 '-1'[-1]"}},
           {"Backtab", {"Idle 3,6 (4,3)=12", "Idle 3,6", "Figure Typed 4,3 '-1'[-1]"}},
           {"Escape", {"Figure 4,3", "Figure 4,3", "Figure 4,3"}},
@@ -312,9 +370,9 @@ TEST(CellEditingKeys, Every_key_in_every_state_of_an_edit_has_its_effect_on_the_
           {"Insert", {"Figure Typed 4,3 '12'@2", "Figure Opened 4,3 '12'[12]", "Figure Typed 4,3 '-1'[-1]"}},
           {"F2", {"Figure Typed 4,3 '12'@2", "Figure Opened 4,3 '12'[12]", "Figure Typed 4,3 '-1'[-1]"}},
           {"F5", {"Figure Typed 4,3 '12'@2", "Figure Opened 4,3 '12'[12]", "Figure Typed 4,3 '-1'[-1]"}},
-          {"x", {"Figure Typed 4,3 '12x'@3", "Figure Opened 4,3 'x'@1", "Figure Typed 4,3 'x'@1"}},
+          {"x", {"Figure Typed 4,3 '12'@2", "Figure Opened 4,3 '12'[12]", "Figure Typed 4,3 '-1'[-1]"}},
           {"6", {"Figure Typed 4,3 '126'@3", "Figure Opened 4,3 '6'@1", "Figure Typed 4,3 '6'@1"}},
-          {"Space", {"Figure Typed 4,3 '12 '@3", "Figure Opened 4,3 ' '@1", "Figure Typed 4,3 ' '@1"}},
+          {"Space", {"Figure Typed 4,3 '12'@2", "Figure Opened 4,3 '12'[12]", "Figure Typed 4,3 '-1'[-1]"}},
           {"Ctrl+A",
            {"Figure Typed 4,3 '12'[12]", "Figure Opened 4,3 '12'[12]", "Figure Typed 4,3 '-1'[-1]"}},
           {"Ctrl+C",
@@ -322,7 +380,7 @@ TEST(CellEditingKeys, Every_key_in_every_state_of_an_edit_has_its_effect_on_the_
             "Figure Typed 4,3 '-1'[-1] copies -1"}},
           {"Ctrl+V", {"Figure Typed 4,3 '123'@3", "Figure Opened 4,3 '3'@1", "Figure Typed 4,3 '3'@1"}},
           {"Ctrl+V lines",
-           {"Idle 5,3 (4,3)=3 (5,3)=4", "Idle 5,3 (4,3)=3 (5,3)=4", "Idle 5,3 (4,3)=3 (5,3)=4"}},
+           {"Idle 4,3 (4,3)=3 (5,3)=4", "Idle 4,3 (4,3)=3 (5,3)=4", "Idle 4,3 (4,3)=3 (5,3)=4"}},
           {"Ctrl+Tab", {"Idle 4,3 (4,3)=12 leaves", "Idle 4,3 leaves", "Figure Typed 4,3 '-1'[-1]"}},
           {"Ctrl+Shift+Tab", {"Idle 4,3 (4,3)=12 leaves", "Idle 4,3 leaves", "Figure Typed 4,3 '-1'[-1]"}},
       });

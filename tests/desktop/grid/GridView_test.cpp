@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QPaintEvent>
 #include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
 
 #include "desktop/toolkit/QtText.h"
 #include "tests/desktop/grid/GridViewTest.h"
@@ -94,6 +96,67 @@ TEST_F(GridViewTest, A_click_on_a_title_sorts_and_shows_the_column_that_is_sorte
   EXPECT_EQ(view->horizontalHeader()->sortIndicatorOrder(), Qt::AscendingOrder);
   grid.RemoveItem(1);
   EXPECT_EQ(view->horizontalHeader()->sortIndicatorSection(), -1);
+}
+
+TEST_F(GridViewTest, The_menu_of_a_title_and_of_a_row_sorts_downwards_and_back_and_says_what_saving_keeps) {
+  grid.SortWanted.Always([this](const SortRequest& request) {
+    if (request.order == RowOrder::Entry) return grid.SortByEntry();
+    grid.Sort(request.col, request.order == RowOrder::Descending ? SortMode::GenericDescending
+                                                                 : SortMode::GenericAscending);
+  });
+  for (int row = 1; row < grid.Rows(); ++row) grid.SetTextMatrix(row, 2, std::to_string(10 * (row % 3)));
+  Start();
+  grid.SetCurrent(3, 2);
+  QSignalSpy reported(view, &GridView::reported);
+  const auto choose = [](int entry) {
+    QTimer::singleShot(0, qApp, [entry] {
+      auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      ASSERT_NE(menu, nullptr);
+      QList<QAction*> entries = menu->actions();
+      while (!entries.front()->text().startsWith(QStringLiteral("مرتب"))) entries.removeFirst();
+      entries.at(entry)->trigger();
+      menu->close();
+    });
+  };
+  const QPoint title(view->columnViewportPosition(2) + view->columnWidth(2) / 2, 10);
+  choose(1);
+  emit view->horizontalHeader()->customContextMenuRequested(title);
+  EXPECT_EQ(Cell(1, 2) + " " + Cell(2, 2) + " " + Cell(3, 2), "20 10 0");
+  EXPECT_EQ(Current(), std::pair(3, 2)) << "the current good is still current";
+  EXPECT_EQ(Cell(3, 1), "واشر");
+  EXPECT_EQ(view->horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
+  ASSERT_EQ(reported.count(), 1);
+  EXPECT_TRUE(reported.front().front().toString().contains(QStringLiteral("ثبت")));
+  choose(0);
+  const QPoint cell = view->visualRect(view->currentIndex()).center();
+  QContextMenuEvent right(QContextMenuEvent::Keyboard, cell, view->viewport()->mapToGlobal(cell));
+  QApplication::sendEvent(view->viewport(), &right);
+  EXPECT_EQ(Current(), std::pair(1, 2));
+  EXPECT_EQ(Cell(1, 1), "واشر");
+  choose(2);
+  QApplication::sendEvent(view->viewport(), &right);
+  EXPECT_EQ(Cell(1, 1) + Cell(2, 1) + Cell(3, 1), "پيچمهرهواشر");
+  EXPECT_EQ(view->horizontalHeader()->sortIndicatorSection(), -1);
+}
+
+TEST_F(GridViewTest, A_larger_number_than_its_column_shows_unmarked_is_marked_until_it_is_changed) {
+  ColumnStyle count;
+  count.number = true;
+  count.maxUnmarked = 1e9;
+  count.markText = QStringLiteral("بيشتر از 1,000,000,000");
+  view->SetColumnStyle(2, count);
+  Start();
+  const QModelIndex cell = view->model()->index(1, 2);
+  const QColor ground(0xFF, 0xE3, 0xB8);
+  grid.SetTextMatrix(2, 2, "1000000000");
+  EXPECT_FALSE(cell.data(Qt::ToolTipRole).isValid());
+  EXPECT_EQ(PixelsOf(*view->viewport(), ground), 0);
+  grid.SetTextMatrix(2, 2, "1000000000.5");
+  EXPECT_EQ(cell.data(Qt::ToolTipRole).toString(), count.markText);
+  EXPECT_GT(PixelsOf(*view->viewport(), ground), 100);
+  grid.SetTextMatrix(2, 2, "10");
+  EXPECT_FALSE(cell.data(Qt::ToolTipRole).isValid());
+  EXPECT_EQ(PixelsOf(*view->viewport(), ground), 0);
 }
 
 TEST_F(GridViewTest, A_double_click_reports_the_row_and_Enter_does_in_a_list) {

@@ -61,6 +61,8 @@ const char* NameOf(ScanMode::State state) {
       return "Dismissed";
     case ScanMode::State::Figure:
       return "Figure";
+    case ScanMode::State::Ready:
+      return "Ready";
   }
   return "";
 }
