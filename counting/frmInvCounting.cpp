@@ -112,7 +112,20 @@ bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
   return true;
 }
 
-void frmInvCounting::RefreshCommands() { koru::RefreshCommands(shared_.DocMode, *this); }
+void frmInvCounting::FillInvCounterDetailData(std::int32_t id) {
+  lines_.FillInvCounterDetailData(id);
+  linesAreStored_ = true;
+}
+
+void frmInvCounting::ReadStoredLines() {
+  const Hourglass hourglass(shared_.services.screen);
+  if (!ViewInvCounting(static_cast<std::int32_t>(CountingID()))) guard_.ReportGone();
+}
+
+void frmInvCounting::RefreshCommands() {
+  koru::RefreshCommands(shared_.DocMode, *this);
+  cmdReadLines.SetVisible(shared_.DocMode == DocumentMode::Viewing && !linesAreStored_);
+}
 
 bool frmInvCounting::FillInvCountingData(std::int32_t id) {
   const auto header = ReadCountingHeader(id, shared_.data);
@@ -147,8 +160,12 @@ void frmInvCounting::ConnectEvents() {
   cmdExit.Click.Always([this] { Exit(); });
   cmdSearch.Click.Always([this] { ShowInvSearch(); });
   cmdGoods.Click.Always([this] { AddSearchedGoods(); });
-  cmdView.Click.Always([this] { viewReport_.Run(); });
-  cmdExcel.Click.Always([this] { excelExport_.Run(); });
+  cmdView.Click.Always([this] { viewReport_.Run(linesAreStored_ && !IsBeingEntered()); });
+  cmdExcel.Click.Always([this] { excelExport_.Run(linesAreStored_); });
+  cmdReadLines.Click.Always([this] { ReadStoredLines(); });
+  flexDetail.RowsChanged.Always([this](const GridChange&) {
+    if (IsBeingEntered()) linesAreStored_ = false;
+  });
   cmdInvExit.Click.Always([this] { linkedDocuments_.OpenDispatch(); });
   cmdInvReceipt.Click.Always([this] { linkedDocuments_.OpenReceipt(); });
   cmdCalc.Click.Always([this] { quantity_.CalculateAllLines(); });
@@ -217,7 +234,12 @@ void frmInvCounting::RunAndTick(const std::function<void()>& command) {
 /// never to one that writes.
 void frmInvCounting::Save(const std::function<void()>& command) {
   drafts_.WriteIfPossible();
-  RunAndTick(command);
+  RunAndTick([&] {
+    command();
+    if (shared_.DocMode != DocumentMode::Viewing) return;
+    linesAreStored_ = true;
+    flexDetail.KeepOrder();
+  });
   if (shared_.DocMode == DocumentMode::Viewing) SetFocus(IsFinal() ? cmdView : cmdEdit);
 }
 

@@ -47,7 +47,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// Shows the header alone; false when the counting does not exist.
   bool FillInvCountingData(std::int32_t id);
   /// Shows the lines alone.
-  void FillInvCounterDetailData(std::int32_t id) { lines_.FillInvCounterDetailData(id); }
+  void FillInvCounterDetailData(std::int32_t id);
   /// Applies the shared document mode to commands and fields.
   void disablelockcomponent();
   /// Shows the signed-in user's name as the creator.
@@ -60,6 +60,9 @@ class frmInvCounting : public Form, public InvCountingControls {
 
   /// Whether the document on the form is new or open for changes.
   [[nodiscard]] bool IsBeingEntered() const;
+  /// Whether the lines on the form are those in the database, in the same order. They are not while they are
+  /// being entered, nor after Cancel, which keeps what was typed on the form.
+  [[nodiscard]] bool LinesAreStored() const { return linesAreStored_; }
   /// The folder that report paths are relative to.
   [[nodiscard]] const std::string& ReportBaseFolder() const { return viewReport_.BaseFolder(); }
   /// The store proposed for a new counting; -1 when none is marked as default.
@@ -90,6 +93,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   void ShowInvSearch();
   const SqlText& SearchGoods();
   void AddSearchedGoods();
+  void ReadStoredLines();
   void Exit();
   bool OpenFound(std::int32_t id);
   void RunAndTick(const std::function<void()>& command);
@@ -100,6 +104,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   SharedState& shared_;
   bool started_ = false;
   int idleTicks_ = 0;  ///< ticks since the last command
+  bool linesAreStored_ = true;
   CountingLines lines_;
   LineEditing editing_;
   SystemQuantity quantity_;

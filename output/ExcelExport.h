@@ -15,7 +15,9 @@ class ExcelExport {
   /// Copies every cell as text, the header row and hidden columns included: the cell of row r and column c to
   /// the sheet's row r + 1 and column c + 1. A grid without lines starts no spreadsheet program. What the
   /// program throws reaches the caller.
-  void Run();
+  ///
+  /// `areStored`: whether the lines are those in the database; if not, the workbook says so.
+  void Run(bool areStored = true);
 
  private:
   void Copy(Spreadsheet& sheet);

@@ -6,6 +6,8 @@
 namespace koru {
 namespace {
 
+constexpr const char* kNotTheForm = "اين گزارش شمارش ذخيره شده است؛ آنچه روي فرم ذخيره نشده است در آن نيست.";
+
 /// The flag is off during the object's lifetime.
 class NotReady {
  public:
@@ -26,7 +28,7 @@ void ViewReport::ReadBaseFolder() {
   baseFolder_ = base.RecordCount() == 0 ? std::string() : base.Field("BasePath").Text();
 }
 
-void ViewReport::Run() {
+void ViewReport::Run(bool isStored) {
   ReportPrinter& printer = Printer();
   printer.SetReportFileName({});
   const std::string path = ChooseReport();
@@ -39,6 +41,7 @@ void ViewReport::Run() {
                         " order by GoodCode";
   printer.SetSQLQuery(query);
   printer.SetFormula(1, CompanyFormula());
+  printer.SetNote(isStored ? "" : kNotTheForm);
   const NotReady shown(ready_);
   printer.Show();
 }

@@ -32,7 +32,10 @@ class ViewReport {
   /// A report path that names no file gets the base folder put before it, without a separator. Without a
   /// template, or when the user chooses none, nothing is shown. Throws ComponentError (429) when the suite
   /// has no report printer, DatabaseError, and what the printer throws.
-  void Run();
+  ///
+  /// `isStored`: whether the form shows what is stored; if not, the preview says that it does not show the
+  /// form.
+  void Run(bool isStored = true);
 
  private:
   [[nodiscard]] ReportPrinter& Printer();

@@ -11,7 +11,6 @@
 namespace koru {
 namespace {
 
-constexpr const char* kSheetName = "شمارش";
 constexpr const char* kTextFormat = "@";
 constexpr std::size_t kMinWidth = 6;  ///< in characters
 constexpr std::size_t kMaxWidth = 60;
@@ -112,14 +111,14 @@ void WriteTexts(lxw_workbook* book, lxw_worksheet* sheet, const SheetTexts& text
 
 }  // namespace
 
-std::string WriteWorkbook(const std::string& path, const SheetTexts& texts) {
+std::string WriteWorkbook(const std::string& path, const std::string& sheetName, const SheetTexts& texts) {
   // The library's constant-memory mode keeps one row at a time, which requires writing row by row.
   lxw_workbook_options options{};
   options.constant_memory = LXW_TRUE;
   lxw_workbook* const book = workbook_new_opt(path.c_str(), &options);
   if (book == nullptr) return lxw_strerror(LXW_ERROR_MEMORY_MALLOC_FAILED);
   Outcome outcome;
-  lxw_worksheet* const sheet = workbook_add_worksheet(book, kSheetName);
+  lxw_worksheet* const sheet = workbook_add_worksheet(book, sheetName.c_str());
   if (sheet == nullptr) {
     outcome.Note(LXW_ERROR_CREATING_TMPFILE);
   } else {

@@ -84,6 +84,8 @@ class XlsxWorkbook : public Spreadsheet {
     }
   }
 
+  void MarkAsUnsaved() override { title_ = "شمارش ذخيره نشده"; }
+
   void LeaveOpen() override {
     const std::string path = TextOf(Write());
     ReportCutTexts();
@@ -107,7 +109,7 @@ class XlsxWorkbook : public Spreadsheet {
     fs::create_directories(folder, error);
     if (error) Refuse(folder, error.message());
     const TemporaryFile working(folder);
-    const std::string reason = WriteWorkbook(TextOf(working.Path()), texts_);
+    const std::string reason = WriteWorkbook(TextOf(working.Path()), title_, texts_);
     if (!reason.empty()) Refuse(folder / PathOf(Name(1)), reason);
     int number = 1;
     while (!RenameUnlessExists(working.Path(), folder / PathOf(Name(number)))) ++number;
@@ -115,11 +117,12 @@ class XlsxWorkbook : public Spreadsheet {
   }
 
   [[nodiscard]] std::string Name(int number) const {
-    return "شمارش-" + date_ + "-" + std::to_string(number) + ".xlsx";
+    return title_ + "-" + date_ + "-" + std::to_string(number) + ".xlsx";
   }
 
   const XlsxPlace place_;
   std::string date_;
+  std::string title_ = "شمارش";  ///< of the file and the sheet
   SheetTexts texts_;
   std::set<std::pair<int, int>> cut_;  ///< row and column of the cells whose texts were cut
 };

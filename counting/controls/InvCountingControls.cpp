@@ -13,6 +13,8 @@ InvCountingControls::InvCountingControls(Form& owner) : form(owner) {
   cmdGoods.SetCaption("كالاها");
   cmdCalc.SetCaption("محاسبه");
   cmdDeleteAll.SetCaption("حذف همه");
+  cmdReadLines.SetCaption("خواندن سطرهاي ذخيره شده");
+  cmdReadLines.SetVisible(false);
   cmdTmpSave.SetCaption("ثبت موقت");
   cmdIsFinalized.SetCaption("ثبت نهايي");
   cmdFunc.SetCaption("بازگشت به موقت");

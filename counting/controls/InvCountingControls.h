@@ -55,6 +55,8 @@ struct InvCountingControls {
   Button cmdGoods{form, "cmdGoods"};
   Button cmdCalc{form, "cmdCalc"};
   Button cmdDeleteAll{form, "cmdDeleteAll"};
+  Button cmdReadLines{form,
+                      "cmdReadLines"};  ///< visible while a viewed counting's lines are not the stored ones
   Button cmdTmpSave{form, "cmdTmpSave"};
   Button cmdIsFinalized{form, "cmdIsFinalized"};
   Button cmdFunc{form, "cmdFunc"};  ///< return to the temporary state

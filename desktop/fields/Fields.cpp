@@ -43,6 +43,15 @@ QLabel* NewHint(const QString& text, QWidget* parent) {
   return hint;
 }
 
+QLabel* NewNotice(const QString& text, QWidget* parent) {
+  auto* const notice = new QLabel(RightToLeft(text), parent);
+  notice->setObjectName(QStringLiteral("notice"));
+  notice->setProperty("notice", true);
+  notice->setTextFormat(Qt::PlainText);
+  notice->setWordWrap(true);
+  return notice;
+}
+
 QString WithKeys(const QString& text, const QString& keys) {
   return QStringLiteral("%1 (\u200E%2\u200E)").arg(text, keys);  // keeps "Ctrl++" left to right
 }

@@ -20,6 +20,9 @@ inline constexpr Qt::Alignment kTrueRight = Qt::AlignRight | Qt::AlignAbsolute |
 /// A label in small print that lists shortcuts; right to left in spite of the keys' Latin names.
 [[nodiscard]] QLabel* NewHint(const QString& text, QWidget* parent);
 
+/// A sentence that must not be overlooked, on a coloured ground.
+[[nodiscard]] QLabel* NewNotice(const QString& text, QWidget* parent);
+
 /// The tool tip of a command: its text and its shortcut.
 [[nodiscard]] QString WithKeys(const QString& text, const QString& keys);
 

@@ -29,6 +29,7 @@
 #include "desktop/toolkit/ShownNumber.h"
 #include "desktop/toolkit/WindowPlace.h"
 #include "lines/LineColumns.h"
+#include "lines/LineEditing.h"
 
 // The widgets are owned by their Qt parents.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
@@ -39,6 +40,9 @@ constexpr QSize kDefaultSize(1280, 760);
 constexpr const char* kKeysOfLines =
     "خانه بعد: Enter    ويرايش خانه: F2    ورود/خروج جدول: Ctrl+Tab    حذف سطر: Ctrl+Del    "
     "ليست و تقويم: F4";
+constexpr const char* kTooLarge =
+    "اين عدد از 1,000,000,000 بيشتر است. اگر باركد يا عددي اشتباه است، آن را اصلاح كنيد؛ اين نشانه تا تغيير "
+    "عدد مي ماند.";
 constexpr QColor kShortage(0xA8, 0x1E, 0x16);
 constexpr QColor kSurplus(0x17, 0x4E, 0xA6);
 
@@ -70,6 +74,11 @@ void SetUpColumns(GridView& lines) {
       style.sign = ColumnStyle::Sign::Up;
       style.color = kSurplus;
     }
+    const bool typed = col <= LineColumn::AcceptedCounting || col == LineColumn::Rate;
+    if (typed) {
+      style.maxUnmarked = kMaxQuantityWithoutWarning;
+      style.markText = QString::fromUtf8(kTooLarge);
+    }
     lines.SetColumnStyle(col, style);
   }
   ColumnStyle key;
@@ -78,6 +87,7 @@ void SetUpColumns(GridView& lines) {
   lines.SetStretchColumn(LineColumn::GoodName);
   lines.SetRowNumbers(true);
   lines.SetScanColumn(LineColumn::Barcode);
+  lines.SetFigureColumns(LineColumn::FirstCounting, LineColumn::AcceptedCounting);
 }
 
 }  // namespace
@@ -90,6 +100,7 @@ InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& reco
   AddDocumentCommands(*layout);
   AddHeader(*layout);
   AddLineCommands(*layout);
+  AddUnsavedNotice(*layout);
   AddLines(*layout);
   AddTotals(*layout);
   Binding().Bind(form.Timer1);
@@ -104,7 +115,7 @@ QPushButton& InvCountingWindow::AddCommand(QBoxLayout& bar, Button& command, con
   button->setToolTip(WithKeys(button->text(), keys.toString()));
   auto* const press = new QShortcut(keys, this);
   connect(press, &QShortcut::activated, button, [this, button, blockedBy] {
-    if (!button->isEnabled()) return;
+    if (!button->isEnabled() || !button->isVisibleTo(this)) return;
     if (blockedBy != BlockedBy::Nothing && !lines_->FinishEdit()) return;
     button->setFocus(Qt::ShortcutFocusReason);
     button->click();
@@ -265,11 +276,29 @@ void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
       [this](KeyPress) { hint_->setText(RightToLeft(QString::fromUtf8(kKeysOfLines))); });
 }
 
+/// Shown while the lines on the form are not the stored ones, though nothing is being entered.
+void InvCountingWindow::AddUnsavedNotice(QBoxLayout& window) {
+  auto* const bar = new QWidget(this);
+  bar->setObjectName(QStringLiteral("unsavedLines"));
+  auto* const layout = new QHBoxLayout(bar);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const text = NewNotice(
+      QStringLiteral("سطرهاي زير ذخيره نشده اند: آنچه پيش از انصراف نوشته شد روي فرم مانده است."), bar);
+  layout->addWidget(text, 1);
+  AddCommand(*layout, form_.cmdReadLines, "F5");
+  window.addWidget(bar);
+  const auto show = [this, bar] { bar->setVisible(form_.cmdReadLines.Visible()); };
+  show();
+  linesChecked_ = form_.cmdReadLines.StateChanged.Subscribe(show);
+}
+
 void InvCountingWindow::AddLines(QBoxLayout& window) {
   lines_ = new GridView(this);
   SetUpColumns(*lines_);
   Binding().Bind(form_.flexDetail, *lines_);
   window.addWidget(lines_, 1);
+  connect(lines_, &GridView::reported, this,
+          [this](const QString& sentence) { hint_->setText(RightToLeft(sentence)); });
   // The grid itself handles the key that leaves it.
   connect(new QShortcut(Qt::CTRL | Qt::Key_Tab, this), &QShortcut::activated, lines_,
           [this] { lines_->setFocus(Qt::ShortcutFocusReason); });

@@ -28,6 +28,7 @@ class InvCountingWindow : public FormWindow {
   void AddDocument(QGridLayout& box);
   void AddPeople(QGridLayout& box);
   void AddLineCommands(QBoxLayout& window);
+  void AddUnsavedNotice(QBoxLayout& window);
   void AddLines(QBoxLayout& window);
   void AddTotals(QBoxLayout& window);
   void CommandDone(const Button& command);
@@ -45,6 +46,7 @@ class InvCountingWindow : public FormWindow {
   QLabel* hint_ = nullptr;
   Subscription goodsAdded_;
   Subscription cancelled_;
+  Subscription linesChecked_;
   Subscription keyPressed_;  ///< the next key restores the hint
 };
 

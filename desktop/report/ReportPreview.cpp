@@ -15,6 +15,7 @@
 #include "desktop/report/PrintChoice.h"
 #include "desktop/report/ReportOutput.h"
 #include "desktop/toolkit/FileChoice.h"
+#include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
 
 namespace koru {
@@ -41,6 +42,7 @@ ReportPreview::ReportPreview(std::unique_ptr<const ReportDocument> report, const
   tools->setContentsMargins(8, 6, 8, 6);
   tools->setSpacing(6);
   all->addLayout(tools);
+  if (!report_->Note().empty()) all->addWidget(NewNotice(ToQt(report_->Note()), this));
   view_ = new PageView(*report_);
   all->addWidget(view_, 1);
   AddTools(*tools);

@@ -70,6 +70,8 @@ QCalendarWidget QToolButton:hover { background: #4B79A9; }
 QTreeView::item { padding: 3px 2px; }
 QTreeView::item:selected { background: #2F5D8C; color: white; }
 QFrame[gap="true"] { border: 0; background: #C3CCD8; max-width: 1px; margin: 3px 3px; }
+QLabel[notice="true"] { background: #FFF1D6; color: #6B3D00; border: 1px solid #E0B465; border-radius: 3px;
+  padding: 4px 8px; }
 QLabel[hint="true"] { color: #6A7686; }
 QLineEdit, QPlainTextEdit, QComboBox { background: white; border: 1px solid #B4BFCD; border-radius: 3px;
   padding: 2px 5px; selection-background-color: #2F5D8C; selection-color: white; }

@@ -22,6 +22,9 @@ class ReportPrinter : public SiblingComponent {
   /// Sets formula `number` (from 1), written `name='text'`: a named text that the report file may show.
   /// Replaces an earlier formula with the same number.
   virtual void SetFormula(int number, const std::string& formula) = 0;
+  /// Sets a sentence that the preview shows above the pages; empty for none. A printer that has no place for
+  /// it does nothing.
+  virtual void SetNote(const std::string& /*note*/) {}
   /// Shows the report on the screen. Throws InputError when the report file is unusable, and DatabaseError
   /// when the query fails or its typed spans are not valid; in the latter case nothing is sent.
   virtual void Show() = 0;

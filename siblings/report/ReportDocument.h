@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/sql/Recordset.h"
@@ -29,6 +30,9 @@ class ReportDocument {
   [[nodiscard]] const ReportTemplate& Template() const { return report_; }
   /// The title of the report, with values from the query's first record; empty if the file has no `name`.
   [[nodiscard]] std::string Name() const;
+  /// A sentence for the preview alone; empty if there is none.
+  void SetNote(std::string note) { note_ = std::move(note); }
+  [[nodiscard]] const std::string& Note() const { return note_; }
   [[nodiscard]] const std::vector<ReportPage>& Pages() const { return pages_; }
 
   /// The text of a cell in a band of a page (from 0). In bands other than rows, columns refer to the query's
@@ -59,6 +63,7 @@ class ReportDocument {
   ReportTemplate report_;
   Recordset records_;
   ReportFormulas formulas_;
+  std::string note_;
   std::vector<std::size_t> rows_;  ///< indexes of the printed records
   std::map<std::string, ValueSource, std::less<>> values_;
   std::vector<ReportPage> pages_;

@@ -30,7 +30,10 @@ std::unique_ptr<ReportDocument> SuiteReportPrinter::Prepare() const {
   for (const auto& [number, formula] : formulas_) AddFormula(formula, formulas);
   CheckTypedSpans(query_);
   Recordset records = databases_.Connect(connectionString_)->Open(query_);
-  return std::make_unique<ReportDocument>(std::move(report), std::move(records), std::move(formulas));
+  auto document =
+      std::make_unique<ReportDocument>(std::move(report), std::move(records), std::move(formulas));
+  document->SetNote(note_);
+  return document;
 }
 
 }  // namespace koru

@@ -28,6 +28,7 @@ class SuiteReportPrinter : public ReportPrinter {
   void SetConnectionString(const std::string& text) override { connectionString_ = text; }
   void SetSQLQuery(const SqlText& query) override { query_ = query; }
   void SetFormula(int number, const std::string& formula) override { formulas_[number] = formula; }
+  void SetNote(const std::string& note) override { note_ = note; }
   void Show() override { show_(Prepare()); }
 
   /// The report that Show passes on; throws what Show throws.
@@ -41,6 +42,7 @@ class SuiteReportPrinter : public ReportPrinter {
   std::string connectionString_;
   SqlText query_;
   std::map<int, std::string> formulas_;
+  std::string note_;
 };
 
 }  // namespace koru

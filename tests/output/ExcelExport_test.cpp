@@ -20,6 +20,7 @@ struct Desk {
   int leftOpen = 0;
   bool missing = false;
   bool full = false;
+  bool markedAsUnsaved = false;
   std::map<std::pair<int, int>, std::string> cells;
 };
 
@@ -27,6 +28,7 @@ class RememberingSheet : public Spreadsheet {
  public:
   explicit RememberingSheet(Desk& desk) : desk_(desk) {}
   void SetCell(int row, int col, std::string_view text) override { desk_.cells[{row, col}] = text; }
+  void MarkAsUnsaved() override { desk_.markedAsUnsaved = true; }
   void LeaveOpen() override {
     if (desk_.full) throw InputError("no room for the workbook");
     ++desk_.leftOpen;
@@ -89,6 +91,14 @@ TEST_F(ExportingTheGrid, Header_and_lines_go_over_cell_by_cell_with_hidden_colum
   EXPECT_EQ(desk.cells, expected);
   EXPECT_EQ(desk.started, 1);
   EXPECT_EQ(desk.leftOpen, 1);
+}
+
+TEST_F(ExportingTheGrid, A_workbook_of_lines_that_are_not_stored_says_so) {
+  form.flexDetail.AddItem("1");
+  excel.Run(true);
+  EXPECT_FALSE(desk.markedAsUnsaved);
+  excel.Run(false);
+  EXPECT_TRUE(desk.markedAsUnsaved);
 }
 
 TEST_F(ExportingTheGrid, A_long_export_shows_how_far_it_is_and_the_hourglass) {

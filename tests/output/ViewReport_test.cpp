@@ -13,6 +13,7 @@ namespace {
 /// What the report printer was given, in order; outlives the printer.
 struct PrinterLog {
   Texts calls;
+  std::string note;
   std::function<void()> onShow;
 };
 
@@ -26,6 +27,7 @@ class LoggingPrinter : public ReportPrinter {
   void SetFormula(int number, const std::string& formula) override {
     log_.calls.push_back("formula " + std::to_string(number) + " " + formula);
   }
+  void SetNote(const std::string& note) override { log_.note = note; }
   void Show() override {
     log_.calls.emplace_back("show");
     if (log_.onShow) log_.onShow();
@@ -64,6 +66,14 @@ class ViewingAReport : public DocumentsTest {
   int made = 0;
   ViewReport view{form, shared};
 };
+
+TEST_F(ViewingAReport, The_preview_says_when_the_form_shows_something_that_is_not_stored) {
+  WillChoose(0);
+  view.Run(false);
+  EXPECT_NE(printer.note.find("ذخيره نشده"), std::string::npos);
+  view.Run(true);
+  EXPECT_EQ(printer.note, "");
+}
 
 TEST_F(ViewingAReport, The_printer_gets_file_connection_query_and_company_in_this_order) {
   WillChoose(0);

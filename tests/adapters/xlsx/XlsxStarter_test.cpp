@@ -65,6 +65,18 @@ TEST_F(ExportedWorkbook, Is_right_to_left_with_a_bold_header_row_that_stays_in_s
   EXPECT_FALSE(read.cells.at({2, 1}).bold);
 }
 
+TEST_F(ExportedWorkbook, Says_in_its_name_and_that_of_its_sheet_that_it_is_not_stored) {
+  const auto sheet = NewWorkbook();
+  sheet->SetCell(1, 1, "رديف");
+  sheet->MarkAsUnsaved();
+  sheet->LeaveOpen();
+  ASSERT_EQ(opened.size(), 1U);
+  EXPECT_EQ(Files(), std::vector<std::string>{"شمارش ذخيره نشده-1404-10-01-1.xlsx"});
+  const ReadSheet read = ReadWorkbook(opened[0]);
+  EXPECT_EQ(read.name, "شمارش ذخيره نشده");
+  EXPECT_EQ(read.Text(1, 1), "رديف");
+}
+
 TEST_F(ExportedWorkbook, Texts_come_back_letter_for_letter_and_are_never_numbers_or_formulas) {
   const std::vector<std::string> texts = {"=1+1",
                                           "007",

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QLabel>
 #include <QProgressDialog>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -48,6 +49,20 @@ TEST_F(Preview, Runs_from_right_to_left_and_begins_on_page_1_as_wide_as_the_wind
   window.resize(1200, 700);
   QCoreApplication::processEvents();
   EXPECT_EQ(window.View().verticalScrollBar()->value(), 0);
+}
+
+TEST(PreviewNote, Is_shown_above_the_pages) {
+  auto report = std::make_unique<ReportDocument>(test::SmallTemplate(), test::Records(1), ReportFormulas());
+  report->SetNote("ذخيره نشده");
+  ReportPreview window(
+      std::move(report), QStringLiteral("گزارش"), [](const std::string&) {}, nullptr);
+  window.setAttribute(Qt::WA_DeleteOnClose, false);
+  test::Open(window);
+  const auto* const notice = window.findChild<QLabel*>(QStringLiteral("notice"));
+  ASSERT_NE(notice, nullptr);
+  EXPECT_TRUE(notice->isVisible());
+  EXPECT_TRUE(notice->text().contains(QStringLiteral("ذخيره نشده")));
+  EXPECT_LT(notice->geometry().bottom(), window.View().geometry().top());
 }
 
 TEST_F(Preview, Shows_the_page_that_keys_and_the_page_number_ask_for) {
