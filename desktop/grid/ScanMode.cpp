@@ -12,8 +12,15 @@
 namespace koru {
 namespace {
 
-/// The isolates keep the direction of the typed text, whatever its letters are.
-QString Quoted(const QString& text) { return QStringLiteral("«\u2068%1\u2069»").arg(text); }
+// The isolates keep the direction of the typed text, whatever its letters are.
+
+QString NotInColumn(const QString& text, const QString& title) {
+  return QStringLiteral("«\u2068%1\u2069» در ستون «%2» نيست.").arg(text, title);
+}
+
+QString OnlyBeginning(const QString& text) {
+  return QStringLiteral("«\u2068%1\u2069» فقط آغاز اين باركد است.").arg(text);
+}
 
 }  // namespace
 
@@ -35,8 +42,7 @@ void ScanMode::TypeKeys(const QString& keys) {
   MoveTo(search_.Type(current.isValid() ? current : view_.model()->index(0, 0), keys));
   state_ = search_.Failed() ? State::NotFound : search_.Found() ? State::Found : State::Idle;
   if (state_ == State::NotFound) {
-    ShowHint(Quoted(search_.Text()) +
-             QStringLiteral(" در ستون «%1» نيست.").arg(TitleOf(view_.currentIndex().column())));
+    ShowHint(NotInColumn(search_.Text(), TitleOf(view_.currentIndex().column())));
   } else if (hinted) {
     QToolTip::hideText();
   }
@@ -49,7 +55,7 @@ void ScanMode::Scanned(const QString& text) {
   MoveTo(row.isValid() ? row : current.siblingAtColumn(scanColumn_));
   search_.Forget();
   if (!row.isValid()) {
-    Fail(Quoted(text) + QStringLiteral(" در ستون «%1» نيست.").arg(TitleOf(scanColumn_)));
+    Fail(NotInColumn(text, TitleOf(scanColumn_)));
     return;
   }
   QToolTip::hideText();
@@ -113,7 +119,7 @@ bool ScanMode::GoToFigure() {
   const QModelIndex figure = TakesFigure(last) ? last : NextCellToFill(view_, found, true);
   if (figure.row() != found.row()) return false;
   if (!search_.Text().isEmpty() && !search_.IsWholeTextOf(found)) {
-    Fail(Quoted(search_.Text()) + QStringLiteral(" فقط آغاز اين باركد است."));
+    Fail(OnlyBeginning(search_.Text()));
     search_.Forget();
     return true;
   }
