@@ -105,6 +105,7 @@ void ReadRecord(const DraftReader& reader, CountingDraft& draft) {
     draft.row = reader.Number(2);
     draft.col = reader.Number(3);
     draft.sortedCol = reader.Number(4);
+    draft.sortedDescending = reader.Number(5) != 0;
   } else if (reader.Name() == record::kStored) {
     ReadStored(reader, draft);
   } else if (reader.Name() == record::kStoredHeader && draft.stored) {
@@ -136,7 +137,7 @@ void ShowLines(const CountingDraft& draft, Grid& grid, CountingLines& lines) {
     }
   }
   lines.ColorRows();
-  grid.SetSortedCol(draft.sortedCol);
+  grid.SetSorted(draft.sortedCol, draft.sortedDescending);
   if (draft.row >= 0 && draft.row < grid.Rows() && draft.col >= 0 && draft.col < grid.Cols()) {
     grid.SetCurrent(draft.row, draft.col);
   }
@@ -163,6 +164,7 @@ std::string EncodeDraft(InvCountingControls& controls, const DraftOwner& owner, 
   draft.Field(static_cast<int>(mode));
   draft.Field(controls.form.Caption());
   for (const int number : {lines.Row(), lines.Col(), lines.SortedCol()}) draft.Field(number);
+  draft.Field(lines.IsSortedDescending() ? 1 : 0);
   AddFields(draft, controls);
   AddStored(draft, stored);
   AddLines(draft, lines);

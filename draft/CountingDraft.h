@@ -27,6 +27,7 @@ struct CountingDraft {
   int row = 0;                                             ///< the current cell
   int col = 0;
   int sortedCol = -1;  ///< Grid::SortedCol
+  bool sortedDescending = false;
   std::int32_t storedKey = 0;
   std::optional<CountingSnapshot> stored;  ///< StoredCounting::Remembered
 

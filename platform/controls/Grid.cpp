@@ -177,8 +177,9 @@ void Grid::FollowOrder(const std::vector<std::size_t>& order) {
   if (row_ != before) CurrentChanged.Raise();
 }
 
-void Grid::SetSortedCol(int col) {
+void Grid::SetSorted(int col, bool descending) {
   sortedCol_ = col;
+  sortedDescending_ = descending;
   ReportTexts({GridChange::Kind::AllTexts});
 }
 

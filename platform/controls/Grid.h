@@ -110,9 +110,9 @@ class Grid : public Control {
   /// The column that the rows were last sorted by; -1 if they never were, or rows were added or removed
   /// since.
   [[nodiscard]] int SortedCol() const { return sortedCol_; }
-  /// Marks the rows as sorted by that column without moving them: rows that come back as they were.
-  void SetSortedCol(int col);
   [[nodiscard]] bool IsSortedDescending() const { return sortedDescending_; }
+  /// Marks the rows as sorted by that column without moving them: rows that come back as they were.
+  void SetSorted(int col, bool descending);
 
   /// Background colours, 0x00BBGGRR.
   [[nodiscard]] std::uint32_t BackColor() const { return backColor_; }

@@ -34,8 +34,8 @@ std::string Shown(frmInvCounting& form, DocumentMode mode) {
     shown += "|";
   }
   const Grid& grid = form.flexDetail;
-  shown +=
-      std::to_string(grid.Row()) + "," + std::to_string(grid.Col()) + "," + std::to_string(grid.SortedCol());
+  shown += std::to_string(grid.Row()) + "," + std::to_string(grid.Col()) + "," +
+           std::to_string(grid.SortedCol()) + (grid.IsSortedDescending() ? " down" : "");
   for (int row = 1; row < grid.Rows(); ++row) {
     shown += "\n" + std::to_string(grid.RowBackColor(row));
     for (int col = 0; col < grid.Cols(); ++col) shown += "|" + std::string(grid.TextMatrix(row, col));
