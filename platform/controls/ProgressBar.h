@@ -5,8 +5,8 @@
 namespace koru {
 
 /// The progress of a long operation: Value() of Max() steps. A Max() of 0 is an operation with nothing to do.
-/// An operation may report every step: nothing else runs meanwhile, and windows are redrawn on a change, at a
-/// limited rate.
+/// An operation may report every step: nothing else runs meanwhile but the press of a button that cancels it,
+/// and windows are redrawn on a change, at a limited rate.
 class ProgressBar : public Control {
  public:
   using Control::Control;
