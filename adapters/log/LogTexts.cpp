@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "platform/sql/ConnectionText.h"
 #include "platform/sql/DatabaseError.h"
@@ -116,10 +117,7 @@ std::string ConnectionForLog(const std::string& connectionText) {
 
 std::string ErrorWithoutPasswords(std::string error, const std::string& connectionText) {
   for (const std::string& password : PasswordsOf(connectionText)) {
-    if (password.empty()) continue;
-    for (std::size_t at = error.find(password); at != std::string::npos; at = error.find(password, at + 3)) {
-      error.replace(at, password.size(), "***");
-    }
+    error = WordsWithoutPassword(std::move(error), password);
   }
   return error;
 }

@@ -7,6 +7,7 @@
 #include "adapters/odbc/OdbcDiagnostics.h"
 #include "adapters/odbc/OdbcRows.h"
 #include "adapters/odbc/WideText.h"
+#include "platform/sql/ConnectionText.h"
 #include "platform/sql/DatabaseError.h"
 #include "platform/text/Text.h"
 
@@ -44,6 +45,21 @@ Step WhereItFailed(const Diagnostics& diagnostics) {
   return Step::Server;
 }
 
+/// What the connection text asks for that a server or this machine may not have: a driver reports it no
+/// differently from a server that is away.
+std::string Wanted(const OdbcTarget& target) {
+  std::string wanted;
+  if (target.encrypts) {
+    wanted += " رشته اتصال رمزنگاري مي\u200cخواهد (Encrypt)؛ شايد اين سرور TLS ندارد.";
+  }
+  if (target.integrated) {
+    wanted +=
+        " ورود با كاربر اين رايانه خواسته شده است (Integrated Security)؛ شايد او بليت Kerberos ندارد "
+        "(klist آن را نشان مي\u200cدهد).";
+  }
+  return wanted;
+}
+
 std::string Sentence(Step step, const OdbcTarget& target, bool isTimeout, OdbcTimeouts timeouts) {
   switch (step) {
     case Step::Driver:
@@ -58,15 +74,8 @@ std::string Sentence(Step step, const OdbcTarget& target, bool isTimeout, OdbcTi
   if (isTimeout) {
     return "سرور «" + target.server + "» در " + std::to_string(timeouts.login.count()) + " ثانيه پاسخي نداد.";
   }
-  return "به سرور «" + target.server + "» وصل نشد. نام سرور، درگاه آن و روشن بودنش را بررسي كنيد.";
-}
-
-std::string Without(std::string text, const std::string& password) {
-  if (password.empty()) return text;
-  for (std::size_t at = text.find(password); at != std::string::npos; at = text.find(password, at + 3)) {
-    text.replace(at, password.size(), "***");
-  }
-  return text;
+  return "به سرور «" + target.server + "» وصل نشد. نام سرور، درگاه آن و روشن بودنش را بررسي كنيد." +
+         Wanted(target);
 }
 
 }  // namespace
@@ -90,7 +99,7 @@ void OdbcSession::Connect(const OdbcTarget& target) {
   const Step step = WhereItFailed(diagnostics);
   throw OdbcConnectError(step,
                          Sentence(step, target, IsTimeout(diagnostics), timeouts_) + " (" +
-                             Without(Described(best), target.password) + ")",
+                             WordsWithoutPassword(Described(best), target.password) + ")",
                          best.native);
 }
 

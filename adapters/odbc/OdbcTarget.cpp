@@ -133,6 +133,7 @@ void AddServer(OdbcText& odbc, const ServerName& name, bool isFreeTds) {
 void AddUser(OdbcText& odbc, const ConnectionText& text, OdbcTarget& target) {
   if (IsYes(FirstOf(text, {"Integrated Security", "Trusted_Connection"}))) {
     odbc.Add("Trusted_Connection", "Yes");
+    target.integrated = true;
     return;
   }
   target.password = FirstOf(text, {"Password", "PWD"});
@@ -141,13 +142,12 @@ void AddUser(OdbcText& odbc, const ConnectionText& text, OdbcTarget& target) {
 }
 
 /// FreeTDS has a keyword of its own, and looks at no certificate unless its own settings say so.
-void AddEncryption(OdbcText& odbc, const ConnectionText& text, bool isFreeTds) {
+void AddEncryption(OdbcText& odbc, const ConnectionText& text, bool isFreeTds, OdbcTarget& target) {
   const std::string encrypt = FirstOf(text, {"Encrypt", "Use Encryption for Data"});
   const std::string trust = FirstOf(text, {"TrustServerCertificate", "Trust Server Certificate"});
+  target.encrypts = IsYes(encrypt) || EqualsNoCase(encrypt, "mandatory") || EqualsNoCase(encrypt, "strict");
   if (isFreeTds) {
-    const bool wanted =
-        IsYes(encrypt) || EqualsNoCase(encrypt, "mandatory") || EqualsNoCase(encrypt, "strict");
-    if (!encrypt.empty()) odbc.Add("Encryption", wanted ? "require" : "request");
+    if (!encrypt.empty()) odbc.Add("Encryption", target.encrypts ? "require" : "request");
     return;
   }
   if (!encrypt.empty()) odbc.Add("Encrypt", encrypt);
@@ -166,7 +166,7 @@ OdbcTarget ReadServer(const ConnectionText& text, const std::vector<std::string>
   AddServer(odbc, name, isFreeTds);
   if (!target.database.empty()) odbc.Add("Database", target.database);
   AddUser(odbc, text, target);
-  AddEncryption(odbc, text, isFreeTds);
+  AddEncryption(odbc, text, isFreeTds, target);
   target.odbcText = odbc.Text();
   return target;
 }

@@ -16,11 +16,13 @@ struct OdbcTimeouts {
 
 /// What a connection text means to ODBC.
 struct OdbcTarget {
-  std::string driver;    ///< as the machine names it, or the path of its library
-  std::string server;    ///< `host` or `host,port`, for sentences
-  std::string database;  ///< its name; empty for the user's default database
-  std::string password;  ///< removed from what drivers say
-  std::string odbcText;  ///< for the driver alone: contains the password
+  std::string driver;       ///< as the machine names it, or the path of its library
+  std::string server;       ///< `host` or `host,port`, for sentences
+  std::string database;     ///< its name; empty for the user's default database
+  std::string password;     ///< removed from what drivers say
+  bool encrypts = false;    ///< the text asks for an encrypted connection
+  bool integrated = false;  ///< signs in with the user of the machine
+  std::string odbcText;     ///< for the driver alone: contains the password
 };
 
 /// Reads a connection text:

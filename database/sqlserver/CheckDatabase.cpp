@@ -1,12 +1,15 @@
 #include "database/sqlserver/CheckDatabase.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <utility>
 
 #include "adapters/odbc/OdbcConnectError.h"
+#include "database/sqlserver/MeasureCalculation.h"
 #include "database/sqlserver/NeededTables.h"
 #include "platform/sql/DatabaseError.h"
+#include "platform/text/Numbers.h"
 
 namespace koru {
 namespace {
@@ -75,6 +78,25 @@ class Check {
     }
   }
 
+  /// How long a calculation takes; nothing where it could not run.
+  void Speed(Database& database) {
+    const bool all =
+        std::all_of(things_.begin(), things_.end(), [](const CheckedThing& thing) { return thing.ok; });
+    if (!all) return;
+    const char* const what = "سرعت";
+    try {
+      const CalculationTime time = MeasureCalculation(database);
+      Good(what, "رفت و برگشت " + NumberText(static_cast<double>(time.roundTrip.count()) / 1000) +
+                     " ميلي\u200cثانيه، محاسبة 50 رديف " + std::to_string(time.lines50.count()) +
+                     " ميلي\u200cثانيه؛ محاسبة 32767 رديف كمابيش " + std::to_string(time.full.count()) +
+                     " ثانيه طول مي\u200cكشد.");
+    } catch (const OdbcConnectError&) {
+      throw;
+    } catch (const DatabaseError& failure) {
+      Bad(what, "اندازه گرفته نشد." + Words(failure));
+    }
+  }
+
   void Good(const std::string& what, const std::string& sentence) {
     things_.push_back({what, true, sentence});
   }
@@ -139,6 +161,7 @@ std::vector<CheckedThing> CheckDatabase(DatabaseConnector& databases, const std:
     if (!database) return things;
     for (const NeededTable& table : NeededTables()) check.Table(*database, table);
     check.Procedure(*database);
+    check.Speed(*database);
   } catch (const OdbcConnectError& failure) {
     check.Bad("سرور", failure.ServerText());
   }

@@ -15,6 +15,7 @@ bool HasMark(Database& database) {
 }  // namespace
 
 void EmptyScratchDatabase(Database& database) {
+  RefuseSystemDatabase(database);
   if (!HasMark(database)) {
     CreateSqlServerSchema(database, {});
     database.Open(SqlText("create table tblKoruScratch (ID int null)"));

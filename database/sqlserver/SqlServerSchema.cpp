@@ -70,7 +70,21 @@ std::vector<std::string> ExistingSuiteObjects(Database& database) {
   return names;
 }
 
+void RefuseSystemDatabase(Database& database) {
+  static constexpr std::array<std::string_view, 4> kOwn{"master", "model", "msdb", "tempdb"};
+  const std::string name =
+      database.Open(SqlText("select db_name() as DatabaseName")).Field("DatabaseName").Text();
+  const bool isOwn =
+      std::any_of(kOwn.begin(), kOwn.end(), [&](std::string_view own) { return EqualsNoCase(own, name); });
+  if (!isOwn) return;
+  throw InputError(
+      "«" + name +
+      "» پايگاه دادة خود سرور است و چيزي در آن نوشته نشد. پايگاه داده را با Initial Catalog در رشته "
+      "اتصال نام ببريد.");
+}
+
 void CreateSqlServerSchema(Database& database, const SchemaProgress& progress) {
+  RefuseSystemDatabase(database);
   std::string there;
   for (const std::string& name : ExistingSuiteObjects(database)) there += (there.empty() ? "" : "، ") + name;
   if (!there.empty()) {

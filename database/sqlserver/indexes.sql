@@ -8,16 +8,17 @@ GO
 create clustered index ixInventoryDispatchDetail_Dispatch on tblInventoryDispatchDetail (DispatchID)
 GO
 
--- Book stock of a good: LTrim(RTrim(Barcode)) is the computed column.
+-- All figures of a good, its book stock and its rates, without a look at the table.
+create index ixInventoryReceiptDetail_Barcode on tblInventoryReceiptDetail (Barcode, ReceiptID) include (Qty, Value)
+GO
+create index ixInventoryDispatchDetail_Barcode on tblInventoryDispatchDetail (Barcode, DispatchID) include (Qty, Value)
+GO
+
+-- The book stock compares LTrim(RTrim(Barcode)): a server that takes the computed column for that expression seeks here,
+-- another one reads the indexes above from their beginning.
 create index ixInventoryReceiptDetail_Trimmed on tblInventoryReceiptDetail (TrimmedBarcode, ReceiptID) include (Qty)
 GO
 create index ixInventoryDispatchDetail_Trimmed on tblInventoryDispatchDetail (TrimmedBarcode, DispatchID) include (Qty)
-GO
-
--- Rates of a good: compare the untrimmed barcode.
-create index ixInventoryReceiptDetail_Barcode on tblInventoryReceiptDetail (Barcode, ReceiptID) include (Value)
-GO
-create index ixInventoryDispatchDetail_Barcode on tblInventoryDispatchDetail (Barcode, DispatchID) include (Value)
 GO
 
 -- The registered documents of a store in a period.

@@ -80,6 +80,17 @@ std::string ConnectionText::WithoutPassword() const {
   return text;
 }
 
+std::string WordsWithoutPassword(std::string words, const std::string& password) {
+  constexpr std::size_t kMinLength = 6;
+  constexpr const char* kLeftOut = "***";
+  if (password.empty() || words.find(password) == std::string::npos) return words;
+  if (Utf16Length(password) < kMinLength) return kLeftOut;
+  for (std::size_t at = words.find(password); at != std::string::npos; at = words.find(password, at + 3)) {
+    words.replace(at, password.size(), kLeftOut);
+  }
+  return words;
+}
+
 std::string QuotedForConnection(std::string_view value) {
   std::string quoted = "\"";
   for (const char c : value) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);

@@ -27,6 +27,10 @@ class ConnectionText {
   std::vector<std::pair<std::string, std::string>> entries_;
 };
 
+/// The words of a driver without the password: *** in its places. Where the password is shorter than six
+/// characters and part of the words, only *** is left of them: the places would show what it is.
+[[nodiscard]] std::string WordsWithoutPassword(std::string words, const std::string& password);
+
 /// `value` quoted for a connection text, whatever characters it contains.
 [[nodiscard]] std::string QuotedForConnection(std::string_view value);
 

@@ -29,7 +29,7 @@ insert into tblInventoryCountingDetail
 
 }  // namespace
 
-CountingWorld::CountingWorld() {
+CountingWorld::CountingWorld(TestDatabase::Kind kind) : DatabaseFixture(kind) {
   database.Execute(kSuite);
   clock.SetToday(std::chrono::year{2025} / 12 / 22);
   control.SetOLEConnectionString(database.ConnectionText());

@@ -16,7 +16,7 @@ namespace koru::test {
 ///   13 whose creator is gone.
 class CountingWorld : public testing::Test, public DatabaseFixture {
  protected:
-  CountingWorld();
+  explicit CountingWorld(TestDatabase::Kind kind = TestDatabase::Kind::FileOrServer);
 
   /// The counting form, which a View or ClearShow has loaded.
   [[nodiscard]] frmInvCounting& Form() { return *control.CountingForm(); }

@@ -52,7 +52,7 @@ TEST_F(StoreChangeTest, Without_a_default_store_a_store_with_children_leaves_the
 }
 
 TEST_F(StoreChangeTest, The_default_store_is_not_tested_for_children) {
-  database.Execute("update tblInventory set IsDefault=(ID=1)");
+  database.Execute("update tblInventory set IsDefault=case when ID=1 then 1 else 0 end");
   control.ClearShow();
   Click(Form().cmdNew);
   EXPECT_EQ(Form().gmpInventory.SelectedID(), 1);

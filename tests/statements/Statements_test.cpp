@@ -26,6 +26,8 @@ of a small suite; a line's statements repeat for every line, and a search's crit
 A comment names the source file that builds the statements below it.
 
 Users, stores, goods and documents are chosen in windows that read lists of their own; these are not listed here.
+On a server, statements travel together, literals beyond ASCII become national ones, and a command that writes runs in a
+transaction under a lock: [what the adapter adds](sql-server.md#round-trips) is not listed either.
 
 On a file, statements run one by one in this order. A server gets these together, as many in a round trip as its connection takes
 (`Database::StatementsPerTrip`):

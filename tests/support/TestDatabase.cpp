@@ -26,7 +26,8 @@ std::string FieldText(const Recordset& records, std::size_t column) {
 
 }  // namespace
 
-TestDatabase::TestDatabase() : trial_(EmptyFile(folder_.File("test.koru")), AskedFor()) {}
+TestDatabase::TestDatabase(Kind kind)
+    : trial_(EmptyFile(folder_.File("test.koru")), kind == Kind::File ? std::nullopt : AskedFor()) {}
 
 TestDatabase::TestDatabase(const std::string& file) : trial_(file, AskedFor()) {}
 

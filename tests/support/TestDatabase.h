@@ -15,7 +15,12 @@ namespace koru::test {
 /// the dialect of the suite's server.
 class TestDatabase {
  public:
-  TestDatabase();
+  /// What a test works on.
+  enum class Kind {
+    File,  ///< always an embedded file: for tests of the file itself
+    FileOrServer
+  };
+  explicit TestDatabase(Kind kind = Kind::FileOrServer);
   /// One that begins with the rows of that embedded database, and may be it.
   explicit TestDatabase(const std::string& file);
 

@@ -17,8 +17,8 @@ std::string NewFolder() {
 }  // namespace
 
 StandInDatabase::StandInDatabase() : folder_(NewFolder()) {
-  engine_ = std::make_unique<SqliteConnection>(File(), SqliteConnection::Mode::Create,
-                                               std::chrono::seconds(0));
+  engine_ =
+      std::make_unique<SqliteConnection>(File(), SqliteConnection::Mode::Create, std::chrono::seconds(0));
   schema_ = std::make_unique<StandInSchema>(*engine_);
   engine_->Execute("PRAGMA journal_mode=wal");
 }
@@ -31,7 +31,8 @@ StandInDatabase::~StandInDatabase() {
 
 SqliteConnection StandInDatabase::Connect() const {
   SqliteConnection engine(File(), SqliteConnection::Mode::Existing, std::chrono::seconds(0));
-  engine.Execute("PRAGMA synchronous=off; PRAGMA temp_store=memory");
+  // Without `order by` no server promises an order: rows come in another one than that of their insertion.
+  engine.Execute("PRAGMA synchronous=off; PRAGMA temp_store=memory; PRAGMA reverse_unordered_selects=on");
   return engine;
 }
 

@@ -2,6 +2,9 @@
 
 #include <optional>
 #include <thread>
+#include <utility>
+
+#include "tools/tds-stand-in/TdsRequest.h"
 
 namespace koru::test {
 
@@ -9,7 +12,11 @@ using Answer = TdsServer::Answer;
 
 StandInServer::StandInServer()
     : server_({.greets = [] { return true; },
-               .signIn = [](const std::string&) { return Answer{}; },
+               .signIn =
+                   [this](int client, const std::string& message) {
+                     SignIn(client, ReadDatabase(message));
+                     return Answer{};
+                   },
                .batch =
                    [this](int client, const std::string& batch) {
                      return Answered(client, [&](StandInSession& session) { return session.Run(batch); });
@@ -33,11 +40,15 @@ void StandInServer::ArrangeFault(int request, Fault fault) {
   fault_ = fault;
 }
 
+void StandInServer::SignIn(int client, const std::string& database) {
+  auto session = std::make_unique<StandInSession>(database_, database.empty() ? "master" : database);
+  const std::lock_guard<std::mutex> lock(guard_);
+  sessions_[client] = std::move(session);
+}
+
 StandInSession& StandInServer::SessionOf(int client) {
   const std::lock_guard<std::mutex> lock(guard_);
-  std::unique_ptr<StandInSession>& session = sessions_[client];
-  if (!session) session = std::make_unique<StandInSession>(database_);
-  return *session;
+  return *sessions_.at(client);
 }
 
 template <class Work>

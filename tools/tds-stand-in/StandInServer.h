@@ -42,6 +42,8 @@ class StandInServer {
   using Answers = std::vector<TdsServer::Answer>;
   template <class Work>
   Answers Answered(int client, Work work);
+  /// A client that names no database is in that of the server.
+  void SignIn(int client, const std::string& database);
   StandInSession& SessionOf(int client);
 
   StandInDatabase database_;

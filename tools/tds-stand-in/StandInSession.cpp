@@ -23,7 +23,6 @@ namespace {
 
 using Answer = TdsServer::Answer;
 
-constexpr const char* kDatabase = "suite";
 constexpr int kBrokenSyntax = 102;
 constexpr int kDeadlocked = 1205;
 constexpr int kNothingToCommit = 3902;
@@ -99,8 +98,9 @@ std::map<std::string, std::int64_t> LastKeys(SqliteConnection& engine) {
 
 }  // namespace
 
-StandInSession::StandInSession(StandInDatabase& database)
+StandInSession::StandInSession(StandInDatabase& database, std::string name)
     : database_(database),
+      name_(std::move(name)),
       engine_(database.Connect()),
       statements_(SqliteDatabase::kKeptStatements,
                   [this](const std::string& shape) { return engine_.Prepare(Translate(shape)); }) {}
@@ -115,7 +115,7 @@ std::vector<Answer> StandInSession::Run(const std::string& text) {
   if (text == kSessionSettings) return Settled(batch);
   entered_ = database_.Locks().Enter();
   Script script;
-  script.values.database = kDatabase;
+  script.values.database = name_;
   const std::vector<ServerBatch> statements = batch.Parts();
   try {
     if (statements.empty()) RefuseBroken(text);

@@ -27,8 +27,8 @@ class StandInSession {
  public:
   using Answer = TdsServer::Answer;
 
-  /// `database` must outlive the session.
-  explicit StandInSession(StandInDatabase& database);
+  /// `database` must outlive the session; `name` is what the client takes it for.
+  StandInSession(StandInDatabase& database, std::string name);
   StandInSession(const StandInSession&) = delete;
   StandInSession& operator=(const StandInSession&) = delete;
   /// Undoes an open transaction.
@@ -72,6 +72,7 @@ class StandInSession {
   void RollBack();
 
   StandInDatabase& database_;
+  std::string name_;
   SqliteConnection engine_;
   StatementCache<SqliteStatement> statements_;
   StandInLocks::Entered entered_;  ///< while a batch or call runs

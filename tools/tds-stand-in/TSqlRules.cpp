@@ -39,6 +39,7 @@ class Batch {
     CheckCreation();
     CheckRows();
     CheckIdentityInsert();
+    CheckComparedValues();
     if (Is(0, "create") && Is(1, "table")) CheckTable();
     return findings_;
   }
@@ -142,6 +143,27 @@ class Batch {
     std::size_t open = at - 1;
     while (open > 0 && !Is(open, "(")) --open;
     return Length(open, at);
+  }
+
+  /// A comparison in parentheses in the place of a value: the server has no values that are true or false.
+  void CheckComparedValues() {
+    static const std::set<std::string> kBeforeValue{"=", ",", "select", "values", "then", "else"};
+    static const std::set<std::string> kComparisons{"=", "<", ">", "<=", ">=", "<>", "!="};
+    for (std::size_t at = 1; at < tokens_.size(); ++at) {
+      if (!Is(at, "(") || !kBeforeValue.contains(tokens_[at - 1].text)) continue;
+      if (Is(at + 1, "select") || Is(at + 1, "case")) continue;
+      const std::size_t behind = Behind(at);
+      int depth = 0;
+      for (std::size_t inside = at; inside < behind; ++inside) {
+        if (Is(inside, "(")) ++depth;
+        if (Is(inside, ")")) --depth;
+        const bool isSymbol = tokens_[inside].kind == SqlTokenKind::Symbol;
+        if (depth == 1 && isSymbol && kComparisons.contains(tokens_[inside].text)) {
+          Found("a comparison is no value: " + tokens_[inside].text);
+          break;
+        }
+      }
+    }
   }
 
   void CheckIdentityInsert() {

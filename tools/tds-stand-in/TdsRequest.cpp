@@ -51,6 +51,17 @@ std::string ReadBatch(std::string_view body) {
   return Narrow(reader.Rest());
 }
 
+std::string ReadDatabase(std::string_view body) {
+  constexpr std::size_t kPlace = 68;  // of the name's offset and length
+  Reader reader(body);
+  reader.Take(kPlace);
+  const std::uint64_t offset = reader.Number(2);
+  const std::uint64_t units = reader.Number(2);
+  Reader whole(body);
+  whole.Take(offset);
+  return Narrow(whole.Take(2 * units));
+}
+
 ProcedureCall ReadCall(std::string_view body) {
   Reader reader(body);
   reader.SkipHeaders();

@@ -10,6 +10,10 @@ namespace koru::test {
 /// The statement of a Batch message, in UTF-8. Throws std::out_of_range when the message ends too soon.
 [[nodiscard]] std::string ReadBatch(std::string_view body);
 
+/// The database that a SignIn message names; empty when it leaves the choice to the server. Throws
+/// std::out_of_range when the message ends too soon.
+[[nodiscard]] std::string ReadDatabase(std::string_view body);
+
 /// A procedure that a client calls.
 struct ProcedureCall {
   std::string name;

@@ -140,7 +140,7 @@ std::vector<Answer> TdsServer::AnswersTo(int client, const TdsMessage& message, 
     case TdsMessage::Greeting:
       return {{handlers_.greets() ? kDone : kSilence}};
     case TdsMessage::SignIn:
-      return {handlers_.signIn(message.body)};
+      return {handlers_.signIn(client, message.body)};
     case TdsMessage::Batch:
       return handlers_.batch(client, ReadBatch(message.body));
     case TdsMessage::Call:

@@ -41,7 +41,7 @@ class TdsServer {
   struct Handlers {
     std::function<bool()> greets;
     /// Receives what the client sent; the password in it is obfuscated.
-    std::function<Answer(const std::string& message)> signIn;
+    std::function<Answer(int client, const std::string& message)> signIn;
     /// One answer for each statement of the batch; Silence and Close are the only one.
     std::function<std::vector<Answer>(int client, const std::string& batch)> batch;
     std::function<Answer(int client, const ProcedureCall& call)> call;

@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -19,6 +20,7 @@ namespace koru::test {
 namespace {
 
 constexpr const char* kServer = "KORU_SQLSERVER";
+constexpr const char* kDelay = "KORU_STAND_IN_DELAY_MS";
 constexpr int kUnusable = 2;
 constexpr int kNotFound = 127;
 constexpr int kSignalled = 128;
@@ -45,7 +47,10 @@ int RunBeside(char** command, const sigset_t& leftToIt) {
 }
 
 int RunWithServer(char** command) {
-  const StandInServer server;
+  StandInServer server;
+  if (const char* delay = std::getenv(kDelay)) {
+    server.SetDelay(std::chrono::milliseconds(std::strtoul(delay, nullptr, 10)));
+  }
   setenv(kServer, server.ConnectionText().c_str(), 1);
   // Ctrl+C ends the command, which ends this program.
   sigset_t leftToIt;
@@ -66,6 +71,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: koru-tds-stand-in COMMAND [ARG...]\n"
                  "Runs the command with KORU_SQLSERVER naming a stand-in for the suite's server, which ends "
                  "with it;\nif KORU_SQLSERVER is set already, with the server that it names.\n"
+                 "KORU_STAND_IN_DELAY_MS=N makes each request take N milliseconds longer.\n"
                  "A test that passes with it may fail on a real server: see tools/tds-stand-in/README.md.\n";
     return kUnusable;
   }

@@ -34,8 +34,9 @@ TEST(ConnectionTexts, Are_logged_without_passwords) {
   EXPECT_EQ(ConnectionForLog("Provider=SQLOLEDB.1;Password=\"a;b\";User ID=sa;pwd=c"),
             "Provider=SQLOLEDB.1;Password=***;User ID=sa;pwd=***;");
   EXPECT_EQ(ConnectionForLog("Password='open"), "(a connection text that cannot be read)");
-  EXPECT_EQ(ErrorWithoutPasswords("login with a;b failed", "Provider=SQLOLEDB.1;Password=\"a;b\""),
+  EXPECT_EQ(ErrorWithoutPasswords("login with a;bcde failed", "Provider=SQLOLEDB.1;Password=\"a;bcde\""),
             "login with *** failed");
+  EXPECT_EQ(ErrorWithoutPasswords("login with a;b failed", "Provider=SQLOLEDB.1;Password=\"a;b\""), "***");
   EXPECT_EQ(ErrorWithoutPasswords("login failed", "Provider=SQLOLEDB.1"), "login failed");
 }
 

@@ -158,6 +158,44 @@ TEST_F(OdbcServer, A_refused_sign_in_names_the_server_and_no_password) {
   EXPECT_EQ(failure.Code(), 18456);
 }
 
+TEST_F(OdbcServer, A_password_of_few_letters_is_not_cut_out_of_the_servers_words_so_that_it_shows) {
+  Script script;
+  script.signIn = [] { return Answer{Answer::Kind::Refusal, 18456, "Login failed for user 'sa'."}; };
+  const ScriptedServer server(script);
+  const auto failure = [&](const std::string& password) {
+    try {
+      static_cast<void>(OdbcConnector(kShort).Connect(
+          "Provider=SQLOLEDB.1;Driver=FreeTDS;Data Source=127.0.0.1," + std::to_string(server.Port()) +
+          ";Initial Catalog=x;User ID=sa;Password=" + password));
+    } catch (const OdbcConnectError& refused) {
+      return refused.ServerText();
+    }
+    return std::string("connected");
+  };
+  EXPECT_TRUE(failure("sa").ends_with("نام كاربر يا گذرواژه را نپذيرفت. (***)")) << failure("sa");
+  EXPECT_NE(failure("zz").find("Login failed for user 'sa'."), std::string::npos) << failure("zz");
+}
+
+TEST_F(OdbcServer, Encryption_and_the_machines_user_are_named_where_the_server_cannot_be_reached_with_them) {
+  const ScriptedServer server({});
+  const std::string text = "Provider=SQLOLEDB.1;Driver=FreeTDS;Data Source=127.0.0.1," +
+                           std::to_string(server.Port()) + ";Initial Catalog=x;";
+  const auto failure = [&](const std::string& rest) {
+    try {
+      static_cast<void>(OdbcConnector(kShort).Connect(text + rest));
+    } catch (const OdbcConnectError& refused) {
+      return refused.ServerText();
+    }
+    return std::string("connected");
+  };
+  const std::string encrypted = failure("User ID=a;Password=secret;Encrypt=yes");
+  EXPECT_NE(encrypted.find("شايد اين سرور TLS ندارد"), std::string::npos) << encrypted;
+  EXPECT_EQ(encrypted.find("Kerberos"), std::string::npos) << encrypted;
+  const std::string integrated = failure("Integrated Security=SSPI");
+  EXPECT_NE(integrated.find("شايد او بليت Kerberos ندارد"), std::string::npos) << integrated;
+  EXPECT_EQ(integrated.find("TLS"), std::string::npos) << integrated;
+}
+
 TEST_F(OdbcServer, An_unknown_database_is_named) {
   Script script;
   script.signIn = [] { return Answer{Answer::Kind::Refusal, 4060, "Cannot open database."}; };

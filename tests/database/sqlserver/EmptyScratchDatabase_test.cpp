@@ -19,6 +19,11 @@ class ServerWith : public Database {
   Recordset Open(const SqlText& statement) override {
     const std::string& text = statement.Text();
     EXPECT_EQ(BrokenRules(text), std::vector<std::string>{}) << text;
+    if (text == "select db_name() as DatabaseName") {
+      Recordset named({"DatabaseName"});
+      named.AppendText(name);
+      return named;
+    }
     if (!text.starts_with("select name as Name from sys.objects")) {
       changes.push_back(text);
       return {};
@@ -31,6 +36,7 @@ class ServerWith : public Database {
   std::int32_t Call(std::string_view, const std::vector<std::int32_t>&) override { return 0; }
   std::unique_ptr<WriteBatch> BeginWriteBatch() override { return nullptr; }
 
+  std::string name = "scratch";  ///< of the database
   std::vector<std::string> changes;
 
  private:
@@ -42,6 +48,15 @@ TEST(ScratchDatabase, A_database_with_data_of_somebody_is_refused_and_left_alone
   ServerWith server(true, false);
   EXPECT_THROW(EmptyScratchDatabase(server), InputError);
   EXPECT_TRUE(server.changes.empty());
+}
+
+TEST(ScratchDatabase, One_of_the_servers_own_is_refused_with_a_mark_as_well) {
+  for (const bool mark : {false, true}) {
+    ServerWith server(mark, mark);
+    server.name = "master";
+    EXPECT_THROW(EmptyScratchDatabase(server), InputError);
+    EXPECT_TRUE(server.changes.empty());
+  }
 }
 
 TEST(ScratchDatabase, An_empty_database_gets_the_tables_and_the_mark) {

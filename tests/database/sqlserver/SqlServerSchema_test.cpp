@@ -153,6 +153,11 @@ class Listener : public Database {
   explicit Listener(std::size_t refused, std::vector<std::string> objects = {})
       : refused_(refused), objects_(std::move(objects)) {}
   Recordset Open(const SqlText& statement) override {
+    if (statement.Text() == "select db_name() as DatabaseName") {
+      Recordset named({"DatabaseName"});
+      named.AppendText(name);
+      return named;
+    }
     if (statement.Text().starts_with("select name as Name from sys.objects")) {
       asked = statement.Text();
       Recordset found({"Name"});
@@ -170,6 +175,7 @@ class Listener : public Database {
   }
   std::unique_ptr<WriteBatch> BeginWriteBatch() override { return nullptr; }
 
+  std::string name = "suite";  ///< of the database
   std::vector<std::string> sent;
   std::string asked;  ///< the queries for existing objects
 
@@ -218,6 +224,20 @@ TEST_F(SqlServerSchema, Stops_at_the_first_batch_that_is_refused) {
   Listener listener(3);
   EXPECT_THROW(CreateSqlServerSchema(listener, {}), DatabaseError);
   EXPECT_EQ(listener.sent.size(), 3U);
+}
+
+TEST_F(SqlServerSchema, Is_not_made_in_a_database_of_the_server_itself) {
+  for (const char* name : {"master", "Model", "MSDB", "tempdb"}) {
+    Listener server(1000);
+    server.name = name;
+    try {
+      CreateSqlServerSchema(server, {});
+      ADD_FAILURE() << name;
+    } catch (const InputError& error) {
+      EXPECT_NE(std::string(error.what()).find("«" + server.name + "»"), std::string::npos) << error.what();
+    }
+    EXPECT_TRUE(server.sent.empty());
+  }
 }
 
 }  // namespace

@@ -110,7 +110,7 @@ Answer Written(std::uint64_t rows) {
 class LongBatches : public testing::Test {
  protected:
   TdsServer server_{{.greets = [] { return true; },
-                     .signIn = [](const std::string&) { return Answer{}; },
+                     .signIn = [](int, const std::string&) { return Answer{}; },
                      .batch = [](int, const std::string& batch) { return Answers(batch); },
                      .call = [](int, const ProcedureCall&) { return Answer{}; }}};
 

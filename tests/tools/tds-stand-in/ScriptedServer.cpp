@@ -20,7 +20,7 @@ std::string Written(const ProcedureCall& call) {
 ScriptedServer::ScriptedServer(Script script)
     : script_(std::move(script)),
       server_({.greets = [this] { return script_.greets; },
-               .signIn = [this](const std::string& message) { return SignIn(message); },
+               .signIn = [this](int, const std::string& message) { return SignIn(message); },
                .batch = [this](int, const std::string& batch) { return std::vector{Take(batch)}; },
                .call = [this](int, const ProcedureCall& call) { return Take(Written(call)); }}) {}
 

@@ -19,10 +19,10 @@ namespace {
 class SuiteOnServer : public StandInServerTest {
  protected:
   /// The exit status of the program.
-  int Run(const std::string& arguments) {
-    const std::string command = "'" KORU_PROGRAM "' " + arguments + " --connection '" +
-                                server_.ConnectionText() + "' >'" + folder_.File("out") + "' 2>'" +
-                                folder_.File("error") + "'";
+  int Run(const std::string& arguments) { return RunOn(server_.ConnectionText(), arguments); }
+  int RunOn(const std::string& connection, const std::string& arguments) {
+    const std::string command = "'" KORU_PROGRAM "' " + arguments + " --connection '" + connection + "' >'" +
+                                folder_.File("out") + "' 2>'" + folder_.File("error") + "'";
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
@@ -70,6 +70,18 @@ TEST_F(SuiteOnServer, The_check_of_a_good_database_says_so_line_by_line_and_chan
   EXPECT_EQ(said.find("FAILED"), std::string::npos) << said;
   EXPECT_TRUE(said.ends_with("همه چيز درست است.\n")) << said;
   EXPECT_EQ(DumpTables(*database_), before);
+}
+
+TEST_F(SuiteOnServer, Is_not_made_in_a_database_of_the_server_itself) {
+  const std::string whole = server_.ConnectionText();
+  const std::string catalog = ";Initial Catalog=suite";
+  std::string without = whole;
+  without.erase(without.find(catalog), catalog.size());
+  EXPECT_NE(RunOn(without, "create-schema --size none"), 0);
+  EXPECT_NE(Said("error").find("«master» پايگاه دادة خود سرور است"), std::string::npos) << Said("error");
+  EXPECT_EQ(Open("select name as Name from sys.objects where schema_id=schema_id() and name='tblUser'")
+                .RecordCount(),
+            0U);
 }
 
 TEST_F(SuiteOnServer, Is_made_once) {

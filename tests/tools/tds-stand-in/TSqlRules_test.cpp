@@ -19,6 +19,8 @@ TEST(TSqlRules, What_the_server_takes_is_taken) {
         "create table T (ID int not null identity(1,1) primary key, A nvarchar(max) null, B float null, C "
         "bit not "
         "null default 0, D as ltrim(A) persisted, primary key (A, B))",
+        "update T set A=(B+1),C=(case when ID=1 then 1 else 0 end),D=(select max(ID) as M from U where ID=1)",
+        "select A from T where (ID=1) and (A=2 or (B=3)) and C in (1,(2))",
         "create view V as select top 1 A from T order by A",
         "create procedure P @a int as begin set nocount on return 0 end"}) {
     EXPECT_EQ(Findings(batch), "") << batch;
@@ -47,6 +49,9 @@ TEST(TSqlRules, What_the_server_would_refuse_is_found) {
        "identity_insert of t is never switched off\n"},
       {"set identity_insert T on insert into T (A) values (1) set identity_insert T off",
        "identity_insert of t serves no insert of its key\n"},
+      {"update T set A=(ID=1)", "a comparison is no value: =\n"},
+      {"select (A<2) as B from T", "a comparison is no value: <\n"},
+      {"insert into T (A,B) values (2,(1=1))", "a comparison is no value: =\n"},
       {"create table T (ID integer not null)", "not the server's: integer\nno type of the server's: id\n"},
       {"create table T (ID int)", "neither null nor not null: id\n"},
       {"create table T (A nvarchar null)", "no length of a\n"},
