@@ -114,7 +114,7 @@ void Compare(const koru::SheetTexts& rows, const std::map<std::string, std::stri
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr std::size_t kMaxSize = 4096;  // well below what one cell may hold
   const koru::SheetTexts rows = RowsOf(koru::fuzz::TextOf(data, std::min(size, kMaxSize)));
-  Require(koru::WriteWorkbook(File().string(), rows).empty(), "the workbook is written");
+  Require(koru::WriteWorkbook(File().string(), "sheet", rows).empty(), "the workbook is written");
   std::string sheet;
   const bool whole =
       koru::ReadPackedFile(File().string(), [&](std::string_view part, std::string_view piece) {

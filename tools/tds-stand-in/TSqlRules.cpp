@@ -152,9 +152,9 @@ class Batch {
     for (std::size_t at = 1; at < tokens_.size(); ++at) {
       if (!Is(at, "(") || !kBeforeValue.contains(tokens_[at - 1].text)) continue;
       if (Is(at + 1, "select") || Is(at + 1, "case")) continue;
-      const std::size_t behind = Behind(at);
+      const std::size_t end = EndOf(at);
       int depth = 0;
-      for (std::size_t inside = at; inside < behind; ++inside) {
+      for (std::size_t inside = at; inside < end; ++inside) {
         if (Is(inside, "(")) ++depth;
         if (Is(inside, ")")) --depth;
         const bool isSymbol = tokens_[inside].kind == SqlTokenKind::Symbol;
