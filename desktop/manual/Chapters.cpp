@@ -9,6 +9,7 @@ namespace {
 constexpr Chapter kChapters[] = {
     {"host", "start.html"},
     {"comInvCounting", "start.html#list"},
+    {"draftOffer", "start.html#draft"},
     {"frmInvCounting", "counting.html"},
     {"frmInvSearch", "finding.html"},
     {"frmGoodSearch", "goods.html"},
