@@ -113,6 +113,8 @@ bool TypeIntoCell(QWidget& grid, int row, int col, const QString& text) {
     PressKey(Qt::Key_Delete);
     return true;
   }
+  // The click moved the cursor in a refused text that is still open.
+  if (auto* const refused = qobject_cast<QLineEdit*>(QApplication::focusWidget())) refused->selectAll();
   TypeText(text);
   PressKey(Qt::Key_Return);
   const QWidget* const focus = QApplication::focusWidget();
