@@ -12,6 +12,7 @@ namespace koru {
 namespace {
 
 constexpr const char* kKey = "KoruKey";
+constexpr const char* kNotAnswered = "سرور به اين دستور پاسخ نداد و خطايي هم گزارش نكرد.";
 
 /// An insert, and the key that it gives its row: in one batch, as the key of another batch is out of reach.
 std::string WithKey(const std::string& insert) { return insert + "\n;select scope_identity() as " + kKey; }
@@ -120,6 +121,7 @@ void OdbcDatabase::SendTrip(const StatementTrip& trip, const std::vector<SqlText
     Tried([&] { return statements[first + results.Done()].Text(); },
           [&](OdbcSession& session) {
             session.Run(trip.Text(), [&](Recordset result) { results.Take(std::move(result)); });
+            if (results.Done() < trip.Statements()) throw DatabaseError(kNotAnswered, 0, {});
           });
   } catch (const DatabaseError&) {
     const bool hasRun = results.HasBegun() || !session_ || batchLoss_;
@@ -131,7 +133,10 @@ void OdbcDatabase::SendTrip(const StatementTrip& trip, const std::vector<SqlText
 std::unique_ptr<WriteBatch> OdbcDatabase::BeginWriteBatch() {
   if (batchLevels_ == 0) {
     Tried([] { return std::string(); },
-          [&](OdbcSession& session) { server_transaction::Begin(session, timeouts_.lock); });
+          [&](OdbcSession& session) {
+            server_transaction::Begin(session, timeouts_.lock);
+            session.SetInTransaction(true);
+          });
   }
   auto level = std::make_unique<WriteBatchLevel>([this] { EndBatchLevel(); });
   ++batchLevels_;
@@ -141,10 +146,13 @@ std::unique_ptr<WriteBatch> OdbcDatabase::BeginWriteBatch() {
 void OdbcDatabase::EndBatchLevel() {
   if (--batchLevels_ > 0) return;
   if (const auto loss = std::exchange(batchLoss_, std::nullopt)) {
+    if (session_) session_->SetInTransaction(false);
     throw DatabaseError(NotStored(*loss), loss->Code(), {});
   }
   try {
-    if (server_transaction::Commit(*session_)) return;
+    const bool isStored = server_transaction::Commit(*session_);
+    session_->SetInTransaction(false);
+    if (isStored) return;
   } catch (const DatabaseError& failure) {
     const bool isLost = session_->IsLost();
     session_.reset();  // whatever it has open ends with it

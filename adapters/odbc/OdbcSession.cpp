@@ -118,12 +118,12 @@ void OdbcSession::Check(SQLRETURN result, const Handle& statement) {
     return diagnostic.state.starts_with("08");
   });
   lost_ = isTimeout || isGone || HasAttribute(SQL_ATTR_CONNECTION_DEAD);
+  const std::string perhaps = isInTransaction_ ? ". " : "؛ روشن نيست كه اين دستور اجرا شده باشد. ";
   std::string sentence;
   if (isTimeout) {
-    sentence = "سرور در " + std::to_string(timeouts_.statement.count()) +
-               " ثانيه پاسخي نداد؛ روشن نيست كه اين دستور اجرا شده باشد. ";
+    sentence = "سرور در " + std::to_string(timeouts_.statement.count()) + " ثانيه پاسخي نداد" + perhaps;
   } else if (lost_) {
-    sentence = "ارتباط با سرور قطع شد؛ روشن نيست كه اين دستور اجرا شده باشد. ";
+    sentence = "ارتباط با سرور قطع شد" + perhaps;
   }
   throw DatabaseError(sentence + Described(best), best.native, {});
 }

@@ -31,6 +31,9 @@ class OdbcSession {
   /// `{? = CALL procedure( ?, ... ) }`: its return value. `procedure` is a name and nothing else.
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters);
 
+  /// Whether what is sent from now on is part of a transaction, which is undone when the connection is lost.
+  void SetInTransaction(bool isIn) { isInTransaction_ = isIn; }
+
   /// Whether the server is gone, or did not answer in time: a late answer would belong to a statement that
   /// nobody waits for.
   [[nodiscard]] bool IsLost() const { return lost_; }
@@ -48,6 +51,7 @@ class OdbcSession {
   OdbcEnvironment environment_;
   OdbcHandle<SQL_HANDLE_DBC> connection_;
   bool lost_ = false;
+  bool isInTransaction_ = false;
 };
 
 }  // namespace koru

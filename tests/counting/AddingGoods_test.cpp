@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <set>
 #include <string>
 
 #include "tests/counting/CountingWorld.h"
@@ -30,10 +31,19 @@ insert into tblInventoryDispatchDetail (DispatchID,Barcode,Qty,Value) values (1,
     };
   }
 
-  [[nodiscard]] std::string Barcodes() {
+  /// The barcodes of the lines from `first` on, sorted: the database gives the goods in any order.
+  [[nodiscard]] std::string Barcodes(int first = 1) {
+    std::multiset<std::string> sorted;
+    for (int row = first; row < Form().flexDetail.Rows(); ++row) sorted.insert(Cell(row, 1));
     std::string barcodes;
-    for (int row = 1; row < Form().flexDetail.Rows(); ++row) barcodes += Cell(row, 1) + " ";
+    for (const std::string& barcode : sorted) barcodes += barcode + " ";
     return barcodes;
+  }
+  [[nodiscard]] int RowOf(const std::string& barcode) {
+    int row = 1;
+    while (row < Form().flexDetail.Rows() && Cell(row, 1) != barcode) ++row;
+    EXPECT_LT(row, Form().flexDetail.Rows()) << barcode;
+    return row;
   }
 
   /// Looks for the goods of all stores; the counting's own is proposed.
@@ -109,26 +119,27 @@ TEST_F(AddingGoods, Reports_the_number_of_added_lines_and_nothing_for_a_cancelle
 
 TEST_F(AddingGoods, A_good_with_book_stock_starts_as_a_shortage_of_all_of_it) {
   Click(Form().cmdGoods);
-  EXPECT_EQ(Cell(1, 0), "1");
-  EXPECT_EQ(Cell(1, 2), "101");
-  EXPECT_EQ(Cell(1, 3), "چاي");
-  EXPECT_EQ(Cell(1, 4), "عدد");
-  EXPECT_EQ(Cell(1, 10), "5");
-  EXPECT_EQ(Cell(1, 11), "5");
-  EXPECT_EQ(Cell(1, 13), "2");
-  EXPECT_EQ(Cell(1, 14), "10");
-  for (const int col : {6, 7, 8, 9, 12, 15, 16}) EXPECT_EQ(Cell(1, col), "") << col;
+  const int row = RowOf("G1");
+  EXPECT_EQ(Cell(row, 0), std::to_string(row));
+  EXPECT_EQ(Cell(row, 2), "101");
+  EXPECT_EQ(Cell(row, 3), "چاي");
+  EXPECT_EQ(Cell(row, 4), "عدد");
+  EXPECT_EQ(Cell(row, 10), "5");
+  EXPECT_EQ(Cell(row, 11), "5");
+  EXPECT_EQ(Cell(row, 13), "2");
+  EXPECT_EQ(Cell(row, 14), "10");
+  for (const int col : {6, 7, 8, 9, 12, 15, 16}) EXPECT_EQ(Cell(row, col), "") << col;
   EXPECT_EQ(Form().txtTotalBelowValue.Text(), "10");
 }
 
 TEST_F(AddingGoods, A_good_with_negative_book_stock_has_no_shortage_and_no_amount) {
   Click(Form().cmdGoods);
-  EXPECT_EQ(Cell(2, 10), "-4");
-  EXPECT_EQ(Cell(2, 11), "");
-  EXPECT_EQ(Cell(2, 13), "7");
-  EXPECT_EQ(Cell(2, 14), "");
-  EXPECT_EQ(Cell(3, 10), "0");
-  EXPECT_EQ(Cell(3, 11), "");
+  EXPECT_EQ(Cell(RowOf("G2"), 10), "-4");
+  EXPECT_EQ(Cell(RowOf("G2"), 11), "");
+  EXPECT_EQ(Cell(RowOf("G2"), 13), "7");
+  EXPECT_EQ(Cell(RowOf("G2"), 14), "");
+  EXPECT_EQ(Cell(RowOf("G3"), 10), "0");
+  EXPECT_EQ(Cell(RowOf("G3"), 11), "");
 }
 
 TEST_F(AddingGoods, To_lines_that_are_there_asks_first_and_only_no_stops_it) {
@@ -148,11 +159,12 @@ TEST_F(AddingGoods, To_lines_that_are_there_asks_first_and_only_no_stops_it) {
 
 TEST_F(AddingGoods, A_good_that_has_a_line_keeps_its_counts) {
   Click(Form().cmdGoods);
-  Form().flexDetail.UserEdit(1, 9, "4");
+  const int row = RowOf("G1");
+  Form().flexDetail.UserEdit(row, 9, "4");
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdGoods);
-  EXPECT_EQ(Cell(1, 9), "4");
-  EXPECT_EQ(Cell(1, 11), "1");
+  EXPECT_EQ(Cell(row, 9), "4");
+  EXPECT_EQ(Cell(row, 11), "1");
   EXPECT_EQ(Form().flexDetail.Rows(), 4);
 }
 
@@ -161,7 +173,8 @@ TEST_F(AddingGoods, Barcodes_that_differ_in_case_are_different_goods) {
   Form().flexDetail.SetTextMatrix(1, 1, "g1");
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdGoods);
-  EXPECT_EQ(Barcodes(), "g1 G1 G2 G3 ");
+  EXPECT_EQ(Cell(1, 1), "g1");
+  EXPECT_EQ(Barcodes(2), "G1 G2 G3 ");
 }
 
 TEST_F(AddingGoods, New_search_and_Exit_leave_nothing_to_add) {
@@ -178,23 +191,26 @@ TEST_F(AddingGoods, New_search_and_Exit_leave_nothing_to_add) {
 
 TEST_F(AddingGoods, Exit_reads_the_selection_before_again_and_adds_only_what_is_missing) {
   Click(Form().cmdGoods);
-  Form().flexDetail.RemoveItem(2);
+  Form().flexDetail.RemoveItem(RowOf("G2"));
   person = [](frmGoodSearch& form) { form.cmdExit.UserClick(); };
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdGoods);
-  EXPECT_EQ(Barcodes(), "G1 G3 G2 ");
+  EXPECT_EQ(Barcodes(), "G1 G2 G3 ");
+  EXPECT_EQ(RowOf("G2"), 3);
   EXPECT_EQ(Cell(3, 0), "3");
 }
 
 TEST_F(AddingGoods, A_database_failure_keeps_the_lines_added_so_far_and_the_form_usable) {
   Click(Form().cmdGoods);
+  const std::string first = Cell(1, 1);
+  const std::string shortage = Cell(1, 11);
   Form().flexDetail.SetRows(1);
   NewMessages();
   failing.Plan().FailAt(9);
   Click(Form().cmdGoods);
   EXPECT_EQ(NewMessages(), Texts{"عمليات به دليل خطاي پايگاه داده انجام نشد.\nThe server is shutting down."});
-  EXPECT_EQ(Cell(1, 11), "5") << "the first good was done";
-  EXPECT_EQ(Barcodes(), "G1 ") << "no good that lacks its unit, rate or book stock";
+  EXPECT_EQ(Cell(1, 11), shortage) << "the first good was done";
+  EXPECT_EQ(Barcodes(), first + " ") << "no good that lacks its unit, rate or book stock";
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdGoods);
   EXPECT_EQ(Barcodes(), "G1 G2 G3 ");
@@ -226,7 +242,7 @@ TEST_F(AddingGoods, A_full_counting_takes_what_has_room_and_says_so) {
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdGoods);
   EXPECT_EQ(Form().flexDetail.Rows() - 1, 32767);
-  EXPECT_EQ(Cell(32767, 1), "G1");
+  EXPECT_TRUE(Cell(32767, 1).starts_with("G"));
   EXPECT_EQ(NewMessages(),
             (Texts{kAddQuestion, "شمارش بيش از 32767 سطر نمي پذيرد. كالاهايي كه جا داشتند اضافه شدند."}));
   EXPECT_FALSE(Form().pgbStatus.Visible());

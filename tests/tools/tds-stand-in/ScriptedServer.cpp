@@ -1,5 +1,6 @@
 #include "tests/tools/tds-stand-in/ScriptedServer.h"
 
+#include <string_view>
 #include <utility>
 
 namespace koru::test {
@@ -21,7 +22,7 @@ ScriptedServer::ScriptedServer(Script script)
     : script_(std::move(script)),
       server_({.greets = [this] { return script_.greets; },
                .signIn = [this](int, const std::string& message) { return SignIn(message); },
-               .batch = [this](int, const std::string& batch) { return std::vector{Take(batch)}; },
+               .batch = [this](int, const std::string& batch) { return TakeBatch(batch); },
                .call = [this](int, const ProcedureCall& call) { return Take(Written(call)); }}) {}
 
 std::vector<std::string> ScriptedServer::Statements() const {
@@ -48,12 +49,35 @@ Answer ScriptedServer::SignIn(const std::string& message) {
   return script_.signIn();
 }
 
+/// Splits what StatementTrip has put together.
+std::vector<Answer> ScriptedServer::TakeBatch(const std::string& batch) {
+  static constexpr std::string_view kFirstMark = "select -1 as KoruDone;\n";
+  static constexpr std::string_view kTest = "\n;if @@error<>0 return;";
+  if (!batch.starts_with(kFirstMark)) return {Take(batch)};
+  std::vector<Answer> answers{OneField("KoruDone", -1)};
+  std::size_t begin = kFirstMark.size();
+  for (std::int64_t number = 0; begin < batch.size(); ++number) {
+    const std::size_t end = batch.find(kTest, begin);
+    const Answer answer = Take(batch.substr(begin, end - begin));
+    if (answer.kind == Answer::Kind::Silence || answer.kind == Answer::Kind::Close) return {answer};
+    answers.push_back(answer);
+    if (answer.kind == Answer::Kind::Refusal) return answers;
+    answers.push_back(OneField("KoruDone", number));
+    begin = batch.find('\n', end + kTest.size()) + 1;
+  }
+  return answers;
+}
+
 Answer ScriptedServer::Take(const std::string& statement) {
   {
     const std::lock_guard<std::mutex> lock(guard_);
     statements_.push_back(statement);
   }
-  return script_.statement(statement);
+  Answer answer = script_.statement(statement);
+  if (answer.kind != Answer::Kind::Done) return answer;
+  if (statement.starts_with("begin transaction;")) return OneField("KoruLock", 0);
+  if (statement.ends_with(" as KoruState")) return OneField("KoruState", 1);
+  return answer;
 }
 
 Answer OneField(const std::string& column, std::int64_t number) {

@@ -9,7 +9,9 @@
 
 namespace koru::test {
 
-/// A server that answers statements as a test says, and records what it receives.
+/// A server that answers statements as a test says, and records what it receives. Statements that are sent
+/// together are answered one by one. Where the test gives no rows for the begin and the end of a write batch,
+/// they succeed.
 class ScriptedServer {
  public:
   using Answer = TdsServer::Answer;
@@ -38,6 +40,7 @@ class ScriptedServer {
 
  private:
   [[nodiscard]] Answer SignIn(const std::string& message);
+  std::vector<Answer> TakeBatch(const std::string& batch);
   [[nodiscard]] Answer Take(const std::string& statement);
 
   Script script_;
