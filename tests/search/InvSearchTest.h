@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -36,7 +37,8 @@ class InvSearchTest : public SearchTest {
     NewStatements();
   }
 
-  /// Presses Search and answers the keys that the grid then shows.
+  /// Presses Search and answers the keys that the grid then shows, sorted: the database gives them in any
+  /// order.
   std::vector<int> Found() {
     EXPECT_TRUE(form.cmdSearch.UserClick());
     return Keys();
@@ -44,7 +46,13 @@ class InvSearchTest : public SearchTest {
   [[nodiscard]] std::vector<int> Keys() const {
     std::vector<int> keys;
     for (int row = 1; row < form.flexSearch.Rows(); ++row) keys.push_back(std::stoi(Cell(row, 1)));
+    std::sort(keys.begin(), keys.end());
     return keys;
+  }
+  [[nodiscard]] int RowOf(int key) const {
+    int row = 1;
+    while (row < form.flexSearch.Rows() && Cell(row, 1) != std::to_string(key)) ++row;
+    return row;
   }
   [[nodiscard]] std::string Cell(int row, int col) const {
     return std::string(form.flexSearch.TextMatrix(row, col));
