@@ -77,6 +77,7 @@ Answer ScriptedServer::Take(const std::string& statement) {
   if (answer.kind != Answer::Kind::Done) return answer;
   if (statement.starts_with("begin transaction;")) return OneField("KoruLock", 0);
   if (statement.ends_with(" as KoruState")) return OneField("KoruState", 1);
+  if (statement == "select db_name() as DatabaseName") return OneField("DatabaseName", "Suite");
   return answer;
 }
 
