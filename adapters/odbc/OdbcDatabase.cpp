@@ -54,7 +54,7 @@ auto OdbcDatabase::Tried(Statement statement, Work work) {
 }
 
 DatabaseError OdbcDatabase::Reported(const DatabaseError& failure, const std::string& statement) {
-  const DatabaseError ofStatement(failure.ServerText(), failure.Code(), statement);
+  DatabaseError ofStatement(failure.ServerText(), failure.Code(), statement);
   const bool isLost = LosesBatch();
   if (session_->IsLost()) session_.reset();
   if (!isLost) return ofStatement;

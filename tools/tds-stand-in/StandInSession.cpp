@@ -96,6 +96,19 @@ std::map<std::string, std::int64_t> LastKeys(SqliteConnection& engine) {
   return keys;
 }
 
+void RestoreLastKeys(SqliteConnection& engine, const std::map<std::string, std::int64_t>& keys) {
+  if (keys.empty()) return;
+  SqliteStatement forget = engine.Prepare("delete from sqlite_sequence where name=?1");
+  SqliteStatement keep = engine.Prepare("insert into sqlite_sequence (name,seq) values (?1,?2)");
+  for (const auto& [table, key] : keys) {
+    forget.Bind(1, table);
+    forget.Run();
+    keep.Bind(1, table);
+    keep.Bind(2, key);
+    keep.Run();
+  }
+}
+
 }  // namespace
 
 StandInSession::StandInSession(StandInDatabase& database, std::string name)
@@ -336,11 +349,7 @@ void StandInSession::RollBack() {
     const std::map<std::string, std::int64_t> lastKeys = LastKeys(engine_);
     engine_.Execute("rollback");
     if (schemaBefore_) database_.Schema() = *schemaBefore_;
-    for (const auto& [table, key] : lastKeys) {
-      engine_.Execute("delete from sqlite_sequence where name='" + table +
-                      "'; insert into sqlite_sequence (name,seq) values ('" + table + "'," +
-                      std::to_string(key) + ")");
-    }
+    RestoreLastKeys(engine_, lastKeys);
   }
   schemaBefore_.reset();
   database_.Locks().Release(this);
