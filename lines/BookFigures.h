@@ -15,7 +15,7 @@
 
 namespace koru {
 
-/// What the database tells of a good for its line.
+/// What the database holds on a good for its line.
 struct BookFigures {
   struct Unit {
     std::string name;

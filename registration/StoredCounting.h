@@ -38,9 +38,9 @@ class StoredCounting {
   /// Remembers counting `id` after a save that wrote `lines`: only the header is read. Nothing is remembered
   /// where it cannot be read: the save is done all the same.
   void RememberSaved(std::int32_t id, const LinesDigest& lines);
-  /// Remembers that counting `id` has no number any more. Its lines stay those that the user has seen: another
-  /// station may have changed the stored ones. When nothing is remembered, the counting as it is stored now, if
-  /// it can be read.
+  /// Remembers that counting `id` has no number any more. Its lines stay those that the user has seen:
+  /// another station may have changed the stored ones. When nothing is remembered, the counting as it is
+  /// stored now, if it can be read.
   void RememberReturned(std::int32_t id);
   /// Remembers `now` as what the user has agreed to work on.
   void Accept(CountingSnapshot now);

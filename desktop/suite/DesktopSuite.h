@@ -20,8 +20,8 @@ namespace koru {
 /// What the component needs from the Qt program that embeds it: the windows of its forms, the suite's sibling
 /// components, databases by their connection text, the machine's clock and files, and workbooks. Workbooks
 /// are written to the user's documents folder and open in the program that the user has for them. F1 opens
-/// the manual. Needs the application object, on which the host has called SetUpApplication, and is used on its
-/// thread alone.
+/// the manual. Needs the application object, on which the host has called SetUpApplication, and is used on
+/// its thread alone.
 class DesktopSuite {
  public:
   /// All connections are made through `databases`. `dataFolder` has the report files (`reports`) that a suite

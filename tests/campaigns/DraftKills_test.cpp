@@ -65,7 +65,7 @@ class ReportingDrafts : public DraftStore {
   Child::Report report_;
 };
 
-/// Kills this process after so many nanoseconds, wherever it is then.
+/// Kills this process after that many nanoseconds, wherever it is then.
 void KillAfter(long nanoseconds) {
   sigevent how{};
   how.sigev_notify = SIGEV_SIGNAL;

@@ -245,7 +245,8 @@ TEST_F(HostWindowTest, The_keys_of_the_manual_open_the_manual_a_new_counting_and
   program->window.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window));
   test::Press(Qt::Key_N, Qt::ControlModifier);
-  ASSERT_TRUE(QTest::qWaitFor([] { return InvCountingWindow() != nullptr; }));  // the button is pressed a while
+  ASSERT_TRUE(
+      QTest::qWaitFor([] { return InvCountingWindow() != nullptr; }));  // the button is pressed a while
   EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(), "");
 }
 
