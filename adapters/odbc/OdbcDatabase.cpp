@@ -120,7 +120,8 @@ void OdbcDatabase::SendTrip(const StatementTrip& trip, const std::vector<SqlText
   try {
     Tried([&] { return statements[first + results.Done()].Text(); },
           [&](OdbcSession& session) {
-            session.Run(trip.Text(), [&](Recordset result) { results.Take(std::move(result)); });
+            session.Run(
+                trip.Text(), [&](Recordset result) { results.Take(std::move(result)); }, trip.Statements());
             if (results.Done() < trip.Statements()) throw DatabaseError(kNotAnswered, 0, {});
           });
   } catch (const DatabaseError&) {

@@ -121,15 +121,16 @@ void OdbcSession::Check(SQLRETURN result, const Handle& statement) {
   const std::string perhaps = isInTransaction_ ? ". " : "؛ روشن نيست كه اين دستور اجرا شده باشد. ";
   std::string sentence;
   if (isTimeout) {
-    sentence = "سرور در " + std::to_string(timeouts_.statement.count()) + " ثانيه پاسخي نداد" + perhaps;
+    sentence = "سرور در " + std::to_string(limit_.count()) + " ثانيه پاسخي نداد" + perhaps;
   } else if (lost_) {
     sentence = "ارتباط با سرور قطع شد" + perhaps;
   }
   throw DatabaseError(sentence + Described(best), best.native, {});
 }
 
-void OdbcSession::Execute(const Handle& statement, std::string_view text) {
-  SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, AsPointer(timeouts_.statement), SQL_IS_UINTEGER);
+void OdbcSession::Execute(const Handle& statement, std::string_view text, std::size_t statements) {
+  limit_ = timeouts_.OfBatch(statements);
+  SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, AsPointer(limit_), SQL_IS_UINTEGER);
   std::u16string wide = ToUtf16(text);
   Check(SQLExecDirectW(statement.Get(), Units(wide), static_cast<SQLINTEGER>(wide.size())), statement);
 }
@@ -147,9 +148,10 @@ void OdbcSession::ReadResults(const Handle& statement, const std::function<void(
   }
 }
 
-void OdbcSession::Run(std::string_view batch, const std::function<void(Recordset)>& take) {
+void OdbcSession::Run(std::string_view batch, const std::function<void(Recordset)>& take,
+                      std::size_t statements) {
   const Handle handle(connection_.Get());
-  Execute(handle, batch);
+  Execute(handle, batch, statements);
   ReadResults(handle, take);
 }
 

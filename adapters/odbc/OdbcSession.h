@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -24,7 +26,8 @@ class OdbcSession {
   /// Sends a batch of statements once, and passes its results to `take` in order as they are read; a result
   /// without columns is of a statement that only writes. Throws DatabaseError without statement at the first
   /// that fails; IsLost then says whether the connection is still usable.
-  void Run(std::string_view batch, const std::function<void(Recordset)>& take);
+  /// A batch of several `statements` may take longer than one (OdbcTimeouts).
+  void Run(std::string_view batch, const std::function<void(Recordset)>& take, std::size_t statements = 1);
   /// The first result that has columns.
   Recordset Run(std::string_view batch);
 
@@ -43,11 +46,12 @@ class OdbcSession {
 
   void Connect(const OdbcTarget& target);
   [[nodiscard]] bool HasAttribute(SQLINTEGER attribute) const;
-  void Execute(const Handle& statement, std::string_view text);
+  void Execute(const Handle& statement, std::string_view text, std::size_t statements = 1);
   void ReadResults(const Handle& statement, const std::function<void(Recordset)>& take);
   void Check(SQLRETURN result, const Handle& statement);
 
   OdbcTimeouts timeouts_;
+  std::chrono::seconds limit_{0};  ///< of the newest batch
   OdbcEnvironment environment_;
   OdbcHandle<SQL_HANDLE_DBC> connection_;
   bool lost_ = false;

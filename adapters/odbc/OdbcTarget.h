@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,11 @@ struct OdbcTimeouts {
   std::chrono::seconds login{10};
   std::chrono::seconds statement{60};
   std::chrono::seconds lock{30};  ///< for another station's write batch; less than `statement`
+
+  /// Of a batch of `statements`: that of a statement, and a hundredth of it more for each further one.
+  [[nodiscard]] std::chrono::seconds OfBatch(std::size_t statements) const {
+    return statement + statement * static_cast<int>(statements - 1) / 100;
+  }
 };
 
 /// What a connection text means to ODBC.

@@ -27,7 +27,7 @@ class DatabaseCommandsTest : public testing::Test {
 TEST_F(DatabaseCommandsTest, A_server_gets_the_tables_and_the_sample_with_its_keys_and_its_persian) {
   const ScriptedServer server({});
   MakeSuiteDatabase(server.ConnectionText(), SampleSize::Standard, report_);
-  const auto statements = server.Statements();
+  const auto statements = server.StatementsOfCallers();
   const std::size_t batches = SqlServerBatches().size();
   ASSERT_GT(statements.size(), 2 + batches);
   EXPECT_TRUE(AsksWhatIsThere(statements[1])) << statements[1];
@@ -52,7 +52,7 @@ TEST_F(DatabaseCommandsTest, A_server_that_has_one_of_the_tables_is_asked_and_no
   };
   const ScriptedServer server(script);
   EXPECT_THROW(MakeSuiteDatabase(server.ConnectionText(), SampleSize::Standard, report_), InputError);
-  EXPECT_EQ(server.Statements().size(), 2U);
+  EXPECT_EQ(server.StatementsOfCallers().size(), 2U);  // the session's settings, and the question
 }
 
 TEST_F(DatabaseCommandsTest, A_refused_batch_ends_the_work_with_the_servers_words) {
@@ -69,7 +69,7 @@ TEST_F(DatabaseCommandsTest, A_refused_batch_ends_the_work_with_the_servers_word
     EXPECT_NE(failure.ServerText().find("CREATE VIEW permission denied."), std::string::npos);
     EXPECT_EQ(failure.Code(), 262);
   }
-  EXPECT_NE(server.Statements().back().find("create view"), std::string::npos);
+  EXPECT_NE(server.StatementsOfCallers().back().find("create view"), std::string::npos);
 }
 
 TEST_F(DatabaseCommandsTest, The_check_of_a_server_says_who_is_refused_without_the_password) {

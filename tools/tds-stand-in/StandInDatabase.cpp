@@ -32,8 +32,8 @@ StandInDatabase::~StandInDatabase() {
 SqliteConnection StandInDatabase::Connect() const {
   // Clients open and close their connections at any time, and the engine then locks the file for a moment.
   SqliteConnection engine(File(), SqliteConnection::Mode::Existing, std::chrono::seconds(10));
-  // Without `order by` no server promises an order: rows come in another one than that of their insertion.
-  engine.Execute("PRAGMA synchronous=off; PRAGMA temp_store=memory; PRAGMA reverse_unordered_selects=on");
+  engine.Execute("PRAGMA synchronous=off; PRAGMA temp_store=memory");
+  if (!rowsByKey_) engine.Execute("PRAGMA reverse_unordered_selects=on");
   return engine;
 }
 

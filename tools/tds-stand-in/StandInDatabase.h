@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <string>
 
@@ -21,12 +22,16 @@ class StandInDatabase {
 
   [[nodiscard]] std::string File() const { return folder_ + "/database"; }
   [[nodiscard]] SqliteConnection Connect() const;
+  /// For later connections: without `order by` no server promises an order, and rows come in another one than
+  /// that of their keys unless this is called.
+  void GiveRowsByKey() { rowsByKey_ = true; }
   /// Used while entered (StandInLocks), as is the connection of each client.
   [[nodiscard]] StandInSchema& Schema() { return *schema_; }
   [[nodiscard]] StandInLocks& Locks() { return locks_; }
 
  private:
   std::string folder_;
+  std::atomic<bool> rowsByKey_{false};
   StandInLocks locks_;
   std::unique_ptr<SqliteConnection> engine_;  ///< keeps the file's log until the end
   std::unique_ptr<StandInSchema> schema_;

@@ -33,6 +33,9 @@ class StandInServer {
   [[nodiscard]] std::string File() const { return database_.File(); }
   /// The number of requests that have arrived, batches and calls of procedures: each is a round trip.
   [[nodiscard]] std::uint64_t RoundTrips() const { return roundTrips_; }
+  /// Lets statements without `order by` give their rows in the order of their keys to clients that sign in
+  /// later, as most servers do and none promises; otherwise they come in another order.
+  void GiveRowsByKey() { database_.GiveRowsByKey(); }
   /// How long each later request takes beside its work, as over a long line.
   void SetDelay(std::chrono::microseconds delay) { delay_ = delay.count(); }
   /// The fault of the n-th request from now on (from 1), and of no other. 0: of none.

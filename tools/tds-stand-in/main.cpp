@@ -21,6 +21,7 @@ namespace {
 
 constexpr const char* kServer = "KORU_SQLSERVER";
 constexpr const char* kDelay = "KORU_STAND_IN_DELAY_MS";
+constexpr const char* kRowsByKey = "KORU_STAND_IN_ROWS_BY_KEY";
 constexpr int kUnusable = 2;
 constexpr int kNotFound = 127;
 constexpr int kSignalled = 128;
@@ -51,6 +52,7 @@ int RunWithServer(char** command) {
   if (const char* delay = std::getenv(kDelay)) {
     server.SetDelay(std::chrono::milliseconds(std::strtoul(delay, nullptr, 10)));
   }
+  if (std::getenv(kRowsByKey) != nullptr) server.GiveRowsByKey();
   setenv(kServer, server.ConnectionText().c_str(), 1);
   // Ctrl+C ends the command, which ends this program.
   sigset_t leftToIt;
@@ -72,6 +74,7 @@ int main(int argc, char** argv) {
                  "Runs the command with KORU_SQLSERVER naming a stand-in for the suite's server, which ends "
                  "with it;\nif KORU_SQLSERVER is set already, with the server that it names.\n"
                  "KORU_STAND_IN_DELAY_MS=N makes each request take N milliseconds longer.\n"
+                 "KORU_STAND_IN_ROWS_BY_KEY=1 gives rows without an order in that of their keys.\n"
                  "A test that passes with it may fail on a real server: see tools/tds-stand-in/README.md.\n";
     return kUnusable;
   }

@@ -29,7 +29,7 @@ ScriptedServer::Script Marked() {
 }
 
 Statements Last(const ScriptedServer& server, std::size_t count) {
-  const Statements all = server.Statements();
+  const Statements all = server.StatementsOfCallers();
   return {all.end() - static_cast<std::ptrdiff_t>(count), all.end()};
 }
 
@@ -61,7 +61,7 @@ TEST(ScratchDatabase, A_marked_server_is_emptied_filled_with_the_rows_and_asked_
   ScratchDatabase database(folder.File("sample.db"), server.ConnectionText());
   EXPECT_EQ(database.ConnectionText(), server.ConnectionText());
   database.Run("update tblUser set FullName='مينا' where ID=1");
-  const Statements statements = server.Statements();
+  const Statements statements = server.StatementsOfCallers();
   const auto tables = static_cast<std::ptrdiff_t>(SuiteTables().size());
   ASSERT_GT(statements.size(), SuiteTables().size() + 3);
   EXPECT_TRUE(std::all_of(statements.begin() + 2, statements.begin() + 2 + tables,
@@ -99,7 +99,7 @@ TEST(ScratchDatabase, A_server_with_somebodys_tables_is_left_alone) {
   const TestFile file;
   const ScriptedServer server(script);
   EXPECT_THROW(ScratchDatabase(file.File(), server.ConnectionText()), InputError);
-  EXPECT_EQ(server.Statements().size(), 3U);  // the session's settings, and two questions
+  EXPECT_EQ(server.StatementsOfCallers().size(), 3U);  // the session's settings, and two questions
 }
 
 }  // namespace

@@ -8,6 +8,8 @@ namespace {
 
 using Answer = ScriptedServer::Answer;
 
+constexpr const char* kAsksName = "select db_name() as DatabaseName";
+
 std::string Written(const ProcedureCall& call) {
   std::string parameters;
   for (const std::int32_t parameter : call.parameters) {
@@ -28,6 +30,16 @@ ScriptedServer::ScriptedServer(Script script)
 std::vector<std::string> ScriptedServer::Statements() const {
   const std::lock_guard<std::mutex> lock(guard_);
   return statements_;
+}
+
+std::vector<std::string> ScriptedServer::StatementsOfCallers() const {
+  std::vector<std::string> callers;
+  for (const std::string& statement : Statements()) {
+    if (statement.starts_with("begin transaction;") || statement.ends_with(" as KoruState")) continue;
+    if (statement == kAsksName) continue;
+    callers.push_back(statement.substr(0, statement.find("\n;select scope_identity()")));
+  }
+  return callers;
 }
 
 int ScriptedServer::SignIns() const {
@@ -77,7 +89,7 @@ Answer ScriptedServer::Take(const std::string& statement) {
   if (answer.kind != Answer::Kind::Done) return answer;
   if (statement.starts_with("begin transaction;")) return OneField("KoruLock", 0);
   if (statement.ends_with(" as KoruState")) return OneField("KoruState", 1);
-  if (statement == "select db_name() as DatabaseName") return OneField("DatabaseName", "Suite");
+  if (statement == kAsksName) return OneField("DatabaseName", "Suite");
   return answer;
 }
 

@@ -32,6 +32,9 @@ class ScriptedServer {
   [[nodiscard]] std::string ConnectionText() const { return server_.ConnectionText(); }
   /// The statements that have arrived, in UTF-8.
   [[nodiscard]] std::vector<std::string> Statements() const;
+  /// These without what the connection adds of its own: write batches, the question for the database's name,
+  /// and the question for the key of an insert.
+  [[nodiscard]] std::vector<std::string> StatementsOfCallers() const;
   /// The number of sign-ins.
   [[nodiscard]] int SignIns() const;
   /// Whether the last sign-in held that text: a user or a database, but not the password, which is
