@@ -121,7 +121,7 @@ bool CellEditing::HoldsScan() const { return view_.Scanning().HasScanColumn() &&
 
 /// Takes the barcode out of the editor and returns it.
 QString CellEditing::RemoveScan(QLineEdit& editor) {
-  const QString barcode = view_.Pace().Text();
+  QString barcode = view_.Pace().Text();
   editor.setText(view_.Pace().Before().value_or(cell_.data(Qt::EditRole).toString()));
   view_.Pace().Forget();
   return barcode;
