@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
 
@@ -216,6 +217,24 @@ TEST_F(WidgetWhileEnteringTest, Nor_does_a_new_one_throw_it_away) {
   world.messages.WillAnswer(test::FakeMessages::Answer::Yes);
   widget.ClearShow();
   EXPECT_EQ(Shown(), QString());
+}
+
+TEST_F(WidgetWhileEnteringTest, Another_database_closes_the_form_and_only_when_the_user_gives_the_entry_up) {
+  const QPointer<FormWindow> form = window;
+  const QString first = widget.OLEConnectionString();
+  const QString other = first + QLatin1Char(';');
+  world.messages.WillAnswer(test::FakeMessages::Answer::No);
+  widget.SetOLEConnectionString(other);
+  EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"آيا مطمئن هستيد؟"});
+  EXPECT_EQ(widget.OLEConnectionString(), first);
+  EXPECT_EQ(Shown(), QStringLiteral("تازهم-4"));
+  world.messages.WillAnswer(test::FakeMessages::Answer::Yes);
+  widget.SetOLEConnectionString(other);
+  EXPECT_EQ(widget.OLEConnectionString(), other);
+  EXPECT_TRUE(form.isNull() || !form->isVisible());
+  EXPECT_FALSE(widget.View(99)) << "no counting of the other database";
+  EXPECT_TRUE(widget.View(9));
+  EXPECT_EQ(Shown(), QStringLiteral("م-9"));
 }
 
 }  // namespace
