@@ -221,6 +221,7 @@ TEST_F(AddingGoods, A_database_failure_keeps_the_lines_added_so_far_and_the_form
 }
 
 TEST_F(AddingGoods, The_hourglass_and_the_bar_show_every_good_and_the_lines_have_their_stripes) {
+  server.trips.statementsPerTrip = 1;
   Texts seen;
   Form().pgbStatus.StateChanged.Always([&] {
     if (!Form().pgbStatus.Visible() || screen.CurrentCursor() != Cursor::Hourglass) return;

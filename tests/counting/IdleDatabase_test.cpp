@@ -13,6 +13,9 @@ namespace {
 
 /// A form on a database file that another program has open as well.
 class IdleDatabase : public CountingWorld {
+ public:
+  IdleDatabase() : CountingWorld(TestDatabase::Kind::File) {}
+
  protected:
   void SetUp() override {
     if (database.IsOnServer()) GTEST_SKIP() << "a server keeps its own log";

@@ -15,6 +15,9 @@ class LinesTestOn : public ::testing::Test, protected Host {
  protected:
   using Answers = test::FakeMessages::Answer;
 
+  template <class... Arguments>
+  explicit LinesTestOn(Arguments... ofHost) : Host(ofHost...) {}
+
   SharedState shared{this->Services()};
   LineForm form{shared};
 };
