@@ -197,6 +197,9 @@ TEST_P(LargeCounting,
 }
 
 TEST_P(LargeCounting, Added_goods_get_what_their_statements_give_one_by_one_also_after_others_have_written) {
+  if (database.IsOnServer())
+    GTEST_SKIP()
+        << "a server promises neither the order of the goods nor which document of a date gives the rate";
   for (const bool othersHaveWritten : {false, true}) {
     if (othersHaveWritten) OthersWrite();
     Lines().SetRows(1);

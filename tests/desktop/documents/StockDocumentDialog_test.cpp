@@ -59,7 +59,7 @@ class StockDocumentDialogTest : public testing::Test {
     QTest::mouseClick(dialog.findChild<QPushButton*>("register"), Qt::LeftButton);
   }
 
-  test::TestDatabase base;
+  test::TestDatabase base{test::TestDatabase::Kind::File};  // lines have no order on a server
   test::FailingConnector failing{base.Connector()};
   FakeMessages messages;
   ComponentRegistry components;

@@ -14,7 +14,7 @@ namespace {
 
 class ChooserWindow : public test::ReportDesk {
  protected:
-  ChooserWindow() {
+  ChooserWindow() : ReportDesk(test::TestDatabase::Kind::File) {  // templates have no order on a server
     database.Execute(
         "insert into tblPelinReportTemplate (ID, FormTypeID, Title, FilePath) values (5, 806, 'با مبلغ', "
         "'a.rpt'), "

@@ -18,7 +18,7 @@ namespace koru::test {
 /// what it shows.
 class ReportDesk : public ::testing::Test, protected DatabaseFixture {
  protected:
-  ReportDesk() {
+  explicit ReportDesk(TestDatabase::Kind kind = TestDatabase::Kind::FileOrServer) : DatabaseFixture(kind) {
     database.Execute(
         "insert into tblInventory (ID, Name) values (3, 'انبار مركزي');"
         "insert into tblGoodScale (ID, Name) values (4, 'عدد');"
