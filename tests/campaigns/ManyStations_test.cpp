@@ -66,7 +66,7 @@ Outcome DoneAtLast(Station& station, Work work, int id, int mark, int& refused) 
 void SaveAndRegister(const std::string& database, int program, unsigned saves, unsigned registrations,
                      const Child::Report& report) {
   Station station(database);
-  std::ostringstream told;
+  std::ostringstream written;
   int refused = 0;
   for (unsigned i = 0; i < saves; ++i) {
     const int mark = (program + 1) * 100'000 + static_cast<int>(i) * 10;
@@ -76,11 +76,12 @@ void SaveAndRegister(const std::string& database, int program, unsigned saves, u
       outcome = DoneAtLast(station, Work::Register, saved.id, mark + 5, refused);
       if (outcome.id != saved.id) throw std::runtime_error("another counting was registered");
     }
-    told << outcome.id << " " << (outcome.code.empty() ? "-" : outcome.code) << " " << outcome.lines << "\n";
+    written << outcome.id << " " << (outcome.code.empty() ? "-" : outcome.code) << " " << outcome.lines
+            << "\n";
   }
-  told << "refused " << refused << " x\n";
-  for (const std::chrono::microseconds wait : station.Waits()) told << "wait " << wait.count() << " x\n";
-  report(told.str());
+  written << "refused " << refused << " x\n";
+  for (const std::chrono::microseconds wait : station.Waits()) written << "wait " << wait.count() << " x\n";
+  report(written.str());
 }
 
 class ManyStations : public testing::TestWithParam<int> {

@@ -239,7 +239,7 @@ TEST_F(Drafts, Are_gone_with_a_save_a_registration_or_a_cancel) {
   Pause();
   messages.WillAnswer(Answer::No);
   Click(Counting().cmdCancel);
-  EXPECT_EQ(Files(), 1U) << "the user goes on";
+  EXPECT_EQ(Files(), 1U) << "the user keeps entering";
   messages.WillAnswer(Answer::Yes);
   Click(Counting().cmdCancel);
   EXPECT_EQ(Files(), 0U);

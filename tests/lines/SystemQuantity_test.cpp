@@ -152,7 +152,6 @@ TEST_F(SystemQuantityTest, The_rate_is_that_of_the_latest_dispatch_with_a_value)
 }
 
 TEST_F(DocumentsOfOneDate, Of_several_dispatches_on_one_day_the_one_with_the_highest_key_gives_the_rate) {
-  if (database.IsOnServer()) GTEST_SKIP() << "a server promises no order of documents of one date";
   Dispatch(kRegistered, 1, "2001-03-01", "A", 1, 5);
   Dispatch(kRegistered, 1, "2001-03-01", "A", 1, 9);
   Dispatch(kRegistered, 2, "2001-03-01", "A", 1, 6.25);
@@ -163,7 +162,6 @@ TEST_F(DocumentsOfOneDate, Of_several_dispatches_on_one_day_the_one_with_the_hig
 }
 
 TEST_F(DocumentsOfOneDate, Of_several_receipts_on_one_day_the_one_with_the_highest_key_gives_the_rate) {
-  if (database.IsOnServer()) GTEST_SKIP() << "a server promises no order of documents of one date";
   Receive(kRegistered, 1, "2001-03-01", "A", 1, 9);
   Receive(kRegistered, 1, "2001-03-01", "A", 1, 5);
   EXPECT_EQ(Rate("A"), "5");
@@ -172,7 +170,6 @@ TEST_F(DocumentsOfOneDate, Of_several_receipts_on_one_day_the_one_with_the_highe
 }
 
 TEST_F(DocumentsOfOneDate, Of_several_lines_of_the_latest_dispatch_the_last_one_gives_the_rate) {
-  if (database.IsOnServer()) GTEST_SKIP() << "a server promises no order of the lines of a document";
   Dispatch(kRegistered, 1, "2001-03-01", "A", 1, 5);
   for (const char* value : {"9", "6.25"})
     Execute(std::string(

@@ -365,7 +365,7 @@ TEST_F(InvCountingWindowTest, After_Calculate_the_keyboard_is_on_the_line_where_
   QTest::mouseClick(&Find<QPushButton>("cmdCalc"), Qt::LeftButton);
   EXPECT_TRUE(Find<GridView>("flexDetail").hasFocus());
   EXPECT_EQ(Counting().flexDetail.Row(), 2);
-  EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::Barcode) << "a scanner goes on";
+  EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::Barcode) << "the next scan follows";
 }
 
 TEST_F(InvCountingWindowTest, After_Goods_the_keyboard_is_on_the_first_line_that_was_added) {

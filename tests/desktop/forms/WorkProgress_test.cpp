@@ -153,7 +153,7 @@ class WorkProgress : public testing::Test {
     EXPECT_LE(late, steps / 20) << "a step on a machine under load may be late, and no more";
     EXPECT_GE(bar.Count(), 5);
     EXPECT_LE(bar.Count(), mostOften) << "more than the eye can follow is lost time";
-    EXPECT_GE(linesDrawn - before, 3) << "the window is drawn while the work goes on";
+    EXPECT_GE(linesDrawn - before, 3) << "the window is drawn during the work";
     EXPECT_GE(besideDrawn, 3) << "and so are the others";
     EXPECT_EQ(ticksAtWork, 0) << "nothing else runs meanwhile";
     EXPECT_FALSE(Counting().pgbStatus.Visible());
