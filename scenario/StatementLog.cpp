@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/sql/DatabaseError.h"
+#include "platform/sql/ForwardingDatabase.h"
 
 namespace koru {
 namespace {
@@ -29,17 +30,18 @@ bool LooksForChanges(std::string_view statement) {
 
 }  // namespace
 
-class StatementLog::Connection : public Database {
+class StatementLog::Connection : public ForwardingDatabase {
  public:
-  Connection(StatementLog& log, std::unique_ptr<Database> inner) : log_(log), inner_(std::move(inner)) {}
+  Connection(StatementLog& log, std::unique_ptr<Database> inner)
+      : ForwardingDatabase(std::move(inner)), log_(log) {}
 
   Recordset Open(const SqlText& statement) override {
     log_.Note(statement.Text());
-    return inner_->Open(statement);
+    return Inner().Open(statement);
   }
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
     log_.Note(CallText(procedure, parameters));
-    return inner_->Call(procedure, parameters);
+    return Inner().Call(procedure, parameters);
   }
   void OpenAll(const std::vector<SqlText>& statements,
                const std::function<void(std::size_t, const Recordset&)>& take) override {
@@ -47,19 +49,11 @@ class StatementLog::Connection : public Database {
       try {
         log_.Note(statements[i].Text());
       } catch (const DatabaseError&) {
-        inner_->OpenAll({statements.begin(), statements.begin() + static_cast<std::ptrdiff_t>(i)}, take);
+        Inner().OpenAll({statements.begin(), statements.begin() + static_cast<std::ptrdiff_t>(i)}, take);
         throw;
       }
     }
-    inner_->OpenAll(statements, take);
-  }
-  [[nodiscard]] std::size_t StatementsPerTrip() const override { return inner_->StatementsPerTrip(); }
-  [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return inner_->InsertedKey(); }
-  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
-  void Idle() noexcept override { inner_->Idle(); }
-  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
-  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
-    return inner_->BeginReadSnapshot();
+    Inner().OpenAll(statements, take);
   }
 
  private:

@@ -7,6 +7,7 @@
 #include "adapters/log/LogTexts.h"
 #include "platform/sql/CallText.h"
 #include "platform/sql/DatabaseError.h"
+#include "platform/sql/ForwardingDatabase.h"
 
 namespace koru {
 namespace {
@@ -114,16 +115,16 @@ class LoggedReadSnapshot : public ReadSnapshot {
   std::unique_ptr<ReadSnapshot> inner_;
 };
 
-class LoggedDatabase : public Database {
+class LoggedDatabase : public ForwardingDatabase {
  public:
   LoggedDatabase(std::unique_ptr<Journal> journal, std::unique_ptr<Database> inner)
-      : journal_(std::move(journal)), inner_(std::move(inner)) {}
+      : ForwardingDatabase(std::move(inner)), journal_(std::move(journal)) {}
   ~LoggedDatabase() override {
-    journal_->Do("connection closed", [this] { inner_.reset(); });
+    journal_->Do("connection closed", [this] { Close(); });
   }
 
   Recordset Open(const SqlText& statement) override {
-    return journal_->Run([&] { return inner_->Open(statement); }, RowsText, [&] { return TextOf(statement); },
+    return journal_->Run([&] { return Inner().Open(statement); }, RowsText, [&] { return TextOf(statement); },
                          [&](const std::string& words) { return ErrorOf(words, statement); });
   }
 
@@ -133,7 +134,7 @@ class LoggedDatabase : public Database {
     const Begin begin;
     std::size_t done = 0;
     try {
-      inner_->OpenAll(statements, [&](std::size_t number, const Recordset& records) {
+      Inner().OpenAll(statements, [&](std::size_t number, const Recordset& records) {
         journal_->Note(
             begin, [&] { return RowsText(records); }, [&] { return TextOf(statements[number]); });
         done = number + 1;
@@ -148,27 +149,23 @@ class LoggedDatabase : public Database {
       throw;
     }
   }
-  [[nodiscard]] std::size_t StatementsPerTrip() const override { return inner_->StatementsPerTrip(); }
-  [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return inner_->InsertedKey(); }
 
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
-    return journal_->Run([&] { return inner_->Call(procedure, parameters); },
+    return journal_->Run([&] { return Inner().Call(procedure, parameters); },
                          [](std::int32_t result) { return "returned " + std::to_string(result); },
                          [&] { return CallText(procedure, parameters); },
                          [](const std::string& words) { return words; });
   }
 
-  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
-  void Idle() noexcept override { inner_->Idle(); }
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override {
     std::unique_ptr<WriteBatch> inner;
-    journal_->Do("write batch begins", [&] { inner = inner_->BeginWriteBatch(); });
+    journal_->Do("write batch begins", [&] { inner = Inner().BeginWriteBatch(); });
     return std::make_unique<LoggedWriteBatch>(*journal_, std::move(inner));
   }
 
   [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
     std::unique_ptr<ReadSnapshot> inner;
-    journal_->Do("read snapshot begins", [&] { inner = inner_->BeginReadSnapshot(); });
+    journal_->Do("read snapshot begins", [&] { inner = Inner().BeginReadSnapshot(); });
     return std::make_unique<LoggedReadSnapshot>(*journal_, std::move(inner));
   }
 

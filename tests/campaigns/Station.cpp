@@ -4,6 +4,7 @@
 
 #include "lines/LineColumns.h"
 #include "platform/sql/DatabaseError.h"
+#include "platform/sql/ForwardingDatabase.h"
 #include "platform/text/Errors.h"
 
 namespace koru::test {
@@ -11,36 +12,20 @@ namespace {
 
 constexpr const char* kSure[] = {"آيا مطمئن هستيد؟", "آيا از بازگشت به حالت موقت شمارش اطمينان داريد؟"};
 
-class WaitingDatabase : public Database {
+class WaitingDatabase : public ForwardingDatabase {
  public:
   WaitingDatabase(std::unique_ptr<Database> inner, std::vector<std::chrono::microseconds>& waits)
-      : inner_(std::move(inner)), waits_(waits) {}
+      : ForwardingDatabase(std::move(inner)), waits_(waits) {}
 
-  Recordset Open(const SqlText& statement) override { return inner_->Open(statement); }
-  std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
-    return inner_->Call(procedure, parameters);
-  }
-  void OpenAll(const std::vector<SqlText>& statements,
-               const std::function<void(std::size_t, const Recordset&)>& take) override {
-    inner_->OpenAll(statements, take);
-  }
-  [[nodiscard]] std::size_t StatementsPerTrip() const override { return inner_->StatementsPerTrip(); }
-  [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return inner_->InsertedKey(); }
-  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
-  void Idle() noexcept override { inner_->Idle(); }
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override {
     const auto begin = std::chrono::steady_clock::now();
-    auto batch = inner_->BeginWriteBatch();
+    auto batch = Inner().BeginWriteBatch();
     waits_.push_back(
         std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin));
     return batch;
   }
-  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
-    return inner_->BeginReadSnapshot();
-  }
 
  private:
-  std::unique_ptr<Database> inner_;
   std::vector<std::chrono::microseconds>& waits_;
 };
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "lines/LineColumns.h"
+#include "platform/sql/ForwardingDatabase.h"
 #include "registration/FinalRegistration.h"
 #include "registration/TemporarySave.h"
 #include "tests/support/BareCountingForm.h"
@@ -16,12 +17,12 @@ namespace koru {
 namespace {
 
 /// Another program's row is inserted right after each row of this one.
-class BusyDatabase : public Database {
+class BusyDatabase : public ForwardingDatabase {
  public:
-  explicit BusyDatabase(std::unique_ptr<Database> inner) : inner_(std::move(inner)) {}
+  explicit BusyDatabase(std::unique_ptr<Database> inner) : ForwardingDatabase(std::move(inner)) {}
 
   Recordset Open(const SqlText& statement) override {
-    Recordset records = inner_->Open(statement);
+    Recordset records = Inner().Open(statement);
     const auto insertsInto = [&](FixedSql table) {
       return statement.Text().starts_with("insert into " + std::string(table.text) + " (");
     };
@@ -39,19 +40,18 @@ class BusyDatabase : public Database {
     }
     return records;
   }
-  std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
-    return inner_->Call(procedure, parameters);
+  void OpenAll(const std::vector<SqlText>& statements,
+               const std::function<void(std::size_t, const Recordset&)>& take) override {
+    Database::OpenAll(statements, take);
   }
   [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return key_; }
-  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
 
  private:
   void Follow(FixedSql newest, FixedSql theirs) {
-    key_ = inner_->Open(SqlText(newest)).Field("MaxID").Integer();
-    inner_->Open(SqlText(theirs));
+    key_ = Inner().Open(SqlText(newest)).Field("MaxID").Integer();
+    Inner().Open(SqlText(theirs));
   }
 
-  std::unique_ptr<Database> inner_;
   std::optional<std::int64_t> key_;
 };
 

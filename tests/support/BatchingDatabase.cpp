@@ -6,12 +6,12 @@ namespace koru::test {
 
 Recordset BatchingDatabase::Open(const SqlText& statement) {
   trips_.statements.push_back(1);
-  return inner_->Open(statement);
+  return Inner().Open(statement);
 }
 
 std::int32_t BatchingDatabase::Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) {
   trips_.statements.push_back(1);
-  return inner_->Call(procedure, parameters);
+  return Inner().Call(procedure, parameters);
 }
 
 void BatchingDatabase::OpenAll(const std::vector<SqlText>& statements,
@@ -22,11 +22,11 @@ void BatchingDatabase::OpenAll(const std::vector<SqlText>& statements,
   }
   trips_.statements.insert(trips_.statements.end(), oneByOne ? statements.size() : 1,
                            oneByOne ? 1 : statements.size());
-  inner_->OpenAll(statements, take);
+  Inner().OpenAll(statements, take);
 }
 
 std::size_t BatchingDatabase::StatementsPerTrip() const {
-  return trips_.statementsPerTrip.value_or(inner_->StatementsPerTrip());
+  return trips_.statementsPerTrip.value_or(ForwardingDatabase::StatementsPerTrip());
 }
 
 std::unique_ptr<Database> BatchingConnector::Connect(const std::string& connectionText) {

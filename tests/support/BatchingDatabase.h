@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/sql/Database.h"
+#include "platform/sql/ForwardingDatabase.h"
 
 namespace koru::test {
 
@@ -22,9 +22,10 @@ struct Trips {
 
 /// Passes everything to another database and counts the round trips as if that were a server: OpenAll takes
 /// one, and so does each other statement. `trips` must outlive it.
-class BatchingDatabase : public Database {
+class BatchingDatabase : public ForwardingDatabase {
  public:
-  BatchingDatabase(std::unique_ptr<Database> inner, Trips& trips) : inner_(std::move(inner)), trips_(trips) {}
+  BatchingDatabase(std::unique_ptr<Database> inner, Trips& trips)
+      : ForwardingDatabase(std::move(inner)), trips_(trips) {}
 
   Recordset Open(const SqlText& statement) override;
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
@@ -32,16 +33,8 @@ class BatchingDatabase : public Database {
   void OpenAll(const std::vector<SqlText>& statements,
                const std::function<void(std::size_t, const Recordset&)>& take) override;
   [[nodiscard]] std::size_t StatementsPerTrip() const override;
-  [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return inner_->InsertedKey(); }
-  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
-  void Idle() noexcept override { inner_->Idle(); }
-  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
-  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
-    return inner_->BeginReadSnapshot();
-  }
 
  private:
-  std::unique_ptr<Database> inner_;
   Trips& trips_;
 };
 

@@ -10,12 +10,12 @@ void FaultPlan::CountStatement(const std::string& statement) {
 
 Recordset FailingDatabase::Open(const SqlText& statement) {
   plan_.CountStatement(statement.Text());
-  return inner_->Open(statement);
+  return Inner().Open(statement);
 }
 
 std::int32_t FailingDatabase::Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) {
   plan_.CountStatement(std::string(procedure));
-  return inner_->Call(procedure, parameters);
+  return Inner().Call(procedure, parameters);
 }
 
 void FailingDatabase::OpenAll(const std::vector<SqlText>& statements,
@@ -24,11 +24,11 @@ void FailingDatabase::OpenAll(const std::vector<SqlText>& statements,
     try {
       plan_.CountStatement(statements[i].Text());
     } catch (const DatabaseError&) {
-      inner_->OpenAll({statements.begin(), statements.begin() + static_cast<std::ptrdiff_t>(i)}, take);
+      Inner().OpenAll({statements.begin(), statements.begin() + static_cast<std::ptrdiff_t>(i)}, take);
       throw;
     }
   }
-  inner_->OpenAll(statements, take);
+  Inner().OpenAll(statements, take);
 }
 
 std::unique_ptr<Database> FailingConnector::Connect(const std::string& connectionText) {

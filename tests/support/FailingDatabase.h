@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/sql/Database.h"
+#include "platform/sql/ForwardingDatabase.h"
 
 namespace koru::test {
 
@@ -36,25 +36,17 @@ class FaultPlan {
 
 /// Passes everything to another database but the statement that the plan names, which never reaches it.
 /// `plan` must outlive it.
-class FailingDatabase : public Database {
+class FailingDatabase : public ForwardingDatabase {
  public:
-  FailingDatabase(std::unique_ptr<Database> inner, FaultPlan& plan) : inner_(std::move(inner)), plan_(plan) {}
+  FailingDatabase(std::unique_ptr<Database> inner, FaultPlan& plan)
+      : ForwardingDatabase(std::move(inner)), plan_(plan) {}
 
   Recordset Open(const SqlText& statement) override;
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
   void OpenAll(const std::vector<SqlText>& statements,
                const std::function<void(std::size_t, const Recordset&)>& take) override;
-  [[nodiscard]] std::size_t StatementsPerTrip() const override { return inner_->StatementsPerTrip(); }
-  [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return inner_->InsertedKey(); }
-  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
-  void Idle() noexcept override { inner_->Idle(); }
-  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
-  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
-    return inner_->BeginReadSnapshot();
-  }
 
  private:
-  std::unique_ptr<Database> inner_;
   FaultPlan& plan_;
 };
 

@@ -6,20 +6,20 @@ namespace koru::test {
 
 Recordset RecordingDatabase::Open(const SqlText& statement) {
   log_.push_back(statement.Text());
-  return inner_->Open(statement);
+  return Inner().Open(statement);
 }
 
 std::int32_t RecordingDatabase::Call(std::string_view procedure,
                                      const std::vector<std::int32_t>& parameters) {
   log_.push_back(CallText(procedure, parameters));
-  return inner_->Call(procedure, parameters);
+  return Inner().Call(procedure, parameters);
 }
 
 void RecordingDatabase::OpenAll(const std::vector<SqlText>& statements,
                                 const std::function<void(std::size_t, const Recordset&)>& take) {
   std::size_t run = 0;
   try {
-    inner_->OpenAll(statements, [&](std::size_t i, const Recordset& records) {
+    Inner().OpenAll(statements, [&](std::size_t i, const Recordset& records) {
       run = i + 1;
       log_.push_back(statements[i].Text());
       take(i, records);

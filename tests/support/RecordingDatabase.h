@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/sql/Database.h"
+#include "platform/sql/ForwardingDatabase.h"
 
 namespace koru::test {
 
@@ -18,26 +18,17 @@ namespace koru::test {
 using StatementLog = std::vector<std::string>;
 
 /// Passes everything to another database and writes it down. `log` must outlive it.
-class RecordingDatabase : public Database {
+class RecordingDatabase : public ForwardingDatabase {
  public:
   RecordingDatabase(std::unique_ptr<Database> inner, StatementLog& log)
-      : inner_(std::move(inner)), log_(log) {}
+      : ForwardingDatabase(std::move(inner)), log_(log) {}
 
   Recordset Open(const SqlText& statement) override;
   std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override;
   void OpenAll(const std::vector<SqlText>& statements,
                const std::function<void(std::size_t, const Recordset&)>& take) override;
-  [[nodiscard]] std::size_t StatementsPerTrip() const override { return inner_->StatementsPerTrip(); }
-  [[nodiscard]] std::optional<std::int64_t> InsertedKey() override { return inner_->InsertedKey(); }
-  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
-  void Idle() noexcept override { inner_->Idle(); }
-  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
-  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
-    return inner_->BeginReadSnapshot();
-  }
 
  private:
-  std::unique_ptr<Database> inner_;
   StatementLog& log_;
 };
 

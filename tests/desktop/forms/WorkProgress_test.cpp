@@ -19,6 +19,7 @@
 #include "desktop/forms/InvCountingWindow.h"
 #include "desktop/grid/GridView.h"
 #include "lines/LineColumns.h"
+#include "platform/sql/ForwardingDatabase.h"
 #include "tests/desktop/WindowTools.h"
 #include "tests/desktop/forms/DesktopWorld.h"
 #include "tests/desktop/forms/SearchingScreen.h"
@@ -27,25 +28,17 @@ namespace koru {
 namespace {
 
 /// A database as slow as a server far away: every statement takes two milliseconds at least.
-class SlowDatabase : public Database {
+class SlowDatabase : public ForwardingDatabase {
  public:
-  explicit SlowDatabase(std::unique_ptr<Database> inner) : inner_(std::move(inner)) {}
+  explicit SlowDatabase(std::unique_ptr<Database> inner) : ForwardingDatabase(std::move(inner)) {}
   Recordset Open(const SqlText& statement) override {
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
-    return inner_->Open(statement);
+    return Inner().Open(statement);
   }
-  std::int32_t Call(std::string_view procedure, const std::vector<std::int32_t>& parameters) override {
-    return inner_->Call(procedure, parameters);
+  void OpenAll(const std::vector<SqlText>& statements,
+               const std::function<void(std::size_t, const Recordset&)>& take) override {
+    Database::OpenAll(statements, take);
   }
-  [[nodiscard]] std::optional<std::int64_t> ForeignWrites() override { return inner_->ForeignWrites(); }
-  void Idle() noexcept override { inner_->Idle(); }
-  [[nodiscard]] std::unique_ptr<WriteBatch> BeginWriteBatch() override { return inner_->BeginWriteBatch(); }
-  [[nodiscard]] std::unique_ptr<ReadSnapshot> BeginReadSnapshot() override {
-    return inner_->BeginReadSnapshot();
-  }
-
- private:
-  std::unique_ptr<Database> inner_;
 };
 
 class SlowConnector : public DatabaseConnector {
