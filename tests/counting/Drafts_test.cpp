@@ -9,106 +9,18 @@
 #include <fstream>
 #include <random>
 
-#include "adapters/system/DraftFiles.h"
 #include "lines/LineColumns.h"
 #include "platform/sql/ConnectionText.h"
-#include "tests/counting/CountingWorld.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/counting/DraftsTest.h"
 
 namespace koru::test {
 namespace {
 
 using Answer = FakeMessages::Answer;
 
-/// Everything that a user sees of the form.
-std::string Shown(frmInvCounting& form, DocumentMode mode) {
-  std::string shown =
-      form.Caption() + "|" + std::to_string(static_cast<int>(mode)) + "|" + form.lblIDVal.Caption() + "|";
-  for (const Control* control : form.Controls()) {
-    shown += control->Name() + (control->Enabled() ? "+" : "-");
-    if (const auto* text = dynamic_cast<const TextBox*>(control)) shown += text->Text();
-    if (const auto* date = dynamic_cast<const DateBox*>(control)) shown += date->PersianText();
-    if (const auto* selector = dynamic_cast<const Selector*>(control)) {
-      shown += std::to_string(selector->SelectedID());
-    }
-    shown += "|";
-  }
-  const Grid& grid = form.flexDetail;
-  shown += std::to_string(grid.Row()) + "," + std::to_string(grid.Col()) + "," +
-           std::to_string(grid.SortedCol()) + (grid.IsSortedDescending() ? " down" : "");
-  for (int row = 1; row < grid.Rows(); ++row) {
-    shown += "\n" + std::to_string(grid.RowBackColor(row));
-    for (int col = 0; col < grid.Cols(); ++col) shown += "|" + std::string(grid.TextMatrix(row, col));
-  }
-  return shown;
-}
-
-/// A program that keeps drafts, and that can end without warning.
-class Drafts : public CountingWorld {
- protected:
-  Drafts() { Start(); }
-
-  void Start() {
-    HostServices services = Services();
-    services.drafts = &store_;
-    program_ = std::make_unique<comInvCounting>(*this, services);
-    program_->SetOLEConnectionString(database.ConnectionText());
-    program_->SetUserID(7);
-  }
-  /// The program ends without a save or a cancel, and is started again.
-  void Crash() {
-    program_.reset();
-    NewMessages();
-    Start();
-  }
-  frmInvCounting& Counting() { return *program_->CountingForm(); }
-  DocumentMode Mode() { return program_->Shared().DocMode; }
-  std::string Shown() { return test::Shown(Counting(), Mode()); }
-  void Tick(int times = 1) {
-    for (int tick = 0; tick < times; ++tick) Counting().Timer1.Fire();
-  }
-  void Pause() { Tick(DraftKeeper::kPauseTicks); }
-
-  void Edit(std::int32_t id) {
-    ASSERT_TRUE(program_->View(id));
-    Click(Counting().cmdEdit);
-  }
-  void EnterNew() {
-    program_->ClearShow();
-    Click(Counting().cmdNew);
-    for (int line = 1; line <= 3; ++line) {
-      const std::string number = std::to_string(line);
-      Counting().flexDetail.AddItem(number);
-      Counting().flexDetail.SetTextMatrix(line, LineColumn::Barcode, "G" + number);
-      Counting().flexDetail.SetTextMatrix(line, LineColumn::GoodName, "كالا\t" + number + "\\\n");
-      Counting().flexDetail.SetTextMatrix(line, LineColumn::SystemCounting, number + ".5");
-      Counting().flexDetail.SetTextMatrix(line, LineColumn::Rate, "1" + number);
-      Counting().flexDetail.SetRowBackColor(
-          line, line % 2 == 0 ? CountingLines::kEvenRowColor : CountingLines::kOddRowColor);
-    }
-  }
-  void Type(const std::string& figure) {
-    ASSERT_TRUE(Counting().flexDetail.UserEdit(1, LineColumn::AcceptedCounting, figure));
-  }
-  /// What a user could do next, by chance.
-  void DoAnything(std::mt19937& random);
-  std::size_t Files() const {
-    if (!std::filesystem::exists(folder_.Path() / "drafts")) return 0;
-    return static_cast<std::size_t>(
-        std::distance(std::filesystem::directory_iterator(folder_.Path() / "drafts"), {}));
-  }
-  std::filesystem::path OnlyFile() const {
-    return std::filesystem::directory_iterator(folder_.Path() / "drafts")->path();
-  }
-
-  TemporaryFolder folder_;
-  DraftFiles store_{folder_.Path() / "drafts"};
-  std::unique_ptr<comInvCounting> program_;
-};
-
-void Drafts::DoAnything(std::mt19937& random) {
+/// What a user could do next, by chance.
+void DoAnything(frmInvCounting& form, FakeMessages& messages, std::mt19937& random) {
   const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
-  frmInvCounting& form = Counting();
   Grid& grid = form.flexDetail;
   const std::string text = "متن \\ با\tجدا'كننده " + std::to_string(any(1000));
   const auto row = [&] { return 1 + any(std::max(1, grid.Rows() - 1)); };
@@ -152,7 +64,7 @@ TEST_F(Drafts, Bring_back_the_form_exactly_as_it_was) {
       Edit(10);
     }
     Counting().txtNotes.UserType("آغاز");
-    for (auto step = random() % 20; step > 0; --step) DoAnything(random);
+    for (auto step = random() % 20; step > 0; --step) DoAnything(Counting(), messages, random);
     Pause();
     const std::string before = Shown();
     Crash();
@@ -280,144 +192,9 @@ TEST_F(Drafts, Hold_what_was_typed_right_before_a_save_that_never_ends) {
   EXPECT_EQ(NewMessages().size(), 1U) << "the question about the other station";
 }
 
-TEST_F(Drafts, Are_offered_to_their_user_on_their_database_alone) {
-  Edit(10);
-  Type("7");
-  Pause();
-  Crash();
-  program_->SetUserID(8);
-  EXPECT_EQ(program_->FindDraft(), std::nullopt);
-  program_->SetUserID(7);
-  program_->SetOLEConnectionString("Provider=SQLite;Data Source=/other.koru");
-  EXPECT_EQ(program_->FindDraft(), std::nullopt);
-  program_->SetOLEConnectionString("0");
-  EXPECT_EQ(program_->FindDraft(), std::nullopt);
-  program_->SetOLEConnectionString(database.ConnectionText());
-  EXPECT_TRUE(program_->FindDraft());
-}
-
-TEST_F(Drafts, Under_the_name_of_another_user_are_not_offered_either) {
-  Edit(10);
-  Type("7");
-  Pause();
-  program_.reset();
-  const std::string text =
-      store_.FindLeft({ConnectionText::Parse(database.ConnectionText()).WithoutPassword(), 7})->Read();
-  store_.Begin({ConnectionText::Parse(database.ConnectionText()).WithoutPassword(), 8})->Write(text);
-  Start();
-  program_->SetUserID(8);
-  EXPECT_EQ(program_->FindDraft(), std::nullopt);
-}
-
-TEST_F(Drafts, Of_a_program_that_still_runs_are_not_offered) {
-  Edit(10);
-  Type("7");
-  Pause();
-  const auto running = std::move(program_);
-  Start();
-  EXPECT_EQ(program_->FindDraft(), std::nullopt);
-}
-
 TEST_F(Drafts, Hold_no_password) {
   EXPECT_EQ(OwnerOfDrafts("Provider=SQLOLEDB;Data Source=s;Password=geheim", 7).database.find("geheim"),
             std::string::npos);
-}
-
-TEST_F(Drafts, Can_be_left_for_later_or_discarded_after_a_question) {
-  Edit(10);
-  Type("7");
-  Pause();
-  Crash();
-  ASSERT_TRUE(program_->FindDraft());
-  program_->LeaveDraft();
-  ASSERT_TRUE(program_->FindDraft());
-  messages.WillAnswer(Answer::No);
-  EXPECT_FALSE(program_->DiscardDraft());
-  EXPECT_EQ(NewMessages(),
-            Texts{"پيش\u200cنويس دور ريخته مي\u200cشود و ديگر بازنمي\u200cگردد. آيا مطمئن هستيد؟"});
-  EXPECT_EQ(Files(), 1U);
-  messages.WillAnswer(Answer::Yes);
-  EXPECT_TRUE(program_->DiscardDraft());
-  EXPECT_EQ(Files(), 0U);
-  EXPECT_EQ(program_->FindDraft(), std::nullopt);
-}
-
-TEST_F(Drafts, Are_refused_to_a_user_without_the_right_and_stay) {
-  Edit(10);
-  Type("7");
-  Pause();
-  Crash();
-  database.Execute("delete from tblPelinUserPermission where FormPermissionID=80602");
-  ASSERT_TRUE(program_->FindDraft());
-  EXPECT_FALSE(program_->RestoreDraft());
-  EXPECT_EQ(NewMessages(), Texts{kNotPermitted});
-  EXPECT_EQ(Files(), 1U);
-  database.Execute("insert into tblPelinUserPermission (UserID,FormPermissionID) values (7,80602)");
-  EXPECT_TRUE(program_->RestoreDraft());
-}
-
-TEST_F(Drafts, Are_saved_without_a_question_when_nobody_has_changed_the_stored_counting) {
-  Edit(10);
-  Type("7");
-  Pause();
-  Crash();
-  ASSERT_TRUE(program_->FindDraft());
-  ASSERT_TRUE(program_->RestoreDraft());
-  Click(Counting().cmdTmpSave);
-  EXPECT_EQ(NewMessages(), Texts{});
-  EXPECT_EQ(Mode(), DocumentMode::Viewing);
-  EXPECT_EQ(database.Scalar("select AcceptedCounting from tblInventoryCountingDetail where CountingID=10 and "
-                            "RowNumber=1"),
-            "7");
-}
-
-TEST_F(Drafts, Ask_when_another_station_has_changed_the_stored_counting_since_it_was_opened) {
-  Edit(10);
-  Type("7");
-  Pause();
-  program_.reset();
-  database.Execute("update tblInventoryCounting set Notes='ديگري',CreatorID=8 where ID=10");
-  Start();
-  ASSERT_TRUE(program_->FindDraft());
-  ASSERT_TRUE(program_->RestoreDraft());
-  messages.WillAnswer(Answer::No);
-  messages.WillAnswer(Answer::No);
-  Click(Counting().cmdTmpSave);
-  const Texts asked = NewMessages();
-  ASSERT_EQ(asked.size(), 2U);
-  EXPECT_NE(asked[0].find("تفاوت: توضيحات"), std::string::npos) << asked[0];
-  EXPECT_EQ(database.Scalar("select Notes from tblInventoryCounting where ID=10"), "ديگري");
-  EXPECT_EQ(Mode(), DocumentMode::Editing);
-}
-
-TEST_F(Drafts, Of_a_deleted_counting_come_back_and_are_not_stored) {
-  Edit(10);
-  Type("7");
-  Pause();
-  program_.reset();
-  database.Execute(
-      "delete from tblInventoryCountingDetail where CountingID=10;"
-      "delete from tblInventoryCounting where ID=10");
-  Start();
-  ASSERT_TRUE(program_->FindDraft());
-  ASSERT_TRUE(program_->RestoreDraft());
-  Click(Counting().cmdTmpSave);
-  EXPECT_EQ(NewMessages().size(), 1U);
-  EXPECT_EQ(Mode(), DocumentMode::Editing) << "what was typed is still on the form";
-}
-
-TEST_F(Drafts, Stay_through_a_second_crash_after_they_came_back) {
-  Edit(10);
-  Type("7");
-  Pause();
-  Crash();
-  ASSERT_TRUE(program_->FindDraft());
-  ASSERT_TRUE(program_->RestoreDraft());
-  const std::string before = Shown();
-  Crash();
-  ASSERT_TRUE(program_->FindDraft());
-  ASSERT_TRUE(program_->RestoreDraft());
-  EXPECT_EQ(Shown(), before);
 }
 
 TEST_F(Drafts, That_are_damaged_anywhere_are_set_aside_and_reported) {
