@@ -68,7 +68,7 @@ TEST_P(WritesOfManyLines, A_registration_takes_one_for_a_hundred_lines_beside_th
 INSTANTIATE_TEST_SUITE_P(Of, WritesOfManyLines, ::testing::Values(100, 5000, 32767));
 
 TEST_F(WritesInTrips, Statements_and_rows_are_those_of_one_by_one) {
-  const auto registered = [this](std::size_t perTrip) {
+  const auto registered = [](std::size_t perTrip) {
     CountingDesk desk;
     desk.server.trips.statementsPerTrip = perTrip;
     desk.FillHeader();
