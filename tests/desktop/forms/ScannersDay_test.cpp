@@ -62,7 +62,7 @@ class ScannersDay : public testing::Test {
   // What a clerk does. Each keeps the model of what the counting must hold: the figures of scanned goods.
 
   void ScanKnown(bool end) {
-    const std::string& barcode = barcodes[Random(kGoods)];
+    const std::string& barcode = barcodes[static_cast<std::size_t>(Random(kGoods))];
     Send(barcode, end);
     good = barcode;
   }
