@@ -26,6 +26,7 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       addGoods_(*this, shared, lines_),
       guard_(shared),
       storeChange_(*this, shared),
+      storeOfFigures_(*this, shared.messages),
       commands_(*this, shared, lines_, storeChange_, guard_),
       temporarySave_(*this, shared, guard_),
       finalRegistration_(*this, shared, guard_),
@@ -91,6 +92,7 @@ bool frmInvCounting::ViewInvCounting(std::int32_t id) {
     // Before the lines are read: a later comparison finds what another station changes in between.
     guard_.Stored().Remember(id);
     FillInvCounterDetailData(id);
+    storeOfFigures_.Follow();
   } catch (...) {
     Clear();
     guard_.Stored().Forget();
@@ -107,6 +109,7 @@ bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
   if (isNew && !CheckPermission(shared_, FormPermission::OpenForNew)) return false;
   if (!CheckPermission(shared_, isNew ? FormPermission::New : FormPermission::Edit)) return false;
   drafts_.Continue(draft);
+  storeOfFigures_.Follow();
   RefreshCommands();
   SetFocus(flexDetail);
   return true;
@@ -168,12 +171,17 @@ void frmInvCounting::ConnectEvents() {
   });
   cmdInvExit.Click.Always([this] { linkedDocuments_.OpenDispatch(); });
   cmdInvReceipt.Click.Always([this] { linkedDocuments_.OpenReceipt(); });
-  cmdCalc.Click.Always([this] { quantity_.CalculateAllLines(); });
+  cmdCalc.Click.Always([this] {
+    if (quantity_.CalculateAllLines()) storeOfFigures_.Follow();
+  });
   cmdTmpSave.Click.Always([this] { Save([this] { temporarySave_.Run(); }); });
   cmdIsFinalized.Click.Always([this] { Save([this] { finalRegistration_.Run(); }); });
   mnuRS.Click.Always([this] { returnToTemporary_.Run(); });
   cmdFunc.Click.Always([this] { mnuRS.Click.Raise(); });
-  gmpInventory.SelectionChanged.Always([this] { storeChange_.Run(); });
+  gmpInventory.SelectionChanged.Always([this] {
+    storeChange_.Run();
+    storeOfFigures_.StoreHasChanged();
+  });
   gdpCreateDate.ValueChanged.Always([this] {
     if (gdpCreateDate.IsEmpty()) gdpCreateDate.SetValue(shared_.services.clock.Today());
   });
@@ -213,7 +221,9 @@ bool frmInvCounting::OpenFound(std::int32_t id) {
 void frmInvCounting::Enter(const std::function<void()>& command) {
   const DocumentMode before = shared_.DocMode;
   command();
-  if (shared_.DocMode != before) drafts_.Begin();
+  if (shared_.DocMode == before) return;
+  storeOfFigures_.StoreHasChanged();
+  drafts_.Begin();
 }
 
 /// Runs a command that ends the entry of a document, then fires the timer at once: before the next tick, the
@@ -233,6 +243,7 @@ void frmInvCounting::RunAndTick(const std::function<void()>& command) {
 /// A saved document has its save commands disabled; the keyboard focus moves to the likely next command,
 /// never to one that writes.
 void frmInvCounting::Save(const std::function<void()>& command) {
+  if (!storeOfFigures_.MayBeStored()) return;
   drafts_.WriteIfPossible();
   RunAndTick([&] {
     command();

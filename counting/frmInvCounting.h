@@ -7,6 +7,7 @@
 
 #include "counting/DocumentCommands.h"
 #include "counting/StoreChange.h"
+#include "counting/StoreOfFigures.h"
 #include "counting/controls/InvCountingControls.h"
 #include "draft/DraftKeeper.h"
 #include "draft/LeftDraft.h"
@@ -111,6 +112,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   AddGoods addGoods_;
   StoredCountingGuard guard_;
   StoreChange storeChange_;
+  StoreOfFigures storeOfFigures_;
   DocumentCommands commands_;
   TemporarySave temporarySave_;
   FinalRegistration finalRegistration_;

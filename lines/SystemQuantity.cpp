@@ -18,7 +18,7 @@ SystemQuantity::SystemQuantity(InvCountingControls& controls, SharedState& share
       lines_(lines),
       editing_(editing) {}
 
-void SystemQuantity::CalculateAllLines() {
+bool SystemQuantity::CalculateAllLines() {
   controls_.pgbStatus.SetVisible(true);
   controls_.pgbStatus.SetMax(flexDetail_.Rows() - 1);
   controls_.pgbStatus.SetValue(0);
@@ -38,9 +38,10 @@ void SystemQuantity::CalculateAllLines() {
     }
     if (finished) fillLines();
     controls_.pgbStatus.SetVisible(false);
-    if (!finished) return;
+    if (!finished) return false;
   }
   lines_.UpdateTotalQty();
+  return true;
 }
 
 bool SystemQuantity::ReadFigures(std::vector<BookFigures>& figures) {

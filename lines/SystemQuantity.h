@@ -21,8 +21,8 @@ class SystemQuantity {
 
   /// The command cmdCalc: reads unit, rate and book stock of every line again, derives shortage, surplus and
   /// amounts, and sums. When the database fails, the lines done by then keep their results and pgbStatus
-  /// stays visible. When the user cancels, no line changes.
-  void CalculateAllLines();
+  /// stays visible. Returns false when the user cancels, and no line changes.
+  bool CalculateAllLines();
 
   /// Book stock of a good in a store; -1 (no store chosen) has none. Blanks around `barcode` do not count.
   [[nodiscard]] double GetQTy(std::int32_t invID, std::string_view barcode);

@@ -109,5 +109,82 @@ TEST_F(StoreChangeTest, A_form_without_a_signed_in_user_does_not_test_the_user) 
   EXPECT_EQ(Form().gmpInventory.SelectedID(), 3);
 }
 
+constexpr const char* kFiguresOfOtherStore =
+    "انبار تغيير كرده است، ولي موجودي و مغايرت سطرها هنوز از انبار قبلي است. براي انبار جديد «محاسبه» را "
+    "بزنيد.\n"
+    "آيا با همين ارقام ذخيره شود؟";
+
+/// Counting 10 with its two lines, put under store 3; its lines still hold the book stock of store 2.
+class FiguresOfAnotherStore : public CountingWorld {
+ protected:
+  FiguresOfAnotherStore() {
+    database.Execute("insert into tblInventoryUser (UserID,InventoryID) values (7,3)");
+    ViewAndEdit(10);
+    messages.WillAnswer(Answer::Yes);
+    Form().gmpInventory.UserSelect(3);
+    Form().Timer1.Fire();
+    (void)NewMessages();
+  }
+  [[nodiscard]] std::string StoredStore() {
+    return database.Scalar("select InventoryID from tblInventoryCounting where ID=10");
+  }
+};
+
+TEST_F(FiguresOfAnotherStore, Are_neither_saved_nor_registered_when_the_user_says_no) {
+  for (Button* const command : {&Form().cmdTmpSave, &Form().cmdIsFinalized}) {
+    messages.WillAnswer(Answer::No);
+    Click(*command);
+    EXPECT_EQ(NewMessages(), Texts{kFiguresOfOtherStore}) << command->Name();
+    EXPECT_EQ(Mode(), DocumentMode::Editing);
+    EXPECT_EQ(StoredStore(), "2");
+  }
+}
+
+TEST_F(FiguresOfAnotherStore, Are_saved_when_the_user_says_yes) {
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(NewMessages(), Texts{kFiguresOfOtherStore});
+  EXPECT_EQ(StoredStore(), "3");
+}
+
+TEST_F(FiguresOfAnotherStore, Are_no_longer_there_after_a_calculation) {
+  Click(Form().cmdCalc);
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(NewMessages(), Texts{});
+  EXPECT_EQ(StoredStore(), "3");
+}
+
+TEST_F(FiguresOfAnotherStore, Are_no_longer_there_when_the_first_store_is_chosen_again) {
+  messages.WillAnswer(Answer::Yes);
+  Form().gmpInventory.UserSelect(2);
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(NewMessages(), Texts{kRebuild});
+  EXPECT_EQ(StoredStore(), "2");
+}
+
+TEST_F(FiguresOfAnotherStore, Are_no_longer_there_without_lines) {
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdDeleteAll);
+  (void)NewMessages();
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(NewMessages(), Texts{});
+}
+
+TEST_F(StoreChangeTest, A_new_counting_whose_store_is_chosen_before_its_goods_is_saved_without_a_question) {
+  database.Execute("insert into tblInventoryUser (UserID,InventoryID) values (7,3)");
+  control.ClearShow();
+  Click(Form().cmdNew);
+  Form().gmpInventory.UserSelect(3);
+  screen.OnModal = [](koru::Form& form) {
+    auto& search = dynamic_cast<frmGoodSearch&>(form);
+    search.gmpInventory.UserSelect(Selector::kNothing);
+    search.cmdSearch.UserClick();
+  };
+  Click(Form().cmdGoods);
+  ASSERT_EQ(Form().flexDetail.Rows(), 4);
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(NewMessages(), Texts{});
+}
+
 }  // namespace
 }  // namespace koru::test
