@@ -35,6 +35,8 @@ class SlowDatabase : public ForwardingDatabase {
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
     return Inner().Open(statement);
   }
+  /// As on a file: the work then advances statement by statement, whatever database the tests run on.
+  [[nodiscard]] std::size_t StatementsPerTrip() const override { return 1; }
   void OpenAll(const std::vector<SqlText>& statements,
                const std::function<void(std::size_t, const Recordset&)>& take) override {
     Database::OpenAll(statements, take);
