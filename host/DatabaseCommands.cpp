@@ -12,7 +12,6 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/sqlite/FilePath.h"
 #include "adapters/system/TemporaryFolder.h"
 #include "database/sqlserver/CheckDatabase.h"
 #include "database/sqlserver/CopyRows.h"
@@ -20,6 +19,7 @@
 #include "host/ProgramConnector.h"
 #include "platform/sql/ConnectionText.h"
 #include "platform/text/Errors.h"
+#include "platform/text/FilePath.h"
 #include "platform/text/Text.h"
 
 namespace koru {

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "adapters/sqlite/CreateDatabaseFile.h"
-#include "adapters/sqlite/FilePath.h"
 #include "database/Sample.h"
 #include "database/Schema.h"
+#include "platform/text/FilePath.h"
 #include "platform/text/Text.h"
 #include "scenario/StepKind.h"
 

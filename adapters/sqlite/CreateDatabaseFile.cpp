@@ -5,9 +5,9 @@
 #include <system_error>
 
 #include "adapters/sqlite/FileFormat.h"
-#include "adapters/sqlite/FilePath.h"
 #include "platform/sql/DatabaseError.h"
 #include "platform/text/Errors.h"
+#include "platform/text/FilePath.h"
 #include "platform/text/Text.h"
 
 namespace koru {

@@ -6,11 +6,11 @@
 #include <system_error>
 
 #include "adapters/sqlite/FileFormat.h"
-#include "adapters/sqlite/FilePath.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/SqliteDatabase.h"
 #include "platform/sql/ConnectionText.h"
 #include "platform/sql/DatabaseError.h"
+#include "platform/text/FilePath.h"
 #include "platform/text/Text.h"
 
 namespace koru {

@@ -9,11 +9,11 @@
 #include "adapters/sqlite/AddedIndexes.h"
 #include "adapters/sqlite/BindLiteral.h"
 #include "adapters/sqlite/Dialect.h"
-#include "adapters/sqlite/FilePath.h"
 #include "adapters/sqlite/PermissionStatement.h"
 #include "adapters/sqlite/ReadToEnd.h"
 #include "platform/sql/DatabaseError.h"
 #include "platform/sql/WriteBatchLevel.h"
+#include "platform/text/FilePath.h"
 #include "platform/text/Text.h"
 
 namespace koru {

@@ -8,11 +8,11 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "adapters/sqlite/FilePath.h"
 #include "adapters/system/DataFolder.h"
 #include "desktop/suite/Windows.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/controls/Timer.h"
+#include "platform/text/FilePath.h"
 #include "scenario/StepKind.h"
 #include "scenario/desktop/DialogDriver.h"
 #include "scenario/desktop/InputEvents.h"

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/text/FilePath.h"
 #include "platform/text/Text.h"
 #include "reports/BuiltInReports.h"
 #include "siblings/report/ReportTemplate.h"
@@ -43,9 +44,9 @@ Path MissingFolder(const Path& path) {
 }
 
 [[noreturn]] void RefuseMissing(const std::string& name) {
-  const Path folder = Path(name).is_absolute() ? MissingFolder(name) : Path();
+  const Path folder = PathOf(name).is_absolute() ? MissingFolder(PathOf(name)) : Path();
   if (folder.empty()) RefuseReport(name, 0, "چنين پرونده اي نيست");
-  RefuseReport(name, 0, "پوشة " + LeftToRight(folder.string()) + " نيست");
+  RefuseReport(name, 0, "پوشة " + LeftToRight(TextOf(folder)) + " نيست");
 }
 
 /// `path` relative to `folder`; empty if it is not below it.
@@ -57,13 +58,13 @@ Path Below(const Path& folder, const Path& path) {
 }  // namespace
 
 std::string ReadReportFile(const std::string& name, const Path& dataFolder) {
-  const Path path(name);
+  const Path path = PathOf(name);
   std::error_code unknown;
   if (std::filesystem::exists(path, unknown)) return ReadWhole(path, name);
   const Path own = path.is_absolute() ? Below(dataFolder, path) : path;
   if (own.empty()) RefuseMissing(name);
   if (std::filesystem::exists(dataFolder / own, unknown)) return ReadWhole(dataFolder / own, name);
-  const std::string_view builtIn = FindBuiltInReport(own.generic_string());
+  const std::string_view builtIn = FindBuiltInReport(TextOf(own.generic_u8string()));
   if (builtIn.empty()) RefuseMissing(name);
   return std::string(builtIn);
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/text/Errors.h"
+#include "platform/text/FilePath.h"
 #include "platform/text/Text.h"
 #include "reports/BuiltInReports.h"
 #include "tests/support/TemporaryFolder.h"
@@ -17,7 +18,7 @@ namespace {
 class ReportFilePlace : public ::testing::Test {
  protected:
   void Write(const std::string& name, const std::string& text) {
-    const std::filesystem::path path = folder.File(name);
+    const std::filesystem::path path = PathOf(folder.File(name));
     std::filesystem::create_directories(path.parent_path());
     std::ofstream(path) << text;
   }
@@ -73,6 +74,14 @@ TEST_F(ReportFilePlace, Of_the_program_has_no_built_in_report_of_another_name) {
             "قالب گزارش " + LeftToRight("reports/mine.rpt.txt") + ": چنين پرونده اي نيست.");
   EXPECT_EQ(Refusal("elsewhere/reports/counting.rpt.txt"),
             "قالب گزارش " + LeftToRight("elsewhere/reports/counting.rpt.txt") + ": چنين پرونده اي نيست.");
+}
+
+TEST_F(ReportFilePlace, May_have_a_persian_name_as_the_report_may) {
+  Write("گزارش هاي من/شمارش پاييز.rpt.txt", "page A5");
+  EXPECT_EQ(Read(folder.File("گزارش هاي من/شمارش پاييز.rpt.txt")), "page A5");
+  const std::string missing = folder.File("گزارش هاي پيشين/شمارش.rpt.txt");
+  EXPECT_EQ(Refusal(missing), "قالب گزارش " + LeftToRight(missing) + ": پوشة " +
+                                  LeftToRight(folder.File("گزارش هاي پيشين")) + " نيست.");
 }
 
 TEST_F(ReportFilePlace, May_be_any_in_which_the_report_exists) {
