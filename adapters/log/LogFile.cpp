@@ -4,18 +4,19 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
 #include <utility>
 
+#include "adapters/system/LocalTime.h"
+#include "platform/text/Date.h"
+#include "platform/text/FilePath.h"
+
 namespace koru {
 namespace {
 
 constexpr std::string_view kDatabaseFile = "SQLite format 3";
-
-std::filesystem::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
 
 bool IsDatabase(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -34,21 +35,23 @@ std::string Refusal(const std::filesystem::path& path) {
   return IsDatabase(path) ? "a database" : "";
 }
 
-/// Local time with its offset, `2025-12-21 09:03:20.123+0330`. To be called by one thread at a time.
+/// Local time with its offset, `2025-12-21 09:03:20.123+0330`.
 std::string TimeText(LogFile::Clock::time_point time) {
-  const std::time_t seconds = LogFile::Clock::to_time_t(time);
-  const auto milliseconds =
-      std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count() % 1000;
-  const std::tm* local = std::localtime(&seconds);
-  if (local == nullptr) return "-";
-  std::array<char, 32> day{};
-  std::array<char, 8> offset{};
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
+  const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(time - seconds);
+  const std::chrono::local_seconds local = LocalTime(seconds);
+  const auto date = std::chrono::floor<std::chrono::days>(local);
+  const std::chrono::hh_mm_ss<std::chrono::seconds> clock(local - date);
+  const auto offset =
+      std::chrono::floor<std::chrono::minutes>(local.time_since_epoch() - seconds.time_since_epoch());
+  const std::chrono::hh_mm_ss<std::chrono::minutes> shift(offset);
   std::array<char, 48> text{};
-  std::strftime(day.data(), day.size(), "%Y-%m-%d %H:%M:%S", local);
-  std::strftime(offset.data(), offset.size(), "%z", local);
-  std::snprintf(text.data(), text.size(), "%s.%03d%s", day.data(), static_cast<int>(milliseconds),
-                offset.data());
-  return text.data();
+  std::snprintf(text.data(), text.size(), " %02d:%02d:%02d.%03d%c%02d%02d",
+                static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                static_cast<int>(clock.seconds().count()), static_cast<int>(milliseconds.count()),
+                shift.is_negative() ? '-' : '+', static_cast<int>(shift.hours().count()),
+                static_cast<int>(shift.minutes().count()));
+  return IsoText(Date(date)) + text.data();
 }
 
 std::string DurationText(std::chrono::nanoseconds duration) {

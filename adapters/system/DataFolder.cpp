@@ -2,16 +2,9 @@
 
 #include <system_error>
 
+#include "adapters/system/RunningProgram.h"
+
 namespace koru {
-namespace {
-
-/// The file of the running program; empty where the system does not say.
-std::filesystem::path RunningProgram() {
-  std::error_code unknown;
-  return std::filesystem::read_symlink("/proc/self/exe", unknown);
-}
-
-}  // namespace
 
 std::filesystem::path DataFolderOf(const std::filesystem::path& program) {
   const std::filesystem::path data = std::filesystem::path("share") / "koru-counting";

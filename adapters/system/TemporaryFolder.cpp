@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "platform/text/Errors.h"
+#include "platform/text/FilePath.h"
 #include "platform/text/Text.h"
 
 namespace koru {
@@ -20,7 +21,7 @@ TemporaryFolder::TemporaryFolder() {
     std::filesystem::permissions(path_, std::filesystem::perms::owner_all, error);
     return;
   }
-  throw InputError("پوشه موقت در " + LeftToRight(parent.string()) + " ساخته نشد.");
+  throw InputError("پوشه موقت در " + LeftToRight(TextOf(parent)) + " ساخته نشد.");
 }
 
 TemporaryFolder::~TemporaryFolder() {

@@ -25,4 +25,12 @@ std::string Drafts::Shown() {
   return shown;
 }
 
+std::vector<std::filesystem::path> Drafts::DraftPaths() const {
+  std::vector<std::filesystem::path> paths;
+  std::error_code none;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_.Path() / "drafts", none))
+    if (entry.path().extension() != ".lock") paths.push_back(entry.path());
+  return paths;
+}
+
 }  // namespace koru::test

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <filesystem>
-#include <iterator>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "adapters/system/DraftFiles.h"
 #include "lines/LineColumns.h"
@@ -60,14 +60,10 @@ class Drafts : public CountingWorld {
   void Type(const std::string& figure) {
     ASSERT_TRUE(Counting().flexDetail.UserEdit(1, LineColumn::AcceptedCounting, figure));
   }
-  std::size_t Files() const {
-    if (!std::filesystem::exists(folder_.Path() / "drafts")) return 0;
-    return static_cast<std::size_t>(
-        std::distance(std::filesystem::directory_iterator(folder_.Path() / "drafts"), {}));
-  }
-  std::filesystem::path OnlyFile() const {
-    return std::filesystem::directory_iterator(folder_.Path() / "drafts")->path();
-  }
+  /// The files of texts: drafts, and those that were set aside.
+  std::vector<std::filesystem::path> DraftPaths() const;
+  std::size_t Files() const { return DraftPaths().size(); }
+  std::filesystem::path OnlyFile() const { return DraftPaths().at(0); }
 
   TemporaryFolder folder_;
   DraftFiles store_{folder_.Path() / "drafts"};

@@ -1,14 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
-#include <array>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <random>
 
+#include "adapters/system/LocalTime.h"
 #include "lines/LineColumns.h"
 #include "platform/sql/ConnectionText.h"
 #include "tests/counting/DraftsTest.h"
@@ -84,17 +80,14 @@ TEST_F(Drafts, Say_what_they_are_and_when_they_were_written) {
   Type("7");
   Pause();
   Crash();
-  const std::time_t then = 1'764'570'600;  // 2025-12-01 06:30 UTC
-  const timespec times[2] = {{then, 0}, {then, 0}};
-  utimensat(AT_FDCWD, OnlyFile().c_str(), times, 0);
-  std::tm local{};
-  localtime_r(&then, &local);
-  std::array<char, 16> clockTime{};
-  std::strftime(clockTime.data(), clockTime.size(), "%H:%M", &local);
-  const std::string date =
-      SolarText(std::chrono::year{local.tm_year + 1900} / (local.tm_mon + 1) / local.tm_mday);
-  EXPECT_EQ(program_->FindDraft(), "اصلاح شمارش 10 با 2 رديف ذخيره نشده است. آخرين پيش\u200cنويس: " + date +
-                                       " ساعت " + clockTime.data());
+  // The time on the machine's clock is 10:07, in every time zone.
+  const auto wanted = std::chrono::local_days(std::chrono::year{2025} / 12 / 1) + std::chrono::hours(10) +
+                      std::chrono::minutes(7);
+  const std::chrono::sys_seconds assumed(wanted.time_since_epoch());
+  const auto offset = LocalTime(assumed).time_since_epoch() - assumed.time_since_epoch();
+  std::filesystem::last_write_time(OnlyFile(), std::chrono::file_clock::from_sys(assumed - offset));
+  EXPECT_EQ(program_->FindDraft(),
+            "اصلاح شمارش 10 با 2 رديف ذخيره نشده است. آخرين پيش\u200cنويس: 1404/09/10 ساعت 10:07");
 }
 
 TEST_F(Drafts, Are_written_after_a_pause_and_every_few_seconds_without_one) {

@@ -135,7 +135,9 @@ class HostWindowDrafts : public HostWindowTest {
   static QWidget& OfferOf(Program& program) { return Find<QWidget>(program.window, "draftOffer"); }
   [[nodiscard]] std::vector<std::filesystem::path> Files() const {
     const std::filesystem::directory_iterator files(settings_.parent_path() / "drafts");
-    return {begin(files), end(files)};
+    std::vector<std::filesystem::path> drafts(begin(files), end(files));
+    std::erase_if(drafts, [](const auto& file) { return file.extension() == ".lock"; });
+    return drafts;
   }
 };
 

@@ -1,8 +1,8 @@
 #include "adapters/log/LogFile.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/text/FilePath.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestFile.h"
 
@@ -66,6 +67,21 @@ TEST_F(LogFileTest, Is_continued_by_the_next_program) {
   EXPECT_TRUE(lines[1].ends_with("\t2\tprogram\tbegins\ttyped texts are written")) << lines[1];
 }
 
+TEST_F(LogFileTest, May_have_a_persian_name) {
+  { const LogFile log({folder_.File("گزارش كار.log"), false, "1"}); }
+  std::ifstream stream(PathOf(folder_.File("گزارش كار.log")), std::ios::binary);
+  std::string line;
+  EXPECT_TRUE(std::getline(stream, line));
+}
+
+TEST_F(LogFileTest, Has_the_time_zones_offset) {
+  const char* const zone = std::getenv("TZ");
+  if (zone == nullptr || std::string(zone) != "Asia/Tehran") GTEST_SKIP() << "TZ is not Asia/Tehran";
+  LogFile log({Path(), false, "1"});
+  log.Append(LogFile::Clock::from_time_t(1'764'570'600), {}, "1", "done", "");  // 06:30 UTC
+  EXPECT_TRUE(LinesOf(Path()).at(1).starts_with("2025-12-01 10:00:00.000+0330\t")) << LinesOf(Path()).at(1);
+}
+
 TEST_F(LogFileTest, Lines_of_several_programs_and_threads_do_not_mix) {
   constexpr int kLines = 200;
   LogFile one({Path(), false, "1"});
@@ -94,21 +110,6 @@ TEST_F(LogFileTest, That_cannot_be_opened_is_reported_once) {
     log.Append(LogFile::Clock::now(), {}, "1", "done", "Select 1");
   });
   EXPECT_EQ(errors, "koru: the log " + nowhere + " is not written: No such file or directory\n");
-}
-
-TEST_F(LogFileTest, On_a_full_disk_is_reported_once_and_ends) {
-  const std::string errors = ErrorsOf([&] {
-    LogFile log({"/dev/full", false, "1"});
-    EXPECT_FALSE(log.IsOn());
-    log.Append(LogFile::Clock::now(), {}, "1", "done", "Select 1");
-  });
-  EXPECT_EQ(errors, "koru: the log /dev/full is not written: No space left on device\n");
-}
-
-TEST_F(LogFileTest, Is_no_pipe_on_which_the_program_would_wait) {
-  ASSERT_EQ(mkfifo(Path().c_str(), 0600), 0);
-  const std::string errors = ErrorsOf([&] { EXPECT_FALSE(LogFile({Path(), false, "1"}).IsOn()); });
-  EXPECT_EQ(errors, "koru: the log " + Path() + " is not written: not a file\n");
 }
 
 TEST_F(LogFileTest, Is_no_database) {

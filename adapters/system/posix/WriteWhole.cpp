@@ -1,0 +1,45 @@
+#include "adapters/system/WriteWhole.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+#include "adapters/system/posix/OpenFile.h"
+
+namespace koru {
+namespace {
+
+bool WriteAll(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = write(descriptor, text.data(), text.size());
+    if (written < 0 && errno != EINTR) return false;
+    if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+bool WriteNew(const std::filesystem::path& file, std::string_view text) {
+  const OpenFile open(file, O_WRONLY | O_CREAT | O_TRUNC);
+  return open.IsOpen() && WriteAll(open.Descriptor(), text) && fsync(open.Descriptor()) == 0;
+}
+
+}  // namespace
+
+std::error_code WriteWhole(const std::filesystem::path& file, const std::filesystem::path& written,
+                           std::string_view text) {
+  if (WriteNew(written, text) && std::rename(written.c_str(), file.c_str()) == 0) {
+    SyncFolder(file.parent_path());
+    return {};
+  }
+  const std::error_code error(errno, std::system_category());
+  unlink(written.c_str());
+  return error;
+}
+
+void SyncFolder(const std::filesystem::path& folder) {
+  const OpenFile open(folder, O_RDONLY | O_DIRECTORY);
+  if (open.IsOpen()) fsync(open.Descriptor());
+}
+
+}  // namespace koru
