@@ -1,66 +1,16 @@
 #include "adapters/sqlite/SqliteConnector.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "adapters/sqlite/FileFormat.h"
 #include "adapters/sqlite/SqliteConnection.h"
-#include "platform/sql/DatabaseError.h"
-#include "tests/support/TestFile.h"
+#include "tests/adapters/sqlite/OpeningAFile.h"
 
-namespace koru {
+namespace koru::test {
 namespace {
-
-/// Somebody whom the permissions of files bind, also where the tests run as the superuser.
-class AsOrdinaryPerson {
- public:
-  AsOrdinaryPerson() {
-    if (isSuperuser_) Become(65534);
-  }
-  AsOrdinaryPerson(const AsOrdinaryPerson&) = delete;
-  AsOrdinaryPerson& operator=(const AsOrdinaryPerson&) = delete;
-  ~AsOrdinaryPerson() {
-    if (isSuperuser_) Become(0);
-  }
-
- private:
-  static void Become(uid_t user) { EXPECT_EQ(seteuid(user), 0); }
-  bool isSuperuser_ = geteuid() == 0;
-};
-
-class OpeningAFile : public testing::Test {
- protected:
-  /// The sentence with which the file is refused; empty when it opens.
-  static std::string Refusal(const std::string& connectionText) {
-    try {
-      (void)SqliteConnector(std::chrono::milliseconds(0)).Connect(connectionText);
-    } catch (const DatabaseError& error) {
-      return error.ServerText();
-    }
-    return {};
-  }
-  static std::string TextFor(const std::string& file) { return "Provider=SQLite;Data Source=" + file; }
-  static std::string Content(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
-  static void Write(const std::string& file, const std::string& content) {
-    std::ofstream(file, std::ios::binary) << content;
-  }
-  static void ExpectSays(const std::string& sentence, const std::string& what, const std::string& file) {
-    EXPECT_NE(sentence.find(what), std::string::npos) << sentence;
-    EXPECT_NE(sentence.find(file), std::string::npos) << sentence;
-  }
-
-  test::TestFile database_;
-  const test::TemporaryFolder& folder_ = database_.Folder();
-};
 
 TEST_F(OpeningAFile, One_of_ours_opens_and_answers) {
   database_.Execute("insert into tblUser (ID, FullName) values (7, 'x')");
@@ -130,28 +80,5 @@ TEST_F(OpeningAFile, A_file_that_another_program_keeps_to_itself_is_reported_as_
   ExpectSays(Refusal(TextFor(file)), "قفل", file);
 }
 
-TEST_F(OpeningAFile, A_file_without_permission_is_named) {
-  const std::string file = folder_.File("theirs.koru");
-  std::filesystem::copy_file(database_.File(), file);
-  ASSERT_EQ(chmod(folder_.Path().c_str(), 0755), 0);
-  ASSERT_EQ(chmod(file.c_str(), 0), 0);
-  const AsOrdinaryPerson ordinary;
-  ExpectSays(Refusal(TextFor(file)), "اجازة", file);
-}
-
-TEST_F(OpeningAFile, A_file_that_may_only_be_read_is_refused_and_unchanged) {
-  const std::string file = folder_.File("archive.koru");
-  std::filesystem::copy_file(database_.File(), file);
-  const std::string before = Content(file);
-  ASSERT_EQ(chmod(folder_.Path().c_str(), 0555), 0);
-  ASSERT_EQ(chmod(file.c_str(), 0444), 0);
-  {
-    const AsOrdinaryPerson ordinary;
-    ExpectSays(Refusal(TextFor(file)), "اجازة", file);
-  }
-  ASSERT_EQ(chmod(folder_.Path().c_str(), 0755), 0);
-  EXPECT_EQ(Content(file), before);
-}
-
 }  // namespace
-}  // namespace koru
+}  // namespace koru::test
