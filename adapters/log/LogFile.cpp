@@ -1,14 +1,14 @@
 #include "adapters/log/LogFile.h"
 
 #include <array>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <system_error>
 #include <utility>
 
+#include "adapters/system/ErrorText.h"
 #include "adapters/system/LocalTime.h"
 #include "platform/text/Date.h"
 #include "platform/text/FilePath.h"
@@ -86,16 +86,12 @@ LogFile::LogFile(LogSettings settings) : settings_(std::move(settings)) {
 void LogFile::Open() {
   const std::filesystem::path path = PathOf(settings_.path);
   if (const std::string refusal = Refusal(path); !refusal.empty()) return GiveUp(refusal);
-  file_.rdbuf()->pubsetbuf(nullptr,
-                           0);  // a line is one write at the end of the file, whoever else writes there
-  errno = 0;
-  file_.open(path, std::ios::binary | std::ios::app);
-  if (!file_) GiveUp(std::strerror(errno));
+  if (const std::error_code error = file_.Open(path)) GiveUp(ErrorText(error));
 }
 
 bool LogFile::IsOn() const {
   const std::lock_guard lock(mutex_);
-  return file_.is_open();
+  return file_.IsOpen();
 }
 
 int LogFile::NextConnection() {
@@ -106,7 +102,7 @@ int LogFile::NextConnection() {
 void LogFile::Append(Clock::time_point begun, std::chrono::nanoseconds duration, std::string_view connection,
                      std::string_view outcome, std::string_view text) noexcept {
   const std::lock_guard lock(mutex_);
-  if (!file_.is_open()) return;
+  if (!file_.IsOpen()) return;
   try {
     std::string line = TimeText(begun) + '\t' + DurationText(duration) + '\t' + settings_.program + '\t';
     AppendEscaped(line, connection);
@@ -121,13 +117,12 @@ void LogFile::Append(Clock::time_point begun, std::chrono::nanoseconds duration,
 }
 
 void LogFile::Write(const std::string& line) {
-  errno = 0;
-  if (!file_.write(line.data(), static_cast<std::streamsize>(line.size()))) GiveUp(std::strerror(errno));
+  if (const std::error_code error = file_.Append(line)) GiveUp(ErrorText(error));
 }
 
 void LogFile::GiveUp(const std::string& why) noexcept {
   try {
-    file_.close();
+    file_.Close();
     std::cerr << "koru: the log " << settings_.path << " is not written: " << why << std::endl;
   } catch (...) {  // nobody is left to report to
   }

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <chrono>
-#include <fstream>
 #include <mutex>
 #include <string>
 #include <string_view>
+
+#include "adapters/system/AppendedFile.h"
 
 namespace koru {
 
@@ -42,7 +43,7 @@ class LogFile {
 
   LogSettings settings_;
   mutable std::mutex mutex_;
-  std::ofstream file_;  ///< open while the log is on
+  AppendedFile file_;  ///< open while the log is on
   int connections_ = 0;
 };
 

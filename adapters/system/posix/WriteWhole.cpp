@@ -10,18 +10,9 @@
 namespace koru {
 namespace {
 
-bool WriteAll(int descriptor, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = write(descriptor, text.data(), text.size());
-    if (written < 0 && errno != EINTR) return false;
-    if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
 bool WriteNew(const std::filesystem::path& file, std::string_view text) {
   const OpenFile open(file, O_WRONLY | O_CREAT | O_TRUNC);
-  return open.IsOpen() && WriteAll(open.Descriptor(), text) && fsync(open.Descriptor()) == 0;
+  return open.IsOpen() && open.Write(text) && fsync(open.Descriptor()) == 0;
 }
 
 }  // namespace

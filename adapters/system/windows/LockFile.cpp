@@ -19,7 +19,8 @@ LockFile& LockFile::operator=(LockFile&& other) noexcept = default;
 LockFile::~LockFile() = default;
 
 LockFile::LockFile(const std::filesystem::path& file, std::error_code& error) {
-  OpenFile open(file, GENERIC_WRITE | DELETE, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE);
+  OpenFile open(file, GENERIC_WRITE | DELETE, OpenFile::kNobody, OPEN_ALWAYS,
+                FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE);
   if (open.IsOpen()) {
     held_ = std::make_unique<Held>(std::move(open));
   } else {

@@ -1,27 +1,14 @@
 #include "adapters/system/WriteWhole.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "adapters/system/windows/OpenFile.h"
 
 namespace koru {
 namespace {
 
-bool WriteAll(HANDLE file, std::string_view text) {
-  while (!text.empty()) {
-    const auto part = std::min<std::size_t>(text.size(), std::numeric_limits<DWORD>::max());
-    DWORD written = 0;
-    if (WriteFile(file, text.data(), static_cast<DWORD>(part), &written, nullptr) == 0) return false;
-    text.remove_prefix(written);
-  }
-  return true;
-}
-
 /// The folder of a user's own files gives them to nobody else.
 bool WriteNew(const std::filesystem::path& file, std::string_view text) {
-  const OpenFile open(file, GENERIC_WRITE, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL);
-  return open.IsOpen() && WriteAll(open.Handle(), text) && FlushFileBuffers(open.Handle()) != 0;
+  const OpenFile open(file, GENERIC_WRITE, OpenFile::kNobody, CREATE_ALWAYS);
+  return open.IsOpen() && open.Write(text) && FlushFileBuffers(open.Handle()) != 0;
 }
 
 }  // namespace

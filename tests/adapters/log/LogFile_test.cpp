@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -109,7 +110,8 @@ TEST_F(LogFileTest, That_cannot_be_opened_is_reported_once) {
     EXPECT_FALSE(log.IsOn());
     log.Append(LogFile::Clock::now(), {}, "1", "done", "Select 1");
   });
-  EXPECT_EQ(errors, "koru: the log " + nowhere + " is not written: No such file or directory\n");
+  EXPECT_TRUE(errors.starts_with("koru: the log " + nowhere + " is not written: ")) << errors;
+  EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
 }
 
 TEST_F(LogFileTest, Is_no_database) {
