@@ -1,5 +1,12 @@
 #pragma once
 
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>  // before the headers of ODBC, which use its types
+#endif
+
 #include <sql.h>
 #include <sqlext.h>
 

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 
 #include "adapters/system/LocalTime.h"
@@ -48,6 +49,11 @@ void DoAnything(frmInvCounting& form, FakeMessages& messages, std::mt19937& rand
       grid.UserEdit(row(), kTyped[any(5)], any(5) == 0 ? "" : std::to_string(any(100'000)) + ".25");
     }
   }
+}
+
+std::string ContentOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 TEST_F(Drafts, Bring_back_the_form_exactly_as_it_was) {
@@ -196,8 +202,7 @@ TEST_F(Drafts, That_are_damaged_anywhere_are_set_aside_and_reported) {
   Pause();
   program_.reset();
   const std::filesystem::path file = OnlyFile();
-  std::ifstream stream(file, std::ios::binary);
-  const std::string whole{std::istreambuf_iterator<char>(stream), {}};
+  const std::string whole = ContentOf(file);
   std::mt19937 random(1);
   for (int round = 0; round < 200 && !HasFailure(); ++round) {
     std::string text = whole;

@@ -31,7 +31,8 @@ class IdleDatabase : public CountingWorld {
   /// The accepted count of the first line of counting 10 in a copy of the file alone.
   std::string AcceptedInCopy() {
     const std::string copy = folder_.File("copy.koru");
-    std::filesystem::copy_file(file_, copy, std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::remove(copy);
+    std::filesystem::copy_file(file_, copy);
     Recordset line = SqliteConnector()
                          .Connect(EmbeddedConnectionText(copy))
                          ->Open(SqlText("select AcceptedCounting from tblInventoryCountingDetail where "

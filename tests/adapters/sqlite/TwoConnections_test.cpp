@@ -66,7 +66,8 @@ class OpenFile : public TwoConnections {
   /// The users in a copy of the main file alone, without its log.
   std::size_t UsersInCopy() {
     const std::string copy = folder_.File("copy.koru");
-    std::filesystem::copy_file(file_, copy, std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::remove(copy);
+    std::filesystem::copy_file(file_, copy);
     return Users(*connector_.Connect(EmbeddedConnectionText(copy)));
   }
 
