@@ -38,7 +38,7 @@ class LargeBook {
 
   void Write(DocumentKind kind, Date day, int lines) {
     const int store = Uneven(random_, kLargeStores) + 1;
-    Document document{kind, store, random_.Between(1, kUserCount), day, true, {}, {}};
+    Document document{.kind = kind, .store = store, .creator = random_.Between(1, kUserCount), .day = day};
     document.registered = !random_.OneIn(kShareOfUnregistered);
     for (int line = 0; line < lines; ++line) document.lines.push_back(WriteLine(document));
     book_.Write(document);
@@ -55,7 +55,11 @@ class LargeBook {
     std::optional<double> value;
     if (!random_.OneIn(20)) value = random_.OneIn(20) ? 0 : PriceOn(good, document);
     if (document.registered) Add(good, document, isReceipt ? quantity : -quantity, value.value_or(0));
-    return {good.barcode, quantity, good.unit, quantity, value};
+    return {.barcode = good.barcode,
+            .quantity = quantity,
+            .unit = good.unit,
+            .unitQuantity = quantity,
+            .value = value};
   }
 
   /// A good has one price per date, so that the latest rate does not depend on the order of the documents of
@@ -83,16 +87,18 @@ class LargeBook {
 Period LargePeriod() { return {Day(kLastYear, 1, 1), kSampleToday}; }
 
 void WriteLargeStores(SqliteConnection& connection) {
-  SqliteStatement store =
-      connection.Prepare("insert into tblInventory (ID, ParentID, Name, IsDefault) values (?, ?, ?, ?)");
+  RowWriter stores = RowWriter::Inserts(connection, "tblInventory");
   SqliteStatement allow =
       connection.Prepare("insert or ignore into tblInventoryUser (UserID, InventoryID) values (1, ?)");
   std::vector<std::pair<int, int>> nodes;
   for (int id = 1; id <= kLargeStores; ++id) {
     const int parent = ParentOf(id);
-    Insert(store, id, parent == 0 ? std::nullopt : std::optional(parent), "انبار شماره " + std::to_string(id),
-           id == kCentralStore ? 1 : 0);
-    Insert(allow, id);
+    stores.Write({{"ID", id},
+                  {"ParentID", parent == 0 ? std::nullopt : std::optional(parent)},
+                  {"Name", "انبار شماره " + std::to_string(id)},
+                  {"IsDefault", id == kCentralStore}});
+    allow.Bind(1, id);
+    allow.Run();
     nodes.emplace_back(id, parent);
   }
   WriteClosure(connection, "tblInventoryParent", nodes);

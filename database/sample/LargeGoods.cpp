@@ -51,17 +51,24 @@ std::vector<LargeGood> MakeLargeGoods(Random& random, int count) {
 }
 
 void WriteLargeGoods(SqliteConnection& connection, const std::vector<LargeGood>& goods) {
-  SqliteStatement good = connection.Prepare(
-      "insert into tblGood (Barcode, Code, Name, RetailPrice, TotalQty, SaleScaleID, PurchaseScaleID, TypeID,"
-      " GoodGroupID) values (?, ?, ?, ?, ?, ?, ?, ?, ?)");
-  SqliteStatement scale = connection.Prepare("insert into tblGoodSaleScale (Barcode, ScaleID) values (?, ?)");
+  RowWriter good = RowWriter::Inserts(connection, "tblGood");
+  RowWriter scale = RowWriter::Inserts(connection, "tblGoodSaleScale");
   std::size_t number = 0;
   for (const LargeGood& row : goods) {
-    Insert(good, row.barcode, row.code, row.name, row.price, row.total, row.unit, row.unit, kTradeGoods,
-           kGroups.at(number % kGroups.size()));
+    good.Write({{"Barcode", row.barcode},
+                {"Code", row.code},
+                {"Name", row.name},
+                {"RetailPrice", row.price},
+                {"TotalQty", row.total},
+                {"SaleScaleID", row.unit},
+                {"PurchaseScaleID", row.unit},
+                {"TypeID", kTradeGoods},
+                {"GoodGroupID", kGroups.at(number % kGroups.size())}});
     if (++number % kGoodsWithoutSaleUnit == 0) continue;
-    Insert(scale, row.barcode, row.unit);
-    if (row.unit == kPiece && number % 3 == 0) Insert(scale, row.barcode, kCartonOf12);
+    scale.Write({{"Barcode", row.barcode}, {"ScaleID", row.unit}});
+    if (row.unit == kPiece && number % 3 == 0) {
+      scale.Write({{"Barcode", row.barcode}, {"ScaleID", kCartonOf12}});
+    }
   }
 }
 

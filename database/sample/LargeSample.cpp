@@ -25,7 +25,7 @@ CountingLine LineFor(const LargeGood& good, Random& random) {
   if (!random.OneIn(4)) {
     const double found = random.OneIn(3) ? good.books + random.Between(-9, 9) : good.books;
     line.accepted = std::max(0.0, found);
-    line.counts = {line.accepted, line.accepted, std::nullopt};
+    line.counts = {.first = line.accepted, .second = line.accepted};
   }
   line.difference = Difference(line.accepted, line.books);
   return line;
@@ -58,7 +58,7 @@ void FillLargeSample(SqliteConnection& connection, const LargeCounts& counts,
   WritePeople(connection);
   WriteLargeStores(connection);
   WriteUnits(connection);
-  WriteBatchs(connection);
+  WriteGroups(connection);
   std::vector<LargeGood> goods = MakeLargeGoods(random, counts.goods);
   WriteLargeDocuments(connection, random, counts, goods, [&report](int done) { report(done * 3 / 5); });
   WriteLargeGoods(connection, goods);

@@ -31,7 +31,7 @@ void Fill(SqliteConnection& connection, const SampleProgress& progress) {
   WriteStores(connection);
   WritePeople(connection);
   WriteUnits(connection);
-  WriteBatchs(connection);
+  WriteGroups(connection);
   const std::vector<StoreGoods> stores = TradingStores(WriteGoods(connection, random));
   report(10);
 

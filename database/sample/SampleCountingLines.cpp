@@ -32,9 +32,11 @@ CountingLine LineMaker::Uncounted(const std::string& barcode) {
 CountingLine LineMaker::Accepted(const std::string& barcode, double accepted) {
   CountingLine line = Uncounted(barcode);
   line.accepted = accepted;
-  line.counts = {accepted, accepted, std::nullopt};
+  line.counts = {.first = accepted, .second = accepted};
   // Where the first two counters differ a third one decides.
-  if (random_.OneIn(6)) line.counts = {accepted + 1, accepted, accepted};
+  if (random_.OneIn(6)) {
+    line.counts = {.first = accepted + 1, .second = accepted, .third = accepted};
+  }
   line.difference = Difference(line.accepted, line.books);
   return line;
 }
@@ -67,7 +69,7 @@ std::vector<CountingLine> LineMaker::UnderWay(const std::vector<Good>& goods, st
   std::vector<CountingLine> lines;
   for (const Good& good : goods) {
     CountingLine line = Uncounted(good.barcode);
-    if (lines.size() < counted) line.counts[0] = std::max(0.0, FindingFor(line.books, Finding::Both));
+    if (lines.size() < counted) line.counts.first = std::max(0.0, FindingFor(line.books, Finding::Both));
     lines.push_back(line);
   }
   return lines;

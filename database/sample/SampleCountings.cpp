@@ -20,37 +20,48 @@ std::optional<double> Difference(const std::optional<double>& accepted, double b
 CountingBook::CountingBook(SqliteConnection& connection, DocumentBook& documents)
     : connection_(connection),
       documents_(documents),
-      header_(connection.Prepare(
-          "insert into tblInventoryCounting (ID, ManualCode, InventoryID, CreatorID, CreateDate, "
-          "FarsiCreateDate,"
-          " FromDate, FarsiFromDate, ToDate, FarsiToDate, CounterEmployeeID1, CounterEmployeeID2,"
-          " CounterEmployeeID3, CounterConfirmerID, Notes) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
-          "?)")),
-      line_(connection.Prepare(
-          "insert into tblInventoryCountingDetail (CountingID, RowNumber, Barcode, ScaleID, FirstCounting,"
-          " SecondCounting, ThirdCounting, AcceptedCounting, SystemCounting, ContradictionCounting, "
-          "BaseValue)"
-          " values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")),
-      code_(connection.Prepare("update tblInventoryCounting set Code = ? where ID = ?")),
-      links_(
-          connection.Prepare("update tblInventoryCounting set ReceiptID = ?, DispatchID = ? where ID = ?")) {}
+      header_(RowWriter::Inserts(connection, "tblInventoryCounting")),
+      line_(RowWriter::Inserts(connection, "tblInventoryCountingDetail")),
+      code_(RowWriter::Updates(connection, "tblInventoryCounting")),
+      links_(RowWriter::Updates(connection, "tblInventoryCounting")) {}
 
 void CountingBook::Write(const Counting& counting) {
   const auto from = counting.period ? std::optional(counting.period->from) : std::nullopt;
   const auto to = counting.period ? std::optional(counting.period->to) : std::nullopt;
-  Insert(header_, counting.id, counting.manualCode, counting.store, counting.creator, counting.day,
-         SolarText(counting.day), from, Solar(from), to, Solar(to), counting.counters[0],
-         counting.counters[1], counting.counters[2], counting.confirmer, counting.notes);
+  header_.Write({{"ID", counting.id},
+                 {"ManualCode", counting.manualCode},
+                 {"InventoryID", counting.store},
+                 {"CreatorID", counting.creator},
+                 {"CreateDate", counting.day},
+                 {"FarsiCreateDate", SolarText(counting.day)},
+                 {"FromDate", from},
+                 {"FarsiFromDate", Solar(from)},
+                 {"ToDate", to},
+                 {"FarsiToDate", Solar(to)},
+                 {"CounterEmployeeID1", counting.counters[0]},
+                 {"CounterEmployeeID2", counting.counters[1]},
+                 {"CounterEmployeeID3", counting.counters[2]},
+                 {"CounterConfirmerID", counting.confirmer},
+                 {"Notes", counting.notes}});
   int row = 0;
   for (const CountingLine& line : counting.lines) {
-    Insert(line_, counting.id, ++row, line.barcode, line.unit, line.counts[0], line.counts[1], line.counts[2],
-           line.accepted, line.books, line.difference, line.rate);
+    line_.Write({{"CountingID", counting.id},
+                 {"RowNumber", ++row},
+                 {"Barcode", line.barcode},
+                 {"ScaleID", line.unit},
+                 {"FirstCounting", line.counts.first},
+                 {"SecondCounting", line.counts.second},
+                 {"ThirdCounting", line.counts.third},
+                 {"AcceptedCounting", line.accepted},
+                 {"SystemCounting", line.books},
+                 {"ContradictionCounting", line.difference},
+                 {"BaseValue", line.rate}});
   }
 }
 
 Adjustments CountingBook::WriteFinal(const Counting& counting) {
   Write(counting);
-  Insert(code_, ++lastCode_, counting.id);
+  code_.Write({{"ID", counting.id}, {"Code", ++lastCode_}});
   Adjustments adjustments;
   adjustments.dispatch = WriteAdjustment(counting, DocumentKind::Dispatch);
   adjustments.receipt = WriteAdjustment(counting, DocumentKind::Receipt);
@@ -60,7 +71,11 @@ Adjustments CountingBook::WriteFinal(const Counting& counting) {
 
 std::optional<int> CountingBook::WriteAdjustment(const Counting& counting, DocumentKind kind) {
   const int sign = kind == DocumentKind::Receipt ? 1 : -1;
-  Document document{kind, counting.store, counting.creator, counting.day, false, {}, {}};
+  Document document{.kind = kind,
+                    .store = counting.store,
+                    .creator = counting.creator,
+                    .day = counting.day,
+                    .registered = false};
   document.notes = "سند ايجاد شده از روي شمارش به شماره رايانهاي " + std::to_string(counting.id);
   SqliteStatement lines = connection_.Prepare(
       "select Barcode, sum(ContradictionCounting), ScaleID from tblInventoryCountingDetail"
@@ -70,14 +85,17 @@ std::optional<int> CountingBook::WriteAdjustment(const Counting& counting, Docum
   while (lines.Step()) {
     const double quantity = lines.Real(1) * sign;
     const auto unit = lines.IsNull(2) ? std::nullopt : std::optional(static_cast<int>(lines.Integer(2)));
-    document.lines.push_back({std::string(lines.Text(0)), quantity, unit, quantity, std::nullopt});
+    document.lines.push_back({.barcode = std::string(lines.Text(0)),
+                              .quantity = quantity,
+                              .unit = unit,
+                              .unitQuantity = quantity});
   }
   if (document.lines.empty()) return std::nullopt;
   return documents_.Write(document);
 }
 
 void CountingBook::Link(int id, const Adjustments& adjustments) {
-  Insert(links_, adjustments.receipt, adjustments.dispatch, id);
+  links_.Write({{"ID", id}, {"ReceiptID", adjustments.receipt}, {"DispatchID", adjustments.dispatch}});
 }
 
 }  // namespace koru::sample

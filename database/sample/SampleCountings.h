@@ -8,14 +8,22 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "database/sample/SampleDocuments.h"
+#include "database/sample/SampleRows.h"
 #include "database/sample/SampleStock.h"
 
 namespace koru::sample {
 
+/// What the counters entered for a line, each before the next.
+struct CounterEntries {
+  std::optional<double> first = std::nullopt;
+  std::optional<double> second = std::nullopt;
+  std::optional<double> third = std::nullopt;
+};
+
 struct CountingLine {
   std::string barcode;
   std::optional<int> unit;
-  std::array<std::optional<double>, 3> counts;
+  CounterEntries counts;
   std::optional<double> accepted;
   double books = 0;                  ///< book stock
   std::optional<double> difference;  ///< see Difference
@@ -64,10 +72,10 @@ class CountingBook {
 
   SqliteConnection& connection_;
   DocumentBook& documents_;
-  SqliteStatement header_;
-  SqliteStatement line_;
-  SqliteStatement code_;
-  SqliteStatement links_;
+  RowWriter header_;
+  RowWriter line_;
+  RowWriter code_;
+  RowWriter links_;
   int lastCode_ = 0;
 };
 

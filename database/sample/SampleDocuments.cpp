@@ -9,22 +9,31 @@ DocumentBook::DocumentBook(SqliteConnection& connection)
 
 DocumentBook::Shelf DocumentBook::MakeShelf(SqliteConnection& connection, const std::string& kind) {
   const std::string table = "tblInventory" + kind;
-  return {connection.Prepare("insert into " + table +
-                             " (ID, InventoryID, CreatorID, ReceiveDate, FarsiReceiveDate, CreateDate,"
-                             " FarsiCreateDate, Notes) values (?1, ?2, ?3, ?4, ?5, ?4, ?5, ?6)"),
-          connection.Prepare("insert into " + table + "Detail (" + kind +
-                             "ID, Barcode, Qty, ScaleID, ScaleQty, Description, Value)"
-                             " values (?, ?, ?, ?, ?, '', ?)"),
-          connection.Prepare("update " + table + " set Code = ?1 where ID = ?2")};
+  return {.header = RowWriter::Inserts(connection, table),
+          .line = RowWriter::Inserts(connection, table + "Detail"),
+          .lineKey = kind + "ID",
+          .code = RowWriter::Updates(connection, table)};
 }
 
 int DocumentBook::Write(const Document& document) {
   Shelf& shelf = Of(document.kind);
   const int id = ++shelf.id;
-  Insert(shelf.header, id, document.store, document.creator, document.day, SolarText(document.day),
-         document.notes);
+  shelf.header.Write({{"ID", id},
+                      {"InventoryID", document.store},
+                      {"CreatorID", document.creator},
+                      {"ReceiveDate", document.day},
+                      {"FarsiReceiveDate", SolarText(document.day)},
+                      {"CreateDate", document.day},
+                      {"FarsiCreateDate", SolarText(document.day)},
+                      {"Notes", document.notes}});
   for (const DocumentLine& line : document.lines) {
-    Insert(shelf.line, id, line.barcode, line.quantity, line.unit, line.unitQuantity, line.value);
+    shelf.line.Write({{shelf.lineKey, id},
+                      {"Barcode", line.barcode},
+                      {"Qty", line.quantity},
+                      {"ScaleID", line.unit},
+                      {"ScaleQty", line.unitQuantity},
+                      {"Description", ""},
+                      {"Value", line.value}});
   }
   if (document.registered) Register(document.kind, id);
   return id;
@@ -32,7 +41,7 @@ int DocumentBook::Write(const Document& document) {
 
 void DocumentBook::Register(DocumentKind kind, int id) {
   Shelf& shelf = Of(kind);
-  Insert(shelf.code, ++shelf.lastCode, id);
+  shelf.code.Write({{"ID", id}, {"Code", ++shelf.lastCode}});
 }
 
 }  // namespace koru::sample

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
+#include "database/sample/SampleRows.h"
 #include "platform/text/Date.h"
 
 namespace koru::sample {
@@ -16,7 +17,7 @@ struct DocumentLine {
   double quantity = 0;  ///< in base units
   std::optional<int> unit;
   double unitQuantity = 0;  ///< the same quantity in `unit`
-  std::optional<double> value;
+  std::optional<double> value = std::nullopt;
 };
 
 struct Document {
@@ -25,8 +26,8 @@ struct Document {
   int creator = 0;
   Date day;
   bool registered = true;
-  std::optional<std::string> notes;
-  std::vector<DocumentLine> lines;
+  std::optional<std::string> notes = std::nullopt;
+  std::vector<DocumentLine> lines = {};
 };
 
 /// Writes receipts and dispatches and gives the registered ones of each kind their codes, 1 to n in the order
@@ -43,9 +44,10 @@ class DocumentBook {
  private:
   /// The statements and the last code of one kind.
   struct Shelf {
-    SqliteStatement header;
-    SqliteStatement line;
-    SqliteStatement code;
+    RowWriter header;
+    RowWriter line;
+    std::string lineKey;  ///< the column of a line that has the document's key
+    RowWriter code;
     int id = 0;
     int lastCode = 0;
   };

@@ -51,12 +51,8 @@ class GoodsWriter {
  public:
   GoodsWriter(SqliteConnection& connection, Random& random)
       : random_(random),
-        good_(connection.Prepare(
-            "insert into tblGood (Barcode, Code, Name, RetailPrice, CurrencyRetailPrice, CCurrencyTypeID,"
-            " StandardDiscountPercent, SaleScaleID, PurchaseScaleID, TypeID, GoodGroupID, TmpLocationID, "
-            "Notes)"
-            " values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")),
-        scale_(connection.Prepare("insert into tblGoodSaleScale (Barcode, ScaleID) values (?, ?)")) {}
+        good_(RowWriter::Inserts(connection, "tblGood")),
+        scale_(RowWriter::Inserts(connection, "tblGoodSaleScale")) {}
 
   void WriteFamilies(int store, std::span<const Family> families) {
     ++maker_;
@@ -70,9 +66,19 @@ class GoodsWriter {
   /// Something that is kept without a barcode and without prices, so that it can never be counted.
   void WriteGoodWithoutBarcode() {
     const std::optional<double> unknown;
-    Insert(good_, "", "02010999", "كارتن خالي بسته‌بندي", unknown, unknown,
-           std::optional<int>(), unknown, kPiece, kPiece, kOwnUse, 21, std::optional<int>(),
-           "براي بسته‌بندي مرسولات");
+    good_.Write({{"Barcode", ""},
+                 {"Code", "02010999"},
+                 {"Name", "كارتن خالي بسته‌بندي"},
+                 {"RetailPrice", unknown},
+                 {"CurrencyRetailPrice", unknown},
+                 {"CCurrencyTypeID", unknown},
+                 {"StandardDiscountPercent", unknown},
+                 {"SaleScaleID", kPiece},
+                 {"PurchaseScaleID", kPiece},
+                 {"TypeID", kOwnUse},
+                 {"GoodGroupID", 21},
+                 {"TmpLocationID", unknown},
+                 {"Notes", "براي بسته‌بندي مرسولات"}});
   }
 
   [[nodiscard]] std::vector<Good> TakeGoods() { return std::move(goods_); }
@@ -93,7 +99,7 @@ class GoodsWriter {
   }
 
   void WriteRow(const Good& good, const Family& family, const std::string& name, std::int64_t price) {
-    // In separate statements: the order in which a call evaluates its arguments depends on the compiler.
+    // One after the other: the numbers of the generator follow this order, not that of the columns.
     const auto code = CodeOf(family.group);
     const auto retail = random_.OneIn(25) ? std::nullopt : std::optional(static_cast<double>(price));
     const auto currency =
@@ -105,8 +111,19 @@ class GoodsWriter {
     const auto place = PlaceOf(good.store);
     const auto note = NoteOn(good);
     const int packing = good.packing == 0 ? good.unit : good.packing;
-    Insert(good_, good.barcode, code, name, retail, currencyPrice, currency, discount, good.unit, packing,
-           type, family.group, place, note);
+    good_.Write({{"Barcode", good.barcode},
+                 {"Code", code},
+                 {"Name", name},
+                 {"RetailPrice", retail},
+                 {"CurrencyRetailPrice", currencyPrice},
+                 {"CCurrencyTypeID", currency},
+                 {"StandardDiscountPercent", discount},
+                 {"SaleScaleID", good.unit},
+                 {"PurchaseScaleID", packing},
+                 {"TypeID", type},
+                 {"GoodGroupID", family.group},
+                 {"TmpLocationID", place},
+                 {"Notes", note}});
   }
 
   std::optional<std::string> CodeOf(int group) {
@@ -132,13 +149,13 @@ class GoodsWriter {
   void WriteScales(const Good& good) {
     if (random_.OneIn(60)) return;
     const bool packingOnly = good.packing != 0 && random_.OneIn(60);
-    if (!packingOnly) Insert(scale_, good.barcode, good.unit);
-    if (good.packing != 0) Insert(scale_, good.barcode, good.packing);
+    if (!packingOnly) scale_.Write({{"Barcode", good.barcode}, {"ScaleID", good.unit}});
+    if (good.packing != 0) scale_.Write({{"Barcode", good.barcode}, {"ScaleID", good.packing}});
   }
 
   Random& random_;
-  SqliteStatement good_;
-  SqliteStatement scale_;
+  RowWriter good_;
+  RowWriter scale_;
   std::vector<Good> goods_;
   std::map<int, int> numbers_;
   int maker_ = 0;

@@ -53,25 +53,24 @@ std::string GroupCode(int group) {
   return {};
 }
 
-void WriteBatchs(SqliteConnection& connection) {
-  SqliteStatement insert =
-      connection.Prepare("insert into tblGoodGroup (ID, ParentID, Code, Name) values (?, ?, ?, ?)");
+void WriteGroups(SqliteConnection& connection) {
+  RowWriter rows = RowWriter::Inserts(connection, "tblGoodGroup");
   std::vector<std::pair<int, int>> nodes;
   for (const Group& group : kGroups) {
     const std::optional<int> parent = group.parent == 0 ? std::nullopt : std::optional(group.parent);
-    Insert(insert, group.id, parent, group.code, group.name);
+    rows.Write({{"ID", group.id}, {"ParentID", parent}, {"Code", group.code}, {"Name", group.name}});
     nodes.emplace_back(group.id, group.parent);
   }
   WriteClosure(connection, "tblGoodGroupParent", nodes);
 
-  SqliteStatement type = connection.Prepare("insert into tblGoodType (ID, Name) values (?, ?)");
-  Insert(type, kTradeGoods, "كالاي بازرگاني");
-  Insert(type, kOwnUse, "مواد مصرفي");
-  Insert(type, 3, "كالاي اماني");
-  SqliteStatement currency = connection.Prepare("insert into tblPelinCurrencyType (ID, Name) values (?, ?)");
-  Insert(currency, 1, "دلار");
-  Insert(currency, 2, "يورو");
-  Insert(currency, 3, "درهم");
+  RowWriter types = RowWriter::Inserts(connection, "tblGoodType");
+  types.Write({{"ID", kTradeGoods}, {"Name", "كالاي بازرگاني"}});
+  types.Write({{"ID", kOwnUse}, {"Name", "مواد مصرفي"}});
+  types.Write({{"ID", 3}, {"Name", "كالاي اماني"}});
+  RowWriter currencies = RowWriter::Inserts(connection, "tblPelinCurrencyType");
+  currencies.Write({{"ID", 1}, {"Name", "دلار"}});
+  currencies.Write({{"ID", 2}, {"Name", "يورو"}});
+  currencies.Write({{"ID", 3}, {"Name", "درهم"}});
 }
 
 }  // namespace koru::sample

@@ -7,7 +7,7 @@
 namespace koru::sample {
 
 /// The tree of goods groups, the types of goods and the currencies.
-void WriteBatchs(SqliteConnection& connection);
+void WriteGroups(SqliteConnection& connection);
 
 /// The code of a group, two digits a level; empty for a group that is none.
 [[nodiscard]] std::string GroupCode(int group);

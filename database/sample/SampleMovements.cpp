@@ -63,7 +63,11 @@ Movements::Movements(SqliteConnection& connection, DocumentBook& book, Random& r
 void Movements::Begin() {
   const Date day = Day(kFirstYear, 1, 1);
   for (const StoreGoods& store : stores_) {
-    Document opening{DocumentKind::Receipt, store.store, 1, day, true, "موجودي اول دوره", {}};
+    Document opening{.kind = DocumentKind::Receipt,
+                     .store = store.store,
+                     .creator = 1,
+                     .day = day,
+                     .notes = "موجودي اول دوره"};
     for (const Good& good : store.goods) {
       opening.lines.push_back(LineOf(good, random_.Between(20, 160), good.unit, day));
     }
@@ -84,7 +88,10 @@ void Movements::Trade(int year) {
 }
 
 void Movements::Deliver(const StoreGoods& store, Date day) {
-  Document receipt{DocumentKind::Receipt, store.store, random_.Between(1, kUserCount), day, true, {}, {}};
+  Document receipt{.kind = DocumentKind::Receipt,
+                   .store = store.store,
+                   .creator = random_.Between(1, kUserCount),
+                   .day = day};
   receipt.registered = !random_.OneIn(kShareOfUnregistered);
   if (!random_.OneIn(4)) receipt.notes = SupplierNote(random_);
   const auto wanted = static_cast<std::size_t>(random_.Between(4, 14));
@@ -98,7 +105,10 @@ void Movements::Deliver(const StoreGoods& store, Date day) {
 }
 
 void Movements::Sell(const StoreGoods& store, Date day) {
-  Document dispatch{DocumentKind::Dispatch, store.store, random_.Between(1, kUserCount), day, true, {}, {}};
+  Document dispatch{.kind = DocumentKind::Dispatch,
+                    .store = store.store,
+                    .creator = random_.Between(1, kUserCount),
+                    .day = day};
   dispatch.registered = !random_.OneIn(kShareOfUnregistered);
   dispatch.notes = SaleNote(random_);
   const auto wanted = static_cast<std::size_t>(random_.Between(4, 14));
@@ -118,16 +128,28 @@ void Movements::CarryOver() {
   const Date closing = Day(kFirstYear, 12, SolarMonthDays(kFirstYear, 12));
   for (const StoreGoods& store : stores_) {
     stock_[store.store].clear();
-    Document out{DocumentKind::Dispatch, store.store, 1, closing, true, "سند اختتاميه سال 1403", {}};
+    Document out{.kind = DocumentKind::Dispatch,
+                 .store = store.store,
+                 .creator = 1,
+                 .day = closing,
+                 .notes = "سند اختتاميه سال 1403"};
     std::map<std::string, double> books = BookStock(connection_, store.store, year);
     for (const Good& good : store.goods) {
       const double quantity = books[good.barcode];
       if (quantity <= 0) continue;
       const auto cost = static_cast<double>(CostOn(good, closing));
-      out.lines.push_back({good.barcode, quantity, good.unit, quantity, cost});
+      out.lines.push_back({.barcode = good.barcode,
+                           .quantity = quantity,
+                           .unit = good.unit,
+                           .unitQuantity = quantity,
+                           .value = cost});
     }
-    Document in{DocumentKind::Receipt,   store.store, 1, Day(kSecondYear, 1, 1), true,
-                "سند افتتاحيه سال 1404", out.lines};
+    Document in{.kind = DocumentKind::Receipt,
+                .store = store.store,
+                .creator = 1,
+                .day = Day(kSecondYear, 1, 1),
+                .notes = "سند افتتاحيه سال 1404",
+                .lines = out.lines};
     book_.Write(out);
     Book(in);
   }
@@ -144,7 +166,11 @@ void Movements::Book(const Document& document) {
 DocumentLine Movements::LineOf(const Good& good, int units, int unit, Date day) {
   // What is weighed or measured comes in quarters; halves of pieces do not exist.
   const double unitQuantity = unit == kKilogram || unit == kMetre ? units + random_.Below(4) * 0.25 : units;
-  return {good.barcode, unitQuantity * BaseUnitsIn(unit), unit, unitQuantity, ValueOf(good, day)};
+  return {.barcode = good.barcode,
+          .quantity = unitQuantity * BaseUnitsIn(unit),
+          .unit = unit,
+          .unitQuantity = unitQuantity,
+          .value = ValueOf(good, day)};
 }
 
 std::optional<double> Movements::ValueOf(const Good& good, Date day) {

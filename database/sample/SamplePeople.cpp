@@ -45,19 +45,18 @@ bool MayWorkIn(const User& user, int store) {
 }  // namespace
 
 void WritePeople(SqliteConnection& connection) {
-  SqliteStatement person = connection.Prepare("insert into tblUser (ID, FullName) values (?, ?)");
-  SqliteStatement grant =
-      connection.Prepare("insert into tblPelinUserPermission (UserID, FormPermissionID) values (?, ?)");
-  SqliteStatement allow =
-      connection.Prepare("insert into tblInventoryUser (UserID, InventoryID) values (?, ?)");
+  RowWriter users = RowWriter::Inserts(connection, "tblUser");
+  RowWriter permissions = RowWriter::Inserts(connection, "tblPelinUserPermission");
+  RowWriter stores = RowWriter::Inserts(connection, "tblInventoryUser");
   int id = 0;
   for (const User& user : kUsers) {
-    Insert(person, ++id, user.name);
+    users.Write({{"ID", ++id}, {"FullName", user.name}});
     for (const int permission : kPermissions) {
-      if (user.lacks != kLacksEverything && user.lacks != permission) Insert(grant, id, permission);
+      if (user.lacks == kLacksEverything || user.lacks == permission) continue;
+      permissions.Write({{"UserID", id}, {"FormPermissionID", permission}});
     }
     for (int store = 1; store <= kStoreCount; ++store) {
-      if (MayWorkIn(user, store)) Insert(allow, id, store);
+      if (MayWorkIn(user, store)) stores.Write({{"UserID", id}, {"InventoryID", store}});
     }
   }
 }

@@ -37,20 +37,28 @@ constexpr Row kRows[] = {
 };
 
 void WriteRows(SqliteConnection& connection) {
-  SqliteStatement good = connection.Prepare(
-      "insert into tblGood (Barcode, Code, Name, RetailPrice, SaleScaleID, PurchaseScaleID, TypeID, "
-      "GoodGroupID)"
-      " values (?1, ?2, ?3, ?4, ?5, ?5, ?6, ?7)");
-  SqliteStatement scale = connection.Prepare("insert into tblGoodSaleScale (Barcode, ScaleID) values (?, ?)");
+  RowWriter goods = RowWriter::Inserts(connection, "tblGood");
+  RowWriter units = RowWriter::Inserts(connection, "tblGoodSaleScale");
   for (const Row& row : kRows) {
     const std::string barcode = BarcodeOf(row.good);
-    Insert(good, barcode, row.code, row.name, row.price, row.unit, kOwnUse, kWarehouseGroup);
-    if (row.good != SpecialGood::NoDocuments) Insert(scale, barcode, row.unit);
+    goods.Write({{"Barcode", barcode},
+                 {"Code", row.code},
+                 {"Name", row.name},
+                 {"RetailPrice", row.price},
+                 {"SaleScaleID", row.unit},
+                 {"PurchaseScaleID", row.unit},
+                 {"TypeID", kOwnUse},
+                 {"GoodGroupID", kWarehouseGroup}});
+    if (row.good != SpecialGood::NoDocuments) units.Write({{"Barcode", barcode}, {"ScaleID", row.unit}});
   }
 }
 
 DocumentLine Line(std::string barcode, double quantity, std::optional<double> value, int unit = kPiece) {
-  return {std::move(barcode), quantity, unit, quantity, value};
+  return {.barcode = std::move(barcode),
+          .quantity = quantity,
+          .unit = unit,
+          .unitQuantity = quantity,
+          .value = value};
 }
 
 DocumentLine Weighed(double kilograms) {
@@ -64,8 +72,12 @@ std::string BarcodeOf(SpecialGood good) { return Barcode(kMaker, static_cast<int
 void WriteSpecialGoods(SqliteConnection& connection, DocumentBook& book) {
   WriteRows(connection);
   const auto write = [&book](DocumentKind kind, int day, bool registered, std::vector<DocumentLine> lines) {
-    book.Write(
-        {kind, kReturnsStore, 1, Day(kSecondYear, 12, day), registered, std::nullopt, std::move(lines)});
+    book.Write({.kind = kind,
+                .store = kReturnsStore,
+                .creator = 1,
+                .day = Day(kSecondYear, 12, day),
+                .registered = registered,
+                .lines = std::move(lines)});
   };
   const std::string blanks = " " + BarcodeOf(SpecialGood::BlanksAroundBarcode) + "  ";
   write(DocumentKind::Receipt, 1, true,

@@ -22,10 +22,10 @@ std::optional<double> LatestValue(SqliteConnection& connection, const std::strin
                          " and ltrim(rtrim(Barcode)) = ?4 collate KORU and +Barcode = "
                          "?4 and Value > 0 order by ReceiveDate desc, ID desc, tblInventory" +
                          kind + "Detail.rowid desc limit 1");
-  BindField(select, 1, store);
-  BindField(select, 2, period.from);
-  BindField(select, 3, period.to);
-  BindField(select, 4, barcode);
+  select.Bind(1, store);
+  select.Bind(2, IsoText(period.from));
+  select.Bind(3, IsoText(period.to));
+  select.Bind(4, barcode);
   return select.Step() ? std::optional(select.Real(0)) : std::nullopt;
 }
 
@@ -35,9 +35,9 @@ std::map<std::string, double> BookStock(SqliteConnection& connection, int store,
   SqliteStatement select =
       connection.Prepare("select trim(Barcode), ifnull(Qty, 0)" + RegisteredLines("Receipt") +
                          " union all select trim(Barcode), -ifnull(Qty, 0)" + RegisteredLines("Dispatch"));
-  BindField(select, 1, store);
-  BindField(select, 2, period.from);
-  BindField(select, 3, period.to);
+  select.Bind(1, store);
+  select.Bind(2, IsoText(period.from));
+  select.Bind(3, IsoText(period.to));
   std::map<std::string, double> stock;
   while (select.Step()) stock[std::string(select.Text(0))] += select.Real(1);
   for (auto& [barcode, quantity] : stock) quantity = Round(quantity, kStockDecimals);
@@ -51,9 +51,10 @@ std::optional<double> LatestRate(SqliteConnection& connection, int store, const 
 }
 
 void WriteTotals(SqliteConnection& connection, const Period& period) {
-  SqliteStatement update = connection.Prepare("update tblGood set TotalQty = ?2 where Barcode = ?1");
-  for (const auto& [barcode, quantity] : BookStock(connection, kAllStores, period))
-    Insert(update, barcode, quantity);
+  RowWriter goods = RowWriter::Updates(connection, "tblGood");
+  for (const auto& [barcode, quantity] : BookStock(connection, kAllStores, period)) {
+    goods.Write({{"Barcode", barcode}, {"TotalQty", quantity}});
+  }
 }
 
 }  // namespace koru::sample

@@ -45,11 +45,10 @@ int AisleKey(int hall, int aisle) { return HallKey(hall) + aisle * 10; }
 
 void WritePlaces(SqliteConnection& connection) {
   constexpr std::array<std::string_view, 8> kLetters = {"الف", "ب", "پ", "ت", "ج", "چ", "ك", "گ"};
-  SqliteStatement insert =
-      connection.Prepare("insert into tblBPLocation (ID, ParentID, Name) values (?, ?, ?)");
+  RowWriter rows = RowWriter::Inserts(connection, "tblBPLocation");
   std::vector<std::pair<int, int>> nodes;
   const auto add = [&](int id, int parent, const std::string& name) {
-    Insert(insert, id, ParentKey(parent), name);
+    rows.Write({{"ID", id}, {"ParentID", ParentKey(parent)}, {"Name", name}});
     nodes.emplace_back(id, parent);
   };
   for (int hall = 1; hall <= kHalls; ++hall) {
@@ -74,11 +73,13 @@ int ShelfOf(int store, int shelf) {
 }
 
 void WriteStores(SqliteConnection& connection) {
-  SqliteStatement insert =
-      connection.Prepare("insert into tblInventory (ID, ParentID, Name, IsDefault) values (?, ?, ?, ?)");
+  RowWriter rows = RowWriter::Inserts(connection, "tblInventory");
   std::vector<std::pair<int, int>> nodes;
   for (const Store& store : kStores) {
-    Insert(insert, store.id, ParentKey(store.parent), store.name, store.id == kDryFoodStore ? 1 : 0);
+    rows.Write({{"ID", store.id},
+                {"ParentID", ParentKey(store.parent)},
+                {"Name", store.name},
+                {"IsDefault", store.id == kDryFoodStore}});
     nodes.emplace_back(store.id, store.parent);
   }
   WriteClosure(connection, "tblInventoryParent", nodes);

@@ -36,14 +36,16 @@ constexpr std::array<Template, 5> kTemplates = {
 
 void WriteSuite(SqliteConnection& connection) {
   // No base folder: reports are those of the program, wherever it is installed.
-  SqliteStatement company = connection.Prepare("insert into tblPelinCompany (ID, Name) values (?, ?)");
-  Insert(company, 1, "شركت پخش آفتاب كوير");
-  SqliteStatement parameter =
-      connection.Prepare("insert into tblPelinSystemParameters (ID, SystemID, Value) values (?, ?, ?)");
-  for (const Parameter& row : kParameters) Insert(parameter, row.id, row.system, row.value);
-  SqliteStatement report = connection.Prepare(
-      "insert into tblPelinReportTemplate (ID, FormTypeID, Title, FilePath) values (?, ?, ?, ?)");
-  for (const Template& row : kTemplates) Insert(report, row.id, row.formType, row.title, row.file);
+  RowWriter::Inserts(connection, "tblPelinCompany").Write({{"ID", 1}, {"Name", "شركت پخش آفتاب كوير"}});
+  RowWriter parameters = RowWriter::Inserts(connection, "tblPelinSystemParameters");
+  for (const Parameter& row : kParameters) {
+    parameters.Write({{"ID", row.id}, {"SystemID", row.system}, {"Value", row.value}});
+  }
+  RowWriter reports = RowWriter::Inserts(connection, "tblPelinReportTemplate");
+  for (const Template& row : kTemplates) {
+    reports.Write(
+        {{"ID", row.id}, {"FormTypeID", row.formType}, {"Title", row.title}, {"FilePath", row.file}});
+  }
 }
 
 }  // namespace koru::sample

@@ -8,11 +8,13 @@ namespace koru::sample {
 
 void WriteClosure(SqliteConnection& connection, const std::string& table,
                   std::span<const std::pair<int, int>> nodes) {
-  SqliteStatement insert = connection.Prepare("insert into " + table + " (ID, ChildID) values (?, ?)");
+  RowWriter rows = RowWriter::Inserts(connection, table);
   std::map<int, int> parents;
   for (const auto& [node, parent] : nodes) {
     parents[node] = parent;
-    for (int above = parent; above != 0; above = parents.at(above)) Insert(insert, above, node);
+    for (int above = parent; above != 0; above = parents.at(above)) {
+      rows.Write({{"ID", above}, {"ChildID", node}});
+    }
   }
 }
 

@@ -43,12 +43,12 @@ int BaseUnitsIn(int unit) {
 }
 
 void WriteUnits(SqliteConnection& connection) {
-  SqliteStatement insert = connection.Prepare(
-      "insert into tblGoodScale (ID, ParentID, Name, ScaleToBaseParent) values (?, ?, ?, ?)");
+  RowWriter rows = RowWriter::Inserts(connection, "tblGoodScale");
   std::vector<std::pair<int, int>> nodes;
   for (const Unit& unit : kUnits) {
     const std::optional<int> parent = unit.parent == 0 ? std::nullopt : std::optional(unit.parent);
-    Insert(insert, unit.id, parent, unit.name, unit.factor);
+    rows.Write(
+        {{"ID", unit.id}, {"ParentID", parent}, {"Name", unit.name}, {"ScaleToBaseParent", unit.factor}});
     nodes.emplace_back(unit.id, unit.parent);
   }
   WriteClosure(connection, "tblGoodScaleParent", nodes);
