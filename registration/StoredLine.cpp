@@ -43,9 +43,11 @@ StoredLine LineOfGrid(const Grid& lines, int row) {
   line.barcode = Trim(cell(LineColumn::Barcode));
   line.rowNumber = row;
   line.scaleID = Val(cell(LineColumn::ScaleID));
-  for (std::size_t i = 0; i < line.counts.size(); ++i) {
-    line.counts[i] = CountOf(cell(LineColumn::FirstCounting + static_cast<int>(i)));
-  }
+  line.firstCounting = CountOf(cell(LineColumn::FirstCounting));
+  line.secondCounting = CountOf(cell(LineColumn::SecondCounting));
+  line.thirdCounting = CountOf(cell(LineColumn::ThirdCounting));
+  line.acceptedCounting = CountOf(cell(LineColumn::AcceptedCounting));
+  line.systemCounting = CountOf(cell(LineColumn::SystemCounting));
   line.contradiction = ContradictionOf(cell(LineColumn::Shortage), cell(LineColumn::Surplus));
   line.baseValue = Val(cell(LineColumn::Rate));
   return line;
@@ -55,9 +57,11 @@ StoredLineReader::StoredLineReader(const Recordset& records)
     : barcode_(records.ColumnIndex("Barcode")),
       rowNumber_(records.ColumnIndex("RowNumber")),
       scaleID_(records.ColumnIndex("ScaleID")),
-      counts_{records.ColumnIndex("FirstCounting"), records.ColumnIndex("SecondCounting"),
-              records.ColumnIndex("ThirdCounting"), records.ColumnIndex("AcceptedCounting"),
-              records.ColumnIndex("SystemCounting")},
+      firstCounting_(records.ColumnIndex("FirstCounting")),
+      secondCounting_(records.ColumnIndex("SecondCounting")),
+      thirdCounting_(records.ColumnIndex("ThirdCounting")),
+      acceptedCounting_(records.ColumnIndex("AcceptedCounting")),
+      systemCounting_(records.ColumnIndex("SystemCounting")),
       contradiction_(records.ColumnIndex("ContradictionCounting")),
       baseValue_(records.ColumnIndex("BaseValue")) {}
 
@@ -67,7 +71,11 @@ StoredLine StoredLineReader::Line(const Recordset& records, std::size_t record) 
   line.barcode = Trim(field(barcode_).Text());
   line.rowNumber = field(rowNumber_).Integer();
   line.scaleID = NumberOf(field(scaleID_));
-  for (std::size_t i = 0; i < counts_.size(); ++i) line.counts[i] = NumberOf(field(counts_[i]));
+  line.firstCounting = NumberOf(field(firstCounting_));
+  line.secondCounting = NumberOf(field(secondCounting_));
+  line.thirdCounting = NumberOf(field(thirdCounting_));
+  line.acceptedCounting = NumberOf(field(acceptedCounting_));
+  line.systemCounting = NumberOf(field(systemCounting_));
   line.contradiction = NumberOf(field(contradiction_));
   line.baseValue = NumberOf(field(baseValue_));
   return line;
@@ -84,10 +92,9 @@ SqlText LineInsert(const StoredLine& line, double countingID) {
   sql += "',";
   sql += line.rowNumber;
   sql += ",";
-  AppendOr(sql, line.scaleID, "NULL");
-  sql += ",";
-  for (const std::optional<double>& count : line.counts) {
-    AppendOr(sql, count, "NULL");
+  for (const auto& number : {line.scaleID, line.firstCounting, line.secondCounting, line.thirdCounting,
+                             line.acceptedCounting, line.systemCounting}) {
+    AppendOr(sql, number, "NULL");
     sql += ",";
   }
   AppendOr(sql, line.contradiction, "Null");

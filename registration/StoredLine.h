@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -14,15 +13,18 @@ namespace koru {
 
 class Grid;
 
-/// One record of tblInventoryCountingDetail, as a save writes it and as it is read back.
+/// One record of tblInventoryCountingDetail, as a save writes it and as it is read back. A quantity that is
+/// absent is not the same as a quantity of 0.
 struct StoredLine {
   std::string barcode;  ///< without blanks around it
   int rowNumber = 0;    ///< the line's row in the grid, from 1; rows that are not saved leave gaps
   std::optional<double> scaleID;
-  /// First, second, third and accepted count, then the book stock; nothing counted is not the same as 0
-  /// counted.
-  std::array<std::optional<double>, 5> counts;
-  std::optional<double> contradiction;  ///< above 0 a surplus, below 0 a shortage
+  std::optional<double> firstCounting;
+  std::optional<double> secondCounting;
+  std::optional<double> thirdCounting;
+  std::optional<double> acceptedCounting;
+  std::optional<double> systemCounting;  ///< the book stock
+  std::optional<double> contradiction;   ///< above 0 a surplus, below 0 a shortage
   std::optional<double> baseValue;
 };
 
@@ -42,7 +44,11 @@ class StoredLineReader {
   std::size_t barcode_;
   std::size_t rowNumber_;
   std::size_t scaleID_;
-  std::array<std::size_t, 5> counts_;
+  std::size_t firstCounting_;
+  std::size_t secondCounting_;
+  std::size_t thirdCounting_;
+  std::size_t acceptedCounting_;
+  std::size_t systemCounting_;
   std::size_t contradiction_;
   std::size_t baseValue_;
 };
