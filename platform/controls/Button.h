@@ -1,23 +1,14 @@
 #pragma once
 
-#include <string>
-#include <utility>
-
+#include "platform/controls/CaptionedControl.h"
 #include "platform/controls/Form.h"
 
 namespace koru {
 
 /// A command button.
-class Button : public Control {
+class Button : public CaptionedControl {
  public:
-  using Control::Control;
-
-  [[nodiscard]] const std::string& Caption() const { return caption_; }
-  void SetCaption(std::string caption) {
-    if (caption_ == caption) return;
-    caption_ = std::move(caption);
-    StateChanged.Raise();
-  }
+  using CaptionedControl::CaptionedControl;
 
   /// Whether the button is drawn as available. A form's timer makes it follow Enabled().
   [[nodiscard]] bool LooksAvailable() const { return looksAvailable_; }
@@ -40,7 +31,6 @@ class Button : public Control {
   Event<> Click;
 
  private:
-  std::string caption_;
   bool looksAvailable_ = true;
 };
 

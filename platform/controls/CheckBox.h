@@ -1,23 +1,14 @@
 #pragma once
 
-#include <string>
-#include <utility>
-
+#include "platform/controls/CaptionedControl.h"
 #include "platform/controls/Form.h"
 
 namespace koru {
 
 /// A check box.
-class CheckBox : public Control {
+class CheckBox : public CaptionedControl {
  public:
-  using Control::Control;
-
-  [[nodiscard]] const std::string& Caption() const { return caption_; }
-  void SetCaption(std::string caption) {
-    if (caption_ == caption) return;
-    caption_ = std::move(caption);
-    StateChanged.Raise();
-  }
+  using CaptionedControl::CaptionedControl;
 
   [[nodiscard]] bool Checked() const { return checked_; }
   void SetChecked(bool checked) {
@@ -41,7 +32,6 @@ class CheckBox : public Control {
   Event<> Click;
 
  private:
-  std::string caption_;
   bool checked_ = false;
 };
 

@@ -1,26 +1,13 @@
 #pragma once
 
-#include <string>
-#include <utility>
-
-#include "platform/controls/Control.h"
+#include "platform/controls/CaptionedControl.h"
 
 namespace koru {
 
 /// A text that cannot be edited.
-class Label : public Control {
+class Label : public CaptionedControl {
  public:
-  using Control::Control;
-
-  [[nodiscard]] const std::string& Caption() const { return caption_; }
-  void SetCaption(std::string caption) {
-    if (caption_ == caption) return;
-    caption_ = std::move(caption);
-    StateChanged.Raise();
-  }
-
- private:
-  std::string caption_;
+  using CaptionedControl::CaptionedControl;
 };
 
 }  // namespace koru

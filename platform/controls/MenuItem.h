@@ -1,22 +1,13 @@
 #pragma once
 
-#include <string>
-#include <utility>
-
-#include "platform/controls/Control.h"
+#include "platform/controls/CaptionedControl.h"
 
 namespace koru {
 
 /// An entry of a form's menu.
-class MenuItem : public Control {
+class MenuItem : public CaptionedControl {
  public:
-  using Control::Control;
-
-  [[nodiscard]] const std::string& Caption() const { return caption_; }
-  void SetCaption(std::string caption) {
-    caption_ = std::move(caption);
-    StateChanged.Raise();
-  }
+  using CaptionedControl::CaptionedControl;
 
   bool UserClick() {
     if (!Reachable()) return false;
@@ -25,9 +16,6 @@ class MenuItem : public Control {
   }
 
   Event<> Click;
-
- private:
-  std::string caption_;
 };
 
 }  // namespace koru

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/controls/CaptionedControl.h"
 #include "platform/controls/Form.h"
 
 namespace koru {
@@ -24,18 +25,12 @@ class OptionGroup {
 };
 
 /// One option of a group. Choosing it clears the others; only choosing another option clears it.
-class OptionButton : public Control {
+class OptionButton : public CaptionedControl {
  public:
   /// `group` must outlive the option.
   OptionButton(Form& form, std::string name, OptionGroup& group)
-      : Control(form, std::move(name)), group_(group) {
+      : CaptionedControl(form, std::move(name)), group_(group) {
     group_.options_.push_back(this);
-  }
-
-  [[nodiscard]] const std::string& Caption() const { return caption_; }
-  void SetCaption(std::string caption) {
-    caption_ = std::move(caption);
-    StateChanged.Raise();
   }
 
   [[nodiscard]] bool Chosen() const { return chosen_; }
@@ -64,7 +59,6 @@ class OptionButton : public Control {
   }
 
   OptionGroup& group_;
-  std::string caption_;
   bool chosen_ = false;
 };
 
