@@ -31,6 +31,8 @@ class Program : private ControlHost {
   void Edit();
   /// Presses a button as the user does. Throws if it is disabled or if the program showed a message.
   void Press(Button& button);
+  /// The form that was opened last.
+  [[nodiscard]] koru::Form& Shown() const { return *screen_.shown; }
   /// Processes pending repaints.
   static void Draw();
 
@@ -38,7 +40,11 @@ class Program : private ControlHost {
   /// Shows dialogs without waiting for the user.
   class OpenScreen : public DesktopScreen {
    public:
-    void Show(koru::Form& form, bool /*modal*/) override { DesktopScreen::Show(form, false); }
+    void Show(koru::Form& form, bool /*modal*/) override {
+      shown = &form;
+      DesktopScreen::Show(form, false);
+    }
+    koru::Form* shown = nullptr;
   };
   /// Replaces a spreadsheet program.
   static bool Opened(const std::string& /*path*/) { return true; }

@@ -198,7 +198,7 @@ Workload SearchWorkload(const std::string& searchDatabase) {
   const auto searching = std::make_shared<Searching>(searchDatabase);
   return {"counting search, 30,000 found", 2,
           [searching] {
-            frmInvSearch& form = *searching->program.Form().InvSearch();
+            auto& form = dynamic_cast<frmInvSearch&>(searching->program.Shown());
             searching->program.Press(form.cmdSearch);
             if (form.flexSearch.Rows() != kCountingsFound + 1) throw std::runtime_error("not all were found");
           },

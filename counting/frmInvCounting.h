@@ -43,7 +43,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// header cannot be read, and the form is empty (mode 3) after any other failure.
   bool ViewInvCounting(std::int32_t id);
   /// Continues the entry that a draft holds, in its mode. Returns false, and takes nothing, when the user
-  /// lacks the right to it; the user knows then. Throws DatabaseError.
+  /// lacks the right to it; a message says so. Throws DatabaseError.
   bool ContinueDraft(LeftDraft& draft);
   /// Shows the header alone; false when the counting does not exist.
   bool FillInvCountingData(std::int32_t id);
@@ -64,10 +64,6 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// Whether the lines on the form are those in the database, in the same order. They are not while they are
   /// being entered, nor after Cancel, which keeps what was typed on the form.
   [[nodiscard]] bool LinesAreStored() const { return linesAreStored_; }
-  /// The folder that report paths are relative to.
-  [[nodiscard]] const std::string& ReportBaseFolder() const { return viewReport_.BaseFolder(); }
-  /// The store proposed for a new counting; -1 when none is marked as default.
-  [[nodiscard]] std::int32_t DefaultStore() const { return storeChange_.DefaultStore(); }
   /// The form's ready flag, kept for the suite (ViewReport::Ready).
   [[nodiscard]] bool Ready() const { return viewReport_.Ready(); }
 
@@ -76,11 +72,6 @@ class frmInvCounting : public Form, public InvCountingControls {
 
   /// The condition on tblGood that the goods search left; empty when nothing was searched.
   SqlText GoodSearchCondition;
-
-  /// The search dialogs; nullptr before they are first opened. They keep their criteria until this form is
-  /// unloaded.
-  [[nodiscard]] frmInvSearch* InvSearch() const { return invSearch_.get(); }
-  [[nodiscard]] frmGoodSearch* GoodSearch() const { return goodSearch_.get(); }
 
   void Activate() override;
   /// Closing the window is the command Exit: a document that is being entered is not lost without a question.
@@ -121,6 +112,8 @@ class frmInvCounting : public Form, public InvCountingControls {
   ExcelExport excelExport_;
   LinkedDocuments linkedDocuments_;
   DraftKeeper drafts_;
+  // The search dialogs: made when they are first opened, so that they keep their criteria until this form is
+  // unloaded.
   std::unique_ptr<frmInvSearch> invSearch_;
   std::unique_ptr<frmGoodSearch> goodSearch_;
 };

@@ -16,17 +16,20 @@ using koru::fuzz::Require;
 void CheckQuoting(const std::string& text) {
   const ConnectionText parsed =
       ConnectionText::Parse("Provider=SQLite;Data Source=" + koru::QuotedForConnection(text) + ";User=a");
-  Require(parsed.Entries().size() == 3, "a quoted value is one value");
   Require(parsed.Get("data source") == text, "a quoted value is read as it was written");
+  Require(parsed.WithoutPassword() == "Provider=SQLite;Data Source=" + text + ";User=a;",
+          "a quoted value is one value");
 }
 
 void CheckRewriting(const ConnectionText& parsed) {
+  constexpr const char* kKeys[] = {"Provider", "Data Source", "Initial Catalog", "User ID", "Password"};
   std::string written;
-  for (const auto& [key, value] : parsed.Entries()) {
-    written += key + "=" + koru::QuotedForConnection(value) + ";";
+  for (const std::string key : kKeys) {
+    written += key + "=" + koru::QuotedForConnection(parsed.Get(key)) + ";";
   }
-  Require(ConnectionText::Parse(written).Entries() == parsed.Entries(),
-          "entries survive being written again");
+  const ConnectionText again = ConnectionText::Parse(written);
+  for (const char* key : kKeys)
+    Require(again.Get(key) == parsed.Get(key), "values survive being written again");
 }
 
 void CheckPasswords(const std::string& password) {

@@ -22,8 +22,6 @@ class ViewReport {
 
   /// Reads the suite's report folder. Throws DatabaseError.
   void ReadBaseFolder();
-  /// The folder that report paths are relative to; empty before ReadBaseFolder and when the suite has none.
-  [[nodiscard]] const std::string& BaseFolder() const { return baseFolder_; }
 
   /// Off while the report is shown. Kept for the suite, whose forms have such a flag: nothing in this
   /// component asks.
@@ -44,7 +42,7 @@ class ViewReport {
 
   InvCountingControls& controls_;
   SharedState& shared_;
-  std::string baseFolder_;
+  std::string baseFolder_;  ///< put before relative report paths; empty when the suite has none
   bool ready_ = true;
   std::unique_ptr<SiblingComponent> component_;
 };

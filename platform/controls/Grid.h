@@ -79,6 +79,7 @@ class Grid : public Control {
   void SetLocked(bool locked);
   [[nodiscard]] bool Locked() const { return locked_; }
 
+  /// For hosts with a grid of their own: the desktop aligns a column by what it holds.
   [[nodiscard]] bool IsCentred(int col) const { return columns_.at(static_cast<std::size_t>(col)).centred; }
   /// Width of a column in twips (15 to a pixel at 96 dpi); 0 hides it.
   [[nodiscard]] int ColWidth(int col) const { return columns_.at(static_cast<std::size_t>(col)).width; }

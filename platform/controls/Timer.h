@@ -9,11 +9,7 @@ class Timer : public Control {
  public:
   using Control::Control;
 
-  [[nodiscard]] int IntervalMs() const { return intervalMs_; }
-  void SetIntervalMs(int interval) {
-    intervalMs_ = interval;
-    StateChanged.Raise();
-  }
+  [[nodiscard]] static constexpr int IntervalMs() { return 200; }
 
   void Fire() {
     if (!Enabled()) return;
@@ -21,9 +17,6 @@ class Timer : public Control {
   }
 
   Event<> Tick;
-
- private:
-  int intervalMs_ = 200;
 };
 
 }  // namespace koru

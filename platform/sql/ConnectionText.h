@@ -18,7 +18,6 @@ class ConnectionText {
   /// The value of `key`; empty when the key is missing.
   [[nodiscard]] std::string Get(std::string_view key) const;
   [[nodiscard]] bool Has(std::string_view key) const;
-  [[nodiscard]] const std::vector<std::pair<std::string, std::string>>& Entries() const { return entries_; }
 
   /// The text for messages: passwords are replaced by ***.
   [[nodiscard]] std::string WithoutPassword() const;
@@ -27,8 +26,8 @@ class ConnectionText {
   std::vector<std::pair<std::string, std::string>> entries_;
 };
 
-/// The words of a driver without the password: *** in its places. Where the password is shorter than six
-/// characters and part of the words, only *** is left of them: the places would show what it is.
+/// A driver's message with *** in place of the password. When the message contains a password of fewer than
+/// six characters, the result is *** alone, because the places of the asterisks would disclose it.
 [[nodiscard]] std::string WordsWithoutPassword(std::string words, const std::string& password);
 
 /// `value` quoted for a connection text, whatever characters it contains.

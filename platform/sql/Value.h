@@ -21,6 +21,8 @@ class Value {
 
   [[nodiscard]] bool IsNull() const { return std::holds_alternative<std::monostate>(value_); }
 
+  /// What a value that is not NULL is: a text, a whole number, or a number with decimals. The component reads
+  /// Text, Number and so on; hosts and tools that pass values on need the type.
   [[nodiscard]] bool IsText() const { return std::holds_alternative<std::string_view>(value_); }
   [[nodiscard]] bool IsWhole() const { return std::holds_alternative<std::int64_t>(value_); }
 

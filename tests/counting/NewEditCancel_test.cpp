@@ -116,8 +116,8 @@ TEST_F(NewEditCancel,
        A_counting_found_by_the_search_does_not_replace_what_is_being_entered_without_a_question) {
   ViewAndEdit(10);
   Form().txtNotes.UserType("typed");
-  screen.OnModal = [&](koru::Form&) {
-    frmInvSearch& search = *Form().InvSearch();
+  screen.OnModal = [&](koru::Form& shown) {
+    auto& search = dynamic_cast<frmInvSearch&>(shown);
     search.cmdSearch.UserClick();
     int row = 1;
     while (row < search.flexSearch.Rows() && search.flexSearch.TextMatrix(row, 1) != "11") ++row;

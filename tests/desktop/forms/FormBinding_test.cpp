@@ -285,7 +285,6 @@ TEST_F(FormBindingTest, A_menu_entry_follows_its_control) {
 
 TEST_F(FormBindingTest, A_timer_ticks_while_it_is_enabled_and_not_into_its_own_tick) {
   Timer timer(form, "Timer1");
-  timer.SetIntervalMs(1);
   QEventLoop loop;
   int ticks = 0;
   int depth = 0;
@@ -298,10 +297,12 @@ TEST_F(FormBindingTest, A_timer_ticks_while_it_is_enabled_and_not_into_its_own_t
   });
   FormBinding binding(form);
   binding.Bind(timer);
+  auto* const clock = binding.findChild<QTimer*>("Timer1");
+  clock->setInterval(1);
   loop.exec();
   EXPECT_EQ(deepest, 1);
   timer.SetEnabled(false);
-  EXPECT_FALSE(binding.findChild<QTimer*>("Timer1")->isActive());
+  EXPECT_FALSE(clock->isActive());
 }
 
 TEST_F(FormBindingTest, A_failure_is_shown_and_the_form_stays_usable) {
