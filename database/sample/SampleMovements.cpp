@@ -87,12 +87,15 @@ void Movements::Trade(int year) {
   }
 }
 
+Document Movements::NewDocument(DocumentKind kind, const StoreGoods& store, Date day) {
+  Document document{
+      .kind = kind, .store = store.store, .creator = random_.Between(1, kUserCount), .day = day};
+  document.registered = !random_.OneIn(kShareOfUnregistered);
+  return document;
+}
+
 void Movements::Deliver(const StoreGoods& store, Date day) {
-  Document receipt{.kind = DocumentKind::Receipt,
-                   .store = store.store,
-                   .creator = random_.Between(1, kUserCount),
-                   .day = day};
-  receipt.registered = !random_.OneIn(kShareOfUnregistered);
+  Document receipt = NewDocument(DocumentKind::Receipt, store, day);
   if (!random_.OneIn(4)) receipt.notes = SupplierNote(random_);
   const auto wanted = static_cast<std::size_t>(random_.Between(4, 14));
   for (const std::size_t place : random_.Choose(store.goods.size(), wanted)) {
@@ -105,11 +108,7 @@ void Movements::Deliver(const StoreGoods& store, Date day) {
 }
 
 void Movements::Sell(const StoreGoods& store, Date day) {
-  Document dispatch{.kind = DocumentKind::Dispatch,
-                    .store = store.store,
-                    .creator = random_.Between(1, kUserCount),
-                    .day = day};
-  dispatch.registered = !random_.OneIn(kShareOfUnregistered);
+  Document dispatch = NewDocument(DocumentKind::Dispatch, store, day);
   dispatch.notes = SaleNote(random_);
   const auto wanted = static_cast<std::size_t>(random_.Between(4, 14));
   for (const std::size_t place : random_.Choose(store.goods.size(), wanted)) {

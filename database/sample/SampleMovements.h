@@ -15,7 +15,7 @@ namespace koru::sample {
 inline constexpr int kFirstYear = 1403;
 inline constexpr int kSecondYear = 1404;
 
-/// The date of the Solar Hijri calendar.
+/// The date with these numbers in the Solar Hijri calendar.
 [[nodiscard]] Date Day(int year, int month, int day);
 
 /// From the first day of the year to the last but one. On the last day the books are closed.
@@ -30,7 +30,7 @@ struct StoreGoods {
 /// The six stores that trade: four main stores and two shops, each of which keeps every fourth good.
 [[nodiscard]] std::vector<StoreGoods> TradingStores(const std::vector<Good>& goods);
 
-/// Writes the receipts and dispatches of two years by ascending date. Few dispatches exceed the stock, as a
+/// Writes the receipts and dispatches of two years by ascending date. A few dispatches exceed the stock, as a
 /// mistake in practice would.
 class Movements {
  public:
@@ -44,6 +44,8 @@ class Movements {
   void CarryOver();
 
  private:
+  /// A document of a random user without lines; most are registered.
+  Document NewDocument(DocumentKind kind, const StoreGoods& store, Date day);
   void Deliver(const StoreGoods& store, Date day);
   void Sell(const StoreGoods& store, Date day);
   void Book(const Document& document);

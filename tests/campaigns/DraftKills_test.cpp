@@ -15,7 +15,7 @@
 #include "tests/campaigns/Child.h"
 #include "tests/campaigns/FaultyFiles.h"
 #include "tests/campaigns/Rounds.h"
-#include "tests/campaigns/Setting.h"
+#include "tests/campaigns/Seeds.h"
 
 namespace koru::test {
 namespace {
@@ -162,7 +162,7 @@ bool DraftKills::Round(unsigned seed) {
   std::mt19937 random(seed);
   constexpr Work kWork[] = {Work::Save, Work::SaveNew, Work::Register, Work::RegisterNew, Work::Return};
   const Work work = kWork[random() % std::size(kWork)];
-  SCOPED_TRACE("seed " + std::to_string(seed) + ": " + NameOf(work));
+  SCOPED_TRACE(NameOf(work));
   store_.CopyTo(file_);
   std::filesystem::remove_all(folder_.Path() / "drafts");
   Child child([&](const Child::Report& report) { Live(seed, work, report); });
@@ -175,12 +175,8 @@ bool DraftKills::Round(unsigned seed) {
 }
 
 TEST_F(DraftKills, Lose_nothing_that_was_reported_and_offer_what_was_typed) {
-  const CampaignSetting setting;
-  const unsigned rounds = kRounds * setting.times;
-  std::cout << "seeds " << setting.seed << " to " << setting.seed + rounds - 1 << "\n";
   unsigned killed = 0;
-  for (unsigned seed = setting.seed; seed < setting.seed + rounds && !HasFailure(); ++seed)
-    killed += Round(seed) ? 1 : 0;
+  const unsigned rounds = RunSeeds(kRounds, [&](unsigned seed) { killed += Round(seed) ? 1 : 0; });
   std::cout << killed << " kills, " << offered_ << " drafts offered\n";
   EXPECT_GT(killed, rounds / 4) << "most kills come too late";
   EXPECT_GT(offered_, rounds / 10) << "hardly a draft was written";

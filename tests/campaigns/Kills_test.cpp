@@ -9,7 +9,7 @@
 #include "tests/campaigns/Child.h"
 #include "tests/campaigns/FaultyFiles.h"
 #include "tests/campaigns/Rounds.h"
-#include "tests/campaigns/Setting.h"
+#include "tests/campaigns/Seeds.h"
 
 namespace koru::test {
 namespace {
@@ -33,8 +33,7 @@ bool Kills::Round(unsigned seed) {
   std::mt19937 random(seed);
   const Work work = static_cast<Work>(random() % kWorks);
   const long moment = 1 + static_cast<long>(random() % kMaxCalls);
-  SCOPED_TRACE("seed " + std::to_string(seed) + ": " + NameOf(work) + " killed at call " +
-               std::to_string(moment));
+  SCOPED_TRACE(NameOf(work) + " killed at call " + std::to_string(moment));
   store_.CopyTo(file_);
   Child child([&](const Child::Report& report) {
     FaultyFiles files;
@@ -51,12 +50,8 @@ bool Kills::Round(unsigned seed) {
 }
 
 TEST_F(Kills, Lose_nothing_that_was_reported_and_leave_nothing_in_halves) {
-  const CampaignSetting setting;
-  const unsigned rounds = kRounds * setting.times;
-  std::cout << "seeds " << setting.seed << " to " << setting.seed + rounds - 1 << "\n";
   unsigned killed = 0;
-  for (unsigned seed = setting.seed; seed < setting.seed + rounds && !HasFailure(); ++seed)
-    killed += Round(seed) ? 1 : 0;
+  const unsigned rounds = RunSeeds(kRounds, [&](unsigned seed) { killed += Round(seed) ? 1 : 0; });
   std::cout << killed << " kills\n";
   EXPECT_GT(killed, rounds / 4) << "most kills come too late";
 }

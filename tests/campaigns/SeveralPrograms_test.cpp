@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iostream>
 #include <iterator>
 #include <memory>
 #include <random>
@@ -12,7 +11,7 @@
 
 #include "tests/campaigns/Child.h"
 #include "tests/campaigns/Rounds.h"
-#include "tests/campaigns/Setting.h"
+#include "tests/campaigns/Seeds.h"
 
 namespace koru::test {
 namespace {
@@ -92,13 +91,7 @@ void SeveralPrograms::RunInProcesses(unsigned seed) {
 }
 
 TEST_F(SeveralPrograms, In_processes_of_their_own_keep_what_each_reported_of_its_own_countings) {
-  const CampaignSetting setting;
-  const unsigned rounds = 12 * setting.times;
-  std::cout << "seeds " << setting.seed << " to " << setting.seed + rounds - 1 << "\n";
-  for (unsigned seed = setting.seed; seed < setting.seed + rounds && !HasFailure(); ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    RunInProcesses(seed);
-  }
+  RunSeeds(12, [&](unsigned seed) { RunInProcesses(seed); });
 }
 
 /// A station with what its user has seen: the counting that is open, and how often it had been written by
@@ -159,23 +152,11 @@ void SeveralPrograms::TakeTurns(unsigned seed, bool shared) {
 }
 
 TEST_F(SeveralPrograms, In_turns_on_different_countings_keep_numbers_lines_and_documents_at_every_moment) {
-  const CampaignSetting setting;
-  const unsigned rounds = 20 * setting.times;
-  std::cout << "seeds " << setting.seed << " to " << setting.seed + rounds - 1 << "\n";
-  for (unsigned seed = setting.seed; seed < setting.seed + rounds && !HasFailure(); ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    TakeTurns(seed, false);
-  }
+  RunSeeds(20, [&](unsigned seed) { TakeTurns(seed, false); });
 }
 
 TEST_F(SeveralPrograms, In_turns_on_the_same_countings_write_nothing_over_without_a_question) {
-  const CampaignSetting setting;
-  const unsigned rounds = 200 * setting.times;
-  std::cout << "seeds " << setting.seed << " to " << setting.seed + rounds - 1 << "\n";
-  for (unsigned seed = setting.seed; seed < setting.seed + rounds && !HasFailure(); ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    TakeTurns(seed, true);
-  }
+  RunSeeds(200, [&](unsigned seed) { TakeTurns(seed, true); });
 }
 
 }  // namespace

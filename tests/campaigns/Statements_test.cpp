@@ -13,7 +13,7 @@
 #include "database/Schema.h"
 #include "platform/text/Numbers.h"
 #include "tests/campaigns/GeneratedStatements.h"
-#include "tests/campaigns/Setting.h"
+#include "tests/campaigns/Seeds.h"
 #include "tests/support/DumpTables.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -90,16 +90,10 @@ std::size_t CompareOnFiles(unsigned seed) {
 }
 
 TEST(GeneratedStatementsTest, Find_and_write_the_rows_that_sqlite_finds_and_writes_by_a_plain_translation) {
-  const CampaignSetting setting;
-  const unsigned files = kStatements / kStatementsOfFile * setting.times;
-  std::cout << "seeds " << setting.seed << " to " << setting.seed + files - 1 << ", " << kStatementsOfFile
-            << " statements each\n";
   std::size_t rows = 0;
-  for (unsigned seed = setting.seed; seed < setting.seed + files && !HasFailure(); ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    rows += CompareOnFiles(seed);
-  }
-  std::cout << rows << " rows\n";
+  const unsigned files =
+      RunSeeds(kStatements / kStatementsOfFile, [&](unsigned seed) { rows += CompareOnFiles(seed); });
+  std::cout << kStatementsOfFile << " statements each, " << rows << " rows\n";
   EXPECT_GT(rows, 500U * files) << "most statements find nothing";
 }
 

@@ -12,7 +12,7 @@
 
 #include "tests/campaigns/Child.h"
 #include "tests/campaigns/Rounds.h"
-#include "tests/campaigns/Setting.h"
+#include "tests/campaigns/Seeds.h"
 
 namespace koru::test {
 namespace {
@@ -113,13 +113,7 @@ void TwoPrograms::Round(unsigned seed) {
 }
 
 TEST_F(TwoPrograms, On_the_same_countings_lose_no_figures_and_keep_all_rules_at_every_moment) {
-  const CampaignSetting setting;
-  const unsigned rounds = kRounds * setting.times;
-  std::cout << "seeds " << setting.seed << " to " << setting.seed + rounds - 1 << "\n";
-  for (unsigned seed = setting.seed; seed < setting.seed + rounds && !HasFailure(); ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    Round(seed);
-  }
+  const unsigned rounds = RunSeeds(kRounds, [&](unsigned seed) { Round(seed); });
   std::cout << commands_ << " commands done, " << looks_ << " looks meanwhile\n";
   EXPECT_GT(commands_, rounds) << "hardly anything was done";
 }

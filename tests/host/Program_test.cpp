@@ -1,16 +1,14 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
+#include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "adapters/system/TemporaryFolder.h"
+#include "tests/support/ProgramTest.h"
 
 namespace koru {
 namespace {
@@ -25,34 +23,9 @@ std::string NewestVersionInChangeLog() {
   return "none";
 }
 
-/// Runs the built program in a home of its own.
-class ProgramTest : public testing::Test {
+class ProgramTest : public test::ProgramTest {
  protected:
-  struct Outcome {
-    int code = 0;
-    std::string out;
-    std::string error;
-  };
-
-  [[nodiscard]] Outcome Run(const std::string& arguments, const std::string& environment = "") const {
-    const std::string command =
-        "cd '" + Home() + "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM HOME='" + Home() +
-        "' XDG_CONFIG_HOME='" + Home() + "/config' XDG_DATA_HOME='" + Home() + "/data' XDG_RUNTIME_DIR='" +
-        Home() + "' " + environment + " '" KORU_PROGRAM "' " + arguments + " >out 2>error";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Text("out"), Text("error")};
-  }
-  [[nodiscard]] std::string Home() const { return folder_.Path().string(); }
-  void Write(const std::string& file, const std::string& text) const {
-    std::filesystem::create_directories((folder_.Path() / file).parent_path());
-    std::ofstream(folder_.Path() / file, std::ios::binary) << text;
-  }
-  [[nodiscard]] std::string Text(const std::string& file) const {
-    std::ifstream stream(folder_.Path() / file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-  }
-
-  TemporaryFolder folder_;
+  ProgramTest() : test::ProgramTest(KORU_PROGRAM) {}
 };
 
 TEST_F(ProgramTest, A_sample_is_made_once_and_never_over_another_file) {

@@ -17,6 +17,13 @@ class InAWriteBatch : public testing::Test {
   std::string Users() {
     return database_.Scalar("select group_concat(ID) from (select ID from tblUser order by ID)");
   }
+  /// The database gives the transaction up when that user is inserted, as it does on some disk errors.
+  void GiveUpAtUser3() {
+    database_.Execute(
+        "create trigger GiveUp before insert on tblUser when new.ID = 3 begin select raise(rollback, 'disk "
+        "trouble'); end");
+    connection_ = connector_.Connect(database_.ConnectionText());
+  }
 
   test::TestFile database_;
   SqliteConnector connector_{std::chrono::milliseconds(0)};
@@ -77,10 +84,7 @@ TEST_F(InAWriteBatch, Another_writer_finds_the_file_locked) {
 }
 
 TEST_F(InAWriteBatch, A_transaction_that_the_database_gave_up_is_reported_at_the_statement_and_at_the_end) {
-  database_.Execute(
-      "create trigger GiveUp before insert on tblUser when new.ID = 3 begin select raise(rollback, 'disk "
-      "trouble'); end");
-  connection_ = connector_.Connect(database_.ConnectionText());
+  GiveUpAtUser3();
   const auto batch = connection_->BeginWriteBatch();
   connection_->Open(InsertUser(1));
   try {
@@ -98,10 +102,7 @@ TEST_F(InAWriteBatch, A_transaction_that_the_database_gave_up_is_reported_at_the
 }
 
 TEST_F(InAWriteBatch, After_the_database_gave_up_the_transaction_no_later_statement_is_stored) {
-  database_.Execute(
-      "create trigger GiveUp before insert on tblUser when new.ID = 3 begin select raise(rollback, 'disk "
-      "trouble'); end");
-  connection_ = connector_.Connect(database_.ConnectionText());
+  GiveUpAtUser3();
   const auto batch = connection_->BeginWriteBatch();
   connection_->Open(InsertUser(1));
   EXPECT_THROW(connection_->Open(InsertUser(3)), DatabaseError);

@@ -1,46 +1,16 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
-#include "adapters/system/TemporaryFolder.h"
+#include "tests/support/ProgramTest.h"
 
 namespace koru {
 namespace {
 
-/// Runs the built program in a home of its own.
-class ScenarioProgramTest : public testing::Test {
+class ScenarioProgramTest : public test::ProgramTest {
  protected:
-  struct Outcome {
-    int code = 0;
-    std::string out;
-    std::string error;
-  };
-
-  [[nodiscard]] Outcome Run(const std::string& arguments) const {
-    const std::string command =
-        "cd '" + Home() +
-        "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM -u KORU_SQLSERVER HOME='" + Home() +
-        "' XDG_CONFIG_HOME='" + Home() + "/config' XDG_DATA_HOME='" + Home() + "/data' XDG_RUNTIME_DIR='" +
-        Home() + "' '" KORU_SCENARIO "' " + arguments + " >out 2>error";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Text("out"), Text("error")};
-  }
-  [[nodiscard]] std::string Home() const { return folder_.Path().string(); }
-  void Write(const std::string& file, const std::string& text) const {
-    std::filesystem::create_directories((folder_.Path() / file).parent_path());
-    std::ofstream(folder_.Path() / file, std::ios::binary) << text;
-  }
-  [[nodiscard]] std::string Text(const std::string& file) const {
-    std::ifstream stream(folder_.Path() / file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-  }
-
-  TemporaryFolder folder_;
+  ScenarioProgramTest() : test::ProgramTest(KORU_SCENARIO) {}
 };
 
 TEST_F(ScenarioProgramTest, Scenarios_are_reported_one_line_each_with_the_counts_at_the_end) {
