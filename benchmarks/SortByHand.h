@@ -17,7 +17,7 @@ std::vector<std::pair<Key, int>> KeysOf(const Grid& grid, int col, const MakeKey
   return keys;
 }
 
-/// Orders ready keys; answers the row that comes first.
+/// Sorts ready keys and returns the row that comes first.
 template <class Key>
 int SortReady(std::vector<std::pair<Key, int>> keys) {
   std::stable_sort(keys.begin(), keys.end(), [](const auto& a, const auto& b) { return a.first < b.first; });

@@ -14,7 +14,7 @@ namespace koru {
 /// The header of a stored counting, read completely.
 struct CountingHeader {
   Recordset counting;   ///< the record of tblInventoryCounting
-  std::string creator;  ///< the full name; empty when nobody knows it
+  std::string creator;  ///< the full name; empty when unknown
   std::array<std::int32_t, 3> counters{};
   std::int32_t confirmer = Selector::kNothing;
   std::int32_t store = Selector::kNothing;

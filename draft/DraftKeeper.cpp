@@ -54,7 +54,7 @@ void DraftKeeper::Tick() {
   }
   if (!changed_ || shared_.services.drafts == nullptr) return;
   ++quietTicks_;
-  if (++waitingTicks_ < kLongestTicks && quietTicks_ < kPauseTicks) return;
+  if (++waitingTicks_ < kMaxTicksUnwritten && quietTicks_ < kPauseTicks) return;
   waitingTicks_ = 0;
   const bool isKnown = std::exchange(failed_, true);
   try {

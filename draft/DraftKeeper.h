@@ -14,7 +14,8 @@ namespace koru {
 
 class LeftDraft;
 
-/// Whose draft an entry on this form is. Throws DatabaseError when the connection text cannot be parsed.
+/// The owner of the drafts of what this user enters over this connection. Throws DatabaseError when the
+/// connection text cannot be parsed.
 [[nodiscard]] DraftOwner OwnerOfDrafts(const std::string& connection, std::int32_t userID);
 
 /// Keeps a draft of the counting that is being entered, where the host has a store of drafts: after each
@@ -23,8 +24,9 @@ class LeftDraft;
 /// destroyed before leaves it.
 class DraftKeeper {
  public:
-  static constexpr int kPauseTicks = 5;     ///< a second without a change
-  static constexpr int kLongestTicks = 25;  ///< five seconds since the first change that is not in the draft
+  static constexpr int kPauseTicks = 5;  ///< a second without a change
+  /// Five seconds since the first change that is not in the draft.
+  static constexpr int kMaxTicksUnwritten = 25;
 
   /// All must outlive the keeper.
   DraftKeeper(InvCountingControls& controls, SharedState& shared, CountingLines& lines,

@@ -8,10 +8,9 @@
 
 namespace koru {
 
-/// Removes what a killed creation of that database file left beside it: files named `<file>.new-<digits>`,
-/// with
-/// `-journal`, `-wal` or `-shm` after it, unless a program is at work on them. A file that cannot be removed
-/// stays.
+/// Removes what a killed creation of that database file left beside it: the files `<file>.new-<digits>` and
+/// those with `-journal`, `-wal` or `-shm` appended, unless a program is using them. A file that cannot be
+/// removed stays.
 void RemoveLeftovers(const std::string& file);
 
 /// Makes a sample database file and reports the progress, after RemoveLeftovers. Throws what

@@ -24,7 +24,7 @@ class SystemQuantity {
   /// stays visible. Returns false when the user cancels, and no line changes.
   bool CalculateAllLines();
 
-  /// Book stock of a good in a store; -1 (no store chosen) has none. Blanks around `barcode` do not count.
+  /// Book stock of a good in a store; -1 (no store chosen) has none. Blanks around `barcode` are ignored.
   [[nodiscard]] double GetQTy(std::int32_t invID, std::string_view barcode);
 
  private:

@@ -30,19 +30,19 @@ class StoredCountingGuard {
 
   /// Begins the write batch of a command. Inside the batch the stored counting is the one that the user has
   /// loaded, or has agreed to overwrite; the user is asked while no lock is held. nullptr: the counting is
-  /// gone, final, or the user does not want to overwrite it; the user knows why, and nothing was written.
+  /// gone, final, or the user does not want to overwrite it; a message has said so, and nothing was written.
   /// Throws DatabaseError.
   [[nodiscard]] std::unique_ptr<WriteBatch> BeginWrite(Purpose purpose);
 
   /// Whether the counting on the form can be edited as it is shown. When another station has changed it, the
-  /// stored one takes its place on the form first; when it is gone or final, the user knows why. Throws
+  /// stored one takes its place on the form first; when it is gone or final, a message says so. Throws
   /// DatabaseError.
   [[nodiscard]] bool MayEdit();
 
   /// Shows the user that the counting on the form was deleted by another station.
   void ReportGone() const;
 
-  /// The counting of that key shall be read anew and shown in the place of the one on the form.
+  /// Asks for the counting of that key to be read again and shown in place of the one on the form.
   Event<std::int32_t> StoredWanted;
 
  private:

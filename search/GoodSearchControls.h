@@ -56,7 +56,7 @@ class GoodSearchControls {
   TreeSelector gmpLocation{form_, "gmpLocation"};
   CheckBox chkAllLBranches{form_, "chkAllLBranches"};
   TreeSelector gmpInventory{form_, "gmpInventory"};  ///< a store whose receipts contain the good
-  TreeSelector gmpProducer{form_, "gmpProducer"};    ///< narrows nothing
+  TreeSelector gmpProducer{form_, "gmpProducer"};    ///< does not narrow the search
   CheckBox chkEmptyAllConds{form_, "chkEmptyAllConds"};
   CheckBox chkShowExistance{form_, "chkShowExistance"};
   CheckBox chkShowRialExistance{form_, "chkShowRialExistance"};

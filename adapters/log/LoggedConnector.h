@@ -11,7 +11,7 @@ namespace koru {
 
 /// Connects through another connector and writes into a log what passes: connections, statements, procedure
 /// calls, write batches, read snapshots; each with its beginning, its duration and its outcome (rows, or the
-/// error's code and text). What fails still fails as it did. Passwords are never written; typed texts where
+/// error's code and text). Failures are passed on unchanged. Passwords are never written; typed texts where
 /// the log's settings say so. Without a log, connections are the other connector's own. The connector must
 /// outlive its connections.
 class LoggedConnector : public DatabaseConnector {

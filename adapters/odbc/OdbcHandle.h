@@ -35,18 +35,18 @@ class OdbcHandle {
   SQLHANDLE handle_ = SQL_NULL_HANDLE;
 };
 
-/// The environment of a connection, which speaks ODBC 3.
+/// The environment of a connection, for version 3 of ODBC.
 class OdbcEnvironment : public OdbcHandle<SQL_HANDLE_ENV> {
  public:
   OdbcEnvironment() : OdbcHandle(SQL_NULL_HANDLE) {
-    // The version is a number in a pointer's clothes; that is how the interface takes it.
+    // The interface takes the version, a number, as a pointer.
     SQLSetEnvAttr(Get(), SQL_ATTR_ODBC_VERSION,
                   reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3),  // NOLINT(performance-no-int-to-ptr)
                   0);
   }
 };
 
-/// The units of a text as ODBC takes them. It writes into them only where it is said to.
+/// The UTF-16 units of a text, as ODBC takes them. It writes only into those of output parameters.
 [[nodiscard]] inline SQLWCHAR* Units(std::u16string& text) {
   return reinterpret_cast<SQLWCHAR*>(text.data());
 }

@@ -14,7 +14,7 @@ struct OdbcTimeouts {
   std::chrono::seconds statement{60};
   std::chrono::seconds lock{30};  ///< for another station's write batch; less than `statement`
 
-  /// Of a batch of `statements`: that of a statement, and a hundredth of it more for each further one.
+  /// The timeout of a batch: that of one statement, and a hundredth of it for each further statement.
   [[nodiscard]] std::chrono::seconds OfBatch(std::size_t statements) const {
     return statement + statement * static_cast<int>(statements - 1) / 100;
   }

@@ -7,10 +7,9 @@
 namespace koru {
 
 /// A parsed `like` pattern: `%` matches any text, `_` one character, `[set]` one character of a set with
-/// ranges
-/// (`[a-f0-9]`), `[^set]` one of the others. A wildcard in a set is literal, and an unclosed set matches
-/// nothing. Characters compare by FoldCharacter, and zero-width non-joiners are ignored. Blanks at the end of
-/// the pattern are significant; blanks at the end of the text are not.
+/// ranges (`[a-f0-9]`), `[^set]` one of the others. A wildcard in a set is literal, and an unclosed set
+/// matches nothing. Characters compare by FoldCharacter, and zero-width non-joiners are ignored. Blanks at
+/// the end of the pattern are significant; blanks at the end of the text are not.
 class LikePattern {
  public:
   explicit LikePattern(std::string_view pattern);

@@ -15,7 +15,7 @@
 
 namespace koru {
 
-/// How much of the notes is stored, and how much the column of the manual number holds, in UTF-16 units.
+/// The maximum lengths of the notes and of the manual number in the database, in UTF-16 units.
 inline constexpr std::size_t kMaxNotesLength = 1000;
 inline constexpr std::size_t kMaxManualCodeLength = 255;
 

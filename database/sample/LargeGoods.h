@@ -22,7 +22,7 @@ struct LargeGood {
   std::optional<double> receiptRate;   ///< of the latest such receipt with a value
 };
 
-/// Made up of `count` goods in the order of their barcodes; nothing is written yet.
+/// Makes `count` goods, in the order of their barcodes. Writes nothing.
 [[nodiscard]] std::vector<LargeGood> MakeLargeGoods(Random& random, int count);
 
 /// Writes the goods with their stock of all stores, and their sale units: one in sixty has none.

@@ -8,7 +8,7 @@ namespace koru::sample {
 /// Goods that differ in kind and size alone. `kinds` and `sizes` are separated by "|"; each combination is a
 /// good.
 struct Family {
-  std::string_view stem;  ///< empty when the kinds say it all
+  std::string_view stem;  ///< empty when the kinds are whole names
   std::string_view kinds;
   std::string_view sizes;  ///< each with "=" and its price in per cent of `price`
   int group;               ///< the goods group

@@ -14,7 +14,7 @@ struct Good {
   int store;          ///< the main store that keeps it
   int unit;           ///< the base unit that documents count it in
   int packing;        ///< the unit that suppliers deliver in; 0 when it is the base unit
-  std::int64_t cost;  ///< in Rials a base unit, at the beginning of 1403
+  std::int64_t cost;  ///< in Rials per base unit, at the beginning of 1403
 };
 
 /// The Iranian barcode of a good: "626", five digits of the maker, four of the good, and the check digit of

@@ -9,7 +9,7 @@ namespace koru::sample {
 /// The tree of goods groups, the types of goods and the currencies.
 void WriteGroups(SqliteConnection& connection);
 
-/// The code of a group, two digits a level; empty for a group that is none.
+/// The code of a group, two digits a level; empty for a key without a group.
 [[nodiscard]] std::string GroupCode(int group);
 
 inline constexpr int kTradeGoods = 1;     ///< type: bought and sold

@@ -19,7 +19,7 @@ class Random {
   /// True in one of `count` cases on average.
   bool OneIn(int count) { return Below(count) == 0; }
 
-  /// `wanted` different places of a list of `size`, or all of them, in no order.
+  /// `wanted` different places of a list of `size`, or all of them, in random order.
   std::vector<std::size_t> Choose(std::size_t size, std::size_t wanted);
 
  private:

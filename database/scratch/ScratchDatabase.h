@@ -19,7 +19,7 @@ class ScratchDatabase {
   /// The connection text for the component.
   [[nodiscard]] const std::string& ConnectionText() const { return connectionText_; }
   [[nodiscard]] bool IsOnServer() const { return onServer_; }
-  /// Connects with that text.
+  /// The connector for that text.
   [[nodiscard]] DatabaseConnector& Connector() { return *connector_; }
 
   /// A connection of its own.

@@ -16,7 +16,7 @@ class GridRow {
  public:
   /// A row of empty cells.
   explicit GridRow(std::size_t cols = 0);
-  /// A row of these texts, one a column.
+  /// A row of these texts, one per column.
   explicit GridRow(std::span<const std::string> texts);
 
   /// Valid until the row changes.

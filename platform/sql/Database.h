@@ -26,8 +26,8 @@ class WriteBatch {
   virtual ~WriteBatch() = default;
 
   /// Stores what was written and ends the batch. Throws DatabaseError when nothing of it is stored, and
-  /// UncertainWrite when nobody knows. The destructor of an unfinished batch (a statement failed) does the
-  /// same but reports no error of its own.
+  /// UncertainWrite when it may be stored or not. The destructor of an unfinished batch (a statement failed)
+  /// does the same but reports no error of its own.
   virtual void Finish() = 0;
 };
 

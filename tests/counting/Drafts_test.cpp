@@ -107,7 +107,7 @@ TEST_F(Drafts, Are_written_after_a_pause_and_every_few_seconds_without_one) {
   Pause();
   EXPECT_EQ(std::filesystem::last_write_time(OnlyFile()), written) << "nothing has changed";
   std::filesystem::remove(OnlyFile());
-  for (int tick = 1; tick < DraftKeeper::kLongestTicks; ++tick) {
+  for (int tick = 1; tick < DraftKeeper::kMaxTicksUnwritten; ++tick) {
     Type(std::to_string(tick));
     Tick();
   }

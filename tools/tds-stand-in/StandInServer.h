@@ -38,7 +38,7 @@ class StandInServer {
   void GiveRowsByKey() { database_.GiveRowsByKey(); }
   /// How long each later request takes beside its work, as over a long line.
   void SetDelay(std::chrono::microseconds delay) { delay_ = delay.count(); }
-  /// The fault of the n-th request from now on (from 1), and of no other. 0: of none.
+  /// Applies the fault to one request from now on: 1 is the next one, 0 cancels.
   void ArrangeFault(int request, Fault fault);
 
  private:
