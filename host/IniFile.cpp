@@ -5,7 +5,9 @@
 #include <iterator>
 #include <system_error>
 
+#include "adapters/system/ErrorText.h"
 #include "adapters/system/SetAside.h"
+#include "adapters/system/WriteWhole.h"
 #include "platform/text/Errors.h"
 #include "platform/text/Text.h"
 
@@ -132,21 +134,17 @@ std::string IniFile::PlaceOf(std::string_view section, std::string_view key) con
 }
 
 void IniFile::Write() const {
-  std::error_code error;
-  std::filesystem::create_directories(file_.parent_path(), error);
-  std::filesystem::path whole = file_;
-  whole += ".new";
-  std::ofstream stream(whole, std::ios::binary | std::ios::trunc);
-  std::filesystem::permissions(
-      whole, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write, error);
-  for (const Line& line : lines_) {
-    stream << (line.key.empty() ? line.text : line.key + "=" + WrittenValue(line.text)) << '\n';
+  std::string text;
+  for (const Line& line : lines_)
+    text += (line.key.empty() ? line.text : line.key + "=" + WrittenValue(line.text)) + '\n';
+  std::error_code ignored;
+  std::filesystem::create_directories(file_.parent_path(), ignored);
+  std::filesystem::path written = file_;
+  written += ".new";
+  if (const std::error_code error = WriteWhole(file_, written, text)) {
+    throw InputError("پروندة تنظيمات نوشته نشد: " + LeftToRight(file_.string()) + " (" + ErrorText(error) +
+                     ")");
   }
-  stream.close();
-  if (stream.good()) std::filesystem::rename(whole, file_, error);
-  if (stream.good() && !error) return;
-  std::filesystem::remove(whole, error);
-  throw InputError("پروندة تنظيمات نوشته نشد: " + LeftToRight(file_.string()));
 }
 
 }  // namespace koru

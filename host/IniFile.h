@@ -29,8 +29,8 @@ class IniFile {
   /// The place of a key, for errors: file and line.
   [[nodiscard]] std::string PlaceOf(std::string_view section, std::string_view key) const;
 
-  /// Writes the file, readable by its owner alone, since a connection text may hold a password. The old file
-  /// is replaced only when the new one is complete. Throws InputError naming the file.
+  /// Writes the file, readable by its owner alone, so that a crash or a power cut leaves the old file or the
+  /// new one (WriteWhole). Throws InputError naming the file.
   void Write() const;
 
  private:
