@@ -1,6 +1,5 @@
 #include "component/comInvCounting.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "counting/controls/DocumentModes.h"
@@ -124,7 +123,9 @@ void comInvCounting::Resize(int width, int height, Grid& flexTempDocs) {
   if (width <= kSmallestWidth || height <= kSmallestHeight) return;
   int others = 0;
   for (int col = 0; col <= 8; ++col) others += col == kStretched ? 0 : flexTempDocs.ColWidth(col);
-  flexTempDocs.SetColWidth(kStretched, others + 200 >= width ? kMinWidth : std::max(0, width - others - 250));
+  const int left = width - others - 250;
+  // Where the others leave 200 to 250 twips, the column would have no width and be hidden.
+  flexTempDocs.SetColWidth(kStretched, left <= 0 ? kMinWidth : left);
 }
 
 }  // namespace koru

@@ -89,7 +89,8 @@ class comInvCounting {
   void Refresh() {}
 
   /// Lays out the control's own grid `flexTempDocs` for a control of this size in twips: it fills the
-  /// control, and its column 7 takes the width that the other columns leave. A control of 4000 twips or less
+  /// control, and its column 7 takes the width that the other columns leave, or 2800
+  /// twips where they leave none. A control of 4000 twips or less
   /// in width, or 2000 or less in height, is left as it is.
   static void Resize(int width, int height, Grid& flexTempDocs);
 

@@ -7,13 +7,12 @@
 #include <iostream>
 #include <memory>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "desktop/forms/MessageDialog.h"
 #include "desktop/toolkit/Application.h"
 #include "desktop/toolkit/QtText.h"
 #include "host/HostSession.h"
 #include "host/HostWindow.h"
-#include "host/SampleProgressWindow.h"
+#include "host/ServerConnection.h"
 #include "platform/text/Errors.h"
 #include "platform/text/Text.h"
 
@@ -22,20 +21,6 @@ namespace {
 
 std::filesystem::path UserFolder(QStandardPaths::StandardLocation kind) {
   return FromQt(QStandardPaths::writableLocation(kind));
-}
-
-/// The sample of the first start; made where it is missing.
-std::string SampleFile() {
-  const std::filesystem::path folder = UserFolder(QStandardPaths::AppDataLocation);
-  std::string file = (folder / "sample.db").string();
-  std::error_code error;
-  if (std::filesystem::exists(file, error)) return file;
-  std::filesystem::create_directories(folder, error);
-  if (error)
-    throw InputError("پوشة داده هاي برنامه ساخته نشد: " + LeftToRight(folder.string()) + " (" +
-                     error.message() + ")");
-  SampleProgressWindow().Make(file);
-  return file;
 }
 
 /// A program that was started from a menu has nobody reading its error output.
@@ -58,7 +43,7 @@ QIcon ProgramIcon() {
 struct Host {
   explicit Host(const std::filesystem::path& settings) : session(settings) {}
   HostSession session;
-  HostWindow window{session};
+  HostWindow window{session, UserFolder(QStandardPaths::AppDataLocation) / "sample.db"};
 };
 
 /// Settings that cannot be read are set aside and reported, so that they never keep anybody from working.
@@ -78,14 +63,12 @@ std::unique_ptr<Host> OpenHost(const std::filesystem::path& settings) {
 int ShowHost(const std::string& connection) {
   const auto host = OpenHost(UserFolder(QStandardPaths::AppConfigLocation) / "koru-counting.ini");
   HostWindow& window = host->window;
-  if (!connection.empty()) host->session.TestConnection(connection);
   if (!connection.empty()) {
+    if (!LacksPassword(connection)) host->session.TestConnection(connection);
     window.Control().SetOLEConnectionString(ToQt(connection));
-  } else if (!IsConnection(FromQt(window.Control().OLEConnectionString()))) {
-    window.Control().SetOLEConnectionString(ToQt(EmbeddedConnectionText(SampleFile())));
   }
   window.show();
-  window.ReadDatabase();
+  window.Start();
   return QApplication::exec();
 }
 

@@ -1,13 +1,13 @@
 #include "host/HostSession.h"
 
-#include <memory>
-
 #include "host/ProgramConnector.h"
 #include "platform/text/Text.h"
 
 namespace koru {
+
 HostSession::HostSession(const std::filesystem::path& settings)
-    : settings_(IniFile::Read(settings)),
+    : settingsFile_(settings),
+      settings_(settings),
       suite_(ProgramConnector()),
       drafts_(settings.parent_path() / "drafts") {}
 
@@ -26,6 +26,10 @@ std::vector<HostSession::User> HostSession::Users(const std::string& connection)
     users.push_back({rows.Field("ID").Integer(), rows.Field("FullName").Text()});
   }
   return users;
+}
+
+std::vector<CountingRow> HostSession::Countings(const std::string& connection) {
+  return ReadCountings(*suite_.Databases().Connect(connection));
 }
 
 bool IsConnection(std::string_view connection) {

@@ -3,20 +3,20 @@
 #include <cstdint>
 #include <exception>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "adapters/system/DraftFiles.h"
+#include "database/sqlserver/CheckDatabase.h"
 #include "desktop/suite/DesktopSuite.h"
-#include "host/IniFile.h"
-#include "host/IniPropertyBag.h"
+#include "host/BackgroundWork.h"
+#include "host/CountingRows.h"
+#include "host/HostSettings.h"
 
 namespace koru {
 
-/// What the host screen works with: the suite, the settings file that is the control's property store, so
-/// that user and database are the same after a restart, and beside it the folder of drafts.
+/// What the host screen works with: the suite, the settings, and beside their file the folder of drafts.
 class HostSession {
  public:
   struct User {
@@ -29,22 +29,30 @@ class HostSession {
   explicit HostSession(const std::filesystem::path& settings);
 
   [[nodiscard]] HostServices Services();
-  [[nodiscard]] PropertyBag& Properties() { return properties_; }
-  /// Writes the properties to the disk. Throws InputError.
-  void SaveProperties() const { settings_.Write(); }
+  [[nodiscard]] HostSettings& Settings() { return settings_; }
+  [[nodiscard]] const std::filesystem::path& SettingsFile() const { return settingsFile_; }
+  [[nodiscard]] BackgroundWork& Background() { return background_; }
 
   /// The users who can sign in, by name. Throws DatabaseError.
   [[nodiscard]] std::vector<User> Users(const std::string& connection);
-  /// Throws DatabaseError with one sentence when the connection text names no usable database.
+  /// All countings. Throws DatabaseError.
+  [[nodiscard]] std::vector<CountingRow> Countings(const std::string& connection);
+  /// Throws DatabaseError with one sentence when the connection text names no usable database. May be called
+  /// on another thread.
   void TestConnection(const std::string& connection) { suite_.Databases().Connect(connection).reset(); }
+  /// The checks of `koru-counting check`. May be called on another thread.
+  [[nodiscard]] std::vector<CheckedThing> Check(const std::string& connection) {
+    return CheckDatabase(suite_.Databases(), connection);
+  }
   /// Shows a failure to the user.
   void ShowFailure(const std::exception& failure) const { suite_.ShowFailure(failure); }
 
  private:
-  IniFile settings_;
-  IniPropertyBag properties_{settings_, "comInvCounting"};
+  std::filesystem::path settingsFile_;
+  HostSettings settings_;
   DesktopSuite suite_;
   DraftFiles drafts_;
+  BackgroundWork background_;  // uses the suite until it has ended
 };
 
 /// Whether a control that holds this connection text was ever given one; "0" is its initial value.

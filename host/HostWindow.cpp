@@ -3,133 +3,197 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
-#include "adapters/sqlite/SqliteConnector.h"
 #include "desktop/fields/Fields.h"
 #include "desktop/forms/FormWindow.h"
-#include "desktop/toolkit/FileChoice.h"
 #include "desktop/toolkit/HelpKey.h"
 #include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
-#include "platform/sql/ConnectionText.h"
-#include "platform/text/Text.h"
+#include "host/AboutDialog.h"
+#include "host/CountingList.h"
+#include "host/ServerConnection.h"
+#include "host/StartPage.h"
 
 namespace koru {
 namespace {
 
-constexpr QSize kDefaultSize(1000, 620);
-constexpr int kUserWidth = 200;
-constexpr int kNumberWidth = 140;
-
-/// The database as it is shown: the file, or the connection text without its password.
-QString DatabaseName(const std::string& connection) {
-  const ConnectionText text = ConnectionText::Parse(connection);
-  const std::string file = text.Get("Data Source");
-  return ToQt(EqualsNoCase(text.Get("Provider"), "SQLite") && !file.empty() ? file : text.WithoutPassword());
-}
+constexpr QSize kDefaultSize(1140, 640);
+constexpr int kUserWidth = 170;
+constexpr int kNumberWidth = 120;
 
 }  // namespace
 
 // The widgets belong to their window, as the toolkit's widgets do.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
-HostWindow::HostWindow(HostSession& session)
+HostWindow::HostWindow(HostSession& session, std::filesystem::path sampleFile)
     : session_(session),
-      control_(new comInvCountingWidget(session.Services(), this)),
-      users_(new QComboBox(this)),
-      database_(new QLabel(this)),
-      number_(new QLineEdit(this)) {
+      sampleFile_(std::move(sampleFile)),
+      sizes_(session.Settings()),
+      pages_(new QStackedWidget(this)),
+      control_(new comInvCountingWidget(session.Services(), this)) {
   setObjectName(QStringLiteral("host"));
   setWindowTitle(QStringLiteral("شمارش انبار"));
   control_->setObjectName(QStringLiteral("comInvCounting"));
-  control_->hide();  // until its database has been read, or the list would report the same failure again
-  control_->ReadProperties(session_.Properties());
+  control_->HideList();
+  control_->hide();  // until its database has been read, or the same failure would be reported again
+  control_->ReadProperties(session_.Settings().Properties());
   connect(control_, &comInvCountingWidget::propertyChanged, this, &HostWindow::KeepProperties);
   auto* const layout = new QVBoxLayout(this);
-  AddSignIn(*layout);
-  AddDoors(*layout);
-  layout->addWidget(control_, 1);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(pages_);
+  AddStartPage();
+  AddWorkPage();
   resize(FirstSize(kDefaultSize));
 }
 
-void HostWindow::AddSignIn(QVBoxLayout& window) {
+void HostWindow::AddStartPage() {
+  start_ = new StartPage(this);
+  pages_->addWidget(start_);
+  connect(start_, &StartPage::sampleWanted, this, &HostWindow::UseSample);
+  connect(start_, &StartPage::fileWanted, this, &HostWindow::UseFile);
+  connect(start_, &StartPage::newFileWanted, this, &HostWindow::UseNewFile);
+  connect(start_, &StartPage::serverWanted, this,
+          [this] { UseServer(IsServer(Connection()) ? Connection() : std::string()); });
+  connect(start_, &StartPage::databaseWanted, this,
+          [this](const QString& connection) { UseRecent(FromQt(connection)); });
+  connect(start_, &StartPage::retryWanted, this, &HostWindow::Start);
+  connect(start_, &StartPage::backWanted, this, &HostWindow::ReadDatabase);
+}
+
+void HostWindow::AddWorkPage() {
+  auto* const work = new QWidget(this);
+  auto* const page = new QVBoxLayout(work);
+  AddSignIn(*page);
+  AddCommands(*page);
+  page->addWidget(control_);
+  countings_ = new CountingList(work);
+  page->addWidget(countings_, 1);
+  pages_->addWidget(work);
+  connect(countings_, &CountingList::countingWanted, control_, &comInvCountingWidget::View);
+  connect(control_, &comInvCountingWidget::listOutdated, this, &HostWindow::ReadCountings);
+}
+
+void HostWindow::AddSignIn(QBoxLayout& page) {
+  users_ = new QComboBox(this);
   users_->setObjectName(QStringLiteral("users"));
   users_->setMinimumWidth(kUserWidth);
   KeepFromWheel(*users_);
+  database_ = new QLabel(this);
   database_->setObjectName(QStringLiteral("database"));
   database_->setTextFormat(Qt::PlainText);
   database_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   database_->setLayoutDirection(Qt::LeftToRight);
   database_->setSizePolicy(QSizePolicy::Ignored,
                            QSizePolicy::Preferred);  // a long path must not widen the window
-  auto* const choose = new QPushButton(QStringLiteral("پايگاه داده..."), this);
-  choose->setObjectName(QStringLiteral("chooseDatabase"));
   auto* const user = new QLabel(QStringLiteral("كاربر"), this);
   user->setBuddy(users_);
   auto* const bar = new QHBoxLayout;
   bar->addWidget(user);
   bar->addWidget(users_);
   bar->addWidget(database_, 1);
-  bar->addWidget(choose);
-  window.addLayout(bar);
+  auto* const choose = AddCommand(*bar, "chooseDatabase", QStringLiteral("پايگاه داده..."), {});
+  page.addLayout(bar);
   connect(users_, &QComboBox::activated, this,
           [this](int index) { control_->SetUserID(users_->itemData(index).toInt()); });
-  connect(choose, &QPushButton::clicked, this, &HostWindow::ChooseDatabase);
+  connect(choose, &QPushButton::clicked, this, [this] { ShowStart({}); });
 }
 
-void HostWindow::AddDoors(QVBoxLayout& window) {
+QPushButton* HostWindow::AddCommand(QBoxLayout& bar, const char* name, const QString& caption,
+                                    const QKeySequence& key) {
+  auto* const button = new QPushButton(caption, this);
+  button->setObjectName(QLatin1String(name));
+  button->setShortcut(key);
+  button->setToolTip(key.toString());
+  bar.addWidget(button);
+  return button;
+}
+
+void HostWindow::AddCommands(QBoxLayout& page) {
+  auto* const bar = new QHBoxLayout;
+  auto* const create = AddCommand(*bar, "new", QStringLiteral("شمارش جديد"), QKeySequence::New);
+  create->setProperty("main", true);
+  number_ = new QLineEdit(this);
   number_->setObjectName(QStringLiteral("number"));
   number_->setPlaceholderText(QStringLiteral("شماره رايانه اي"));
   number_->setMaximumWidth(kNumberWidth);
   KeepDigitsLatin(*number_);
-  auto* const create = new QPushButton(QStringLiteral("شمارش جديد"), this);
-  auto* const open = new QPushButton(QStringLiteral("باز كردن"), this);
-  create->setObjectName(QStringLiteral("new"));
-  create->setProperty("main", true);
-  create->setShortcut(QKeySequence::New);
-  create->setToolTip(QStringLiteral("Ctrl+N"));
   // An underlined letter would break the joining of a Persian word, so a key of its own leads to the number.
   number_->setToolTip(QStringLiteral("Ctrl+O"));
   connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, number_,
           [this] { number_->setFocus(); });
-  open->setObjectName(QStringLiteral("open"));
-  auto* const help = new QPushButton(QStringLiteral("راهنمايي"), this);
-  help->setObjectName(QStringLiteral("help"));
-  help->setToolTip(QStringLiteral("F1"));
-  auto* const bar = new QHBoxLayout;
-  bar->addWidget(create);
-  bar->addWidget(help);
-  bar->addStretch();
+  bar->addSpacing(12);
   bar->addWidget(number_);
-  bar->addWidget(open);
-  window.addLayout(bar);
-  connect(help, &QPushButton::clicked, this, [this] { PressHelpKey(*this); });
-  connect(create, &QPushButton::clicked, control_, &comInvCountingWidget::ClearShow);
+  auto* const open = AddCommand(*bar, "open", QStringLiteral("باز كردن"), {});
+  bar->addStretch();
+  auto* const read = AddCommand(*bar, "refresh", QStringLiteral("تازه كردن"), QKeySequence(Qt::Key_F5));
+  auto* const about = AddCommand(*bar, "aboutProgram", QStringLiteral("دربارة برنامه"), {});
+  auto* const help = AddCommand(*bar, "help", QStringLiteral("راهنمايي"), {});
+  help->setToolTip(QStringLiteral("F1"));
+  page.addLayout(bar);
+  connect(create, &QPushButton::clicked, control_, &comInvCountingWidget::BeginNew);
   connect(open, &QPushButton::clicked, this, &HostWindow::OpenByNumber);
   connect(number_, &QLineEdit::returnPressed, this, &HostWindow::OpenByNumber);
+  connect(read, &QPushButton::clicked, this, &HostWindow::ReadCountings);
+  connect(about, &QPushButton::clicked, this, &HostWindow::ShowAbout);
+  connect(help, &QPushButton::clicked, this, [this] { PressHelpKey(*this); });
 }
 // NOLINTEND(cppcoreguidelines-owning-memory)
 
+std::string HostWindow::Connection() const { return FromQt(control_->OLEConnectionString()); }
+
+void HostWindow::Start() {
+  if (!IsConnection(Connection())) return ShowStart({});
+  if (!LacksPassword(Connection())) return ReadDatabase();
+  ShowStart("گذرواژة سرور نگه داشته نمي\u200cشود؛ براي اتصال دوباره آن را بنويسيد.");
+  QMetaObject::invokeMethod(
+      this, [this] { UseServer(Connection()); }, Qt::QueuedConnection);
+}
+
 void HostWindow::ReadDatabase() {
+  isOpen_ = false;
   control_->hide();
   users_->clear();
-  Try([this] {
-    database_->setText(DatabaseName(FromQt(control_->OLEConnectionString())));
+  try {
+    database_->setText(ToQt(NameOfDatabase(Connection())));
     ShowUsers();
-    control_->show();
-  });
+    session_.Settings().RememberDatabase(Connection());
+    KeepProperties();
+    isOpen_ = true;
+  } catch (const std::exception& failure) {
+    return ShowStart(failure.what());
+  }
+  pages_->setCurrentIndex(pages_->indexOf(countings_->parentWidget()));
+  countings_->FocusRows();
+  control_->show();  // which reads the list, and may offer a draft
+}
+
+void HostWindow::ReadCountings() {
+  try {
+    countings_->Show(session_.Countings(Connection()));
+  } catch (const std::exception& failure) {
+    isOpen_ = false;
+    control_->hide();
+    ShowStart(failure.what());
+  }
+}
+
+void HostWindow::ShowStart(const std::string& sentence) {
+  start_->Show({sentence, session_.Settings().RecentDatabases(), isOpen_, IsConnection(Connection())});
+  pages_->setCurrentWidget(start_);
 }
 
 void HostWindow::ShowUsers() {
-  const auto users = session_.Users(FromQt(control_->OLEConnectionString()));
+  const auto users = session_.Users(Connection());
   for (const HostSession::User& user : users) users_->addItem(ToQt(user.name), user.id);
   int signedIn = users_->findData(control_->UserID());
   if (signedIn < 0 && !users.empty()) {
@@ -138,21 +202,6 @@ void HostWindow::ShowUsers() {
     control_->SetUserID(first->id);
   }
   users_->setCurrentIndex(signedIn);
-}
-
-void HostWindow::ChooseDatabase() {
-  const QString current = database_->text();
-  const QString file =
-      AskForFile({QStringLiteral("انتخاب پايگاه داده"), QFileInfo::exists(current) ? current : QString(),
-                  QStringLiteral("پايگاه داده (*.db);;همة پرونده ها (*)")},
-                 this);
-  if (file.isEmpty()) return;
-  Try([&] {
-    const std::string connection = EmbeddedConnectionText(FromQt(file));
-    session_.TestConnection(connection);  // the old one stays when this one is not usable
-    control_->SetOLEConnectionString(ToQt(connection));
-    if (FromQt(control_->OLEConnectionString()) == connection) ReadDatabase();
-  });
 }
 
 void HostWindow::OpenByNumber() {
@@ -166,10 +215,12 @@ void HostWindow::OpenByNumber() {
   }
 }
 
+void HostWindow::ShowAbout() { AboutDialog(session_, this).exec(); }
+
 void HostWindow::KeepProperties() {
   Try([this] {
-    control_->WriteProperties(session_.Properties());
-    session_.SaveProperties();
+    control_->WriteProperties(session_.Settings().Properties());
+    session_.Settings().Write();
   });
 }
 

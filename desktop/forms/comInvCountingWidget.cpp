@@ -79,7 +79,13 @@ int comInvCountingWidget::ChosenID() const {
   return static_cast<int>(Val(flexTempDocs_.TextMatrix(flexTempDocs_.Row(), Key)));
 }
 
+void comInvCountingWidget::HideList() {
+  list_->hide();
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+}
+
 void comInvCountingWidget::ReadList() {
+  if (list_->isHidden()) return emit listOutdated();
   if (control_.OLEConnectionString() == kNoConnection) return;  // the control has no connection yet
   form_.RunEvent([this] {
     Recordset temporary =
@@ -143,6 +149,19 @@ bool comInvCountingWidget::View(int id) {
 void comInvCountingWidget::ClearShow() {
   form_.RunEvent([this] {
     if (MayDiscardEntry()) control_.ClearShow();
+  });
+  FollowForm();
+}
+
+void comInvCountingWidget::BeginNew() {
+  form_.RunEvent([this] {
+    if (!MayDiscardEntry()) return;
+    // The form may be modal: then its event loop runs inside ClearShow.
+    QTimer::singleShot(0, this, [this] {
+      frmInvCounting* const form = control_.CountingForm();
+      if (form != nullptr && form->Visible()) form->cmdNew.UserClick();
+    });
+    control_.ClearShow();
   });
   FollowForm();
 }

@@ -89,11 +89,19 @@ class comInvCountingWidget : public QWidget, private ControlHost {
   Q_INVOKABLE bool View(int id);
   /// Opens an empty form for a new counting, unless the user keeps the counting that is being entered.
   Q_INVOKABLE void ClearShow();
+  /// Opens a form on which a new counting has begun, as its command New begins it, unless the user keeps the
+  /// counting that is being entered.
+  Q_INVOKABLE void BeginNew();
   Q_INVOKABLE void Refresh() { control_.Refresh(); }
+  /// For a host with a list of its own: the widget then consists of its offer of drafts.
+  void HideList();
 
  signals:
   /// Emitted after the property stored under `key` has changed.
   void propertyChanged(const QString& key);
+  /// Emitted instead of reading a hidden list: when the widget is shown, and when the counting form is
+  /// hidden, which may have stored a counting.
+  void listOutdated();
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,60 +10,17 @@
 #include <QTableView>
 #include <QTextBrowser>
 
-#include "adapters/sqlite/SqliteConnector.h"
-#include "adapters/system/TemporaryFolder.h"
-#include "database/Sample.h"
 #include "desktop/forms/FormWindow.h"
-#include "desktop/toolkit/QtText.h"
 #include "draft/DraftKeeper.h"
 #include "host/SampleProgressWindow.h"
 #include "platform/text/Errors.h"
 #include "tests/desktop/WindowTools.h"
+#include "tests/host/HostFixture.h"
 
 namespace koru {
 namespace {
 
-class HostWindowTest : public testing::Test {
- protected:
-  void SetUp() override { CreateSample(database_, {}); }
-
-  /// A session over the sample, as after a first start.
-  struct Program {
-    explicit Program(const std::filesystem::path& settings) : session(settings) {}
-    HostSession session;
-    HostWindow window{session};
-  };
-  [[nodiscard]] std::unique_ptr<Program> Start(bool first = true) const {
-    auto program = std::make_unique<Program>(settings_);
-    if (first) program->window.Control().SetOLEConnectionString(ToQt(EmbeddedConnectionText(database_)));
-    return program;
-  }
-  template <class Widget>
-  static Widget& Find(HostWindow& window, const char* name) {
-    return *window.findChild<Widget*>(QString::fromLatin1(name));
-  }
-
-  /// The counting form on the screen; nullptr when there is none.
-  static QWidget* InvCountingWindow() {
-    for (QWidget* const window : QApplication::topLevelWidgets()) {
-      if (window->objectName() == QLatin1String("frmInvCounting") && window->isVisible()) return window;
-    }
-    return nullptr;
-  }
-  /// The text of a message, which is acknowledged.
-  static std::string Acknowledge(const QWidget& dialog) {
-    std::string text = dialog.findChild<QLabel*>(QStringLiteral("message"))->text().toStdString();
-    if (const auto* detail = dialog.findChild<QPlainTextEdit*>(QStringLiteral("detail"))) {
-      text += detail->toPlainText().toStdString();
-    }
-    dialog.findChild<QAbstractButton*>(QStringLiteral("ok"))->click();
-    return text;
-  }
-
-  TemporaryFolder folder_;
-  std::string database_ = (folder_.Path() / "a.db").string();
-  std::filesystem::path settings_ = folder_.Path() / "config" / "koru-counting.ini";
-};
+using test::HostWindowTest;
 
 TEST_F(HostWindowTest, Everybody_who_can_sign_in_is_offered_and_somebody_is_signed_in) {
   const auto program = Start();
@@ -77,16 +32,6 @@ TEST_F(HostWindowTest, Everybody_who_can_sign_in_is_offered_and_somebody_is_sign
     EXPECT_LE(program->window.Control().UserID(), users.itemData(user).toInt()) << "who came first";
   }
   EXPECT_EQ(Find<QLabel>(program->window, "database").text().toStdString(), database_);
-}
-
-TEST_F(HostWindowTest, The_temporary_countings_are_listed) {
-  const auto program = Start();
-  test::Open(program->window);
-  program->window.ReadDatabase();
-  const auto& list = Find<QTableView>(program->window, "flexTempDocs");
-  EXPECT_TRUE(list.isVisible());
-  EXPECT_EQ(list.model()->rowCount(), 10);
-  EXPECT_EQ(list.model()->index(0, 1).data().toString(), QStringLiteral("8"));
 }
 
 TEST_F(HostWindowTest, User_and_database_are_the_same_after_a_restart) {
@@ -117,10 +62,7 @@ class HostWindowDrafts : public HostWindowTest {
     HostWindowTest::SetUp();
     const auto program = Start();
     Open(*program);
-    Find<QAbstractButton>(program->window, "new").click();
-    QWidget* const form = InvCountingWindow();
-    ASSERT_NE(form, nullptr);
-    form->findChild<QAbstractButton*>(QStringLiteral("cmdNew"))->click();
+    QWidget* const form = &BeginNew(*program);
     auto* const notes = form->findChild<QPlainTextEdit*>(QStringLiteral("txtNotes"));
     notes->setFocus();
     test::Type(QStringLiteral("انبار پشتي"));
@@ -202,7 +144,7 @@ TEST_F(HostWindowDrafts, That_are_damaged_are_reported_and_the_program_starts) {
   EXPECT_TRUE(reported.starts_with("پيش\u200cنويس شمارش ناقص يا آسيب\u200cديده است.")) << reported;
   EXPECT_TRUE(Files().front().string().ends_with(".damaged"));
   EXPECT_FALSE(OfferOf(*program).isVisible());
-  EXPECT_GT(Find<QTableView>(program->window, "flexTempDocs").model()->rowCount(), 0);
+  EXPECT_GT(Find<QTableView>(program->window, "list").model()->rowCount(), 0);
 }
 
 /// The window of that object name on the screen; nullptr when there is none.
@@ -236,16 +178,28 @@ TEST_F(HostWindowTest, The_keys_of_the_manual_open_the_manual_a_new_counting_and
 
   program->window.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window));
-  auto& list = Find<QTableView>(program->window, "flexTempDocs");
+  auto& list = Find<QTableView>(program->window, "list");
   list.setFocus();
-  list.setCurrentIndex(list.model()->index(0, 1));
+  list.setCurrentIndex(list.model()->index(1, 2));
   test::Press(Qt::Key_Return);
   ASSERT_NE(InvCountingWindow(), nullptr);
-  EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(), "8");
+  EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(),
+            list.model()->index(1, 2).data().toString());
   InvCountingWindow()->close();
 
   program->window.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window));
+  test::Press(Qt::Key_F, Qt::ControlModifier);
+  EXPECT_TRUE(Find<QLineEdit>(program->window, "filter").hasFocus());
+  test::Type("17");
+  EXPECT_EQ(list.model()->rowCount(), 1);
+  test::Press(Qt::Key_Down);
+  EXPECT_TRUE(list.hasFocus());
+  test::Press(Qt::Key_F, Qt::ControlModifier);
+  test::Press(Qt::Key_Escape);
+  EXPECT_GT(list.model()->rowCount(), 1);
+  EXPECT_TRUE(list.hasFocus());
+
   test::Press(Qt::Key_N, Qt::ControlModifier);
   ASSERT_TRUE(
       QTest::qWaitFor([] { return InvCountingWindow() != nullptr; }));  // the button is pressed a while
@@ -289,28 +243,12 @@ TEST_F(HostWindowTest, A_number_that_no_counting_has_is_answered_with_a_message)
   EXPECT_EQ(InvCountingWindow(), nullptr);
 }
 
-TEST_F(HostWindowTest, A_database_that_is_gone_is_reported_once_and_the_window_stays) {
-  const auto program = Start();
-  std::filesystem::remove(database_);
-  test::Open(program->window);
-  std::string shown;
-  test::WhenDialogOpens([&](QWidget& dialog) { shown = Acknowledge(dialog); });
-  program->window.ReadDatabase();
-  EXPECT_NE(shown.find(database_), std::string::npos) << shown;
-  EXPECT_TRUE(program->window.isVisible());
-  EXPECT_FALSE(program->window.Control().isVisible());
-  EXPECT_EQ(Find<QComboBox>(program->window, "users").count(), 0);
-}
-
 TEST_F(HostWindowTest, Closing_asks_before_a_document_that_is_being_entered_is_lost) {
   const auto program = Start();
   program->window.Control().SetUserID(1);
   program->window.ReadDatabase();
   test::Open(program->window);
-  Find<QAbstractButton>(program->window, "new").click();
-  QWidget* const counting = InvCountingWindow();
-  ASSERT_NE(counting, nullptr);
-  counting->findChild<QAbstractButton*>(QStringLiteral("cmdNew"))->click();
+  QWidget* const counting = &BeginNew(*program);
   counting->showMinimized();
   program->window.activateWindow();
   test::WhenDialogOpens([counting](QWidget& dialog) {
