@@ -46,6 +46,10 @@ class HostSession {
   }
   /// Shows a failure to the user.
   void ShowFailure(const std::exception& failure) const { suite_.ShowFailure(failure); }
+  /// Messages::AskQuestion.
+  [[nodiscard]] int AskQuestion(const std::string& title, const std::string& question) const {
+    return suite_.AskQuestion(title, question);
+  }
 
  private:
   std::filesystem::path settingsFile_;

@@ -20,7 +20,10 @@
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
 #include "host/AboutDialog.h"
+#include "host/BackupDialog.h"
+#include "host/Backups.h"
 #include "host/CountingList.h"
+#include "host/RegistrationBackup.h"
 #include "host/ServerConnection.h"
 #include "host/StartPage.h"
 
@@ -40,7 +43,7 @@ HostWindow::HostWindow(HostSession& session, std::filesystem::path sampleFile)
       sampleFile_(std::move(sampleFile)),
       sizes_(session.Settings()),
       pages_(new QStackedWidget(this)),
-      control_(new comInvCountingWidget(session.Services(), this)) {
+      control_(new comInvCountingWidget(ServicesOfControl(), this)) {
   setObjectName(QStringLiteral("host"));
   setWindowTitle(QStringLiteral("شمارش انبار"));
   control_->setObjectName(QStringLiteral("comInvCounting"));
@@ -135,6 +138,7 @@ void HostWindow::AddCommands(QBoxLayout& page) {
   bar->addWidget(number_);
   auto* const open = AddCommand(*bar, "open", QStringLiteral("باز كردن"), {});
   bar->addStretch();
+  auto* const backup = AddCommand(*bar, "backUp", QStringLiteral("پشتيبان گيري..."), {});
   auto* const read = AddCommand(*bar, "refresh", QStringLiteral("تازه كردن"), QKeySequence(Qt::Key_F5));
   auto* const about = AddCommand(*bar, "aboutProgram", QStringLiteral("دربارة برنامه"), {});
   auto* const help = AddCommand(*bar, "help", QStringLiteral("راهنمايي"), {});
@@ -144,6 +148,7 @@ void HostWindow::AddCommands(QBoxLayout& page) {
   connect(open, &QPushButton::clicked, this, &HostWindow::OpenByNumber);
   connect(number_, &QLineEdit::returnPressed, this, &HostWindow::OpenByNumber);
   connect(read, &QPushButton::clicked, this, &HostWindow::ReadCountings);
+  connect(backup, &QPushButton::clicked, this, &HostWindow::ShowBackup);
   connect(about, &QPushButton::clicked, this, &HostWindow::ShowAbout);
   connect(help, &QPushButton::clicked, this, [this] { PressHelpKey(*this); });
 }
@@ -213,6 +218,14 @@ void HostWindow::OpenByNumber() {
     number_->setFocus();
     number_->selectAll();
   }
+}
+
+void HostWindow::ShowBackup() { BackupDialog(session_, EmbeddedFileOf(Connection()), this).exec(); }
+
+HostServices HostWindow::ServicesOfControl() {
+  HostServices services = session_.Services();
+  services.beforeRegistration = [this] { return BackUpBeforeRegistration(session_, Connection()); };
+  return services;
 }
 
 void HostWindow::ShowAbout() { AboutDialog(session_, this).exec(); }

@@ -65,6 +65,8 @@ class HostWindow : public QWidget {
 
   void OpenByNumber();
   void ShowAbout();
+  void ShowBackup();
+  [[nodiscard]] HostServices ServicesOfControl();
   void KeepProperties();
   /// Runs an action of the user and shows what it throws.
   void Try(const std::function<void()>& action) const;

@@ -20,6 +20,8 @@ FinalRegistration::FinalRegistration(InvCountingControls& controls, SharedState&
 
 void FinalRegistration::Run() {
   if (!CheckPermission(shared_, FormPermission::FinalRegistration)) return;
+  const auto& mayBegin = shared_.services.beforeRegistration;
+  if (mayBegin && !mayBegin()) return;
   const Hourglass busy(shared_.services.screen);
   writer_.Save([this]() -> std::optional<LinesDigest> {
     ShowNextCode();

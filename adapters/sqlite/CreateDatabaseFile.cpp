@@ -1,10 +1,10 @@
 #include "adapters/sqlite/CreateDatabaseFile.h"
 
 #include <filesystem>
-#include <random>
 #include <system_error>
 
 #include "adapters/sqlite/FileFormat.h"
+#include "adapters/sqlite/WorkingFile.h"
 #include "platform/sql/DatabaseError.h"
 #include "platform/text/Errors.h"
 #include "platform/text/FilePath.h"
@@ -14,27 +14,6 @@ namespace koru {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// The file under its working name; removed at destruction, with its journals.
-class WorkingFile {
- public:
-  explicit WorkingFile(const fs::path& target) : path_(target) {
-    path_ += ".new-" + std::to_string(std::random_device()());
-  }
-  WorkingFile(const WorkingFile&) = delete;
-  WorkingFile& operator=(const WorkingFile&) = delete;
-  ~WorkingFile() {
-    std::error_code ignored;
-    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
-      fs::path leftover = path_;
-      fs::remove(leftover += suffix, ignored);
-    }
-  }
-  [[nodiscard]] const fs::path& Path() const { return path_; }
-
- private:
-  fs::path path_;
-};
 
 SqliteConnection OpenNew(const fs::path& file, const std::string& path) {
   try {

@@ -90,6 +90,8 @@ class SqliteConnection {
   /// The first column of the first row as an integer; 0 if there is no row.
   std::int64_t Number(std::string_view sql);
 
+  /// For functions of SQLite on two connections or with a callback.
+  [[nodiscard]] sqlite3* Handle() const { return connection_.get(); }
   /// Whether a transaction is open.
   [[nodiscard]] bool InTransaction() const;
   /// Releases the page cache, except for pages in use.

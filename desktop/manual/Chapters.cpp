@@ -7,6 +7,12 @@ namespace koru {
 namespace {
 
 constexpr Chapter kChapters[] = {
+    {"startPage", "databases.html#choose"},
+    {"serverConnection", "server.html#form"},
+    {"backup", "backup.html"},
+    {"backupProgress", "backup.html"},
+    {"about", "log.html"},
+    {"countings", "start.html#list"},
     {"host", "start.html"},
     {"comInvCounting", "start.html#list"},
     {"draftOffer", "start.html#draft"},

@@ -38,6 +38,10 @@ class DesktopSuite {
   [[nodiscard]] DatabaseConnector& Databases() { return *databases_; }
   /// Shows a failure to the user.
   void ShowFailure(const std::exception& failure) const { messages_.ShowFailure(failure); }
+  /// Messages::AskQuestion.
+  [[nodiscard]] int AskQuestion(const std::string& title, const std::string& question) const {
+    return messages_.AskQuestion(title, question);
+  }
 
  private:
   std::unique_ptr<DatabaseConnector> databases_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/ports/Components.h"
@@ -38,6 +39,9 @@ struct HostServices {
   FileSystem& files;
   SpreadsheetStarter& spreadsheets;
   DraftStore* drafts = nullptr;  ///< without one, no draft of an entry is kept
+  /// Asked before a final registration, after the user's right to it: false, and it does not begin. A host
+  /// can take a backup here. Not asked when empty.
+  std::function<bool()> beforeRegistration = {};
 };
 
 }  // namespace koru

@@ -45,6 +45,21 @@ TEST_F(Registration, A_new_counting_is_saved_numbered_and_gets_both_documents) {
   EXPECT_EQ(NewTitledMessages(), Texts{});
 }
 
+TEST_F(Registration, Does_not_begin_when_the_host_refuses_it) {
+  FillHeader();
+  AddLine({.barcode = "100", .unit = "4", .accepted = "7", .system = "2", .surplus = "5"});
+  shared.DocMode = DocumentMode::New;
+  int asked = 0;
+  shared.services.beforeRegistration = [&asked] { return ++asked > 1; };
+  Register();
+  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(Sent(), Texts{});
+  EXPECT_EQ(shared.DocMode, DocumentMode::New);
+  Register();
+  EXPECT_EQ(asked, 2);
+  EXPECT_EQ(Rows("select Code from tblInventoryCounting"), Texts{"1"});
+}
+
 TEST_F(Registration, An_edited_counting_without_differences_gets_its_number_and_no_documents) {
   StoreCounting();
   FillHeader();
