@@ -113,14 +113,15 @@ std::string HelpText() {
   return R"(koru-counting: stock-taking of a store      شمارش موجودي انبار
 
 koru-counting
-    Opens the host screen. The first start makes a sample database to try everything with.
-    صفحة ميزبان را باز مي كند. در نخستين اجرا يك پايگاه دادة نمونه ساخته مي شود.
+    Opens the host screen on the database used last. The first start asks which one: a sample, a file or a server.
+    صفحة ميزبان را باز مي كند، با آخرين پايگاه داده. نخستين اجرا مي پرسد: نمونه، پرونده يا سرور.
 koru-counting --database FILE
     Works on that embedded database file.
     با اين پروندة پايگاه دادة توكار كار مي كند.
 koru-counting --connection TEXT
-    Works on the database of that connection text (Provider=SQLite;... or Provider=SQLOLEDB.1;...).
-    با پايگاه دادة اين رشته اتصال كار مي كند.
+    Works on the database of that connection text (Provider=SQLite;... or Provider=SQLOLEDB.1;...). A password
+    that it lacks is asked for.
+    با پايگاه دادة اين رشته اتصال كار مي كند. گذرواژه اي كه در آن نباشد پرسيده مي شود.
 koru-counting create-sample [--size standard|medium|full] FILE
     Makes a new sample database; an existing file is not changed. full has 2,000,000 document lines.
     پايگاه دادة نمونة تازه اي مي سازد؛ پروندة موجود دست نمي خورد. full دو ميليون سطر سند دارد.

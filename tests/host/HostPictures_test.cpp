@@ -7,6 +7,7 @@
 #include <QTableView>
 
 #include "host/AboutDialog.h"
+#include "host/BackupDialog.h"
 #include "host/ServerDialog.h"
 #include "tests/host/HostFixture.h"
 
@@ -40,9 +41,10 @@ TEST_F(HostPictures, Of_the_first_start_the_list_and_the_choice_of_another_datab
   const auto program = Start(false);
   test::Open(program->window);
   program->window.Start();
-  Take(program->window, "first-start");
+  Take(program->window, "host-first-start");
   program->window.Control().SetOLEConnectionString(ToQt(EmbeddedConnectionText(database_)));
   program->window.ReadDatabase();
+  Find<QLabel>(program->window, "database").setText(QStringLiteral("/srv/suite/counting.db"));
   Take(program->window, "host-list");
   Find<QLineEdit>(program->window, "filter").setText(QStringLiteral("پشتي"));
   std::filesystem::remove(database_);
@@ -50,16 +52,24 @@ TEST_F(HostPictures, Of_the_first_start_the_list_and_the_choice_of_another_datab
   Take(program->window, "lost-database");
 }
 
-TEST_F(HostPictures, Of_the_form_that_connects_to_a_server_and_of_what_the_program_is) {
+TEST_F(HostPictures, Of_the_form_that_connects_to_a_server) {
   HostSession session(settings_);
   ServerDialog dialog(
       session,
       "Provider=SQLOLEDB.1;Driver=None;Data Source=192.0.2.10;Initial Catalog=Suite;User ID=counting",
       nullptr);
   test::Open(dialog);
+  Take(dialog, "host-server");
   Find<QAbstractButton>(dialog, "test").click();
   ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QAbstractButton>(dialog, "test").isEnabled(); }, 60'000));
-  Take(dialog, "server-form");
+  Take(dialog, "server-tested");
+}
+
+TEST_F(HostPictures, Of_backups_and_of_what_the_program_is) {
+  HostSession session(settings_);
+  BackupDialog backup(session, "/srv/suite/counting.db", nullptr);
+  test::Open(backup);
+  Take(backup, "host-backup");
   QApplication::setWindowIcon(QIcon(QStringLiteral(KORU_SOURCES "/packaging/icons/256.png")));
   AboutDialog about(session, nullptr);
   test::Open(about);

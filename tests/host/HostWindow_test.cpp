@@ -206,6 +206,38 @@ TEST_F(HostWindowTest, The_keys_of_the_manual_open_the_manual_a_new_counting_and
   EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(), "");
 }
 
+TEST_F(HostWindowTest, F1_opens_the_manual_at_the_chapter_of_each_window_of_the_host) {
+  const auto program = Start();
+  test::Open(program->window);
+  program->window.Start();
+  const auto pageFrom = [](QWidget& widget) {
+    QTest::keyClick(&widget, Qt::Key_F1);
+    QWidget* const manual = WindowNamed("manual");
+    if (manual == nullptr) return std::string("none");
+    const QUrl page = manual->findChild<QTextBrowser*>("page")->source();
+    manual->close();
+    return (page.fileName() + QLatin1Char('#') + page.fragment()).toStdString();
+  };
+  EXPECT_EQ(pageFrom(Find<QTableView>(program->window, "list")), "start.html#list");
+  std::vector<std::string> pages;
+  for (const char* command : {"backUp", "aboutProgram"}) {
+    test::WhenDialogOpens([&](QWidget& dialog) {
+      pages.push_back(pageFrom(dialog));
+      dialog.close();
+    });
+    Find<QAbstractButton>(program->window, command).click();
+  }
+  Find<QAbstractButton>(program->window, "chooseDatabase").click();
+  pages.push_back(pageFrom(Find<QAbstractButton>(program->window, "openFile")));
+  test::WhenDialogOpens([&](QWidget& dialog) {
+    pages.push_back(pageFrom(dialog));
+    dialog.close();
+  });
+  Find<QAbstractButton>(program->window, "connectServer").click();
+  EXPECT_EQ(pages, (std::vector<std::string>{"backup.html#", "log.html#", "databases.html#choose",
+                                             "server.html#form"}));
+}
+
 TEST_F(HostWindowTest, The_wheel_signs_nobody_else_in) {
   const auto program = Start();
   program->window.ReadDatabase();

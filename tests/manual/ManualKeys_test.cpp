@@ -12,7 +12,8 @@ namespace {
 
 /// The keys of the list of countings, which is the program's and not the component's: tests/host presses
 /// them.
-const std::set<std::string> kKeysOfHost = {"Ctrl+N", "Ctrl+O", "Enter", "F1"};
+const std::set<std::string> kKeysOfHost = {"Ctrl+N", "Ctrl+O", "Ctrl+F", "Enter",
+                                           "Down",   "Escape", "F1",     "F5"};
 
 void Replace(std::string& text, const std::string& old, const std::string& by) {
   for (std::size_t at = text.find(old); at != std::string::npos; at = text.find(old, at + by.size()))
