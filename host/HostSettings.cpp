@@ -48,12 +48,6 @@ void HostSettings::RememberDatabase(const std::string& connection) {
   SetRecent(databases);
 }
 
-void HostSettings::ForgetDatabase(const std::string& connection) {
-  std::vector<std::string> databases = RecentDatabases();
-  std::erase(databases, WithoutPasswords(connection));
-  SetRecent(databases);
-}
-
 void HostSettings::SetRecent(const std::vector<std::string>& databases) {
   for (std::size_t at = 0; at < kMaxRecent; ++at) {
     const std::string key = kRecent + std::to_string(at + 1);

@@ -37,7 +37,6 @@ class HostSettings {
   [[nodiscard]] std::vector<std::string> RecentDatabases() const;
   /// Makes a database the newest one. The same database with another password is the same.
   void RememberDatabase(const std::string& connection);
-  void ForgetDatabase(const std::string& connection);
 
   /// Nothing when the window has no kept size, or one that cannot be read.
   [[nodiscard]] std::optional<WindowSize> SizeOf(std::string_view window) const;
