@@ -1,6 +1,8 @@
 #include "desktop/forms/FormWindow.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
 
 #include "desktop/toolkit/QtText.h"
 
@@ -25,6 +27,17 @@ void FormWindow::Detach() {
   form_ = nullptr;
   changed_.End();
   binding_.Detach();
+}
+
+QPushButton* FormWindow::FocusedCommand() const { return qobject_cast<QPushButton*>(focusWidget()); }
+
+/// A button leaves Enter to its window, except in a dialog of the toolkit. A key that is held down presses
+/// once.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  QPushButton* const button = FocusedCommand();
+  if (!enter || button == nullptr) return QWidget::keyPressEvent(event);
+  if (!event->isAutoRepeat()) button->click();
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

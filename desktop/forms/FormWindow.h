@@ -4,6 +4,8 @@
 
 #include "desktop/forms/FormBinding.h"
 
+class QPushButton;
+
 namespace koru {
 
 /// The window of a form: shows the form's title, and asks the form when the user closes the window.
@@ -21,6 +23,10 @@ class FormWindow : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  /// The command button that has the focus; nullptr if none has.
+  [[nodiscard]] QPushButton* FocusedCommand() const;
+  /// Enter presses the focused command button, as Space does.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   Form* form_;

@@ -307,6 +307,12 @@ void InvCountingWindow::AddLines(QBoxLayout& window) {
   lines_ = new GridView(this);
   SetUpColumns(*lines_);
   Binding().Bind(form_.flexDetail, *lines_);
+  lines_->SetLockedHint([this] {
+    const QString edit = WithKeys(QStringLiteral("«اصلاح»"), QStringLiteral("Ctrl+E"));
+    if (!form_.IsFinal()) return QStringLiteral("براي نوشتن در اين سطرها %1 را بزنيد.").arg(edit);
+    return QStringLiteral("اين شمارش نهايي است: براي نوشتن، %1 و سپس %2 را بزنيد.")
+        .arg(WithKeys(QStringLiteral("«بازگشت به موقت»"), QStringLiteral("Ctrl+Shift+R")), edit);
+  });
   window.addWidget(lines_, 1);
   connect(lines_, &GridView::reported, this,
           [this](const QString& sentence) { hint_->setText(RightToLeft(sentence)); });

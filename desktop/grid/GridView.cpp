@@ -198,6 +198,8 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   }
   const bool takesNumber = TakesNumber(currentIndex());
   const bool isLetter = takesNumber && TypesCharacter(*event) && !IsNumberKey(*event);
+  const bool isRefused = TypesCharacter(*event) && IsLockedForTyping();
+  const bool isFirst = !pace_.IsContinuedBy(*event);
   // A digit opens an editor, which gets the key as well and adds it.
   if (TypesCharacter(*event) && (isLetter || !takesNumber)) pace_.Add(*event, {});
   const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -206,6 +208,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     FocusOutside(key == Qt::Key_Tab);
   } else if (isLetter) {
     RefuseLetter();
+  } else if (isRefused) {
+    ShowCellHint(*this, currentIndex(), lockedHint_());
+    if (isFirst) emit refused();  // once for a barcode
   } else if (enter) {
     EnterPressed();
   } else if (key == Qt::Key_Delete) {
@@ -231,6 +236,12 @@ bool GridView::TakesNumber(const QModelIndex& cell) const {
 void GridView::RefuseLetter() {
   ShowCellHint(*this, currentIndex(), QStringLiteral("اين خانه فقط عدد مي گيرد."));
   emit refused();
+}
+
+/// Whether the current cell would take a typed text if the grid were not locked.
+bool GridView::IsLockedForTyping() const {
+  return lockedHint_ && grid_ != nullptr && grid_->Locked() && currentIndex().isValid() &&
+         grid_->IsEditable(currentIndex().column());
 }
 
 /// Scans the barcode that was sent into the grid. Returns false if there is none.

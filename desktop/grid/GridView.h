@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QTableView>
+#include <functional>
+#include <utility>
 
 #include "desktop/grid/CellClipboard.h"
 #include "desktop/grid/CellEditing.h"
@@ -34,6 +36,9 @@ class GridView : public QTableView {
   [[nodiscard]] bool HasRowNumbers() const { return rowNumbers_; }
   /// The column whose texts are scanned; -1: none.
   void SetScanColumn(int col) { scanning_.SetScanColumn(col); }
+  /// What is shown where a character is typed into an editable column while the grid is locked: a sentence
+  /// that names the way to unlock it. Without one, such typing searches the column.
+  void SetLockedHint(std::function<QString()> hint) { lockedHint_ = std::move(hint); }
   /// The columns that the figures of scanned rows are entered into.
   void SetFigureColumns(int first, int last) { scanning_.SetFigureColumns(first, last); }
 
@@ -91,6 +96,7 @@ class GridView : public QTableView {
   void ReportOrder();
   void UpdateRow(int row);
   void EnterPressed();
+  [[nodiscard]] bool IsLockedForTyping() const;
   bool TakeScan();
   void DeletePressed(bool wholeRow);
 
@@ -104,6 +110,7 @@ class GridView : public QTableView {
   Subscription stateChanged_;
   Subscription rowsChanged_;
   Subscription currentChanged_;
+  std::function<QString()> lockedHint_;
   bool rowNumbers_ = false;
 };
 

@@ -237,7 +237,9 @@ void GoodSearchWindow::ShowHint() {
 }
 
 void GoodSearchWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const QPushButton* const command = FocusedCommand();
+  if (enter && (command == nullptr || command == Binding().WidgetOf(form_.cmdSearch))) {
     form_.cmdSearch.UserClick();
   } else if (event->key() == Qt::Key_Escape) {
     form_.cmdExit.UserClick();

@@ -225,7 +225,9 @@ void InvSearchWindow::ShowEmptyResult() {
 }
 
 void InvSearchWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const QPushButton* const command = FocusedCommand();
+  if (enter && (command == nullptr || command == Binding().WidgetOf(form_.cmdSearch))) {
     Search();
   } else if (event->key() == Qt::Key_Escape) {
     form_.cmdExit.UserClick();

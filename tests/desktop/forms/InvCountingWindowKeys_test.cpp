@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolTip>
 #include <set>
 
 #include "tests/desktop/forms/InvCountingWindowTest.h"
@@ -118,6 +120,42 @@ TEST_F(InvCountingWindowKeys, A_counting_that_is_only_viewed_takes_no_figures) {
   EXPECT_EQ(Counting().flexDetail.TextMatrix(1, LineColumn::AcceptedCounting), "10");
   EXPECT_TRUE(Find<QLineEdit>("txtGNO").isReadOnly());
   EXPECT_FALSE(Find<QWidget>("gmpInventory").isEnabled());
+}
+
+TEST_F(InvCountingWindowKeys, A_figure_typed_into_a_viewed_counting_names_the_command_that_opens_it) {
+  window->activateWindow();
+  auto& lines = Find<GridView>("flexDetail");
+  int refused = 0;
+  QObject::connect(&lines, &GridView::refused, &lines, [&refused] { ++refused; });
+  lines.setFocus();
+  for (const int col : {LineColumn::FirstCounting, LineColumn::AcceptedCounting, LineColumn::Rate}) {
+    Counting().flexDetail.SetCurrent(1, col);
+    QToolTip::hideText();
+    Type("5");
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("«اصلاح»"))) << col;
+  }
+  EXPECT_EQ(refused, 3);
+  Counting().txtCode.SetText("7");
+  Type("5");
+  EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("«بازگشت به موقت»")));
+  Counting().flexDetail.SetCurrent(1, LineColumn::SystemCounting);
+  Type("5");
+  EXPECT_EQ(Counting().flexDetail.Row(), 2) << "a column that is never typed into is searched";
+}
+
+TEST_F(InvCountingWindowKeys, Enter_presses_the_focused_command_once) {
+  window->activateWindow();
+  auto& edit = Find<QPushButton>("cmdEdit");
+  edit.setFocus();
+  ASSERT_TRUE(edit.hasFocus());
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+  QApplication::sendEvent(&edit, &held);
+  EXPECT_FALSE(Counting().IsBeingEntered()) << "a key that is held down presses nothing";
+  Press(Qt::Key_Return);
+  EXPECT_TRUE(Counting().IsBeingEntered());
+  Find<QLineEdit>("txtGNO").setFocus();
+  Press(Qt::Key_Enter);
+  EXPECT_TRUE(Counting().IsBeingEntered());
 }
 
 TEST_F(InvCountingWindowKeys, After_Edit_the_keyboard_is_in_the_lines_by_mouse_as_by_key) {

@@ -123,6 +123,15 @@ TEST_F(GoodSearchWindowTest, Enter_in_a_criterion_searches) {
   EXPECT_EQ(Field("txtMaxQty")->text(), "12");
 }
 
+TEST_F(GoodSearchWindowTest, Enter_on_another_command_presses_that_command) {
+  Field("txtMaxQty")->setFocus();
+  Type("12");
+  window->findChild<QWidget*>("cmdNewSearch")->setFocus();
+  Press(Qt::Key_Return);
+  EXPECT_TRUE(form.Visible()) << "nothing was searched";
+  EXPECT_EQ(Field("txtMaxQty")->text(), QString());
+}
+
 TEST_F(GoodSearchWindowTest, F1_shows_the_menu_with_its_four_captions) {
   Field("txtNotes")->setFocus();
   Press(Qt::Key_F1);
