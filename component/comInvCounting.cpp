@@ -25,8 +25,13 @@ frmInvCounting* comInvCounting::CountingForm() const {
 /// that was unloaded, and one that was loaded from another database: its counting, default store and report
 /// folder are not this database's.
 frmInvCounting& comInvCounting::LoadForm(DocumentMode mode) {
-  if (CountingForm() != nullptr && shared_.data.ConnectionString() != oleConnectionString_) form_->Unload();
-  if (CountingForm() == nullptr) form_ = std::make_unique<frmInvCounting>(shared_);
+  const bool sameConnection = shared_.data.ConnectionString() == oleConnectionString_;
+  if (CountingForm() != nullptr && !sameConnection) form_->Unload();
+  if (CountingForm() == nullptr) {
+    auto form = std::make_unique<frmInvCounting>(shared_);
+    if (form_ && sameConnection) form->TakeGoodSearchOf(*form_);
+    form_ = std::move(form);
+  }
   shared_.user = user_;
   shared_.data.SetConnectionString(oleConnectionString_);
   form_->Load();

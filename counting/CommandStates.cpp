@@ -1,25 +1,68 @@
 #include "counting/CommandStates.h"
 
+#include <string>
+
 #include "lines/LineColumns.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Text.h"
+#include "services/FixQuote.h"
 
 namespace koru {
 namespace {
 
-/// Whether the form holds what a save needs: a date, a store, and a good in the first line.
-bool CanBeSaved(DocumentMode mode, const InvCountingControls& controls) {
-  if (mode == DocumentMode::Viewing || controls.flexDetail.Rows() < 2) return false;
-  return !controls.gdpReceiveDate.IsEmpty() && !controls.gmpInventory.NothingSelected() &&
-         !controls.flexDetail.TextMatrix(1, LineColumn::GoodName).empty();
+/// What a save needs: a date, a store, and a good in the first line.
+struct SaveNeeds {
+  bool hasStore = false;
+  bool hasDate = false;
+  bool hasLines = false;
+
+  [[nodiscard]] bool AreMet() const { return hasStore && hasDate && hasLines; }
+};
+
+SaveNeeds NeedsOf(const InvCountingControls& controls) {
+  const Grid& lines = controls.flexDetail;
+  return {.hasStore = !controls.gmpInventory.NothingSelected(),
+          .hasDate = !controls.gdpReceiveDate.IsEmpty(),
+          .hasLines = lines.Rows() >= 2 && !lines.TextMatrix(1, LineColumn::GoodName).empty()};
+}
+
+/// Why the counting on the form cannot be saved, for the user.
+std::string WhyNotSaved(DocumentMode mode, const SaveNeeds& needs, bool isFinal) {
+  if (mode == DocumentMode::Viewing) {
+    return isFinal ? "اين شمارش ثبت نهايي شده است." : "چيزي براي ثبت نيست: براي تغيير، «اصلاح» را بزنيد.";
+  }
+  if (mode == DocumentMode::Empty) return "شمارشي روي فرم نيست: «جديد» يا «جستجو» را بزنيد.";
+  std::string missing;
+  const auto add = [&missing](bool isMet, const char* what) {
+    if (!isMet) missing += (missing.empty() ? "" : "، ") + std::string(what);
+  };
+  add(needs.hasStore, "انبار");
+  add(needs.hasDate, "تاريخ شمارش");
+  add(needs.hasLines, "سطر كالا (با «كالاها»)");
+  return "براي ثبت، اين ها كم است: " + missing;
+}
+
+/// Save and Register say what they lack, and the fields that lack it are marked.
+void SetRemarks(DocumentMode mode, const SaveNeeds& needs, InvCountingControls& controls) {
+  const std::string why =
+      controls.cmdTmpSave.Enabled() ? std::string() : WhyNotSaved(mode, needs, controls.IsFinal());
+  controls.cmdTmpSave.SetRemark(why);
+  controls.cmdIsFinalized.SetRemark(why);
+  const bool entering = mode == DocumentMode::Editing || mode == DocumentMode::New;
+  controls.gmpInventory.SetRemark(entering && !needs.hasStore ? "انبار شمارش را انتخاب كنيد." : "");
+  const bool isOpen = HasOpenApostrophe(Trim(controls.txtGNO.Text()));
+  controls.txtGNO.SetRemark(entering && isOpen ? "شماره دستي نبايد آپوستروف (') داشته باشد." : "");
+  controls.gdpReceiveDate.SetRemark(entering && !needs.hasDate ? "تاريخ شمارش را بنويسيد." : "");
 }
 
 }  // namespace
 
 void RefreshCommands(DocumentMode mode, InvCountingControls& controls) {
-  const bool canBeSaved = CanBeSaved(mode, controls);
+  const SaveNeeds needs = NeedsOf(controls);
+  const bool canBeSaved = mode != DocumentMode::Viewing && needs.AreMet();
   controls.cmdIsFinalized.SetEnabled(canBeSaved);
   controls.cmdTmpSave.SetEnabled(canBeSaved);
+  SetRemarks(mode, needs, controls);
   controls.cmdView.SetEnabled(!Trim(controls.lblIDVal.Caption()).empty());
   const bool stored = controls.CountingID() > 0 && mode == DocumentMode::Viewing;
   const bool final = Val(controls.txtCode.Text()) > 0;

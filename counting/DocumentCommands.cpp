@@ -29,25 +29,26 @@ void DocumentCommands::Edit() {
   SetMode(DocumentMode::Editing);
 }
 
-void DocumentCommands::Delete() {
-  if (!CheckPermission(shared_, FormPermission::Delete)) return;
+bool DocumentCommands::Delete() {
+  if (!CheckPermission(shared_, FormPermission::Delete)) return false;
   if (controls_.IsFinal()) {
     shared_.messages.ShowMessage(sentences::kError,
                                  "اين شمارش ثبت نهايي شده است و نميتوان آن را ابطال نمود.");
-    return;
+    return false;
   }
-  if (shared_.messages.AskQuestion("حذف شمارش", sentences::kAreYouSure) != kAnswerYes) return;
+  if (shared_.messages.AskQuestion("حذف شمارش", sentences::kAreYouSure) != kAnswerYes) return false;
   const double id = controls_.CountingID();
   const auto batch = guard_.BeginWrite(StoredCountingGuard::Purpose::Delete);
   if (!batch) {
     if (!guard_.IsStored()) LeaveForm();
-    return;
+    return false;
   }
   guard_.Stored().Forget();  // a second try after a failure finds this one's deleted lines
   shared_.data.rssqldelenterdetail.Open(SqlText("delete tblInventoryCountingDetail where CountingID=") + id);
   shared_.data.rssqldelenter.Open(SqlText("delete tblInventoryCounting where id=") + id);
   batch->Finish();
   LeaveForm();
+  return true;
 }
 
 void DocumentCommands::ShowStoredHeader() {

@@ -23,8 +23,9 @@ class DocumentCommands {
   void New();
   /// Opens the counting on the form for changes, unless it is final.
   void Edit();
-  /// Asks, then deletes the counting on the form, unless it is final: its lines, then its header.
-  void Delete();
+  /// Asks, then deletes the counting on the form, unless it is final: its lines, then its header. Whether it
+  /// was deleted.
+  bool Delete();
   /// Asks, then removes all lines from the grid; the database keeps them until the next save.
   void DeleteAll();
   /// Asks, then ends the entry: a stored counting gets its stored header back and keeps the lines of the grid

@@ -9,6 +9,7 @@ void StoreChange::SetUp() {
   const Recordset store =
       shared_.data.rssqlCommon.Open(SqlText("Select ID from tblInventory where IsDefault=1"));
   defaultStore_ = store.RecordCount() == 0 ? kNoDefaultStore : store.Field("ID").Integer();
+  gmpInventory_.OfferOnlyLeaves(defaultStore_);  // the store that HasChildren is not asked about
 }
 
 void StoreChange::Run() {

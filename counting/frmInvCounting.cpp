@@ -2,10 +2,14 @@
 
 #include <utility>
 
+#include "counting/CommandSentences.h"
 #include "counting/CommandStates.h"
 #include "counting/CountingHeader.h"
+#include "counting/GoodsReport.h"
 #include "counting/controls/DocumentModes.h"
+#include "platform/text/Errors.h"
 #include "platform/text/Text.h"
+#include "search/GoodCondition.h"
 #include "services/Permission.h"
 
 namespace koru {
@@ -13,6 +17,8 @@ namespace {
 
 /// After that many ticks of its timer, the form gives the database a moment.
 constexpr int kIdleTicks = 5;
+
+constexpr const char* kEnterGoesDown = "EnterGoesDown";
 
 }  // namespace
 
@@ -41,6 +47,11 @@ frmInvCounting::frmInvCounting(SharedState& shared)
     pgbStatus.SetVisible(false);
   };
   ConnectEvents();
+  ReadPreferences();
+}
+
+frmInvCounting::~frmInvCounting() {
+  if (goodSearch_) goodSearch_->Unload();
 }
 
 void frmInvCounting::Load() {
@@ -64,6 +75,12 @@ void frmInvCounting::ShowInvSearch() {
   Activate();
 }
 
+void frmInvCounting::TakeGoodSearchOf(frmInvCounting& unloaded) {
+  goodSearch_ = std::move(unloaded.goodSearch_);
+  if (goodSearch_)
+    goodSearch_->HandTo([this](SqlText condition) { GoodSearchCondition = std::move(condition); });
+}
+
 const SqlText& frmInvCounting::SearchGoods() {
   if (!goodSearch_) {
     goodSearch_ = std::make_unique<frmGoodSearch>(
@@ -77,7 +94,28 @@ const SqlText& frmInvCounting::SearchGoods() {
 
 void frmInvCounting::AddSearchedGoods() {
   const auto search = [this]() -> const SqlText& { return SearchGoods(); };
-  if (const auto added = addGoods_.Run(search)) GoodsAdded.Raise(*added);
+  const auto before = BarcodesOf(flexDetail);
+  const auto added = addGoods_.Run(search);
+  if (!added) return;
+  GoodsAdded.Raise(*added);
+  const GoodsReport report = ReportOnGoods(*added, goodSearch_->Picked(), before, flexDetail);
+  CommandReported.Raise(report.sentence);
+  if (!report.message.empty()) shared_.messages.ShowMessage(sentences::kWarning, report.message);
+}
+
+void frmInvCounting::OfferScanned(std::string barcode) {
+  if (!IsBeingEntered()) return;
+  cmdAddScanned.SetVisible(false);  // another barcode is another offer
+  scannedBarcode_ = std::move(barcode);
+  cmdAddScanned.SetVisible(true);
+}
+
+void frmInvCounting::AddScannedGood() {
+  const auto added = addGoods_.Add(GoodCondition::OfGood(scannedBarcode_));
+  if (!added) return;
+  cmdAddScanned.SetVisible(false);
+  GoodsAdded.Raise(*added);
+  CommandReported.Raise(*added > 0 ? "كالاي اسكن شده افزوده شد." : "كالايي با اين باركد تعريف نشده است.");
 }
 
 bool frmInvCounting::ViewInvCounting(std::int32_t id) {
@@ -128,6 +166,7 @@ void frmInvCounting::ReadStoredLines() {
 void frmInvCounting::RefreshCommands() {
   koru::RefreshCommands(shared_.DocMode, *this);
   cmdReadLines.SetVisible(shared_.DocMode == DocumentMode::Viewing && !linesAreStored_);
+  if (!IsBeingEntered()) cmdAddScanned.SetVisible(false);
 }
 
 bool frmInvCounting::FillInvCountingData(std::int32_t id) {
@@ -150,33 +189,50 @@ void frmInvCounting::UserClose() {
 
 void frmInvCounting::OnUnload() {
   if (invSearch_) invSearch_->Unload();
-  if (goodSearch_) goodSearch_->Unload();
   shared_.data.Release();
 }
 
 void frmInvCounting::ConnectEvents() {
   cmdNew.Click.Always([this] { Enter([this] { commands_.New(); }); });
   cmdEdit.Click.Always([this] { Enter([this] { commands_.Edit(); }); });
-  cmdDelete.Click.Always([this] { commands_.Delete(); });
+  cmdDelete.Click.Always([this] {
+    const std::string id = lblIDVal.Caption();
+    if (commands_.Delete()) CommandReported.Raise(DeletedSentence(id));
+  });
   cmdDeleteAll.Click.Always([this] { commands_.DeleteAll(); });
   cmdCancel.Click.Always([this] { RunAndTick([this] { commands_.Cancel(); }); });
   cmdExit.Click.Always([this] { Exit(); });
   cmdSearch.Click.Always([this] { ShowInvSearch(); });
   cmdGoods.Click.Always([this] { AddSearchedGoods(); });
   cmdView.Click.Always([this] { viewReport_.Run(linesAreStored_ && !IsBeingEntered()); });
-  cmdExcel.Click.Always([this] { excelExport_.Run(linesAreStored_); });
+  cmdExcel.Click.Always([this] {
+    const std::string file = excelExport_.Run(linesAreStored_);
+    if (!file.empty()) CommandReported.Raise(WorkbookSentence(file));
+  });
   cmdReadLines.Click.Always([this] { ReadStoredLines(); });
+  cmdAddScanned.Click.Always([this] { AddScannedGood(); });
   flexDetail.RowsChanged.Always([this](const GridChange&) {
     if (IsBeingEntered()) linesAreStored_ = false;
   });
   cmdInvExit.Click.Always([this] { linkedDocuments_.OpenDispatch(); });
   cmdInvReceipt.Click.Always([this] { linkedDocuments_.OpenReceipt(); });
   cmdCalc.Click.Always([this] {
-    if (quantity_.CalculateAllLines()) storeOfFigures_.Follow();
+    if (!quantity_.CalculateAllLines()) return;
+    storeOfFigures_.Follow();
+    CommandReported.Raise(CalculatedSentence(*this));
   });
-  cmdTmpSave.Click.Always([this] { Save([this] { temporarySave_.Run(); }); });
-  cmdIsFinalized.Click.Always([this] { Save([this] { finalRegistration_.Run(); }); });
-  mnuRS.Click.Always([this] { returnToTemporary_.Run(); });
+  cmdTmpSave.Click.Always(
+      [this] { Save([this] { return temporarySave_.Run() ? SavedSentence(*this) : std::string(); }); });
+  cmdIsFinalized.Click.Always([this] {
+    Save([this] {
+      const auto documents = finalRegistration_.Run();
+      return documents ? RegisteredSentence(*this, *documents) : std::string();
+    });
+  });
+  mnuRS.Click.Always([this] {
+    const std::string code = txtCode.Text();
+    if (returnToTemporary_.Run()) CommandReported.Raise(ReturnedSentence(code));
+  });
   cmdFunc.Click.Always([this] { mnuRS.Click.Raise(); });
   gmpInventory.SelectionChanged.Always([this] {
     storeChange_.Run();
@@ -241,17 +297,35 @@ void frmInvCounting::RunAndTick(const std::function<void()>& command) {
 }
 
 /// A saved document has its save commands disabled; the keyboard focus moves to the likely next command,
-/// never to one that writes.
-void frmInvCounting::Save(const std::function<void()>& command) {
+/// never to one that writes. `command` returns the sentence about what it did; empty: nothing was written.
+void frmInvCounting::Save(const std::function<std::string()>& command) {
   if (!storeOfFigures_.MayBeStored()) return;
   drafts_.WriteIfPossible();
+  std::string report;
   RunAndTick([&] {
-    command();
+    report = command();
     if (shared_.DocMode != DocumentMode::Viewing) return;
     linesAreStored_ = true;
     flexDetail.KeepOrder();
   });
   if (shared_.DocMode == DocumentMode::Viewing) SetFocus(IsFinal() ? cmdView : cmdEdit);
+  if (!report.empty()) CommandReported.Raise(report);
+}
+
+void frmInvCounting::ReadPreferences() {
+  const PropertyBag* const preferences = shared_.services.preferences;
+  if (preferences == nullptr) return;
+  try {
+    enterGoesDown_ = std::get<bool>(preferences->Read(kEnterGoesDown, false));
+  } catch (const InputError&) {
+    enterGoesDown_ = false;  // a setting that cannot be read keeps nobody from counting
+  }
+}
+
+void frmInvCounting::SetEnterGoesDown(bool down) {
+  enterGoesDown_ = down;
+  if (shared_.services.preferences != nullptr)
+    shared_.services.preferences->Write(kEnterGoesDown, down, false);
 }
 
 }  // namespace koru

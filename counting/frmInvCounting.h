@@ -33,6 +33,9 @@ class frmInvCounting : public Form, public InvCountingControls {
  public:
   /// `shared` must outlive the form.
   explicit frmInvCounting(SharedState& shared);
+  frmInvCounting(const frmInvCounting&) = delete;
+  frmInvCounting& operator=(const frmInvCounting&) = delete;
+  ~frmInvCounting() override;
 
   /// Starts the form up: report folder, grid, creator, store selector, default store, linked documents. Runs
   /// once; after a failure (DatabaseError) the next call starts again from the beginning.
@@ -67,11 +70,29 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// The form's ready flag, kept for the suite (ViewReport::Ready).
   [[nodiscard]] bool Ready() const { return viewReport_.Ready(); }
 
+  /// Whether Enter in a line moves to the next line instead of the next cell to fill: a setting of the user,
+  /// which the host keeps. SetEnterGoesDown throws what the host's store throws; the form has the setting all
+  /// the same.
+  [[nodiscard]] bool EnterGoesDown() const { return enterGoesDown_; }
+  void SetEnterGoesDown(bool down);
+
+  /// Raised when a command is done, with a sentence about what it did.
+  Event<std::string> CommandReported;
   /// Raised after a goods search, with the count of added lines, which may be 0.
   Event<int> GoodsAdded;
 
+  /// A scanned barcode has no line: offers cmdAddScanned, which adds the good. Only while a document is
+  /// entered.
+  void OfferScanned(std::string barcode);
+  /// The barcode that is offered.
+  [[nodiscard]] const std::string& ScannedBarcode() const { return scannedBarcode_; }
+
   /// The condition on tblGood that the goods search left; empty when nothing was searched.
   SqlText GoodSearchCondition;
+
+  /// Takes the goods search, if there is one, out of an unloaded form of the same connection: its criteria
+  /// are kept when the counting form is closed. To be called before this form opens one.
+  void TakeGoodSearchOf(frmInvCounting& unloaded);
 
   void Activate() override;
   /// Closing the window is the command Exit: a document that is being entered is not lost without a question.
@@ -85,18 +106,22 @@ class frmInvCounting : public Form, public InvCountingControls {
   void ShowInvSearch();
   const SqlText& SearchGoods();
   void AddSearchedGoods();
+  void AddScannedGood();
   void ReadStoredLines();
   void Exit();
   bool OpenFound(std::int32_t id);
   void RunAndTick(const std::function<void()>& command);
   void Enter(const std::function<void()>& command);
-  void Save(const std::function<void()>& command);
+  void Save(const std::function<std::string()>& command);
+  void ReadPreferences();
   void Tick();
 
   SharedState& shared_;
   bool started_ = false;
   int idleTicks_ = 0;  ///< ticks since the last command
   bool linesAreStored_ = true;
+  bool enterGoesDown_ = false;
+  std::string scannedBarcode_;
   CountingLines lines_;
   LineEditing editing_;
   SystemQuantity quantity_;

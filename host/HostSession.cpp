@@ -14,6 +14,7 @@ HostSession::HostSession(const std::filesystem::path& settings)
 HostServices HostSession::Services() {
   HostServices services = suite_.Services();
   services.drafts = &drafts_;
+  services.preferences = &settings_.FormPreferences();
   return services;
 }
 

@@ -8,6 +8,7 @@
 
 #include "host/IniFile.h"
 #include "host/IniPropertyBag.h"
+#include "host/Preferences.h"
 
 namespace koru {
 
@@ -32,6 +33,8 @@ class HostSettings {
   explicit HostSettings(const std::filesystem::path& file);
 
   [[nodiscard]] PropertyBag& Properties() { return properties_; }
+  /// The user's settings of the forms; each Write is kept at once.
+  [[nodiscard]] PropertyBag& FormPreferences() { return preferences_; }
 
   /// The connection texts of the databases used, without passwords, the newest first.
   [[nodiscard]] std::vector<std::string> RecentDatabases() const;
@@ -59,6 +62,7 @@ class HostSettings {
 
   IniFile file_;
   Bag properties_{file_, "comInvCounting"};
+  Preferences preferences_{file_};
 };
 
 }  // namespace koru

@@ -35,11 +35,14 @@ class LineBarcodes {
 AddGoods::AddGoods(InvCountingControls& controls, SharedState& shared, CountingLines& lines)
     : controls_(controls), flexDetail_(controls.flexDetail), shared_(shared), lines_(lines) {}
 
+bool AddGoods::HasStore() const {
+  if (!controls_.gmpInventory.NothingSelected()) return true;
+  shared_.messages.ShowMessage(sentences::kError, "انبار انتخاب نشده است.");
+  return false;
+}
+
 bool AddGoods::MayAdd() {
-  if (controls_.gmpInventory.NothingSelected()) {
-    shared_.messages.ShowMessage(sentences::kError, "انبار انتخاب نشده است.");
-    return false;
-  }
+  if (!HasStore()) return false;
   if (flexDetail_.Rows() < 2) return true;
   return shared_.messages.AskQuestion(sentences::kWarning,
                                       "كالاهاي جديد به كالاهاي فعلي اضافه مي شوند. آيا ادامه مي دهيد؟") !=
@@ -50,6 +53,11 @@ std::optional<int> AddGoods::Run(const GoodSearch& search) {
   if (!MayAdd()) return std::nullopt;
   const SqlText& condition = search();
   if (condition.Empty()) return std::nullopt;
+  return Add(condition);
+}
+
+std::optional<int> AddGoods::Add(const SqlText& condition) {
+  if (!HasStore()) return std::nullopt;
   const Recordset found =
       shared_.data.rssqlINVGood.Open(SqlText("Select tblGood.barcode,isnull(tblGood.Code,'') as "
                                              "GoodCode,tblGood.Name as GoodName from tblGood Where ") +

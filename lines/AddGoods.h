@@ -29,6 +29,8 @@ class AddGoods {
   /// lines, or nothing when no search was made. When the user cancels, no line is added and nothing returned.
   /// Throws DatabaseError; the goods whose figures were read by then are added.
   std::optional<int> Run(const GoodSearch& search);
+  /// Adds the goods of a condition in the same way, without a question.
+  std::optional<int> Add(const SqlText& condition);
 
  private:
   /// The goods to be added: records of the search's result, and their barcodes for the statements.
@@ -38,6 +40,7 @@ class AddGoods {
     bool allFit = true;  ///< false when some goods are left out
   };
 
+  [[nodiscard]] bool HasStore() const;
   [[nodiscard]] bool MayAdd();
   [[nodiscard]] NewGoods FindNew(const Recordset& found) const;
   /// False when the user has cancelled.

@@ -6,13 +6,14 @@
 
 namespace koru {
 
-void ExcelExport::Run(bool areStored) {
-  if (controls_.flexDetail.Rows() < 2) return;
+std::string ExcelExport::Run(bool areStored) {
+  if (controls_.flexDetail.Rows() < 2) return {};
   const Hourglass busy(shared_.services.screen);
   const std::unique_ptr<Spreadsheet> sheet = shared_.services.spreadsheets.NewWorkbook();
   Copy(*sheet);
   if (!areStored) sheet->MarkAsUnsaved();
   sheet->LeaveOpen();
+  return sheet->File();
 }
 
 void ExcelExport::Copy(Spreadsheet& sheet) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "counting/controls/InvCountingControls.h"
 #include "platform/ports/Spreadsheet.h"
 #include "services/SharedState.h"
@@ -14,10 +16,10 @@ class ExcelExport {
 
   /// Copies every cell as text, the header row and hidden columns included: the cell of row r and column c to
   /// the sheet's row r + 1 and column c + 1. A grid without lines starts no spreadsheet program. What the
-  /// program throws reaches the caller.
+  /// program throws reaches the caller. Returns the file of the workbook; empty if there is none.
   ///
   /// `areStored`: whether the lines are those in the database; if not, the workbook says so.
-  void Run(bool areStored = true);
+  std::string Run(bool areStored = true);
 
  private:
   void Copy(Spreadsheet& sheet);

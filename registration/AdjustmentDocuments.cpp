@@ -20,7 +20,7 @@ struct AdjustmentDocuments::Texts {
   FixedSql link;
 };
 
-void AdjustmentDocuments::CreateAdjustmentDocuments() {
+AdjustmentDocuments::Written AdjustmentDocuments::CreateAdjustmentDocuments() {
   static constexpr Texts kDispatch{
       .insertHeader =
           "insert into tblInventoryDispatch (inventoryid,creatorid,ReceiveDate,FarsiReceiveDate, createdate,"
@@ -48,11 +48,11 @@ void AdjustmentDocuments::CreateAdjustmentDocuments() {
       .deleteHeader = "Delete tblInventoryReceipt Where ID = ",
       .link = "Update tblInventoryCounting set ReceiptID = "};
   RemoveEarlierDocuments(shared_.data, controls_.CountingID());
-  CreateDocument(kDispatch);
-  CreateDocument(kReceipt);
+  const auto dispatch = CreateDocument(kDispatch);
+  return {dispatch, CreateDocument(kReceipt)};
 }
 
-void AdjustmentDocuments::CreateDocument(const Texts& texts) {
+std::optional<std::int32_t> AdjustmentDocuments::CreateDocument(const Texts& texts) {
   InsertHeader(texts);
   // The suite's other programs insert documents as well: the highest key can be theirs.
   const std::int32_t highest =
@@ -61,9 +61,10 @@ void AdjustmentDocuments::CreateDocument(const Texts& texts) {
   if (InsertLines(texts, documentID)) {
     shared_.data.rssqleditenter.Open(SqlText(texts.link) + documentID +
                                      " Where ID = " + controls_.CountingID());
-  } else {
-    shared_.data.rssqldelenter.Open(SqlText(texts.deleteHeader) + documentID);
+    return documentID;
   }
+  shared_.data.rssqldelenter.Open(SqlText(texts.deleteHeader) + documentID);
+  return {};
 }
 
 void AdjustmentDocuments::InsertHeader(const Texts& texts) {

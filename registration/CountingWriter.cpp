@@ -27,7 +27,7 @@ constexpr const char* kAsksFirst =
     "مي\u200cشود.";
 
 /// The contents of the literals of the notes and the manual number. An apostrophe in the notes is doubled;
-/// one in the manual number ends its literal, and the statement is refused.
+/// one in the manual number would end its literal (CheckTexts).
 SqlText Notes(const InvCountingControls& controls) {
   return SqlText() + Typed(FixQuote(Utf16Prefix(controls.txtNotes.Text(), kMaxNotesLength)));
 }
@@ -38,6 +38,14 @@ SqlText ManualCode(const InvCountingControls& controls) {
 }  // namespace
 
 void CountingWriter::CheckTexts() const {
+  const bool writesHeader = shared_.DocMode == DocumentMode::New || shared_.DocMode == DocumentMode::Editing;
+  if (writesHeader && HasOpenApostrophe(Trim(controls_.txtGNO.Text()))) {
+    controls_.form.SetFocus(controls_.txtGNO);
+    throw InputError(
+        "شماره دستي آپوستروف دارد و ذخيره نمي\u200cشود. آن را از شماره برداريد و دوباره ثبت كنيد. چيزي "
+        "تغيير "
+        "نكرد.");
+  }
   const Grid& lines = controls_.flexDetail;
   for (int row = 1; row < lines.Rows(); ++row) {
     if (lines.TextMatrix(row, LineColumn::GoodName).empty()) continue;
@@ -51,11 +59,11 @@ void CountingWriter::CheckTexts() const {
   }
 }
 
-void CountingWriter::Save(const std::function<std::optional<LinesDigest>()>& write) {
+bool CountingWriter::Save(const std::function<std::optional<LinesDigest>()>& write) {
   CheckTexts();
   if (shared_.DocMode == DocumentMode::New) guard_.Stored().Forget();
   const auto batch = guard_.BeginWrite(StoredCountingGuard::Purpose::Save);
-  if (!batch) return;
+  if (!batch) return false;
   before_ = {shared_.DocMode, controls_.lblIDVal.Caption(), controls_.form.Caption(),
              controls_.txtCode.Text(), guard_.Stored().Remembered()};
   std::optional<LinesDigest> lines;
@@ -68,9 +76,10 @@ void CountingWriter::Save(const std::function<std::optional<LinesDigest>()>& wri
     throw;
   }
   Finish(*batch);
-  if (lines) return;
+  if (lines) return true;
   RestoreForm();
   guard_.ReportGone();
+  return false;
 }
 
 std::optional<LinesDigest> CountingWriter::Write() {
@@ -90,9 +99,10 @@ void CountingWriter::Finish(WriteBatch& batch) {
     const std::optional<bool> isStored = canAsk ? IsStored() : std::nullopt;
     if (isStored && *isStored) return;
     RestoreForm();
-    if (isStored) throw DatabaseError(failure.ServerText(), failure.Code(), failure.Statement());
+    if (isStored)
+      throw DatabaseError(failure.ServerText(), failure.Code(), failure.Statement(), failure.Cause());
     throw UncertainWrite(failure.ServerText() + (before_.mode == DocumentMode::New ? kLookFirst : kAsksFirst),
-                         failure.Code(), failure.Statement());
+                         failure.Code(), failure.Statement(), failure.Cause());
   } catch (const DatabaseError&) {
     RestoreForm();
     throw;

@@ -20,7 +20,8 @@ class CountingWriter {
   CountingWriter(InvCountingControls& controls, SharedState& shared, StoredCountingGuard& guard)
       : controls_(controls), shared_(shared), guard_(guard) {}
 
-  /// Runs a command that calls Write, and whatever else it writes, in one write batch. The command does not
+  /// Runs a command that calls Write, and whatever else it writes, in one write batch. Returns whether the
+  /// counting was written. The command does not
   /// run when another station has deleted or registered the counting, or when the user does not want to
   /// overwrite what another station has stored. Throws InputError, naming the line, when a line holds a text
   /// that no statement can carry; then nothing was sent. Throws what `write` throws; what was written by then
@@ -28,7 +29,7 @@ class CountingWriter {
   /// returns to its state before the command, and the counting is still being entered. A lost batch throws
   /// DatabaseError (nothing of it is stored) or UncertainWrite (it may be: the message names how the user
   /// finds out).
-  void Save(const std::function<std::optional<LinesDigest>()>& write);
+  bool Save(const std::function<std::optional<LinesDigest>()>& write);
 
   /// Inserts the header of a new counting and shows its key, or updates the header of an edited one; in any
   /// other mode no header is written. Then the form turns to viewing, and the lines of the grid replace those

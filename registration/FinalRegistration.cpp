@@ -18,19 +18,21 @@ FinalRegistration::FinalRegistration(InvCountingControls& controls, SharedState&
                                      StoredCountingGuard& guard)
     : controls_(controls), shared_(shared), writer_(controls, shared, guard), documents_(controls, shared) {}
 
-void FinalRegistration::Run() {
-  if (!CheckPermission(shared_, FormPermission::FinalRegistration)) return;
+std::optional<AdjustmentDocuments::Written> FinalRegistration::Run() {
+  if (!CheckPermission(shared_, FormPermission::FinalRegistration)) return {};
   const auto& mayBegin = shared_.services.beforeRegistration;
-  if (mayBegin && !mayBegin()) return;
+  if (mayBegin && !mayBegin()) return {};
   const Hourglass busy(shared_.services.screen);
-  writer_.Save([this]() -> std::optional<LinesDigest> {
+  AdjustmentDocuments::Written documents;
+  const bool isWritten = writer_.Save([&]() -> std::optional<LinesDigest> {
     ShowNextCode();
     controls_.form.SetCaption(kFinalTitle);
     const auto lines = writer_.Write();
     if (!lines || !StoreCode()) return {};
-    documents_.CreateAdjustmentDocuments();
+    documents = documents_.CreateAdjustmentDocuments();
     return lines;
   });
+  return isWritten ? std::optional(documents) : std::nullopt;
 }
 
 void FinalRegistration::ShowNextCode() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "counting/controls/InvCountingControls.h"
 #include "registration/AdjustmentDocuments.h"
 #include "registration/CountingWriter.h"
@@ -14,10 +16,11 @@ class FinalRegistration {
   /// All must outlive the command.
   FinalRegistration(InvCountingControls& controls, SharedState& shared, StoredCountingGuard& guard);
 
-  /// A user without the right gets a message, and nothing happens. txtCode shows the number before anything
+  /// Returns the documents that were written, or nothing when the counting was not registered. A user without
+  /// the right gets a message, and nothing happens. txtCode shows the number before anything
   /// is saved; the database has it after all lines were written. Throws DatabaseError; what was written by
   /// then stays.
-  void Run();
+  std::optional<AdjustmentDocuments::Written> Run();
 
  private:
   void ShowNextCode();

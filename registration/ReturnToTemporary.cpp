@@ -21,19 +21,19 @@ constexpr const char* kNoReturn = " وابسته است. بنابراين امك
 
 }  // namespace
 
-void ReturnToTemporary::Run() {
-  if (!CheckPermission(shared_, FormPermission::ReturnToTemporary)) return;
-  if (Trim(controls_.txtCode.Text()).empty()) return;
-  if (shared_.messages.AskQuestion(sentences::kWarning, kQuestion) == kAnswerNo) return;
+bool ReturnToTemporary::Run() {
+  if (!CheckPermission(shared_, FormPermission::ReturnToTemporary)) return false;
+  if (Trim(controls_.txtCode.Text()).empty()) return false;
+  if (shared_.messages.AskQuestion(sentences::kWarning, kQuestion) == kAnswerNo) return false;
   if (HasFinalDocument("Select * from tblInventoryReceipt Where Code is not null and ID in "
                        "(Select ReceiptID from tblInventoryCounting Where ID = ",
                        kReceiptIsFinal)) {
-    return;
+    return false;
   }
   if (HasFinalDocument("Select * from tblInventoryDispatch Where Code is not null and ID in "
                        "(Select DispatchID from tblInventoryCounting Where ID = ",
                        kDispatchIsFinal)) {
-    return;
+    return false;
   }
   const Hourglass busy(shared_.services.screen);
   const auto batch = shared_.data.BeginWriteBatch();
@@ -49,12 +49,13 @@ void ReturnToTemporary::Run() {
   batch->Finish();
   if (!isReturned) {
     guard_.ReportGone();
-    return;
+    return false;
   }
   const std::string shown = controls_.txtCode.Text();
   controls_.txtCode.SetText("");
   guard_.Stored().RememberReturned(static_cast<std::int32_t>(controls_.CountingID()));
   if (!hadNumber) shared_.messages.ShowMessage(sentences::kWarning, kNumber + shown + kWasNotStored);
+  return true;
 }
 
 bool ReturnToTemporary::HasFinalDocument(FixedSql finalDocumentsOf, const char* message) const {

@@ -16,12 +16,13 @@ class ReturnToTemporary {
   ReturnToTemporary(InvCountingControls& controls, SharedState& shared, StoredCountingGuard& guard)
       : controls_(controls), shared_(shared), guard_(guard) {}
 
-  /// Unless the user answers no, deletes the counting's documents, clears its number and closes the gap in
-  /// the numbers of the other countings. The stored number decides which others move, not the one on the
-  /// form: another return may have moved it, and a number that was never stored moves none. Refused with a
-  /// message when the user lacks the right, or when the receipt or the dispatch has become final. Does
-  /// nothing on a temporary counting. Throws DatabaseError; what was written by then stays.
-  void Run();
+  /// Whether the counting was returned. Unless the user answers no, deletes the counting's documents, clears
+  /// its number and closes the gap in the numbers of the other countings. The stored number decides which
+  /// others move, not the one on the form: another return may have moved it, and a number that was never
+  /// stored moves none. Refused with a message when the user lacks the right, or when the receipt or the
+  /// dispatch has become final. Does nothing on a temporary counting. Throws DatabaseError; what was written
+  /// by then stays.
+  bool Run();
 
  private:
   /// Whether the counting has a document that the document's own component has made final; the message names

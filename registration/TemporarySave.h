@@ -13,9 +13,9 @@ class TemporarySave {
   TemporarySave(InvCountingControls& controls, SharedState& shared, StoredCountingGuard& guard)
       : controls_(controls), shared_(shared), writer_(controls, shared, guard) {}
 
-  /// A user without the right gets a message, and nothing happens. Throws DatabaseError; what was written by
-  /// then stays.
-  void Run();
+  /// Whether the counting was saved. A user without the right gets a message, and nothing happens. Throws
+  /// DatabaseError; what was written by then stays.
+  bool Run();
 
  private:
   InvCountingControls& controls_;

@@ -8,9 +8,14 @@
 #include "services/FixQuote.h"
 
 namespace koru {
+namespace {
+
+constexpr FixedSql kWithBarcode = " tblGood.Barcode<>'' ";
+
+}  // namespace
 
 GoodCondition::GoodCondition(const GoodSearchControls& criteria)
-    : criteria_(criteria), condition_(" tblGood.Barcode<>'' ") {
+    : criteria_(criteria), condition_(kWithBarcode) {
   AddLimits();
   AddDiscounts();
   AddPatterns();
@@ -18,6 +23,10 @@ GoodCondition::GoodCondition(const GoodSearchControls& criteria)
   AddBranch("GoodGroupID", criteria_.gmpProductGroup, criteria_.chkAllBranches, "tblGoodGroupParent");
   AddBranch("TmpLocationID", criteria_.gmpLocation, criteria_.chkAllLBranches, "tblBPLocationChilds");
   AddStore();
+}
+
+SqlText GoodCondition::OfGood(std::string_view barcode) {
+  return SqlText(kWithBarcode) + " and " + " tblGood.BarCode in ('','" + Typed(FixQuote(barcode)) + "')";
 }
 
 void GoodCondition::And(const SqlText& fragment) {

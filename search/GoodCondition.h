@@ -15,6 +15,9 @@ class GoodCondition {
  public:
   explicit GoodCondition(const GoodSearchControls& criteria);
 
+  /// The condition of a goods search that has picked this good alone.
+  [[nodiscard]] static SqlText OfGood(std::string_view barcode);
+
   /// Never empty: goods without a barcode are always excluded.
   [[nodiscard]] const SqlText& Text() const { return condition_; }
 

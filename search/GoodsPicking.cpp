@@ -1,9 +1,11 @@
 #include "search/GoodsPicking.h"
 
 #include <string>
+#include <utility>
 
 #include "platform/ports/ComponentError.h"
 #include "platform/text/Text.h"
+#include "search/PickedList.h"
 
 namespace koru {
 namespace {
@@ -52,6 +54,7 @@ void GoodsPicking::Pick() {
   if (controls_.txtBarCode.Tag().empty() && IsEmpty(*picker)) return;
   const std::string list = picker->List();
   controls_.txtBarCode.SetTag(list);
+  if (picker->LeftStore()) controls_.gmpInventory.ClearSelection();
   if (!list.empty() && !NamesOneGood(list)) {
     for (TextBox* box : {&controls_.txtBarCode, &controls_.txtTitle, &controls_.txtCode})
       box->SetText("چند کالا");
@@ -60,6 +63,16 @@ void GoodsPicking::Pick() {
   controls_.txtTitle.SetText(picker->Name());
   controls_.txtBarCode.SetText(picker->Barcode());
   controls_.txtCode.SetText(picker->Code());
+}
+
+std::vector<PickedGoods::Good> GoodsPicking::GoodsIn(const std::string& list) const {
+  std::vector<PickedGoods::Good> goods;
+  const GoodsPicker* const picker = Picker();
+  for (std::string& barcode : BarcodesIn(list)) {
+    std::string name = picker == nullptr ? std::string() : picker->NameOf(barcode);
+    goods.push_back({std::move(barcode), std::move(name)});
+  }
+  return goods;
 }
 
 }  // namespace koru

@@ -3,9 +3,12 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "platform/ports/GoodsPicker.h"
 #include "search/GoodSearchControls.h"
+#include "search/PickedGoods.h"
 #include "services/SharedState.h"
 
 namespace koru {
@@ -25,7 +28,11 @@ class GoodsPicking {
   void SetInventory(std::int32_t id);
   /// Lets the user pick, keeps the list and shows what was picked: the good, or that there are several. When
   /// nothing was picked, now or before, the fields keep what was typed.
+  /// Where the user has left the store's goods for those of all stores, the search does so, too: a good that
+  /// was never received here could not be added.
   void Pick();
+  /// The goods of a list, with their names.
+  [[nodiscard]] std::vector<PickedGoods::Good> GoodsIn(const std::string& list) const;
 
  private:
   [[nodiscard]] GoodsPicker* Picker() const { return dynamic_cast<GoodsPicker*>(GrnBPGoodPicker_.get()); }

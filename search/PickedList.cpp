@@ -44,4 +44,21 @@ SqlText PickedList(std::string_view list) {
   }
 }
 
+std::vector<std::string> BarcodesIn(std::string_view list) {
+  std::vector<std::string> barcodes;
+  SqlLexer lexer(list);
+  for (SqlToken token = lexer.Next(); token.kind != SqlTokenKind::End && token.kind != SqlTokenKind::Broken;
+       token = lexer.Next()) {
+    if (token.kind != SqlTokenKind::String) continue;
+    const std::string_view literal = lexer.TextOf(token);
+    std::string barcode;
+    for (std::size_t at = 1; at + 1 < literal.size(); ++at) {
+      barcode += literal[at];
+      if (literal[at] == '\'') ++at;  // two of them are one
+    }
+    if (!barcode.empty()) barcodes.push_back(std::move(barcode));
+  }
+  return barcodes;
+}
+
 }  // namespace koru

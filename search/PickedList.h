@@ -1,6 +1,8 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/sql/SqlText.h"
 
@@ -10,5 +12,8 @@ namespace koru {
 /// the content of each literal as typed text. A list that holds anything but literals, commas and parentheses
 /// makes the statement refused as a broken one (CheckTypedSpans).
 [[nodiscard]] SqlText PickedList(std::string_view list);
+
+/// The barcodes of the list, without its empty elements.
+[[nodiscard]] std::vector<std::string> BarcodesIn(std::string_view list);
 
 }  // namespace koru

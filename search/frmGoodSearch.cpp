@@ -83,6 +83,7 @@ void frmGoodSearch::Clear() {
     selector->ClearSelection();
   }
   FlexSearchResult.SetRows(1);
+  picked_ = {};
   setGoodSearchCondition_(SqlText());
 }
 
@@ -104,6 +105,7 @@ void frmGoodSearch::ConnectEvents() {
 
 void frmGoodSearch::Search() {
   setGoodSearchCondition_(GoodCondition(*this).Text());
+  picked_ = {picking_.GoodsIn(txtBarCode.Tag()), CriteriaBesideTheList(*this)};
   Hide();
 }
 

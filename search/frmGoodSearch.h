@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <utility>
 
 #include "platform/controls/Form.h"
 #include "search/GoodSearchControls.h"
@@ -18,6 +19,11 @@ class frmGoodSearch : public Form, public GoodSearchControls {
   /// empty one when the criteria were reset.
   frmGoodSearch(SharedState& shared, std::function<void(SqlText)> SetGoodSearchCondition);
 
+  /// Hands conditions to another counting form from now on.
+  void HandTo(std::function<void(SqlText)> SetGoodSearchCondition) {
+    setGoodSearchCondition_ = std::move(SetGoodSearchCondition);
+  }
+
   /// Starts the form up: InitializeComponents, Clear, the goods picker, and `store`, the one chosen on the
   /// counting form (Selector::kNothing: none). Runs once; after a failure (DatabaseError) the next call runs
   /// it again.
@@ -26,6 +32,9 @@ class frmGoodSearch : public Form, public GoodSearchControls {
   void InitializeComponents();
   /// Resets every criterion and the goods picker, and hands an empty condition over.
   void Clear();
+
+  /// The goods that the last search was made for; none when it was made by patterns.
+  [[nodiscard]] const PickedGoods& Picked() const { return picked_; }
 
   void Activate() override { SetFocus(cmdSearch); }
 
@@ -37,6 +46,7 @@ class frmGoodSearch : public Form, public GoodSearchControls {
   SharedState& shared_;
   std::function<void(SqlText)> setGoodSearchCondition_;
   GoodsPicking picking_;
+  PickedGoods picked_;
   bool started_ = false;
 };
 

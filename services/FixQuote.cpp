@@ -12,4 +12,11 @@ std::string FixQuote(std::string_view text) {
   return doubled;
 }
 
+bool HasOpenApostrophe(std::string_view text) {
+  for (std::size_t at = text.find('\''); at != std::string_view::npos; at = text.find('\'', at + 2)) {
+    if (at + 1 == text.size() || text[at + 1] != '\'') return true;
+  }
+  return false;
+}
+
 }  // namespace koru

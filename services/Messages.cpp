@@ -46,6 +46,30 @@ int Show(const ComponentRegistry& components, const std::string& title, const st
   return resualt;
 }
 
+/// What has happened to a command that failed, and what the user can do about it.
+const char* WhatToDo(DatabaseCause cause) {
+  switch (cause) {
+    case DatabaseCause::DiskFull:
+      return "عمليات انجام نشد: ديسك پايگاه داده پر است. روي آن جا باز كنيد و فرمان را دوباره بزنيد.";
+    case DatabaseCause::Locked:
+      return "عمليات انجام نشد: برنامة ديگري در حال نوشتن در پايگاه داده است. اندكي بعد فرمان را دوباره "
+             "بزنيد.";
+    case DatabaseCause::ReadOnly:
+      return "عمليات انجام نشد: پايگاه داده فقط خواندني است. اجازة نوشتن آن و پوشة آن را از نگهدارندة سيستم "
+             "بخواهيد.";
+    case DatabaseCause::InputOutput:
+      return "عمليات انجام نشد: ديسك پايگاه داده خطا داد. فرمان را دوباره بزنيد؛ اگر تكرار شد، كار را متوقف "
+             "كنيد و نگهدارندة سيستم را خبر كنيد.";
+    case DatabaseCause::Away:
+      return "عمليات انجام نشد: سرور پايگاه داده در دسترس نيست. شبكه و روشن بودن سرور را بررسي كنيد و فرمان "
+             "را "
+             "دوباره بزنيد.";
+    case DatabaseCause::Other:
+      break;
+  }
+  return "عمليات به دليل خطاي پايگاه داده انجام نشد.";
+}
+
 }  // namespace
 
 void Messages::ShowMessage(const std::string& title, const std::string& message) const {
@@ -69,7 +93,7 @@ void Messages::ShowFailure(const std::exception& failure) const {
   if (dynamic_cast<const UncertainWrite*>(&failure) != nullptr) {
     text = "به دليل خطاي پايگاه داده روشن نيست كه تغييرات اين فرمان ذخيره شده باشد.\n";
   } else if (database != nullptr) {
-    text = "عمليات به دليل خطاي پايگاه داده انجام نشد.\n";
+    text = std::string(WhatToDo(database->Cause())) + "\n";
   }
   ShowMessage(sentences::kError, text + failure.what());
 }

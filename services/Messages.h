@@ -35,8 +35,8 @@ class Messages {
   /// asked.
   [[nodiscard]] int AskQuestion(const std::string& title, const std::string& message) const;
 
-  /// Reports a command that failed: a database failure as a sentence followed by the server's text, any other
-  /// failure as its own sentence.
+  /// Reports a command that failed: a database failure as a sentence that names its cause and what to do,
+  /// followed by the database's own text on lines of its own, any other failure as its own sentence.
   void ShowFailure(const std::exception& failure) const;
 
  private:

@@ -20,7 +20,8 @@ class OdbcConnectError : public DatabaseError {
   };
 
   OdbcConnectError(Step step, const std::string& sentence, int code = 0)
-      : DatabaseError(sentence, code, {}), step_(step) {}
+      : DatabaseError(sentence, code, {}, step == Step::Server ? DatabaseCause::Away : DatabaseCause::Other),
+        step_(step) {}
   [[nodiscard]] Step Where() const { return step_; }
 
  private:

@@ -21,7 +21,9 @@ bool IsKey(const Recordset& result) {
   return result.Columns().size() == 1 && result.Columns().front() == kKey;
 }
 
-std::string NotStored(const DatabaseError& loss) { return "تغييرات اين فرمان ثبت نشد. " + loss.ServerText(); }
+std::string NotStored(const DatabaseError& loss) {
+  return "تغييرات اين فرمان ثبت نشد.\n" + loss.ServerText();
+}
 
 }  // namespace
 
@@ -44,7 +46,8 @@ OdbcSession& OdbcDatabase::Session() {
 template <class Work, class Statement>
 auto OdbcDatabase::Tried(Statement statement, Work work) {
   // A new connection would run it outside the transaction.
-  if (batchLoss_) throw DatabaseError(NotStored(*batchLoss_), batchLoss_->Code(), statement());
+  if (batchLoss_)
+    throw DatabaseError(NotStored(*batchLoss_), batchLoss_->Code(), statement(), batchLoss_->Cause());
   OdbcSession& session = Session();
   try {
     return work(session);
@@ -54,12 +57,13 @@ auto OdbcDatabase::Tried(Statement statement, Work work) {
 }
 
 DatabaseError OdbcDatabase::Reported(const DatabaseError& failure, const std::string& statement) {
-  DatabaseError ofStatement(failure.ServerText(), failure.Code(), statement);
+  DatabaseError ofStatement(failure.ServerText(), failure.Code(), statement, failure.Cause());
   const bool isLost = LosesBatch();
   if (session_->IsLost()) session_.reset();
   if (!isLost) return ofStatement;
   batchLoss_ = ofStatement;
-  return {"تغييرات پيشين اين فرمان نيز از دست رفت: " + failure.ServerText(), failure.Code(), statement};
+  return {"تغييرات پيشين اين فرمان نيز از دست رفت.\n" + failure.ServerText(), failure.Code(), statement,
+          failure.Cause()};
 }
 
 /// Whether a failure just now has undone the transaction of the batch.
@@ -148,7 +152,7 @@ void OdbcDatabase::EndBatchLevel() {
   if (--batchLevels_ > 0) return;
   if (const auto loss = std::exchange(batchLoss_, std::nullopt)) {
     if (session_) session_->SetInTransaction(false);
-    throw DatabaseError(NotStored(*loss), loss->Code(), {});
+    throw DatabaseError(NotStored(*loss), loss->Code(), {}, loss->Cause());
   }
   try {
     const bool isStored = server_transaction::Commit(*session_);
@@ -157,8 +161,8 @@ void OdbcDatabase::EndBatchLevel() {
   } catch (const DatabaseError& failure) {
     const bool isLost = session_->IsLost();
     session_.reset();  // whatever it has open ends with it
-    if (isLost) throw UnansweredWrite(failure.ServerText(), failure.Code(), {});
-    throw DatabaseError(NotStored(failure), failure.Code(), {});
+    if (isLost) throw UnansweredWrite(failure.ServerText(), failure.Code(), {}, failure.Cause());
+    throw DatabaseError(NotStored(failure), failure.Code(), {}, failure.Cause());
   }
   throw DatabaseError("تغييرات اين فرمان ثبت نشد.", 0, {});
 }

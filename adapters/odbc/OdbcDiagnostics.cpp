@@ -51,6 +51,27 @@ Diagnostic MostUseful(const std::vector<Diagnostic>& diagnostics) {
   return best == diagnostics.end() ? Diagnostic{} : *best;
 }
 
+DatabaseCause CauseOf(const Diagnostic& diagnostic) {
+  if (diagnostic.state.starts_with("08")) return DatabaseCause::Away;
+  switch (diagnostic.native) {  // the server's own numbers
+    case 1101:                  // no space in the data file
+    case 1105:                  // no space for an object
+    case 9002:                  // the transaction log is full
+      return DatabaseCause::DiskFull;
+    case 1205:  // chosen as the victim of a deadlock
+    case 1222:  // a lock was not granted in time
+      return DatabaseCause::Locked;
+    case 3906:  // a read-only database
+      return DatabaseCause::ReadOnly;
+    case 823:  // the operating system reports an error
+    case 824:  // a page is not consistent
+    case 825:  // a page was read in a second try
+      return DatabaseCause::InputOutput;
+    default:
+      return DatabaseCause::Other;
+  }
+}
+
 bool HasState(const std::vector<Diagnostic>& diagnostics, const std::string& state) {
   return std::any_of(diagnostics.begin(), diagnostics.end(),
                      [&](const Diagnostic& diagnostic) { return diagnostic.state == state; });

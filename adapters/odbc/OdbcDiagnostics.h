@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/sql/DatabaseError.h"
+
 namespace koru {
 
 /// A diagnostic record: what a driver reports about a failed call.
@@ -20,6 +22,9 @@ struct Diagnostic {
 /// The most specific record: a message of the server, else one of the driver, else "could not connect", which
 /// drivers add to every other reason. An empty record if there are none.
 [[nodiscard]] Diagnostic MostUseful(const std::vector<Diagnostic>& diagnostics);
+
+/// What the record means for the user.
+[[nodiscard]] DatabaseCause CauseOf(const Diagnostic& diagnostic);
 
 /// Whether a record has that SQLSTATE.
 [[nodiscard]] bool HasState(const std::vector<Diagnostic>& diagnostics, const std::string& state);

@@ -136,7 +136,7 @@ class Reader {
   void Check(SQLRETURN result) const {
     if (SQL_SUCCEEDED(result)) return;
     const Diagnostic diagnostic = MostUseful(ReadDiagnostics(SQL_HANDLE_STMT, statement_));
-    throw DatabaseError(Described(diagnostic), diagnostic.native, {});
+    throw DatabaseError(Described(diagnostic), diagnostic.native, {}, CauseOf(diagnostic));
   }
 
   SQLHSTMT statement_;

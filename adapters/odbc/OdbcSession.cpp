@@ -98,8 +98,8 @@ void OdbcSession::Connect(const OdbcTarget& target) {
   const Diagnostic best = MostUseful(diagnostics);
   const Step step = WhereItFailed(diagnostics);
   throw OdbcConnectError(step,
-                         Sentence(step, target, IsTimeout(diagnostics), timeouts_) + " (" +
-                             WordsWithoutPassword(Described(best), target.password) + ")",
+                         Sentence(step, target, IsTimeout(diagnostics), timeouts_) + "\n" +
+                             WordsWithoutPassword(Described(best), target.password),
                          best.native);
 }
 
@@ -118,14 +118,15 @@ void OdbcSession::Check(SQLRETURN result, const Handle& statement) {
     return diagnostic.state.starts_with("08");
   });
   lost_ = isTimeout || isGone || HasAttribute(SQL_ATTR_CONNECTION_DEAD);
-  const std::string perhaps = isInTransaction_ ? ". " : "؛ روشن نيست كه اين دستور اجرا شده باشد. ";
+  const std::string perhaps = isInTransaction_ ? ".\n" : "؛ روشن نيست كه اين دستور اجرا شده باشد.\n";
   std::string sentence;
   if (isTimeout) {
     sentence = "سرور در " + std::to_string(limit_.count()) + " ثانيه پاسخي نداد" + perhaps;
   } else if (lost_) {
     sentence = "ارتباط با سرور قطع شد" + perhaps;
   }
-  throw DatabaseError(sentence + Described(best), best.native, {});
+  throw DatabaseError(sentence + Described(best), best.native, {},
+                      lost_ ? DatabaseCause::Away : CauseOf(best));
 }
 
 void OdbcSession::Execute(const Handle& statement, std::string_view text, std::size_t statements) {

@@ -17,7 +17,7 @@ void Begin(OdbcSession& session, std::chrono::seconds lockTimeout) {
   throw DatabaseError("ايستگاه ديگري در حال ذخيره، ثبت نهايي يا بازگرداندن يك شمارش است و در " +
                           std::to_string(lockTimeout.count()) +
                           " ثانيه پايان نيافت. چيزي نوشته نشد؛ اندكي بعد دوباره بكوشيد.",
-                      kNotGranted, {});
+                      kNotGranted, {}, DatabaseCause::Locked);
 }
 
 bool IsAlive(OdbcSession& session) {

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 #include "adapters/sqlite/PersianFunctions.h"
 #include "adapters/sqlite/RankedKeySet.h"
 #include "platform/sql/DatabaseError.h"
@@ -18,7 +20,30 @@ constexpr std::string_view kFindIntegerKey =
     "pragma_table_info(?1) "
     "where pk > 0) where parts = 1 and name = ?2 collate nocase and type = 'INTEGER' collate nocase";
 
+/// The last failure of a connection.
+DatabaseError FailureOf(sqlite3* connection, std::string statement) {
+  const int code = sqlite3_extended_errcode(connection);
+  return {sqlite3_errmsg(connection), code, std::move(statement), CauseOf(code)};
+}
+
 }  // namespace
+
+DatabaseCause CauseOf(int code) {
+  switch (code & 0xFF) {
+    case SQLITE_FULL:
+      return DatabaseCause::DiskFull;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return DatabaseCause::Locked;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+      return code == SQLITE_READONLY_DBMOVED ? DatabaseCause::Other : DatabaseCause::ReadOnly;
+    case SQLITE_IOERR:
+      return DatabaseCause::InputOutput;
+    default:
+      return DatabaseCause::Other;
+  }
+}
 
 void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const noexcept {
   sqlite3_finalize(statement);
@@ -26,9 +51,7 @@ void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const noexce
 
 void SqliteStatement::Check(int result) const {
   if (result == SQLITE_OK) return;
-  sqlite3* connection = sqlite3_db_handle(statement_.get());
-  throw DatabaseError(sqlite3_errmsg(connection), sqlite3_extended_errcode(connection),
-                      sqlite3_sql(statement_.get()));
+  throw FailureOf(sqlite3_db_handle(statement_.get()), sqlite3_sql(statement_.get()));
 }
 
 void SqliteStatement::BindInteger(int parameter, std::int64_t number) {
@@ -120,8 +143,7 @@ SqliteConnection::SqliteConnection(const std::string& path, Mode mode,
 }
 
 void SqliteConnection::Fail(std::string_view statement) const {
-  throw DatabaseError(sqlite3_errmsg(connection_.get()), sqlite3_extended_errcode(connection_.get()),
-                      std::string(statement));
+  throw FailureOf(connection_.get(), std::string(statement));
 }
 
 void SqliteConnection::Execute(const std::string& sql) {

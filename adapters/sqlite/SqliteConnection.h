@@ -8,10 +8,15 @@
 #include <string>
 #include <string_view>
 
+#include "platform/sql/DatabaseError.h"
+
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace koru {
+
+/// What a result code of SQLite, extended or not, means for the user.
+[[nodiscard]] DatabaseCause CauseOf(int code);
 
 /// A prepared statement in SQLite's own dialect. It must not outlive its connection. Everything that fails
 /// throws DatabaseError with SQLite's text, its extended code and the statement.

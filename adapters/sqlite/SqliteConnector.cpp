@@ -16,7 +16,9 @@
 namespace koru {
 namespace {
 
-[[noreturn]] void Fail(const std::string& sentence, int code) { throw DatabaseError(sentence, code, {}); }
+[[noreturn]] void Fail(const std::string& sentence, int code) {
+  throw DatabaseError(sentence, code, {}, CauseOf(code));
+}
 
 std::string FileNamed(const std::string& connectionText) {
   const ConnectionText text = ConnectionText::Parse(connectionText);
@@ -42,7 +44,7 @@ void CheckIsFile(const std::string& file) {
 
 /// Throws what a failure of the first read means for the user.
 [[noreturn]] void FailToRead(const DatabaseError& failure, const std::string& file) {
-  const std::string reason = " (" + failure.ServerText() + ")";
+  const std::string reason = "\n" + failure.ServerText();
   switch (failure.Code() & 0xFF) {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:

@@ -77,7 +77,7 @@ Recordset SqliteDatabase::Open(const SqlText& statement) {
       connection_.ReleasePages();
     return records;
   } catch (const DatabaseError& failure) {
-    const DatabaseError ofStatement(failure.ServerText(), failure.Code(), statement.Text());
+    const DatabaseError ofStatement(failure.ServerText(), failure.Code(), statement.Text(), failure.Cause());
     CheckBatchNotLost(ofStatement);
     throw ofStatement;
   }
@@ -129,7 +129,7 @@ void SqliteDatabase::EndBatchLevel() {
     // This program and others do not see the changes now. But the log may hold all of them on the disk, and
     // then they are found after a crash or a power cut.
     if (PrimaryCode(failure) == SQLITE_IOERR)
-      throw UncertainWrite(failure.ServerText(), failure.Code(), failure.Statement());
+      throw UncertainWrite(failure.ServerText(), failure.Code(), failure.Statement(), failure.Cause());
     throw;
   }
 }
@@ -149,8 +149,8 @@ void SqliteDatabase::RequireFiles(const std::string& statement) const {
 
 void SqliteDatabase::CheckBatchNotLost(const DatabaseError& failure) const {
   if (batchLevels_ == 0 || connection_.InTransaction()) return;
-  throw DatabaseError("تغييرات پيشين اين فرمان نيز از دست رفت: " + failure.ServerText(), failure.Code(),
-                      failure.Statement());
+  throw DatabaseError("تغييرات پيشين اين فرمان نيز از دست رفت.\n" + failure.ServerText(), failure.Code(),
+                      failure.Statement(), failure.Cause());
 }
 
 }  // namespace koru

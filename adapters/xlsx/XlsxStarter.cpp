@@ -87,12 +87,14 @@ class XlsxWorkbook : public Spreadsheet {
   void MarkAsUnsaved() override { title_ = "شمارش ذخيره نشده"; }
 
   void LeaveOpen() override {
-    const std::string path = TextOf(Write());
+    file_ = TextOf(Write());
     ReportCutTexts();
-    if (place_.open && place_.open(path)) return;
+    if (place_.open && place_.open(file_)) return;
     if (place_.showMessage)
-      place_.showMessage("پروندة اكسل ساخته شد، ولي برنامه اي آن را باز نكرد: " + LeftToRight(path));
+      place_.showMessage("پروندة اكسل ساخته شد، ولي برنامه اي آن را باز نكرد: " + LeftToRight(file_));
   }
+
+  [[nodiscard]] std::string File() const override { return file_; }
 
  private:
   void ReportCutTexts() const {
@@ -109,9 +111,10 @@ class XlsxWorkbook : public Spreadsheet {
     fs::create_directories(folder, error);
     if (error) Refuse(folder, error.message());
     const TemporaryFile working(folder);
-    const std::string reason = WriteWorkbook(TextOf(working.Path()), title_, texts_);
-    if (!reason.empty()) Refuse(folder / PathOf(Name(1)), reason);
     int number = 1;
+    while (fs::exists(fs::symlink_status(folder / PathOf(Name(number)), error))) ++number;
+    const std::string reason = WriteWorkbook(TextOf(working.Path()), title_, texts_);
+    if (!reason.empty()) Refuse(folder / PathOf(Name(number)), reason);
     while (!RenameUnlessExists(working.Path(), folder / PathOf(Name(number)))) ++number;
     return folder / PathOf(Name(number));
   }
@@ -123,6 +126,7 @@ class XlsxWorkbook : public Spreadsheet {
   const XlsxPlace place_;
   std::string date_;
   std::string title_ = "شمارش";  ///< of the file and the sheet
+  std::string file_;             ///< set by LeaveOpen
   SheetTexts texts_;
   std::set<std::pair<int, int>> cut_;  ///< row and column of the cells whose texts were cut
 };

@@ -15,6 +15,8 @@ InvCountingControls::InvCountingControls(Form& owner) : form(owner) {
   cmdDeleteAll.SetCaption("حذف همه");
   cmdReadLines.SetCaption("خواندن سطرهاي ذخيره شده");
   cmdReadLines.SetVisible(false);
+  cmdAddScanned.SetCaption("افزودن اين كالا");
+  cmdAddScanned.SetVisible(false);
   cmdTmpSave.SetCaption("ثبت موقت");
   cmdIsFinalized.SetCaption("ثبت نهايي");
   cmdFunc.SetCaption("بازگشت به موقت");

@@ -57,6 +57,7 @@ struct InvCountingControls {
   Button cmdDeleteAll{form, "cmdDeleteAll"};
   Button cmdReadLines{form,
                       "cmdReadLines"};  ///< visible while a viewed counting's lines are not the stored ones
+  Button cmdAddScanned{form, "cmdAddScanned"};  ///< visible while a scanned good without a line is offered
   Button cmdTmpSave{form, "cmdTmpSave"};
   Button cmdIsFinalized{form, "cmdIsFinalized"};
   Button cmdFunc{form, "cmdFunc"};  ///< return to the temporary state

@@ -3,12 +3,12 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QStyle>
 #include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
 
 #include "desktop/fields/CalendarPopup.h"
+#include "desktop/fields/Fields.h"
 #include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 
@@ -127,8 +127,7 @@ void DateBoxEdit::Mark(bool marked) {
   edit_->setToolTip(marked ? QStringLiteral("اين تاريخ درست نيست و پذيرفته نشد.\nتاريخ درست را بنويسيد؛ "
                                             "تاريخ قبلي: Esc، بدون تاريخ: Delete")
                            : QString());
-  edit_->style()->unpolish(edit_);
-  edit_->style()->polish(edit_);
+  StyleAgain(*edit_);
 }
 
 void DateBoxEdit::OpenCalendar() {

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QStyle>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <algorithm>
@@ -57,6 +58,11 @@ QString WithKeys(const QString& text, const QString& keys) {
 }
 
 QString RightToLeft(const QString& text) { return QChar(0x200F) + text; }
+
+void StyleAgain(QWidget& widget) {
+  widget.style()->unpolish(&widget);
+  widget.style()->polish(&widget);
+}
 
 void LimitLength(QPlainTextEdit& field, int units) {
   struct Added {

@@ -29,6 +29,9 @@ inline constexpr Qt::Alignment kTrueRight = Qt::AlignRight | Qt::AlignAbsolute |
 /// Makes `text` right to left even if it begins with a Latin letter.
 [[nodiscard]] QString RightToLeft(const QString& text);
 
+/// Makes the style evaluate the properties of a widget again.
+void StyleAgain(QWidget& widget);
+
 /// Limits the length of the text in UTF-16 units: the end of a longer insertion is removed.
 void LimitLength(QPlainTextEdit& field, int units);
 

@@ -72,6 +72,10 @@ void SelectorPopup::Fill(const std::vector<SelectorRecord>& records) {
     auto* const item = new QStandardItem(name);  // NOLINT(cppcoreguidelines-owning-memory)
     item->setData(record.id, kIdRole);
     item->setData(Folded(name), kFoldedRole);
+    if (!record.offered) {
+      item->setEnabled(false);
+      item->setToolTip(QStringLiteral("اين مورد زيرمجموعه دارد: يكي از موارد زير آن را انتخاب كنيد."));
+    }
     items.push_back(item);
     isTree = isTree || record.parent != SelectorRecord::kNoParent;
   }
@@ -92,12 +96,13 @@ void SelectorPopup::Narrow(const QString& typed) {
   view_->setCurrentIndex(typed.isEmpty() ? QModelIndex() : FirstMatch({}));
 }
 
-/// The first record, from the top, whose own name contains the filter's text.
+/// The first record that is offered, from the top, whose own name contains the filter's text.
 QModelIndex SelectorPopup::FirstMatch(const QModelIndex& under) const {
   const QString wanted = Folded(filter_->text());
   for (int row = 0; row < shown_.rowCount(under); ++row) {
     const QModelIndex index = shown_.index(row, 0, under);
-    if (index.data(kFoldedRole).toString().contains(wanted)) return index;
+    const bool isOffered = index.flags().testFlag(Qt::ItemIsEnabled);
+    if (isOffered && index.data(kFoldedRole).toString().contains(wanted)) return index;
     const QModelIndex below = FirstMatch(index);
     if (below.isValid()) return below;
   }
@@ -107,7 +112,8 @@ QModelIndex SelectorPopup::FirstMatch(const QModelIndex& under) const {
 void SelectorPopup::Show(std::int32_t selected) {
   const QModelIndexList found = shown_.match(shown_.index(0, 0), kIdRole, selected, 1,
                                              Qt::MatchExactly | Qt::MatchRecursive | Qt::MatchWrap);
-  view_->setCurrentIndex(found.isEmpty() ? shown_.index(0, 0) : found.first());
+  const bool isOffered = !found.isEmpty() && found.first().flags().testFlag(Qt::ItemIsEnabled);
+  view_->setCurrentIndex(isOffered ? found.first() : FirstMatch({}));
   view_->scrollTo(view_->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
@@ -130,7 +136,7 @@ bool SelectorPopup::eventFilter(QObject* object, QEvent* event) {
 }
 
 void SelectorPopup::Pick(const QModelIndex& index) {
-  if (!index.isValid()) return;
+  if (!index.isValid() || !index.flags().testFlag(Qt::ItemIsEnabled)) return;
   const auto id = static_cast<std::int32_t>(index.data(kIdRole).toInt());
   hide();
   emit picked(id);

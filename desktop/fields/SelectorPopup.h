@@ -14,7 +14,8 @@ class QTreeView;
 namespace koru {
 
 /// The list or tree that drops down under a selector, with a filter above it. It shows the records whose
-/// names contain the filter's text; variants of Persian letters and digits match. Enter picks, Escape closes.
+/// names contain the filter's text; variants of Persian letters and digits match. Records that are not
+/// offered are pale and cannot become current. Enter picks, Escape closes.
 class SelectorPopup : public QFrame {
   Q_OBJECT
 

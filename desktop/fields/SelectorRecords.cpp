@@ -14,7 +14,7 @@ std::vector<SelectorRecord> ReadRecords(Database& database, const SqlText& state
   std::vector<SelectorRecord> records;
   records.reserve(rows.RecordCount());
   for (; !rows.AtEnd(); rows.MoveNext()) {
-    records.push_back({rows.Field(0).Integer(), rows.Field(1).Text(), SelectorRecord::kNoParent});
+    records.push_back({rows.Field(0).Integer(), rows.Field(1).Text(), SelectorRecord::kNoParent, true});
   }
   return records;
 }
@@ -64,6 +64,15 @@ void FindParents(std::vector<SelectorRecord>& records, const Ancestors& ancestor
   }
 }
 
+void MarkOffered(std::vector<SelectorRecord>& records, const TreeSelector& selector) {
+  std::vector<bool> isLeaf(records.size(), true);
+  for (const SelectorRecord& record : records) {
+    if (record.parent != SelectorRecord::kNoParent) isLeaf[static_cast<std::size_t>(record.parent)] = false;
+  }
+  for (std::size_t i = 0; i < records.size(); ++i)
+    records[i].offered = selector.Offers(records[i].id, isLeaf[i]);
+}
+
 void SortByName(std::vector<SelectorRecord>& records) {
   std::map<std::int32_t, std::string> keys;
   for (const SelectorRecord& record : records) keys.emplace(record.id, PersianSortKey(record.name));
@@ -80,6 +89,7 @@ std::vector<SelectorRecord> SelectorRecords::Tree(const TreeSelector& selector) 
       ReadRecords(database, SqlText("select ID,Name from ") + SqlName(selector.Table()));
   SortByName(records);
   FindParents(records, ReadAncestors(database, selector));
+  MarkOffered(records, selector);
   return records;
 }
 

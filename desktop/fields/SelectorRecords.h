@@ -18,6 +18,7 @@ struct SelectorRecord {
   std::int32_t id = 0;
   std::string name;
   int parent = kNoParent;  ///< the index of the parent in the same list; kNoParent at the top of a tree
+  bool offered = true;     ///< false: shown for the records under it alone
 };
 
 /// Reads the records of selectors over their own connection texts. A connection is opened on first use and
@@ -27,7 +28,7 @@ class SelectorRecords {
   explicit SelectorRecords(DatabaseConnector& databases) : databases_(databases) {}
 
   /// All nodes of the tree in Persian alphabetical order. The parent of a node is its ancestor with the most
-  /// ancestors.
+  /// ancestors. Those that the selector does not offer (TreeSelector::Offers) are marked.
   [[nodiscard]] std::vector<SelectorRecord> Tree(const TreeSelector& selector);
   /// All people, ordered by name.
   [[nodiscard]] std::vector<SelectorRecord> People(const PersonSelector& selector);

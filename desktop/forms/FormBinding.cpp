@@ -1,15 +1,39 @@
 #include "desktop/forms/FormBinding.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QTimer>
+#include <QToolTip>
 #include <QWidget>
 
+#include "desktop/fields/Fields.h"
 #include "desktop/forms/WaitingInput.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/Keys.h"
+#include "desktop/toolkit/QtText.h"
 
 namespace koru {
+namespace {
+
+/// A field with a remark is marked, and assistive programs read the remark; the tooltip shows it
+/// (eventFilter).
+void ShowRemark(const Control& control, QWidget& widget) {
+  QWidget& shown = widget.focusProxy() == nullptr ? widget : *widget.focusProxy();
+  const QString remark = ToQt(control.Remark());
+  if (shown.accessibleDescription() == remark) return;
+  shown.setAccessibleDescription(remark);
+  shown.setProperty("missing", !remark.isEmpty());
+  StyleAgain(shown);
+}
+
+void ShowToolTip(const Control& control, QWidget& widget, QPoint at) {
+  QString text = widget.toolTip();
+  if (!text.isEmpty()) text += u'\n';
+  QToolTip::showText(at, text + ToQt(control.Remark()), &widget);
+}
+
+}  // namespace
 
 FormBinding::FormBinding(Form& form) : form_(&form), listener_(std::make_unique<QObject>()) {
   subscriptions_.push_back(form.FocusChanged.Subscribe([this] { FollowFocus(); }));
@@ -65,6 +89,7 @@ void FormBinding::BindCommon(Control& control, QWidget& widget) {
     if (widget.isEnabledTo(widget.parentWidget()) != control.Enabled()) widget.setEnabled(control.Enabled());
     if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
   });
+  Follow(control, [&control, &widget] { ShowRemark(control, widget); });
   // The form may have set the focus before it had a window.
   if (form_->Focus() == &control) widget.setFocus(Qt::OtherFocusReason);
 }
@@ -78,6 +103,10 @@ bool FormBinding::eventFilter(QObject* object, QEvent* event) {
     found->second->UserKey(PressOf(*static_cast<QKeyEvent*>(event)));
   } else if (event->type() == QEvent::ContextMenu) {
     found->second->UserRightClick();
+  } else if (event->type() == QEvent::ToolTip && !found->second->Remark().empty()) {
+    auto& widget = static_cast<QWidget&>(*object);
+    ShowToolTip(*found->second, widget, static_cast<const QHelpEvent*>(event)->globalPos());
+    return true;
   }
   return false;
 }

@@ -45,7 +45,7 @@ enum class BlockedBy { Nothing, Figures, FiguresAndDates };
 /// Binds the controls of a form to the widgets of its window in both directions: a bound widget shows its
 /// control's state from the start, and user input is passed to the control's `User...` operations. Changes by
 /// the program are shown and never passed back as user input. The focus is the same on both sides. The object
-/// name of a widget is its control's name.
+/// name of a widget is its control's name. A remark of a control follows its tooltip, and marks a field.
 ///
 /// Detach ends all bindings; the controls may then be destroyed before the widgets.
 class FormBinding : public QObject {

@@ -12,7 +12,6 @@
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
-#include <QStyle>
 #include <QTimer>
 #include <algorithm>
 
@@ -27,12 +26,6 @@
 
 namespace koru {
 namespace {
-
-/// Makes the style evaluate the properties of a widget again.
-void StyleAgain(QWidget& widget) {
-  widget.style()->unpolish(&widget);
-  widget.style()->polish(&widget);
-}
 
 /// The interval at which a progress bar is drawn, 25 times a second: a higher rate is not visible.
 constexpr int kMsBetweenFrames = 40;

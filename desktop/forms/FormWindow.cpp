@@ -11,9 +11,15 @@ namespace koru {
 FormWindow::FormWindow(Form& form) : form_(&form), binding_(form) {
   setObjectName(ToQt(form.Name()));
   setWindowTitle(ToQt(form.Caption()));
-  changed_ = form.StateChanged.Subscribe([this] {
-    if (!form_->Caption().empty()) setWindowTitle(ToQt(form_->Caption()));
-  });
+  changed_ = form.StateChanged.Subscribe([this] { ShowTitle(); });
+}
+
+QString FormWindow::Title() const {
+  return form_->Caption().empty() ? windowTitle() : ToQt(form_->Caption());
+}
+
+void FormWindow::ShowTitle() {
+  if (form_ != nullptr) setWindowTitle(Title());
 }
 
 void FormWindow::ComeToFront() {

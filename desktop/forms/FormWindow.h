@@ -22,6 +22,10 @@ class FormWindow : public QWidget {
   void Detach();
 
  protected:
+  /// The title of the window: that of the form, which is kept while the form has none.
+  [[nodiscard]] virtual QString Title() const;
+  /// Shows another Title.
+  void ShowTitle();
   void closeEvent(QCloseEvent* event) override;
   /// The command button that has the focus; nullptr if none has.
   [[nodiscard]] QPushButton* FocusedCommand() const;

@@ -23,13 +23,14 @@
 #include "desktop/fields/DateBoxEdit.h"
 #include "desktop/fields/Fields.h"
 #include "desktop/fields/SelectorEdit.h"
+#include "desktop/fields/StatusLine.h"
+#include "desktop/forms/LineColumnStyles.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/HelpKey.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/ShownNumber.h"
 #include "desktop/toolkit/WindowPlace.h"
 #include "lines/LineColumns.h"
-#include "lines/LineEditing.h"
 
 // The widgets are owned by their Qt parents.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
@@ -44,11 +45,6 @@ constexpr const char* kNarrowStyle =
 constexpr const char* kKeysOfLines =
     "خانه بعد: Enter    ويرايش خانه: F2    ورود/خروج جدول: Ctrl+Tab    حذف سطر: Ctrl+Del    "
     "ليست و تقويم: F4";
-constexpr const char* kTooLarge =
-    "اين عدد از 1,000,000,000 بيشتر است. اگر باركد يا عددي اشتباه است، آن را اصلاح كنيد؛ اين نشانه تا تغيير "
-    "عدد مي ماند.";
-constexpr QColor kShortage(0xA8, 0x1E, 0x16);
-constexpr QColor kSurplus(0x17, 0x4E, 0xA6);
 
 bool IsNarrow() { return FirstSize(kDefaultSize).width() < kRoomyWidth; }
 
@@ -68,34 +64,6 @@ void AddGap(QBoxLayout& bar) {
   bar.addWidget(line);
 }
 
-void SetUpColumns(GridView& lines) {
-  for (int col = LineColumn::FirstCounting; col < kLineColumns; ++col) {
-    ColumnStyle style;
-    style.number = true;
-    style.grouped = col >= LineColumn::Rate;
-    if (col == LineColumn::Shortage || col == LineColumn::ShortageAmount) {
-      style.sign = ColumnStyle::Sign::Down;
-      style.color = kShortage;
-    } else if (col == LineColumn::Surplus || col == LineColumn::SurplusAmount) {
-      style.sign = ColumnStyle::Sign::Up;
-      style.color = kSurplus;
-    }
-    const bool typed = col <= LineColumn::AcceptedCounting || col == LineColumn::Rate;
-    if (typed) {
-      style.maxUnmarked = kMaxQuantityWithoutWarning;
-      style.markText = QString::fromUtf8(kTooLarge);
-    }
-    lines.SetColumnStyle(col, style);
-  }
-  ColumnStyle key;
-  key.hidden = true;  // the name of the unit has its own column
-  lines.SetColumnStyle(LineColumn::ScaleID, key);
-  lines.SetStretchColumn(LineColumn::GoodName);
-  lines.SetRowNumbers(true);
-  lines.SetScanColumn(LineColumn::Barcode);
-  lines.SetFigureColumns(LineColumn::FirstCounting, LineColumn::AcceptedCounting);
-}
-
 }  // namespace
 
 InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& records)
@@ -109,10 +77,33 @@ InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& reco
   AddHeader(*layout);
   AddLineCommands(*layout);
   AddUnsavedNotice(*layout);
+  AddScanOffer(*layout);
   AddLines(*layout);
   AddTotals(*layout);
   Binding().Bind(form.Timer1);
+  FollowDocument();
   resize(FirstSize(kDefaultSize));
+}
+
+/// The title says which document is on the form, and in which state.
+void InvCountingWindow::FollowDocument() {
+  for (Control* const shown : {static_cast<Control*>(&form_.lblIDVal), static_cast<Control*>(&form_.txtCode),
+                               static_cast<Control*>(&form_.cmdCancel)}) {  // enabled while one is entered
+    document_.push_back(shown->StateChanged.Subscribe([this] { ShowTitle(); }));
+  }
+  ShowTitle();
+}
+
+QString InvCountingWindow::Title() const {
+  const QString key = ToQt(form_.lblIDVal.Caption());
+  const bool isStored = form_.CountingID() > 0;
+  if (form_.IsBeingEntered()) {
+    return isStored ? QStringLiteral("اصلاح شمارش موقت - شماره رايانه اي %1").arg(key)
+                    : QStringLiteral("شمارش جديد");
+  }
+  if (!isStored) return QStringLiteral("شمارش - فرم خالي");
+  if (!form_.IsFinal()) return QStringLiteral("شمارش موقت - شماره رايانه اي %1").arg(key);
+  return QStringLiteral("شمارش نهايي شماره %1 - شماره رايانه اي %2").arg(ToQt(form_.txtCode.Text()), key);
 }
 
 QPushButton& InvCountingWindow::AddCommand(QBoxLayout& bar, Button& command, const char* shortcut,
@@ -122,7 +113,8 @@ QPushButton& InvCountingWindow::AddCommand(QBoxLayout& bar, Button& command, con
   const QKeySequence keys(QString::fromLatin1(shortcut));
   button->setToolTip(WithKeys(button->text(), keys.toString()));
   auto* const press = new QShortcut(keys, this);
-  connect(press, &QShortcut::activated, button, [this, button, blockedBy] {
+  connect(press, &QShortcut::activated, button, [this, button, &command, blockedBy] {
+    if (!button->isEnabled()) status_->Say(ToQt(command.Remark()));
     if (!button->isEnabled() || !button->isVisibleTo(this)) return;
     if (blockedBy != BlockedBy::Nothing && !lines_->FinishEdit()) return;
     button->setFocus(Qt::ShortcutFocusReason);
@@ -143,8 +135,9 @@ void InvCountingWindow::AddDocumentCommands(QBoxLayout& window) {
   AddGap(*bar);
   AddCommand(*bar, form_.cmdTmpSave, "Ctrl+S", BlockedBy::FiguresAndDates).setProperty("main", true);
   AddCommand(*bar, form_.cmdCancel, "F8", BlockedBy::Nothing);
+  AddGap(*bar);
   AddCommand(*bar, form_.cmdIsFinalized, "Ctrl+Shift+S", BlockedBy::FiguresAndDates)
-      .setProperty("main", true);
+      .setProperty("final", true);
   AddCommand(*bar, form_.cmdFunc, "Ctrl+Shift+R");
   AddGap(*bar);
   AddCommand(*bar, form_.cmdView, "F7");
@@ -168,6 +161,16 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
   auto* const back = new QAction(this);
   menu->addAction(back);
   Binding().Bind(form_.mnuRS, *back);
+  menu->addSeparator();
+  QAction* const down = menu->addAction(QStringLiteral("Enter به سطر بعد برود"));
+  down->setObjectName(QStringLiteral("enterGoesDown"));
+  down->setCheckable(true);
+  down->setChecked(form_.EnterGoesDown());
+  connect(down, &QAction::toggled, this, [this](bool checked) {
+    lines_->SetEnterMoves({.down = checked, .skipped = LineColumn::Rate});
+    form_.RunEvent([this, checked] { form_.SetEnterGoesDown(checked); });
+  });
+  menu->addSeparator();
   connect(menu->addAction(QStringLiteral("راهنمايي\tF1")), &QAction::triggered, this,
           [this] { PressHelpKey(*this); });
   button->setMenu(menu);
@@ -273,18 +276,15 @@ void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
   bar->addSpacing(12);
   bar->addWidget(progress, 1);
   bar->addWidget(stop);
-  hint_ = NewHint(QString::fromUtf8(kKeysOfLines), this);
-  if (IsNarrow()) hint_->setWordWrap(true);
-  bar->addWidget(hint_, IsNarrow() ? 3 : 0);
-  goodsAdded_ = form_.GoodsAdded.Subscribe([this](int added) {
-    added_ = added;
-    hint_->setText(added == 0 ? QStringLiteral("كالاي تازه اي افزوده نشد.")
-                              : QStringLiteral("%1 سطر افزوده شد.").arg(added));
-  });
+  status_ = new StatusLine(this);
+  status_->Say(QString::fromUtf8(kKeysOfLines));
+  bar->addWidget(status_, IsNarrow() ? 3 : 0);
+  goodsAdded_ = form_.GoodsAdded.Subscribe([this](int added) { added_ = added; });
+  reported_ =
+      form_.CommandReported.Subscribe([this](const std::string& sentence) { status_->Say(ToQt(sentence)); });
   cancelled_ = form_.cmdStop.Click.Subscribe(
-      [this] { hint_->setText(QStringLiteral("لغو شد؛ هيچ رديفي تغيير نكرد.")); });
-  keyPressed_ = form_.KeyDown.Subscribe(
-      [this](KeyPress) { hint_->setText(RightToLeft(QString::fromUtf8(kKeysOfLines))); });
+      [this] { status_->Say(QStringLiteral("لغو شد؛ هيچ رديفي تغيير نكرد.")); });
+  keyPressed_ = form_.KeyDown.Subscribe([this](KeyPress) { status_->Say(QString::fromUtf8(kKeysOfLines)); });
 }
 
 /// Shown while the lines on the form are not the stored ones, though nothing is being entered.
@@ -303,10 +303,30 @@ void InvCountingWindow::AddUnsavedNotice(QBoxLayout& window) {
   linesChecked_ = form_.cmdReadLines.StateChanged.Subscribe(show);
 }
 
+/// Shown after the scan of a barcode that no line has, until it is added or the entry ends.
+void InvCountingWindow::AddScanOffer(QBoxLayout& window) {
+  auto* const bar = new QWidget(this);
+  bar->setObjectName(QStringLiteral("scanOffer"));
+  auto* const layout = new QHBoxLayout(bar);
+  layout->setContentsMargins(0, 0, 0, 0);
+  QLabel* const text = NewNotice({}, bar);
+  layout->addWidget(text, 1);
+  AddCommand(*layout, form_.cmdAddScanned, "Ctrl+G");
+  window.addWidget(bar);
+  const auto show = [this, bar, text] {
+    const QString barcode = ToQt(form_.ScannedBarcode());
+    text->setText(RightToLeft(QStringLiteral("باركد «\u2068%1\u2069» در اين شمارش نيست.").arg(barcode)));
+    bar->setVisible(form_.cmdAddScanned.Visible());
+  };
+  show();
+  scanOffered_ = form_.cmdAddScanned.StateChanged.Subscribe(show);
+}
+
 void InvCountingWindow::AddLines(QBoxLayout& window) {
   lines_ = new GridView(this);
-  SetUpColumns(*lines_);
+  SetUpLineColumns(*lines_);
   Binding().Bind(form_.flexDetail, *lines_);
+  lines_->SetEnterMoves({.down = form_.EnterGoesDown(), .skipped = LineColumn::Rate});
   lines_->SetLockedHint([this] {
     const QString edit = WithKeys(QStringLiteral("«اصلاح»"), QStringLiteral("Ctrl+E"));
     if (!form_.IsFinal()) return QStringLiteral("براي نوشتن در اين سطرها %1 را بزنيد.").arg(edit);
@@ -314,8 +334,9 @@ void InvCountingWindow::AddLines(QBoxLayout& window) {
         .arg(WithKeys(QStringLiteral("«بازگشت به موقت»"), QStringLiteral("Ctrl+Shift+R")), edit);
   });
   window.addWidget(lines_, 1);
-  connect(lines_, &GridView::reported, this,
-          [this](const QString& sentence) { hint_->setText(RightToLeft(sentence)); });
+  connect(lines_, &GridView::reported, this, [this](const QString& sentence) { status_->Say(sentence); });
+  connect(lines_, &GridView::unknownScan, this,
+          [this](const QString& barcode) { form_.OfferScanned(FromQt(barcode)); });
   // The grid itself handles the key that leaves it.
   connect(new QShortcut(Qt::CTRL | Qt::Key_Tab, this), &QShortcut::activated, lines_,
           [this] { lines_->setFocus(Qt::ShortcutFocusReason); });
@@ -325,7 +346,10 @@ void InvCountingWindow::AddLines(QBoxLayout& window) {
 /// After these commands the user continues in the lines.
 void InvCountingWindow::CommandDone(const Button& command) {
   const int added = std::exchange(added_, 0);
-  if (&command == &form_.cmdGoods && added > 0) {
+  if (&command == &form_.cmdAddScanned && added > 0) {
+    lines_->setFocus(Qt::OtherFocusReason);
+    lines_->Scanning().Scanned(ToQt(form_.ScannedBarcode()));  // its count is typed next
+  } else if (&command == &form_.cmdGoods && added > 0) {
     GoToLine(form_.flexDetail.Rows() - added);
   } else if (&command == &form_.cmdEdit || &command == &form_.cmdGoods || &command == &form_.cmdCalc) {
     GoToLine(std::max(1, form_.flexDetail.Row()));
@@ -345,8 +369,8 @@ void InvCountingWindow::AddTotals(QBoxLayout& window) {
   auto* const bar = new QHBoxLayout;
   bar->setSpacing(8);
   window.addLayout(bar);
-  AddTotal(*bar, QStringLiteral("جمع مبلغ كسري"), form_.txtTotalBelowValue, kShortage);
-  AddTotal(*bar, QStringLiteral("جمع مبلغ اضافي"), form_.txtTotalAboveValue, kSurplus);
+  AddTotal(*bar, QStringLiteral("جمع مبلغ كسري"), form_.txtTotalBelowValue, kShortageColor);
+  AddTotal(*bar, QStringLiteral("جمع مبلغ اضافي"), form_.txtTotalAboveValue, kSurplusColor);
   AddTotal(*bar, QStringLiteral("جمع مبلغ موجودي شمارش شده"), form_.txtTotalValue, {});
 }
 

@@ -1,16 +1,18 @@
 #pragma once
 
+#include <vector>
+
 #include "desktop/forms/FormWindow.h"
 
 class QBoxLayout;
 class QGridLayout;
-class QLabel;
 class QPushButton;
 
 namespace koru {
 
 class frmInvCounting;
 class GridView;
+class StatusLine;
 
 /// The window of the counting form: the commands at the top, then the header of the document and the people
 /// involved, the commands for lines and the lines, and the totals at the bottom.
@@ -21,7 +23,11 @@ class InvCountingWindow : public FormWindow {
   /// `records` must outlive the window; the form must live until it is unloaded.
   InvCountingWindow(frmInvCounting& form, SelectorRecords& records);
 
+ protected:
+  [[nodiscard]] QString Title() const override;
+
  private:
+  void FollowDocument();
   void AddDocumentCommands(QBoxLayout& window);
   void AddMenu(QBoxLayout& bar);
   void AddHeader(QBoxLayout& window);
@@ -29,6 +35,7 @@ class InvCountingWindow : public FormWindow {
   void AddPeople(QGridLayout& box);
   void AddLineCommands(QBoxLayout& window);
   void AddUnsavedNotice(QBoxLayout& window);
+  void AddScanOffer(QBoxLayout& window);
   void AddLines(QBoxLayout& window);
   void AddTotals(QBoxLayout& window);
   void CommandDone(const Button& command);
@@ -42,12 +49,15 @@ class InvCountingWindow : public FormWindow {
   frmInvCounting& form_;
   SelectorRecords& records_;
   GridView* lines_ = nullptr;
-  int added_ = 0;  ///< the number of goods that the running command has added
-  QLabel* hint_ = nullptr;
+  int added_ = 0;                 ///< the number of goods that the running command has added
+  StatusLine* status_ = nullptr;  ///< what a command did, otherwise the keys of the lines
   Subscription goodsAdded_;
+  Subscription reported_;
   Subscription cancelled_;
   Subscription linesChecked_;
+  Subscription scanOffered_;
   Subscription keyPressed_;  ///< the next key restores the hint
+  std::vector<Subscription> document_;
 };
 
 }  // namespace koru

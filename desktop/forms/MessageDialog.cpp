@@ -9,8 +9,12 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextOption>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/toolkit/QtText.h"
 
@@ -21,12 +25,41 @@ constexpr int kYes = 1;
 constexpr int kNo = 0;
 constexpr int kQuestion = 1;
 constexpr int kMinTextWidth = 340;
-constexpr int kDetailHeight = 110;
+constexpr int kMinDetailLines = 2;  ///< a long line is wrapped
+constexpr int kMaxDetailLines = 6;
+constexpr int kDetailMargins = 14;
+constexpr double kSmallPrint = 0.85;
 
 /// The text colour, black or white, with the better contrast on `ground`.
 QString TextOn(const QColor& ground) {
   const double light = 0.299 * ground.red() + 0.587 * ground.green() + 0.114 * ground.blue();
   return light > 130 ? QStringLiteral("#15202E") : QStringLiteral("#FFFFFF");
+}
+
+/// A path, which is isolated in its sentence, gets a line of its own.
+QString WithPathsOnLines(QString text) {
+  static const QRegularExpression kPath(QStringLiteral("[ \\n]*(\u2066[^\u2069]*\u2069)[ ،:.\\n]*"));
+  return text.replace(kPath, QStringLiteral("\n\\1\n")).trimmed();
+}
+
+/// Persian sentences begin at the right edge; paths and the English of a database begin at the left, in small
+/// print.
+void ShowEachInItsDirection(QPlainTextEdit& detail) {
+  QTextDocument& text = *detail.document();
+  QTextOption option = text.defaultTextOption();
+  option.setTextDirection(Qt::LayoutDirectionAuto);
+  option.setAlignment(Qt::AlignLeft);  // where a line begins
+  text.setDefaultTextOption(option);
+  QTextCharFormat small;
+  small.setFontPointSize(detail.font().pointSizeF() * kSmallPrint);
+  for (QTextBlock line = text.begin(); line.isValid(); line = line.next()) {
+    if (line.text().isRightToLeft()) continue;
+    QTextCursor whole(line);
+    whole.select(QTextCursor::BlockUnderCursor);
+    whole.setCharFormat(small);
+  }
+  const int lines = std::clamp(text.blockCount(), kMinDetailLines, kMaxDetailLines);
+  detail.setFixedHeight(lines * detail.fontMetrics().lineSpacing() + kDetailMargins);
 }
 
 /// RAII normal cursor, for a question in the middle of a long operation.
@@ -77,6 +110,7 @@ void MessageDialog::ClearShow() {
   Dialog dialog(QApplication::activeWindow());
   dialog.setObjectName(QStringLiteral("comMSG"));
   dialog.setWindowTitle(ToQt(title_));
+  dialog.setAccessibleDescription(ToQt(message_));
   dialog.setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   if (type_ == kQuestion) {
     dialog.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);  // no close button
@@ -95,7 +129,7 @@ void MessageDialog::ClearShow() {
 // All widgets below belong to their Qt parents.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 void MessageDialog::AddTexts(QDialog& dialog, QVBoxLayout& layout) const {
-  const QString whole = ToQt(message_);
+  const QString whole = WithPathsOnLines(ToQt(message_));
   const qsizetype gap = whole.indexOf(u'\n');
   auto* const frame = new QFrame(&dialog);
   frame->setObjectName(QStringLiteral("frame"));
@@ -113,13 +147,7 @@ void MessageDialog::AddTexts(QDialog& dialog, QVBoxLayout& layout) const {
     detail->setObjectName(QStringLiteral("detail"));
     detail->setReadOnly(true);
     detail->setTabChangesFocus(true);
-    // Persian sentences begin at the right edge, a server's English ones at the left.
-    QTextOption option = detail->document()->defaultTextOption();
-    const bool rightToLeft = detail->toPlainText().isRightToLeft();
-    option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    option.setAlignment(Qt::AlignAbsolute | (rightToLeft ? Qt::AlignRight : Qt::AlignLeft));
-    detail->document()->setDefaultTextOption(option);
-    detail->setFixedHeight(kDetailHeight);
+    ShowEachInItsDirection(*detail);
     inner->addWidget(detail);
   }
   layout.addWidget(frame);

@@ -11,10 +11,11 @@ class QVBoxLayout;
 namespace koru {
 
 /// The suite's message component on the desktop: a message with one button, or a question with yes and no.
-/// What follows the first line of the message (the server's message) is shown below it in a field of its own.
-/// Enter presses the focused button, initially "no" in a question, since most questions precede something
-/// that cannot be undone; ب and خ answer directly, and Escape is "no", as the buttons say. A question has no
-/// close button, and a window manager that closes it answers "no".
+/// What follows the first line of the message is shown below it in a field of its own: Persian sentences, and
+/// paths and a server's English in small print, each in its direction. A path in a sentence (LeftToRight)
+/// gets a line of its own. Enter presses the focused button, initially "no" in a question, since most
+/// questions precede something that cannot be undone; ب and خ answer directly, and Escape is "no", as the
+/// buttons say. A question has no close button, and a window manager that closes it answers "no".
 class MessageDialog : public MessageComponent {
  public:
   static constexpr int kNoAnswer = -1;

@@ -168,8 +168,10 @@ bool CellEditing::MoveOut(QLineEdit& editor, const QKeyEvent& key) {
     view_.MoveByKey(pressed);
   } else if (LeavesGrid(key)) {
     view_.FocusOutside(pressed == Qt::Key_Tab);
-  } else if (!enter || !view_.Scanning().FigureStored()) {
+  } else if (tab) {
     GoToCellToFill(view_, pressed != Qt::Key_Backtab);
+  } else if (!view_.Scanning().FigureStored()) {
+    GoByEnter(view_, view_.MovesOfEnter());
   }
   return true;
 }

@@ -28,6 +28,17 @@ QModelIndex NextCellToFill(const QTableView& view, const QModelIndex& from, bool
   return {};
 }
 
+void GoByEnter(QTableView& view, const EnterMoves& moves) {
+  const QModelIndex current = view.currentIndex();
+  QModelIndex next =
+      moves.down ? current.siblingAtRow(current.row() + 1) : NextCellToFill(view, current, true);
+  while (!moves.down && next.isValid() && next.column() == moves.skipped &&
+         !next.data(Qt::EditRole).toString().trimmed().isEmpty()) {
+    next = NextCellToFill(view, next, true);
+  }
+  if (next.isValid()) GoToCell(view, next);
+}
+
 bool GoToCellToFill(QTableView& view, bool forward) {
   const QModelIndex next = NextCellToFill(view, view.currentIndex(), forward);
   if (!next.isValid()) return false;

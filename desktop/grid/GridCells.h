@@ -18,6 +18,15 @@ class Grid;
 /// none.
 [[nodiscard]] QModelIndex NextCellToFill(const QTableView& view, const QModelIndex& from, bool forward);
 
+/// What Enter does in a grid with editable cells.
+struct EnterMoves {
+  bool down = false;  ///< to the same column of the next row, instead of the next editable cell
+  int skipped = -1;   ///< a column whose cells Enter skips where they have a text; -1: none
+};
+
+/// Makes the cell that Enter moves to the current one, if there is one.
+void GoByEnter(QTableView& view, const EnterMoves& moves);
+
 /// Makes the next or previous editable cell the current one. Returns false if there is none.
 bool GoToCellToFill(QTableView& view, bool forward);
 

@@ -10,7 +10,6 @@
 
 #include "desktop/grid/CellDelegate.h"
 #include "desktop/grid/CellHint.h"
-#include "desktop/grid/GridCells.h"
 #include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 
@@ -26,6 +25,7 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   setHorizontalScrollMode(ScrollPerPixel);
   SetUpHeaders();
   SetUpMouse();
+  scanning_.SetUnknownScan([this](const QString& barcode) { emit unknownScan(barcode); });
   connect(this, &GridView::refused, this, [] { QApplication::beep(); });
   connect(&model_, &QAbstractItemModel::modelReset, &fitting_, &ColumnFitting::FitLater);
   connect(&model_, &QAbstractItemModel::rowsInserted, &fitting_, &ColumnFitting::FitLater);
@@ -257,7 +257,7 @@ void GridView::EnterPressed() {
   if (TakeScan() || scanning_.EnterPressed()) return;
   const QModelIndex current = currentIndex();
   if (HasCellsToFill(grid_)) {
-    GoToCellToFill(*this, true);
+    GoByEnter(*this, enterMoves_);
   } else if (grid_ != nullptr && current.isValid()) {
     grid_->UserDoubleClick(current.row() + 1, current.column());
   }

@@ -7,6 +7,7 @@
 #include "desktop/grid/CellClipboard.h"
 #include "desktop/grid/CellEditing.h"
 #include "desktop/grid/ColumnFitting.h"
+#include "desktop/grid/GridCells.h"
 #include "desktop/grid/GridModel.h"
 #include "desktop/grid/ScanMode.h"
 #include "desktop/grid/TypingPace.h"
@@ -17,9 +18,9 @@ namespace koru {
 
 /// A Grid on the screen. Arrows move as in a spreadsheet, typing edits the current cell (CellEditing) or
 /// searches a read-only column (ScanMode), Enter and Tab move to the next editable cell, Shift+Tab to the
-/// previous one. Delete clears an editable cell; elsewhere, and with Ctrl everywhere, it deletes the row.
-/// Ctrl+C and Ctrl+V copy and paste cells (CellClipboard). In a grid without editable cells Enter is a double
-/// click. Ctrl+Tab leaves the grid.
+/// previous one; Enter can be set to move elsewhere (EnterMoves). Delete clears an editable cell; elsewhere,
+/// and with Ctrl everywhere, it deletes the row. Ctrl+C and Ctrl+V copy and paste cells (CellClipboard). In a
+/// grid without editable cells Enter is a double click. Ctrl+Tab leaves the grid.
 class GridView : public QTableView {
   Q_OBJECT
 
@@ -36,6 +37,9 @@ class GridView : public QTableView {
   [[nodiscard]] bool HasRowNumbers() const { return rowNumbers_; }
   /// The column whose texts are scanned; -1: none.
   void SetScanColumn(int col) { scanning_.SetScanColumn(col); }
+  /// Where Enter moves; by default to the next editable cell.
+  void SetEnterMoves(const EnterMoves& moves) { enterMoves_ = moves; }
+  [[nodiscard]] const EnterMoves& MovesOfEnter() const { return enterMoves_; }
   /// What is shown where a character is typed into an editable column while the grid is locked: a sentence
   /// that names the way to unlock it. Without one, such typing searches the column.
   void SetLockedHint(std::function<QString()> hint) { lockedHint_ = std::move(hint); }
@@ -70,6 +74,8 @@ class GridView : public QTableView {
  signals:
   /// A scan or a search has found no row, or a key or a text was refused.
   void refused();
+  /// A barcode was scanned, or typed into the scan column, that no row has.
+  void unknownScan(const QString& barcode);
   /// What a command on several cells did, in a sentence for the user.
   void reported(const QString& sentence);
 
@@ -111,6 +117,7 @@ class GridView : public QTableView {
   Subscription rowsChanged_;
   Subscription currentChanged_;
   std::function<QString()> lockedHint_;
+  EnterMoves enterMoves_;
   bool rowNumbers_ = false;
 };
 

@@ -56,6 +56,7 @@ void ScanMode::Scanned(const QString& text) {
   search_.Forget();
   if (!row.isValid()) {
     Fail(NotInColumn(text, TitleOf(scanColumn_)));
+    unknown_(text);
     return;
   }
   QToolTip::hideText();
@@ -65,11 +66,14 @@ void ScanMode::Scanned(const QString& text) {
 
 bool ScanMode::EnterPressed() {
   switch (state_) {
-    case State::NotFound:
+    case State::NotFound: {
+      const QString text = search_.Text();
       search_.Forget();
       state_ = State::Dismissed;  // the hint stays: a scanner's Enter follows at once
       failed_();
+      if (view_.currentIndex().column() == scanColumn_) unknown_(text);
       return true;
+    }
     case State::Figure:
       GoToCell(view_, view_.currentIndex().siblingAtColumn(scanColumn_));
       state_ = State::Ready;

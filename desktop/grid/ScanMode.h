@@ -37,6 +37,9 @@ class ScanMode {
   /// `failed` is called when a search or a scan has found no row.
   ScanMode(QTableView& view, std::function<void()> failed) : view_(view), failed_(std::move(failed)) {}
 
+  /// Called with a text that was scanned, or typed into the scan column and ended with Enter or Tab, and that
+  /// no row has.
+  void SetUnknownScan(std::function<void(const QString&)> unknown) { unknown_ = std::move(unknown); }
   /// The column whose texts are scanned; -1: none.
   void SetScanColumn(int col) { scanColumn_ = col; }
   [[nodiscard]] int ScanColumn() const { return scanColumn_; }
@@ -84,6 +87,7 @@ class ScanMode {
 
   QTableView& view_;
   std::function<void()> failed_;
+  std::function<void(const QString&)> unknown_ = [](const QString&) {};
   GridSearch search_;
   State state_ = State::Idle;
   int scanColumn_ = -1;

@@ -57,7 +57,11 @@ QPushButton:default { border-color: #2F5D8C; }
 QPushButton[main="true"] { background: #2F5D8C; border-color: #264C73; color: white; }
 QPushButton[main="true"]:hover { background: #386DA3; }
 QPushButton[main="true"]:focus { border: 2px solid #12263B; }
-QPushButton:disabled, QPushButton[pale="true"], QPushButton[main="true"]:disabled {
+QPushButton[final="true"] { border: 1px solid #8A5A00; color: #5C3B00; background: #FFF8EA; }
+QPushButton[final="true"]:hover { background: #FCE9C4; }
+QPushButton[final="true"]:focus { border: 2px solid #5C3B00; }
+QPushButton:disabled, QPushButton[pale="true"], QPushButton[main="true"]:disabled,
+QPushButton[final="true"]:disabled {
   background: #EAEDF2; border: 1px solid #D9DEE6; color: #A3ACB9; padding: 4px 9px; }
 QToolButton { background: #FDFDFE; border: 1px solid #B4BFCD; border-radius: 3px; padding: 2px; }
 QToolButton:hover { background: #E6EDF6; }
@@ -86,6 +90,7 @@ QLineEdit:read-only, QPlainTextEdit[readOnly="true"] { background: #F4F6F9; }
 QLineEdit[picks="true"]:enabled { background: white; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled {
   background: #F1F3F7; border-color: #D9DEE6; color: #465362; }
+QLineEdit[missing="true"]:enabled { border: 1px solid #B26A00; background: #FFF3DC; }
 QLineEdit[marked="true"] { border: 2px solid #B3261E; background: #FDF1F0; }
 QLineEdit[cell="true"] { border: 2px solid #2F5D8C; border-radius: 0; padding: 0 2px; }
 QLabel[value="true"] { background: #F4F6F9; border: 1px solid #B4BFCD; border-radius: 3px; padding: 2px 5px; }

@@ -20,6 +20,12 @@ void Control::SetVisible(bool visible) {
   StateChanged.Raise();
 }
 
+void Control::SetRemark(std::string remark) {
+  if (remark_ == remark) return;
+  remark_ = std::move(remark);
+  StateChanged.Raise();
+}
+
 bool Control::UserKey(KeyPress press) {
   if (!Reachable()) return false;
   RunEvent([this, press] {

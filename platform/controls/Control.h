@@ -37,13 +37,19 @@ class Control {
   [[nodiscard]] bool Visible() const { return visible_; }
   void SetVisible(bool visible);
 
+  /// A sentence for the user about the state of the control: why a command is not available, or what is
+  /// missing or wrong in a field. Empty: nothing to say. A window shows it with the control, and marks a
+  /// field that has one.
+  [[nodiscard]] const std::string& Remark() const { return remark_; }
+  void SetRemark(std::string remark);
+
   /// The user presses a key while the control has the focus; the form receives the key first.
   bool UserKey(KeyPress press);
   /// The user presses the right mouse button on the control.
   bool UserRightClick();
 
-  /// The enabled or visible state, or the control's own text or value, is another, whether the program or the
-  /// user changed it. A setter that changes nothing does not raise it.
+  /// The enabled or visible state, the remark, or the control's own text or value is another, whether the
+  /// program or the user changed it. A setter that changes nothing does not raise it.
   Event<> StateChanged;
   Event<> GotFocus;
   Event<> LostFocus;
@@ -59,6 +65,7 @@ class Control {
  private:
   Form& form_;
   std::string name_;
+  std::string remark_;
   bool enabled_ = true;
   bool visible_ = true;
 };

@@ -71,8 +71,21 @@ class TreeSelector : public Selector {
     parentTable_ = std::move(parentTable);
     StateChanged.Raise();
   }
+  /// Restricts what the user is offered to records without any under them, and to the record `except`
+  /// (kNothing: no exception).
+  void OfferOnlyLeaves(std::int32_t except) {
+    onlyLeaves_ = true;
+    exceptedLeaf_ = except;
+    StateChanged.Raise();
+  }
+  /// Whether the user is offered the record; `isLeaf`: none is under it.
+  [[nodiscard]] bool Offers(std::int32_t id, bool isLeaf) const {
+    return !onlyLeaves_ || isLeaf || id == exceptedLeaf_;
+  }
 
  private:
+  bool onlyLeaves_ = false;
+  std::int32_t exceptedLeaf_ = kNothing;
   std::string caption_;
   std::string table_;
   std::string parentTable_;

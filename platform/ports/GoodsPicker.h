@@ -30,6 +30,10 @@ class GoodsPicker : public SiblingComponent {
   [[nodiscard]] virtual std::string Name() const = 0;
   [[nodiscard]] virtual std::string Barcode() const = 0;
   [[nodiscard]] virtual std::string Code() const = 0;
+  /// The name of a picked good, for messages; empty where the picker does not know it.
+  [[nodiscard]] virtual std::string NameOf(std::string_view /*barcode*/) const { return {}; }
+  /// Whether the goods were picked from those of all stores although the store of SetInventory was offered.
+  [[nodiscard]] virtual bool LeftStore() const { return false; }
 };
 
 }  // namespace koru

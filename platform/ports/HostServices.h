@@ -5,6 +5,7 @@
 
 #include "platform/ports/Components.h"
 #include "platform/ports/DraftStore.h"
+#include "platform/ports/PropertyBag.h"
 #include "platform/ports/Screen.h"
 #include "platform/ports/Spreadsheet.h"
 #include "platform/sql/Database.h"
@@ -42,6 +43,9 @@ struct HostServices {
   /// Asked before a final registration, after the user's right to it: false, and it does not begin. A host
   /// can take a backup here. Not asked when empty.
   std::function<bool()> beforeRegistration = {};
+  /// The user's settings of the forms, by key; each Write is kept at once. Without them, a setting lasts as
+  /// long as its form.
+  PropertyBag* preferences = nullptr;
 };
 
 }  // namespace koru

@@ -19,6 +19,8 @@ class Spreadsheet {
   /// Leaves the workbook open for the user. Throws InputError with the file's name when it could not be
   /// written; no partial file remains.
   virtual void LeaveOpen() = 0;
+  /// The file that LeaveOpen has left open, UTF-8; empty if the program keeps the workbook in none.
+  [[nodiscard]] virtual std::string File() const { return {}; }
 };
 
 /// Starts spreadsheet programs. NewWorkbook throws InputError when there is none.

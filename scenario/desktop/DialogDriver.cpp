@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 
 #include "desktop/documents/DocumentWindow.h"
 #include "desktop/search/GoodsList.h"
@@ -24,13 +23,10 @@ Widget& PartOf(const QWidget& dialog, const char* name) {
 }
 
 void AnswerIn(QWidget& dialog, ScenarioUser& user) {
-  const auto* const text = dialog.findChild<QLabel*>(QStringLiteral("message"));
-  const auto* const detail = dialog.findChild<QPlainTextEdit*>(QStringLiteral("detail"));
   auto* const yes = dialog.findChild<QAbstractButton*>(QStringLiteral("yes"));
   ShownMessage message;
   message.title = FromQt(dialog.windowTitle());
-  if (text != nullptr) message.text = FromQt(text->text());
-  if (detail != nullptr) message.text += "\n" + FromQt(detail->toPlainText());
+  message.text = FromQt(dialog.accessibleDescription());  // before its paths got lines of their own
   message.type = yes == nullptr ? 0 : 1;
   const QAbstractButton* byKey = nullptr;
   for (QAbstractButton* const one : dialog.findChildren<QAbstractButton*>())

@@ -39,6 +39,8 @@ class GoodsFinder {
   /// Restricts the following searches to goods in the receipts or dispatches of `store` and the stores below
   /// it; kAllStores removes the restriction.
   void OnlyOfStore(std::int32_t store);
+  /// The store of the last call; kAllStores: no restriction.
+  [[nodiscard]] std::int32_t Store() const { return store_; }
 
   /// The goods whose name, code or barcode contains every word of `typed`; all goods if `typed` is empty.
   /// `%`, `_` and `[` are not wildcards. A good whose barcode or code equals `typed` is first, the others

@@ -1,5 +1,6 @@
 #include "siblings/goods/SuiteGoodsPicker.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "services/FixQuote.h"
@@ -16,7 +17,14 @@ void SuiteGoodsPicker::Show() {
   if (!database_) database_ = databases_.Connect(connectionString_);
   GoodsFinder finder(*database_);
   auto picked = pick_(finder, {store_, several_ ? std::optional(picked_) : std::nullopt});
-  if (picked) picked_ = std::move(*picked);
+  if (!picked) return;
+  picked_ = std::move(*picked);
+  leftStore_ = store_ != GoodsFinder::kAllStores && finder.Store() == GoodsFinder::kAllStores;
+}
+
+std::string SuiteGoodsPicker::NameOf(std::string_view barcode) const {
+  const auto found = std::ranges::find(picked_, barcode, &PickedGood::barcode);
+  return found == picked_.end() ? std::string() : found->name;
 }
 
 std::string SuiteGoodsPicker::List() const {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/ports/GoodsPicker.h"
@@ -18,7 +19,8 @@ struct PickRequest {
   std::optional<std::vector<PickedGood>> basket;
 };
 
-/// Shows what `finder` finds and returns the picked goods, or nothing when the user cancels.
+/// Shows what `finder` finds and returns the picked goods, or nothing when the user cancels. The restriction
+/// to a store that the finder is left with is what the user wanted last.
 using PickGoods =
     std::function<std::optional<std::vector<PickedGood>>(GoodsFinder& finder, PickRequest request)>;
 
@@ -41,6 +43,8 @@ class SuiteGoodsPicker : public GoodsPicker {
   [[nodiscard]] std::string Name() const override { return One().name; }
   [[nodiscard]] std::string Barcode() const override { return One().barcode; }
   [[nodiscard]] std::string Code() const override { return One().code; }
+  [[nodiscard]] std::string NameOf(std::string_view barcode) const override;
+  [[nodiscard]] bool LeftStore() const override { return leftStore_; }
 
  private:
   [[nodiscard]] PickedGood One() const { return picked_.size() == 1 ? picked_.front() : PickedGood(); }
@@ -51,6 +55,7 @@ class SuiteGoodsPicker : public GoodsPicker {
   std::string connectionString_;
   std::int32_t store_ = GoodsFinder::kAllStores;
   bool several_ = false;
+  bool leftStore_ = false;
   std::vector<PickedGood> picked_;
 };
 

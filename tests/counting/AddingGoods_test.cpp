@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 #include <set>
 #include <string>
 
+#include "platform/ports/GoodsPicker.h"
 #include "tests/counting/CountingWorld.h"
 
 namespace koru::test {
@@ -247,6 +249,139 @@ TEST_F(AddingGoods, A_full_counting_takes_what_has_room_and_says_so) {
   EXPECT_EQ(NewMessages(),
             (Texts{kAddQuestion, "شمارش بيش از 32767 سطر نمي پذيرد. كالاهايي كه جا داشتند اضافه شدند."}));
   EXPECT_FALSE(Form().pgbStatus.Visible());
+}
+
+/// A goods picker in which the user picks what the test says, with the names that it knows.
+class ListPicker : public GoodsPicker {
+ public:
+  struct Wish {
+    std::string list;
+    bool leftStore = false;
+  };
+  explicit ListPicker(const Wish& wish) : wish_(wish) {}
+  void SetConnectionString(const std::string& /*text*/) override {}
+  void SetUserID(std::int32_t /*id*/) override {}
+  void SetInventory(std::int32_t /*id*/) override {}
+  void SetSeveralGoods(bool /*several*/) override {}
+  void Show() override { shown_ = true; }
+  [[nodiscard]] std::string List() const override { return shown_ ? wish_.list : std::string(); }
+  [[nodiscard]] std::string Name() const override { return {}; }
+  [[nodiscard]] std::string Barcode() const override { return {}; }
+  [[nodiscard]] std::string Code() const override { return {}; }
+  [[nodiscard]] std::string NameOf(std::string_view barcode) const override {
+    return barcode == "G3" ? "شكر" : "";
+  }
+  [[nodiscard]] bool LeftStore() const override { return wish_.leftStore; }
+
+ private:
+  const Wish& wish_;
+  bool shown_ = false;
+};
+
+class AddingPickedGoods : public AddingGoods {
+ protected:
+  AddingPickedGoods() {
+    components.Register(std::string(GoodsPicker::kClassName),
+                        [this] { return std::make_unique<ListPicker>(wish); });
+    person = [this](frmGoodSearch& form) {
+      search = &form;
+      form.txtBarCode.UserKey({114, 0});
+      form.cmdSearch.UserClick();
+    };
+    said_ = Form().CommandReported.Subscribe([this](const std::string& text) { said.push_back(text); });
+  }
+  frmGoodSearch* search = nullptr;  ///< the goods search once it was shown
+  ListPicker::Wish wish;
+  Texts said;
+
+ private:
+  Subscription said_;
+};
+
+TEST_F(AddingPickedGoods, Each_picked_good_that_was_not_added_is_named_with_the_reason) {
+  wish.list = "('','G1','G3','X''9')";  // G3 was never received in the counting's store, X'9 does not exist
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Barcodes(), "G1 ");
+  EXPECT_EQ(said, Texts{"1 سطر افزوده شد."});
+  EXPECT_EQ(NewMessages(), Texts{"2 كالاي انتخاب شده افزوده نشد:\n"
+                                 "\u2066G3\u2069 شكر: با معيار جستجو نمي خواند: رسيد در انبار\n"
+                                 "\u2066X'9\u2069: با معيار جستجو نمي خواند: رسيد در انبار"});
+}
+
+TEST_F(AddingPickedGoods, Goods_that_had_a_line_are_counted_without_a_message) {
+  wish.list = "('','G1')";
+  Click(Form().cmdGoods);
+  said.clear();
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdGoods);
+  EXPECT_EQ(said, Texts{"كالاي تازه اي افزوده نشد. 1 كالا از پيش در شمارش بود."});
+  EXPECT_EQ(NewMessages(), Texts{kAddQuestion});
+}
+
+TEST_F(AddingPickedGoods, Leaving_the_pickers_store_lets_a_good_be_added_that_was_never_received_there) {
+  wish = {.list = "('','G3')", .leftStore = true};
+  Click(Form().cmdGoods);
+  EXPECT_EQ(Barcodes(), "G3 ");
+  EXPECT_EQ(NewMessages(), Texts{});
+  EXPECT_TRUE(search->gmpInventory.NothingSelected());
+}
+
+TEST_F(AddingGoods, A_scanned_good_without_a_line_is_offered_and_added_without_a_question) {
+  Click(Form().cmdGoods);
+  Form().flexDetail.UserMoveTo(RowOf("G3"), 1);
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Form().flexDetail.UserDeleteRow());
+  NewMessages();
+  EXPECT_FALSE(Form().cmdAddScanned.Visible());
+  Form().OfferScanned("G3");
+  EXPECT_TRUE(Form().cmdAddScanned.Visible());
+  NewStatements();
+  Click(Form().cmdAddScanned);
+  EXPECT_EQ(
+      NewStatements().front(),
+      "Select tblGood.barcode,isnull(tblGood.Code,'') as GoodCode,tblGood.Name as GoodName from tblGood "
+      "Where  tblGood.Barcode<>''  and  tblGood.BarCode in ('','G3')");
+  EXPECT_EQ(Barcodes(), "G1 G2 G3 ");
+  EXPECT_FALSE(Form().cmdAddScanned.Visible());
+  EXPECT_EQ(NewMessages(), Texts{});
+}
+
+TEST_F(AddingGoods, A_scanned_barcode_of_no_good_is_said_to_be_unknown) {
+  std::string said;
+  Form().CommandReported.Always([&said](const std::string& sentence) { said = sentence; });
+  Form().OfferScanned("O'9");
+  Click(Form().cmdAddScanned);
+  EXPECT_EQ(said, "كالايي با اين باركد تعريف نشده است.");
+  EXPECT_EQ(Barcodes(), "");
+  Form().OfferScanned("G1");
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdCancel);
+  EXPECT_FALSE(Form().cmdAddScanned.Visible()) << "nothing is entered any more";
+  Form().OfferScanned("G1");
+  EXPECT_FALSE(Form().cmdAddScanned.Visible());
+}
+
+TEST_F(AddingGoods, The_criteria_of_the_goods_search_are_kept_when_the_counting_form_is_closed) {
+  person = [](frmGoodSearch& form) {
+    form.txtNotes.UserType("خشكبار");
+    form.cmdExit.UserClick();
+  };
+  Click(Form().cmdGoods);
+  messages.WillAnswer(Answer::Yes);
+  Click(Form().cmdCancel);
+  Click(Form().cmdExit);
+  ASSERT_EQ(control.CountingForm(), nullptr);
+  control.ClearShow();
+  Click(Form().cmdNew);
+  std::string notes;
+  person = [&notes](frmGoodSearch& form) {
+    notes = form.txtNotes.Text();
+    form.cmdNewSearch.UserClick();
+    form.cmdSearch.UserClick();
+  };
+  Click(Form().cmdGoods);
+  EXPECT_EQ(notes, "خشكبار");
+  EXPECT_EQ(Barcodes(), "G1 G2 G3 ") << "the condition reaches the new form";
 }
 
 }  // namespace

@@ -46,6 +46,60 @@ TEST_F(CommandRefresh, A_counting_without_lines_cannot_be_saved) {
   EXPECT_FALSE(Form().cmdTmpSave.Enabled());
 }
 
+TEST_F(CommandRefresh, Save_and_Register_say_what_is_missing_and_its_box_is_marked) {
+  ViewAndEdit(10);
+  Form().Timer1.Fire();
+  EXPECT_EQ(Form().cmdTmpSave.Remark(), "");
+  EXPECT_EQ(Form().gmpInventory.Remark() + Form().gdpReceiveDate.Remark(), "");
+
+  Form().gmpInventory.ClearSelection();
+  Form().gdpReceiveDate.Clear();
+  Form().flexDetail.SetRows(1);
+  Form().Timer1.Fire();
+  const std::string all = "براي ثبت، اين ها كم است: انبار، تاريخ شمارش، سطر كالا (با «كالاها»)";
+  EXPECT_EQ(Form().cmdTmpSave.Remark(), all);
+  EXPECT_EQ(Form().cmdIsFinalized.Remark(), all);
+  EXPECT_NE(Form().gmpInventory.Remark(), "");
+  EXPECT_NE(Form().gdpReceiveDate.Remark(), "");
+
+  Form().gdpReceiveDate.SetValue(clock.Today());
+  Form().Timer1.Fire();
+  EXPECT_EQ(Form().cmdTmpSave.Remark(), "براي ثبت، اين ها كم است: انبار، سطر كالا (با «كالاها»)");
+  EXPECT_EQ(Form().gdpReceiveDate.Remark(), "");
+}
+
+TEST_F(CommandRefresh, An_apostrophe_in_the_manual_number_marks_its_box_and_is_named_by_the_save) {
+  ViewAndEdit(10);
+  ASSERT_TRUE(Form().txtGNO.UserType("O'Neil"));
+  Form().Timer1.Fire();
+  EXPECT_NE(Form().txtGNO.Remark(), "");
+  ASSERT_TRUE(Form().cmdTmpSave.Enabled());
+  NewStatements();
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(NewStatements().size(), 1U) << "the question for the right alone";
+  const Texts shown = NewMessages();
+  ASSERT_EQ(shown.size(), 1U);
+  EXPECT_TRUE(shown[0].starts_with("شماره دستي آپوستروف دارد")) << shown[0];
+  EXPECT_EQ(Form().Focus(), &Form().txtGNO);
+  EXPECT_EQ(Mode(), DocumentMode::Editing);
+  ASSERT_TRUE(Form().txtGNO.UserType("O''Neil"));
+  Form().Timer1.Fire();
+  EXPECT_EQ(Form().txtGNO.Remark(), "") << "two of them are one, and are stored";
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(NewMessages(), Texts{});
+  EXPECT_EQ(database.Scalar("select ManualCode from tblInventoryCounting where ID=10"), "O'Neil");
+}
+
+TEST_F(CommandRefresh, Nothing_is_missing_in_a_counting_that_is_not_entered) {
+  View(12);
+  EXPECT_TRUE(Form().cmdTmpSave.Remark().find("«اصلاح»") != std::string::npos);
+  EXPECT_EQ(Form().gdpReceiveDate.Remark(), "") << "it has no date, and none can be written now";
+  View(11);
+  EXPECT_EQ(Form().cmdTmpSave.Remark(), "اين شمارش ثبت نهايي شده است.");
+  control.ClearShow();
+  EXPECT_TRUE(Form().cmdTmpSave.Remark().find("«جديد»") != std::string::npos);
+}
+
 TEST_F(CommandRefresh, A_final_counting_can_only_be_returned) {
   View(11);
   EXPECT_FALSE(Form().cmdEdit.Enabled());

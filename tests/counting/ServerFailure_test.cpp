@@ -182,7 +182,7 @@ TEST_F(ServerFailure, A_server_that_falls_silent_in_the_middle_of_a_save_loses_n
   OpenForm();
   EnterCounting();
   Answering(kSecondLine, Answer::Kind::Silence);
-  ExpectMessage("تغييرات اين فرمان ثبت نشد. سرور در 1 ثانيه پاسخي نداد.",
+  ExpectMessage("تغييرات اين فرمان ثبت نشد.\nسرور در 1 ثانيه پاسخي نداد.",
                 [this] { Click(OnServer().cmdTmpSave); });
   ExpectAllIsThere();
   EXPECT_EQ(OnServer().lblIDVal.Caption(), "") << "the server has undone it";
@@ -203,7 +203,7 @@ TEST_F(ServerFailure, A_server_that_hangs_up_in_the_middle_of_a_save_loses_nothi
   OpenForm();
   EnterCounting();
   Answering(kSecondLine, Answer::Kind::Close);
-  ExpectMessage("تغييرات اين فرمان ثبت نشد. ارتباط با سرور قطع شد.",
+  ExpectMessage("تغييرات اين فرمان ثبت نشد.\nارتباط با سرور قطع شد.",
                 [this] { Click(OnServer().cmdTmpSave); });
   ExpectAllIsThere();
   EXPECT_EQ(ModeOnServer(), DocumentMode::New);

@@ -55,6 +55,17 @@ TEST_F(HostWindowTest, User_and_database_are_the_same_after_a_restart) {
   EXPECT_EQ(Find<QComboBox>(program->window, "users").currentData().toInt(), chosen);
 }
 
+TEST_F(HostWindowTest, A_setting_of_the_forms_is_the_same_after_a_restart) {
+  {
+    const auto program = Start();
+    PropertyBag& preferences = *program->session.Services().preferences;
+    EXPECT_EQ(std::get<bool>(preferences.Read("EnterGoesDown", false)), false);
+    preferences.Write("EnterGoesDown", true, false);
+  }
+  const auto program = Start(false);
+  EXPECT_TRUE(std::get<bool>(program->session.Services().preferences->Read("EnterGoesDown", false)));
+}
+
 /// A program that ends while a counting is being entered, and is started again.
 class HostWindowDrafts : public HostWindowTest {
  protected:

@@ -14,6 +14,9 @@ namespace {
 constexpr const char* kHighestCode =
     "select isnull(max(isnull(code,0)),0) as maxcode from tblInventoryCounting where Code is not Null ";
 
+/// A manual number whose statement is refused: no statement carries this character.
+const std::string kBreaksTheHeader("a\0b", 3);
+
 class Registration : public DocumentsTest {
  protected:
   void Register() { FinalRegistration(form, shared, guard).Run(); }
@@ -165,7 +168,7 @@ TEST_F(Registration, A_user_without_the_right_gets_a_message_and_nothing_is_writ
 TEST_F(Registration, A_save_that_fails_shows_the_number_without_having_stored_it) {
   StoreCounting();
   FillHeader();
-  form.txtGNO.SetText("'");
+  form.txtGNO.SetText(kBreaksTheHeader);
   shared.DocMode = DocumentMode::Editing;
   EXPECT_THROW(Register(), DatabaseError);
   EXPECT_EQ(form.txtCode.Text(), "1");
@@ -179,7 +182,7 @@ TEST_F(Registration, A_number_that_was_not_stored_leaves_the_form_with_a_tempora
   StoreCounting();
   FillHeader();
   AddLine({.barcode = "100", .surplus = "5"});
-  form.txtGNO.SetText("'");
+  form.txtGNO.SetText(kBreaksTheHeader);
   shared.DocMode = DocumentMode::Editing;
   EXPECT_THROW(Register(), DatabaseError);
   form.txtGNO.SetText("12");

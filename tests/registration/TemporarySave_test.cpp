@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/sql/DatabaseError.h"
+#include "platform/text/Errors.h"
 #include "tests/registration/DocumentsTest.h"
 #include "tests/registration/ExpectedStatements.h"
 
@@ -163,16 +164,17 @@ TEST_F(TemporarySaving, Notes_are_cut_at_1000_characters_before_their_apostrophe
   EXPECT_EQ(Rows("select Notes from tblInventoryCounting"), Texts{Repeat("ش", 998) + "😀"});
 }
 
-TEST_F(TemporarySaving, An_apostrophe_in_the_manual_number_breaks_the_save_before_anything_is_written) {
+TEST_F(TemporarySaving, An_apostrophe_in_the_manual_number_is_found_before_anything_is_written) {
   FillHeader();
   form.txtGNO.SetText("12'3");
   shared.DocMode = DocumentMode::New;
   const std::string before = Dump();
-  EXPECT_THROW(Save(), DatabaseError);
+  EXPECT_THROW(Save(), InputError);
   EXPECT_EQ(Sent(), Texts{});
   EXPECT_EQ(Dump(), before);
   EXPECT_EQ(shared.DocMode, DocumentMode::New);
   EXPECT_EQ(form.Caption(), "");
+  EXPECT_EQ(form.Focus(), &form.txtGNO);
 }
 
 TEST_F(TemporarySaving, While_viewing_no_header_is_written_but_all_lines_are) {

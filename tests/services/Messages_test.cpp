@@ -99,6 +99,22 @@ TEST_F(MessagesTest, A_colour_that_cannot_be_set_does_not_keep_the_question_from
   EXPECT_EQ(recorded.calls.back(), "ClearShow");
 }
 
+TEST_F(MessagesTest, A_database_failure_of_a_known_cause_says_what_to_do) {
+  const std::vector<std::pair<DatabaseCause, const char*>> causes = {
+      {DatabaseCause::DiskFull, "جا باز كنيد"},
+      {DatabaseCause::Locked, "اندكي بعد"},
+      {DatabaseCause::ReadOnly, "اجازة نوشتن"},
+      {DatabaseCause::InputOutput, "نگهدارندة سيستم"},
+      {DatabaseCause::Away, "روشن بودن سرور"}};
+  for (const auto& [cause, advice] : causes) {
+    recorded.calls.clear();
+    messages.ShowFailure(DatabaseError("in English", 1, "select 1", cause));
+    EXPECT_TRUE(recorded.calls.at(1).starts_with("FormMessage عمليات انجام نشد: ")) << recorded.calls[1];
+    EXPECT_NE(recorded.calls[1].find(advice), std::string::npos) << recorded.calls[1];
+    EXPECT_TRUE(recorded.calls[1].ends_with("\nin English")) << "on a line of its own";
+  }
+}
+
 TEST_F(MessagesTest, A_database_failure_is_reported_in_Persian_with_the_servers_text_below_it) {
   messages.ShowFailure(DatabaseError("disk I/O error", 10, "select 1"));
   EXPECT_EQ(recorded.calls[0], "FormTitle خطا");

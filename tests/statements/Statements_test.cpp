@@ -97,7 +97,8 @@ const std::set<std::string> kNoSql{"frmInvCounting",
                                    "vwGoodScaleMajor",
                                    "vwGoodGroup_CodeMajor",
                                    "tblGoodScaleParent",
-                                   "00000011110001000"};
+                                   "00000011110001000",
+                                   "EnterGoesDown"};
 
 /// A sentence for the user, which no statement holds.
 bool IsSentence(const std::string& text) {

@@ -27,5 +27,14 @@ TEST(OdbcDiagnostics, A_record_is_described_with_its_state_and_number) {
             "[FreeTDS][SQL Server]duplicate (23000, 2627)");
 }
 
+TEST(OdbcDiagnostics, The_cause_is_that_of_the_servers_number_or_of_the_state) {
+  EXPECT_EQ(CauseOf({"08S01", 0, "link failure"}), DatabaseCause::Away);
+  EXPECT_EQ(CauseOf({"42000", 9002, "the log is full"}), DatabaseCause::DiskFull);
+  EXPECT_EQ(CauseOf({"40001", 1205, "deadlock"}), DatabaseCause::Locked);
+  EXPECT_EQ(CauseOf({"42000", 3906, "read-only"}), DatabaseCause::ReadOnly);
+  EXPECT_EQ(CauseOf({"HY000", 823, "the disk failed"}), DatabaseCause::InputOutput);
+  EXPECT_EQ(CauseOf({"23000", 2627, "duplicate"}), DatabaseCause::Other);
+}
+
 }  // namespace
 }  // namespace koru

@@ -237,6 +237,25 @@ TEST_F(ExportedWorkbook, A_folder_that_may_not_be_written_to_is_an_error_that_na
   EXPECT_TRUE(opened.empty());
 }
 
+TEST_F(ExportedWorkbook, A_failure_names_the_file_that_would_have_been_written_not_one_that_is_whole) {
+  const auto first = NewWorkbook();
+  first->SetCell(1, 1, "x");
+  first->LeaveOpen();
+  EXPECT_EQ(first->File(), folder.File("documents") + "/" + kFirstName);
+  const auto second = NewWorkbook();
+  second->SetCell(1, 1, "x");
+  const LockedFolder locked(folder.Path() / "documents");
+  ASSERT_TRUE(locked.Locked());
+  try {
+    second->LeaveOpen();
+    ADD_FAILURE() << "no failure";
+  } catch (const InputError& failure) {
+    EXPECT_NE(std::string(failure.what()).find("/شمارش-1404-10-01-2.xlsx"), std::string::npos)
+        << failure.what();
+  }
+  EXPECT_EQ(second->File(), "");
+}
+
 TEST_F(ExportedWorkbook, A_folder_of_the_workbooks_name_is_left_alone) {
   fs::create_directories(folder.Path() / "documents" / kFirstName);
   const auto sheet = NewWorkbook();

@@ -41,8 +41,10 @@ class SelectorEditTest : public testing::Test {
   }
   void InPopup(Qt::Key key) { QTest::keyClick(Popup()->findChild<QLineEdit*>("filter"), key); }
 
-  const std::vector<SelectorRecord> records{
-      {1, "انبار مركزي", -1}, {2, "سالن قطعات يدكي", 0}, {3, "سالن ۲", 0}, {4, "انبار شعبه", -1}};
+  std::vector<SelectorRecord> records{{1, "انبار مركزي", -1, true},
+                                      {2, "سالن قطعات يدكي", 0, true},
+                                      {3, "سالن ۲", 0, true},
+                                      {4, "انبار شعبه", -1, true}};
   std::vector<std::int32_t> chosen;
   QWidget window;
   SelectorEdit* field = nullptr;
@@ -129,6 +131,27 @@ TEST_F(SelectorEditTest, The_tooltip_shows_a_stored_name_as_it_is) {
   EXPECT_EQ(QTextDocumentFragment::fromHtml(tip).toPlainText(), QStringLiteral("سالن <b>قطعات</b> & ابزار"));
   field->SetShown(QStringLiteral("انبار & شعبه"), 4);
   EXPECT_EQ(field->findChild<QLineEdit*>()->toolTip(), QStringLiteral("انبار & شعبه"));
+}
+
+TEST_F(SelectorEditTest, A_record_that_is_not_offered_is_shown_and_cannot_be_picked) {
+  records[0].offered = false;
+  Press(Qt::Key_F4);
+  EXPECT_EQ(Current(), QStringLiteral("سالن قطعات يدكي")) << "the first that is offered";
+  InPopup(Qt::Key_Up);
+  EXPECT_EQ(Current(), QStringLiteral("سالن قطعات يدكي"));
+  auto& tree = *Popup()->findChild<QTreeView*>("records");
+  const QModelIndex parent = tree.model()->index(0, 0);
+  EXPECT_EQ(parent.data().toString(), QStringLiteral("انبار مركزي"));
+  EXPECT_FALSE(parent.data(Qt::ToolTipRole).toString().isEmpty());
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(parent).center());
+  EXPECT_TRUE(chosen.empty());
+  ASSERT_NE(Popup(), nullptr);
+  InPopup(Qt::Key_Return);
+  EXPECT_EQ(chosen, std::vector<std::int32_t>{2});
+  Type(QStringLiteral("مركزي"));
+  InPopup(Qt::Key_Return);
+  EXPECT_EQ(chosen, std::vector<std::int32_t>{2}) << "its name finds it, but does not pick it";
+  InPopup(Qt::Key_Escape);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 #include <string>
 
 #include "platform/sql/DatabaseError.h"
@@ -106,6 +107,22 @@ TEST_F(SelectorRecordsTest, People_are_read_by_name_and_one_connection_serves_al
 TEST_F(SelectorRecordsTest, A_selector_that_was_given_no_database_says_so) {
   people.SetConnectionString("0");
   EXPECT_THROW(static_cast<void>(records.People(people)), DatabaseError);
+}
+
+TEST_F(SelectorRecordsTest, A_selector_of_leaves_offers_no_store_with_others_under_it_except_one) {
+  for (int id = 1; id <= 4; ++id) AddStore(id, "انبار");
+  Under(1, 2);
+  Under(3, 4);
+  const auto offered = [this] {
+    std::set<std::int32_t> ids;
+    for (const SelectorRecord& record : records.Tree(stores)) {
+      if (record.offered) ids.insert(record.id);
+    }
+    return ids;
+  };
+  EXPECT_EQ(offered(), (std::set<std::int32_t>{1, 2, 3, 4}));
+  stores.OfferOnlyLeaves(3);
+  EXPECT_EQ(offered(), (std::set<std::int32_t>{2, 3, 4}));
 }
 
 }  // namespace

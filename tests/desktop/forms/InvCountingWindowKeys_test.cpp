@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolTip>
@@ -56,7 +57,8 @@ TEST_F(InvCountingWindowKeys, A_line_is_counted_and_saved_from_the_keyboard_alon
   Type(QStringLiteral("۱۵"));
   Press(Qt::Key_Return);
   EXPECT_EQ(Counting().flexDetail.TextMatrix(1, LineColumn::Surplus), "2.5");
-  EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::Rate);
+  EXPECT_EQ(Counting().flexDetail.Row(), 2) << "the rate of the line is filled in";
+  Counting().flexDetail.SetCurrent(1, LineColumn::Rate);
   Type("9");
   Tick();
   QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);  // what is being typed is stored first
@@ -258,6 +260,29 @@ TEST_F(InvCountingWindowKeys, The_exit_button_takes_its_own_window_away) {
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   ASSERT_TRUE(control.View(1));
   EXPECT_TRUE(screen.WindowOf(Counting())->isVisible());
+}
+
+TEST_F(InvCountingWindowKeys, An_unknown_barcode_offers_to_add_its_good_and_then_takes_its_count) {
+  world.database.Execute("insert into tblGood (Barcode,Code,Name) values ('6263','103','چاي')");
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Find<GridView>("flexDetail").setFocus();
+  Counting().flexDetail.SetCurrent(1, LineColumn::Barcode);
+  auto& offer = Find<QWidget>("scanOffer");
+  EXPECT_TRUE(offer.isHidden());
+  Type("6263");
+  Press(Qt::Key_Return);
+  ASSERT_FALSE(offer.isHidden());
+  EXPECT_TRUE(offer.findChild<QLabel*>()->text().contains(QStringLiteral("6263")));
+  QTest::keyClick(window, Qt::Key_G, Qt::ControlModifier);
+  EXPECT_TRUE(offer.isHidden());
+  ASSERT_EQ(Counting().flexDetail.Rows(), 4);
+  EXPECT_EQ(Counting().flexDetail.Row(), 3);
+  EXPECT_TRUE(Find<GridView>("flexDetail").hasFocus());
+  Type("12");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Counting().flexDetail.TextMatrix(3, LineColumn::FirstCounting), "12");
+  EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::Barcode) << "ready for the next scan";
 }
 
 }  // namespace

@@ -1,12 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <QAction>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QToolTip>
 #include <set>
 
+#include "desktop/fields/StatusLine.h"
 #include "tests/desktop/forms/InvCountingWindowTest.h"
 
 namespace koru {
@@ -21,7 +25,6 @@ TEST_F(InvCountingWindowTest, Every_control_of_the_form_has_its_widget) {
     EXPECT_NE(window->findChild<QObject*>(QString::fromStdString(control->Name())), nullptr)
         << control->Name();
   }
-  EXPECT_EQ(window->windowTitle(), QStringLiteral("شمارش"));
   EXPECT_EQ(window->layoutDirection(), Qt::RightToLeft);
 }
 
@@ -83,22 +86,81 @@ TEST_F(InvCountingWindowTest, Notes_begin_at_the_right_edge_and_take_what_is_sto
   EXPECT_EQ(number.text().size(), 255);
 }
 
-TEST_F(InvCountingWindowTest, How_many_lines_the_goods_search_added_is_said_until_the_next_key) {
-  const auto said = [this](const char* text) {
-    for (const QLabel* const label : window->findChildren<QLabel*>()) {
-      if (label->text().contains(QString::fromUtf8(text))) return true;
-    }
-    return false;
-  };
-  Counting().GoodsAdded.Raise(0);
-  EXPECT_TRUE(said("كالاي تازه اي افزوده نشد."));
-  EXPECT_FALSE(said("خانه بعد"));
-  Counting().GoodsAdded.Raise(3);
-  EXPECT_TRUE(said("3 سطر افزوده شد."));
+TEST_F(InvCountingWindowTest, What_a_command_did_is_said_until_the_next_key) {
+  const auto& status = Find<StatusLine>("statusLine");
+  EXPECT_TRUE(status.Sentence().contains(QStringLiteral("خانه بعد")));
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Tick();
+  QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(status.Sentence(), QStringLiteral("ثبت موقت شد: شماره رايانه اي 1، 2 سطر."));
   Find<GridView>("flexDetail").setFocus();
   Press(Qt::Key_Down);
-  EXPECT_FALSE(said("افزوده"));
-  EXPECT_TRUE(said("خانه بعد"));
+  EXPECT_TRUE(status.Sentence().contains(QStringLiteral("خانه بعد")));
+}
+
+TEST_F(InvCountingWindowTest, A_grey_save_says_why_and_what_is_missing_is_marked) {
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Counting().gmpInventory.ClearSelection();
+  Tick();
+  auto& save = Find<QPushButton>("cmdTmpSave");
+  auto* const store = Find<QWidget>("gmpInventory").findChild<QLineEdit*>();
+  ASSERT_FALSE(save.isEnabled());
+  for (QWidget* const shown : {static_cast<QWidget*>(&save), static_cast<QWidget*>(store)}) {
+    QHelpEvent hover(QEvent::ToolTip, shown->rect().center(), shown->mapToGlobal(shown->rect().center()));
+    QApplication::sendEvent(shown, &hover);
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("انبار"))) << shown->objectName().toStdString();
+    QToolTip::hideText();
+  }
+  EXPECT_TRUE(store->property("missing").toBool());
+  QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Find<StatusLine>("statusLine").Sentence(), QStringLiteral("براي ثبت، اين ها كم است: انبار"));
+  Counting().gmpInventory.Select(1);
+  Tick();
+  EXPECT_FALSE(store->property("missing").toBool());
+  EXPECT_TRUE(save.isEnabled());
+}
+
+TEST_F(InvCountingWindowTest, The_title_says_which_counting_it_is_and_in_which_state) {
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("شمارش موقت - شماره رايانه اي 1"));
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("اصلاح شمارش موقت - شماره رايانه اي 1"));
+  Tick();
+  world.database.Execute("insert into tblPelinUserPermission (UserID,FormPermissionID) values (1,80606)");
+  QTest::keyClick(window, Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("شمارش نهايي شماره 1 - شماره رايانه اي 1"));
+  QTest::keyClick(window, Qt::Key_N, Qt::ControlModifier);
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("شمارش جديد"));
+  world.messages.WillAnswer(test::FakeMessages::Answer::Yes);
+  QTest::keyClick(window, Qt::Key_F8);
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("شمارش - فرم خالي"));
+}
+
+TEST_F(InvCountingWindowTest, The_registering_command_is_set_apart_from_saving) {
+  const QRect save = Find<QPushButton>("cmdTmpSave").geometry();
+  const QRect registering = Find<QPushButton>("cmdIsFinalized").geometry();
+  const QRect cancel = Find<QPushButton>("cmdCancel").geometry();
+  EXPECT_GT(save.left(), cancel.left());
+  EXPECT_GT(cancel.left(), registering.left()) << "from right to left";
+  EXPECT_GT(cancel.left() - registering.right(), save.left() - cancel.right()) << "with a gap";
+  EXPECT_FALSE(Find<QPushButton>("cmdIsFinalized").property("main").toBool());
+}
+
+TEST_F(InvCountingWindowTest, Enter_moves_down_when_the_menu_says_so) {
+  auto& down = Find<QAction>("enterGoesDown");
+  EXPECT_FALSE(down.isChecked());
+  down.trigger();
+  EXPECT_TRUE(Counting().EnterGoesDown());
+  window->activateWindow();
+  QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);
+  Find<GridView>("flexDetail").setFocus();
+  Counting().flexDetail.SetCurrent(1, LineColumn::AcceptedCounting);
+  Type("8");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Counting().flexDetail.Row(), 2);
+  EXPECT_EQ(Counting().flexDetail.Col(), LineColumn::AcceptedCounting);
 }
 
 TEST_F(InvCountingWindowTest, After_Cancel_the_window_says_that_the_lines_are_not_stored_and_F5_reads_them) {

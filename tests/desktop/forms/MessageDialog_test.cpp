@@ -5,7 +5,10 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
+#include <QTextCursor>
 
+#include "platform/text/Text.h"
 #include "tests/desktop/WindowTools.h"
 
 namespace koru {
@@ -131,6 +134,40 @@ TEST_F(MessageDialogTest, A_server_s_words_stand_below_the_sentence_and_can_be_c
     ASSERT_NE(detail, nullptr);
     EXPECT_EQ(detail->toPlainText(), "Login failed for user 'sa'.");
     EXPECT_TRUE(detail->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+    dialog.close();
+  });
+}
+
+TEST_F(MessageDialogTest, A_path_has_a_line_of_its_own_and_English_is_small) {
+  text = "عمليات انجام نشد.\nپروندة پايگاه داده پيدا نشد: " + LeftToRight("/انبار/a b.db") +
+         "، آن را برگردانيد.\ndatabase or disk is full";
+  Ask(0, [](QWidget& dialog) {
+    auto* const detail = dialog.findChild<QPlainTextEdit*>("detail");
+    ASSERT_NE(detail, nullptr);
+    EXPECT_EQ(detail->toPlainText(),
+              QStringLiteral("پروندة پايگاه داده پيدا نشد:\n\u2066/انبار/a b.db\u2069\n"
+                             "آن را برگردانيد.\ndatabase or disk is full"));
+    const auto sizeOf = [&](int line) {
+      QTextCursor cursor(detail->document()->findBlockByNumber(line));
+      cursor.movePosition(QTextCursor::NextCharacter);
+      return cursor.charFormat().fontPointSize();
+    };
+    const auto isRightToLeft = [&](int line) {
+      return detail->document()->findBlockByNumber(line).text().isRightToLeft();
+    };
+    for (const int english : {1, 3}) {
+      EXPECT_FALSE(isRightToLeft(english));
+      EXPECT_GT(sizeOf(english), 0);
+      EXPECT_LT(sizeOf(english), detail->font().pointSizeF());
+    }
+    for (const int persian : {0, 2}) EXPECT_TRUE(isRightToLeft(persian));
+    dialog.close();
+  });
+  text = "پروندة اكسل نوشته نشد: " + LeftToRight("/a.xlsx");
+  Ask(0, [](QWidget& dialog) {
+    EXPECT_EQ(dialog.findChild<QLabel*>("message")->text(), QStringLiteral("پروندة اكسل نوشته نشد:"));
+    EXPECT_EQ(dialog.findChild<QPlainTextEdit*>("detail")->toPlainText(),
+              QStringLiteral("\u2066/a.xlsx\u2069"));
     dialog.close();
   });
 }

@@ -273,5 +273,35 @@ TEST_F(GridViewTest, After_the_grid_is_gone_the_view_shows_nothing_and_takes_no_
   EXPECT_EQ(grid.Rows(), 4);
 }
 
+TEST_F(GridViewTest, Enter_skips_a_filled_rate_and_stops_at_an_empty_one) {
+  view->SetEnterMoves({.down = false, .skipped = 3});
+  grid.SetTextMatrix(1, 3, "250");
+  Start();
+  grid.SetCurrent(1, 2);
+  Type("4");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Current(), (std::pair{2, 2})) << "the rate of the first row is filled in";
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Current(), (std::pair{2, 3})) << "the rate of the second is not";
+  grid.SetCurrent(1, 2);
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(Current(), (std::pair{1, 3})) << "Tab visits every cell";
+}
+
+TEST_F(GridViewTest, Enter_moves_down_where_the_user_wants_it_to_and_stays_in_the_last_row) {
+  view->SetEnterMoves({.down = true, .skipped = 3});
+  Start();
+  grid.SetCurrent(1, 2);
+  for (const char* const count : {"4", "5", "6"}) {
+    Type(count);
+    Press(Qt::Key_Return);
+  }
+  EXPECT_EQ(Cell(1, 2) + Cell(2, 2) + Cell(3, 2), "456");
+  EXPECT_EQ(Current(), (std::pair{3, 2}));
+  grid.SetCurrent(1, 3);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Current(), (std::pair{2, 3}));
+}
+
 }  // namespace
 }  // namespace koru::test
