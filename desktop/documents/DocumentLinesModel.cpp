@@ -3,7 +3,6 @@
 #include <array>
 
 #include "desktop/fields/Fields.h"
-#include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/ShownNumber.h"
 #include "platform/text/Numbers.h"
@@ -53,7 +52,7 @@ QVariant DocumentLinesModel::data(const QModelIndex& index, int role) const {
   const DocumentLine& line = lines_.at(static_cast<std::size_t>(index.row()));
   if (role == Qt::DisplayRole) return TextOf(line, index.column(), index.row());
   if (role == Qt::ToolTipRole && index.column() <= GoodName) {
-    return PlainToolTip(QStringLiteral("باركد: %1").arg(ToQt(line.barcode)));
+    return QStringLiteral("باركد: %1").arg(ToQt(line.barcode));
   }
   if (role == Qt::TextAlignmentRole) {
     if (index.column() == RowNumber) return Qt::AlignCenter;

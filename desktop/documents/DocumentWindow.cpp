@@ -15,6 +15,8 @@
 #include "desktop/fields/Fields.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/ShownNumber.h"
+#include "desktop/toolkit/WholeTextTip.h"
+#include "desktop/toolkit/WindowPlace.h"
 #include "platform/text/Numbers.h"
 
 // The widgets belong to their window, as the toolkit's widgets do.
@@ -39,7 +41,7 @@ DocumentWindow::DocumentWindow(Database& database, const DocumentKind& kind, con
   AddTotals(*layout);
   AddCommands(*layout);
   ShowState();
-  resize(kDefaultSize);
+  resize(FirstSize(kDefaultSize));
 }
 
 QLabel* DocumentWindow::NewValue(const char* objectName) {
@@ -81,6 +83,7 @@ void DocumentWindow::AddLines(QBoxLayout& window) {
   auto* const lines = new QTableView(this);
   lines->setObjectName(QStringLiteral("lines"));
   lines->setModel(new DocumentLinesModel(document_.lines, lines));
+  lines->setItemDelegate(new WholeTextTip(lines));
   lines->verticalHeader()->hide();
   lines->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   lines->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);

@@ -52,7 +52,7 @@ void PaintMark(QPainter& painter, const QRect& cell) {
 
 }  // namespace
 
-CellDelegate::CellDelegate(GridView& view) : QStyledItemDelegate(&view), view_(view) {}
+CellDelegate::CellDelegate(GridView& view) : WholeTextTip(&view), view_(view) {}
 
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                                     const QModelIndex& index) const {
@@ -82,16 +82,15 @@ void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
 }
 
 void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
-  QStyledItemDelegate::initStyleOption(option, index);
+  WholeTextTip::initStyleOption(option, index);
   const ColumnStyle style = view_.Rows().StyleOf(index.column());
   if (style.number) option->direction = Qt::LeftToRight;
   if (style.color.isValid()) option->palette.setColor(QPalette::HighlightedText, style.color);
   option->backgroundBrush = GroundOf(index, option->backgroundBrush.color());
 }
 
-/// Row numbers are part of the frame, the current row is tinted, and editable cells are lighter than others.
+/// The current row is tinted, and editable cells are lighter than others.
 QColor CellDelegate::GroundOf(const QModelIndex& index, const QColor& rowColor) const {
-  if (index.column() == 0 && view_.HasRowNumbers()) return {0xE4, 0xE9, 0xF1};
   if (view_.Rows().IsMarked(index)) return kMarkedGround;
   if (index.row() == view_.currentIndex().row()) return {0xD8, 0xE6, 0xF7};
   if (!index.flags().testFlag(Qt::ItemIsEditable)) return rowColor;
@@ -100,7 +99,7 @@ QColor CellDelegate::GroundOf(const QModelIndex& index, const QColor& rowColor) 
 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
-  QStyledItemDelegate::paint(painter, option, index);
+  WholeTextTip::paint(painter, option, index);
   const ColumnStyle style = view_.Rows().StyleOf(index.column());
   if (style.sign != ColumnStyle::Sign::None && !index.data(Qt::DisplayRole).toString().isEmpty()) {
     PaintSign(*painter, option.rect, style);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "desktop/toolkit/WholeTextTip.h"
 
 namespace koru {
 
@@ -8,7 +8,7 @@ class GridView;
 
 /// Draws the cells of a GridView and creates their editors. Key presses and focus changes of an editor are
 /// passed to the view's CellEditing.
-class CellDelegate : public QStyledItemDelegate {
+class CellDelegate : public WholeTextTip {
   Q_OBJECT
 
  public:

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "desktop/grid/GridView.h"
+#include "desktop/grid/RowNumbers.h"
 #include "desktop/toolkit/Twips.h"
 
 namespace koru {
@@ -13,8 +14,7 @@ constexpr int kCellPadding = 12;
 constexpr int kSignWidth = 14;  ///< of a sign or a mark
 constexpr int kSampleRows = 50;
 constexpr int kMaxTextWidth = 190;  ///< a longer text is cut off before it pushes other columns out of sight
-constexpr int kMaxStretchTextWidth =
-    140;  ///< the column that takes the remaining width is the first to give some up
+constexpr int kMaxStretchTextWidth = 260;  ///< of the names, which have their width before other columns
 
 }  // namespace
 
@@ -35,6 +35,7 @@ void ColumnFitting::ColumnResized() {
 void ColumnFitting::FitNow() {
   requested_ = false;
   if (view_.Rows().Source() == nullptr || widths_ == Widths::SetByUser) return;
+  if (view_.Numbers() != nullptr) view_.Numbers()->Fit();
   std::vector<ColumnSizeHint> hints;
   for (int col = 0; col < view_.Rows().columnCount(); ++col) hints.push_back(SizeHintOf(col));
   const std::vector<int> widths = FitColumns(hints, view_.viewport()->width(), stretch_);
@@ -69,7 +70,7 @@ ColumnSizeHint ColumnFitting::SizeHintOf(int col) const {
   const GridModel& rows = view_.Rows();
   const Grid& grid = *rows.Source();
   const int natural = grid.ColWidth(col) / kTwipsPerPixel;
-  if (natural == 0 || rows.StyleOf(col).hidden) return {};
+  if (natural == 0 || rows.StyleOf(col).hidden || col < view_.FirstColumn()) return {};
   QFont headerFont = view_.font();
   headerFont.setBold(grid.IsEditable(col));
   const QString title = rows.headerData(col, Qt::Horizontal, Qt::DisplayRole).toString();

@@ -79,13 +79,17 @@ QVariant GridModel::CellData(int gridRow, int col, int role) const {
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  const bool known = grid_ != nullptr && section >= 0 && section < cols_;
-  return orientation == Qt::Horizontal && known ? HeaderData(section, role) : QVariant();
+  if (grid_ == nullptr || section < 0) return {};
+  if (orientation == Qt::Horizontal) return section < cols_ ? HeaderData(section, role) : QVariant();
+  if (section >= rows_ || cols_ == 0) return {};
+  if (role == Qt::DisplayRole) return ToQt(grid_->TextMatrix(section + 1, 0));
+  return role == Qt::TextAlignmentRole ? QVariant(Qt::AlignCenter) : QVariant();
 }
 
 QVariant GridModel::HeaderData(int col, int role) const {
   switch (role) {
     case Qt::DisplayRole:
+    case Qt::ToolTipRole:  // a user can make a column narrower than its title
       return ToQt(grid_->TextMatrix(0, col)).trimmed();
     case Qt::TextAlignmentRole:
       return static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap);
@@ -156,7 +160,9 @@ void GridModel::EndChange(const GridChange& change) {
 void GridModel::TextsChanged(int first, int last) {
   if (cols_ == 0) return;
   if (first < 0) emit headerDataChanged(Qt::Horizontal, 0, cols_ - 1);
-  if (last >= 0) emit dataChanged(index(std::max(first, 0), 0), index(last, cols_ - 1));
+  if (last < 0) return;
+  emit dataChanged(index(std::max(first, 0), 0), index(last, cols_ - 1));
+  emit headerDataChanged(Qt::Vertical, std::max(first, 0), last);
 }
 
 }  // namespace koru

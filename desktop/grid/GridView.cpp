@@ -1,15 +1,16 @@
 #include "desktop/grid/GridView.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMenu>
+#include <algorithm>
 #include <memory>
 
 #include "desktop/grid/CellDelegate.h"
 #include "desktop/grid/CellHint.h"
+#include "desktop/grid/GridHeader.h"
+#include "desktop/grid/RowNumbers.h"
 #include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 
@@ -45,27 +46,34 @@ void GridView::SetUpHeaders() {
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setMinimumSectionSize(metrics.height());
   verticalHeader()->setDefaultSectionSize(metrics.height() + 8);
-  QHeaderView& header = *horizontalHeader();
-  header.setFixedHeight(2 * metrics.height() + 8);
-  header.setMinimumSectionSize(20);
-  header.setHighlightSections(false);
-  header.setSectionsClickable(true);
-  header.setSortIndicatorShown(true);
-  header.setSortIndicator(-1, Qt::AscendingOrder);
-  connect(&header, &QHeaderView::sectionResized, &fitting_, &ColumnFitting::ColumnResized);
-  connect(&header, &QHeaderView::sectionClicked, this, [this](int col) {
-    if (grid_ != nullptr && FinishEdit()) grid_->UserClickHeader(col);
-    ReportOrder();
+  titles_ = new GridHeader(this);  // NOLINT(cppcoreguidelines-owning-memory)
+  setHorizontalHeader(titles_);
+  connect(titles_, &QHeaderView::sectionResized, &fitting_, &ColumnFitting::ColumnResized);
+  connect(titles_, &QHeaderView::sectionClicked, this, &GridView::ClickTitle);
+  titles_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(titles_, &QWidget::customContextMenuRequested, this, [this](QPoint at) {
+    menus_.ShowForTitle(titles_->logicalIndexAt(at), titles_->viewport()->mapToGlobal(at));
   });
-  header.setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(&header, &QWidget::customContextMenuRequested, this, [this](QPoint at) {
-    const int col = horizontalHeader()->logicalIndexAt(at);
-    if (!HasCellsToFill(grid_) || col < 0) return;
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("titleMenu"));
-    AddSorting(menu, col);
-    menu.exec(horizontalHeader()->viewport()->mapToGlobal(at));
-  });
+}
+
+void GridView::ShowRowNumbers() {
+  if (rowNumbers_ == nullptr) rowNumbers_ = new RowNumbers(*this);  // NOLINT(cppcoreguidelines-owning-memory)
+}
+
+void GridView::SetFrameWidth(int width) {
+  if (verticalHeader()->width() == width && verticalHeader()->minimumWidth() == width) return;
+  verticalHeader()->setFixedWidth(width);
+  updateGeometries();
+}
+
+void GridView::ClickTitle(int col) {
+  if (grid_ != nullptr && FinishEdit()) grid_->UserClickHeader(col);
+  ReportOrder();
+}
+
+void GridView::SortByUser(const SortRequest& request) {
+  if (grid_ != nullptr && FinishEdit()) grid_->UserSort(request);
+  ReportOrder();
 }
 
 void GridView::SetUpMouse() {
@@ -112,7 +120,7 @@ void GridView::FollowRows(const GridChange& change) {
 }
 
 void GridView::ShowCurrent() {
-  const QModelIndex wanted = model_.index(grid_->Row() - 1, grid_->Col());
+  const QModelIndex wanted = model_.index(grid_->Row() - 1, ShownCol());
   if (wanted == currentIndex()) return;
   if (wanted.isValid()) {
     setCurrentIndex(wanted);
@@ -121,22 +129,12 @@ void GridView::ShowCurrent() {
   }
 }
 
+int GridView::ShownCol() const { return std::max(grid_->Col(), FirstColumn()); }
+
 void GridView::ShowSortedColumn() {
   const bool descending = grid_ != nullptr && grid_->IsSortedDescending();
-  horizontalHeader()->setSortIndicator(grid_ == nullptr ? -1 : grid_->SortedCol(),
-                                       descending ? Qt::DescendingOrder : Qt::AscendingOrder);
-}
-
-void GridView::AddSorting(QMenu& menu, int col) {
-  const auto add = [&](const char* text, RowOrder order) {
-    connect(menu.addAction(QString::fromUtf8(text)), &QAction::triggered, this, [this, col, order] {
-      if (grid_ != nullptr && FinishEdit()) grid_->UserSort({col, order});
-      ReportOrder();
-    });
-  };
-  add("مرتب سازي از كم به زياد", RowOrder::Ascending);
-  add("مرتب سازي از زياد به كم", RowOrder::Descending);
-  add("برگشت به ترتيب ورود", RowOrder::Entry);
+  titles_->setSortIndicator(grid_ == nullptr ? -1 : grid_->SortedCol(),
+                            descending ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void GridView::ReportOrder() {
@@ -158,7 +156,7 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
   if (model_.IsChanging()) return;
   scanning_.CellMoved();
   const int row = current.row() + 1;
-  if (grid_->Row() == row && grid_->Col() == current.column()) return;
+  if (grid_->Row() == row && ShownCol() == current.column()) return;
   grid_->UserMoveTo(row, current.column());
 }
 
@@ -307,15 +305,6 @@ bool GridView::focusNextPrevChild(bool next) {
   return QTableView::focusNextPrevChild(next);
 }
 
-void GridView::contextMenuEvent(QContextMenuEvent* event) {
-  if (!HasCellsToFill(grid_) || !currentIndex().isValid()) return;
-  QMenu menu(this);
-  menu.setObjectName(QStringLiteral("rowMenu"));
-  QAction* const remove = menu.addAction(QStringLiteral("حذف سطر\tCtrl+Del"));
-  remove->setEnabled(grid_->Enabled() && !grid_->Locked());
-  menu.addSeparator();
-  AddSorting(menu, currentIndex().column());
-  if (menu.exec(event->globalPos()) == remove && grid_ != nullptr) grid_->UserDeleteRow();
-}
+void GridView::contextMenuEvent(QContextMenuEvent* event) { menus_.ShowForRow(event->globalPos()); }
 
 }  // namespace koru

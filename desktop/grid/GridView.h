@@ -8,13 +8,15 @@
 #include "desktop/grid/CellEditing.h"
 #include "desktop/grid/ColumnFitting.h"
 #include "desktop/grid/GridCells.h"
+#include "desktop/grid/GridMenus.h"
 #include "desktop/grid/GridModel.h"
 #include "desktop/grid/ScanMode.h"
 #include "desktop/grid/TypingPace.h"
 
-class QMenu;
-
 namespace koru {
+
+class GridHeader;
+class RowNumbers;
 
 /// A Grid on the screen. Arrows move as in a spreadsheet, typing edits the current cell (CellEditing) or
 /// searches a read-only column (ScanMode), Enter and Tab move to the next editable cell, Shift+Tab to the
@@ -32,9 +34,11 @@ class GridView : public QTableView {
   void SetColumnStyle(int col, const ColumnStyle& style) { model_.SetColumnStyle(col, style); }
   /// The column that takes the remaining width; -1: none.
   void SetStretchColumn(int col) { fitting_.SetStretchColumn(col); }
-  /// Whether column 0 numbers the rows and is drawn as a part of the frame.
-  void SetRowNumbers(bool rowNumbers) { rowNumbers_ = rowNumbers; }
-  [[nodiscard]] bool HasRowNumbers() const { return rowNumbers_; }
+  /// Shows column 0, which numbers the rows, as a part of the frame, which does not scroll away.
+  void ShowRowNumbers();
+  [[nodiscard]] RowNumbers* Numbers() const { return rowNumbers_; }
+  /// The first column among the cells.
+  [[nodiscard]] int FirstColumn() const { return rowNumbers_ == nullptr ? 0 : 1; }
   /// The column whose texts are scanned; -1: none.
   void SetScanColumn(int col) { scanning_.SetScanColumn(col); }
   /// Where Enter moves; by default to the next editable cell.
@@ -57,6 +61,15 @@ class GridView : public QTableView {
   [[nodiscard]] CellEditing& Editing() { return editing_; }
   [[nodiscard]] TypingPace& Pace() { return pace_; }
   [[nodiscard]] const CellClipboard& Clipboard() const { return clipboard_; }
+  [[nodiscard]] GridMenus& Menus() { return menus_; }
+  [[nodiscard]] const GridHeader& Titles() const { return *titles_; }
+
+  /// A click on the title of a column, which sorts.
+  void ClickTitle(int col);
+  /// A choice in the menu of a title or a line.
+  void SortByUser(const SortRequest& request);
+  /// Sets the width of the row numbers, in pixels.
+  void SetFrameWidth(int width);
 
   /// Moves the current cell as an arrow key does (Qt::Key_Left, ...).
   void MoveByKey(int key);
@@ -97,8 +110,8 @@ class GridView : public QTableView {
   void FollowGrid();
   void FollowRows(const GridChange& change);
   void ShowCurrent();
+  [[nodiscard]] int ShownCol() const;
   void ShowSortedColumn();
-  void AddSorting(QMenu& menu, int col);
   void ReportOrder();
   void UpdateRow(int row);
   void EnterPressed();
@@ -112,13 +125,15 @@ class GridView : public QTableView {
   CellEditing editing_{*this};
   ColumnFitting fitting_{*this};
   CellClipboard clipboard_{*this};
+  GridMenus menus_{*this};
+  GridHeader* titles_ = nullptr;
+  RowNumbers* rowNumbers_ = nullptr;
   Grid* grid_ = nullptr;
   Subscription stateChanged_;
   Subscription rowsChanged_;
   Subscription currentChanged_;
   std::function<QString()> lockedHint_;
   EnterMoves enterMoves_;
-  bool rowNumbers_ = false;
 };
 
 }  // namespace koru

@@ -193,7 +193,7 @@ void InvSearchWindow::AddResults(QBoxLayout& window) {
   results_->SetColumnStyle(kColumnID, number);
   results_->SetColumnStyle(kColumnCode, number);
   results_->SetStretchColumn(kColumnStore);
-  results_->SetRowNumbers(true);
+  results_->ShowRowNumbers();
   Binding().Bind(form_.flexSearch, *results_);
   emptyResult_ = new QLabel(this);
   emptyResult_->setObjectName(QStringLiteral("emptyResult"));

@@ -86,5 +86,16 @@ TEST_F(ColumnFittingTest, Walking_through_the_rows_resizes_no_column_whose_texts
   EXPECT_EQ(resizes, 0);
 }
 
+TEST_F(ColumnFittingTest, In_a_narrow_window_a_long_name_is_whole_and_the_other_columns_scroll) {
+  const char* const name = "شير پاستوريزه پرچرب يك ليتري ميهن";
+  grid.SetTextMatrix(2, 1, name);
+  grid.SetTextMatrix(2, 2, "1234567890");
+  window.resize(320, 300);
+  Start();
+  EXPECT_GE(Widths()[1], view->fontMetrics().horizontalAdvance(QString::fromUtf8(name)));
+  EXPECT_GE(Widths()[2], view->fontMetrics().horizontalAdvance(QStringLiteral("1234567890")));
+  EXPECT_GT(view->horizontalHeader()->length(), view->viewport()->width());
+}
+
 }  // namespace
 }  // namespace koru::test

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+
+class QAbstractButton;
+
+namespace koru {
+
+class GridView;
+
+/// Column 0 of a GridView as a frame of row numbers that does not scroll away: the vertical header shows its
+/// texts, the corner above it shows its title and takes the clicks on it. The column itself is hidden.
+class RowNumbers : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit RowNumbers(GridView& view);
+
+  /// Makes room for the title and the largest number.
+  void Fit();
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void GoToRow(int row);
+
+  GridView& view_;
+  QAbstractButton* corner_;
+};
+
+}  // namespace koru
