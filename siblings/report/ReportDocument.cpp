@@ -1,6 +1,7 @@
 #include "siblings/report/ReportDocument.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "platform/text/Numbers.h"
@@ -11,6 +12,7 @@ namespace koru {
 namespace {
 
 constexpr std::string_view kSum = "sum ";
+constexpr std::string_view kRank = "rank ";
 constexpr const char* kIsolate = "\u2068";
 constexpr const char* kEndOfIsolate = "\u2069";
 
@@ -81,6 +83,10 @@ ReportDocument::ValueSource ReportDocument::Resolve(const ReportCell& cell, cons
     const std::size_t column = ColumnOf(Trim(std::string_view(name).substr(kSum.size())), cell.sourceLine);
     return {.kind = ValueKind::Sum, .column = column, .sum = SumOf(column)};
   }
+  if (name.starts_with(kRank)) {
+    const std::size_t column = ColumnOf(Trim(std::string_view(name).substr(kRank.size())), cell.sourceLine);
+    return {.kind = ValueKind::Rank, .ranks = RanksBy(column)};
+  }
   return {.kind = ValueKind::Column, .column = ColumnOf(name, cell.sourceLine)};
 }
 
@@ -99,6 +105,21 @@ double ReportDocument::SumOf(std::size_t column) const {
   double sum = 0;
   for (const std::size_t record : rows_) sum += records_.FieldOf(record, column).Number();
   return sum;
+}
+
+/// The place of each record among all of them, the smallest number first; records of equal numbers keep their
+/// order.
+std::vector<std::size_t> ReportDocument::RanksBy(std::size_t column) const {
+  std::vector<std::size_t> order(records_.RecordCount());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::vector<double> numbers;
+  numbers.reserve(order.size());
+  for (const std::size_t record : order) numbers.push_back(records_.FieldOf(record, column).Number());
+  std::stable_sort(order.begin(), order.end(),
+                   [&](std::size_t a, std::size_t b) { return numbers[a] < numbers[b]; });
+  std::vector<std::size_t> ranks(order.size());
+  for (std::size_t place = 0; place < order.size(); ++place) ranks[order[place]] = place + 1;
+  return ranks;
 }
 
 std::string ReportDocument::CellText(const ReportCell& cell, const PlacedBand& band, std::size_t page) const {
@@ -124,6 +145,8 @@ std::string ReportDocument::ValueText(const ReportCell& cell, const std::string&
       return FieldText(cell, source.column, band);
     case ValueKind::Sum:
       return NumberOf(cell, source.sum);
+    case ValueKind::Rank:
+      return band.kind == ReportBandKind::Row ? std::to_string(source.ranks[rows_[band.row]]) : std::string();
     case ValueKind::Formula:
       return formulas_.at(name);
     case ValueKind::Row:

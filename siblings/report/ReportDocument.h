@@ -41,11 +41,12 @@ class ReportDocument {
   [[nodiscard]] std::string CellText(const ReportCell& cell, const PlacedBand& band, std::size_t page) const;
 
  private:
-  enum class ValueKind { Column, Sum, Formula, Row, Count, Page, Pages };
+  enum class ValueKind { Column, Sum, Rank, Formula, Row, Count, Page, Pages };
   struct ValueSource {
     ValueKind kind = ValueKind::Column;
     std::size_t column = 0;
     double sum = 0;
+    std::vector<std::size_t> ranks = {};  ///< of all records, from 1
   };
 
   void ChooseRows();
@@ -54,6 +55,7 @@ class ReportDocument {
   [[nodiscard]] ValueSource Resolve(const ReportCell& cell, const std::string& name) const;
   [[nodiscard]] std::size_t ColumnOf(std::string_view name, int sourceLine) const;
   [[nodiscard]] double SumOf(std::size_t column) const;
+  [[nodiscard]] std::vector<std::size_t> RanksBy(std::size_t column) const;
   [[nodiscard]] std::string ValueText(const ReportCell& cell, const std::string& name, const PlacedBand& band,
                                       std::size_t page) const;
   [[nodiscard]] std::string FieldText(const ReportCell& cell, std::size_t column,

@@ -12,7 +12,7 @@ namespace koru {
 enum class ReportAlign { Right, Center, Left };
 
 /// A part of a cell's text: literal text, or the name of a value (a column of the query, a formula, or one of
-/// row, count, page, pages and "sum <column>").
+/// row, count, page, pages, "sum <column>" and "rank <column>").
 struct ReportPiece {
   bool isValue = false;
   std::string text;

@@ -56,6 +56,21 @@ TEST_F(BuiltInReport, The_sheet_for_the_shelf_has_three_empty_boxes_and_no_book_
   }
 }
 
+TEST_F(BuiltInReport, The_sheet_for_the_shelf_has_the_row_numbers_of_the_form_in_the_order_of_the_codes) {
+  AddLine("3", "نان", 10, 12, 100);
+  database.Execute(
+      "insert into tblInventoryCountingDetail (CountingID, RowNumber, Barcode) values (1, 9, 'gone')");
+  AddLine("1", "پنير", 10, 12, 100);
+  AddLine("2", "ماست", 10, 12, 100);
+  database.Execute(
+      "update tblInventoryCountingDetail set RowNumber = case Barcode when '3' then 1 when 'gone' then 2 "
+      "when '1' then 3 else 4 end");
+  const auto report = Report("counting-sheet.rpt.txt");
+  EXPECT_EQ(TextsOf(*report, 0, ReportBandKind::Row),
+            "۲|1|c1|پنير|عدد||||۳|2|c2|ماست|عدد||||۱|3|c3|نان|عدد||||")
+      << "the form has no line of a good that no longer exists";
+}
+
 TEST_F(BuiltInReport, The_list_of_differences_leaves_out_what_agrees) {
   AddLine("1", "نان", 12, 12, 100);
   AddLine("2", "پنير", 7, 5.5, 2000);

@@ -37,6 +37,18 @@ TEST(ReportTexts, Rows_that_the_condition_refuses_are_neither_printed_nor_summed
   EXPECT_EQ(TextsOf(report, 0, ReportBandKind::Summary), "79|");
 }
 
+TEST(ReportTexts, A_row_carries_its_place_in_the_order_of_another_column) {
+  Recordset records({"Line"});
+  for (const int line : {40, 10, 30, 20}) records.AppendInteger(line);
+  const ReportDocument report(
+      ParseReportTemplate("digits latin\nrows Line <> 10\nband title\nline 5\ncell * \"{rank Line}\"\n"
+                          "band row\nline 5\ncell 20 \"{row}\"\ncell * \"{rank Line}\"\n",
+                          "a.rpt"),
+      records, {});
+  EXPECT_EQ(TextsOf(report, 0, ReportBandKind::Row), "1|4|2|3|3|2|") << "among all rows, also those left out";
+  EXPECT_EQ(TextsOf(report, 0, ReportBandKind::Title), "|") << "outside of rows there is none";
+}
+
 TEST(ReportTexts, A_missing_quantity_is_no_difference) {
   Recordset records({"Difference"});
   records.AppendNull();
