@@ -66,6 +66,7 @@ void CountingLines::SetUp() {
   flexDetail_.SetCols(kLineColumns);
   flexDetail_.SetFormatString(kTitles);
   flexDetail_.SetEditMask(kEditMask);
+  flexDetail_.SetBackColor(kOddRowColor);  // as after loading: the ground does not change with the first line
 }
 
 void CountingLines::FillInvCounterDetailData(std::int32_t id) {

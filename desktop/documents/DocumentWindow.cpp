@@ -26,6 +26,12 @@ namespace {
 
 constexpr QSize kDefaultSize(900, 560);
 
+/// Shows the value; a screen reader reads it with its name, which is the description.
+void ShowValue(QLabel& value, const QString& text) {
+  value.setText(text);
+  value.setAccessibleName(value.accessibleDescription() + QStringLiteral(": ") + text);
+}
+
 }  // namespace
 
 DocumentWindow::DocumentWindow(Database& database, const DocumentKind& kind, const Messages& messages,
@@ -58,6 +64,7 @@ QLabel* DocumentWindow::NewValue(const char* objectName) {
 QLabel* DocumentWindow::AddValue(QGridLayout& box, int row, int column, const char* name,
                                  const char* objectName, int columns) {
   QLabel* const value = NewValue(objectName);
+  value->setAccessibleDescription(QString::fromUtf8(name));
   box.addWidget(new QLabel(QString::fromUtf8(name), this), row, column);
   box.addWidget(value, row, column + 1, 1, columns);
   return value;
@@ -67,14 +74,14 @@ void DocumentWindow::AddHeader(QBoxLayout& window) {
   auto* const box = new QGroupBox(QStringLiteral("مشخصات %1").arg(ToQt(kind_.name)), this);
   auto* const grid = new QGridLayout(box);
   grid->setHorizontalSpacing(8);
-  AddValue(*grid, 0, 0, "شماره رايانه اي", "id")->setText(QString::number(document_.id));
+  ShowValue(*AddValue(*grid, 0, 0, "شماره رايانه اي", "id"), QString::number(document_.id));
   code_ = AddValue(*grid, 0, 2, "شماره نهايي", "code");
-  AddValue(*grid, 0, 4, "تاريخ", "date")->setText(ToQt(document_.date));
-  AddValue(*grid, 1, 0, "انبار", "store", 3)->setText(ToQt(document_.store));
-  AddValue(*grid, 1, 4, "ايجاد كننده", "creator")->setText(ToQt(document_.creator));
+  ShowValue(*AddValue(*grid, 0, 4, "تاريخ", "date"), ToQt(document_.date));
+  ShowValue(*AddValue(*grid, 1, 0, "انبار", "store", 3), ToQt(document_.store));
+  ShowValue(*AddValue(*grid, 1, 4, "ايجاد كننده", "creator"), ToQt(document_.creator));
   QLabel* const notes = AddValue(*grid, 2, 0, "توضيحات", "notes", 5);
   notes->setWordWrap(true);
-  notes->setText(ToQt(document_.notes));
+  ShowValue(*notes, ToQt(document_.notes));
   for (const int column : {1, 3, 5}) grid->setColumnStretch(column, 1);
   window.addWidget(box);
 }
@@ -82,6 +89,7 @@ void DocumentWindow::AddHeader(QBoxLayout& window) {
 void DocumentWindow::AddLines(QBoxLayout& window) {
   auto* const lines = new QTableView(this);
   lines->setObjectName(QStringLiteral("lines"));
+  lines->setAccessibleName(QStringLiteral("سطرهاي سند"));
   lines->setModel(new DocumentLinesModel(document_.lines, lines));
   lines->setItemDelegate(new WholeTextTip(lines));
   lines->verticalHeader()->hide();
@@ -117,7 +125,8 @@ void DocumentWindow::AddTotals(QBoxLayout& window) {
   const auto add = [&](const char* name, const char* objectName, double total) {
     bar->addWidget(new QLabel(QString::fromUtf8(name), this));
     QLabel* const value = NewValue(objectName);
-    value->setText(QChar(0x200E) + GroupedNumber(ToQt(NumberText(total))));
+    value->setAccessibleDescription(QString::fromUtf8(name));
+    ShowValue(*value, QChar(0x200E) + GroupedNumber(ToQt(NumberText(total))));
     bar->addWidget(value, 1);
   };
   add("تعداد سطر", "lineCount", static_cast<double>(document_.lines.size()));
@@ -146,7 +155,7 @@ void DocumentWindow::AddCommands(QBoxLayout& window) {
 }
 
 void DocumentWindow::ShowState() {
-  code_->setText(document_.code ? QString::number(*document_.code) : QStringLiteral("موقت"));
+  ShowValue(*code_, document_.code ? QString::number(*document_.code) : QStringLiteral("موقت"));
   register_->setEnabled(!document_.code);
 }
 

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/toolkit/Colors.h"
 #include "desktop/toolkit/PopupPlace.h"
 
 namespace koru {
@@ -36,7 +37,7 @@ void ColourWeek(QCalendarWidget& calendar) {
   QTextCharFormat workDay;
   workDay.setForeground(calendar.palette().color(QPalette::Text));
   QTextCharFormat restDay;
-  restDay.setForeground(QColor(0xB3, 0x26, 0x1E));
+  restDay.setForeground(OnDesktop({0xB3, 0x26, 0x1E}));
   for (int day = Qt::Monday; day <= Qt::Sunday; ++day) {
     calendar.setWeekdayTextFormat(static_cast<Qt::DayOfWeek>(day), day == Qt::Friday ? restDay : workDay);
   }

@@ -26,6 +26,7 @@
 #include "desktop/fields/StatusLine.h"
 #include "desktop/forms/LineColumnStyles.h"
 #include "desktop/grid/GridView.h"
+#include "desktop/toolkit/Colors.h"
 #include "desktop/toolkit/HelpKey.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/ShownNumber.h"
@@ -210,6 +211,11 @@ void InvCountingWindow::AddDocument(QGridLayout& box) {
   key->setMinimumWidth(IsNarrow() ? 54 : 70);
   Binding().Bind(form_.lblIDVal, *key);
   AddField(box, 0, 0, QStringLiteral("شماره رايانه اي"), *key);
+  const auto name = [this, key] {  // a screen reader reads the name of a label, not its text
+    key->setAccessibleName(QStringLiteral("شماره رايانه اي: %1").arg(ToQt(form_.lblIDVal.Caption())));
+  };
+  name();
+  keyChanged_ = form_.lblIDVal.StateChanged.Subscribe(name);
   auto* const code = NewCodeField(this, IsNarrow() ? 54 : 70);
   Binding().Bind(form_.txtCode, *code);
   AddField(box, 0, 2, QStringLiteral("شماره نهايي"), *code);
@@ -324,6 +330,7 @@ void InvCountingWindow::AddScanOffer(QBoxLayout& window) {
 
 void InvCountingWindow::AddLines(QBoxLayout& window) {
   lines_ = new GridView(this);
+  lines_->setAccessibleName(QStringLiteral("سطرهاي شمارش"));
   SetUpLineColumns(*lines_);
   Binding().Bind(form_.flexDetail, *lines_);
   lines_->SetEnterMoves({.down = form_.EnterGoesDown(), .skipped = LineColumn::Rate});
@@ -380,9 +387,12 @@ void InvCountingWindow::AddTotal(QBoxLayout& bar, const QString& title, TextBox&
   QFont bold = font();
   bold.setBold(true);
   field->setFont(bold);
-  if (color.isValid()) field->setStyleSheet(QStringLiteral("QLineEdit { color: %1; }").arg(color.name()));
+  if (color.isValid()) {
+    field->setStyleSheet(QStringLiteral("QLineEdit { color: %1; }").arg(OnDesktop(color).name()));
+  }
   auto* const label = new QLabel(title, this);
   label->setBuddy(field);
+  field->setAccessibleName(title);
   bar.addWidget(label);
   bar.addWidget(field, 1);
 }

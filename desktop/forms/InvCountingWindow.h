@@ -54,6 +54,7 @@ class InvCountingWindow : public FormWindow {
   Subscription goodsAdded_;
   Subscription reported_;
   Subscription cancelled_;
+  Subscription keyChanged_;
   Subscription linesChecked_;
   Subscription scanOffered_;
   Subscription keyPressed_;  ///< the next key restores the hint

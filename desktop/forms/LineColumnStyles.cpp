@@ -36,7 +36,7 @@ void SetUpLineColumns(GridView& lines) {
   key.hidden = true;  // the name of the unit has its own column
   lines.SetColumnStyle(LineColumn::ScaleID, key);
   lines.SetStretchColumn(LineColumn::GoodName);
-  lines.ShowRowNumbers();
+  lines.SetRowNumbers(true);
   lines.SetScanColumn(LineColumn::Barcode);
   lines.SetFigureColumns(LineColumn::FirstCounting, LineColumn::AcceptedCounting);
 }

@@ -17,6 +17,7 @@
 #include <algorithm>
 
 #include "desktop/toolkit/QtText.h"
+#include "services/Messages.h"
 
 namespace koru {
 namespace {
@@ -126,6 +127,13 @@ void MessageDialog::ClearShow() {
   dialog.exec();
 }
 
+/// The suite's messages tell errors and warnings apart by their titles alone.
+MessageIcon::Kind MessageDialog::IconKind() const {
+  if (type_ == kQuestion) return MessageIcon::Kind::Question;
+  if (title_ == sentences::kError) return MessageIcon::Kind::Error;
+  return title_ == sentences::kWarning ? MessageIcon::Kind::Warning : MessageIcon::Kind::Note;
+}
+
 // All widgets below belong to their Qt parents.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 void MessageDialog::AddTexts(QDialog& dialog, QVBoxLayout& layout) const {
@@ -141,7 +149,11 @@ void MessageDialog::AddTexts(QDialog& dialog, QVBoxLayout& layout) const {
   text->setWordWrap(true);
   text->setMinimumWidth(kMinTextWidth);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  inner->addWidget(text);
+  auto* const said = new QHBoxLayout;
+  said->setSpacing(14);
+  said->addWidget(new MessageIcon(IconKind(), frame), 0, Qt::AlignTop);
+  said->addWidget(text, 1);
+  inner->addLayout(said);
   if (gap >= 0) {
     auto* const detail = new QPlainTextEdit(whole.mid(gap + 1).trimmed(), frame);
     detail->setObjectName(QStringLiteral("detail"));

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <string>
 
+#include "desktop/toolkit/MessageIcon.h"
 #include "platform/ports/Components.h"
 
 class QDialog;
@@ -30,6 +31,7 @@ class MessageDialog : public MessageComponent {
   [[nodiscard]] int Resualt() const override { return answer_; }
 
  private:
+  [[nodiscard]] MessageIcon::Kind IconKind() const;
   void AddTexts(QDialog& dialog, QVBoxLayout& layout) const;
   void AddButtons(QDialog& dialog, QVBoxLayout& layout);
   void Paint(QDialog& dialog) const;

@@ -62,7 +62,7 @@ void comInvCountingWidget::SetUpList() {
   flexTempDocs_.SetCols(Count);
   flexTempDocs_.SetFormatString(kTitles);
   list_ = new GridView(this);  // NOLINT(cppcoreguidelines-owning-memory)
-  list_->ShowRowNumbers();
+  list_->SetRowNumbers(true);
   binding_.Bind(flexTempDocs_, *list_);
   auto* const layout = new QVBoxLayout(this);  // NOLINT(cppcoreguidelines-owning-memory)
   layout->setContentsMargins(0, 0, 0, 0);

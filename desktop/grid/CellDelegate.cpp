@@ -9,6 +9,7 @@
 
 #include "desktop/grid/GridCells.h"
 #include "desktop/grid/GridView.h"
+#include "desktop/toolkit/Colors.h"
 #include "desktop/toolkit/Keys.h"
 
 namespace koru {
@@ -86,15 +87,19 @@ void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
   const ColumnStyle style = view_.Rows().StyleOf(index.column());
   if (style.number) option->direction = Qt::LeftToRight;
   if (style.color.isValid()) option->palette.setColor(QPalette::HighlightedText, style.color);
-  option->backgroundBrush = GroundOf(index, option->backgroundBrush.color());
+  const QBrush& ofRow = option->backgroundBrush;
+  const bool isSet = ofRow.style() != Qt::NoBrush;
+  option->backgroundBrush = GroundOf(index, isSet ? ofRow.color() : option->palette.color(QPalette::Base));
 }
 
-/// The current row is tinted, and editable cells are lighter than others.
+/// The current row is tinted, and editable cells are nearer to the ground of texts.
 QColor CellDelegate::GroundOf(const QModelIndex& index, const QColor& rowColor) const {
-  if (view_.Rows().IsMarked(index)) return kMarkedGround;
-  if (index.row() == view_.currentIndex().row()) return {0xD8, 0xE6, 0xF7};
+  if (view_.Rows().IsMarked(index)) return OnDesktop(kMarkedGround);
+  if (index.row() == view_.currentIndex().row()) return OnDesktop({0xD8, 0xE6, 0xF7});
   if (!index.flags().testFlag(Qt::ItemIsEditable)) return rowColor;
-  return {(rowColor.red() + 2 * 255) / 3, (rowColor.green() + 2 * 255) / 3, (rowColor.blue() + 2 * 255) / 3};
+  const QColor base = QApplication::palette().color(QPalette::Base);
+  return {(rowColor.red() + 2 * base.red()) / 3, (rowColor.green() + 2 * base.green()) / 3,
+          (rowColor.blue() + 2 * base.blue()) / 3};
 }
 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -106,7 +111,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   }
   if (view_.Rows().IsMarked(index)) PaintMark(*painter, option.rect);
   if (index == view_.currentIndex() && view_.hasFocus()) {
-    painter->setPen(QPen(QColor(0x2F, 0x5D, 0x8C), 2));
+    painter->setPen(QPen(OnDesktop({0x2F, 0x5D, 0x8C}), 2));
     painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
   }
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/toolkit/Colors.h"
 #include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/ShownNumber.h"
@@ -28,6 +29,7 @@ void GridModel::SetColumnStyle(int col, const ColumnStyle& style) {
   const auto at = static_cast<std::size_t>(col);
   if (styles_.size() <= at) styles_.resize(at + 1);
   styles_[at] = style;
+  if (style.color.isValid()) styles_[at].color = OnDesktop(style.color);
 }
 
 ColumnStyle GridModel::StyleOf(int col) const {
@@ -66,7 +68,7 @@ QVariant GridModel::CellData(int gridRow, int col, int role) const {
     case Qt::ToolTipRole:
       return IsMarked(index(gridRow - 1, col)) ? QVariant(style.markText) : QVariant();
     case Qt::BackgroundRole:
-      return col == 0 ? QVariant() : QVariant(ColorOf(grid_->RowBackColor(gridRow)));
+      return col == 0 ? QVariant() : QVariant(OnDesktop(ColorOf(grid_->RowBackColor(gridRow))));
     case Qt::ForegroundRole:
       return style.color.isValid() ? QVariant(style.color) : QVariant();
     case Qt::TextAlignmentRole:
@@ -94,7 +96,7 @@ QVariant GridModel::HeaderData(int col, int role) const {
     case Qt::TextAlignmentRole:
       return static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap);
     case Qt::ForegroundRole:
-      return grid_->IsEditable(col) ? QVariant(QColor(0x1F, 0x4E, 0x85)) : QVariant();
+      return grid_->IsEditable(col) ? QVariant(OnDesktop(QColor(0x1F, 0x4E, 0x85))) : QVariant();
     case Qt::FontRole: {
       QFont font;
       font.setBold(grid_->IsEditable(col));

@@ -18,7 +18,7 @@ struct ColumnStyle {
   bool grouped = false;    ///< a number is shown with a separator every three digits of its integer part
   Sign sign = Sign::None;  ///< a triangle at the left edge of each cell that is not empty
   bool hidden = false;     ///< the column is not shown
-  QColor color;            ///< of the text and the sign; the default color if invalid
+  QColor color;            ///< of text and sign, as on a light desktop (OnDesktop); if invalid, the default
   /// A larger number is marked, with this tooltip.
   double maxUnmarked = std::numeric_limits<double>::infinity();
   QString markText = {};

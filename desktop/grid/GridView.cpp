@@ -11,6 +11,7 @@
 #include "desktop/grid/CellHint.h"
 #include "desktop/grid/GridHeader.h"
 #include "desktop/grid/RowNumbers.h"
+#include "desktop/toolkit/Colors.h"
 #include "desktop/toolkit/Keys.h"
 #include "desktop/toolkit/QtText.h"
 
@@ -56,8 +57,17 @@ void GridView::SetUpHeaders() {
   });
 }
 
-void GridView::ShowRowNumbers() {
-  if (rowNumbers_ == nullptr) rowNumbers_ = new RowNumbers(*this);  // NOLINT(cppcoreguidelines-owning-memory)
+GridView::~GridView() = default;
+
+void GridView::SetRowNumbers(bool rowNumbers) {
+  if (rowNumbers == (rowNumbers_ != nullptr)) return;
+  if (rowNumbers) {
+    rowNumbers_ = std::make_unique<RowNumbers>(*this);
+  } else {
+    rowNumbers_.reset();
+  }
+  verticalHeader()->setVisible(rowNumbers);
+  fitting_.FitLater();
 }
 
 void GridView::SetFrameWidth(int width) {
@@ -102,7 +112,7 @@ void GridView::FollowGrid() {
   editing_.CloseIfReadOnly();
   setSelectionBehavior(HasCellsToFill(grid_) ? SelectItems : SelectRows);
   QPalette colors = viewport()->palette();
-  const QColor ground = ColorOf(grid_->BackColor());
+  const QColor ground = OnDesktop(ColorOf(grid_->BackColor()));
   if (colors.color(QPalette::Base) != ground) {
     colors.setColor(QPalette::Base, ground);
     viewport()->setPalette(colors);

@@ -2,6 +2,7 @@
 
 #include <QTableView>
 #include <functional>
+#include <memory>
 #include <utility>
 
 #include "desktop/grid/CellClipboard.h"
@@ -28,15 +29,18 @@ class GridView : public QTableView {
 
  public:
   explicit GridView(QWidget* parent = nullptr);
+  GridView(const GridView&) = delete;
+  GridView& operator=(const GridView&) = delete;
+  ~GridView() override;
 
   /// The grid to show. It must outlive the view or be replaced by nullptr.
   void SetGrid(Grid* grid);
   void SetColumnStyle(int col, const ColumnStyle& style) { model_.SetColumnStyle(col, style); }
   /// The column that takes the remaining width; -1: none.
   void SetStretchColumn(int col) { fitting_.SetStretchColumn(col); }
-  /// Shows column 0, which numbers the rows, as a part of the frame, which does not scroll away.
-  void ShowRowNumbers();
-  [[nodiscard]] RowNumbers* Numbers() const { return rowNumbers_; }
+  /// Whether column 0 numbers the rows and is shown as a part of the frame, which does not scroll away.
+  void SetRowNumbers(bool rowNumbers);
+  [[nodiscard]] RowNumbers* Numbers() const { return rowNumbers_.get(); }
   /// The first column among the cells.
   [[nodiscard]] int FirstColumn() const { return rowNumbers_ == nullptr ? 0 : 1; }
   /// The column whose texts are scanned; -1: none.
@@ -127,7 +131,7 @@ class GridView : public QTableView {
   CellClipboard clipboard_{*this};
   GridMenus menus_{*this};
   GridHeader* titles_ = nullptr;
-  RowNumbers* rowNumbers_ = nullptr;
+  std::unique_ptr<RowNumbers> rowNumbers_;
   Grid* grid_ = nullptr;
   Subscription stateChanged_;
   Subscription rowsChanged_;

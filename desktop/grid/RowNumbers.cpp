@@ -17,11 +17,10 @@ constexpr int kPadding = 12;
 }  // namespace
 
 RowNumbers::RowNumbers(GridView& view)
-    : QObject(&view), view_(view), corner_(view.findChild<QAbstractButton*>({}, Qt::FindDirectChildrenOnly)) {
+    : view_(view), corner_(view.findChild<QAbstractButton*>({}, Qt::FindDirectChildrenOnly)) {
   QHeaderView& rows = *view_.verticalHeader();
   rows.setHighlightSections(false);
   rows.setSectionsClickable(true);
-  rows.show();
   connect(&rows, &QHeaderView::sectionPressed, this, &RowNumbers::GoToRow);
   connect(&rows, &QHeaderView::sectionDoubleClicked, this, [this](int row) {
     if (view_.Rows().Source() != nullptr) view_.Rows().Source()->UserDoubleClick(row + 1, 0);

@@ -17,6 +17,7 @@
 #include "desktop/toolkit/FileChoice.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
+#include "siblings/report/ReportNumbers.h"
 
 namespace koru {
 namespace {
@@ -31,9 +32,17 @@ constexpr int kLongWorkMs = 400;  ///< shorter work shows no progress window
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 ReportPreview::ReportPreview(std::unique_ptr<const ReportDocument> report, const QString& title,
                              std::function<void(const std::string&)> showFailure, QWidget* parent)
-    : QWidget(parent, Qt::Window), report_(std::move(report)), showFailure_(std::move(showFailure)) {
+    : QWidget(parent, Qt::Window),
+      report_(std::move(report)),
+      title_(title),
+      showFailure_(std::move(showFailure)) {
   setObjectName(QStringLiteral("reportPreview"));
-  setWindowTitle(title);
+  if (report_->Template().persianDigits) {  // around the pages, as on them
+    setLocale(QLocale(QLocale::Persian, QLocale::Iran));
+    setWindowTitle(ToQt(PersianDigits(FromQt(title))));
+  } else {
+    setWindowTitle(title);
+  }
   setAttribute(Qt::WA_DeleteOnClose);
   auto* const all = new QVBoxLayout(this);
   all->setContentsMargins(0, 0, 0, 0);
@@ -44,6 +53,7 @@ ReportPreview::ReportPreview(std::unique_ptr<const ReportDocument> report, const
   all->addLayout(tools);
   if (!report_->Note().empty()) all->addWidget(NewNotice(ToQt(report_->Note()), this));
   view_ = new PageView(*report_);
+  view_->setAccessibleName(QStringLiteral("صفحه هاي گزارش"));
   all->addWidget(view_, 1);
   AddTools(*tools);
   connect(view_, &PageView::Moved, this, &ReportPreview::ShowPlace);
@@ -74,6 +84,7 @@ void ReportPreview::AddTools(QHBoxLayout& tools) {
   page_->setObjectName(QStringLiteral("page"));
   page_->setRange(1, static_cast<int>(report_->Pages().size()));
   page_->setKeyboardTracking(false);
+  page_->setAccessibleName(QStringLiteral("صفحه"));
   connect(page_, &QSpinBox::valueChanged, this, [this](int page) { view_->GoToPage(page - 1); });
   tools.addWidget(page_);
   tools.addWidget(new QLabel(QStringLiteral("از ") + locale().toString(page_->maximum()), this));
@@ -100,7 +111,7 @@ void ReportPreview::ShowPlace() {
 
 void ReportPreview::AskPdf() {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  const QString start = folder + QLatin1Char('/') + windowTitle() + QStringLiteral(".pdf");
+  const QString start = folder + QLatin1Char('/') + title_ + QStringLiteral(".pdf");
   const QString path = AskWhereToSave({QStringLiteral("ذخيره PDF"), start, QStringLiteral("PDF (*.pdf)")},
                                       QStringLiteral("pdf"), this);
   if (!path.isEmpty()) SavePdf(path);

@@ -40,6 +40,7 @@ class ReportPreview : public QWidget {
   bool WithProgress(const QString& label, const std::function<bool(const ReportProgress&)>& work);
 
   std::unique_ptr<const ReportDocument> report_;
+  QString title_;  ///< the proposed name of a file, with Latin digits
   std::function<void(const std::string&)> showFailure_;
   PageView* view_ = nullptr;
   QSpinBox* page_ = nullptr;

@@ -18,12 +18,23 @@ CriteriaBox::CriteriaBox(const QString& title, QWidget* parent, int columns)
   for (int column = 0; column < columns_; ++column) rows_->setColumnStretch(2 * column + 1, 1);
 }
 
+namespace {
+
+/// Gives the widget that is typed into the name that the label shows, unless it has another one.
+void SetName(QLabel& name, QWidget& field) {
+  name.setBuddy(&field);
+  QWidget& typedInto = field.focusProxy() == nullptr ? field : *field.focusProxy();
+  if (typedInto.accessibleName().isEmpty()) typedInto.setAccessibleName(name.text());
+}
+
+}  // namespace
+
 QLabel* CriteriaBox::NewName(const QString& text) { return new QLabel(text, this); }
 
 void CriteriaBox::AddRow(const QString& name, QWidget& field) { AddRow(*NewName(name), field); }
 
 void CriteriaBox::AddRow(QLabel& name, QWidget& field) {
-  name.setBuddy(&field);
+  SetName(name, field);
   rows_->addWidget(&name, count_, 0);
   rows_->addWidget(&field, count_++, 1, 1, 2 * columns_ - 1);
 }
@@ -31,7 +42,7 @@ void CriteriaBox::AddRow(QLabel& name, QWidget& field) {
 void CriteriaBox::AddFields(std::initializer_list<std::pair<QLabel*, QWidget*>> fields) {
   int column = 0;
   for (const auto& [name, field] : fields) {
-    name->setBuddy(field);
+    SetName(*name, *field);
     rows_->addWidget(name, count_, column++);
     rows_->addWidget(field, count_, column++);
   }
@@ -39,8 +50,9 @@ void CriteriaBox::AddFields(std::initializer_list<std::pair<QLabel*, QWidget*>> 
 }
 
 void CriteriaBox::AddRange(const QString& name, QWidget& from, QWidget& to) {
+  QWidget& typedInto = to.focusProxy() == nullptr ? to : *to.focusProxy();
+  typedInto.setAccessibleName(name + QStringLiteral(" تا"));
   AddFields({{NewName(name + QStringLiteral(" از")), &from}, {NewName(QStringLiteral("تا")), &to}});
-  to.setAccessibleName(name + QStringLiteral(" تا"));
 }
 
 void CriteriaBox::AddLine(std::initializer_list<QWidget*> widgets) {

@@ -1,7 +1,9 @@
 #include "desktop/search/GoodSearchWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QCursor>
 #include <QGridLayout>
@@ -214,6 +216,7 @@ void GoodSearchWindow::AddMenu() {
     Binding().Bind(*item, *action);
     menu_->addAction(action);
   }
+  AddClipboard();
   for (const TextBox* const control :
        {&form_.txtTitle, &form_.txtCode, &form_.txtBarCode, &form_.txtMinPrice, &form_.txtMaxPrice}) {
     Binding().WidgetOf(*control)->setContextMenuPolicy(Qt::PreventContextMenu);  // the form's menu opens
@@ -222,7 +225,27 @@ void GoodSearchWindow::AddMenu() {
   subscribed_.push_back(form_.menu.PoppedUp.Subscribe([this](MenuPlace place) { PopUp(place); }));
 }
 
+/// What the menu of a text box offers, which the form's menu replaces.
+void GoodSearchWindow::AddClipboard() {
+  const auto add = [this](const char* caption, auto operation) {
+    auto* const action = new QAction(QString::fromUtf8(caption), this);
+    connect(action, &QAction::triggered, this, [this, operation] {
+      if (auto* const box = qobject_cast<QLineEdit*>(focusWidget())) (box->*operation)();
+    });
+    clipboard_.push_back(action);
+  };
+  add("Ctrl+C  رونوشت", &QLineEdit::copy);
+  add("Ctrl+V  چسباندن", &QLineEdit::paste);
+}
+
 void GoodSearchWindow::PopUp(MenuPlace place) {
+  const auto* const box = qobject_cast<QLineEdit*>(focusWidget());
+  clipboard_.front()->setEnabled(box != nullptr && box->hasSelectedText());
+  clipboard_.back()->setEnabled(box != nullptr && !QApplication::clipboard()->text().isEmpty());
+  for (QAction* const action : clipboard_) {
+    menu_->removeAction(action);
+    if (place == MenuPlace::Cursor) menu_->addAction(action);
+  }
   menu_->popup(place == MenuPlace::FormCentre ? mapToGlobal(rect().center()) : QCursor::pos());
 }
 

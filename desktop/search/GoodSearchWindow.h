@@ -2,6 +2,7 @@
 
 #include "desktop/forms/FormWindow.h"
 
+class QAction;
 class QBoxLayout;
 class QLabel;
 class QLineEdit;
@@ -34,6 +35,7 @@ class GoodSearchWindow : public FormWindow {
   void AddUnitsAndType(CriteriaBox& box);
   void AddCommands(QBoxLayout& window);
   void AddMenu();
+  void AddClipboard();
   QLineEdit* NewField(QWidget* parent, TextBox& control, bool code);
   QLabel* NewName(QWidget* parent, Label& control);
   SelectorEdit* NewSelector(QWidget* parent, TreeSelector& control, const char* nothing);
@@ -45,6 +47,7 @@ class GoodSearchWindow : public FormWindow {
   frmGoodSearch& form_;
   SelectorRecords& records_;
   ShortcutMenu* menu_ = nullptr;
+  std::vector<QAction*> clipboard_;  ///< copying, pasting: in the menu at the mouse alone
   QLabel* hint_ = nullptr;
   std::vector<Subscription> subscribed_;
 };

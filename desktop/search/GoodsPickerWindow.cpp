@@ -13,6 +13,7 @@
 #include "desktop/fields/Fields.h"
 #include "desktop/search/CriteriaBox.h"
 #include "desktop/search/GoodsList.h"
+#include "desktop/toolkit/Colors.h"
 #include "desktop/toolkit/PlainText.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
@@ -83,6 +84,7 @@ void GoodsPickerWindow::AddLists(QBoxLayout& window) {
   row->addLayout(found, 3);
   results_ = new GoodsList(this);
   results_->setObjectName(QStringLiteral("results"));
+  results_->setAccessibleName(QStringLiteral("كالاهاي يافت شده"));
   results_->installEventFilter(this);
   connect(results_, &QTableWidget::cellDoubleClicked, this, [this] { Take(); });
   found->addWidget(results_);
@@ -101,6 +103,7 @@ void GoodsPickerWindow::AddBasket(QBoxLayout& row) {
   side->addWidget(basketTitle_);
   basket_ = new GoodsList(this);
   basket_->setObjectName(QStringLiteral("basket"));
+  basket_->setAccessibleName(QStringLiteral("كالاهاي انتخاب شده"));
   basket_->hideColumn(1);
   basket_->installEventFilter(this);
   connect(basket_, &QTableWidget::cellDoubleClicked, this, [this] { RemoveFromBasket(); });
@@ -218,7 +221,9 @@ void GoodsPickerWindow::ShowFound(const FoundGoods& found) {
 
 void GoodsPickerWindow::ShowStatus(const QString& text, bool failure) {
   status_->setText(text);
-  status_->setStyleSheet(failure ? QStringLiteral("QLabel { color: #A81E16; }") : QString());
+  status_->setStyleSheet(
+      failure ? QStringLiteral("QLabel { color: %1; }").arg(OnDesktop({0xA8, 0x1E, 0x16}).name())
+              : QString());
 }
 
 void GoodsPickerWindow::Take() {

@@ -193,12 +193,16 @@ void InvSearchWindow::AddResults(QBoxLayout& window) {
   results_->SetColumnStyle(kColumnID, number);
   results_->SetColumnStyle(kColumnCode, number);
   results_->SetStretchColumn(kColumnStore);
-  results_->ShowRowNumbers();
+  results_->SetRowNumbers(true);
+  results_->setAccessibleName(QStringLiteral("شمارشهاي يافت شده"));
   Binding().Bind(form_.flexSearch, *results_);
   emptyResult_ = new QLabel(this);
   emptyResult_->setObjectName(QStringLiteral("emptyResult"));
   emptyResult_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  emptyResult_->setStyleSheet(QStringLiteral("QLabel { color: #5C6878; font-size: 12pt; }"));
+  emptyResult_->setProperty("hint", true);
+  QFont large = font();
+  large.setPointSize(12);
+  emptyResult_->setFont(large);
   auto* const room = new QGridLayout;
   room->addWidget(results_, 0, 0);
   room->addWidget(emptyResult_, 0, 0, Qt::AlignCenter);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QImage>
 #include <QKeyEvent>
@@ -87,6 +88,23 @@ inline int PixelsOf(QWidget& widget, const QColor& color) {
     for (int x = 0; x < image.width(); ++x) count += image.pixelColor(x, y) == color ? 1 : 0;
   }
   return count;
+}
+
+/// The inputs of a window that a screen reader has no name for, by their object names.
+inline QStringList InputsWithoutName(QWidget& window) {
+  QStringList nameless;
+  for (QWidget* const widget : window.findChildren<QWidget*>()) {
+    const bool isInput = widget->inherits("QLineEdit") || widget->inherits("QPlainTextEdit") ||
+                         widget->inherits("QComboBox") || widget->inherits("QAbstractSpinBox") ||
+                         widget->inherits("QAbstractButton") || widget->inherits("QTableView");
+    const bool isReached = widget->isVisible() && widget->focusPolicy() != Qt::NoFocus;
+    if (!isInput || !isReached || widget->objectName().startsWith("qt_")) continue;
+    QAccessibleInterface* const read = QAccessible::queryAccessibleInterface(widget);
+    if (read == nullptr || read->text(QAccessible::Name).trimmed().isEmpty()) {
+      nameless += widget->objectName() + " in " + widget->parentWidget()->objectName();
+    }
+  }
+  return nameless;
 }
 
 }  // namespace koru::test

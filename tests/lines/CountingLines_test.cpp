@@ -26,6 +26,10 @@ class CountingLinesTest : public LinesTest {
   }
 };
 
+TEST_F(CountingLinesTest, The_ground_has_its_colour_before_the_first_line) {
+  EXPECT_EQ(form.flexDetail.BackColor(), 0xF7F2F0U);
+}
+
 TEST_F(CountingLinesTest, The_seventeen_columns_have_their_titles) {
   const Texts titles = {"   رديف",
                         "  کد ميله\u200cاي            ",

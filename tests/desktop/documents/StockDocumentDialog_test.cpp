@@ -1,8 +1,10 @@
 #include "desktop/documents/StockDocumentDialog.h"
 
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
+#include <QToolTip>
 
 #include "tests/desktop/WindowTools.h"
 #include "tests/support/FailingDatabase.h"
@@ -86,6 +88,26 @@ TEST_F(StockDocumentDialogTest, A_receipt_is_shown_with_its_header_lines_and_tot
     EXPECT_EQ(Shown(dialog, "totalAmount").remove(QChar(0x200E)), "6,000,003");
   });
   EXPECT_EQ(shown, 1);
+}
+
+TEST_F(StockDocumentDialogTest, A_screen_reader_has_names_for_what_the_window_shows) {
+  View(kReceipt, 7, [&](QWidget& dialog) {
+    EXPECT_EQ(test::InputsWithoutName(dialog), QStringList());
+    EXPECT_EQ(dialog.findChild<QLabel*>("id")->accessibleName(), QStringLiteral("شماره رايانه اي: 7"));
+    EXPECT_EQ(dialog.findChild<QLabel*>("code")->accessibleName(), QStringLiteral("شماره نهايي: موقت"));
+  });
+}
+
+TEST_F(StockDocumentDialogTest, A_name_that_its_column_cuts_off_is_whole_in_a_tooltip_with_its_barcode) {
+  base.Execute("update tblGood set Name='" + std::string(200, 'w') + "' where Barcode='200'");
+  View(kReceipt, 7, [&](QWidget& dialog) {
+    auto* const lines = dialog.findChild<QTableView*>("lines");
+    const QPoint at = lines->visualRect(lines->model()->index(1, 2)).center();
+    QHelpEvent rest(QEvent::ToolTip, at, lines->viewport()->mapToGlobal(at));
+    QApplication::sendEvent(lines->viewport(), &rest);
+    EXPECT_EQ(QToolTip::text(), QString(200, 'w') + QStringLiteral("\nباركد: 200"));
+    QToolTip::hideText();
+  });
 }
 
 TEST_F(StockDocumentDialogTest, Registering_asks_and_gives_the_number_after_the_highest) {

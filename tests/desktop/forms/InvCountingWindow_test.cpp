@@ -19,6 +19,13 @@ namespace {
 using test::Press;
 using test::Type;
 
+TEST_F(InvCountingWindowTest, A_screen_reader_has_a_name_for_every_input_and_reads_the_computer_number) {
+  EXPECT_EQ(test::InputsWithoutName(*window), QStringList());
+  EXPECT_EQ(Find<QLabel>("lblIDVal").accessibleName(), QStringLiteral("شماره رايانه اي: 1"));
+  Counting().cmdNew.UserClick();
+  EXPECT_EQ(Find<QLabel>("lblIDVal").accessibleName(), QStringLiteral("شماره رايانه اي: "));
+}
+
 TEST_F(InvCountingWindowTest, Every_control_of_the_form_has_its_widget) {
   for (const Control* control : Counting().Controls()) {
     if (dynamic_cast<const Timer*>(control) != nullptr) continue;

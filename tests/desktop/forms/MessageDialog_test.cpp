@@ -61,6 +61,25 @@ TEST_F(MessageDialogTest, A_message_has_a_title_a_text_and_one_button_that_Enter
   });
 }
 
+TEST_F(MessageDialogTest, A_sign_tells_an_error_from_a_warning_and_a_question) {
+  const auto sign = [this](const char* title, int type) {
+    MessageIcon::Kind kind = MessageIcon::Kind::Note;
+    message.SetFormTitle(title);
+    message.SetFormMessage(text);
+    message.SetFormType(type);
+    test::WhenDialogOpens([&kind](QWidget& dialog) {
+      kind = dialog.findChild<MessageIcon*>("messageIcon")->Shown();
+      dialog.close();
+    });
+    message.ClearShow();
+    return kind;
+  };
+  EXPECT_EQ(sign("خطا", 0), MessageIcon::Kind::Error);
+  EXPECT_EQ(sign("هشدار", 0), MessageIcon::Kind::Warning);
+  EXPECT_EQ(sign("هشدار", 1), MessageIcon::Kind::Question);
+  EXPECT_EQ(sign("كالاها", 0), MessageIcon::Kind::Note);
+}
+
 TEST_F(MessageDialogTest, A_question_is_answered_by_its_buttons) {
   EXPECT_EQ(Ask(1, [](QWidget& dialog) { dialog.findChild<QPushButton*>("yes")->click(); }), 1);
   EXPECT_EQ(Ask(1, [](QWidget& dialog) { dialog.findChild<QPushButton*>("no")->click(); }), 0);

@@ -16,7 +16,7 @@ namespace {
 
 class RowNumbersTest : public GridViewTest {
  protected:
-  RowNumbersTest() { view->ShowRowNumbers(); }
+  RowNumbersTest() { view->SetRowNumbers(true); }
 
   [[nodiscard]] QPoint NumberOf(int row) const {
     return {view->verticalHeader()->width() / 2,

@@ -48,7 +48,8 @@ TEST_F(OpenPreviewTest, The_preview_is_called_what_the_report_says_with_the_numb
   };
   EXPECT_EQ(titleOf("name \"گزارش شمارش انبار {ID}\"\n"), "گزارش شمارش انبار") << "no lines, no number";
   AddLine("1", "نان", 1, 2, 3);
-  EXPECT_EQ(titleOf("name \"گزارش شمارش انبار {ID}\"\n"), "گزارش شمارش انبار 1");
+  EXPECT_EQ(titleOf("name \"گزارش شمارش انبار {ID}\"\n"), "گزارش شمارش انبار ۱")
+      << "with the digits of the pages";
   EXPECT_EQ(titleOf("name \"a/b: {fmlCompanyName}\"\n"), "a-b- شركت آفتاب") << "as a file can be called";
   EXPECT_EQ(titleOf(""), "مشاهده گزارش");
   EXPECT_THROW(titleOf("name \"{NoSuchColumn}\"\n"), InputError);

@@ -65,6 +65,23 @@ TEST(PreviewNote, Is_shown_above_the_pages) {
   EXPECT_LT(notice->geometry().bottom(), window.View().geometry().top());
 }
 
+TEST_F(Preview, The_window_around_the_pages_has_their_digits) {
+  EXPECT_EQ(Page().text(), QStringLiteral("۱"));
+  window.View().SetZoom(1);
+  EXPECT_EQ(window.findChild<QLabel*>("zoom")->text(), QStringLiteral("۱۰۰٪"));
+  ReportPreview latin(
+      std::make_unique<ReportDocument>(test::SmallTemplate("digits latin\n"), test::Records(1),
+                                       ReportFormulas()),
+      QStringLiteral("گزارش 12"), [](const std::string&) {}, nullptr);
+  latin.setAttribute(Qt::WA_DeleteOnClose, false);
+  EXPECT_EQ(latin.windowTitle(), QStringLiteral("گزارش 12"));
+  EXPECT_EQ(latin.findChild<QSpinBox*>("page")->text(), "1");
+}
+
+TEST_F(Preview, A_screen_reader_has_a_name_for_every_input) {
+  EXPECT_EQ(test::InputsWithoutName(window), QStringList());
+}
+
 TEST_F(Preview, Shows_the_page_that_keys_and_the_page_number_ask_for) {
   test::Press(Qt::Key_PageDown);
   EXPECT_EQ(window.View().CurrentPage(), 1);

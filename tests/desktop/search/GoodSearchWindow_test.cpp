@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QAction>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -60,6 +61,35 @@ TEST_F(GoodSearchWindowTest, Every_criterion_that_narrows_the_search_is_there_un
     ASSERT_NE(widget, nullptr) << control->Name();
     EXPECT_TRUE(widget->isVisible()) << control->Name();
   }
+}
+
+TEST_F(GoodSearchWindowTest, A_screen_reader_has_a_name_for_every_input) {
+  EXPECT_EQ(test::InputsWithoutName(*window), QStringList());
+}
+
+TEST_F(GoodSearchWindowTest, The_menu_of_a_text_box_copies_and_pastes_too) {
+  QLineEdit* const box = Field("txtTitle");
+  box->setFocus();
+  box->setText(QStringLiteral("برنج"));
+  box->selectAll();
+  RightClick("txtTitle");
+  QAction* copy = nullptr;
+  QAction* paste = nullptr;
+  for (QAction* const entry : Menu()->actions()) {
+    if (entry->text().endsWith(QStringLiteral("رونوشت"))) copy = entry;
+    if (entry->text().endsWith(QStringLiteral("چسباندن"))) paste = entry;
+  }
+  ASSERT_NE(copy, nullptr);
+  ASSERT_NE(paste, nullptr);
+  copy->trigger();
+  Menu()->close();
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("برنج"));
+  QLineEdit* const other = Field("txtCode");
+  other->setFocus();
+  RightClick("txtCode");
+  paste->trigger();
+  Menu()->close();
+  EXPECT_EQ(other->text(), QStringLiteral("برنج"));
 }
 
 TEST_F(GoodSearchWindowTest, The_search_command_has_the_initial_focus_and_Tab_moves_to_the_first_criterion) {

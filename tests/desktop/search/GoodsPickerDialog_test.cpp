@@ -47,6 +47,13 @@ class GoodsPickerDialogTest : public testing::Test {
   SuiteGoodsPicker picker{failing, PickInDialog};
 };
 
+TEST_F(GoodsPickerDialogTest, A_screen_reader_has_a_name_for_every_input) {
+  Pick([](QWidget& dialog) {
+    EXPECT_EQ(test::InputsWithoutName(dialog), QStringList());
+    Press(Qt::Key_Escape);
+  });
+}
+
 TEST_F(GoodsPickerDialogTest, Typing_narrows_the_list_and_Enter_picks_the_one) {
   Pick([](QWidget& dialog) {
     EXPECT_EQ(Rows(dialog, "results"), 4);

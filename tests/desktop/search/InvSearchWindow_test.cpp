@@ -52,6 +52,10 @@ TEST_F(InvSearchWindowTest, Every_criterion_and_command_is_there_under_its_own_n
   }
 }
 
+TEST_F(InvSearchWindowTest, A_screen_reader_has_a_name_for_every_input) {
+  EXPECT_EQ(test::InputsWithoutName(*window), QStringList());
+}
+
 TEST_F(InvSearchWindowTest, Enter_in_a_criterion_searches_and_moves_the_focus_to_the_results) {
   Named<QLineEdit>("txtid1")->setFocus();
   Type("3");

@@ -2,7 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QSpinBox>
 #include <QToolTip>
 #include <algorithm>
 #include <map>
@@ -37,6 +43,36 @@ TEST(LookOfAllWindows, A_window_opens_no_larger_than_the_screen_and_its_frame_al
   EXPECT_EQ(FirstSize(QSize(1280, 760)), QSize(1280, 760));
   const QSize largest = FirstSize(QSize(9000, 9000));
   EXPECT_EQ(largest, QSize(1904, 1036)) << "the test's screen has 1920 x 1080";
+}
+
+/// The captions of the context menu that a text box opens.
+QStringList CaptionsOf(QMenu* menu) {
+  QStringList captions;
+  for (const QAction* const entry : menu->actions()) {
+    if (!entry->isSeparator()) captions += entry->text().section(u'\t', 0, 0).remove(u'&');
+  }
+  delete menu;  // NOLINT(cppcoreguidelines-owning-memory): createStandardContextMenu gives it away
+  return captions;
+}
+
+TEST(LookOfAllWindows, The_menus_of_text_boxes_are_Persian) {
+  const QStringList expected{QStringLiteral("برگرداندن"), QStringLiteral("انجام دوباره"),
+                             QStringLiteral("برش"),       QStringLiteral("رونوشت"),
+                             QStringLiteral("چسباندن"),   QStringLiteral("حذف"),
+                             QStringLiteral("انتخاب همه")};
+  QLineEdit line;
+  EXPECT_EQ(CaptionsOf(line.createStandardContextMenu()).mid(0, 7), expected);
+  QPlainTextEdit text;
+  EXPECT_EQ(CaptionsOf(text.createStandardContextMenu()).mid(0, 7), expected);
+}
+
+TEST(LookOfAllWindows, Numbers_of_the_toolkit_have_the_digits_of_the_forms) {
+  QProgressBar bar;
+  bar.setValue(42);
+  EXPECT_EQ(bar.text(), QStringLiteral("42%"));
+  QSpinBox pages;
+  pages.setValue(12);
+  EXPECT_EQ(pages.text(), QStringLiteral("12"));
 }
 
 }  // namespace
