@@ -39,15 +39,9 @@ namespace koru {
 namespace {
 
 constexpr QSize kDefaultSize(1280, 760);
-/// On a screen with less room (1366 pixels at 150 per cent, 1920 at 200), the commands are closer together.
-constexpr int kRoomyWidth = 1000;
-constexpr const char* kNarrowStyle =
-    "QPushButton, QToolButton#menuButton { padding: 4px 5px; } QPushButton:focus { padding: 3px 4px; }";
 constexpr const char* kKeysOfLines =
     "خانه بعد: Enter    ويرايش خانه: F2    ورود/خروج جدول: Ctrl+Tab    حذف سطر: Ctrl+Del    "
     "ليست و تقويم: F4";
-
-bool IsNarrow() { return FirstSize(kDefaultSize).width() < kRoomyWidth; }
 
 void AddField(QGridLayout& box, int row, int column, const QString& title, QWidget& field, int columns = 1) {
   auto* const label = new QLabel(title, box.parentWidget());
@@ -69,10 +63,8 @@ void AddGap(QBoxLayout& bar) {
 
 InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& records)
     : FormWindow(form), form_(form), records_(records) {
-  if (IsNarrow()) setStyleSheet(QString::fromLatin1(kNarrowStyle));
   auto* const layout = new QVBoxLayout(this);
-  const int margin = IsNarrow() ? 4 : 8;
-  layout->setContentsMargins(margin, 8, margin, 8);
+  layout->setContentsMargins(8, 8, 8, 8);
   layout->setSpacing(6);
   AddDocumentCommands(*layout);
   AddHeader(*layout);
@@ -184,16 +176,15 @@ void InvCountingWindow::AddHeader(QBoxLayout& window) {
   auto* const document = new QGroupBox(QStringLiteral("مشخصات شمارش"), this);
   auto* const people = new QGroupBox(QStringLiteral("شمارندگان"), this);
   auto* const row = new QHBoxLayout;
-  row->setSpacing(IsNarrow() ? 4 : 8);
-  row->addWidget(document, 5);
-  row->addWidget(people, 2);
+  row->setSpacing(8);
+  row->addWidget(document, 2);
+  row->addWidget(people, 1);
   window.addLayout(row);
   for (QGroupBox* const box : {document, people}) {
     auto* const grid = new QGridLayout(box);
-    grid->setHorizontalSpacing(IsNarrow() ? 4 : 8);
+    grid->setContentsMargins(4, 4, 4, 4);
+    grid->setHorizontalSpacing(5);
     grid->setVerticalSpacing(5);
-    if (IsNarrow())
-      grid->setContentsMargins(4, grid->contentsMargins().top(), 4, grid->contentsMargins().bottom());
     if (box == document) {
       AddDocument(*grid);
     } else {
@@ -208,7 +199,7 @@ void InvCountingWindow::AddDocument(QGridLayout& box) {
   key->setProperty("value", true);
   key->setTextInteractionFlags(Qt::TextSelectableByMouse);
   key->setAlignment(kTrueRight);
-  key->setMinimumWidth(IsNarrow() ? 54 : 70);
+  key->setMinimumWidth(70);
   Binding().Bind(form_.lblIDVal, *key);
   AddField(box, 0, 0, QStringLiteral("شماره رايانه اي"), *key);
   const auto name = [this, key] {  // a screen reader reads the name of a label, not its text
@@ -216,20 +207,24 @@ void InvCountingWindow::AddDocument(QGridLayout& box) {
   };
   name();
   keyChanged_ = form_.lblIDVal.StateChanged.Subscribe(name);
-  auto* const code = NewCodeField(this, IsNarrow() ? 54 : 70);
+  auto* const code = NewCodeField(this, 70);
   Binding().Bind(form_.txtCode, *code);
   AddField(box, 0, 2, QStringLiteral("شماره نهايي"), *code);
-  auto* const manual = NewCodeField(this, IsNarrow() ? 70 : 90);
+  auto* const manual = NewCodeField(this, 90);
   Binding().Bind(form_.txtGNO, *manual);
   AddField(box, 0, 4, QStringLiteral("شماره دستي"), *manual);
-  AddDate(box, 0, 6, QStringLiteral("تاريخ شمارش"), form_.gdpReceiveDate);
 
   auto* const store = new SelectorEdit(this);
   store->SetPlaceholder(QStringLiteral("انتخاب انبار"));
   Binding().Bind(form_.gmpInventory, *store, records_);
   AddField(box, 1, 0, QStringLiteral("انبار"), *store, 3);
-  AddDate(box, 1, 4, QStringLiteral("از تاريخ"), form_.gdpFromDate);
-  AddDate(box, 1, 6, QStringLiteral("تا تاريخ"), form_.gdpToDate);
+  AddDate(box, 1, 4, QStringLiteral("تاريخ شمارش"), form_.gdpReceiveDate);
+
+  AddDate(box, 2, 0, QStringLiteral("از تاريخ"), form_.gdpFromDate);
+  AddDate(box, 2, 2, QStringLiteral("تا تاريخ"), form_.gdpToDate);
+  auto* const creator = new QLineEdit(this);
+  Binding().Bind(form_.txtCreator, *creator);
+  AddField(box, 2, 4, QStringLiteral("ايجاد كننده"), *creator);
 
   auto* const notes = new QPlainTextEdit(this);
   notes->setTabChangesFocus(true);
@@ -238,11 +233,8 @@ void InvCountingWindow::AddDocument(QGridLayout& box) {
   notes->document()->setDefaultTextOption(fromTheRight);
   notes->setFixedHeight(2 * notes->fontMetrics().lineSpacing() + 14);
   Binding().Bind(form_.txtNotes, *notes);
-  AddField(box, 2, 0, QStringLiteral("توضيحات"), *notes, 5);
-  auto* const creator = new QLineEdit(this);
-  Binding().Bind(form_.txtCreator, *creator);
-  AddField(box, 2, 6, QStringLiteral("ايجاد كننده"), *creator);
-  for (const int column : {1, 3, 5, 7}) box.setColumnStretch(column, 1);
+  AddField(box, 3, 0, QStringLiteral("توضيحات"), *notes, 5);
+  for (const int column : {1, 3, 5}) box.setColumnStretch(column, 1);
 }
 
 void InvCountingWindow::AddDate(QGridLayout& box, int row, int column, const QString& title, DateBox& date) {
@@ -284,7 +276,7 @@ void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
   bar->addWidget(stop);
   status_ = new StatusLine(this);
   status_->Say(QString::fromUtf8(kKeysOfLines));
-  bar->addWidget(status_, IsNarrow() ? 3 : 0);
+  bar->addWidget(status_);
   goodsAdded_ = form_.GoodsAdded.Subscribe([this](int added) { added_ = added; });
   reported_ =
       form_.CommandReported.Subscribe([this](const std::string& sentence) { status_->Say(ToQt(sentence)); });

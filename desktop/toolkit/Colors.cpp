@@ -57,10 +57,10 @@ QPalette DarkPalette() {
 /// Read-only fields are grey, unavailable buttons are flat and pale, the field with the focus has a ring.
 constexpr const char* kStyleSheet = R"(
 QToolTip { background: #253345; color: #FFFFFF; border: 1px solid #253345; padding: 3px; }
-QPushButton { background: #FDFDFE; border: 1px solid #B4BFCD; border-radius: 4px; padding: 4px 9px; }
+QPushButton { background: #FDFDFE; border: 1px solid #B4BFCD; border-radius: 4px; padding: 4px 6px; }
 QPushButton:hover { background: #E6EDF6; border-color: #7F9BBB; }
 QPushButton:pressed { background: #D3DFEE; }
-QPushButton:focus { border: 2px solid #2F5D8C; padding: 3px 8px; }
+QPushButton:focus { border: 2px solid #2F5D8C; padding: 3px 5px; }
 QPushButton:default { border-color: #2F5D8C; }
 QPushButton[main="true"] { background: #2F5D8C; border-color: #264C73; color: #FFFFFF; }
 QPushButton[main="true"]:hover { background: #386DA3; }
@@ -70,11 +70,11 @@ QPushButton[final="true"]:hover { background: #FCE9C4; }
 QPushButton[final="true"]:focus { border: 2px solid #5C3B00; }
 QPushButton:disabled, QPushButton[pale="true"], QPushButton[main="true"]:disabled,
 QPushButton[final="true"]:disabled {
-  background: #EAEDF2; border: 1px solid #D9DEE6; color: #A3ACB9; padding: 4px 9px; }
+  background: #EAEDF2; border: 1px solid #D9DEE6; color: #A3ACB9; padding: 4px 6px; }
 QToolButton { background: #FDFDFE; border: 1px solid #B4BFCD; border-radius: 3px; padding: 2px; }
 QToolButton:hover { background: #E6EDF6; }
 QToolButton:disabled { background: #F1F3F7; border-color: #D9DEE6; }
-QToolButton#menuButton { padding: 4px 9px; border-radius: 4px; }
+QToolButton#menuButton { padding: 4px 6px; border-radius: 4px; }
 QToolButton#menuButton:focus { border: 2px solid #2F5D8C; }
 QToolButton::menu-indicator { image: none; }
 QCalendarWidget QToolButton { background: transparent; border: 0; color: #FFFFFF; font-weight: bold; padding: 3px 6px; }

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QImage>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QString>
 #include <QTest>
@@ -88,6 +90,24 @@ inline int PixelsOf(QWidget& widget, const QColor& color) {
     for (int x = 0; x < image.width(); ++x) count += image.pixelColor(x, y) == color ? 1 : 0;
   }
   return count;
+}
+
+/// The room in a window on a screen of 1366 x 768 pixels that is scaled by 150 per cent.
+inline constexpr QSize kSmallWindow(894, 468);
+
+/// The buttons that are not whole in a window of that size, by their object names.
+inline QStringList ButtonsCutOff(QWidget& window, QSize size) {
+  window.resize(size);
+  QApplication::processEvents();
+  QStringList cut;
+  for (const auto* const button : window.findChildren<QAbstractButton*>()) {
+    const QRect place(button->mapTo(&window, QPoint(0, 0)), button->size());
+    const bool isWhole =
+        QRect({}, size).contains(place) && button->width() >= button->minimumSizeHint().width();
+    if (qobject_cast<const QLineEdit*>(button->parentWidget()) != nullptr) continue;  // its small cross
+    if (button->isVisible() && !isWhole && button->window() == &window) cut += button->objectName();
+  }
+  return cut;
 }
 
 /// The inputs of a window that a screen reader has no name for, by their object names.

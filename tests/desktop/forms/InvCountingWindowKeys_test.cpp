@@ -43,7 +43,7 @@ TEST_F(InvCountingWindowKeys, Tab_visits_the_fields_row_by_row_in_their_order_on
   }
   EXPECT_EQ(
       order,
-      "txtGNO gdpReceiveDate gmpInventory gdpFromDate gdpToDate txtNotes txtCreator mptCounter1 mptCounter2 "
+      "txtGNO gmpInventory gdpReceiveDate gdpFromDate gdpToDate txtCreator txtNotes mptCounter1 mptCounter2 "
       "mptCounter3 mptConfirmer cmdGoods ");
 }
 

@@ -19,6 +19,12 @@ namespace {
 using test::Press;
 using test::Type;
 
+TEST_F(InvCountingWindowTest, Every_command_is_visible_on_a_small_screen_also_while_a_counting_is_entered) {
+  EXPECT_EQ(test::ButtonsCutOff(*window, test::kSmallWindow), QStringList());
+  Counting().cmdEdit.UserClick();
+  EXPECT_EQ(test::ButtonsCutOff(*window, test::kSmallWindow), QStringList());
+}
+
 TEST_F(InvCountingWindowTest, A_screen_reader_has_a_name_for_every_input_and_reads_the_computer_number) {
   EXPECT_EQ(test::InputsWithoutName(*window), QStringList());
   EXPECT_EQ(Find<QLabel>("lblIDVal").accessibleName(), QStringLiteral("شماره رايانه اي: 1"));

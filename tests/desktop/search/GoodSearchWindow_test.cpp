@@ -63,6 +63,10 @@ TEST_F(GoodSearchWindowTest, Every_criterion_that_narrows_the_search_is_there_un
   }
 }
 
+TEST_F(GoodSearchWindowTest, Every_command_is_visible_on_a_small_screen) {
+  EXPECT_EQ(test::ButtonsCutOff(*window, test::kSmallWindow), QStringList());
+}
+
 TEST_F(GoodSearchWindowTest, A_screen_reader_has_a_name_for_every_input) {
   EXPECT_EQ(test::InputsWithoutName(*window), QStringList());
 }

@@ -52,6 +52,10 @@ TEST_F(InvSearchWindowTest, Every_criterion_and_command_is_there_under_its_own_n
   }
 }
 
+TEST_F(InvSearchWindowTest, Every_command_is_visible_on_a_small_screen) {
+  EXPECT_EQ(test::ButtonsCutOff(*window, test::kSmallWindow), QStringList());
+}
+
 TEST_F(InvSearchWindowTest, A_screen_reader_has_a_name_for_every_input) {
   EXPECT_EQ(test::InputsWithoutName(*window), QStringList());
 }
