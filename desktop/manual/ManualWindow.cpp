@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QImage>
 #include <QLineEdit>
+#include <QPalette>
 #include <QRegularExpression>
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -54,6 +55,10 @@ QString ForToolkit(QString html) {
 }  // namespace
 
 ManualPage::ManualPage(QWidget* parent) : QTextBrowser(parent) {
+  QPalette paper = palette();  // the pages have colours of their own, for a white ground
+  paper.setColor(QPalette::Base, Qt::white);
+  paper.setColor(QPalette::Text, Qt::black);
+  setPalette(paper);
   setObjectName(QStringLiteral("page"));
   setOpenExternalLinks(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // the width does not depend on the page's length

@@ -3,12 +3,14 @@
 #include <QApplication>
 #include <QPalette>
 #include <QRegularExpression>
+#include <algorithm>
+#include <cmath>
 
 namespace koru {
 namespace {
 
 constexpr QColor kHint(0x59, 0x66, 0x75);
-constexpr double kDarkest = 0.1;  ///< the lightness on a dark desktop of what is white on a light one
+constexpr float kDarkest = 0.1F;  ///< the lightness on a dark desktop of what is white on a light one
 
 bool IsDark(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
@@ -20,8 +22,10 @@ QColor Inverted(const QColor& color) {
   float saturation = 0;
   float lightness = 0;
   color.getHslF(&hue, &saturation, &lightness);
-  const double inverted = kDarkest + (1 - kDarkest) * (1 - static_cast<double>(lightness));
-  return QColor::fromHslF(hue, saturation, static_cast<float>(inverted)).rgb();
+  const float inverted = kDarkest + (1 - kDarkest) * (1 - lightness);
+  const auto range = [](float of) { return 1 - std::abs(2 * of - 1); };     // of the parts at that lightness
+  const float colourful = saturation * range(lightness) / range(inverted);  // a tint of white stays a tint
+  return QColor::fromHslF(hue, std::min(saturation, colourful), inverted).rgb();
 }
 
 QPalette LightPalette() {

@@ -11,7 +11,9 @@
 #include <QToolButton>
 #include <fstream>
 
+#include "desktop/toolkit/Colors.h"
 #include "desktop/toolkit/QtText.h"
+#include "tests/desktop/Contrast.h"
 #include "tests/desktop/WindowTools.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -41,6 +43,16 @@ class ManualWindowTest : public testing::Test {
 TEST_F(ManualWindowTest, The_title_names_the_page) {
   Write("a.html", "");
   EXPECT_EQ(Open("a.html").windowTitle(), QStringLiteral("راهنماي شمارش انبار - a.html"));
+}
+
+TEST_F(ManualWindowTest, The_pages_are_white_paper_on_a_dark_desktop_too) {
+  SetColors(*qApp, test::DesktopPalette(true));
+  Write("a.html", "<p style='color: #1b2635'>شمارش</p><p>انبار</p>");
+  Open("a.html");
+  const test::Grounds shown = test::GroundsOf(Page().viewport()->grab().toImage());
+  SetColors(*qApp, test::DesktopPalette(false));
+  EXPECT_EQ(shown.ground, QColor(Qt::white));
+  EXPECT_GE(test::Contrast(shown.text, shown.ground), 4.5);
 }
 
 TEST_F(ManualWindowTest, A_table_begins_at_the_right) {
