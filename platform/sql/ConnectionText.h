@@ -18,6 +18,8 @@ class ConnectionText {
   /// The value of `key`; empty when the key is missing.
   [[nodiscard]] std::string Get(std::string_view key) const;
   [[nodiscard]] bool Has(std::string_view key) const;
+  /// All keys as they are written, with their values, in order.
+  [[nodiscard]] const std::vector<std::pair<std::string, std::string>>& Entries() const { return entries_; }
 
   /// The text for messages: passwords are replaced by ***.
   [[nodiscard]] std::string WithoutPassword() const;

@@ -53,7 +53,7 @@ class MalformedDatabases : public testing::TestWithParam<Malformation> {
   /// The host screen, then a stored temporary counting, a final one, and a new one, with all that they open.
   void WalkThrough(Walk& walk, bool isBrief = false) {
     HostSession session(fs::path(folder_.File("settings.ini")));
-    HostWindow host(session);
+    HostWindow host(session, folder_.File("sample.koru"));
     host.Control().SetOLEConnectionString(ToQt(EmbeddedConnectionText(file_)));
     Open(host);
     host.ReadDatabase();
