@@ -1,5 +1,6 @@
 #include "counting/CommandSentences.h"
 
+#include "lines/LineColumns.h"
 #include "platform/text/Text.h"
 
 namespace koru {
@@ -7,6 +8,14 @@ namespace {
 
 std::string LineCount(const InvCountingControls& controls) {
   return std::to_string(controls.flexDetail.Rows() - 1);
+}
+
+int LinesWithoutAccepted(const Grid& lines) {
+  int count = 0;
+  for (int row = 1; row < lines.Rows(); ++row) {
+    if (Trim(lines.TextMatrix(row, LineColumn::AcceptedCounting)).empty()) ++count;
+  }
+  return count;
 }
 
 }  // namespace
@@ -18,10 +27,13 @@ std::string SavedSentence(const InvCountingControls& controls) {
 std::string RegisteredSentence(const InvCountingControls& controls,
                                const AdjustmentDocuments::Written& documents) {
   std::string sentence =
-      "ثبت نهايي شد: شماره نهايي " + controls.txtCode.Text() + "، " + LineCount(controls) + " سطر";
+      "ثبت نهايي شد: شماره تاييد شده " + controls.txtCode.Text() + "، " + LineCount(controls) + " سطر";
   if (documents.dispatch) sentence += "؛ برگ خروج كسري " + std::to_string(*documents.dispatch);
   if (documents.receipt) sentence += "؛ برگ رسيد اضافي " + std::to_string(*documents.receipt);
   if (!documents.dispatch && !documents.receipt) sentence += "؛ مغايرتي نبود و برگي ساخته نشد";
+  // They are registered as if nothing had been found of these goods.
+  const int unaccepted = LinesWithoutAccepted(controls.flexDetail);
+  if (unaccepted > 0) sentence += "؛ " + std::to_string(unaccepted) + " سطر مقدار مورد قبول نداشت";
   return sentence + ".";
 }
 

@@ -37,7 +37,7 @@ std::string WhyNotSaved(DocumentMode mode, const SaveNeeds& needs, bool isFinal)
     if (!isMet) missing += (missing.empty() ? "" : "، ") + std::string(what);
   };
   add(needs.hasStore, "انبار");
-  add(needs.hasDate, "تاريخ شمارش");
+  add(needs.hasDate, "تاريخ تهيه");
   add(needs.hasLines, "سطر كالا (با «كالاها»)");
   return "براي ثبت، اين ها كم است: " + missing;
 }
@@ -52,7 +52,7 @@ void SetRemarks(DocumentMode mode, const SaveNeeds& needs, InvCountingControls& 
   controls.gmpInventory.SetRemark(entering && !needs.hasStore ? "انبار شمارش را انتخاب كنيد." : "");
   const bool isOpen = HasOpenApostrophe(Trim(controls.txtGNO.Text()));
   controls.txtGNO.SetRemark(entering && isOpen ? "شماره دستي نبايد آپوستروف (') داشته باشد." : "");
-  controls.gdpReceiveDate.SetRemark(entering && !needs.hasDate ? "تاريخ شمارش را بنويسيد." : "");
+  controls.gdpReceiveDate.SetRemark(entering && !needs.hasDate ? "تاريخ تهيه را بنويسيد." : "");
 }
 
 }  // namespace

@@ -31,17 +31,17 @@ GoodsReport ReportOnGoods(int added, const PickedGoods& picked, const std::unord
   std::string reason = "پيدا نشد";
   if (!picked.criteria.empty()) reason = "با معيار جستجو نمي خواند: " + picked.criteria;
   if (isFull) reason = "شمارش جا نداشت";
-  std::size_t hadLine = 0;
+  std::string hadLine;
   std::size_t missing = 0;
   for (const PickedGoods::Good& good : picked.goods) {
     if (before.contains(good.barcode)) {
-      ++hadLine;
+      hadLine += (hadLine.empty() ? "" : "، ") + NameOf(good);
     } else if (!after.contains(good.barcode) && ++missing <= kMaxNamed) {
       report.message += "\n" + NameOf(good) + ": " + reason;
     }
   }
   report.sentence = added == 0 ? "كالاي تازه اي افزوده نشد." : std::to_string(added) + " سطر افزوده شد.";
-  if (hadLine > 0) report.sentence += " " + std::to_string(hadLine) + " كالا از پيش در شمارش بود.";
+  if (!hadLine.empty()) report.sentence += " از پيش در شمارش بود: " + hadLine;
   if (missing == 0) return report;
   report.message = std::to_string(missing) + " كالاي انتخاب شده افزوده نشد:" + report.message;
   if (missing > kMaxNamed) report.message += "\nو " + std::to_string(missing - kMaxNamed) + " كالاي ديگر";

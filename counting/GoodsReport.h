@@ -10,7 +10,7 @@ namespace koru {
 
 /// What became of the goods of a goods search.
 struct GoodsReport {
-  std::string sentence;  ///< how many lines were added, and how many of the picked goods had one
+  std::string sentence;  ///< how many lines were added, and which of the picked goods had one
   /// The picked goods that got no line, one by one with the reason; empty when each has a line.
   std::string message;
 };

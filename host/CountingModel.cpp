@@ -14,8 +14,9 @@ namespace {
 
 constexpr QColor kFinal(0x6A, 0x76, 0x86);
 
-constexpr const char* kTitles[] = {"وضعيت", "شماره\nنهايي", "شماره\nرايانه اي", "شماره\nدستي", "انبار",
-                                   "تاريخ", "توضيحات",      "ايجاد كننده",      "از تاريخ",    "تا تاريخ"};
+constexpr const char* kTitles[] = {
+    "وضعيت", "شماره\nتاييد شده", "شماره\nرايانه اي", "شماره\nدستي", "انبار",
+    "تاريخ", "توضيحات",          "تهيه كننده",       "از تاريخ",    "تا تاريخ"};
 static_assert(std::size(kTitles) == CountingColumns);
 
 std::string TextOf(const CountingRow& row, int column) {

@@ -38,12 +38,12 @@ const std::vector<StoredCounting::HeaderField>& StoredCounting::HeaderFields() {
   static const std::vector<HeaderField> fields = {
       {"InventoryID", "انبار"},
       {"ManualCode", "شماره دستي"},
-      {"CreateDate", "تاريخ شمارش"},
+      {"CreateDate", "تاريخ تهيه"},
       {"FromDate", "از تاريخ"},
       {"ToDate", "تا تاريخ"},
-      {"CounterEmployeeID1", "شمارنده اول"},
-      {"CounterEmployeeID2", "شمارنده دوم"},
-      {"CounterEmployeeID3", "شمارنده سوم"},
+      {"CounterEmployeeID1", "شمارشگر اول"},
+      {"CounterEmployeeID2", "شمارشگر دوم"},
+      {"CounterEmployeeID3", "شمارشگر سوم"},
       {"CounterConfirmerID", "تاييد كننده"},
       {"Notes", "توضيحات"},
   };

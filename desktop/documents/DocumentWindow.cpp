@@ -75,10 +75,10 @@ void DocumentWindow::AddHeader(QBoxLayout& window) {
   auto* const grid = new QGridLayout(box);
   grid->setHorizontalSpacing(8);
   ShowValue(*AddValue(*grid, 0, 0, "شماره رايانه اي", "id"), QString::number(document_.id));
-  code_ = AddValue(*grid, 0, 2, "شماره نهايي", "code");
+  code_ = AddValue(*grid, 0, 2, "شماره تاييد شده", "code");
   ShowValue(*AddValue(*grid, 0, 4, "تاريخ", "date"), ToQt(document_.date));
   ShowValue(*AddValue(*grid, 1, 0, "انبار", "store", 3), ToQt(document_.store));
-  ShowValue(*AddValue(*grid, 1, 4, "ايجاد كننده", "creator"), ToQt(document_.creator));
+  ShowValue(*AddValue(*grid, 1, 4, "تهيه كننده", "creator"), ToQt(document_.creator));
   QLabel* const notes = AddValue(*grid, 2, 0, "توضيحات", "notes", 5);
   notes->setWordWrap(true);
   ShowValue(*notes, ToQt(document_.notes));

@@ -174,7 +174,7 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
 
 void InvCountingWindow::AddHeader(QBoxLayout& window) {
   auto* const document = new QGroupBox(QStringLiteral("مشخصات شمارش"), this);
-  auto* const people = new QGroupBox(QStringLiteral("شمارندگان"), this);
+  auto* const people = new QGroupBox(QStringLiteral("شمارشگران"), this);
   auto* const row = new QHBoxLayout;
   row->setSpacing(8);
   row->addWidget(document, 2);
@@ -209,7 +209,7 @@ void InvCountingWindow::AddDocument(QGridLayout& box) {
   keyChanged_ = form_.lblIDVal.StateChanged.Subscribe(name);
   auto* const code = NewCodeField(this, 70);
   Binding().Bind(form_.txtCode, *code);
-  AddField(box, 0, 2, QStringLiteral("شماره نهايي"), *code);
+  AddField(box, 0, 2, QStringLiteral("شماره تاييد شده"), *code);
   auto* const manual = NewCodeField(this, 90);
   Binding().Bind(form_.txtGNO, *manual);
   AddField(box, 0, 4, QStringLiteral("شماره دستي"), *manual);
@@ -218,13 +218,13 @@ void InvCountingWindow::AddDocument(QGridLayout& box) {
   store->SetPlaceholder(QStringLiteral("انتخاب انبار"));
   Binding().Bind(form_.gmpInventory, *store, records_);
   AddField(box, 1, 0, QStringLiteral("انبار"), *store, 3);
-  AddDate(box, 1, 4, QStringLiteral("تاريخ شمارش"), form_.gdpReceiveDate);
+  AddDate(box, 1, 4, QStringLiteral("تاريخ تهيه"), form_.gdpReceiveDate);
 
   AddDate(box, 2, 0, QStringLiteral("از تاريخ"), form_.gdpFromDate);
   AddDate(box, 2, 2, QStringLiteral("تا تاريخ"), form_.gdpToDate);
   auto* const creator = new QLineEdit(this);
   Binding().Bind(form_.txtCreator, *creator);
-  AddField(box, 2, 4, QStringLiteral("ايجاد كننده"), *creator);
+  AddField(box, 2, 4, QStringLiteral("تهيه كننده"), *creator);
 
   auto* const notes = new QPlainTextEdit(this);
   notes->setTabChangesFocus(true);
@@ -244,9 +244,9 @@ void InvCountingWindow::AddDate(QGridLayout& box, int row, int column, const QSt
 }
 
 void InvCountingWindow::AddPeople(QGridLayout& box) {
-  AddPerson(box, 0, 0, QStringLiteral("شمارنده اول"), form_.mptCounter1);
-  AddPerson(box, 1, 0, QStringLiteral("شمارنده دوم"), form_.mptCounter2);
-  AddPerson(box, 2, 0, QStringLiteral("شمارنده سوم"), form_.mptCounter3);
+  AddPerson(box, 0, 0, QStringLiteral("شمارشگر اول"), form_.mptCounter1);
+  AddPerson(box, 1, 0, QStringLiteral("شمارشگر دوم"), form_.mptCounter2);
+  AddPerson(box, 2, 0, QStringLiteral("شمارشگر سوم"), form_.mptCounter3);
   AddPerson(box, 3, 0, QStringLiteral("تاييد كننده"), form_.mptConfirmer);
 }
 

@@ -26,7 +26,7 @@ enum ListColumn : int { Number, Key, ManualCode, Store, CreateDate, FromDate, To
 constexpr const char* kTitles =
     "   رديف|^شماره رايانه اي  |^شماره دستي      |^انبار                        |^تاريخ         |^از تاريخ   "
     "   |"
-    "^تا تاريخ      |^توضيحات           |^ايجاد كننده            ";
+    "^تا تاريخ      |^توضيحات           |^تهيه كننده            ";
 
 /// The number as the property of that name holds it; nothing when it does not fit.
 std::optional<std::int16_t> SixteenBits(const char* property, int number) {

@@ -308,13 +308,13 @@ TEST_F(AddingPickedGoods, Each_picked_good_that_was_not_added_is_named_with_the_
                                  "\u2066X'9\u2069: با معيار جستجو نمي خواند: رسيد در انبار"});
 }
 
-TEST_F(AddingPickedGoods, Goods_that_had_a_line_are_counted_without_a_message) {
+TEST_F(AddingPickedGoods, Goods_that_had_a_line_are_named_without_a_message) {
   wish.list = "('','G1')";
   Click(Form().cmdGoods);
   said.clear();
   messages.WillAnswer(Answer::Yes);
   Click(Form().cmdGoods);
-  EXPECT_EQ(said, Texts{"كالاي تازه اي افزوده نشد. 1 كالا از پيش در شمارش بود."});
+  EXPECT_EQ(said, Texts{"كالاي تازه اي افزوده نشد. از پيش در شمارش بود: \u2066G1\u2069"});
   EXPECT_EQ(NewMessages(), Texts{kAddQuestion});
 }
 

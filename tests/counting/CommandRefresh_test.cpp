@@ -56,7 +56,7 @@ TEST_F(CommandRefresh, Save_and_Register_say_what_is_missing_and_its_box_is_mark
   Form().gdpReceiveDate.Clear();
   Form().flexDetail.SetRows(1);
   Form().Timer1.Fire();
-  const std::string all = "براي ثبت، اين ها كم است: انبار، تاريخ شمارش، سطر كالا (با «كالاها»)";
+  const std::string all = "براي ثبت، اين ها كم است: انبار، تاريخ تهيه، سطر كالا (با «كالاها»)";
   EXPECT_EQ(Form().cmdTmpSave.Remark(), all);
   EXPECT_EQ(Form().cmdIsFinalized.Remark(), all);
   EXPECT_NE(Form().gmpInventory.Remark(), "");

@@ -3,6 +3,7 @@
 #include <map>
 #include <variant>
 
+#include "lines/LineColumns.h"
 #include "platform/text/Errors.h"
 #include "tests/counting/CountingWorld.h"
 
@@ -36,7 +37,7 @@ TEST_F(CommandReports, A_registration_gives_the_number_and_the_documents_and_Ret
   Click(Form().cmdIsFinalized);
   const std::string dispatch = database.Scalar("select DispatchID from tblInventoryCounting where ID=10");
   const std::string receipt = database.Scalar("select ReceiptID from tblInventoryCounting where ID=10");
-  EXPECT_EQ(said, Texts{"ثبت نهايي شد: شماره نهايي 2، 2 سطر؛ برگ خروج كسري " + dispatch +
+  EXPECT_EQ(said, Texts{"ثبت نهايي شد: شماره تاييد شده 2، 2 سطر؛ برگ خروج كسري " + dispatch +
                         "؛ برگ رسيد اضافي " + receipt + "."});
   said.clear();
   messages.WillAnswer(FakeMessages::Answer::Yes);
@@ -49,7 +50,7 @@ TEST_F(CommandReports, A_registration_without_differences_says_that_no_document_
   ViewAndEdit(10);
   Listen();
   Click(Form().cmdIsFinalized);
-  EXPECT_EQ(said, Texts{"ثبت نهايي شد: شماره نهايي 2، 2 سطر؛ مغايرتي نبود و برگي ساخته نشد."});
+  EXPECT_EQ(said, Texts{"ثبت نهايي شد: شماره تاييد شده 2، 2 سطر؛ مغايرتي نبود و برگي ساخته نشد."});
 }
 
 TEST_F(CommandReports, What_was_refused_or_failed_is_not_reported_as_done) {
@@ -60,6 +61,16 @@ TEST_F(CommandReports, What_was_refused_or_failed_is_not_reported_as_done) {
   Click(Form().cmdIsFinalized);
   EXPECT_EQ(NewMessages(), (Texts{kNotPermitted, kNotPermitted}));
   EXPECT_EQ(said, Texts{});
+}
+
+TEST_F(CommandReports, A_registration_reports_lines_without_an_accepted_quantity) {
+  ViewAndEdit(10);
+  Form().Timer1.Fire();
+  ASSERT_TRUE(Form().flexDetail.UserEdit(1, LineColumn::AcceptedCounting, ""));
+  Listen();
+  Click(Form().cmdIsFinalized);
+  ASSERT_EQ(said.size(), 1U);
+  EXPECT_NE(said.at(0).find("؛ 1 سطر مقدار مورد قبول نداشت."), std::string::npos) << said.at(0);
 }
 
 TEST_F(CommandReports, Calculate_and_Delete_report_what_they_did) {

@@ -94,7 +94,7 @@ TEST_F(StockDocumentDialogTest, A_screen_reader_has_names_for_what_the_window_sh
   View(kReceipt, 7, [&](QWidget& dialog) {
     EXPECT_EQ(test::InputsWithoutName(dialog), QStringList());
     EXPECT_EQ(dialog.findChild<QLabel*>("id")->accessibleName(), QStringLiteral("شماره رايانه اي: 7"));
-    EXPECT_EQ(dialog.findChild<QLabel*>("code")->accessibleName(), QStringLiteral("شماره نهايي: موقت"));
+    EXPECT_EQ(dialog.findChild<QLabel*>("code")->accessibleName(), QStringLiteral("شماره تاييد شده: موقت"));
   });
 }
 

@@ -61,7 +61,7 @@ TEST_F(MessageDialogTest, A_message_has_a_title_a_text_and_one_button_that_Enter
   });
 }
 
-TEST_F(MessageDialogTest, A_sign_tells_an_error_from_a_warning_and_a_question) {
+TEST_F(MessageDialogTest, A_sign_distinguishes_an_error_from_a_warning_and_a_question) {
   const auto sign = [this](const char* title, int type) {
     MessageIcon::Kind kind = MessageIcon::Kind::Note;
     message.SetFormTitle(title);

@@ -52,7 +52,7 @@ TEST_F(RowNumbersTest, There_is_room_for_the_largest_number) {
             view->fontMetrics().horizontalAdvance(QStringLiteral("32767000")));
 }
 
-TEST_F(RowNumbersTest, A_click_on_a_number_goes_to_its_row_in_the_same_column_and_a_double_click_opens_it) {
+TEST_F(RowNumbersTest, A_click_on_a_number_moves_to_its_row_in_the_same_column_and_a_double_click_opens_it) {
   int opened = 0;
   grid.DblClick.Always([&] { opened = grid.Row(); });
   Start();
