@@ -6,13 +6,14 @@
 #include <utility>
 
 #include "desktop/fields/Fields.h"
+#include "desktop/toolkit/Colors.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/text/PersianText.h"
 
 namespace koru {
 namespace {
 
-constexpr QColor kFinal(0x6A, 0x76, 0x86);
+constexpr QColor kFinal(0x59, 0x66, 0x75);
 
 constexpr const char* kTitles[] = {
     "وضعيت", "شماره\nتاييد شده", "شماره\nرايانه اي", "شماره\nدستي", "انبار",
@@ -64,7 +65,7 @@ QVariant CountingModel::data(const QModelIndex& index, int role) const {
   const CountingRow& row = Row(index.row());
   if (role == Qt::DisplayRole) return ToQt(TextOf(row, index.column()));
   if (role == Qt::ToolTipRole && index.column() == CountingNotes) return ToQt(row.notes).toHtmlEscaped();
-  if (role == Qt::ForegroundRole && row.code) return kFinal;
+  if (role == Qt::ForegroundRole && row.code) return OnDesktop(kFinal);
   // Digits alone would be aligned left.
   if (role == Qt::TextAlignmentRole) return static_cast<int>(kTrueRight);
   return {};
