@@ -25,7 +25,7 @@ inline double Luminance(const QColor& color) {
 
 /// The contrast of two colours, 1 to 21, as accessibility guidelines define it.
 inline double Contrast(const QColor& one, const QColor& other) {
-  const auto [darker, lighter] = std::minmax(Luminance(one), Luminance(other));
+  const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
   return (lighter + 0.05) / (darker + 0.05);
 }
 
