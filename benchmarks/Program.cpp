@@ -9,13 +9,12 @@
 namespace koru::bench {
 
 Program::Program(const std::string& file, std::int32_t counting, const std::string& workbooks)
-    : spreadsheets_({.folder = workbooks, .open = Opened, .showMessage = {}}, clock_) {
+    : counting_(counting), spreadsheets_({.folder = workbooks, .open = Opened, .showMessage = {}}, clock_) {
   RegisterWindows(screen_, records_);
   RegisterDesktopComponents(components_, databases_, DataFolder());
   messages_.RegisterIn(components_);
   control_.SetOLEConnectionString("Provider=SQLite;Data Source=" + file);
   control_.SetUserID(1);
-  if (!control_.View(counting)) throw std::runtime_error("no such counting in " + file);
   Edit();
   Draw();
 }
@@ -25,8 +24,9 @@ GridView& Program::Lines() const {
 }
 
 void Program::Edit() {
+  if (!control_.View(counting_)) throw std::runtime_error("no such counting");
   Form().Timer1.Fire();
-  if (Form().cmdEdit.Enabled()) Press(Form().cmdEdit);
+  if (Form().cmdEdit.Enabled()) Press(Form().cmdEdit);  // a final counting is only shown
   Form().Timer1.Fire();
 }
 

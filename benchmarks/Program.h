@@ -27,7 +27,8 @@ class Program : private ControlHost {
   [[nodiscard]] frmInvCounting& Form() const { return *control_.CountingForm(); }
   [[nodiscard]] GridView& Lines() const;
 
-  /// Puts the form into edit mode if it is not, with the stored or the changed lines.
+  /// Opens the counting again, since a program by hand may have written it, and presses Edit unless it is
+  /// final.
   void Edit();
   /// Presses a button as the user does. Throws if it is disabled or if the program showed a message.
   void Press(Button& button);
@@ -52,6 +53,7 @@ class Program : private ControlHost {
   [[nodiscard]] koru::Font AmbientFont() const override { return {}; }
   void PropertyChanged(std::string_view /*key*/) override {}
 
+  std::int32_t counting_;
   SqliteConnector databases_;
   ComponentRegistry components_;
   test::FakeMessages messages_;

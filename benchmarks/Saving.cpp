@@ -34,7 +34,6 @@ class Saving {
         "update tblInventoryCounting set Code = null, ReceiptID = null, DispatchID = null where ID = " +
         Key());
     plain_.Execute("PRAGMA wal_checkpoint(TRUNCATE)");
-    program_.Form().txtCode.SetText({});
     program_.Edit();
     Program::Draw();
   }

@@ -84,8 +84,12 @@ class ArrowKeys {
   explicit ArrowKeys(QTableView& view) : view_(view) {}
 
   void PressNext() {
-    if (keys_ == 0) view_.setCurrentIndex(view_.model()->index(0, LineColumn::FirstCounting));
-    const bool down = keys_++ / kMovedRows % 2 == 0;
+    const int inRound = keys_++ % (2 * kMovedRows);
+    const bool down = inRound < kMovedRows;
+    // A sort between two keys moves the current good, and with it the current row.
+    const QModelIndex start =
+        view_.model()->index(down ? inRound : 2 * kMovedRows - inRound, LineColumn::FirstCounting);
+    if (view_.currentIndex() != start) view_.setCurrentIndex(start);
     QKeyEvent press(QEvent::KeyPress, down ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier);
     const QModelIndex before = view_.currentIndex();
     QApplication::sendEvent(&view_, &press);
