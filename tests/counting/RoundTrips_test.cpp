@@ -91,7 +91,6 @@ class RoundTrips : public testing::TestWithParam<int> {};
 
 TEST_P(RoundTrips, Of_a_command_grow_by_one_for_fifty_lines_at_most) {
   const int lines = GetParam();
-  if (lines > 1000 && std::getenv("KORU_FULL_SIZE") == nullptr) GTEST_SKIP() << "set KORU_FULL_SIZE=1";
   OnServer small(2);
   small.DoAll();
   OnServer large(lines);
@@ -118,7 +117,13 @@ TEST_P(RoundTrips, Of_a_command_grow_by_one_for_fifty_lines_at_most) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(OfLines, RoundTrips, testing::Values(100, 1000, 5000, 32767));
+/// Two large countings take a minute: they run where the environment asks for the full size, as ./bench does.
+std::vector<int> Sizes() {
+  if (std::getenv("KORU_FULL_SIZE") == nullptr) return {100, 1000};
+  return {100, 1000, 5000, 32767};
+}
+
+INSTANTIATE_TEST_SUITE_P(OfLines, RoundTrips, testing::ValuesIn(Sizes()));
 
 }  // namespace
 }  // namespace koru::test

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/system/TemporaryFolder.h"
 #include "tools/tds-stand-in/StandInLocks.h"
 #include "tools/tds-stand-in/StandInSchema.h"
 
@@ -18,9 +19,9 @@ class StandInDatabase {
   StandInDatabase();
   StandInDatabase(const StandInDatabase&) = delete;
   StandInDatabase& operator=(const StandInDatabase&) = delete;
-  ~StandInDatabase();
+  ~StandInDatabase() = default;
 
-  [[nodiscard]] std::string File() const { return folder_ + "/database"; }
+  [[nodiscard]] std::string File() const { return (folder_.Path() / "database").string(); }
   [[nodiscard]] SqliteConnection Connect() const;
   /// For later connections: without `order by` no server promises an order, and rows come in another one than
   /// that of their keys unless this is called.
@@ -30,7 +31,7 @@ class StandInDatabase {
   [[nodiscard]] StandInLocks& Locks() { return locks_; }
 
  private:
-  std::string folder_;
+  TemporaryFolder folder_;
   std::atomic<bool> rowsByKey_{false};
   StandInLocks locks_;
   std::unique_ptr<SqliteConnection> engine_;  ///< keeps the file's log until the end
