@@ -38,7 +38,8 @@ class NotingPrinter : public ReportPrinter {
 /// A user who leads the form through everything.
 class Tour : public CountingWorld {
  public:
-  Tour() {
+  /// On a file: a server is asked more often whether another station has changed the counting.
+  Tour() : CountingWorld(TestDatabase::Kind::File) {
     database.Execute(kMore);
     components.Register(std::string(DocumentComponent::kDispatchClassName),
                         [this] { return std::make_unique<HostedDocument>(documentCalls_); });
