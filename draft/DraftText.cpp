@@ -6,6 +6,7 @@
 
 #include "platform/text/Errors.h"
 #include "platform/text/Fingerprint.h"
+#include "platform/text/TabFields.h"
 
 namespace koru {
 namespace {
@@ -33,20 +34,6 @@ std::string_view Contents(std::string_view text) {
   return text.substr(kFormat.size(), end - kFormat.size());
 }
 
-std::string Unescaped(std::string_view written) {
-  std::string text;
-  text.reserve(written.size());
-  for (std::size_t at = 0; at < written.size(); ++at) {
-    if (written[at] != '\\') {
-      text += written[at];
-      continue;
-    }
-    if (++at == written.size()) DraftReader::Fail();
-    text += written[at] == 't' ? '\t' : written[at] == 'n' ? '\n' : written[at];
-  }
-  return text;
-}
-
 }  // namespace
 
 DraftWriter::DraftWriter(std::size_t expectedSize) {
@@ -59,17 +46,7 @@ void DraftWriter::Record(std::string_view name) {
   text_ += name;
 }
 
-void DraftWriter::Field(std::string_view text) {
-  text_ += '\t';
-  if (text.find_first_of("\\\t\n") == std::string_view::npos) {
-    text_ += text;
-    return;
-  }
-  for (const char c : text) {
-    if (c == '\\' || c == '\t' || c == '\n') text_ += '\\';
-    text_ += c == '\t' ? 't' : c == '\n' ? 'n' : c;
-  }
-}
+void DraftWriter::Field(std::string_view text) { AppendTabField(text_, text); }
 
 std::string DraftWriter::Finish() {
   const std::uint64_t fingerprint = Fingerprint(text_);
@@ -85,15 +62,11 @@ bool DraftReader::Next() {
   if (rest_.empty()) return false;
   rest_.remove_prefix(1);  // the line feed before the record
   const std::size_t end = std::min(rest_.find('\n'), rest_.size());
-  std::string_view record = rest_.substr(0, end);
+  auto fields = TabFields(rest_.substr(0, end));
+  if (!fields) Fail();
+  fields_ = std::move(*fields);
   rest_.remove_prefix(end);
-  fields_.clear();
-  for (;;) {
-    const std::size_t tab = record.find('\t');
-    fields_.push_back(Unescaped(record.substr(0, tab)));
-    if (tab == std::string_view::npos) return true;
-    record.remove_prefix(tab + 1);
-  }
+  return true;
 }
 
 const std::string& DraftReader::Text(std::size_t field) const {

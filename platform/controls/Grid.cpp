@@ -100,11 +100,15 @@ void Grid::Append(std::span<GridRow> rows, std::uint32_t color) {
   if (rows_.capacity() < needed) rows_.reserve(std::max(needed, 2 * rows_.capacity()));
   if (colors_.capacity() < needed) colors_.reserve(rows_.capacity());
   if (entries_.capacity() < needed) entries_.reserve(rows_.capacity());
+  if (ids_.capacity() < needed) ids_.reserve(rows_.capacity());
   const int first = Rows();
   const auto append = [&]() noexcept {
     rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
     colors_.resize(rows_.size(), color);
-    while (entries_.size() < rows_.size()) entries_.push_back(++lastEntry_);
+    while (entries_.size() < rows_.size()) {
+      entries_.push_back(++lastEntry_);
+      ids_.push_back(lastEntry_);
+    }
     sortedCol_ = -1;
   };
   if (redraw_) {
@@ -126,6 +130,7 @@ void Grid::Remove(int first, int last) {
     rows_.erase(rows_.begin() + first, rows_.begin() + last + 1);
     colors_.erase(colors_.begin() + first, colors_.begin() + last + 1);
     entries_.erase(entries_.begin() + first, entries_.begin() + last + 1);
+    ids_.erase(ids_.begin() + first, ids_.begin() + last + 1);
     row_ = std::min(row_, Rows() - 1);
     sortedCol_ = -1;
   };
@@ -166,10 +171,14 @@ void Grid::KeepOrder() { std::sort(entries_.begin(), entries_.end()); }
 
 /// The rows have been reordered: row i is the one that had the index order[i].
 void Grid::FollowOrder(const std::vector<std::size_t>& order) {
-  std::vector<std::uint32_t> entries;
-  entries.reserve(order.size());
-  for (const std::size_t row : order) entries.push_back(entries_[row]);
-  entries_ = std::move(entries);
+  const auto follow = [&order](std::vector<std::uint32_t>& numbers) {
+    std::vector<std::uint32_t> moved;
+    moved.reserve(order.size());
+    for (const std::size_t row : order) moved.push_back(numbers[row]);
+    numbers = std::move(moved);
+  };
+  follow(entries_);
+  follow(ids_);
   const int before = row_;
   const auto at = std::find(order.begin(), order.end(), static_cast<std::size_t>(row_));
   row_ = static_cast<int>(at - order.begin());
@@ -211,8 +220,59 @@ void Grid::SetRedraw(bool redraw) {
 }
 
 bool Grid::UserEdit(int row, int col, std::string text) {
-  if (!Reachable() || locked_ || !IsDataCell(row, col) || !IsEditable(col)) return false;
-  if (!UserMoveTo(row, col)) return false;
+  if (!AcceptsEdit(row, col) || !UserMoveTo(row, col)) return false;
+  return StoreEdit(std::move(text));
+}
+
+/// RAII: until destruction another cell is the current one, and no edit or batch of the user is open.
+class Grid::EditElsewhere {
+ public:
+  EditElsewhere(Grid& grid, int row, int col)
+      : grid_(grid),
+        id_(grid.RowID(grid.row_)),
+        row_(std::exchange(grid.row_, row)),
+        col_(std::exchange(grid.col_, col)),
+        editText_(std::move(grid.editText_)),
+        editAccepted_(grid.editAccepted_),
+        inBatchEdit_(std::exchange(grid.inBatchEdit_, false)) {}
+  EditElsewhere(const EditElsewhere&) = delete;
+  EditElsewhere& operator=(const EditElsewhere&) = delete;
+  ~EditElsewhere() {
+    // A listener may have removed or moved rows.
+    if (row_ >= grid_.Rows() || grid_.ids_[static_cast<std::size_t>(row_)] != id_) {
+      const auto at = std::find(grid_.ids_.begin(), grid_.ids_.end(), id_);
+      row_ = at != grid_.ids_.end() ? static_cast<int>(at - grid_.ids_.begin())
+                                    : std::min(row_, grid_.Rows() - 1);
+    }
+    grid_.row_ = row_;
+    grid_.col_ = col_;
+    grid_.editText_ = std::move(editText_);
+    grid_.editAccepted_ = editAccepted_;
+    grid_.inBatchEdit_ = inBatchEdit_;
+  }
+
+ private:
+  Grid& grid_;
+  std::uint32_t id_;
+  int row_;
+  int col_;
+  std::string editText_;
+  bool editAccepted_;
+  bool inBatchEdit_;
+};
+
+bool Grid::UserEditElsewhere(int row, int col, std::string text) {
+  if (!AcceptsEdit(row, col)) return false;
+  const EditElsewhere elsewhere(*this, row, col);
+  return StoreEdit(std::move(text));
+}
+
+bool Grid::AcceptsEdit(int row, int col) const {
+  return Reachable() && !locked_ && IsDataCell(row, col) && IsEditable(col);
+}
+
+/// Lets the listeners test `text` for the current cell and stores it there. Returns whether it was stored.
+bool Grid::StoreEdit(std::string text) {
   bool stored = false;
   RunEvent([&] {
     editText_ = std::move(text);

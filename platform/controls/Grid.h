@@ -87,6 +87,8 @@ class Grid : public Control {
 
   /// The text of a cell; valid until its row changes.
   [[nodiscard]] std::string_view TextMatrix(int row, int col) const;
+  /// A number that the row keeps wherever it moves, and that no other row of this grid ever has.
+  [[nodiscard]] std::uint32_t RowID(int row) const { return ids_.at(static_cast<std::size_t>(row)); }
   void SetTextMatrix(int row, int col, std::string_view text);
 
   /// Appends a row whose column 0 holds `text`.
@@ -132,6 +134,11 @@ class Grid : public Control {
   /// Enters `text` into a cell. ValidateEdit may change EditText or refuse it; an accepted text is stored and
   /// CellChanged raised. Returns false if the cell cannot be edited or the text was refused.
   bool UserEdit(int row, int col, std::string text);
+  /// The same for a text that does not come from the user of this form but from elsewhere, at any moment: the
+  /// current cell, the focus, EditText and an edit, a batch or a question about a row that is open remain as
+  /// they are. During ValidateEdit and CellChanged, Row() and Col() are the edited cell. RowChange and
+  /// CurrentChanged are not raised.
+  bool UserEditElsewhere(int row, int col, std::string text);
   /// Deletes the current row. RowDeleting may refuse; otherwise the row is removed and RowDeleted raised.
   bool UserDeleteRow();
   /// Moves to another cell; raises RowChange first if the row is another.
@@ -171,7 +178,10 @@ class Grid : public Control {
 
  private:
   friend class BatchEdit;
+  class EditElsewhere;
   void EndBatchEdit();
+  [[nodiscard]] bool AcceptsEdit(int row, int col) const;
+  bool StoreEdit(std::string text);
   static constexpr std::uint32_t kWhite = 0x00FFFFFF;
 
   struct Column {
@@ -195,6 +205,7 @@ class Grid : public Control {
   std::vector<std::uint32_t> colors_{kWhite};  ///< the background of each row
   std::vector<std::uint32_t> entries_{0};      ///< the place of each row in the order of entry
   std::uint32_t lastEntry_ = 0;
+  std::vector<std::uint32_t> ids_{0};  ///< RowID of each row
   std::string editMask_;
   std::string editText_;
   int cols_ = 0;

@@ -15,6 +15,17 @@ void ComponentRegistry::Unregister(std::string_view className) {
   if (found != factories_.end()) factories_.erase(found);
 }
 
+ComponentRegistry::Factory ComponentRegistry::Exchange(std::string_view className, Factory factory) {
+  Factory before;
+  if (const auto found = factories_.find(className); found != factories_.end()) before = found->second;
+  if (factory) {
+    Register(std::string(className), std::move(factory));
+  } else {
+    Unregister(className);
+  }
+  return before;
+}
+
 std::unique_ptr<SiblingComponent> ComponentRegistry::Create(std::string_view className) const {
   const auto found = factories_.find(className);
   if (found == factories_.end()) {

@@ -26,6 +26,9 @@ class ComponentRegistry {
   /// Registers a factory; replaces the factory of a class name that is already registered.
   void Register(std::string className, Factory factory);
   void Unregister(std::string_view className);
+  /// Registers a factory and returns the one that it replaces; an empty one for a class name that was or
+  /// shall be not registered.
+  Factory Exchange(std::string_view className, Factory factory);
   /// A new component. Throws ComponentError with code 429 when the class name is not registered.
   [[nodiscard]] std::unique_ptr<SiblingComponent> Create(std::string_view className) const;
 
