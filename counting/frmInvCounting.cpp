@@ -5,6 +5,7 @@
 #include "counting/CommandSentences.h"
 #include "counting/CommandStates.h"
 #include "counting/CountingHeader.h"
+#include "counting/EntrySentences.h"
 #include "counting/GoodsReport.h"
 #include "counting/controls/DocumentModes.h"
 #include "platform/text/Errors.h"
@@ -28,6 +29,7 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       shared_(shared),
       lines_(*this, shared),
       editing_(*this, shared, lines_),
+      history_(*this),
       quantity_(*this, shared, lines_, editing_),
       addGoods_(*this, shared, lines_),
       guard_(shared),
@@ -147,6 +149,7 @@ bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
   if (isNew && !CheckPermission(shared_, FormPermission::OpenForNew)) return false;
   if (!CheckPermission(shared_, isNew ? FormPermission::New : FormPermission::Edit)) return false;
   drafts_.Continue(draft);
+  history_.Clear();
   storeOfFigures_.Follow();
   RefreshCommands();
   SetFocus(flexDetail);
@@ -167,6 +170,7 @@ void frmInvCounting::RefreshCommands() {
   koru::RefreshCommands(shared_.DocMode, *this);
   cmdReadLines.SetVisible(shared_.DocMode == DocumentMode::Viewing && !linesAreStored_);
   if (!IsBeingEntered()) cmdAddScanned.SetVisible(false);
+  if (!IsBeingEntered()) history_.Clear();
 }
 
 bool frmInvCounting::FillInvCountingData(std::int32_t id) {
@@ -234,6 +238,9 @@ void frmInvCounting::ConnectEvents() {
     if (returnToTemporary_.Run()) CommandReported.Raise(ReturnedSentence(code));
   });
   cmdFunc.Click.Always([this] { mnuRS.Click.Raise(); });
+  mnuUndo.Click.Always([this] { CommandReported.Raise(UndoneSentence(history_.Undo())); });
+  mnuRedo.Click.Always([this] { CommandReported.Raise(RedoneSentence(history_.Redo())); });
+  history_.Changed.Always([this] { ShowHistory(); });
   gmpInventory.SelectionChanged.Always([this] {
     storeChange_.Run();
     storeOfFigures_.StoreHasChanged();
@@ -243,6 +250,11 @@ void frmInvCounting::ConnectEvents() {
   });
   guard_.StoredWanted.Always([this](std::int32_t id) { ViewInvCounting(id); });
   Timer1.Tick.Always([this] { Tick(); });
+}
+
+void frmInvCounting::ShowHistory() {
+  mnuUndo.SetEnabled(history_.CanUndo());
+  mnuRedo.SetEnabled(history_.CanRedo());
 }
 
 void frmInvCounting::Tick() {
@@ -279,6 +291,7 @@ void frmInvCounting::Enter(const std::function<void()>& command) {
   command();
   if (shared_.DocMode == before) return;
   storeOfFigures_.StoreHasChanged();
+  history_.Clear();
   drafts_.Begin();
 }
 

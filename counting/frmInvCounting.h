@@ -13,6 +13,7 @@
 #include "draft/LeftDraft.h"
 #include "lines/AddGoods.h"
 #include "lines/CountingLines.h"
+#include "lines/EntryHistory.h"
 #include "lines/LineEditing.h"
 #include "lines/SystemQuantity.h"
 #include "output/ExcelExport.h"
@@ -114,6 +115,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   void Enter(const std::function<void()>& command);
   void Save(const std::function<std::string()>& command);
   void ReadPreferences();
+  void ShowHistory();
   void Tick();
 
   SharedState& shared_;
@@ -124,6 +126,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   std::string scannedBarcode_;
   CountingLines lines_;
   LineEditing editing_;
+  EntryHistory history_;
   SystemQuantity quantity_;
   AddGoods addGoods_;
   StoredCountingGuard guard_;

@@ -28,6 +28,9 @@ InvCountingControls::InvCountingControls(Form& owner) : form(owner) {
   cmdInvReceipt.SetCaption("برگ رسيد");
   cmdExit.SetCaption("خروج");
   mnuRS.SetCaption("بازگشت به حالت موقت");
+  mnuUndo.SetCaption("برگرداندن آخرين عدد");
+  mnuRedo.SetCaption("نوشتن دوباره");
+  for (MenuItem* const ofEntry : {&mnuUndo, &mnuRedo}) ofEntry->SetEnabled(false);
   cmdStop.SetCaption("لغو (Esc)");
   cmdStop.SetVisible(false);
   // No mode enables cmdPrint: users print the report that cmdView shows.

@@ -70,6 +70,8 @@ struct InvCountingControls {
   Button cmdInvReceipt{form, "cmdInvReceipt"};  ///< the linked receipt
   Button cmdExit{form, "cmdExit"};
   MenuItem mnuRS{form, "mnuRS"};
+  MenuItem mnuUndo{form, "mnuUndo"};  ///< of the figures that are being entered
+  MenuItem mnuRedo{form, "mnuRedo"};
   Timer Timer1{form, "Timer1"};
 
   /// The key of the counting on the form as a number; 0 when there is none.

@@ -70,7 +70,7 @@ class FormBinding : public QObject {
   void Bind(TreeSelector& control, SelectorEdit& widget, SelectorRecords& records);
   void Bind(PersonSelector& control, SelectorEdit& widget, SelectorRecords& records);
   void Bind(Grid& control, GridView& widget);
-  void Bind(MenuItem& control, QAction& action);
+  void Bind(MenuItem& control, QAction& action, BlockedBy blockedBy = BlockedBy::Nothing);
   void Bind(Timer& control);
 
   /// Presses a command for the user. Returns false if it is not available or refused input blocks it; the

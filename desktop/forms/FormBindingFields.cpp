@@ -272,14 +272,20 @@ void FormBinding::Bind(Grid& control, GridView& widget) {
   grids_.push_back(&widget);
 }
 
-void FormBinding::Bind(MenuItem& control, QAction& action) {
+/// A menu leaves the editor of a cell open, other than a button.
+void FormBinding::Bind(MenuItem& control, QAction& action, BlockedBy blockedBy) {
   action.setObjectName(QString::fromStdString(control.Name()));
   Follow(control, [&control, &action] {
     action.setText(ToQt(control.Caption()));
     action.setEnabled(control.Enabled());
     action.setVisible(control.Visible());
   });
-  connect(&action, &QAction::triggered, listener_.get(), [&control] { control.UserClick(); });
+  connect(&action, &QAction::triggered, listener_.get(), [this, &control, blockedBy] {
+    const bool refused =
+        blockedBy != BlockedBy::Nothing &&
+        !std::all_of(grids_.begin(), grids_.end(), [](GridView* grid) { return grid->FinishEdit(); });
+    if (!refused) control.UserClick();
+  });
 }
 
 void FormBinding::Bind(Timer& control) {

@@ -24,6 +24,7 @@
 #include "desktop/fields/Fields.h"
 #include "desktop/fields/SelectorEdit.h"
 #include "desktop/fields/StatusLine.h"
+#include "desktop/forms/EntryCommands.h"
 #include "desktop/forms/LineColumnStyles.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/Colors.h"
@@ -154,6 +155,8 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
   auto* const back = new QAction(this);
   menu->addAction(back);
   Binding().Bind(form_.mnuRS, *back);
+  menu->addSeparator();
+  AddEntryCommands(*menu, *this, Binding(), form_);
   menu->addSeparator();
   QAction* const down = menu->addAction(QStringLiteral("Enter به سطر بعد برود"));
   down->setObjectName(QStringLiteral("enterGoesDown"));

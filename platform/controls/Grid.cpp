@@ -147,7 +147,7 @@ void Grid::SetCurrent(int row, int col) {
   if (row_ == row && col_ == col) return;
   row_ = row;
   col_ = col;
-  CurrentChanged.Raise();
+  ReportCurrent();
 }
 
 void Grid::Sort(int col, SortMode mode) {
@@ -183,7 +183,7 @@ void Grid::FollowOrder(const std::vector<std::size_t>& order) {
   const auto at = std::find(order.begin(), order.end(), static_cast<std::size_t>(row_));
   row_ = static_cast<int>(at - order.begin());
   ReportTexts({GridChange::Kind::AllTexts});
-  if (row_ != before) CurrentChanged.Raise();
+  if (row_ != before) ReportCurrent();
 }
 
 void Grid::SetSorted(int col, bool descending) {
@@ -211,12 +211,14 @@ void Grid::SetRedraw(bool redraw) {
   if (!redraw) {
     reportedRows_ = Rows();
     textsUnreported_ = false;
+    currentUnreported_ = false;
     return;
   }
   if (Rows() > reportedRows_) {
     ChangeRows({GridChange::Kind::RowsInserted, reportedRows_, Rows() - 1}, []() noexcept {});
   }
   if (textsUnreported_) ReportTexts({GridChange::Kind::AllTexts});
+  if (currentUnreported_) ReportCurrent();
 }
 
 bool Grid::UserEdit(int row, int col, std::string text) {
@@ -369,7 +371,15 @@ void Grid::ChangeRows(const GridChange& reported, const Change& change) {
   const std::exception_ptr later = RowsChanged.RaiseToAll(reported);
   if (!failure) failure = later;
   if (failure) std::rethrow_exception(failure);
-  if (row_ != row || col_ != col) CurrentChanged.Raise();
+  if (row_ != row || col_ != col) ReportCurrent();
+}
+
+void Grid::ReportCurrent() {
+  if (redraw_) {
+    CurrentChanged.Raise();
+  } else {
+    currentUnreported_ = true;
+  }
 }
 
 void Grid::ReportTexts(const GridChange& change) {

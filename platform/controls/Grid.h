@@ -54,7 +54,8 @@ struct GridChange {
 ///
 /// While redraw is off (GridRedrawOff), new rows and texts are not reported. When it is switched on again,
 /// the new rows are reported as one RowsInserted pair, and texts that changed in rows reported before as one
-/// AllTexts. Removed rows are reported at once, since a window must not read them any more.
+/// AllTexts; another current cell is reported then as well. Removed rows are reported at once, since a window
+/// must not read them any more.
 ///
 /// Each user action raises one event and respects the flags that the event's listeners set (SetEditAccepted,
 /// SetDeleteAllowed).
@@ -110,6 +111,9 @@ class Grid : public Control {
   void SortByEntry();
   /// Makes the present order the order of entry.
   void KeepOrder();
+  /// The place of a row in the order of entry, which no other row of the grid has or has had: it identifies
+  /// the row until the row is removed or KeepOrder is called, wherever the row is moved.
+  [[nodiscard]] std::uint32_t EntryOf(int row) const { return entries_.at(static_cast<std::size_t>(row)); }
   /// The column that the rows were last sorted by; -1 if they never were, or rows were added or removed
   /// since.
   [[nodiscard]] int SortedCol() const { return sortedCol_; }
@@ -198,6 +202,7 @@ class Grid : public Control {
   template <class Change>
   void ChangeRows(const GridChange& reported, const Change& change);
   void ReportTexts(const GridChange& change);
+  void ReportCurrent();
   void FollowOrder(const std::vector<std::size_t>& order);
 
   std::vector<Column> columns_;
@@ -216,8 +221,9 @@ class Grid : public Control {
   std::uint32_t backColor_ = kWhite;
   bool locked_ = false;
   bool redraw_ = true;
-  int reportedRows_ = 1;          ///< while redraw is off: the rows that windows know of
-  bool textsUnreported_ = false;  ///< while redraw is off: their texts or colours have changed
+  int reportedRows_ = 1;            ///< while redraw is off: the rows that windows know of
+  bool textsUnreported_ = false;    ///< while redraw is off: their texts or colours have changed
+  bool currentUnreported_ = false;  ///< while redraw is off: the current cell is another
   bool editAccepted_ = true;
   bool inBatchEdit_ = false;
   bool deleteAllowed_ = true;

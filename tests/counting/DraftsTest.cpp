@@ -7,6 +7,8 @@ std::string Drafts::Shown() {
   std::string shown =
       form.Caption() + "|" + std::to_string(static_cast<int>(Mode())) + "|" + form.lblIDVal.Caption() + "|";
   for (const Control* control : form.Controls()) {
+    // What can be undone is not in a draft: the history ends with the program.
+    if (control == &form.mnuUndo || control == &form.mnuRedo) continue;
     shown += control->Name() + (control->Enabled() ? "+" : "-");
     if (const auto* text = dynamic_cast<const TextBox*>(control)) shown += text->Text();
     if (const auto* date = dynamic_cast<const DateBox*>(control)) shown += date->PersianText();

@@ -1,0 +1,29 @@
+#include "counting/EntrySentences.h"
+
+namespace koru {
+namespace {
+
+/// What of a step was left, after what was done; ends the sentence.
+std::string LeftPart(const EntryHistory::Result& result) {
+  std::string part;
+  if (result.kept > 0)
+    part += "؛ " + std::to_string(result.kept) + " خانه پس از آن تغيير كرده بود يا عدد را نپذيرفت";
+  if (result.gone > 0) part += "؛ سطر " + std::to_string(result.gone) + " عدد ديگر حذف شده است";
+  if (result.skipped > 0)
+    part += "؛ " + std::to_string(result.skipped) + " گام رد شد، چون سطر آن حذف شده است";
+  return part + ".";
+}
+
+}  // namespace
+
+std::string UndoneSentence(const EntryHistory::Result& result) {
+  if (result.figures == 0) return "عددي برنگشت" + LeftPart(result);
+  return std::to_string(result.figures) + " عدد به حال پيشين برگشت" + LeftPart(result);
+}
+
+std::string RedoneSentence(const EntryHistory::Result& result) {
+  if (result.figures == 0) return "عددي نوشته نشد" + LeftPart(result);
+  return std::to_string(result.figures) + " عدد دوباره نوشته شد" + LeftPart(result);
+}
+
+}  // namespace koru

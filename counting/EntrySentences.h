@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "lines/EntryHistory.h"
+
+namespace koru {
+
+// What a command for the figures being entered did, in a sentence for the user.
+
+[[nodiscard]] std::string UndoneSentence(const EntryHistory::Result& result);
+[[nodiscard]] std::string RedoneSentence(const EntryHistory::Result& result);
+
+}  // namespace koru
