@@ -1,0 +1,73 @@
+#include "platform/text/PersianWords.h"
+
+#include <algorithm>
+
+#include "platform/text/PersianText.h"
+#include "platform/text/Text.h"
+
+namespace koru {
+namespace {
+
+constexpr char32_t kTwoBytes = 0x800;  ///< the first character of three bytes in UTF-8
+
+/// Reads a character as NextCharacter does, with a fast path for one and two bytes.
+char32_t Next(std::string_view text, std::size_t& at) {
+  const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
+  const char32_t first = byte(at);
+  if (first < 0x80) {
+    ++at;
+    return first;
+  }
+  if (first < 0xC2 || first > 0xDF || at + 1 == text.size() || (byte(at + 1) & 0xC0U) != 0x80U)
+    return NextCharacter(text, at);
+  at += 2;
+  return (first & 0x1FU) << 6U | (byte(at - 1) & 0x3FU);
+}
+
+}  // namespace
+
+PersianWords::PersianWords(std::string_view typed) {
+  folded_.reserve(kTwoBytes);
+  for (char32_t c = 0; c < kTwoBytes; ++c) folded_.push_back(FoldCharacter(c));
+  std::u32string word;
+  const auto end = [&] {
+    if (!word.empty()) words_.push_back(std::move(word));
+    word.clear();
+  };
+  for (std::size_t at = 0; at < typed.size();) {
+    const char32_t c = NextCharacter(typed, at);
+    if (c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == 0xA0) {
+      end();
+    } else if (c != kZeroWidthNonJoiner) {
+      word.push_back(FoldCharacter(c));
+    }
+  }
+  end();
+}
+
+bool PersianWords::AreIn(std::initializer_list<std::string_view> texts) const {
+  return std::all_of(words_.begin(), words_.end(),
+                     [&](const std::u32string& word) { return IsIn(word, texts); });
+}
+
+bool PersianWords::IsIn(std::u32string_view word, std::initializer_list<std::string_view> texts) const {
+  constexpr std::size_t kUsualLength = 256;
+  char32_t usual[kUsualLength];
+  std::u32string longer;
+  return std::any_of(texts.begin(), texts.end(), [&](std::string_view text) {
+    char32_t* characters = usual;
+    if (text.size() > kUsualLength) {
+      longer.resize(text.size());
+      characters = longer.data();
+    }
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size();) {
+      const char32_t c = Next(text, at);
+      if (c == kZeroWidthNonJoiner) continue;
+      characters[count++] = c < kTwoBytes ? folded_[c] : FoldCharacter(c);
+    }
+    return std::u32string_view(characters, count).find(word) != std::u32string_view::npos;
+  });
+}
+
+}  // namespace koru
