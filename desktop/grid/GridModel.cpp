@@ -158,13 +158,14 @@ void GridModel::EndChange(const GridChange& change) {
   }
 }
 
-/// Notifies views of changed texts in these rows; row -1 is the header.
+/// Notifies views of changed texts in these rows; row -1 is the header. Row numbers are not reported as
+/// header data: that makes a view lay out and repaint everything for one entered count. RowNumbers repaints
+/// them.
 void GridModel::TextsChanged(int first, int last) {
   if (cols_ == 0) return;
   if (first < 0) emit headerDataChanged(Qt::Horizontal, 0, cols_ - 1);
   if (last < 0) return;
   emit dataChanged(index(std::max(first, 0), 0), index(last, cols_ - 1));
-  emit headerDataChanged(Qt::Vertical, std::max(first, 0), last);
 }
 
 }  // namespace koru

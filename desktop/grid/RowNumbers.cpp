@@ -30,7 +30,15 @@ RowNumbers::RowNumbers(GridView& view)
     GoToRow(view_.verticalHeader()->logicalIndexAt(at));
     view_.Menus().ShowForRow(view_.verticalHeader()->viewport()->mapToGlobal(at));
   });
+  connect(&view_.Rows(), &QAbstractItemModel::dataChanged, this, &RowNumbers::Repaint);
   corner_->installEventFilter(this);
+}
+
+void RowNumbers::Repaint(const QModelIndex& first, const QModelIndex& last) {
+  QHeaderView& rows = *view_.verticalHeader();
+  const int top = rows.sectionViewportPosition(first.row());
+  const int bottom = rows.sectionViewportPosition(last.row()) + rows.sectionSize(last.row());
+  rows.viewport()->update(0, top, rows.viewport()->width(), bottom - top);
 }
 
 void RowNumbers::GoToRow(int row) {

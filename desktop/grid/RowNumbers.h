@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QModelIndex>
 #include <QObject>
 
 class QAbstractButton;
@@ -24,6 +25,8 @@ class RowNumbers : public QObject {
 
  private:
   void GoToRow(int row);
+  /// The texts of these rows have changed.
+  void Repaint(const QModelIndex& first, const QModelIndex& last);
 
   GridView& view_;
   QAbstractButton* corner_;
