@@ -26,11 +26,10 @@ SaveNeeds NeedsOf(const InvCountingControls& controls) {
           .hasLines = lines.Rows() >= 2 && !lines.TextMatrix(1, LineColumn::GoodName).empty()};
 }
 
-/// Why the counting on the form cannot be saved, for the user.
-std::string WhyNotSaved(DocumentMode mode, const SaveNeeds& needs, bool isFinal) {
-  if (mode == DocumentMode::Viewing) {
-    return isFinal ? "اين شمارش ثبت نهايي شده است." : "چيزي براي ثبت نيست: براي تغيير، «اصلاح» را بزنيد.";
-  }
+/// Why the counting on the form cannot be saved or registered, for the user. `whenViewed`: the reason while a
+/// temporary counting is only viewed.
+std::string WhyNotSaved(DocumentMode mode, const SaveNeeds& needs, bool isFinal, const char* whenViewed) {
+  if (mode == DocumentMode::Viewing) return isFinal ? "اين شمارش ثبت نهايي شده است." : whenViewed;
   if (mode == DocumentMode::Empty) return "شمارشي روي فرم نيست: «جديد» يا «جستجو» را بزنيد.";
   std::string missing;
   const auto add = [&missing](bool isMet, const char* what) {
@@ -44,10 +43,12 @@ std::string WhyNotSaved(DocumentMode mode, const SaveNeeds& needs, bool isFinal)
 
 /// Save and Register say what they lack, and the fields that lack it are marked.
 void SetRemarks(DocumentMode mode, const SaveNeeds& needs, InvCountingControls& controls) {
-  const std::string why =
-      controls.cmdTmpSave.Enabled() ? std::string() : WhyNotSaved(mode, needs, controls.IsFinal());
-  controls.cmdTmpSave.SetRemark(why);
-  controls.cmdIsFinalized.SetRemark(why);
+  const auto explain = [&](Button& command, const char* whenViewed) {
+    command.SetRemark(command.Enabled() ? std::string()
+                                        : WhyNotSaved(mode, needs, controls.IsFinal(), whenViewed));
+  };
+  explain(controls.cmdTmpSave, "چيزي براي ثبت نيست: براي تغيير، «اصلاح» را بزنيد.");
+  explain(controls.cmdIsFinalized, "براي ثبت نهايي، نخست «اصلاح» را بزنيد.");
   const bool entering = mode == DocumentMode::Editing || mode == DocumentMode::New;
   controls.gmpInventory.SetRemark(entering && !needs.hasStore ? "انبار شمارش را انتخاب كنيد." : "");
   const bool isOpen = HasOpenApostrophe(Trim(controls.txtGNO.Text()));

@@ -76,6 +76,8 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// the same.
   [[nodiscard]] bool EnterGoesDown() const { return enterGoesDown_; }
   void SetEnterGoesDown(bool down);
+  /// The user's settings of the windows, which the host keeps; nullptr if it keeps none.
+  [[nodiscard]] PropertyBag* Preferences() const { return shared_.services.preferences; }
 
   /// Raised when a command is done, with a sentence about what it did.
   Event<std::string> CommandReported;

@@ -26,6 +26,9 @@ class frmInvSearch : public Form, public InvSearchControls {
   /// Empties every criterion and the results; temporary and final countings are both searched for.
   void Clear();
 
+  /// The user's settings of the windows, which the host keeps; nullptr if it keeps none.
+  [[nodiscard]] PropertyBag* Preferences() const { return shared_.services.preferences; }
+
  private:
   void ConnectEvents();
   void Search();

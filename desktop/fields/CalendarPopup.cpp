@@ -4,6 +4,8 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QLocale>
+#include <QPainter>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTextCharFormat>
 #include <QToolButton>
@@ -53,11 +55,34 @@ void TurnArrows(QCalendarWidget& calendar) {
   }
 }
 
+/// A calendar that writes its days in the digits of the date box: the Persian names of months and weekdays
+/// come with a locale whose digits are others.
+class LatinDays : public QCalendarWidget {
+ public:
+  using QCalendarWidget::QCalendarWidget;
+
+ protected:
+  void paintCell(QPainter* painter, const QRect& cell, QDate date) const override {
+    const auto parts = calendar().partsFromDate(date);
+    const bool isOfMonth = parts.month == monthShown();
+    const bool isSelected = date == selectedDate();
+    QColor color = palette().color(isOfMonth ? QPalette::Active : QPalette::Disabled, QPalette::Text);
+    const auto dayOfWeek = static_cast<Qt::DayOfWeek>(date.dayOfWeek());
+    if (isOfMonth) color = weekdayTextFormat(dayOfWeek).foreground().color();
+    if (isSelected) color = palette().color(QPalette::HighlightedText);
+    painter->save();
+    if (isSelected) painter->fillRect(cell, palette().brush(QPalette::Highlight));
+    painter->setPen(color);
+    painter->drawText(cell, Qt::AlignCenter, QString::number(parts.day));
+    painter->restore();
+  }
+};
+
 }  // namespace
 
 CalendarPopup::CalendarPopup(QWidget* parent) : QFrame(parent, Qt::Popup) {
   setFrameShape(StyledPanel);
-  calendar_ = new QCalendarWidget(this);  // NOLINT(cppcoreguidelines-owning-memory)
+  calendar_ = new LatinDays(this);  // NOLINT(cppcoreguidelines-owning-memory)
   calendar_->setObjectName(QStringLiteral("calendar"));
   const QCalendar jalali(QCalendar::System::Jalali);
   calendar_->setCalendar(jalali);
@@ -67,6 +92,8 @@ CalendarPopup::CalendarPopup(QWidget* parent) : QFrame(parent, Qt::Popup) {
   calendar_->setDateRange(QDate(kFirstYear, 1, 1, jalali), QDate(kLastYear, 12, 29, jalali));
   ColourWeek(*calendar_);
   TurnArrows(*calendar_);
+  if (auto* const year = calendar_->findChild<QSpinBox*>()) year->setLocale(QLocale::c());
+  connect(calendar_, &QCalendarWidget::currentPageChanged, this, &CalendarPopup::ShowYear);
   calendar_->setMinimumSize(kSize);
   auto* const layout = new QVBoxLayout(this);  // NOLINT(cppcoreguidelines-owning-memory)
   layout->setContentsMargins(2, 2, 2, 2);
@@ -80,10 +107,17 @@ void CalendarPopup::OpenUnder(const QWidget& field, std::optional<Date> date) {
   const bool known = wanted >= calendar_->minimumDate() && wanted <= calendar_->maximumDate();
   calendar_->setSelectedDate(known ? wanted : QDate::currentDate());
   calendar_->showSelectedDate();
+  ShowYear();
   adjustSize();
   move(PopupPlace(field, size()));
   show();
   if (auto* const days = calendar_->findChild<QTableView*>()) days->setFocus();
+}
+
+/// The year in the digits of the date box.
+void CalendarPopup::ShowYear() {
+  auto* const year = calendar_->findChild<QToolButton*>(QStringLiteral("qt_calendar_yearbutton"));
+  if (year != nullptr) year->setText(QString::number(calendar_->yearShown()));
 }
 
 bool CalendarPopup::eventFilter(QObject* object, QEvent* event) {

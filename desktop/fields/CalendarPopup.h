@@ -29,6 +29,7 @@ class CalendarPopup : public QFrame {
 
  private:
   void Pick();
+  void ShowYear();
 
   QCalendarWidget* calendar_;
 };

@@ -84,6 +84,8 @@ class FormBinding : public QObject {
   void Detach();
 
  signals:
+  /// The user presses the command, which is available and not blocked.
+  void commandBegins();
   /// The user has pressed the command and it is complete.
   void commandDone(const Button& command);
 

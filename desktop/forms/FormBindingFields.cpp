@@ -124,6 +124,7 @@ bool FormBinding::Press(Button& control, BlockedBy blockedBy) {
     return false;
   }
   const QPointer<FormBinding> alive(this);  // the command may have destroyed the form
+  if (control.Enabled() && control.Visible()) emit commandBegins();
   if (!control.UserClick()) return false;
   if (alive && form_ != nullptr) emit commandDone(control);
   return true;

@@ -27,6 +27,7 @@
 #include "desktop/forms/EntryCommands.h"
 #include "desktop/forms/LineColumnStyles.h"
 #include "desktop/grid/GridView.h"
+#include "desktop/grid/KeptColumns.h"
 #include "desktop/toolkit/Colors.h"
 #include "desktop/toolkit/HelpKey.h"
 #include "desktop/toolkit/QtText.h"
@@ -85,6 +86,7 @@ void InvCountingWindow::FollowDocument() {
                                static_cast<Control*>(&form_.cmdCancel)}) {  // enabled while one is entered
     document_.push_back(shown->StateChanged.Subscribe([this] { ShowTitle(); }));
   }
+  document_.push_back(form_.lblIDVal.StateChanged.Subscribe([this] { ShowKeysOfLines(); }));
   ShowTitle();
 }
 
@@ -154,7 +156,11 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
   menu->setObjectName(QStringLiteral("menu"));
   auto* const back = new QAction(this);
   menu->addAction(back);
+  connect(back, &QAction::triggered, this, &InvCountingWindow::ShowKeysOfLines);
   Binding().Bind(form_.mnuRS, *back);
+  const auto follow = [this, back] { back->setEnabled(form_.cmdFunc.Enabled()); };
+  follow();
+  returnChecked_ = form_.cmdFunc.StateChanged.Subscribe(follow);
   menu->addSeparator();
   AddEntryCommands(*menu, *this, Binding(), form_);
   menu->addSeparator();
@@ -278,15 +284,19 @@ void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
   bar->addWidget(progress, 1);
   bar->addWidget(stop);
   status_ = new StatusLine(this);
-  status_->Say(QString::fromUtf8(kKeysOfLines));
+  ShowKeysOfLines();
   bar->addWidget(status_);
   goodsAdded_ = form_.GoodsAdded.Subscribe([this](int added) { added_ = added; });
   reported_ =
       form_.CommandReported.Subscribe([this](const std::string& sentence) { status_->Say(ToQt(sentence)); });
   cancelled_ = form_.cmdStop.Click.Subscribe(
       [this] { status_->Say(QStringLiteral("لغو شد؛ هيچ رديفي تغيير نكرد.")); });
-  keyPressed_ = form_.KeyDown.Subscribe([this](KeyPress) { status_->Say(QString::fromUtf8(kKeysOfLines)); });
+  keyPressed_ = form_.KeyDown.Subscribe([this](KeyPress) { ShowKeysOfLines(); });
+  connect(&Binding(), &FormBinding::commandBegins, this, &InvCountingWindow::ShowKeysOfLines);
 }
+
+/// What a command did is shown until the next key or command, or until another document is on the form.
+void InvCountingWindow::ShowKeysOfLines() { status_->Say(QString::fromUtf8(kKeysOfLines)); }
 
 /// Shown while the lines on the form are not the stored ones, though nothing is being entered.
 void InvCountingWindow::AddUnsavedNotice(QBoxLayout& window) {
@@ -328,6 +338,7 @@ void InvCountingWindow::AddLines(QBoxLayout& window) {
   lines_->setAccessibleName(QStringLiteral("سطرهاي شمارش"));
   SetUpLineColumns(*lines_);
   Binding().Bind(form_.flexDetail, *lines_);
+  KeepColumns(*lines_, form_.Preferences(), "Columns.flexDetail");
   lines_->SetEnterMoves({.down = form_.EnterGoesDown(), .skipped = LineColumn::Rate});
   lines_->SetLockedHint([this] {
     const QString edit = WithKeys(QStringLiteral("«اصلاح»"), QStringLiteral("Ctrl+E"));

@@ -38,6 +38,7 @@ class InvCountingWindow : public FormWindow {
   void AddScanOffer(QBoxLayout& window);
   void AddLines(QBoxLayout& window);
   void AddTotals(QBoxLayout& window);
+  void ShowKeysOfLines();
   void CommandDone(const Button& command);
   void GoToLine(int row);
   QPushButton& AddCommand(QBoxLayout& bar, Button& command, const char* shortcut,
@@ -58,6 +59,7 @@ class InvCountingWindow : public FormWindow {
   Subscription linesChecked_;
   Subscription scanOffered_;
   Subscription keyPressed_;  ///< the next key restores the hint
+  Subscription returnChecked_;
   std::vector<Subscription> document_;
 };
 

@@ -1,7 +1,10 @@
 #include "desktop/grid/ColumnFitting.h"
 
+#include <QHeaderView>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/grid/GridView.h"
 #include "desktop/grid/RowNumbers.h"
@@ -19,38 +22,68 @@ constexpr int kMaxStretchTextWidth = 260;  ///< of the names, which have their w
 }  // namespace
 
 void ColumnFitting::FitLater() {
-  if (requested_ || widths_ == Widths::SetByUser) return;
+  if (requested_) return;
   requested_ = true;
   QTimer::singleShot(0, this, &ColumnFitting::FitNow);
 }
 
 void ColumnFitting::FitLaterUnlessFits(int row) {
-  if (!requested_ && widths_ != Widths::SetByUser && !Fits(row)) FitLater();
+  if (!requested_ && !Fits(row)) FitLater();
 }
 
-void ColumnFitting::ColumnResized() {
-  if (widths_ != Widths::BeingFitted) widths_ = Widths::SetByUser;
+void ColumnFitting::Arrange(ColumnArrangement arrangement) {
+  arranged_ = std::move(arrangement);
+  FitLater();
+}
+
+void ColumnFitting::FitColumn(int col) {
+  arranged_.widths.erase(col);
+  FitLater();
+}
+
+void ColumnFitting::ColumnResized(int col, int width) {
+  if (!fitting_ && width > 0) arranged_.widths[col] = width;  // a column without width is hidden
+}
+
+void ColumnFitting::ColumnMoved() {
+  if (fitting_) return;
+  const QHeaderView& titles = *view_.horizontalHeader();
+  arranged_.order.clear();
+  for (int place = 0; place < titles.count(); ++place) arranged_.order.push_back(titles.logicalIndex(place));
+  if (std::is_sorted(arranged_.order.begin(), arranged_.order.end())) arranged_.order.clear();
+}
+
+/// A grid with other columns than those that the user has moved keeps its own order.
+void ColumnFitting::ShowOrder() {
+  QHeaderView& titles = *view_.horizontalHeader();
+  const bool isMoved = IsOrderOf(arranged_.order, titles.count());
+  for (int place = 0; place < titles.count(); ++place) {
+    const int col = isMoved ? arranged_.order[static_cast<std::size_t>(place)] : place;
+    if (titles.visualIndex(col) != place) titles.moveSection(titles.visualIndex(col), place);
+  }
 }
 
 void ColumnFitting::FitNow() {
   requested_ = false;
-  if (view_.Rows().Source() == nullptr || widths_ == Widths::SetByUser) return;
+  if (view_.Rows().Source() == nullptr) return;
+  const QScopedValueRollback<bool> fitting(fitting_, true);
+  ShowOrder();
   if (view_.Numbers() != nullptr) view_.Numbers()->Fit();
   std::vector<ColumnSizeHint> hints;
   for (int col = 0; col < view_.Rows().columnCount(); ++col) hints.push_back(SizeHintOf(col));
-  const std::vector<int> widths = FitColumns(hints, view_.viewport()->width(), stretch_);
-  widths_ = Widths::BeingFitted;
+  const std::vector<int> widths =
+      FitColumns(hints, view_.viewport()->width(), arranged_.widths.contains(stretch_) ? -1 : stretch_);
   for (int col = 0; col < view_.Rows().columnCount(); ++col) {
     const int width = widths[static_cast<std::size_t>(col)];
     view_.setColumnHidden(col, width == 0);
     if (width > 0 && view_.columnWidth(col) != width) view_.setColumnWidth(col, width);
   }
-  widths_ = Widths::Fitted;
 }
 
 bool ColumnFitting::Fits(int row) const {
   for (int col = 0; col < view_.Rows().columnCount(); ++col) {
-    if (!view_.isColumnHidden(col) && TextWidth(row, col) + kCellPadding > view_.columnWidth(col))
+    if (!view_.isColumnHidden(col) && !arranged_.widths.contains(col) &&
+        TextWidth(row, col) + kCellPadding > view_.columnWidth(col))
       return false;
   }
   return true;
@@ -71,6 +104,8 @@ ColumnSizeHint ColumnFitting::SizeHintOf(int col) const {
   const Grid& grid = *rows.Source();
   const int natural = grid.ColWidth(col) / kTwipsPerPixel;
   if (natural == 0 || rows.StyleOf(col).hidden || col < view_.FirstColumn()) return {};
+  const auto chosen = arranged_.widths.find(col);
+  if (chosen != arranged_.widths.end()) return {chosen->second, chosen->second};
   QFont headerFont = view_.font();
   headerFont.setBold(grid.IsEditable(col));
   const QString title = rows.headerData(col, Qt::Horizontal, Qt::DisplayRole).toString();

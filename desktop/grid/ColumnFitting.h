@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+#include "desktop/grid/ColumnArrangement.h"
 #include "desktop/grid/GridColumns.h"
 
 namespace koru {
@@ -9,7 +10,8 @@ namespace koru {
 class GridView;
 
 /// Fits the widths of a GridView's columns to its viewport (FitColumns), their titles and a sample of the
-/// rows in sight. Once the user has resized a column, the widths are the user's.
+/// rows in sight. A column that the user has resized keeps that width, and columns that the user has moved
+/// keep their order, also when the grid gets new columns.
 class ColumnFitting : public QObject {
   Q_OBJECT
 
@@ -23,20 +25,30 @@ class ColumnFitting : public QObject {
   void FitLater();
   /// FitLater if a text of the row is wider than its column.
   void FitLaterUnlessFits(int row);
+
+  /// What the user has changed so far.
+  [[nodiscard]] const ColumnArrangement& Arranged() const { return arranged_; }
+  /// Takes widths and order as if the user had made them; an empty arrangement is the usual one.
+  void Arrange(ColumnArrangement arrangement);
+  /// Fits a column that the user has resized.
+  void FitColumn(int col);
+
   /// The header has resized a column.
-  void ColumnResized();
+  void ColumnResized(int col, int width);
+  /// The header has moved a column.
+  void ColumnMoved();
 
  private:
-  enum class Widths { Fitted, BeingFitted, SetByUser };
-
   void FitNow();
+  void ShowOrder();
   [[nodiscard]] bool Fits(int row) const;
   [[nodiscard]] int TextWidth(int row, int col) const;
   [[nodiscard]] ColumnSizeHint SizeHintOf(int col) const;
 
   GridView& view_;
   int stretch_ = -1;
-  Widths widths_ = Widths::Fitted;
+  ColumnArrangement arranged_;
+  bool fitting_ = false;  ///< the header reports changes that the user has not made
   bool requested_ = false;
 };
 

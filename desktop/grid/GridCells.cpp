@@ -1,5 +1,6 @@
 #include "desktop/grid/GridCells.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QTableView>
 
@@ -20,12 +21,22 @@ QModelIndex NextCellToFill(const QTableView& view, const QModelIndex& from, bool
   const int columns = model.columnCount();
   const int cells = model.rowCount() * columns;
   const int step = forward ? 1 : -1;
-  for (int at = from.row() * columns + from.column() + step; at >= 0 && at < cells; at += step) {
-    const QModelIndex index = model.index(at / columns, at % columns);
+  const QHeaderView& titles = *view.horizontalHeader();
+  const int first = from.row() * columns + titles.visualIndex(from.column());
+  for (int at = first + step; at >= 0 && at < cells; at += step) {
+    const QModelIndex index = model.index(at / columns, titles.logicalIndex(at % columns));
     if (!view.isColumnHidden(index.column()) && index.flags().testFlag(Qt::ItemIsEditable)) return index;
     if (index.row() > from.row() + 1) break;  // a whole row without an editable cell: no row has one
   }
   return {};
+}
+
+QModelIndex FirstCellToFill(const QTableView& view, int row) {
+  const QHeaderView& titles = *view.horizontalHeader();
+  const QModelIndex first = view.model()->index(row, titles.logicalIndex(0));
+  if (!view.isColumnHidden(first.column()) && first.flags().testFlag(Qt::ItemIsEditable)) return first;
+  const QModelIndex next = NextCellToFill(view, first, true);
+  return next.row() == row ? next : QModelIndex();
 }
 
 void GoByEnter(QTableView& view, const EnterMoves& moves) {

@@ -14,9 +14,13 @@ class Grid;
 /// Whether any column can be edited; false without a grid.
 [[nodiscard]] bool HasCellsToFill(const Grid* grid);
 
-/// The next editable cell after `from` in reading order, or the previous one; an invalid index if there is
-/// none.
+/// The next editable cell after `from` in reading order of the columns shown, or the previous one; an invalid
+/// index if there is none.
 [[nodiscard]] QModelIndex NextCellToFill(const QTableView& view, const QModelIndex& from, bool forward);
+
+/// The first editable cell of a row in the order in which the columns are shown; an invalid index if there is
+/// none.
+[[nodiscard]] QModelIndex FirstCellToFill(const QTableView& view, int row);
 
 /// What Enter does in a grid with editable cells.
 struct EnterMoves {

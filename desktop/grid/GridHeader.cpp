@@ -31,8 +31,14 @@ GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
   setMinimumSectionSize(20);
   setHighlightSections(false);
   setSectionsClickable(true);
+  setSectionsMovable(true);
   setSortIndicatorShown(true);
   setSortIndicator(-1, Qt::AscendingOrder);
+}
+
+void GridHeader::mouseReleaseEvent(QMouseEvent* event) {
+  QHeaderView::mouseReleaseEvent(event);
+  emit released();
 }
 
 void GridHeader::paintSection(QPainter* painter, const QRect& place, int col) const {

@@ -11,10 +11,14 @@
 namespace koru {
 
 void GridMenus::ShowForTitle(int col, QPoint at) {
-  if (!HasCellsToFill(view_.Rows().Source()) || col < 0) return;
+  if (view_.Rows().Source() == nullptr || col < 0) return;
   QMenu menu(&view_);
   menu.setObjectName(QStringLiteral("titleMenu"));
-  AddSorting(menu, col);
+  if (HasCellsToFill(view_.Rows().Source())) {
+    AddSorting(menu, col);
+    menu.addSeparator();
+  }
+  AddFitting(menu, col);
   menu.exec(at);
 }
 
@@ -55,6 +59,16 @@ void GridMenus::AddSorting(QMenu& menu, int col) {
   add("مرتب سازي از كم به زياد", RowOrder::Ascending);
   add("مرتب سازي از زياد به كم", RowOrder::Descending);
   add("برگشت به ترتيب ورود", RowOrder::Entry);
+}
+
+void GridMenus::AddFitting(QMenu& menu, int col) {
+  const ColumnArrangement& arranged = view_.Fitting().Arranged();
+  QAction* const fit = menu.addAction(QStringLiteral("پهناي خودكار اين ستون"));
+  fit->setEnabled(arranged.widths.contains(col));
+  QObject::connect(fit, &QAction::triggered, &view_, [this, col] { view_.FitColumn(col); });
+  QAction* const usual = menu.addAction(QStringLiteral("پهنا و ترتيب نخستين ستونها"));
+  usual->setEnabled(arranged != ColumnArrangement());
+  QObject::connect(usual, &QAction::triggered, &view_, &GridView::ArrangeAsUsual);
 }
 
 }  // namespace koru

@@ -13,13 +13,15 @@ class GridMenus {
  public:
   explicit GridMenus(GridView& view) : view_(view) {}
 
-  /// Shows the ways of sorting by the column, if the grid has cells to fill. `at`: on the screen.
+  /// Shows the ways of sorting by the column, if the grid has cells to fill, and those of fitting columns.
+  /// `at`: on the screen.
   void ShowForTitle(int col, QPoint at);
   /// Shows copying; where cells can be edited, also pasting, deleting and sorting.
   void ShowForRow(QPoint at);
 
  private:
   void AddSorting(QMenu& menu, int col);
+  void AddFitting(QMenu& menu, int col);
 
   GridView& view_;
 };

@@ -49,7 +49,11 @@ void GridView::SetUpHeaders() {
   verticalHeader()->setDefaultSectionSize(metrics.height() + 8);
   titles_ = new GridHeader(this);  // NOLINT(cppcoreguidelines-owning-memory)
   setHorizontalHeader(titles_);
-  connect(titles_, &QHeaderView::sectionResized, &fitting_, &ColumnFitting::ColumnResized);
+  connect(titles_, &QHeaderView::sectionResized, &fitting_,
+          [this](int col, int /*before*/, int width) { fitting_.ColumnResized(col, width); });
+  connect(titles_, &QHeaderView::sectionMoved, &fitting_, &ColumnFitting::ColumnMoved);
+  connect(titles_, &QHeaderView::sectionHandleDoubleClicked, this, &GridView::FitColumn);
+  connect(titles_, &GridHeader::released, this, &GridView::Rearranged);
   connect(titles_, &QHeaderView::sectionClicked, this, &GridView::ClickTitle);
   titles_->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(titles_, &QWidget::customContextMenuRequested, this, [this](QPoint at) {
@@ -74,6 +78,29 @@ void GridView::SetFrameWidth(int width) {
   if (verticalHeader()->width() == width && verticalHeader()->minimumWidth() == width) return;
   verticalHeader()->setFixedWidth(width);
   updateGeometries();
+}
+
+void GridView::FitColumn(int col) {
+  fitting_.FitColumn(col);
+  Rearranged();
+}
+
+void GridView::Arrange(const ColumnArrangement& arrangement) {
+  fitting_.Arrange(arrangement);
+  reported_ = arrangement;
+}
+
+void GridView::ArrangeAsUsual() {
+  fitting_.Arrange({});
+  Rearranged();
+}
+
+/// The columns that the user has not resized take the room that the others leave.
+void GridView::Rearranged() {
+  if (reported_ == fitting_.Arranged()) return;
+  reported_ = fitting_.Arranged();
+  fitting_.FitLater();
+  emit columnsArranged();
 }
 
 void GridView::ClickTitle(int col) {

@@ -23,7 +23,8 @@ class RowNumbers;
 /// searches a read-only column (ScanMode), Enter and Tab move to the next editable cell, Shift+Tab to the
 /// previous one; Enter can be set to move elsewhere (EnterMoves). Delete clears an editable cell; elsewhere,
 /// and with Ctrl everywhere, it deletes the row. Ctrl+C and Ctrl+V copy and paste cells (CellClipboard). In a
-/// grid without editable cells Enter is a double click. Ctrl+Tab leaves the grid.
+/// grid without editable cells Enter is a double click. Ctrl+Tab leaves the grid. Keys follow the order in
+/// which the columns are shown; wherever a column has a number, it is that of the grid.
 class GridView : public QTableView {
   Q_OBJECT
 
@@ -65,6 +66,7 @@ class GridView : public QTableView {
   [[nodiscard]] CellEditing& Editing() { return editing_; }
   [[nodiscard]] TypingPace& Pace() { return pace_; }
   [[nodiscard]] const CellClipboard& Clipboard() const { return clipboard_; }
+  [[nodiscard]] ColumnFitting& Fitting() { return fitting_; }
   [[nodiscard]] GridMenus& Menus() { return menus_; }
   [[nodiscard]] const GridHeader& Titles() const { return *titles_; }
 
@@ -72,6 +74,12 @@ class GridView : public QTableView {
   void ClickTitle(int col);
   /// A choice in the menu of a title or a line.
   void SortByUser(const SortRequest& request);
+  /// Fits the column, unlike the width that the user gave it.
+  void FitColumn(int col);
+  /// Gives the columns the widths and the order that the user gave them earlier.
+  void Arrange(const ColumnArrangement& arrangement);
+  /// Fits all columns and shows them in the order of the grid.
+  void ArrangeAsUsual();
   /// Sets the width of the row numbers, in pixels.
   void SetFrameWidth(int width);
 
@@ -93,6 +101,8 @@ class GridView : public QTableView {
   void refused();
   /// A barcode was scanned, or typed into the scan column, that no row has.
   void unknownScan(const QString& barcode);
+  /// The user has changed widths or the order of columns: Fitting().Arranged().
+  void columnsArranged();
   /// What a command on several cells did, in a sentence for the user.
   void reported(const QString& sentence);
 
@@ -117,6 +127,7 @@ class GridView : public QTableView {
   [[nodiscard]] int ShownCol() const;
   void ShowSortedColumn();
   void ReportOrder();
+  void Rearranged();
   void UpdateRow(int row);
   void EnterPressed();
   [[nodiscard]] bool IsLockedForTyping() const;
@@ -131,6 +142,7 @@ class GridView : public QTableView {
   CellClipboard clipboard_{*this};
   GridMenus menus_{*this};
   GridHeader* titles_ = nullptr;
+  ColumnArrangement reported_;  ///< the arrangement that columnsArranged has reported
   std::unique_ptr<RowNumbers> rowNumbers_;
   Grid* grid_ = nullptr;
   Subscription stateChanged_;

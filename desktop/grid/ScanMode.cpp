@@ -120,8 +120,8 @@ bool ScanMode::GoToFigure() {
   const QModelIndex found = view_.currentIndex();
   if (found.column() != scanColumn_) return false;
   const QModelIndex last = found.siblingAtColumn(figureColumn_);
-  const QModelIndex figure = TakesFigure(last) ? last : NextCellToFill(view_, found, true);
-  if (figure.row() != found.row()) return false;
+  const QModelIndex figure = TakesFigure(last) ? last : FirstCellToFill(view_, found.row());
+  if (!figure.isValid()) return false;
   if (!search_.Text().isEmpty() && !search_.IsWholeTextOf(found)) {
     Fail(OnlyBeginning(search_.Text()));
     search_.Forget();

@@ -15,6 +15,7 @@
 #include "desktop/fields/Fields.h"
 #include "desktop/fields/SelectorEdit.h"
 #include "desktop/grid/GridView.h"
+#include "desktop/grid/KeptColumns.h"
 #include "desktop/search/CriteriaBox.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
@@ -196,6 +197,7 @@ void InvSearchWindow::AddResults(QBoxLayout& window) {
   results_->SetRowNumbers(true);
   results_->setAccessibleName(QStringLiteral("شمارشهاي يافت شده"));
   Binding().Bind(form_.flexSearch, *results_);
+  KeepColumns(*results_, form_.Preferences(), "Columns.flexSearch");
   emptyResult_ = new QLabel(this);
   emptyResult_->setObjectName(QStringLiteral("emptyResult"));
   emptyResult_->setAttribute(Qt::WA_TransparentForMouseEvents);

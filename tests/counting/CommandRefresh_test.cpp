@@ -68,6 +68,12 @@ TEST_F(CommandRefresh, Save_and_Register_say_what_is_missing_and_its_box_is_mark
   EXPECT_EQ(Form().gdpReceiveDate.Remark(), "");
 }
 
+TEST_F(CommandRefresh, While_a_counting_is_viewed_Register_names_the_command_that_leads_to_it) {
+  View(10);
+  EXPECT_EQ(Form().cmdIsFinalized.Remark(), "براي ثبت نهايي، نخست «اصلاح» را بزنيد.");
+  EXPECT_EQ(Form().cmdTmpSave.Remark(), "چيزي براي ثبت نيست: براي تغيير، «اصلاح» را بزنيد.");
+}
+
 TEST_F(CommandRefresh, An_apostrophe_in_the_manual_number_marks_its_box_and_is_named_by_the_save) {
   ViewAndEdit(10);
   ASSERT_TRUE(Form().txtGNO.UserType("O'Neil"));

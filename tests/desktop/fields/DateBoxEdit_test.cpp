@@ -5,10 +5,12 @@
 #include <QCalendarWidget>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTableView>
 #include <QToolTip>
 #include <QVBoxLayout>
 
+#include "tests/desktop/PaintedTexts.h"
 #include "tests/desktop/WindowTools.h"
 
 namespace koru {
@@ -184,6 +186,26 @@ TEST_F(DateBoxEditTest, The_calendar_opens_on_the_date_and_Enter_picks_the_next_
   QTest::keyClick(days, Qt::Key_Return);
   EXPECT_FALSE(calendar->isVisible());
   EXPECT_EQ(date.PersianText(), "1403/12/30");
+}
+
+TEST_F(DateBoxEditTest, The_calendar_writes_years_and_days_in_the_digits_of_the_box) {
+  date.SetValue(ToGregorian({1403, 12, 29}));
+  Press(Qt::Key_F4);
+  auto& calendar = *field->findChild<QCalendarWidget*>("calendar");
+  const auto expectLatin = [&](const QString& year) {
+    const QString shown = test::PaintedTexts::Of(calendar).join(u' ');
+    for (const QString& text : {year, QStringLiteral("29"), QStringLiteral("7")}) {
+      EXPECT_TRUE(shown.contains(text)) << text.toStdString() << " in " << shown.toStdString();
+    }
+    for (const QChar letter : shown)
+      EXPECT_FALSE(letter.isDigit() && letter.unicode() > u'9') << shown.toStdString();
+  };
+  expectLatin(QStringLiteral("1403"));
+  calendar.showNextMonth();
+  expectLatin(QStringLiteral("1404"));
+  auto* const year = calendar.findChild<QSpinBox*>();
+  ASSERT_NE(year, nullptr);
+  EXPECT_EQ(year->text(), "1404") << "where another year is typed";
 }
 
 TEST_F(DateBoxEditTest, Looking_at_a_date_changes_nothing) {

@@ -112,6 +112,35 @@ TEST_F(InvCountingWindowTest, What_a_command_did_is_said_until_the_next_key) {
   EXPECT_TRUE(status.Sentence().contains(QStringLiteral("خانه بعد")));
 }
 
+TEST_F(InvCountingWindowTest, What_a_command_did_is_said_no_longer_than_until_the_next_command_or_document) {
+  const auto& status = Find<StatusLine>("statusLine");
+  const auto save = [&] {
+    Find<QPushButton>("cmdEdit").click();
+    Tick();
+    Find<QPushButton>("cmdTmpSave").click();
+    ASSERT_TRUE(status.Sentence().startsWith(QStringLiteral("ثبت موقت شد")));
+  };
+  save();
+  Find<QPushButton>("cmdEdit").click();
+  EXPECT_TRUE(status.Sentence().contains(QStringLiteral("خانه بعد")));
+  Find<QPushButton>("cmdCancel").click();
+  save();
+  world.database.Execute(
+      "insert into tblInventoryCounting (ID,InventoryID,CreatorID,CreateDate,FarsiCreateDate) values "
+      "(2,1,1,'2025-04-04','1404/01/15')");
+  ASSERT_TRUE(control.View(2));
+  EXPECT_TRUE(status.Sentence().contains(QStringLiteral("خانه بعد")));
+}
+
+TEST_F(InvCountingWindowTest, The_menu_offers_the_return_when_its_button_does) {
+  const auto& entry = Find<QAction>("mnuRS");
+  EXPECT_FALSE(entry.isEnabled());
+  world.database.Execute("update tblInventoryCounting set Code='5' where ID=1");
+  ASSERT_TRUE(control.View(1));
+  EXPECT_TRUE(Find<QPushButton>("cmdFunc").isEnabled());
+  EXPECT_TRUE(entry.isEnabled());
+}
+
 TEST_F(InvCountingWindowTest, A_grey_save_says_why_and_what_is_missing_is_marked) {
   window->activateWindow();
   QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier);

@@ -60,9 +60,10 @@ TEST_F(CellClipboardTest, A_block_is_pasted_downwards_and_onwards_into_the_cells
 }
 
 TEST_F(CellClipboardTest, Pasting_skips_a_hidden_column) {
-  view->setColumnHidden(3, true);
+  grid.SetColWidth(3, 0);
   grid.SetEditMask("0111");
   Start();
+  ASSERT_TRUE(view->isColumnHidden(3));
   grid.SetCurrent(1, 2);
   QApplication::clipboard()->setText("1\t2\t3");
   Press(Qt::Key_V, Qt::ControlModifier);
