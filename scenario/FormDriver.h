@@ -14,6 +14,7 @@ class FormDriver : public UiDriver, private Screen {
   [[nodiscard]] Screen& TheScreen() override { return *this; }
   void RegisterComponents(ComponentRegistry& components) override;
   void Run(const std::function<void()>& action) override { action(); }
+  bool StartProgram(const ProgramStart&) override { return false; }
 
   bool Click(Button& button) override;
   bool Click(MenuItem& item) override;
@@ -34,6 +35,7 @@ class FormDriver : public UiDriver, private Screen {
 
   bool PressHere(KeyPress) override { return false; }
   bool TypeHere(const std::string&) override { return false; }
+  bool ClickPart(const std::string&) override { return false; }
   [[nodiscard]] std::string WindowWithKeyboard() override { return {}; }
   [[nodiscard]] std::optional<std::string> TextShown(const std::string&) override { return {}; }
 

@@ -23,6 +23,10 @@ void NoDocument(ScenarioWorld&, const ScenarioStep& step) {
   throw ScenarioFailure("expected the " + step.Text(1) + " " + step.Text(2) + ", and it is not shown");
 }
 
+void NoDialog(ScenarioWorld&, const ScenarioStep& step) {
+  throw ScenarioFailure("expected the dialog " + step.Text(1) + ", and it is not shown");
+}
+
 void ExpectError(ScenarioWorld& world, const ScenarioStep& step) {
   if (world.hostError.empty()) throw ScenarioFailure("expected an error, and there was none");
   const std::string error = std::exchange(world.hostError, {});
@@ -39,14 +43,15 @@ constexpr StepKind kAnswerSteps[] = {
     {"picked TEXT...", NoPicker},
     {"picked nothing", NoPicker},
     {"document receipt|dispatch NUMBER view|register", NoDocument},
+    {"dialog NAME", NoDialog},
     {"error TEXT", ExpectError},
 };
 
 const std::vector<StepKind>& Kinds() {
   static const std::vector<StepKind> kinds = [] {
     std::vector<StepKind> all(std::begin(kAnswerSteps), std::end(kAnswerSteps));
-    for (const auto steps :
-         {SetUpSteps(), ActionSteps(), OutcomeSteps(), ReportSteps(), ControlExpectationSteps()}) {
+    for (const auto steps : {SetUpSteps(), ProgramSteps(), ActionSteps(), OutcomeSteps(), ReportSteps(),
+                             ControlExpectationSteps()}) {
       all.insert(all.end(), steps.begin(), steps.end());
     }
     return all;
@@ -112,8 +117,10 @@ void ScenarioRunner::CheckError(const ScenarioStep* step) {
 }
 
 bool ScenarioRunner::NextIsBeforeAnswer() const {
-  const std::string& word = scenario_.steps[next_].Text(0);
-  return word == "expect" || word == "picture" || word == "press";
+  const ScenarioStep& step = scenario_.steps[next_];
+  const std::string& word = step.Text(0);
+  return word == "expect" || word == "picture" || word == "press" ||
+         (word == "click" && step.Text(1) == "part" && step.words.size() > 2);
 }
 
 const ScenarioStep* ScenarioRunner::TakeAnswer(const std::string& shown,
@@ -170,6 +177,12 @@ DocumentUse ScenarioRunner::UseDocument(const ShownDocument& document) {
     return DocumentUse::Register;
   }
   return DocumentUse::View;
+}
+
+void ScenarioRunner::UseDialog(const std::string& name) {
+  const ScenarioStep* const step = TakeAnswer("the dialog " + name, {"dialog"});
+  if (step != nullptr && step->Text(1) != name)
+    Fail("another dialog is shown than the scenario expects: " + name);
 }
 
 void ScenarioRunner::CannotDo(const std::string& what) { Fail("the user cannot " + what); }

@@ -35,6 +35,7 @@ class ScenarioRunner : private ScenarioUser {
   void UseModalForm(Form& form) override;
   std::vector<std::string> PickGoods() override;
   DocumentUse UseDocument(const ShownDocument& document) override;
+  void UseDialog(const std::string& name) override;
   void CannotDo(const std::string& what) override;
 
   [[nodiscard]] bool HasNext() const { return failure_.empty() && next_ < scenario_.steps.size(); }

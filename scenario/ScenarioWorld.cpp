@@ -24,7 +24,7 @@ ScenarioWorld::ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver,
 
 void ScenarioWorld::MakeDatabase(Contents contents) {
   if (database_) throw ScenarioFailure("the scenario has its database already");
-  const std::string file = TextOf(folder_.Path() / "scenario.db");
+  const std::string file = TextOf(folder_.Path() / "counting.db");
   if (contents == Contents::Sample) {
     CreateSample(file, {});
   } else {
@@ -39,6 +39,15 @@ ScratchDatabase& ScenarioWorld::Sql() {
     throw ScenarioFailure(
         "the scenario has no database; it begins with `database sample` or `database empty`");
   return *database_;
+}
+
+ProgramStart ScenarioWorld::StartOfProgram(bool withDatabase) const {
+  ProgramStart start{folder_.Path(), {}, 0};
+  if (!withDatabase) return start;
+  if (!database_) throw ScenarioFailure("the scenario has no database that the program could open");
+  start.connection = database_->ConnectionText();
+  start.user = counting.UserID();
+  return start;
 }
 
 Form* ScenarioWorld::FindForm(std::string_view name) const {

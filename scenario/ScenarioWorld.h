@@ -48,6 +48,9 @@ class ScenarioWorld : private ControlHost {
   /// The scenario's own connection to its database, for rows that it sets up or checks. Throws
   /// ScenarioFailure before MakeDatabase.
   [[nodiscard]] ScratchDatabase& Sql();
+  /// How the program is started without a database, or with the scenario's database and user. Throws
+  /// ScenarioFailure before MakeDatabase.
+  [[nodiscard]] ProgramStart StartOfProgram(bool withDatabase) const;
   /// The folder of the workbooks that the scenario exports; does not exist before the first.
   [[nodiscard]] std::filesystem::path Workbooks() const { return folder_.Path() / "workbooks"; }
 

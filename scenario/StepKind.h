@@ -26,6 +26,8 @@ struct StepKind {
 
 /// Set-up: database, user, date, properties, failures to come.
 [[nodiscard]] std::span<const StepKind> SetUpSteps();
+/// Use of the program koru-counting, whose window is no form.
+[[nodiscard]] std::span<const StepKind> ProgramSteps();
 /// Actions of the host and the user.
 [[nodiscard]] std::span<const StepKind> ActionSteps();
 /// Expectations outside the controls: forms, results, statements, tables.

@@ -43,6 +43,13 @@ struct ShownDocument {
 /// What the user does with a document before closing it.
 enum class DocumentUse { View, Register };
 
+/// How the window of the program koru-counting is started.
+struct ProgramStart {
+  std::filesystem::path folder;  ///< of the program's settings and of the sample that it makes
+  std::string connection;        ///< as named on its command line; empty: none is named
+  std::int32_t user = 0;         ///< who signs in to that database
+};
+
 /// The user of a scenario, who answers questions and uses modal windows.
 class ScenarioUser {
  public:
@@ -55,6 +62,8 @@ class ScenarioUser {
   virtual std::vector<std::string> PickGoods() = 0;
   /// Uses a document. AnswerMessage answers the question that a registration asks.
   virtual DocumentUse UseDocument(const ShownDocument& document) = 0;
+  /// Uses another dialog, of that object name. It is closed afterwards if no key and no button has closed it.
+  virtual void UseDialog(const std::string& name) = 0;
   /// Reports that the user cannot do something, as in `pick "100": the goods picker does not offer it`.
   virtual void CannotDo(const std::string& what) = 0;
 };
@@ -74,6 +83,8 @@ class UiDriver {
   virtual void RegisterComponents(ComponentRegistry& components) = 0;
   /// Runs an action of the host, which may show forms and messages.
   virtual void Run(const std::function<void()>& action) = 0;
+  /// Opens the window of the program; the one before it is destroyed. False without windows.
+  virtual bool StartProgram(const ProgramStart& start) = 0;
 
   virtual bool Click(Button& button) = 0;
   virtual bool Click(MenuItem& item) = 0;
@@ -96,6 +107,9 @@ class UiDriver {
   /// where nothing has the keyboard, and without windows.
   virtual bool PressHere(KeyPress key) = 0;
   virtual bool TypeHere(const std::string& text) = 0;
+  /// Clicks the widget of that object name in the window that has the keyboard. False where it has none that
+  /// can be clicked, and without windows.
+  virtual bool ClickPart(const std::string& widget) = 0;
   /// The object name of the window that has the keyboard; empty where none has it.
   [[nodiscard]] virtual std::string WindowWithKeyboard() = 0;
   /// What the widget of that object name shows in that window; no value where it has none.

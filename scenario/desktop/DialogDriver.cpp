@@ -109,8 +109,11 @@ void UseDialog(QWidget& dialog, ScenarioUser& user,
     PickIn(*picker, user);
   } else if (auto* const document = qobject_cast<DocumentWindow*>(&dialog)) {
     UseIn(*document, user, run);
-  } else {
+  } else if (dialog.objectName() == QLatin1String("comMSG")) {
     AnswerIn(dialog, user);
+  } else {
+    user.UseDialog(FromQt(dialog.objectName()));
+    dialog.close();
   }
 }
 

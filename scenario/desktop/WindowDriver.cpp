@@ -1,5 +1,6 @@
 #include "scenario/desktop/WindowDriver.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
@@ -7,6 +8,7 @@
 #include <QProgressDialog>
 #include <QTimer>
 #include <algorithm>
+#include <optional>
 
 #include "adapters/system/DataFolder.h"
 #include "desktop/suite/Windows.h"
@@ -16,7 +18,9 @@
 #include "scenario/StepKind.h"
 #include "scenario/desktop/DialogDriver.h"
 #include "scenario/desktop/InputEvents.h"
+#include "scenario/desktop/PicturedFolder.h"
 #include "scenario/desktop/PreviewDriver.h"
+#include "scenario/desktop/ProgramWindow.h"
 #include "scenario/desktop/ShownPart.h"
 #include "scenario/desktop/WidgetDriver.h"
 #include "scenario/desktop/WidgetState.h"
@@ -30,29 +34,12 @@ QWidget* ManualInFront() {
   return active != nullptr && active->objectName() == QLatin1String("manual") ? active : nullptr;
 }
 
-/// The window that a user sees in front, an open list or calendar also. When a dialog closes, some window
-/// systems activate no window.
-QWidget* WindowInFront() {
-  for (QWidget* const window : {QApplication::activePopupWidget(), ManualInFront(),
-                                QApplication::activeModalWidget(), QApplication::activeWindow()}) {
-    if (window != nullptr) return window;
-  }
-  if (QWidget* const preview = PreviewInFront()) return preview;
-  for (QWidget* const window : QApplication::topLevelWidgets()) {
-    if (qobject_cast<FormWindow*>(window) != nullptr && window->isVisible()) return window;
-  }
-  return nullptr;
-}
-
-/// Activates the window in front, as a window manager does when another one closes, and returns the widget
-/// that receives keys; nullptr when no window is shown.
-QWidget* GiveKeyboard() {
-  QWidget* const window = WindowInFront();
-  if (window == nullptr || QApplication::activePopupWidget() != nullptr) return WidgetWithKeyboard();
-  window->activateWindow();
-  if (!WaitUntil([&] { return window->isActiveWindow(); })) return nullptr;
-  if (QApplication::focusWidget() == nullptr) window->setFocus();
-  return WidgetWithKeyboard();
+/// A key of a button presses it for a while before it clicks.
+bool NoButtonIsDown() {
+  const QWidget* const window = QApplication::activeWindow();
+  if (window == nullptr) return true;
+  const auto buttons = window->findChildren<const QAbstractButton*>();
+  return std::none_of(buttons.begin(), buttons.end(), [](const auto* button) { return button->isDown(); });
 }
 
 }  // namespace
@@ -73,6 +60,28 @@ WindowDriver::WindowDriver(ScenarioUser& user, DatabaseConnector& databases, std
 WindowDriver::~WindowDriver() {
   while (ReportPreview* const open = PreviewInFront()) delete open;  // NOLINT: left by a scenario that failed
   Settle();
+}
+
+/// When a dialog closes, some window systems activate no window.
+QWidget* WindowDriver::WindowInFront() const {
+  for (QWidget* const window : {QApplication::activePopupWidget(), ManualInFront(),
+                                QApplication::activeModalWidget(), QApplication::activeWindow()}) {
+    if (window != nullptr) return window;
+  }
+  if (QWidget* const preview = PreviewInFront()) return preview;
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (qobject_cast<FormWindow*>(window) != nullptr && window->isVisible()) return window;
+  }
+  return program_ == nullptr ? nullptr : &program_->Window();
+}
+
+QWidget* WindowDriver::GiveKeyboard() const {
+  QWidget* const window = WindowInFront();
+  if (window == nullptr || QApplication::activePopupWidget() != nullptr) return WidgetWithKeyboard();
+  window->activateWindow();
+  if (!WaitUntil([&] { return window->isActiveWindow(); })) return nullptr;
+  if (QApplication::focusWidget() == nullptr) window->setFocus();
+  return WidgetWithKeyboard();
 }
 
 void WindowDriver::RegisterComponents(ComponentRegistry& components) {
@@ -104,6 +113,13 @@ void WindowDriver::Run(const std::function<void()>& action) {
   }
   --depth_;
   Settle();
+}
+
+bool WindowDriver::StartProgram(const ProgramStart& start) {
+  program_.reset();
+  program_ = std::make_unique<ProgramWindow>(start);
+  Run([this] { program_->Show(); });
+  return true;
 }
 
 void WindowDriver::Settle() {
@@ -250,13 +266,23 @@ void WindowDriver::Close(Form& form) {
 bool WindowDriver::PressHere(KeyPress key) {
   return With(GiveKeyboard(), [&](QWidget&) {
     PressKey(key);
-    return true;
+    return WaitUntil(NoButtonIsDown);
   });
 }
 
 bool WindowDriver::TypeHere(const std::string& text) {
   return With(GiveKeyboard(), [&](QWidget&) {
     TypeText(ToQt(text));
+    return true;
+  });
+}
+
+bool WindowDriver::ClickPart(const std::string& widget) {
+  const QWidget* const at = GiveKeyboard();
+  auto* const part = at == nullptr ? nullptr : at->window()->findChild<QWidget*>(ToQt(widget));
+  if (part == nullptr || !part->isVisible() || !part->isEnabled()) return false;
+  return With(part, [](QWidget& shown) {
+    ClickOn(shown);
     return true;
   });
 }
@@ -318,6 +344,8 @@ void WindowDriver::TakePicture(const std::string& name) {
   QWidget* const window = WindowInFront();
   if (window == nullptr) throw ScenarioFailure("no window is shown for the picture " + name);
   const std::string file = (pictures_ / (name + ".png")).string();
+  std::optional<PicturedFolder> folder;
+  if (program_ != nullptr) folder.emplace(*window, program_->Folder());
   if (!window->grab().save(ToQt(file))) throw ScenarioFailure("the picture could not be written: " + file);
 }
 

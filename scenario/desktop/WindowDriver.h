@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QString>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 #include "desktop/fields/SelectorRecords.h"
@@ -11,6 +12,8 @@
 #include "scenario/UiDriver.h"
 
 namespace koru {
+
+class ProgramWindow;
 
 /// Drives the windows: input reaches the widgets as mouse and key events. Dialogs and modal windows are used
 /// from inside their own event loop. The timers of forms do not run: the scenario says when they fire. Needs
@@ -27,6 +30,7 @@ class WindowDriver : public QObject, public UiDriver {
   [[nodiscard]] Screen& TheScreen() override { return screen_; }
   void RegisterComponents(ComponentRegistry& components) override;
   void Run(const std::function<void()>& action) override;
+  bool StartProgram(const ProgramStart& start) override;
 
   bool Click(Button& button) override;
   bool Click(MenuItem& item) override;
@@ -47,6 +51,7 @@ class WindowDriver : public QObject, public UiDriver {
 
   bool PressHere(KeyPress key) override;
   bool TypeHere(const std::string& text) override;
+  bool ClickPart(const std::string& widget) override;
   [[nodiscard]] std::string WindowWithKeyboard() override;
   [[nodiscard]] std::optional<std::string> TextShown(const std::string& widget) override;
 
@@ -78,6 +83,11 @@ class WindowDriver : public QObject, public UiDriver {
   /// Runs an action on a widget with all its consequences. False without a widget.
   template <class Action>
   bool With(QWidget* widget, const Action& action);
+  /// The window that a user sees in front, an open list or calendar also; nullptr when none is shown.
+  [[nodiscard]] QWidget* WindowInFront() const;
+  /// Activates the window in front, as a window manager does when another one closes, and returns the widget
+  /// that receives keys; nullptr when no window is shown.
+  [[nodiscard]] QWidget* GiveKeyboard() const;
   void UseWhatIsModal();
   void Settle();
 
@@ -90,6 +100,7 @@ class WindowDriver : public QObject, public UiDriver {
   std::vector<const QWidget*> used_;  ///< modal windows in use
   int depth_ = 0;                     ///< nested actions
   QString saveAs_;                    ///< for the next file dialog
+  std::unique_ptr<ProgramWindow> program_;
 };
 
 }  // namespace koru

@@ -166,57 +166,6 @@ QWidget* WindowNamed(const char* name) {
   return nullptr;
 }
 
-/// The keys that docs/fa/keys.html names for the list of countings.
-TEST_F(HostWindowTest, The_keys_of_the_manual_open_the_manual_a_new_counting_and_a_stored_one) {
-  const auto program = Start();
-  test::Open(program->window);
-  program->window.ReadDatabase();
-  test::Press(Qt::Key_F1);
-  ASSERT_NE(WindowNamed("manual"), nullptr);
-  EXPECT_EQ(WindowNamed("manual")->findChild<QTextBrowser*>("page")->source().fileName(), "start.html");
-  WindowNamed("manual")->close();
-
-  program->window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window));
-  auto& number = Find<QLineEdit>(program->window, "number");
-  test::Press(Qt::Key_O, Qt::ControlModifier);
-  EXPECT_TRUE(number.hasFocus());
-  test::Type("17");
-  test::Press(Qt::Key_Return);
-  ASSERT_NE(InvCountingWindow(), nullptr);
-  EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(), "17");
-  InvCountingWindow()->close();
-
-  program->window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window));
-  auto& list = Find<QTableView>(program->window, "list");
-  list.setFocus();
-  list.setCurrentIndex(list.model()->index(1, 2));
-  test::Press(Qt::Key_Return);
-  ASSERT_NE(InvCountingWindow(), nullptr);
-  EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(),
-            list.model()->index(1, 2).data().toString());
-  InvCountingWindow()->close();
-
-  program->window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&program->window));
-  test::Press(Qt::Key_F, Qt::ControlModifier);
-  EXPECT_TRUE(Find<QLineEdit>(program->window, "filter").hasFocus());
-  test::Type("17");
-  EXPECT_EQ(list.model()->rowCount(), 1);
-  test::Press(Qt::Key_Down);
-  EXPECT_TRUE(list.hasFocus());
-  test::Press(Qt::Key_F, Qt::ControlModifier);
-  test::Press(Qt::Key_Escape);
-  EXPECT_GT(list.model()->rowCount(), 1);
-  EXPECT_TRUE(list.hasFocus());
-
-  test::Press(Qt::Key_N, Qt::ControlModifier);
-  ASSERT_TRUE(
-      QTest::qWaitFor([] { return InvCountingWindow() != nullptr; }));  // the button is pressed a while
-  EXPECT_EQ(InvCountingWindow()->findChild<QLabel*>("lblIDVal")->text(), "");
-}
-
 TEST_F(HostWindowTest, F1_opens_the_manual_at_the_chapter_of_each_window_of_the_host) {
   const auto program = Start();
   test::Open(program->window);

@@ -91,6 +91,20 @@ TEST(ScenarioRun, A_key_where_the_keyboard_is_needs_windows) {
             "s.scenario:8: the window with the keyboard has no page");
 }
 
+TEST(ScenarioRun, The_program_and_the_parts_of_its_windows_need_windows) {
+  const std::string program = "the program has a window alone, and so needs windows (--desktop)";
+  EXPECT_EQ(FailureOf(kCompany + kRights + "program\n"), "s.scenario:7: " + program);
+  EXPECT_EQ(FailureOf(kCompany + kRights + "program database\n"), "s.scenario:7: " + program);
+  EXPECT_EQ(FailureOf("program database\n"),
+            "s.scenario:1: the scenario has no database that the program could open");
+  EXPECT_EQ(
+      FailureOf(kCompany + kRights + "click part backUp\n"),
+      "s.scenario:7: the user cannot click backUp: the window with the keyboard has no such part that can "
+      "be used");
+  EXPECT_EQ(FailureOf(kCompany + kRights + "dialog backup\n"),
+            "s.scenario:7: expected the dialog backup, and it is not shown");
+}
+
 TEST(ScenarioRun, A_modal_form_is_used_from_inside_the_call_that_showed_it) {
   EXPECT_EQ(FailureOf(kCompany + kRights +
                       "sql \"insert into tblInventoryCounting(ID,InventoryID,CreatorID) values(5,1,1)\"\n"

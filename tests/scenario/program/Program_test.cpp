@@ -34,6 +34,30 @@ TEST_F(ScenarioProgramTest, The_same_scenario_is_run_on_windows_without_a_displa
   EXPECT_EQ(Text("shots/seventeen.png").substr(1, 3), "PNG");
 }
 
+TEST_F(ScenarioProgramTest, The_window_of_the_program_is_used_and_its_dialogs_are_expected_by_name) {
+  const std::string program =
+      "database sample\nuser 1\nprogram database\nexpect window host\nclick part backUp\n";
+  Write("good.scenario", program + "expect part take \"گرفتن پشتيبان...\"\npress Escape\ndialog backup\n");
+  EXPECT_EQ(Run("--desktop good.scenario").out, "ok  good  8 steps\n1 passed, 0 failed\n");
+  Write("closed.scenario", program + "dialog backup\nexpect window host\n");
+  EXPECT_EQ(Run("--desktop closed.scenario").out, "ok  closed  7 steps\n1 passed, 0 failed\n");
+  Write("bad.scenario", program);
+  EXPECT_EQ(Run("--desktop bad.scenario").out,
+            "FAILED bad.scenario:5: the dialog backup is shown that the scenario does not expect\n"
+            "0 passed, 1 failed\n");
+  Write("bad.scenario", program + "dialog about\n");
+  EXPECT_EQ(Run("--desktop bad.scenario").out,
+            "FAILED bad.scenario:6: another dialog is shown than the scenario expects: backup\n"
+            "0 passed, 1 failed\n");
+}
+
+TEST_F(ScenarioProgramTest, The_program_keeps_its_settings_between_two_starts_of_a_scenario) {
+  Write("good.scenario",
+        "database sample\nuser 4\nprogram\nexpect part trySample \"آزمودن با نمونه\"\n"
+        "program database\nexpect part users \"حسين رضايي\"\nprogram\nexpect part users \"حسين رضايي\"\n");
+  EXPECT_EQ(Run("--desktop good.scenario").out, "ok  good  8 steps\n1 passed, 0 failed\n");
+}
+
 TEST_F(ScenarioProgramTest, A_picture_of_a_scenario_stays_in_the_folder_of_pictures) {
   for (const char* name : {"../outside", "/outside", "sub/../../outside", "a\\\\b"}) {
     Write("bad.scenario", std::string("database sample\nuser 1\nview 17\npicture \"") + name + "\"\n");
