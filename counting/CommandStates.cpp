@@ -70,6 +70,8 @@ void RefreshCommands(DocumentMode mode, InvCountingControls& controls) {
   controls.cmdEdit.SetEnabled(stored && !final);
   controls.cmdDelete.SetEnabled(stored && !final);
   controls.cmdFunc.SetEnabled(stored && final);
+  const bool entering = mode == DocumentMode::Editing || mode == DocumentMode::New;
+  controls.mnuImport.SetEnabled(entering && controls.flexDetail.Rows() >= 2);
   for (Button* button : {&controls.cmdCancel, &controls.cmdDelete, &controls.cmdEdit, &controls.cmdExit,
                          &controls.cmdIsFinalized, &controls.cmdNew, &controls.cmdTmpSave, &controls.cmdView,
                          &controls.cmdCalc, &controls.cmdDeleteAll, &controls.cmdGoods}) {

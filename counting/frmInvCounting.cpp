@@ -32,6 +32,7 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       history_(*this),
       quantity_(*this, shared, lines_, editing_),
       addGoods_(*this, shared, lines_),
+      importCounts_(*this, shared),
       guard_(shared),
       storeChange_(*this, shared),
       storeOfFigures_(*this, shared.messages),
@@ -212,6 +213,11 @@ void frmInvCounting::ConnectEvents() {
   cmdExcel.Click.Always([this] {
     const std::string file = excelExport_.Run(linesAreStored_);
     if (!file.empty()) CommandReported.Raise(WorkbookSentence(file));
+  });
+  mnuImport.SetVisible(shared_.services.tables != nullptr);
+  mnuImport.Click.Always([this] {
+    const std::string report = importCounts_.Run();
+    if (!report.empty()) CommandReported.Raise(report);
   });
   cmdReadLines.Click.Always([this] { ReadStoredLines(); });
   cmdAddScanned.Click.Always([this] { AddScannedGood(); });

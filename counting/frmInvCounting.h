@@ -14,6 +14,7 @@
 #include "lines/AddGoods.h"
 #include "lines/CountingLines.h"
 #include "lines/EntryHistory.h"
+#include "lines/ImportCounts.h"
 #include "lines/LineEditing.h"
 #include "lines/SystemQuantity.h"
 #include "output/ExcelExport.h"
@@ -131,6 +132,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   EntryHistory history_;
   SystemQuantity quantity_;
   AddGoods addGoods_;
+  ImportCounts importCounts_;
   StoredCountingGuard guard_;
   StoreChange storeChange_;
   StoreOfFigures storeOfFigures_;

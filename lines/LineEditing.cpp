@@ -85,7 +85,7 @@ void LineEditing::ValidateEdit() {
   // A large number gets a warning alone, since a count can really be that large; a negative one is refused.
   if (Val(typed) > kMaxQuantityWithoutWarning) Warn(messages->tooMuch);
   if (!Trim(typed).empty()) flexDetail_.SetEditText(NumberText(Val(typed)));
-  if (Val(flexDetail_.EditText()) < 0) {
+  if (IsRefusedQuantity(Val(flexDetail_.EditText()))) {
     Warn(messages->tooLittle);
     flexDetail_.SetEditAccepted(false);
   }

@@ -12,6 +12,8 @@ namespace koru {
 
 /// A larger figure is stored, but the user is warned.
 inline constexpr double kMaxQuantityWithoutWarning = 1e9;
+/// Whether the form refuses a figure with a message.
+[[nodiscard]] constexpr bool IsRefusedQuantity(double figure) { return figure < 0; }
 
 /// What happens while a user works in the line grid: typed figures are tested and normalised, a line's
 /// shortage, surplus and amounts are derived, the user confirms before a line is removed, lines without a

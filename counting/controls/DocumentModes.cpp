@@ -10,7 +10,7 @@ void disablelockcomponent(DocumentMode mode, InvCountingControls& controls) {
   const bool viewing = mode == DocumentMode::Viewing;
   const bool empty = mode == DocumentMode::Empty;
   const bool entering = mode == DocumentMode::Editing || mode == DocumentMode::New;
-  const std::array<std::pair<Control*, bool>, 22> states = {{
+  const std::array<std::pair<Control*, bool>, 23> states = {{
       {&controls.flexDetail, !empty},
       {&controls.cmdNew, !entering},
       {&controls.cmdEdit, viewing},
@@ -31,6 +31,7 @@ void disablelockcomponent(DocumentMode mode, InvCountingControls& controls) {
       {&controls.cmdGoods, entering},
       {&controls.cmdCalc, entering},
       {&controls.cmdDeleteAll, entering},
+      {&controls.mnuImport, entering},
       {&controls.txtGNO, true},
       {&controls.txtNotes, true},
   }};

@@ -31,6 +31,7 @@ InvCountingControls::InvCountingControls(Form& owner) : form(owner) {
   mnuUndo.SetCaption("برگرداندن آخرين عدد");
   mnuRedo.SetCaption("نوشتن دوباره");
   for (MenuItem* const ofEntry : {&mnuUndo, &mnuRedo}) ofEntry->SetEnabled(false);
+  mnuImport.SetCaption("آوردن شمارش از پرونده...");
   cmdStop.SetCaption("لغو (Esc)");
   cmdStop.SetVisible(false);
   // No mode enables cmdPrint: users print the report that cmdView shows.

@@ -72,6 +72,7 @@ struct InvCountingControls {
   MenuItem mnuRS{form, "mnuRS"};
   MenuItem mnuUndo{form, "mnuUndo"};  ///< of the figures that are being entered
   MenuItem mnuRedo{form, "mnuRedo"};
+  MenuItem mnuImport{form, "mnuImport"};  ///< counts from a file
   Timer Timer1{form, "Timer1"};
 
   /// The key of the counting on the form as a number; 0 when there is none.

@@ -8,6 +8,7 @@
 #include "platform/ports/PropertyBag.h"
 #include "platform/ports/Screen.h"
 #include "platform/ports/Spreadsheet.h"
+#include "platform/ports/TableFiles.h"
 #include "platform/sql/Database.h"
 #include "platform/text/Date.h"
 
@@ -46,6 +47,7 @@ struct HostServices {
   /// The user's settings of the forms, by key; each Write is kept at once. Without them, a setting lasts as
   /// long as its form.
   PropertyBag* preferences = nullptr;
+  TableFiles* tables = nullptr;  ///< without them, no counts can come from files
 };
 
 }  // namespace koru
