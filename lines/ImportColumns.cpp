@@ -54,8 +54,9 @@ constexpr Title kTitles[] = {
 };
 
 bool IsFiller(char32_t character) {
-  constexpr std::u32string_view kFillers = U" \t\n\r_-.:*()\u00A0\u200E\u200F\u0640";
-  return kFillers.find(character) != std::u32string_view::npos;
+  constexpr std::u32string_view kFillers = U" \t\n\r_-.:*()\u00A0\u200E\u200F";
+  constexpr char32_t kTatweel = 0x0640;
+  return character == kTatweel || kFillers.find(character) != std::u32string_view::npos;
 }
 
 /// A title without what people write differently.
