@@ -65,7 +65,8 @@ void Manual::Open(const QString& page) {
   QWidget* const modal = QApplication::activeModalWidget();
   if (window_.isNull() || (modal != nullptr && window_->parentWidget() != modal)) {
     delete window_;
-    window_ = new ManualWindow(folder_, modal);  // NOLINT(cppcoreguidelines-owning-memory): deleted on close
+    window_ = new ManualWindow(folder_, showFailure_,
+                               modal);  // NOLINT(cppcoreguidelines-owning-memory): deleted on close
   }
   window_->Show(page);
 }

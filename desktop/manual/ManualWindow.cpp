@@ -5,14 +5,22 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPalette>
-#include <QRegularExpression>
+#include <QPrinter>
+#include <QPrinterInfo>
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QStandardPaths>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/fields/Fields.h"
+#include "desktop/manual/ManualPrint.h"
+#include "desktop/manual/ToolkitHtml.h"
+#include "desktop/toolkit/FileChoice.h"
+#include "desktop/toolkit/PrintChoice.h"
+#include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
 
 // The widgets belong to their window, as the toolkit's widgets do.
@@ -22,35 +30,6 @@ namespace {
 
 constexpr QSize kDefaultSize(980, 720);
 constexpr int kPageMargin = 24;
-
-/// The page as the toolkit shows it well. The cells of each table row are in the opposite order, since tables
-/// begin at the left also on a page from right to left. Direction marks surround keys and code, which the
-/// toolkit does not isolate from the text ("--size"). A heading with an anchor begins with a mark, since the
-/// letter that has the anchor is not joined to the next one.
-QString ForToolkit(QString html) {
-  static const QRegularExpression heading(QStringLiteral("(<h2 id=\"[^\"]*\">)"));
-  html.replace(heading, QStringLiteral("\\1\u200F"));
-  for (const char* const element : {"kbd", "code"}) {
-    const QString name = QLatin1String(element);
-    html.replace(QStringLiteral("<%1>").arg(name), QStringLiteral("\u200F<%1>\u200E").arg(name));
-    html.replace(QStringLiteral("</%1>").arg(name), QStringLiteral("\u200E</%1>\u200F").arg(name));
-  }
-  static const QRegularExpression row(QStringLiteral("<tr>(.*?)</tr>"),
-                                      QRegularExpression::DotMatchesEverythingOption);
-  static const QRegularExpression cell(QStringLiteral("<t([dh])[ >].*?</t\\1>"),
-                                       QRegularExpression::DotMatchesEverythingOption);
-  QString mirrored;
-  qsizetype end = 0;
-  for (const QRegularExpressionMatch& found : row.globalMatch(html)) {
-    mirrored += html.mid(end, found.capturedStart(1) - end);
-    QString cells;
-    for (const QRegularExpressionMatch& one : cell.globalMatch(found.captured(1)))
-      cells.prepend(one.captured());
-    mirrored += cells;
-    end = found.capturedEnd(1);
-  }
-  return mirrored + html.mid(end);
-}
 
 }  // namespace
 
@@ -67,7 +46,7 @@ ManualPage::ManualPage(QWidget* parent) : QTextBrowser(parent) {
 
 QVariant ManualPage::loadResource(int type, const QUrl& name) {
   QVariant resource = QTextBrowser::loadResource(type, name);
-  if (type == QTextDocument::HtmlResource) return ForToolkit(QString::fromUtf8(resource.toByteArray()));
+  if (type == QTextDocument::HtmlResource) return ToolkitHtml(QString::fromUtf8(resource.toByteArray()));
   if (type != QTextDocument::ImageResource) return resource;
   QImage picture;
   if (!picture.loadFromData(resource.toByteArray())) return resource;
@@ -85,8 +64,9 @@ void ManualPage::resizeEvent(QResizeEvent* event) {
   verticalScrollBar()->setValue(qRound(place * (verticalScrollBar()->maximum() + 1)));
 }
 
-ManualWindow::ManualWindow(const QString& folder, QWidget* parent)
-    : QWidget(parent, Qt::Window), folder_(folder) {
+ManualWindow::ManualWindow(const QString& folder, std::function<void(const std::string&)> showFailure,
+                           QWidget* parent)
+    : QWidget(parent, Qt::Window), folder_(folder), showFailure_(std::move(showFailure)) {
   setObjectName(QStringLiteral("manual"));
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_QuitOnClose, false);
@@ -128,6 +108,10 @@ void ManualWindow::AddTools(QBoxLayout& window) {
           [this] { Show(QStringLiteral("keys.html")); });
   connect(AddTool(*tools, "browser", QStringLiteral("باز كردن در مرورگر"), {}), &QToolButton::clicked, this,
           [this] { QDesktopServices::openUrl(page_->source()); });
+  connect(AddTool(*tools, "print", QStringLiteral("چاپ"), QKeySequence::Print), &QToolButton::clicked, this,
+          &ManualWindow::Print);
+  connect(AddTool(*tools, "pdf", QStringLiteral("ذخيره PDF"), QKeySequence::Save), &QToolButton::clicked,
+          this, &ManualWindow::AskPdf);
   tools->addStretch();
   searched_ = new QLineEdit(this);
   searched_->setObjectName(QStringLiteral("searched"));
@@ -160,6 +144,36 @@ void ManualWindow::Find(const QString& text) {
   if (found.isNull()) return;
   page_->setTextCursor(found);
   page_->ensureCursorVisible();
+}
+
+void ManualWindow::Print() {
+  const QStringList printers = QPrinterInfo::availablePrinterNames();
+  if (printers.isEmpty())
+    return showFailure_("چاپگري پيدا نشد. اين صفحه را مي\u200cتوان در پروندة PDF ذخيره كرد.");
+  const QString page = page_->source().toLocalFile();
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageLayout(PrintedManual::Paper());
+  try {
+    if (AskHowToPrint(printer, printers, PrintedManual(page, printer).Sheets(), this))
+      PrintManual(page, printer);
+  } catch (const std::exception& failure) {
+    showFailure_(failure.what());
+  }
+}
+
+void ManualWindow::AskPdf() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  const QString path =
+      AskWhereToSave({QStringLiteral("ذخيره PDF"),
+                      folder + QLatin1Char('/') + page_->documentTitle() + QStringLiteral(".pdf"),
+                      QStringLiteral("PDF (*.pdf)")},
+                     QStringLiteral("pdf"), this);
+  if (path.isEmpty()) return;
+  try {
+    WriteManualPdf(page_->source().toLocalFile(), path);
+  } catch (const std::exception& failure) {
+    showFailure_(failure.what());
+  }
 }
 
 /// Continues at the beginning of the page after its last place.

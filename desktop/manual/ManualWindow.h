@@ -2,6 +2,8 @@
 
 #include <QTextBrowser>
 #include <QWidget>
+#include <functional>
+#include <string>
 
 class QBoxLayout;
 class QKeySequence;
@@ -26,14 +28,14 @@ class ManualPage : public QTextBrowser {
 };
 
 /// The window of the manual: its pages, a line for searching in a page, and buttons for the contents, the
-/// page before, the sheet of keys and the browser of the user, which also prints.
+/// page before, the sheet of keys, the browser of the user, printing and saving as PDF.
 class ManualWindow : public QWidget {
   Q_OBJECT
 
  public:
   /// `folder` has the pages. The window is a child of `parent`, so that it can be used while `parent` is
-  /// modal.
-  ManualWindow(const QString& folder, QWidget* parent);
+  /// modal. `showFailure` shows a sentence to the user.
+  ManualWindow(const QString& folder, std::function<void(const std::string&)> showFailure, QWidget* parent);
 
   /// Shows a page (`page.html` or `page.html#anchor`).
   void Show(const QString& page);
@@ -44,8 +46,11 @@ class ManualWindow : public QWidget {
   void AddTools(QBoxLayout& window);
   QToolButton* AddTool(QBoxLayout& tools, const char* name, const QString& caption, const QKeySequence& key);
   void FindNext();
+  void Print();
+  void AskPdf();
 
   QString folder_;
+  std::function<void(const std::string&)> showFailure_;
   ManualPage* page_ = nullptr;
   QLineEdit* searched_ = nullptr;
 };

@@ -12,7 +12,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/fields/Fields.h"
-#include "desktop/report/PrintChoice.h"
+#include "desktop/toolkit/PrintChoice.h"
 #include "desktop/report/ReportOutput.h"
 #include "desktop/toolkit/FileChoice.h"
 #include "desktop/toolkit/QtText.h"

@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "adapters/system/DataFolder.h"
+#include "desktop/forms/MessageDialog.h"
 #include "desktop/suite/Windows.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/controls/Timer.h"
@@ -24,6 +25,7 @@
 #include "scenario/desktop/ShownPart.h"
 #include "scenario/desktop/WidgetDriver.h"
 #include "scenario/desktop/WidgetState.h"
+#include "services/Messages.h"
 
 namespace koru {
 namespace {
@@ -32,6 +34,13 @@ namespace {
 QWidget* ManualInFront() {
   QWidget* const active = QApplication::activeWindow();
   return active != nullptr && active->objectName() == QLatin1String("manual") ? active : nullptr;
+}
+
+void ShowError(const std::string& sentence) {
+  MessageDialog message;
+  message.SetFormTitle(sentences::kError);
+  message.SetFormMessage(sentence);
+  message.ClearShow();
 }
 
 /// A key of a button presses it for a while before it clicks.
@@ -49,8 +58,7 @@ WindowDriver::WindowDriver(ScenarioUser& user, DatabaseConnector& databases, std
       databases_(databases),
       records_(databases),
       pictures_(std::move(pictures)),
-      manual_(DataFolder() / "manual",
-              [this](const std::string& sentence) { user_.CannotDo("open the manual: " + sentence); }) {
+      manual_(DataFolder() / "manual", ShowError) {
   RegisterWindows(screen_, records_);
   // The platform's own dialogs do not receive our events.
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);

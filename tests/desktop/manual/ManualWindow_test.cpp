@@ -28,7 +28,9 @@ class ManualWindowTest : public testing::Test {
   }
   /// The manual, showing a page.
   ManualWindow& Open(const QString& page) {
-    if (window_ == nullptr) window_ = std::make_unique<ManualWindow>(ToQt(folder_.Path().string()), nullptr);
+    if (window_ == nullptr)
+      window_ = std::make_unique<ManualWindow>(
+          ToQt(folder_.Path().string()), [](const std::string&) {}, nullptr);
     window_->setAttribute(Qt::WA_DeleteOnClose, false);
     window_->Show(page);
     EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));

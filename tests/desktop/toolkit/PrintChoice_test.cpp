@@ -1,4 +1,4 @@
-#include "desktop/report/PrintChoice.h"
+#include "desktop/toolkit/PrintChoice.h"
 
 #include <gtest/gtest.h>
 
