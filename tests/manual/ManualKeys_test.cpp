@@ -10,6 +10,9 @@
 namespace koru::test {
 namespace {
 
+/// The steps that compare something, or fail where what they name has not happened.
+const std::set<std::string> kChecks = {"expect", "message", "question", "picked", "document", "dialog"};
+
 void Replace(std::string& text, const std::string& old, const std::string& by) {
   for (std::size_t at = text.find(old); at != std::string::npos; at = text.find(old, at + by.size()))
     text.replace(at, old.size(), by);
@@ -67,6 +70,23 @@ TEST(ManualKeys, A_scenario_presses_every_key_of_each_section_of_the_sheet) {
         PressedIn(KORU_SOURCES "/scenarios/manual/keys-" + section + ".scenario");
     for (const std::string& key : keys) EXPECT_TRUE(pressed.contains(key)) << section << ": " << key;
   }
+}
+
+TEST(ManualKeys, No_scenario_ends_with_a_key_whose_effect_it_does_not_check) {
+  std::size_t checks = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(KORU_SOURCES "/scenarios/manual")) {
+    if (!entry.path().filename().string().starts_with("keys-")) continue;
+    std::string unchecked;
+    for (const std::string& line : LinesOf(entry.path())) {
+      const std::string step = line.substr(0, line.find(' '));
+      if (step == "press" || step == "key") unchecked = line;
+      if (!kChecks.contains(step)) continue;
+      unchecked.clear();
+      ++checks;
+    }
+    EXPECT_EQ(unchecked, "") << entry.path().filename();
+  }
+  EXPECT_GT(checks, 100U);
 }
 
 TEST(ManualKeys, A_scenario_presses_every_key_that_a_page_names) {
