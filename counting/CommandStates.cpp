@@ -64,6 +64,8 @@ void RefreshCommands(DocumentMode mode, InvCountingControls& controls) {
   controls.cmdIsFinalized.SetEnabled(canBeSaved);
   controls.cmdTmpSave.SetEnabled(canBeSaved);
   SetRemarks(mode, needs, controls);
+  const bool entering = mode == DocumentMode::Editing || mode == DocumentMode::New;
+  controls.mnuAcceptEqual.SetEnabled(entering && needs.hasLines);
   controls.cmdView.SetEnabled(!Trim(controls.lblIDVal.Caption()).empty());
   const bool stored = controls.CountingID() > 0 && mode == DocumentMode::Viewing;
   const bool final = Val(controls.txtCode.Text()) > 0;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "lines/AcceptedCounts.h"
 #include "lines/EntryHistory.h"
 
 namespace koru {
@@ -10,5 +11,6 @@ namespace koru {
 
 [[nodiscard]] std::string UndoneSentence(const EntryHistory::Result& result);
 [[nodiscard]] std::string RedoneSentence(const EntryHistory::Result& result);
+[[nodiscard]] std::string AcceptedSentence(const AcceptedCounts::Result& result);
 
 }  // namespace koru

@@ -30,6 +30,7 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       lines_(*this, shared),
       editing_(*this, shared, lines_),
       history_(*this),
+      acceptedCounts_(*this, shared.messages),
       quantity_(*this, shared, lines_, editing_),
       addGoods_(*this, shared, lines_),
       importCounts_(*this, shared),
@@ -247,6 +248,7 @@ void frmInvCounting::ConnectEvents() {
   mnuUndo.Click.Always([this] { CommandReported.Raise(UndoneSentence(history_.Undo())); });
   mnuRedo.Click.Always([this] { CommandReported.Raise(RedoneSentence(history_.Redo())); });
   history_.Changed.Always([this] { ShowHistory(); });
+  mnuAcceptEqual.Click.Always([this] { CommandReported.Raise(AcceptedSentence(acceptedCounts_.Run())); });
   gmpInventory.SelectionChanged.Always([this] {
     storeChange_.Run();
     storeOfFigures_.StoreHasChanged();

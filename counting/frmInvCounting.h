@@ -11,6 +11,7 @@
 #include "counting/controls/InvCountingControls.h"
 #include "draft/DraftKeeper.h"
 #include "draft/LeftDraft.h"
+#include "lines/AcceptedCounts.h"
 #include "lines/AddGoods.h"
 #include "lines/CountingLines.h"
 #include "lines/EntryHistory.h"
@@ -130,6 +131,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   CountingLines lines_;
   LineEditing editing_;
   EntryHistory history_;
+  AcceptedCounts acceptedCounts_;
   SystemQuantity quantity_;
   AddGoods addGoods_;
   ImportCounts importCounts_;

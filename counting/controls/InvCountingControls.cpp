@@ -29,9 +29,10 @@ InvCountingControls::InvCountingControls(Form& owner) : form(owner) {
   cmdExit.SetCaption("خروج");
   mnuRS.SetCaption("بازگشت به حالت موقت");
   mnuUndo.SetCaption("برگرداندن آخرين عدد");
-  mnuRedo.SetCaption("نوشتن دوباره");
-  for (MenuItem* const ofEntry : {&mnuUndo, &mnuRedo}) ofEntry->SetEnabled(false);
   mnuImport.SetCaption("آوردن شمارش از پرونده...");
+  mnuRedo.SetCaption("انجام دوباره");
+  mnuAcceptEqual.SetCaption("قبول شمارش هاي يكسان");
+  for (MenuItem* const ofEntry : {&mnuUndo, &mnuRedo, &mnuAcceptEqual}) ofEntry->SetEnabled(false);
   cmdStop.SetCaption("لغو (Esc)");
   cmdStop.SetVisible(false);
   // No mode enables cmdPrint: users print the report that cmdView shows.

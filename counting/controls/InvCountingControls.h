@@ -73,6 +73,7 @@ struct InvCountingControls {
   MenuItem mnuUndo{form, "mnuUndo"};  ///< of the figures that are being entered
   MenuItem mnuRedo{form, "mnuRedo"};
   MenuItem mnuImport{form, "mnuImport"};  ///< counts from a file
+  MenuItem mnuAcceptEqual{form, "mnuAcceptEqual"};  ///< accepts the counts that agree
   Timer Timer1{form, "Timer1"};
 
   /// The key of the counting on the form as a number; 0 when there is none.

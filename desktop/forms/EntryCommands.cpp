@@ -47,6 +47,7 @@ void AddEntryCommands(QMenu& menu, QWidget& window, FormBinding& binding, InvCou
   QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_Y, &window), &QShortcut::activated, &redo, [&redo] {
     if (!RedoText()) redo.trigger();
   });
+  AddEntryCommand(menu, window, binding, controls.mnuAcceptEqual);
 }
 
 }  // namespace koru

@@ -9,7 +9,8 @@ class FormBinding;
 struct InvCountingControls;
 
 /// Adds the commands for the figures being entered to the menu of a counting's window, with their keys: undo
-/// (Ctrl+Z) and redo (Ctrl+Y, Ctrl+Shift+Z). In a field or cell editor, these keys are the editor's own.
+/// (Ctrl+Z), redo (Ctrl+Y, Ctrl+Shift+Z), and accepting the counts that agree. In a field or cell editor,
+/// these keys are the editor's own.
 void AddEntryCommands(QMenu& menu, QWidget& window, FormBinding& binding, InvCountingControls& controls);
 
 }  // namespace koru

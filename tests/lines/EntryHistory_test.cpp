@@ -2,12 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <map>
-#include <random>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "tests/lines/LinesTest.h"
 
