@@ -11,6 +11,14 @@
 #include "scenario/StepKind.h"
 
 namespace koru {
+namespace {
+
+HostServices WithTables(HostServices services, TableFiles& tables) {
+  services.tables = &tables;
+  return services;
+}
+
+}  // namespace
 
 ScenarioWorld::ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver,
                              std::optional<std::string> server)
@@ -18,7 +26,7 @@ ScenarioWorld::ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver,
       driver(makeDriver(user, databases_)),
       screen(driver->TheScreen()),
       counting(static_cast<ControlHost&>(*this),
-               HostServices{log, components, screen, clock, files_, spreadsheets}) {
+               WithTables({log, components, screen, clock, files_, spreadsheets}, tables)) {
   driver->RegisterComponents(components);
 }
 

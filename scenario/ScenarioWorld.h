@@ -12,6 +12,7 @@
 #include "adapters/xlsx/XlsxStarter.h"
 #include "component/comInvCounting.h"
 #include "database/scratch/ScratchDatabase.h"
+#include "scenario/ScenarioTables.h"
 #include "scenario/StatementLog.h"
 #include "scenario/UiDriver.h"
 #include "scenario/WatchedScreen.h"
@@ -51,6 +52,8 @@ class ScenarioWorld : private ControlHost {
   /// How the program is started without a database, or with the scenario's database and user. Throws
   /// ScenarioFailure before MakeDatabase.
   [[nodiscard]] ProgramStart StartOfProgram(bool withDatabase) const;
+  /// The folder of the files that the scenario writes for its user.
+  [[nodiscard]] std::filesystem::path Folder() const { return folder_.Path(); }
   /// The folder of the workbooks that the scenario exports; does not exist before the first.
   [[nodiscard]] std::filesystem::path Workbooks() const { return folder_.Path() / "workbooks"; }
 
@@ -75,6 +78,8 @@ class ScenarioWorld : private ControlHost {
   ScenarioClock clock;
   /// Workbooks stay in the scenario's folder and are not opened.
   XlsxStarter spreadsheets{{Workbooks().string(), {}, {}}, clock};
+  /// The file that the user chooses next.
+  ScenarioTables tables;
   const std::unique_ptr<UiDriver> driver;
   WatchedScreen screen;
   comInvCounting counting;

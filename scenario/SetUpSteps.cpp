@@ -55,6 +55,10 @@ void FailStatement(ScenarioWorld& world, const ScenarioStep& step) {
   world.log.FailStatement(step.Number(2), step.Text(3));
 }
 
+void PutFile(ScenarioWorld& world, const ScenarioStep& step) {
+  world.tables.Put(step, world.Folder(), world.Workbooks());
+}
+
 void ForgetStatements(ScenarioWorld& world, const ScenarioStep&) { world.log.Forget(); }
 
 constexpr StepKind kKinds[] = {
@@ -67,6 +71,7 @@ constexpr StepKind kKinds[] = {
     {"unregister NAME", Unregister},
     {"fail statement NUMBER TEXT", FailStatement},
     {"forget statements", ForgetStatements},
+    {"file TEXT ROWS", PutFile},
 };
 
 }  // namespace

@@ -163,6 +163,9 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
   returnChecked_ = form_.cmdFunc.StateChanged.Subscribe(follow);
   menu->addSeparator();
   AddEntryCommands(*menu, *this, Binding(), form_);
+  auto* const fromFile = new QAction(this);
+  menu->addAction(fromFile);
+  Binding().Bind(form_.mnuImport, *fromFile, BlockedBy::Figures);
   menu->addSeparator();
   QAction* const down = menu->addAction(QStringLiteral("Enter به سطر بعد برود"));
   down->setObjectName(QStringLiteral("enterGoesDown"));

@@ -33,7 +33,9 @@ DesktopSuite::DesktopSuite(std::unique_ptr<DatabaseConnector> databases,
 }
 
 HostServices DesktopSuite::Services() {
-  return {*databases_, components_, screen_, clock_, files_, spreadsheets_};
+  HostServices services{*databases_, components_, screen_, clock_, files_, spreadsheets_};
+  services.tables = &tables_;
+  return services;
 }
 
 }  // namespace koru

@@ -11,6 +11,7 @@
 #include "desktop/fields/SelectorRecords.h"
 #include "desktop/forms/DesktopScreen.h"
 #include "desktop/manual/Manual.h"
+#include "desktop/suite/ChosenTables.h"
 #include "platform/ports/Components.h"
 #include "platform/ports/HostServices.h"
 #include "services/Messages.h"
@@ -50,6 +51,7 @@ class DesktopSuite {
   SystemClock clock_;
   SystemFileSystem files_;
   XlsxStarter spreadsheets_;
+  ChosenTables tables_;
   SelectorRecords records_{*databases_};
   DesktopScreen screen_;
   Manual manual_{DataFolder() / "manual",

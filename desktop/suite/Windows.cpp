@@ -6,6 +6,7 @@
 
 #include "counting/frmInvCounting.h"
 #include "desktop/documents/StockDocumentDialog.h"
+#include "desktop/forms/CountImportWindow.h"
 #include "desktop/forms/InvCountingWindow.h"
 #include "desktop/forms/MessageDialog.h"
 #include "desktop/report/OpenPreview.h"
@@ -13,6 +14,7 @@
 #include "desktop/search/GoodSearchWindow.h"
 #include "desktop/search/GoodsPickerDialog.h"
 #include "desktop/search/InvSearchWindow.h"
+#include "lines/frmCountImport.h"
 #include "output/frmReport.h"
 #include "services/Messages.h"
 #include "siblings/report/SuiteReportPrinter.h"
@@ -34,6 +36,9 @@ void RegisterWindows(DesktopScreen& screen, SelectorRecords& records) {
   screen.Register("frmInvCounting", WithRecords<InvCountingWindow, frmInvCounting>(records));
   screen.Register("frmInvSearch", WithRecords<InvSearchWindow, frmInvSearch>(records));
   screen.Register("frmGoodSearch", WithRecords<GoodSearchWindow, frmGoodSearch>(records));
+  screen.Register("frmCountImport", [](Form& form) -> std::unique_ptr<FormWindow> {
+    return std::make_unique<CountImportWindow>(dynamic_cast<frmCountImport&>(form));
+  });
   screen.Register("frmReport", [](Form& form) -> std::unique_ptr<FormWindow> {
     return std::make_unique<ReportWindow>(dynamic_cast<frmReport&>(form));
   });
