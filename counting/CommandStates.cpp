@@ -74,6 +74,7 @@ void RefreshCommands(DocumentMode mode, InvCountingControls& controls) {
   controls.cmdFunc.SetEnabled(stored && final);
   const bool entering = mode == DocumentMode::Editing || mode == DocumentMode::New;
   controls.mnuImport.SetEnabled(entering && controls.flexDetail.Rows() >= 2);
+  controls.mnuMovedStock.SetEnabled(mode != DocumentMode::Empty && needs.hasStore && needs.hasLines);
   for (Button* button : {&controls.cmdCancel, &controls.cmdDelete, &controls.cmdEdit, &controls.cmdExit,
                          &controls.cmdIsFinalized, &controls.cmdNew, &controls.cmdTmpSave, &controls.cmdView,
                          &controls.cmdCalc, &controls.cmdDeleteAll, &controls.cmdGoods}) {

@@ -37,6 +37,8 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       guard_(shared),
       storeChange_(*this, shared),
       storeOfFigures_(*this, shared.messages),
+      figuresAge_(*this, shared.services.clock),
+      stockCheck_(*this, shared, lines_, quantity_, figuresAge_),
       commands_(*this, shared, lines_, storeChange_, guard_),
       temporarySave_(*this, shared, guard_),
       finalRegistration_(*this, shared, guard_),
@@ -101,6 +103,7 @@ void frmInvCounting::AddSearchedGoods() {
   const auto before = BarcodesOf(flexDetail);
   const auto added = addGoods_.Run(search);
   if (!added) return;
+  figuresAge_.LinesAdded(*added);
   GoodsAdded.Raise(*added);
   const GoodsReport report = ReportOnGoods(*added, goodSearch_->Picked(), before, flexDetail);
   CommandReported.Raise(report.sentence);
@@ -118,6 +121,7 @@ void frmInvCounting::AddScannedGood() {
   const auto added = addGoods_.Add(GoodCondition::OfGood(scannedBarcode_));
   if (!added) return;
   cmdAddScanned.SetVisible(false);
+  figuresAge_.LinesAdded(*added);
   GoodsAdded.Raise(*added);
   CommandReported.Raise(*added > 0 ? "كالاي اسكن شده افزوده شد." : "كالايي با اين باركد تعريف نشده است.");
 }
@@ -135,6 +139,7 @@ bool frmInvCounting::ViewInvCounting(std::int32_t id) {
     guard_.Stored().Remember(id);
     FillInvCounterDetailData(id);
     storeOfFigures_.Follow();
+    figuresAge_.Forget();
   } catch (...) {
     Clear();
     guard_.Stored().Forget();
@@ -153,6 +158,7 @@ bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
   drafts_.Continue(draft);
   history_.Clear();
   storeOfFigures_.Follow();
+  figuresAge_.Forget();
   RefreshCommands();
   SetFocus(flexDetail);
   return true;
@@ -168,11 +174,19 @@ void frmInvCounting::ReadStoredLines() {
   if (!ViewInvCounting(static_cast<std::int32_t>(CountingID()))) guard_.ReportGone();
 }
 
+/// Where every figure is current, the figures belong to the selected store, too.
+void frmInvCounting::CheckMovedStock() {
+  const StockCheck::Outcome outcome = stockCheck_.Run(IsBeingEntered());
+  if (outcome.isCurrent) storeOfFigures_.Follow();
+  if (!outcome.sentence.empty()) CommandReported.Raise(outcome.sentence);
+}
+
 void frmInvCounting::RefreshCommands() {
   koru::RefreshCommands(shared_.DocMode, *this);
   cmdReadLines.SetVisible(shared_.DocMode == DocumentMode::Viewing && !linesAreStored_);
   if (!IsBeingEntered()) cmdAddScanned.SetVisible(false);
   if (!IsBeingEntered()) history_.Clear();
+  figuresAge_.Show(IsBeingEntered());
 }
 
 bool frmInvCounting::FillInvCountingData(std::int32_t id) {
@@ -230,6 +244,7 @@ void frmInvCounting::ConnectEvents() {
   cmdCalc.Click.Always([this] {
     if (!quantity_.CalculateAllLines()) return;
     storeOfFigures_.Follow();
+    figuresAge_.CalculatedAt(figuresAge_.Now());
     CommandReported.Raise(CalculatedSentence(*this));
   });
   cmdTmpSave.Click.Always(
@@ -244,6 +259,7 @@ void frmInvCounting::ConnectEvents() {
     const std::string code = txtCode.Text();
     if (returnToTemporary_.Run()) CommandReported.Raise(ReturnedSentence(code));
   });
+  mnuMovedStock.Click.Always([this] { CheckMovedStock(); });
   cmdFunc.Click.Always([this] { mnuRS.Click.Raise(); });
   mnuUndo.Click.Always([this] { CommandReported.Raise(UndoneSentence(history_.Undo())); });
   mnuRedo.Click.Always([this] { CommandReported.Raise(RedoneSentence(history_.Redo())); });
@@ -300,6 +316,7 @@ void frmInvCounting::Enter(const std::function<void()>& command) {
   if (shared_.DocMode == before) return;
   storeOfFigures_.StoreHasChanged();
   history_.Clear();
+  if (shared_.DocMode == DocumentMode::New) figuresAge_.Forget();
   drafts_.Begin();
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 
 #include "counting/DocumentCommands.h"
+#include "counting/FiguresAge.h"
+#include "counting/StockCheck.h"
 #include "counting/StoreChange.h"
 #include "counting/StoreOfFigures.h"
 #include "counting/controls/InvCountingControls.h"
@@ -113,6 +115,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   void AddSearchedGoods();
   void AddScannedGood();
   void ReadStoredLines();
+  void CheckMovedStock();
   void Exit();
   bool OpenFound(std::int32_t id);
   void RunAndTick(const std::function<void()>& command);
@@ -138,6 +141,8 @@ class frmInvCounting : public Form, public InvCountingControls {
   StoredCountingGuard guard_;
   StoreChange storeChange_;
   StoreOfFigures storeOfFigures_;
+  FiguresAge figuresAge_;
+  StockCheck stockCheck_;
   DocumentCommands commands_;
   TemporarySave temporarySave_;
   FinalRegistration finalRegistration_;

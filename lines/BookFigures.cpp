@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "lines/DocumentCondition.h"
 #include "platform/text/Numbers.h"
 
 namespace koru {
@@ -11,18 +12,6 @@ namespace {
 constexpr int kStockDecimals = 6;
 
 double AsWritten(double sum) { return Val(NumberText(sum)); }
-
-/// `ReceiveDate>='...' and ReceiveDate<='...' and  Code is not NULL and (InventoryID=... or InventoryID in
-/// (Select ... Where ID=...`.
-SqlText DocumentCondition(const InvCountingControls& controls, std::int32_t invID) {
-  SqlText condition;
-  // Dispatches, too, carry their date in ReceiveDate.
-  if (const auto from = controls.gdpFromDate.Value())
-    condition = condition + "ReceiveDate>='" + *from + "' and ";
-  if (const auto to = controls.gdpToDate.Value()) condition = condition + "ReceiveDate<='" + *to + "' and ";
-  return condition + " Code is not NULL and (InventoryID=" + invID +
-         " or InventoryID in (Select ChildID from tblInventoryParent Where ID=" + invID;
-}
 
 }  // namespace
 

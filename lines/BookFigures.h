@@ -26,10 +26,8 @@ struct BookFigures {
   std::optional<double> bookStock;  ///< no value: it was not read, because a statement failed
 };
 
-/// Reads units, rates and book stocks of goods. They come from the registered receipts and dispatches of a
-/// store and of its children, between the dates in the header; an empty date sets no bound. The header is
-/// read when the reader is made. Barcodes are written into the statements as they are, and the caller trims
-/// them.
+/// Reads units, rates and book stocks of goods from the documents of DocumentCondition. The header is read
+/// when the reader is made. Barcodes are written into the statements as they are, and the caller trims them.
 class BookFiguresReader {
  public:
   /// `invID` is the store; -1 (none chosen) has no documents. `data` must outlive the reader.
@@ -81,7 +79,7 @@ class BookFiguresReader {
   static bool Take(Group& group, const Question& question, const Recordset& found);
 
   dteInvCounting& data_;
-  SqlText documents_;  ///< the condition on documents; its two parentheses are left open
+  SqlText documents_;  ///< DocumentCondition
 };
 
 }  // namespace koru

@@ -1,7 +1,6 @@
 #include "lines/SystemQuantity.h"
 
 #include <string>
-#include <vector>
 
 #include "lines/LineColumns.h"
 #include "platform/text/Numbers.h"
@@ -18,10 +17,14 @@ SystemQuantity::SystemQuantity(InvCountingControls& controls, SharedState& share
       lines_(lines),
       editing_(editing) {}
 
-bool SystemQuantity::CalculateAllLines() {
+void SystemQuantity::ShowProgress() {
   controls_.pgbStatus.SetVisible(true);
   controls_.pgbStatus.SetMax(flexDetail_.Rows() - 1);
   controls_.pgbStatus.SetValue(0);
+}
+
+bool SystemQuantity::CalculateAllLines() {
+  ShowProgress();
   {
     const Hourglass hourglass(shared_.services.screen);
     std::vector<BookFigures> figures;
@@ -44,6 +47,16 @@ bool SystemQuantity::CalculateAllLines() {
   return true;
 }
 
+std::optional<std::vector<BookFigures>> SystemQuantity::ReadAllLines() {
+  ShowProgress();
+  const Hourglass hourglass(shared_.services.screen);
+  std::vector<BookFigures> figures;
+  const bool finished = ReadFigures(figures);
+  controls_.pgbStatus.SetVisible(false);
+  if (!finished) return std::nullopt;
+  return figures;
+}
+
 bool SystemQuantity::ReadFigures(std::vector<BookFigures>& figures) {
   std::vector<std::string> barcodes;
   for (int row = 1; row < flexDetail_.Rows(); ++row) {
@@ -60,7 +73,6 @@ bool SystemQuantity::ReadFigures(std::vector<BookFigures>& figures) {
   return reader.Read(barcodes, goOn, figures);
 }
 
-/// A line whose book stock was not read keeps its differences, too.
 void SystemQuantity::FillLine(int row, const BookFigures& figures) {
   if (figures.unit) {
     flexDetail_.SetTextMatrix(row, LineColumn::UnitName, figures.unit->name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -24,15 +25,18 @@ namespace koru {
 using DriverMaker =
     std::function<std::unique_ptr<UiDriver>(ScenarioUser& user, DatabaseConnector& databases)>;
 
-/// A clock that a scenario can set; the machine's date until then.
+/// A clock that a scenario can set; the machine's date until then. Its time passes as the scenario says.
 class ScenarioClock : public Clock {
  public:
   [[nodiscard]] Date Today() const override { return today_ ? *today_ : real_.Today(); }
   void Set(Date today) { today_ = today; }
+  [[nodiscard]] std::chrono::system_clock::time_point Now() const override { return now_; }
+  void Pass(std::chrono::minutes minutes) { now_ += minutes; }
 
  private:
   SystemClock real_;
   std::optional<Date> today_;
+  std::chrono::system_clock::time_point now_;
 };
 
 /// The environment of one scenario: a database of its own, a temporary folder, the driver, and the embedded

@@ -22,6 +22,10 @@ void SetToday(ScenarioWorld& world, const ScenarioStep& step) {
   world.clock.Set(ToGregorian(*ParseSolar(step.Text(1))));
 }
 
+void PassMinutes(ScenarioWorld& world, const ScenarioStep& step) {
+  world.clock.Pass(std::chrono::minutes(step.Number(1)));
+}
+
 std::int16_t Narrow(const ScenarioStep& step) {
   const std::int32_t number = step.Number(2);
   if (number < std::numeric_limits<std::int16_t>::min() ||
@@ -65,6 +69,7 @@ constexpr StepKind kKinds[] = {
     {"database sample|empty", MakeDatabase},
     {"sql TEXT", RunSql},
     {"today DATE", SetToday},
+    {"pass NUMBER minutes", PassMinutes},
     {"user NUMBER", SetUser},
     {"property NAME NUMBER", SetProperty},
     {"connection TEXT", SetConnection},

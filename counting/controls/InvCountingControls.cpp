@@ -33,6 +33,7 @@ InvCountingControls::InvCountingControls(Form& owner) : form(owner) {
   mnuRedo.SetCaption("انجام دوباره");
   mnuAcceptEqual.SetCaption("قبول شمارش هاي يكسان");
   for (MenuItem* const ofEntry : {&mnuUndo, &mnuRedo, &mnuAcceptEqual}) ofEntry->SetEnabled(false);
+  mnuMovedStock.SetCaption("بررسي تغيير موجودي");
   cmdStop.SetCaption("لغو (Esc)");
   cmdStop.SetVisible(false);
   // No mode enables cmdPrint: users print the report that cmdView shows.

@@ -46,7 +46,9 @@ struct InvCountingControls {
   TextBox txtTotalAboveValue{form, "txtTotalAboveValue"};  ///< sum of the surplus amounts
   TextBox txtTotalValue{form, "txtTotalValue"};            ///< sum of the amounts of counted stock
   ProgressBar pgbStatus{form, "pgbStatus"};                ///< visible only during a long operation
-  Button cmdStop{form, "cmdStop"};  ///< cancels it; visible only while it can be cancelled
+  Label lblFiguresAge{form,
+                      "lblFiguresAge"};  ///< when the book stock was calculated; empty: none to register
+  Button cmdStop{form, "cmdStop"};       ///< cancels it; visible only while it can be cancelled
 
   Button cmdNew{form, "cmdNew"};
   Button cmdEdit{form, "cmdEdit"};
@@ -74,6 +76,7 @@ struct InvCountingControls {
   MenuItem mnuRedo{form, "mnuRedo"};
   MenuItem mnuImport{form, "mnuImport"};  ///< counts from a file
   MenuItem mnuAcceptEqual{form, "mnuAcceptEqual"};  ///< accepts the counts that agree
+  MenuItem mnuMovedStock{form, "mnuMovedStock"};  ///< compares the book stock on the lines with the books
   Timer Timer1{form, "Timer1"};
 
   /// The key of the counting on the form as a number; 0 when there is none.

@@ -93,6 +93,7 @@ class FormBinding : public QObject {
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  [[nodiscard]] bool IsBlocked(BlockedBy blockedBy) const;
   void BindCommon(Control& control, QWidget& widget);
   /// Calls `show` now and on every StateChanged of the control.
   void Follow(const Control& control, const std::function<void()>& show);

@@ -113,16 +113,22 @@ void FormBinding::BindCancel(Button& control, QAbstractButton& widget) {
 }
 
 /// A grid explains a refused figure itself, and takes the focus back.
-bool FormBinding::Press(Button& control, BlockedBy blockedBy) {
+/// Whether refused input blocks a command; it then gets the focus.
+bool FormBinding::IsBlocked(BlockedBy blockedBy) const {
   const bool typing =
       std::any_of(grids_.begin(), grids_.end(), [](const GridView* grid) { return grid->IsTypedInto(); });
-  if (blockedBy != BlockedBy::Nothing && typing) return false;
+  if (blockedBy != BlockedBy::Nothing && typing) return true;
   const auto refused =
       std::find_if(dates_.begin(), dates_.end(), [](const DateBoxEdit* date) { return date->IsMarked(); });
   if (blockedBy == BlockedBy::FiguresAndDates && refused != dates_.end()) {
     (*refused)->ExplainMark();
-    return false;
+    return true;
   }
+  return false;
+}
+
+bool FormBinding::Press(Button& control, BlockedBy blockedBy) {
+  if (IsBlocked(blockedBy)) return false;
   const QPointer<FormBinding> alive(this);  // the command may have destroyed the form
   if (control.Enabled() && control.Visible()) emit commandBegins();
   if (!control.UserClick()) return false;
@@ -273,7 +279,6 @@ void FormBinding::Bind(Grid& control, GridView& widget) {
   grids_.push_back(&widget);
 }
 
-/// A menu leaves the editor of a cell open, other than a button.
 void FormBinding::Bind(MenuItem& control, QAction& action, BlockedBy blockedBy) {
   action.setObjectName(QString::fromStdString(control.Name()));
   Follow(control, [&control, &action] {
@@ -282,10 +287,11 @@ void FormBinding::Bind(MenuItem& control, QAction& action, BlockedBy blockedBy) 
     action.setVisible(control.Visible());
   });
   connect(&action, &QAction::triggered, listener_.get(), [this, &control, blockedBy] {
-    const bool refused =
-        blockedBy != BlockedBy::Nothing &&
-        !std::all_of(grids_.begin(), grids_.end(), [](GridView* grid) { return grid->FinishEdit(); });
-    if (!refused) control.UserClick();
+    // Other than a button, a menu leaves the editor of a cell open.
+    if (blockedBy != BlockedBy::Nothing) {
+      for (GridView* grid : grids_) static_cast<void>(grid->FinishEdit());
+    }
+    if (!IsBlocked(blockedBy)) control.UserClick();
   });
 }
 

@@ -24,6 +24,7 @@
 #include "desktop/fields/Fields.h"
 #include "desktop/fields/SelectorEdit.h"
 #include "desktop/fields/StatusLine.h"
+#include "desktop/forms/BlindEntry.h"
 #include "desktop/forms/EntryCommands.h"
 #include "desktop/forms/LineColumnStyles.h"
 #include "desktop/grid/GridView.h"
@@ -65,6 +66,8 @@ void AddGap(QBoxLayout& bar) {
 
 InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& records)
     : FormWindow(form), form_(form), records_(records) {
+  lines_ = new GridView(this);
+  blind_ = new BlindEntry(*lines_, this);
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(8, 8, 8, 8);
   layout->setSpacing(6);
@@ -73,6 +76,7 @@ InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& reco
   AddLineCommands(*layout);
   AddUnsavedNotice(*layout);
   AddScanOffer(*layout);
+  layout->addWidget(blind_->NewNotice(this));
   AddLines(*layout);
   AddTotals(*layout);
   Binding().Bind(form.Timer1);
@@ -166,6 +170,8 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
   auto* const fromFile = new QAction(this);
   menu->addAction(fromFile);
   Binding().Bind(form_.mnuImport, *fromFile, BlockedBy::Figures);
+  AddMovedStock(*menu);
+  blind_->AddTo(*menu);
   menu->addSeparator();
   QAction* const down = menu->addAction(QStringLiteral("Enter به سطر بعد برود"));
   down->setObjectName(QStringLiteral("enterGoesDown"));
@@ -182,6 +188,16 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
   bar.addWidget(button);
   connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, menu,
           [button, menu] { menu->popup(button->mapToGlobal(button->rect().bottomLeft())); });
+}
+
+/// Not while who counts must not see the book stock.
+void InvCountingWindow::AddMovedStock(QMenu& menu) {
+  auto* const action = new QAction(this);
+  menu.addAction(action);
+  addAction(action);  // its shortcut works while the menu is closed
+  action->setShortcut(Qt::SHIFT | Qt::Key_F9);
+  Binding().Bind(form_.mnuMovedStock, *action, BlockedBy::FiguresAndDates);
+  connect(blind_, &BlindEntry::changed, this, [this] { form_.mnuMovedStock.SetVisible(!blind_->IsOn()); });
 }
 
 void InvCountingWindow::AddHeader(QBoxLayout& window) {
@@ -283,6 +299,12 @@ void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
   Binding().Bind(form_.pgbStatus, *progress);
   auto* const stop = new QPushButton(this);
   Binding().BindCancel(form_.cmdStop, *stop);
+  auto* const age = new QLabel(this);
+  age->setToolTip(
+      QStringLiteral("زمان آخرين محاسبه موجودي دفتري روي اين فرم. «بررسي تغيير موجودي» در منوي «عمليات» "
+                     "نشان مي‌دهد پس از آن چه تغيير كرده است."));
+  Binding().Bind(form_.lblFiguresAge, *age);
+  bar->addWidget(age);
   bar->addSpacing(12);
   bar->addWidget(progress, 1);
   bar->addWidget(stop);
@@ -337,7 +359,6 @@ void InvCountingWindow::AddScanOffer(QBoxLayout& window) {
 }
 
 void InvCountingWindow::AddLines(QBoxLayout& window) {
-  lines_ = new GridView(this);
   lines_->setAccessibleName(QStringLiteral("سطرهاي شمارش"));
   SetUpLineColumns(*lines_);
   Binding().Bind(form_.flexDetail, *lines_);
@@ -377,14 +398,19 @@ void InvCountingWindow::GoToLine(int row) {
   Grid& lines = form_.flexDetail;
   const QWidget* const dialog = QApplication::activeModalWidget();
   if (lines.Locked() || row >= lines.Rows() || (dialog != nullptr && dialog != this)) return;
-  const bool keepsColumn = lines.Col() == LineColumn::Barcode || lines.IsEditable(lines.Col());
-  lines.UserMoveTo(row, keepsColumn ? lines.Col() : LineColumn::FirstCounting);
+  const bool keepsColumn =
+      lines.Col() == LineColumn::Barcode || (lines.IsEditable(lines.Col()) && !blind_->Hides(lines.Col()));
+  lines.UserMoveTo(row, keepsColumn ? lines.Col() : blind_->ColumnToFill());
 }
 
 void InvCountingWindow::AddTotals(QBoxLayout& window) {
-  auto* const bar = new QHBoxLayout;
+  auto* const totals = new QWidget(this);
+  totals->setObjectName(QStringLiteral("totals"));
+  blind_->Conceals(*totals);
+  auto* const bar = new QHBoxLayout(totals);
+  bar->setContentsMargins(0, 0, 0, 0);
   bar->setSpacing(8);
-  window.addLayout(bar);
+  window.addWidget(totals);
   AddTotal(*bar, QStringLiteral("جمع مبلغ كسري"), form_.txtTotalBelowValue, kShortageColor);
   AddTotal(*bar, QStringLiteral("جمع مبلغ اضافي"), form_.txtTotalAboveValue, kSurplusColor);
   AddTotal(*bar, QStringLiteral("جمع مبلغ موجودي شمارش شده"), form_.txtTotalValue, {});

@@ -6,10 +6,12 @@
 
 class QBoxLayout;
 class QGridLayout;
+class QMenu;
 class QPushButton;
 
 namespace koru {
 
+class BlindEntry;
 class frmInvCounting;
 class GridView;
 class StatusLine;
@@ -26,10 +28,15 @@ class InvCountingWindow : public FormWindow {
  protected:
   [[nodiscard]] QString Title() const override;
 
+ public:
+  /// Whether figures of the lines are kept from who counts: whatever shows some asks it.
+  [[nodiscard]] const BlindEntry& Blind() const { return *blind_; }
+
  private:
   void FollowDocument();
   void AddDocumentCommands(QBoxLayout& window);
   void AddMenu(QBoxLayout& bar);
+  void AddMovedStock(QMenu& menu);
   void AddHeader(QBoxLayout& window);
   void AddDocument(QGridLayout& box);
   void AddPeople(QGridLayout& box);
@@ -50,6 +57,7 @@ class InvCountingWindow : public FormWindow {
   frmInvCounting& form_;
   SelectorRecords& records_;
   GridView* lines_ = nullptr;
+  BlindEntry* blind_ = nullptr;
   int added_ = 0;                 ///< the number of goods that the running command has added
   StatusLine* status_ = nullptr;  ///< what a command did, otherwise the keys of the lines
   Subscription goodsAdded_;

@@ -63,6 +63,12 @@ void ColumnFitting::ShowOrder() {
   }
 }
 
+void ColumnFitting::ShowColumn(int col, bool shown) {
+  const QScopedValueRollback<bool> fitting(fitting_, true);
+  view_.setColumnHidden(col, !shown);
+  FitLater();
+}
+
 void ColumnFitting::FitNow() {
   requested_ = false;
   if (view_.Rows().Source() == nullptr) return;
@@ -103,7 +109,8 @@ ColumnSizeHint ColumnFitting::SizeHintOf(int col) const {
   const GridModel& rows = view_.Rows();
   const Grid& grid = *rows.Source();
   const int natural = grid.ColWidth(col) / kTwipsPerPixel;
-  if (natural == 0 || rows.StyleOf(col).hidden || col < view_.FirstColumn()) return {};
+  if (natural == 0 || rows.StyleOf(col).hidden || rows.StyleOf(col).concealed || col < view_.FirstColumn())
+    return {};
   const auto chosen = arranged_.widths.find(col);
   if (chosen != arranged_.widths.end()) return {chosen->second, chosen->second};
   QFont headerFont = view_.font();

@@ -33,6 +33,8 @@ class ColumnFitting : public QObject {
   /// Fits a column that the user has resized.
   void FitColumn(int col);
 
+  /// Shows or hides a column, which is no resizing by the user.
+  void ShowColumn(int col, bool shown);
   /// The header has resized a column.
   void ColumnResized(int col, int width);
   /// The header has moved a column.

@@ -32,6 +32,13 @@ void GridModel::SetColumnStyle(int col, const ColumnStyle& style) {
   if (style.color.isValid()) styles_[at].color = OnDesktop(style.color);
 }
 
+void GridModel::SetConcealed(int col, bool concealed) {
+  const auto at = static_cast<std::size_t>(col);
+  if (styles_.size() <= at) styles_.resize(at + 1);
+  styles_[at].concealed = concealed;
+  if (rows_ > 0 && col < cols_) emit dataChanged(index(0, col), index(rows_ - 1, col));
+}
+
 ColumnStyle GridModel::StyleOf(int col) const {
   const auto at = static_cast<std::size_t>(col);
   return col >= 0 && at < styles_.size() ? styles_[at] : ColumnStyle();
@@ -43,7 +50,7 @@ QString GridModel::TextToStore(int col, const QString& text) const {
 
 bool GridModel::IsMarked(const QModelIndex& index) const {
   const ColumnStyle style = StyleOf(index.column());
-  return grid_ != nullptr && std::isfinite(style.maxUnmarked) &&
+  return grid_ != nullptr && !style.concealed && std::isfinite(style.maxUnmarked) &&
          Val(grid_->TextMatrix(index.row() + 1, index.column())) > style.maxUnmarked;
 }
 
@@ -58,6 +65,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 QVariant GridModel::CellData(int gridRow, int col, int role) const {
   const ColumnStyle style = StyleOf(col);
+  if (style.concealed) return {};
   switch (role) {
     case Qt::DisplayRole: {
       const QString text = ToQt(grid_->TextMatrix(gridRow, col));
@@ -110,8 +118,9 @@ QVariant GridModel::HeaderData(int col, int role) const {
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
   Qt::ItemFlags flags = QAbstractTableModel::flags(index);
   if (grid_ == nullptr || !index.isValid()) return flags;
-  flags.setFlag(Qt::ItemIsEditable,
-                grid_->Enabled() && !grid_->Locked() && grid_->IsEditable(index.column()));
+  flags.setFlag(Qt::ItemIsEditable, grid_->Enabled() && !grid_->Locked() &&
+                                        grid_->IsEditable(index.column()) &&
+                                        !StyleOf(index.column()).concealed);
   return flags;
 }
 

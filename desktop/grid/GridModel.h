@@ -18,6 +18,7 @@ struct ColumnStyle {
   bool grouped = false;    ///< a number is shown with a separator every three digits of its integer part
   Sign sign = Sign::None;  ///< a triangle at the left edge of each cell that is not empty
   bool hidden = false;     ///< the column is not shown
+  bool concealed = false;  ///< nor has it any text for a view, or takes one; set by SetConcealed
   QColor color;            ///< of text and sign, as on a light desktop (OnDesktop); if invalid, the default
   /// A larger number is marked, with this tooltip.
   double maxUnmarked = std::numeric_limits<double>::infinity();
@@ -37,6 +38,7 @@ class GridModel : public QAbstractTableModel {
   void SetGrid(Grid* grid);
   [[nodiscard]] Grid* Source() const { return grid_; }
   void SetColumnStyle(int col, const ColumnStyle& style);
+  void SetConcealed(int col, bool concealed);
   [[nodiscard]] ColumnStyle StyleOf(int col) const;
   /// The text to store if the user enters `text` in the column: a number column stores Latin digits without
   /// separators.

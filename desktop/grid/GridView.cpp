@@ -74,6 +74,12 @@ void GridView::SetRowNumbers(bool rowNumbers) {
   fitting_.FitLater();
 }
 
+void GridView::SetConcealed(int col, bool concealed) {
+  if (model_.StyleOf(col).concealed == concealed) return;
+  model_.SetConcealed(col, concealed);
+  fitting_.ShowColumn(col, !concealed && !model_.StyleOf(col).hidden);
+}
+
 void GridView::SetFrameWidth(int width) {
   if (verticalHeader()->width() == width && verticalHeader()->minimumWidth() == width) return;
   verticalHeader()->setFixedWidth(width);

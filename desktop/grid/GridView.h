@@ -37,6 +37,8 @@ class GridView : public QTableView {
   /// The grid to show. It must outlive the view or be replaced by nullptr.
   void SetGrid(Grid* grid);
   void SetColumnStyle(int col, const ColumnStyle& style) { model_.SetColumnStyle(col, style); }
+  /// Hides a column and gives its texts to nobody: no key, scan, paste, copy or tooltip reaches it.
+  void SetConcealed(int col, bool concealed);
   /// The column that takes the remaining width; -1: none.
   void SetStretchColumn(int col) { fitting_.SetStretchColumn(col); }
   /// Whether column 0 numbers the rows and is shown as a part of the frame, which does not scroll away.

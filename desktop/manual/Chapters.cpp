@@ -22,6 +22,7 @@ constexpr Chapter kChapters[] = {
     {"GrnBPGoodPicker", "goods.html#picker"},
     {"comInvReceipt", "documents.html"},
     {"comInvExit", "documents.html"},
+    {"frmMovedStock", "comparing.html#moved"},
     {"frmReport", "printing.html"},
     {"reportPreview", "printing.html#preview"},
     {"printChoice", "printing.html#print"},

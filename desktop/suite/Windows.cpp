@@ -9,12 +9,14 @@
 #include "desktop/forms/CountImportWindow.h"
 #include "desktop/forms/InvCountingWindow.h"
 #include "desktop/forms/MessageDialog.h"
+#include "desktop/forms/MovedStockWindow.h"
 #include "desktop/report/OpenPreview.h"
 #include "desktop/report/ReportWindow.h"
 #include "desktop/search/GoodSearchWindow.h"
 #include "desktop/search/GoodsPickerDialog.h"
 #include "desktop/search/InvSearchWindow.h"
 #include "lines/frmCountImport.h"
+#include "lines/frmMovedStock.h"
 #include "output/frmReport.h"
 #include "services/Messages.h"
 #include "siblings/report/SuiteReportPrinter.h"
@@ -38,6 +40,9 @@ void RegisterWindows(DesktopScreen& screen, SelectorRecords& records) {
   screen.Register("frmGoodSearch", WithRecords<GoodSearchWindow, frmGoodSearch>(records));
   screen.Register("frmCountImport", [](Form& form) -> std::unique_ptr<FormWindow> {
     return std::make_unique<CountImportWindow>(dynamic_cast<frmCountImport&>(form));
+  });
+  screen.Register("frmMovedStock", [](Form& form) -> std::unique_ptr<FormWindow> {
+    return std::make_unique<MovedStockWindow>(dynamic_cast<frmMovedStock&>(form));
   });
   screen.Register("frmReport", [](Form& form) -> std::unique_ptr<FormWindow> {
     return std::make_unique<ReportWindow>(dynamic_cast<frmReport&>(form));

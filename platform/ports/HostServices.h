@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
 
@@ -14,12 +15,16 @@
 
 namespace koru {
 
-/// The current date.
+/// The current date and time.
 class Clock {
  public:
   virtual ~Clock() = default;
   /// Today in the user's time zone.
   [[nodiscard]] virtual Date Today() const = 0;
+  /// The time, from which the form says how long ago something was: the machine's, unless a host has another.
+  [[nodiscard]] virtual std::chrono::system_clock::time_point Now() const {
+    return std::chrono::system_clock::now();
+  }
 };
 
 /// The file system of the machine that runs the form.

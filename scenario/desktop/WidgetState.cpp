@@ -55,6 +55,7 @@ std::string GridDifference(const Grid& grid, const QWidget& widget) {
   for (int row = 1; row < std::min(grid.Rows(), kMaxRows); ++row) {
     for (int col = 0; col < grid.Cols(); ++col) {
       const std::string shown = FromQt(model.index(row - 1, col).data(Qt::EditRole).toString());
+      if (view->isColumnHidden(col) && shown.empty()) continue;  // concealed from who counts
       const std::string difference = Shows(shown, std::string(grid.TextMatrix(row, col)));
       if (!difference.empty()) {
         return "in row " + std::to_string(row) + ", column " + std::to_string(col) + " " + difference;

@@ -101,6 +101,12 @@ class Tour : public CountingWorld {
     Form().flexDetail.UserEdit(2, LineColumn::AcceptedCounting, "4");
     Click(Form().cmdCalc);
     Note("Calculate, with a line for which a unit and a receipt's rate are found and one without");
+    screen.OnModal = nullptr;  // the list is closed
+    database.Execute("update tblInventoryReceiptDetail set Qty=6 where Barcode='G1'");
+    Form().Timer1.Fire();
+    Form().mnuMovedStock.UserClick();
+    database.Execute("update tblInventoryReceiptDetail set Qty=5 where Barcode='G1'");
+    Note("Stock that has moved: the figures of Calculate, then the documents of the line that is looked at");
   }
 
   static void AskForParts(frmGoodSearch& form) {
