@@ -76,7 +76,7 @@ NormalizedStatement Normalize(const std::string& statement) {
   std::size_t run = 0;  // [run, endOfLast) is copied unchanged
   const auto copyRun = [&] { normalized.text.append(statement, run, endOfLast - run); };
   for (SqlToken token = lexer.Next(); token.kind != SqlTokenKind::End; token = lexer.Next()) {
-    if (token.kind == SqlTokenKind::Symbol && lexer.TextOf(token) == ";") {
+    if (token.kind == SqlTokenKind::Symbol && statement[token.begin] == ';') {
       if (lexer.Next().kind != SqlTokenKind::End) Refuse("More than one statement in a call.", statement);
       break;
     }

@@ -25,20 +25,41 @@ SqlToken SqlLexer::Next() {
   while (at_ < text_.size() && IsSpace(text_[at_])) ++at_;
   if (at_ == text_.size()) return {SqlTokenKind::End, at_, at_};
   const char c = text_[at_];
-  if (IsWord(c) && !IsDigit(c) && c != 'N' && c != 'n') return TakeWord(SqlTokenKind::Word);
+  if (IsDigit(c)) return TakeNumber();
   const char next = Peek(1);
-  if (c == '\'') return TakeQuoted(SqlTokenKind::String, 1, '\'');
-  if ((c == 'N' || c == 'n') && next == '\'') return TakeQuoted(SqlTokenKind::NationalString, 2, '\'');
-  if (c == '"') return TakeQuoted(SqlTokenKind::Word, 1, '"');
-  if (c == '[') return TakeQuoted(SqlTokenKind::Word, 1, ']');
-  if (c == '-' && next == '-') return TakeComment("\n", true);
-  if (c == '/' && next == '*') return TakeComment("*/", false);
-  if (IsDigit(c) || (c == '.' && IsDigit(next))) return TakeNumber();
-  if (IsWord(c)) return TakeWord(SqlTokenKind::Word);
-  if (c == '@') return TakeWord(SqlTokenKind::Parameter);
-  if (c == '?') return Take(SqlTokenKind::Parameter, 1);
-  const bool isPair = (c == '<' && (next == '=' || next == '>')) || (next == '=' && (c == '>' || c == '!'));
-  return Take(SqlTokenKind::Symbol, isPair ? 2 : 1);
+  switch (c) {
+    case '\'':
+      return TakeQuoted(SqlTokenKind::String, 1, '\'');
+    case 'N':
+    case 'n':
+      if (next == '\'') return TakeQuoted(SqlTokenKind::NationalString, 2, '\'');
+      break;
+    case '"':
+      return TakeQuoted(SqlTokenKind::Word, 1, '"');
+    case '[':
+      return TakeQuoted(SqlTokenKind::Word, 1, ']');
+    case '-':
+      if (next == '-') return TakeComment("\n", true);
+      break;
+    case '/':
+      if (next == '*') return TakeComment("*/", false);
+      break;
+    case '.':
+      if (IsDigit(next)) return TakeNumber();
+      break;
+    case '@':
+      return TakeWord(SqlTokenKind::Parameter);
+    case '?':
+      return Take(SqlTokenKind::Parameter, 1);
+    case '<':
+      return Take(SqlTokenKind::Symbol, next == '=' || next == '>' ? 2 : 1);
+    case '>':
+    case '!':
+      return Take(SqlTokenKind::Symbol, next == '=' ? 2 : 1);
+    default:
+      break;
+  }
+  return IsWord(c) ? TakeWord(SqlTokenKind::Word) : Take(SqlTokenKind::Symbol, 1);
 }
 
 SqlToken SqlLexer::Take(SqlTokenKind kind, std::size_t length) {
@@ -82,9 +103,8 @@ SqlToken SqlLexer::TakeNumber() {
 }
 
 SqlToken SqlLexer::TakeWord(SqlTokenKind kind) {
-  std::size_t length = 1;
-  while (at_ + length < text_.size() && IsWord(text_[at_ + length])) ++length;
-  return Take(kind, length);
+  const auto end = std::find_if_not(text_.begin() + at_ + 1, text_.end(), IsWord);
+  return Take(kind, static_cast<std::size_t>(end - text_.begin()) - at_);
 }
 
 }  // namespace koru

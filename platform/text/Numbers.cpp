@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <limits>
+#include <optional>
 
 namespace koru {
 namespace {
@@ -48,6 +49,18 @@ NumberPlace PlaceOfNumber(std::string_view text) {
   if (begin == std::string_view::npos) return {};
   if (text[begin] == '-' || text[begin] == '+') ++begin;
   return {begin, NumberLength(text.substr(begin))};
+}
+
+/// The number that a text of at most fifteen digits and nothing else is, as most cells of a counting are;
+/// nothing for any other text.
+std::optional<double> FewDigits(std::string_view text) {
+  if (text.empty() || text.size() > kSignificantDigits) return std::nullopt;
+  std::int64_t number = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) return std::nullopt;
+    number = number * 10 + (c - '0');
+  }
+  return static_cast<double>(number);
 }
 
 /// Whether an unrepresentable number is too small rather than too large.
@@ -117,6 +130,7 @@ std::string PlainText(const Decimal& decimal) {
 }  // namespace
 
 double Val(std::string_view text) {
+  if (const auto number = FewDigits(text)) return *number;
   const NumberPlace place = PlaceOfNumber(text);
   if (place.length == 0) return 0;
   const bool negative = place.begin > 0 && text[place.begin - 1] == '-';

@@ -15,6 +15,8 @@ namespace {
 TEST(Val, Reads_the_leading_number_and_stops_at_the_first_other_character) {
   EXPECT_EQ(Val("12abc"), 12);
   EXPECT_EQ(Val("007"), 7);
+  EXPECT_EQ(Val("999999999999999"), 999999999999999.0);
+  EXPECT_EQ(Val("9007199254740993"), 9007199254740992.0) << "more digits than a double has";
   EXPECT_EQ(Val("  \t 3.25 kg"), 3.25);
   EXPECT_EQ(Val("-4"), -4);
   EXPECT_EQ(Val("+4"), 4);
