@@ -72,8 +72,7 @@ void RefreshCommands(DocumentMode mode, InvCountingControls& controls) {
   controls.cmdEdit.SetEnabled(stored && !final);
   controls.cmdDelete.SetEnabled(stored && !final);
   controls.cmdFunc.SetEnabled(stored && final);
-  const bool entering = mode == DocumentMode::Editing || mode == DocumentMode::New;
-  controls.mnuImport.SetEnabled(entering && controls.flexDetail.Rows() >= 2);
+  controls.mnuImport.SetEnabled(entering && needs.hasLines);
   controls.mnuMovedStock.SetEnabled(mode != DocumentMode::Empty && needs.hasStore && needs.hasLines);
   for (Button* button : {&controls.cmdCancel, &controls.cmdDelete, &controls.cmdEdit, &controls.cmdExit,
                          &controls.cmdIsFinalized, &controls.cmdNew, &controls.cmdTmpSave, &controls.cmdView,
