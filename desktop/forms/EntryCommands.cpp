@@ -15,11 +15,10 @@
 namespace koru {
 namespace {
 
-QAction& AddEntryCommand(QMenu& menu, QWidget& window, FormBinding& binding, MenuItem& item) {
-  auto* const action = new QAction(&window);
+QAction& AddEntryCommand(QMenu& menu, FormBinding& binding, MenuItem& item, const QString& keys = {}) {
+  auto* const action = new QAction(&menu);
   menu.addAction(action);
-  window.addAction(action);  // its key works while the menu is closed
-  binding.Bind(item, *action, BlockedBy::Figures);
+  binding.Bind(item, *action, BlockedBy::Figures, keys);
   return *action;
 }
 
@@ -41,13 +40,17 @@ bool RedoText() {
 }  // namespace
 
 void AddEntryCommands(QMenu& menu, QWidget& window, FormBinding& binding, InvCountingControls& controls) {
-  AddEntryCommand(menu, window, binding, controls.mnuUndo).setShortcut(Qt::CTRL | Qt::Key_Z);
-  QAction& redo = AddEntryCommand(menu, window, binding, controls.mnuRedo);
-  redo.setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
-  QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_Y, &window), &QShortcut::activated, &redo, [&redo] {
-    if (!RedoText()) redo.trigger();
-  });
-  AddEntryCommand(menu, window, binding, controls.mnuAcceptEqual);
+  QAction& undo = AddEntryCommand(menu, binding, controls.mnuUndo, QStringLiteral("Ctrl+Z"));
+  QAction& redo = AddEntryCommand(menu, binding, controls.mnuRedo, QStringLiteral("Ctrl+Y"));
+  AddEntryCommand(menu, binding, controls.mnuAcceptEqual);
+  const auto press = [&window](QKeyCombination key, QAction& action, bool (*takesIt)()) {
+    QObject::connect(new QShortcut(key, &window), &QShortcut::activated, &action, [&action, takesIt] {
+      if (takesIt == nullptr || !takesIt()) action.trigger();
+    });
+  };
+  press(Qt::CTRL | Qt::Key_Z, undo, nullptr);
+  press(Qt::CTRL | Qt::SHIFT | Qt::Key_Z, redo, nullptr);
+  press(Qt::CTRL | Qt::Key_Y, redo, &RedoText);
 }
 
 }  // namespace koru

@@ -70,7 +70,9 @@ class FormBinding : public QObject {
   void Bind(TreeSelector& control, SelectorEdit& widget, SelectorRecords& records);
   void Bind(PersonSelector& control, SelectorEdit& widget, SelectorRecords& records);
   void Bind(Grid& control, GridView& widget);
-  void Bind(MenuItem& control, QAction& action, BlockedBy blockedBy = BlockedBy::Nothing);
+  /// `keys`: what the menu shows after the caption.
+  void Bind(MenuItem& control, QAction& action, BlockedBy blockedBy = BlockedBy::Nothing,
+            const QString& keys = {});
   void Bind(Timer& control);
 
   /// Presses a command for the user. Returns false if it is not available or refused input blocks it; the

@@ -279,10 +279,10 @@ void FormBinding::Bind(Grid& control, GridView& widget) {
   grids_.push_back(&widget);
 }
 
-void FormBinding::Bind(MenuItem& control, QAction& action, BlockedBy blockedBy) {
+void FormBinding::Bind(MenuItem& control, QAction& action, BlockedBy blockedBy, const QString& keys) {
   action.setObjectName(QString::fromStdString(control.Name()));
-  Follow(control, [&control, &action] {
-    action.setText(ToQt(control.Caption()));
+  Follow(control, [&control, &action, keys] {
+    action.setText(ToQt(control.Caption()) + (keys.isEmpty() ? keys : u'\t' + keys));
     action.setEnabled(control.Enabled());
     action.setVisible(control.Visible());
   });
