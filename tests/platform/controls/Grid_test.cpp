@@ -168,6 +168,19 @@ TEST_F(GridTest, New_rows_and_texts_are_reported_once_when_redraw_is_on_again) {
   EXPECT_EQ(reports, std::vector<std::string>{}) << "nothing has changed";
 }
 
+TEST_F(GridTest, Another_current_cell_is_reported_once_when_redraw_is_on_again) {
+  int changes = 0;
+  grid.CurrentChanged.Always([&] { ++changes; });
+  {
+    const GridRedrawOff off(grid);
+    for (int row = 1; row < grid.Rows(); ++row) grid.SetCurrent(row, 2);
+    EXPECT_EQ(changes, 0);
+  }
+  EXPECT_EQ(changes, 1);
+  { const GridRedrawOff off(grid); }
+  EXPECT_EQ(changes, 1) << "nothing has changed";
+}
+
 TEST_F(GridTest, Removed_rows_are_reported_at_once_also_while_redraw_is_off) {
   Watch();
   const GridRedrawOff off(grid);
@@ -256,6 +269,28 @@ TEST_F(GridTest, The_order_of_entry_comes_back_until_another_order_is_kept) {
   grid.Sort(1, SortMode::GenericDescending);
   grid.SortByEntry();
   EXPECT_EQ(Names(), (std::vector<std::string>{"0", "b", "c"}));
+}
+
+TEST_F(GridTest, A_row_keeps_its_place_in_the_order_of_entry_and_gives_it_to_no_other_row) {
+  const auto entryOf = [this](std::string_view name) {
+    int row = 1;
+    while (grid.TextMatrix(row, 1) != name) ++row;
+    return grid.EntryOf(row);
+  };
+  const std::uint32_t a = entryOf("a");
+  const std::uint32_t b = entryOf("b");
+  ASSERT_NE(a, b);
+  grid.Sort(1, SortMode::GenericAscending);
+  EXPECT_EQ(entryOf("a"), a);
+  EXPECT_EQ(entryOf("b"), b);
+  grid.RemoveItem(2);  // b
+  grid.AddItem("");
+  EXPECT_EQ(entryOf("a"), a);
+  EXPECT_NE(grid.EntryOf(3), b);
+  grid.SetRows(1);
+  grid.AddItem("");
+  EXPECT_NE(grid.EntryOf(1), a);
+  EXPECT_NE(grid.EntryOf(1), b);
 }
 
 TEST_F(GridTest, The_user_types_only_into_editable_cells) {
