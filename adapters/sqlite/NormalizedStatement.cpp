@@ -16,6 +16,11 @@ constexpr std::size_t kExpectedLiterals = 16;
   throw DatabaseError(why, kBrokenStatement, statement);
 }
 
+bool IsLiteral(SqlToken token) {
+  return token.kind == SqlTokenKind::Number || token.kind == SqlTokenKind::String ||
+         token.kind == SqlTokenKind::NationalString;
+}
+
 /// The value of a text literal; `opening` is the length of its `'` or `N'`.
 std::string Content(std::string_view literal, std::size_t opening) {
   literal = literal.substr(opening, literal.size() - opening - 1);
@@ -64,16 +69,31 @@ void Append(NormalizedStatement& normalized, SqlToken token, std::string_view te
   }
 }
 
+/// The beginning, of which `normalized` was made, holds no literal; a `(` at its end is a token, since words
+/// in brackets and comments end otherwise.
+void KeepLead(std::string_view beginning, const std::string& normalized, StatementLead& lead) {
+  const bool isLead = beginning.ends_with('(');
+  lead.text = isLead ? beginning : std::string_view();
+  lead.normalized = isLead ? std::string_view(normalized) : std::string_view();
+}
+
 }  // namespace
 
 NormalizedStatement Normalize(const std::string& statement) {
+  StatementLead none;
+  return Normalize(statement, none);
+}
+
+NormalizedStatement Normalize(const std::string& statement, StatementLead& lead) {
   if (statement.find('\0') != std::string::npos) Refuse("A statement has no NUL characters.", statement);
   NormalizedStatement normalized;
   normalized.text.reserve(statement.size());
   normalized.literals.reserve(kExpectedLiterals);
-  SqlLexer lexer(statement);
-  std::size_t endOfLast = 0;
-  std::size_t run = 0;  // [run, endOfLast) is copied unchanged
+  const bool isKnown = !lead.text.empty() && statement.starts_with(lead.text);
+  if (isKnown) normalized.text += lead.normalized;
+  std::size_t endOfLast = isKnown ? lead.text.size() : 0;
+  std::size_t run = endOfLast;  // [run, endOfLast) is copied unchanged
+  SqlLexer lexer(statement, endOfLast);
   const auto copyRun = [&] { normalized.text.append(statement, run, endOfLast - run); };
   for (SqlToken token = lexer.Next(); token.kind != SqlTokenKind::End; token = lexer.Next()) {
     if (token.kind == SqlTokenKind::Symbol && statement[token.begin] == ';') {
@@ -85,6 +105,8 @@ NormalizedStatement Normalize(const std::string& statement) {
         token.begin == endOfLast || (token.begin == endOfLast + 1 && statement[endOfLast] == ' ');
     if (!isKept || !follows || run == endOfLast) {
       copyRun();
+      if (!isKnown && IsLiteral(token) && normalized.literals.empty())
+        KeepLead(std::string_view(statement).substr(0, endOfLast), normalized.text, lead);
       const bool isComment = token.kind == SqlTokenKind::Comment;
       if ((token.begin > endOfLast || isComment) && !normalized.text.empty() && normalized.text.back() != ' ')
         normalized.text += ' ';

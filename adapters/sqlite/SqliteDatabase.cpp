@@ -67,7 +67,7 @@ void SqliteDatabase::Idle() noexcept {
 }
 
 Recordset SqliteDatabase::Open(const SqlText& statement) {
-  const NormalizedStatement normalized = Normalize(statement.Text());
+  const NormalizedStatement normalized = Normalize(statement.Text(), lead_);
   // Without its transaction, a later statement of the batch would be stored by itself.
   if (batchLevels_ > 0 && !connection_.InTransaction())
     throw DatabaseError(kNotStored, SQLITE_ABORT, statement.Text());

@@ -63,6 +63,7 @@ class SqliteDatabase : public Database {
 
   SqliteConnection connection_;
   std::filesystem::path log_;  ///< the write-ahead log; empty when the file has none
+  StatementLead lead_;         ///< of the last statement: a save sends thousands with the same
   StatementCache<SqliteStatement> cache_;
   Snapshot snapshot_;
   int batchLevels_ = 0;

@@ -27,8 +27,9 @@ struct SqlToken {
 /// text is part of a token or is white space.
 class SqlLexer {
  public:
-  /// `text` must outlive the lexer.
-  explicit SqlLexer(std::string_view text) : text_(text) {}
+  /// `text` must outlive the lexer. The first token is the first one after `begin`, a place between two
+  /// tokens.
+  explicit SqlLexer(std::string_view text, std::size_t begin = 0) : text_(text), at_(begin) {}
 
   /// The next token; at the end of the text always End.
   SqlToken Next();
@@ -48,7 +49,7 @@ class SqlLexer {
   }
 
   std::string_view text_;
-  std::size_t at_ = 0;
+  std::size_t at_;
 };
 
 }  // namespace koru

@@ -16,6 +16,34 @@ TEST(NormalizedStatement, Statements_that_differ_in_literals_alone_have_one_text
   EXPECT_EQ(a.text, b.text);
 }
 
+TEST(NormalizedStatement, A_statement_that_begins_as_an_earlier_one_is_read_in_the_same_way) {
+  for (const std::string earlier : {"insert into T (A,B) values(1,'x')", "select A from [T(] where B in (1)",
+                                    "select A from T -- (\n where B=9", "(1)", "select 1"}) {
+    for (const std::string statement :
+         {"insert into T (A,B) values('y',2)", "insert into T (A,B) values( N'it''s' ,-3)",
+          "insert into T (A,B) values(NULL , /* ( */ 4);", "insert into T (A,B) values(((5),6)",
+          "insert  into T (A,B) values(7)", "insert into T (A,B) values", "select A from [T(] where B=8",
+          "select A from [T(] where B in (A,'10')", "select A from T -- (\n where C in (9)", "(N'3')",
+          "(("}) {
+      StatementLead lead;
+      static_cast<void>(Normalize(earlier, lead));
+      const NormalizedStatement known = Normalize(statement, lead);
+      const NormalizedStatement read = Normalize(statement);
+      EXPECT_EQ(known.text, read.text) << statement << " after " << earlier;
+      EXPECT_EQ(known.literals, read.literals) << statement << " after " << earlier;
+    }
+  }
+}
+
+TEST(NormalizedStatement, A_statement_after_a_known_beginning_is_refused_as_well) {
+  StatementLead lead;
+  static_cast<void>(Normalize("insert into T values(1)", lead));
+  EXPECT_EQ(lead.text, "insert into T values(");
+  EXPECT_THROW((void)Normalize("insert into T values('1)", lead), DatabaseError);
+  EXPECT_THROW((void)Normalize("insert into T values(2); delete T", lead), DatabaseError);
+  EXPECT_THROW((void)Normalize(std::string("insert into T values('\0')", 25), lead), DatabaseError);
+}
+
 TEST(NormalizedStatement, Number_literals_and_text_literals_differ) {
   EXPECT_NE(Normalize("select * from T where A=1").text, Normalize("select * from T where A='1'").text);
 }
