@@ -2,33 +2,20 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QPersistentModelIndex>
-#include <algorithm>
 #include <vector>
 
 #include "desktop/grid/CellHint.h"
-#include "desktop/grid/GridSearch.h"
 #include "desktop/grid/GridView.h"
+#include "desktop/grid/TabbedText.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/text/TypedNumber.h"
 
 namespace koru {
 namespace {
 
-std::vector<QStringList> CopiedLines() {
-  QString text = QApplication::clipboard()->text();
-  text.remove(u'\r');
-  if (text.isEmpty()) return {};  // an empty clipboard, or a picture
-  if (text.endsWith(u'\n')) text.chop(1);
-  std::vector<QStringList> lines;
-  for (const QString& line : text.split(u'\n')) lines.push_back(line.split(u'\t'));
-  return lines;
-}
-
-int TextsIn(const QStringList& texts) {
-  return static_cast<int>(std::count_if(texts.begin(), texts.end(),
-                                        [](const QString& text) { return !text.trimmed().isEmpty(); }));
-}
+std::vector<QStringList> CopiedRows() { return CellsOf(QApplication::clipboard()->text()); }
 
 /// RAII: the wait cursor while many cells are filled.
 class WaitCursor {
@@ -41,74 +28,100 @@ class WaitCursor {
 
 }  // namespace
 
+/// The selected rectangle: rows, and the places of columns in the order in which they are shown.
+QRect CellClipboard::SelectedPlaces() const {
+  const QHeaderView& titles = *view_.horizontalHeader();
+  QRect places;
+  for (const QItemSelectionRange& range : view_.selectionModel()->selection()) {
+    for (int col = range.left(); col <= range.right(); ++col) {
+      if (view_.isColumnHidden(col)) continue;
+      places |= QRect(titles.visualIndex(col), range.top(), 1, range.height());
+    }
+  }
+  return places;
+}
+
 void CellClipboard::Copy() const {
   const QModelIndex current = view_.currentIndex();
-  if (current.isValid()) QApplication::clipboard()->setText(current.data(Qt::EditRole).toString());
+  if (!current.isValid()) return;
+  const QRect places = SelectedPlaces();
+  if (view_.selectionBehavior() == QAbstractItemView::SelectRows || places.width() * places.height() <= 1) {
+    QApplication::clipboard()->setText(current.data(Qt::EditRole).toString());
+    return;
+  }
+  std::vector<QStringList> rows;
+  for (int row = places.top(); row <= places.bottom(); ++row) {
+    rows.emplace_back();
+    for (int place = places.left(); place <= places.right(); ++place) {
+      const int col = view_.horizontalHeader()->logicalIndex(place);
+      rows.back() += view_.Rows().index(row, col).data(Qt::EditRole).toString();
+    }
+  }
+  QApplication::clipboard()->setText(TabbedText(rows));
 }
 
 bool CellClipboard::HoldsSeveralTexts() {
-  const std::vector<QStringList> lines = CopiedLines();
-  return lines.size() > 1 || (!lines.empty() && lines.front().size() > 1);
+  const std::vector<QStringList> rows = CopiedRows();
+  return rows.size() > 1 || (!rows.empty() && rows.front().size() > 1);
+}
+
+void CellClipboard::Paste() const {
+  const QRect places = SelectedPlaces();
+  const QModelIndex current = view_.currentIndex();
+  const bool wholeLines = places.width() == view_.Rows().columnCount() - view_.FirstColumn();
+  const int col = places.isEmpty() || wholeLines ? current.column()
+                                                 : view_.horizontalHeader()->logicalIndex(places.left());
+  Paste(places.isEmpty() ? current : view_.Rows().index(places.top(), col));
 }
 
 void CellClipboard::Paste(const QModelIndex& from) const {
   Grid* const grid = view_.Rows().Source();
-  if (grid == nullptr || grid->Locked()) return;
+  if (grid == nullptr || grid->Locked() || !from.isValid()) return;
   const QPersistentModelIndex first(from);
   PastedCounts counts;
   {
     const WaitCursor hourglass;
+    const PastePlan plan = PlanPaste(view_, from, CopiedRows());
     const BatchEdit batch(*grid);
-    QPersistentModelIndex line(from);  // leaving an empty row removes it
-    for (const QStringList& texts : CopiedLines()) {
-      if (!line.isValid()) {
-        counts.unfit += TextsIn(texts);
-        continue;
-      }
-      const QPersistentModelIndex below(view_.Rows().index(line.row() + 1, line.column()));
-      PasteLine(line, texts, counts);
-      line = below;
-    }
+    for (const PastePlan::Row& row : plan.rows) PasteRow(plan, row, counts);
     if (first.isValid()) grid->UserMoveTo(first.row() + 1, first.column());
   }
   Report(counts);
 }
 
-/// Copied rows have a text for every column of the grid, as the Excel button writes them: their figures go to
-/// their own columns, wherever the current cell is. A text for a hidden column or one that is not typed into
-/// is left out.
-void CellClipboard::PasteLine(const QPersistentModelIndex& from, const QStringList& texts,
-                              PastedCounts& counts) const {
-  const GridModel& rows = view_.Rows();
-  const int row = from.row();
-  const int firstCol = texts.size() == rows.columnCount() ? 0 : from.column();
-  if (IsOfAnotherLine(row, firstCol, texts)) {
-    for (int i = 0; i < texts.size(); ++i) counts.unfit += IsFigure(row, firstCol + i, texts[i]) ? 1 : 0;
-    return;
-  }
-  for (int i = 0; i < texts.size(); ++i) {
-    const QModelIndex cell = rows.index(row, firstCol + i);
-    if (!cell.isValid()) {
-      counts.unfit += texts[i].trimmed().isEmpty() ? 0 : 1;
-    } else if (cell.flags().testFlag(Qt::ItemIsEditable) && !view_.isColumnHidden(cell.column())) {
-      const bool fits = PasteCell(cell, texts[i]);
-      counts.unfit += fits ? 0 : 1;
-      counts.stored += fits && !texts[i].trimmed().isEmpty() ? 1 : 0;
+/// A text for a hidden column or one that is not typed into is left out without being counted.
+void CellClipboard::PasteRow(const PastePlan& plan, const PastePlan::Row& row, PastedCounts& counts) const {
+  counts.cells += static_cast<int>(row.texts.size());
+  if (row.match == PastePlan::Match::Unknown) {
+    ++counts.unknown;
+  } else if (row.match != PastePlan::Match::Line || !row.line.isValid()) {  // leaving an empty row removes it
+    counts.unfit += FiguresIn(plan, row);
+  } else {
+    for (int i = 0; i < row.texts.size(); ++i) {
+      const QString& text = row.texts[i];
+      const int col = plan.columns[static_cast<std::size_t>(i)];
+      const QModelIndex cell = row.line.sibling(row.line.row(), col);
+      if (col == PastePlan::kBeyondEnd) {
+        counts.unfit += text.trimmed().isEmpty() ? 0 : 1;
+      } else if (cell.flags().testFlag(Qt::ItemIsEditable) && !view_.isColumnHidden(col)) {
+        const bool fits = PasteCell(cell, text);
+        counts.unfit += fits ? 0 : 1;
+        counts.stored += fits && !text.trimmed().isEmpty() ? 1 : 0;
+      }
     }
   }
 }
 
-/// Whether the texts have a text for the scan column that is not the line's own.
-bool CellClipboard::IsOfAnotherLine(int row, int firstCol, const QStringList& texts) const {
-  const int scanCol = view_.Scanning().ScanColumn();
-  if (scanCol < firstCol || scanCol >= firstCol + texts.size()) return false;
-  const QString own = view_.Rows().index(row, scanCol).data().toString();
-  return FoldedText(texts[scanCol - firstCol]) != FoldedText(own);
-}
-
-bool CellClipboard::IsFigure(int row, int col, const QString& text) const {
-  const QModelIndex cell = view_.Rows().index(row, col);
-  return cell.flags().testFlag(Qt::ItemIsEditable) && !text.trimmed().isEmpty();
+/// How many texts of a row are for cells that can be edited.
+int CellClipboard::FiguresIn(const PastePlan& plan, const PastePlan::Row& row) const {
+  const Grid& grid = *view_.Rows().Source();
+  int figures = 0;
+  for (int i = 0; i < row.texts.size(); ++i) {
+    const int col = plan.columns[static_cast<std::size_t>(i)];
+    const bool isEdited = col == PastePlan::kBeyondEnd || (col >= 0 && grid.IsEditable(col));
+    figures += isEdited && !row.texts[i].trimmed().isEmpty() ? 1 : 0;
+  }
+  return figures;
 }
 
 /// Returns false if the text is no number, or the form refused it.
@@ -120,17 +133,18 @@ bool CellClipboard::PasteCell(const QModelIndex& cell, const QString& text) cons
   return rows.Source()->UserEdit(cell.row() + 1, cell.column(), FromQt(stored));
 }
 
+/// A single text that is stored needs no report.
 void CellClipboard::Report(const PastedCounts& counts) const {
-  if (counts.unfit > 0) {
-    const QString text = QStringLiteral("%1 عدد چسبانده شد؛ %2 مقدار جا نداشت، عدد نبود يا پذيرفته نشد.")
-                             .arg(counts.stored)
-                             .arg(counts.unfit);
-    ShowCellHint(view_, view_.currentIndex(), text);
-    emit view_.reported(text);
-    emit view_.refused();
-  } else if (counts.stored > 1) {
-    emit view_.reported(QStringLiteral("%1 عدد چسبانده شد.").arg(counts.stored));
-  }
+  const bool isComplete = counts.unfit == 0 && counts.unknown == 0;
+  if (isComplete && counts.stored <= 1 && counts.cells <= 1) return;
+  QString text = QStringLiteral("%1 عدد چسبانده شد").arg(counts.stored);
+  if (counts.unfit > 0)
+    text += QStringLiteral("؛ %1 مقدار جا نداشت، عدد نبود يا پذيرفته نشد").arg(counts.unfit);
+  if (counts.unknown > 0) text += QStringLiteral("؛ باركد %1 سطر در اين شمارش نيست").arg(counts.unknown);
+  text += u'.';
+  if (!isComplete) ShowCellHint(view_, view_.currentIndex(), text);
+  emit view_.reported(text);
+  if (!isComplete) emit view_.refused();
 }
 
 }  // namespace koru

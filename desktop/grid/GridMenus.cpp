@@ -45,7 +45,7 @@ void GridMenus::ShowForRow(QPoint at) {
   const QAction* const chosen = menu.exec(at);
   if (chosen == nullptr || view_.Rows().Source() != grid) return;
   if (chosen == copy) view_.Clipboard().Copy();
-  if (chosen == paste) view_.Clipboard().Paste(view_.currentIndex());
+  if (chosen == paste) view_.Clipboard().Paste();
   if (chosen == remove) grid->UserDeleteRow();
 }
 

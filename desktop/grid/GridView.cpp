@@ -143,7 +143,9 @@ void GridView::SetGrid(Grid* grid) {
 
 void GridView::FollowGrid() {
   editing_.CloseIfReadOnly();
-  setSelectionBehavior(HasCellsToFill(grid_) ? SelectItems : SelectRows);
+  const bool hasCellsToFill = HasCellsToFill(grid_);
+  setSelectionBehavior(hasCellsToFill ? SelectItems : SelectRows);
+  setSelectionMode(hasCellsToFill ? ContiguousSelection : SingleSelection);
   QPalette colors = viewport()->palette();
   const QColor ground = OnDesktop(ColorOf(grid_->BackColor()));
   if (colors.color(QPalette::Base) != ground) {
@@ -185,6 +187,13 @@ void GridView::ReportOrder() {
   if (!HasCellsToFill(grid_)) return;
   scrollTo(currentIndex());
   emit reported(QStringLiteral("ترتيب سطرها تغيير كرد؛ ثبت، ترتيبي را كه ديده مي شود نگه مي دارد."));
+}
+
+/// A move that no key or mouse event makes selects its cell alone, also while Shift is held for Shift+Tab.
+QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+  if (event == nullptr && selectionMode() == ContiguousSelection) return QItemSelectionModel::ClearAndSelect;
+  return QTableView::selectionCommand(index, event);
 }
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -259,7 +268,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   } else if (event->matches(QKeySequence::Copy)) {
     clipboard_.Copy();
   } else if (event->matches(QKeySequence::Paste)) {
-    clipboard_.Paste(currentIndex());
+    clipboard_.Paste();
   } else if (!MovesCell(*event) || FinishEdit()) {  // an editor passes on the keys that it does not use
     scanning_.MoveBy(*event, [this, event] { QTableView::keyPressEvent(event); });
   }

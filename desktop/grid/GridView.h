@@ -22,9 +22,10 @@ class RowNumbers;
 /// A Grid on the screen. Arrows move as in a spreadsheet, typing edits the current cell (CellEditing) or
 /// searches a read-only column (ScanMode), Enter and Tab move to the next editable cell, Shift+Tab to the
 /// previous one; Enter can be set to move elsewhere (EnterMoves). Delete clears an editable cell; elsewhere,
-/// and with Ctrl everywhere, it deletes the row. Ctrl+C and Ctrl+V copy and paste cells (CellClipboard). In a
-/// grid without editable cells Enter is a double click. Ctrl+Tab leaves the grid. Keys follow the order in
-/// which the columns are shown; wherever a column has a number, it is that of the grid.
+/// and with Ctrl everywhere, it deletes the row. In a grid with editable cells a rectangle can be selected,
+/// with Shift or by dragging; Ctrl+C and Ctrl+V copy and paste cells (CellClipboard). In a grid without
+/// editable cells Enter is a double click. Ctrl+Tab leaves the grid. Keys follow the order in which the
+/// columns are shown; wherever a column has a number, it is that of the grid.
 class GridView : public QTableView {
   Q_OBJECT
 
@@ -65,6 +66,7 @@ class GridView : public QTableView {
 
   [[nodiscard]] const GridModel& Rows() const { return model_; }
   [[nodiscard]] ScanMode& Scanning() { return scanning_; }
+  [[nodiscard]] const ScanMode& Scanning() const { return scanning_; }
   [[nodiscard]] CellEditing& Editing() { return editing_; }
   [[nodiscard]] TypingPace& Pace() { return pace_; }
   [[nodiscard]] const CellClipboard& Clipboard() const { return clipboard_; }
@@ -111,6 +113,8 @@ class GridView : public QTableView {
  protected:
   bool event(QEvent* event) override;
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+  [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                                     const QEvent* event) const override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -2,10 +2,12 @@
 
 #include <QAbstractButton>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QPainter>
 #include <algorithm>
 
+#include "desktop/grid/GridCells.h"
 #include "desktop/grid/GridHeader.h"
 #include "desktop/grid/GridView.h"
 
@@ -21,13 +23,21 @@ RowNumbers::RowNumbers(GridView& view)
   QHeaderView& rows = *view_.verticalHeader();
   rows.setHighlightSections(false);
   rows.setSectionsClickable(true);
-  connect(&rows, &QHeaderView::sectionPressed, this, &RowNumbers::GoToRow);
+  // Qt's own selection of rows moves the current cell to the first column.
+  disconnect(&rows, &QHeaderView::sectionPressed, &view_, nullptr);
+  disconnect(&rows, &QHeaderView::sectionEntered, &view_, nullptr);
+  connect(&rows, &QHeaderView::sectionPressed, this, [this](int row) {
+    if (!QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier)) anchor_ = row;
+    GoToRow(row);
+  });
+  connect(&rows, &QHeaderView::sectionEntered, this, &RowNumbers::GoToRow);
   connect(&rows, &QHeaderView::sectionDoubleClicked, this, [this](int row) {
     if (view_.Rows().Source() != nullptr) view_.Rows().Source()->UserDoubleClick(row + 1, 0);
   });
   rows.setContextMenuPolicy(Qt::CustomContextMenu);
   connect(&rows, &QWidget::customContextMenuRequested, this, [this](QPoint at) {
-    GoToRow(view_.verticalHeader()->logicalIndexAt(at));
+    const int row = view_.verticalHeader()->logicalIndexAt(at);
+    if (!IsSelected(row)) GoToRow(anchor_ = row);
     view_.Menus().ShowForRow(view_.verticalHeader()->viewport()->mapToGlobal(at));
   });
   connect(&view_.Rows(), &QAbstractItemModel::dataChanged, this, &RowNumbers::Repaint);
@@ -45,6 +55,20 @@ void RowNumbers::GoToRow(int row) {
   if (row < 0 || !view_.FinishEdit()) return;
   const int col = std::max(view_.currentIndex().column(), view_.FirstColumn());
   view_.setCurrentIndex(view_.Rows().index(row, col));
+  if (HasCellsToFill(view_.Rows().Source())) SelectLines(anchor_, row);
+}
+
+void RowNumbers::SelectLines(int first, int last) {
+  const GridModel& rows = view_.Rows();
+  const QItemSelection lines(rows.index(std::min(first, last), view_.FirstColumn()),
+                             rows.index(std::max(first, last), rows.columnCount() - 1));
+  view_.selectionModel()->select(lines, QItemSelectionModel::ClearAndSelect);
+}
+
+bool RowNumbers::IsSelected(int row) const {
+  const GridModel& rows = view_.Rows();
+  return row >= 0 && view_.selectionModel()->isSelected(rows.index(row, view_.FirstColumn())) &&
+         view_.selectionModel()->isSelected(rows.index(row, rows.columnCount() - 1));
 }
 
 void RowNumbers::Fit() {

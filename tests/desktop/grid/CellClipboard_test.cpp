@@ -127,14 +127,12 @@ TEST_F(CellClipboardTest, A_copied_row_fills_its_own_columns_wherever_the_curren
   QApplication::clipboard()->setText(QStringLiteral("621\tپيچ\t7\t11"));
   Press(Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(Cell(1, 4), "11") << "a part of a row too";
-  QSignalSpy reported(view, &GridView::reported);
+  grid.SetTextMatrix(1, 4, "");
+  grid.SetTextMatrix(2, 4, "");
   grid.SetCurrent(2, 1);
   QApplication::clipboard()->setText(rows);
   Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(2, 4), "20") << "figures of another good";
-  EXPECT_EQ(Cell(3, 4), "");
-  ASSERT_EQ(reported.count(), 1);
-  EXPECT_TRUE(reported.front().front().toString().startsWith(QStringLiteral("0 عدد چسبانده شد؛ 4 مقدار ")));
+  EXPECT_EQ(Cell(1, 4) + " " + Cell(2, 4) + " " + Cell(3, 4), "10 20 ") << "whatever the line of the cursor";
 }
 
 TEST_F(CellClipboardTest, Lines_pasted_into_a_cell_that_is_being_typed_fill_it_and_the_cells_below) {
