@@ -49,6 +49,7 @@ class Planner {
   void TakeFigures(int barcodes);
   void PlanByPosition();
   void PlanByBarcode(int barcodes);
+  [[nodiscard]] bool MayHaveBarcodes() const;
   [[nodiscard]] std::optional<int> BarcodesInBlock();
   [[nodiscard]] bool NamesGoods(int at, int barcodes, const std::function<bool(int col)>& isColumn) const;
   [[nodiscard]] bool IsCopiedHere(int barcodes, int first) const;
@@ -108,9 +109,17 @@ void Planner::TakeFigures(int barcodes) {
   }
 }
 
+/// Whether a text is long enough: a few figures are pasted without a look at all lines.
+bool Planner::MayHaveBarcodes() const {
+  return std::ranges::any_of(block_, [](const QStringList& texts) {
+    return std::ranges::any_of(texts,
+                               [](const QString& text) { return text.trimmed().size() >= kMinBarcode; });
+  });
+}
+
 /// The column of the block that has most barcodes of lines.
 std::optional<int> Planner::BarcodesInBlock() {
-  if (view_.Scanning().ScanColumn() < 0) return std::nullopt;
+  if (view_.Scanning().ScanColumn() < 0 || !MayHaveBarcodes()) return std::nullopt;
   IndexBarcodes();
   std::vector<int> hits(static_cast<std::size_t>(width_), 0);
   for (const QStringList& texts : block_) {
