@@ -6,6 +6,7 @@
 
 #include "benchmarks/Calculating.h"
 #include "benchmarks/Countings.h"
+#include "benchmarks/Importing.h"
 #include "benchmarks/Memory.h"
 #include "benchmarks/RunMain.h"
 #include "benchmarks/Saving.h"
@@ -34,6 +35,7 @@ std::vector<Workload> AllWorkloads(const fs::path& folder, const fs::path& fullS
   for (Workload& workload : SavingWorkloads(CopyForWriting(fullSample))) all.push_back(std::move(workload));
   for (Workload& workload : ShowingWorkloads(fullSample.string(), (folder / "workbooks").string()))
     all.push_back(std::move(workload));
+  all.push_back(ImportWorkload(fullSample.string(), (folder / "counts.xlsx").string()));
   all.push_back(SearchWorkload(search));
   return all;
 }

@@ -57,8 +57,8 @@ const char* ProblemName(ImportState state) {
 
 }  // namespace
 
-frmCountImport::frmCountImport(SharedState& shared, const Grid& lines, std::string file, FileTable table,
-                               ReadSheet read)
+frmCountImport::frmCountImport(SharedState& shared, const Grid& lines, const std::string& file,
+                               FileTable table, ReadSheet read)
     : Form(shared.services.screen, "frmCountImport"),
       shared_(shared),
       lines_(lines),
@@ -66,7 +66,7 @@ frmCountImport::frmCountImport(SharedState& shared, const Grid& lines, std::stri
       read_(std::move(read)) {
   SetCaption("آوردن شمارش از پرونده");
   OnFailure = [this](const std::exception& failure) { shared_.messages.ShowFailure(failure); };
-  lblFile.SetCaption(std::move(file));
+  lblFile.SetCaption("پرونده: " + file);
   SetUp();
   OfferColumns();
   for (ComboBox* const list : {&cmbBarcode, &cmbCode, &cmbFirst, &cmbSecond, &cmbThird, &cmbAccepted})

@@ -33,7 +33,8 @@ class frmCountImport : public Form {
   static constexpr std::uint32_t kComesInColor = 0x00FFFFFF;
 
   /// `shared` and `lines` must outlive the form. `file` is shown to the user.
-  frmCountImport(SharedState& shared, const Grid& lines, std::string file, FileTable table, ReadSheet read);
+  frmCountImport(SharedState& shared, const Grid& lines, const std::string& file, FileTable table,
+                 ReadSheet read);
 
   /// What comes in; nothing if the user has cancelled.
   [[nodiscard]] const std::optional<std::vector<ImportedFigure>>& Accepted() const { return accepted_; }

@@ -99,12 +99,12 @@ void CountImportWindow::AddPreview(QBoxLayout& window) {
   Binding().Bind(form_.lblSummary, *summary);
   window.addWidget(summary);
   auto* const preview = new GridView(this);
-  for (const int col : {ImportColumn::Before, ImportColumn::After}) {
+  for (const int col : {ImportColumn::Text, ImportColumn::Before, ImportColumn::After}) {
     ColumnStyle number;
     number.number = true;
     preview->SetColumnStyle(col, number);
   }
-  preview->SetStretchColumn(ImportColumn::GoodName);
+  preview->SetStretchColumn(ImportColumn::State);
   preview->SetRowNumbers(true);
   preview->setAccessibleName(QStringLiteral("پيش\u200cنمايش شمارش\u200cها"));
   Binding().Bind(form_.flexPreview, *preview);
