@@ -1,0 +1,55 @@
+#include "floor/FloorMembers.h"
+
+#include <algorithm>
+
+namespace koru {
+
+void FloorMembers::Member::Keep(const FloorAnswer& answer) {
+  const bool isEntered = answer.state == FigureState::Stored || answer.state == FigureState::Warned;
+  if (isEntered) entered.Add(answer.sequence);
+  if (!answers.insert_or_assign(answer.sequence, answer).second) return;
+  ++device.received;
+  if (!isEntered) ++device.refused;
+}
+
+FloorMembers::FloorMembers(const JournalStart& start) {
+  for (const JournalStart::Device& kept : start.devices) {
+    Member& member = Of(kept.count, kept.id);
+    member.device.name = kept.name;
+    member.entered = kept.entered;
+  }
+}
+
+FloorMembers::Member& FloorMembers::Of(int count, const std::string& id) {
+  const auto [found, isNew] = members_.try_emplace({count, id});
+  if (isNew) {
+    found->second.device.count = count;
+    found->second.device.id = id;
+  }
+  return found->second;
+}
+
+void FloorMembers::Take(const JournalFigure& figure) {
+  if (figure.IsOfDesk()) return;
+  Member& member = Of(figure.count, figure.device);
+  member.Keep(figure.answer);
+  member.device.lastContact = std::max(member.device.lastContact, figure.time);
+}
+
+std::vector<FloorDevice> FloorMembers::Devices() const {
+  std::vector<FloorDevice> devices;
+  devices.reserve(members_.size());
+  for (const auto& [key, member] : members_) devices.push_back(member.device);
+  return devices;
+}
+
+std::vector<JournalStart::Device> FloorMembers::ForJournal() const {
+  std::vector<JournalStart::Device> devices;
+  devices.reserve(members_.size());
+  for (const auto& [key, member] : members_) {
+    devices.push_back({member.device.count, member.device.id, member.device.name, member.entered});
+  }
+  return devices;
+}
+
+}  // namespace koru

@@ -1,0 +1,405 @@
+#include "floor/FloorSession.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "floor/TypedFigure.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/Text.h"
+#include "platform/text/TypedNumber.h"
+#include "services/CapturedMessages.h"
+
+namespace koru {
+namespace {
+
+constexpr std::size_t kMaxIDLength = 64;
+
+/// Revisions of a later session are higher, so that a device that was away notices that it is another one.
+constexpr std::int64_t kRevisionsPerSecond = 1000;
+
+/// RAII: until destruction, figures that change are those of the floor.
+class Entering {
+ public:
+  explicit Entering(bool& entering) : entering_(entering) { entering_ = true; }
+  Entering(const Entering&) = delete;
+  Entering& operator=(const Entering&) = delete;
+  ~Entering() { entering_ = false; }
+
+ private:
+  bool& entering_;
+};
+
+}  // namespace
+
+bool FloorSession::MayBegin(const InvCountingControls& controls, const SharedState& shared) {
+  return shared.DocMode == DocumentMode::Editing && controls.CountingID() > 0;
+}
+
+FloorSession::FloorSession(InvCountingControls& controls, const SharedState& shared,
+                           FloorSurroundings surroundings)
+    : controls_(controls),
+      shared_(shared),
+      around_(std::move(surroundings)),
+      countingID_(static_cast<std::int32_t>(controls.CountingID())),
+      codes_(around_.random),
+      lines_(controls.flexDetail, around_.now().time_since_epoch().count() * kRevisionsPerSecond),
+      keeper_(around_.journal, [this] { return JournalText(StartNow()); }) {
+  if (!MayBegin(controls, shared)) {
+    throw InputError(
+        "شمارش با گوشي براي شمارشي است كه ذخيره شده و در حال اصلاح است. نخست ثبت موقت و سپس اصلاح را بزنيد.");
+  }
+  const std::string text = around_.journal.Read();
+  if (text.empty()) {
+    around_.journal.Begin(JournalText(StartNow()));
+  } else {
+    ReadLeft(text);
+  }
+  static_cast<void>(lines_.Revision());  // from now on, what the desk changes is seen
+  keeper_.Failed.Always([this](const std::string& sentence) { JournalFailed.Raise(sentence); });
+  subscriptions_.push_back(lines_.FigureChanged.Subscribe(
+      [this](const LineKey& line, int count, const std::string& before, const std::string& text) {
+        NoteDesk(line, count, before, text);
+      }));
+  subscriptions_.push_back(lines_.Changed.Subscribe([this] { Changed.Raise(); }));
+  subscriptions_.push_back(controls.Timer1.Tick.Subscribe([this] { Follow(true); }));
+  subscriptions_.push_back(controls.flexDetail.StateChanged.Subscribe([this] { Changed.Raise(); }));
+  subscriptions_.push_back(controls.form.Unloaded.Subscribe([this] { Finish(End::Unloaded); }));
+}
+
+/// A journal of another counting, or without its beginning, is no journal of this session.
+void FloorSession::ReadLeft(std::string_view text) {
+  std::optional<JournalContents> contents;
+  try {
+    contents = ReadJournal(text);
+  } catch (const InputError&) {
+    contents.reset();
+  }
+  if (!contents || contents->start.countingID != countingID_) {
+    around_.journal.SetAside();
+    around_.journal.Begin(JournalText(StartNow()));
+    return;
+  }
+  // What is appended must not follow half a line.
+  if (contents->whole < text.size()) around_.journal.Begin(text.substr(0, contents->whole));
+  Continue(*contents);
+}
+
+void FloorSession::Continue(const JournalContents& contents) {
+  codes_ = AccessCodes(around_.random, contents.start.codes);
+  members_ = FloorMembers(contents.start);
+  unknown_ = contents.start.unknown;
+  leftStart_ = contents.start;
+  lines_.SetStored(contents.start.ordinals);
+  for (const JournalFigure& figure : contents.figures) {
+    members_.Take(figure);
+    hasUnsaved_ = hasUnsaved_ || figure.IsEntered();
+  }
+  left_ = LeftFigures(contents.figures, controls_.flexDetail, lines_);
+}
+
+bool FloorSession::IsEdited() const {
+  return MayBegin(controls_, shared_) && controls_.CountingID() == countingID_;
+}
+
+bool FloorSession::IsOpen() {
+  Follow(false);
+  return end_ == End::None && left_.Cells().empty() && IsEdited() && !IsCommandAtWork();
+}
+
+bool FloorSession::IsCommandAtWork() const {
+  return shared_.services.screen.CurrentCursor() == Cursor::Hourglass || controls_.pgbStatus.Visible();
+}
+
+void FloorSession::Stop() {
+  if (end_ != End::None) return;
+  end_ = End::Stopped;
+  Changed.Raise();
+}
+
+void FloorSession::RenewCode(int count) {
+  codes_.Renew(count);
+  keeper_.Add(JournalLine(count, codes_.Of(count)));
+  static_cast<void>(Commit());
+}
+
+std::optional<int> FloorSession::CountOf(std::string_view code) {
+  Follow(false);
+  return end_ == End::None ? codes_.CountOf(code) : std::nullopt;
+}
+
+bool FloorSession::IsDeviceID(std::string_view text) {
+  const auto isPart = [](char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' || c == '_';
+  };
+  return !text.empty() && text.size() <= kMaxIDLength && std::all_of(text.begin(), text.end(), isPart);
+}
+
+FloorMembers::Member& FloorSession::MemberInContact(int count, const std::string& device) {
+  if (count < 1 || count > kFloorCounts) throw std::invalid_argument("a count is 1 to 3");
+  if (!IsDeviceID(device)) throw std::invalid_argument("not the id of a device");
+  FloorMembers::Member& member = members_.Of(count, device);
+  member.device.lastContact = around_.now();
+  return member;
+}
+
+void FloorSession::Hello(int count, const std::string& device, std::string_view name) {
+  FloorMembers::Member& member = MemberInContact(count, device);
+  const std::string_view kept = Utf16Prefix(Trim(name), kMaxNameLength);
+  if (member.device.name == kept) return;
+  member.device.name = kept;
+  keeper_.Add(JournalLine(JournalStart::Device{count, device, member.device.name, {}}));
+}
+
+void FloorSession::NoteUnknown(int count, const std::string& device, const std::string& barcode) {
+  MemberInContact(count, device);
+  Follow(false);
+  if (end_ != End::None) return;
+  const bool isKnown = std::any_of(unknown_.begin(), unknown_.end(), [&](const UnknownBarcode& known) {
+    return known.count == count && known.barcode == barcode;
+  });
+  if (isKnown || lines_.HasBarcode(barcode)) return;
+  unknown_.push_back({barcode, count, device});
+  keeper_.Add(JournalLine(unknown_.back()));
+}
+
+std::vector<FloorLine> FloorSession::Lines(int count) {
+  Follow(false);
+  return end_ == End::None ? lines_.All(count) : std::vector<FloorLine>();
+}
+
+std::vector<UnknownBarcode> FloorSession::Unknown() {
+  Follow(false);
+  if (end_ != End::None) return unknown_;
+  std::erase_if(unknown_, [this](const UnknownBarcode& known) { return lines_.HasBarcode(known.barcode); });
+  return unknown_;
+}
+
+FloorChanges FloorSession::ChangesSince(std::int64_t revision, int count) {
+  const bool open = IsOpen();
+  FloorChanges changes;
+  changes.revision = revision;
+  if (end_ == End::None) changes = lines_.Since(revision, count);
+  changes.open = open;
+  return changes;
+}
+
+/// The mode is looked at whenever something is asked. Whether an entry has been saved, registered or
+/// cancelled is known when the form's timer ticks, which it does at the end of each of these commands; in
+/// between a save may still fail.
+void FloorSession::Follow(bool settled) {
+  const bool isFollowed = end_ == End::None || end_ == End::Stopped;
+  if (!isFollowed) return;
+  const bool isSame = controls_.CountingID() == countingID_ &&
+                      (shared_.DocMode == DocumentMode::Editing || shared_.DocMode == DocumentMode::Viewing);
+  if (!isSame) {
+    Finish(End::OtherCounting);
+  } else if (shared_.DocMode == DocumentMode::Editing) {
+    wasEdited_ = true;
+  } else if (settled && wasEdited_) {
+    wasEdited_ = false;
+    if (!around_.linesAreStored()) {
+      Finish(End::Cancelled);
+    } else if (controls_.IsFinal()) {
+      hasUnsaved_ = false;
+      Finish(End::Registered);
+    } else if (end_ == End::Stopped) {
+      hasUnsaved_ = false;
+      Finish(End::Stopped);
+    } else {
+      ForgetSaved();
+    }
+  }
+}
+
+/// Ends the session. The end by which the desk has stopped it remains its end.
+void FloorSession::Finish(End end) {
+  if (end_ == End::None) {
+    end_ = end;
+  } else if (end_ != End::Stopped || subscriptions_.empty()) {
+    return;
+  }
+  subscriptions_.clear();
+  if (!hasUnsaved_) {
+    keeper_.Remove();
+  } else if (end != End::Unloaded) {
+    keeper_.SetAside();
+  }
+  Changed.Raise();
+}
+
+/// The database holds all figures: the journal is begun anew without them.
+void FloorSession::ForgetSaved() {
+  hasUnsaved_ = false;
+  lines_.KeepStored();
+  keeper_.BeginAnew();
+}
+
+JournalStart FloorSession::StartNow() {
+  JournalStart start;
+  start.countingID = countingID_;
+  for (int count = 1; count <= kFloorCounts; ++count) {
+    start.codes.at(static_cast<std::size_t>(count - 1)) = codes_.Of(count);
+  }
+  start.devices = members_.ForJournal();
+  start.unknown = unknown_;
+  start.ordinals = lines_.Stored();
+  return start;
+}
+
+std::vector<FloorAnswer> FloorSession::Enter(int count, const std::string& device,
+                                             std::span<const FloorFigure> figures) {
+  FloorMembers::Member& member = MemberInContact(count, device);
+  std::vector<FloorAnswer> answers;
+  answers.reserve(figures.size());
+  for (const FloorFigure& figure : figures) answers.push_back(Decide(member, figure));
+  return answers;
+}
+
+/// A figure that was decided before is not decided again, whatever it says now.
+FloorAnswer FloorSession::Decide(FloorMembers::Member& member, const FloorFigure& figure) {
+  const auto kept = member.answers.find(figure.sequence);
+  if (kept != member.answers.end()) return kept->second;
+  if (!IsOpen()) return {figure.sequence, FigureState::Paused, {}, {}, {}};
+  const int row = lines_.RowOf(figure.line);
+  const int col = FloorLines::ColumnOf(member.device.count);
+  JournalFigure record;
+  if (row != 0) record.before = controls_.flexDetail.TextMatrix(row, col);
+  if (member.entered.Contains(figure.sequence)) {  // before a save that was not followed by its answer
+    return {figure.sequence, FigureState::Stored, record.before, {}, {}};
+  }
+  FloorAnswer answer{figure.sequence, FigureState::Gone, {}, {}, {}};
+  if (row != 0) answer = Apply(member, figure, row);
+  if (answer.state == FigureState::Paused) return answer;
+  member.Keep(answer);
+  record.count = member.device.count;
+  record.device = member.device.id;
+  record.figure = figure;
+  record.answer = answer;
+  record.time = member.device.lastContact;
+  hasUnsaved_ = hasUnsaved_ || record.IsEntered();
+  keeper_.Add(JournalLine(record));
+  return answer;
+}
+
+/// Tests what the form would not, and hands the figure to it.
+FloorAnswer FloorSession::Apply(FloorMembers::Member& member, const FloorFigure& figure, int row) {
+  const int count = member.device.count;
+  const int col = FloorLines::ColumnOf(count);
+  const std::string before(controls_.flexDetail.TextMatrix(row, col));
+  FloorAnswer answer{figure.sequence, FigureState::Refused, before, {}, {}};
+  const bool adds = figure.operation == FloorFigure::Operation::Add;
+  if (!IsFigure(figure.text, !adds)) {
+    answer.message = "عدد نيست.";
+    return answer;
+  }
+  std::string text = TypedNumberText(figure.text);
+  if (adds) {
+    text = NumberText(Val(before) + Val(text));
+  } else if (!AreSameFigure(before, figure.base)) {
+    answer.state = AreSameFigure(before, text) ? FigureState::Stored : FigureState::Conflict;
+    if (answer.state == FigureState::Conflict) answer.by = lines_.EnteredBy(row, count);
+    return answer;
+  }
+  const Entered entered = EnterCell(row, count, text, member.ShownName());
+  answer.message = entered.message;
+  if (entered.stored) {
+    answer.state = entered.message.empty() ? FigureState::Stored : FigureState::Warned;
+    answer.text = controls_.flexDetail.TextMatrix(lines_.RowOf(figure.line), col);
+  } else if (entered.message.empty()) {
+    answer.state = FigureState::Paused;  // the grid is locked
+  }
+  return answer;
+}
+
+FloorSession::Entered FloorSession::EnterCell(int row, int count, const std::string& text,
+                                              const std::string& device) {
+  Grid& grid = controls_.flexDetail;
+  const int col = FloorLines::ColumnOf(count);
+  const std::string before(grid.TextMatrix(row, col));
+  Entered entered;
+  {
+    const Entering entering(isEntering_);
+    const CapturedMessages captured(shared_.services.components);
+    entered.stored = grid.UserEditElsewhere(row, col, text);
+    entered.message = captured.Text();
+    if (!entered.stored) return entered;
+    lines_.SetEnteredBy(row, count, device);
+  }
+  Arrived.Raise({row, col, before, std::string(grid.TextMatrix(row, col)), device});
+  return entered;
+}
+
+/// The desk's own figure: the journal shows later that it came after those of the floor.
+void FloorSession::NoteDesk(const LineKey& line, int count, const std::string& before,
+                            const std::string& text) {
+  if (isEntering_ || end_ != End::None || !IsEdited()) return;
+  JournalFigure record;
+  record.count = count;
+  record.figure = {0, line, FloorFigure::Operation::Set, text, {}};
+  record.answer = {0, FigureState::Stored, text, {}, {}};
+  record.before = before;
+  record.time = around_.now();
+  keeper_.Add(JournalLine(record));
+}
+
+ReplayedFigures FloorSession::Replay() {
+  ReplayedFigures replayed;
+  Follow(false);
+  if (end_ != End::None || !IsEdited() || IsCommandAtWork()) return replayed;
+  for (const LeftFigures::Cell& cell : left_.Cells()) {
+    const int row = lines_.RowOf(cell.line);
+    if (row == 0) {
+      replayed.gone.push_back(cell);
+      continue;
+    }
+    const std::string_view now = controls_.flexDetail.TextMatrix(row, FloorLines::ColumnOf(cell.count));
+    if (std::find(cell.known.begin(), cell.known.end(), now) == cell.known.end()) {
+      replayed.replaced.push_back(cell);
+    } else if (EnterCell(row, cell.count, cell.text, members_.Of(cell.count, cell.device).ShownName())
+                   .stored) {
+      ++replayed.entered;
+    } else {
+      replayed.refused.push_back(cell);
+    }
+  }
+  left_ = {};
+  for (const JournalFigure& figure : std::exchange(leftJournal_, {})) {
+    members_.Take(figure);
+    keeper_.Add(JournalLine(figure));
+  }
+  hasUnsaved_ = hasUnsaved_ || replayed.entered > 0;
+  static_cast<void>(Commit());
+  Changed.Raise();
+  return replayed;
+}
+
+void FloorSession::ForgoLeft() {
+  if (left_.Cells().empty()) return;
+  left_ = {};
+  if (std::exchange(leftJournal_, {}).empty()) {
+    keeper_.SetAside();
+    // The figures that nobody wants have not reached the counting: a device that still has one sends it anew.
+    members_ = FloorMembers(leftStart_);
+    hasUnsaved_ = false;
+    keeper_.BeginAnew();
+  }
+  Changed.Raise();
+}
+
+bool FloorSession::TakeBackSetAside() {
+  Follow(false);
+  if (end_ != End::None || !left_.Cells().empty()) return false;
+  const auto text = around_.journal.ReadSetAside();
+  if (!text) return false;
+  JournalContents contents = ReadJournal(*text);
+  if (contents.start.countingID != countingID_) return false;
+  left_ = LeftFigures(contents.figures, controls_.flexDetail, lines_);
+  if (left_.Cells().empty()) return false;
+  leftJournal_ = std::move(contents.figures);
+  Changed.Raise();
+  return true;
+}
+
+}  // namespace koru

@@ -1,0 +1,171 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "counting/controls/InvCountingControls.h"
+#include "floor/AccessCodes.h"
+#include "floor/FloorFigures.h"
+#include "floor/FloorLines.h"
+#include "floor/FloorMembers.h"
+#include "floor/FloorReplay.h"
+#include "floor/JournalKeeper.h"
+#include "platform/ports/FloorJournal.h"
+#include "services/SharedState.h"
+
+namespace koru {
+
+/// What a session needs beside the form.
+struct FloorSurroundings {
+  FloorJournal& journal;  ///< of the counting on the form
+  /// Whether the lines on the form are those in the database (frmInvCounting::LinesAreStored).
+  std::function<bool()> linesAreStored;
+  RandomBits random = SystemRandomBits();
+  std::function<std::chrono::sys_seconds()> now = [] {
+    return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+  };
+};
+
+/// Counting on the floor: the figures of the three counts, entered on devices between the shelves, reach the
+/// counting that is being edited at the desk. Each count has a code of its own and its devices see its own
+/// figures alone. A figure is applied once, however often it is sent, by the form's own acceptance, without a
+/// trace in what the desk is doing. It is acknowledged after it is in the journal on the disk, so that the
+/// next session of the counting has it even if this program ends now.
+///
+/// The session is open while its counting is being edited, paused while that is only viewed (a temporary
+/// save pauses it, Edit resumes it with the same codes), and has ended after a registration, Cancel, another
+/// counting or the end of the form.
+class FloorSession {
+ public:
+  enum class End {
+    None,           ///< the session has not ended
+    Registered,     ///< the journal is removed
+    Cancelled,      ///< the entry was cancelled: the journal is set aside
+    OtherCounting,  ///< the form shows another counting or none
+    Unloaded,       ///< the form is closed; a journal with figures that no save holds remains
+    Stopped         ///< by the desk; the journal is kept until the entry has ended
+  };
+
+  static constexpr std::size_t kMaxNameLength = 60;  ///< of a device, in UTF-16 units
+
+  /// Whether a session can begin: a stored counting is being edited. A new one has no lines in the database
+  /// that its figures could be replayed into.
+  [[nodiscard]] static bool MayBegin(const InvCountingControls& controls, const SharedState& shared);
+
+  /// Begins a session, or continues the one of the journal with its codes, devices and answers. Everything
+  /// must outlive the session, except that the form may be unloaded before. Throws InputError when MayBegin
+  /// is false or the journal cannot be read or written. A journal that is damaged is set aside.
+  FloorSession(InvCountingControls& controls, const SharedState& shared, FloorSurroundings surroundings);
+  FloorSession(const FloorSession&) = delete;
+  FloorSession& operator=(const FloorSession&) = delete;
+  ~FloorSession() = default;
+
+  // The state.
+
+  /// Whether figures are taken now.
+  [[nodiscard]] bool IsOpen();
+  [[nodiscard]] End Ended() const { return end_; }
+  /// Whether a command works: nothing may be read from devices meanwhile, since windows serve sockets when
+  /// they draw its progress.
+  [[nodiscard]] bool IsCommandAtWork() const;
+  /// The desk stops the session: all codes are void.
+  void Stop();
+
+  // The codes.
+
+  [[nodiscard]] const std::string& Code(int count) const { return codes_.Of(count); }
+  /// Gives a count another code; devices with the old one are out.
+  void RenewCode(int count);
+  /// The count that a code admits to; nothing when it is unknown or the session has ended.
+  [[nodiscard]] std::optional<int> CountOf(std::string_view code);
+
+  // What devices do. `device` is the id that the device has given itself (IsDeviceID), otherwise
+  // std::invalid_argument is thrown.
+
+  [[nodiscard]] static bool IsDeviceID(std::string_view text);
+  /// The device gives its name; at most kMaxNameLength of it is kept.
+  void Hello(int count, const std::string& device, std::string_view name);
+  /// Decides figures in their order. The answers must not be sent before Commit returns true.
+  [[nodiscard]] std::vector<FloorAnswer> Enter(int count, const std::string& device,
+                                               std::span<const FloorFigure> figures);
+  /// Notes a scanned barcode that no line has; once for each count.
+  void NoteUnknown(int count, const std::string& device, const std::string& barcode);
+  /// Puts on the disk what was decided since the last time: once for all requests of a loop round. False when
+  /// that failed: nothing of it may be acknowledged, and the next Commit tries all of it again.
+  [[nodiscard]] bool Commit() { return keeper_.Commit(); }
+  /// The lines as the devices of that count see them.
+  [[nodiscard]] std::vector<FloorLine> Lines(int count);
+  /// What has changed for them since a revision; 0 asks for everything.
+  [[nodiscard]] FloorChanges ChangesSince(std::int64_t revision, int count);
+
+  // What the desk sees.
+
+  [[nodiscard]] std::vector<FloorDevice> Devices() const { return members_.Devices(); }
+  /// In the order of their first scan, without those that have a line by now.
+  [[nodiscard]] std::vector<UnknownBarcode> Unknown();
+
+  /// The figures of the journal that the counting lacks, since the program ended before a save. While there
+  /// are some, the session is paused until the desk has decided.
+  [[nodiscard]] const LeftFigures& Left() const { return left_; }
+  /// Enters them as devices do. Cells in which the desk has entered something else since keep it. Does
+  /// nothing unless the counting is being edited.
+  ReplayedFigures Replay();
+  /// The desk does without them; the journal is set aside, the codes hold.
+  void ForgoLeft();
+  /// Makes the figures of the journal that was set aside last the left ones. Returns whether the counting
+  /// lacks some of them.
+  bool TakeBackSetAside();
+
+  /// Something may have changed for devices: ask ChangesSince. Listeners must not enter figures.
+  Event<> Changed;
+  Event<const FloorArrival&> Arrived;
+  /// The journal cannot be written; raised once until it can be again.
+  Event<std::string> JournalFailed;
+
+ private:
+  struct Entered {
+    bool stored = false;
+    std::string message;
+  };
+
+  void Continue(const JournalContents& contents);
+  void ReadLeft(std::string_view text);
+  [[nodiscard]] bool IsEdited() const;
+  void Follow(bool settled);
+  void Finish(End end);
+  void ForgetSaved();
+  [[nodiscard]] JournalStart StartNow();
+  FloorMembers::Member& MemberInContact(int count, const std::string& device);
+  FloorAnswer Decide(FloorMembers::Member& member, const FloorFigure& figure);
+  FloorAnswer Apply(FloorMembers::Member& member, const FloorFigure& figure, int row);
+  void NoteDesk(const LineKey& line, int count, const std::string& before, const std::string& text);
+  Entered EnterCell(int row, int count, const std::string& text, const std::string& device);
+
+  InvCountingControls& controls_;
+  const SharedState& shared_;
+  FloorSurroundings around_;
+  std::int32_t countingID_;
+  AccessCodes codes_;
+  FloorLines lines_;
+  JournalKeeper keeper_;
+  FloorMembers members_;
+  std::vector<UnknownBarcode> unknown_;
+  LeftFigures left_;
+  std::vector<JournalFigure>
+      leftJournal_;         ///< the figures that left_ comes from, when they are another journal's
+  JournalStart leftStart_;  ///< what the journal of left_ began with
+  End end_ = End::None;
+  bool wasEdited_ = true;    ///< the counting was being edited when it was looked at last
+  bool isEntering_ = false;  ///< a figure of the floor is being entered
+  bool hasUnsaved_ = false;  ///< the journal has figures that no save holds
+  std::vector<Subscription> subscriptions_;
+};
+
+}  // namespace koru

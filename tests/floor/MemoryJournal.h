@@ -1,0 +1,63 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/ports/FloorJournal.h"
+#include "platform/text/Errors.h"
+
+namespace koru::test {
+
+/// A journal on a disk in memory, which the machine can lose power over and which can be full.
+class MemoryJournal : public FloorJournal {
+ public:
+  [[nodiscard]] std::string Read() const override { return synced + appended; }
+  void Begin(std::string_view text) override {
+    Try();
+    synced = text;
+    appended.clear();
+    ++begun;
+  }
+  void Append(std::string_view lines) override {
+    Try();
+    appended += lines;
+  }
+  void Sync() override {
+    Try();
+    synced += appended;
+    appended.clear();
+    ++syncs;
+  }
+  void SetAside() override {
+    Try();
+    aside = Read();
+    Clear();
+  }
+  [[nodiscard]] std::optional<std::string> ReadSetAside() const override { return aside; }
+  void Remove() override {
+    Try();
+    Clear();
+  }
+
+  /// What was not on the disk is lost.
+  void LosePower() { appended.clear(); }
+
+  std::string synced;
+  std::string appended;
+  std::optional<std::string> aside;
+  int begun = 0;
+  int syncs = 0;
+  bool isFull = false;
+
+ private:
+  void Try() const {
+    if (isFull) throw InputError("ديسك پر است.");
+  }
+  void Clear() {
+    synced.clear();
+    appended.clear();
+  }
+};
+
+}  // namespace koru::test
