@@ -2,8 +2,10 @@
 
 #include <poll.h>
 #include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
@@ -57,5 +59,16 @@ std::string Child::Wait() {
 
 bool Child::WasKilled() const { return WIFSIGNALED(status_) && WTERMSIG(status_) == SIGKILL; }
 bool Child::EndedWell() const { return WIFEXITED(status_) && WEXITSTATUS(status_) == 0; }
+
+void KillAfter(long nanoseconds) {
+  sigevent how{};
+  how.sigev_notify = SIGEV_SIGNAL;
+  how.sigev_signo = SIGKILL;
+  timer_t timer{};
+  const itimerspec when{{0, 0}, {0, std::max(1L, nanoseconds)}};
+  if (timer_create(CLOCK_MONOTONIC, &how, &timer) != 0 || timer_settime(timer, 0, &when, nullptr) != 0) {
+    throw std::runtime_error("no timer");
+  }
+}
 
 }  // namespace koru::test

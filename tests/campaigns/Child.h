@@ -29,4 +29,7 @@ class Child {
   int status_ = 0;
 };
 
+/// Kills this process after that many nanoseconds, wherever it is then.
+void KillAfter(long nanoseconds);
+
 }  // namespace koru::test

@@ -3,7 +3,6 @@
 // middle of writing a draft.
 
 #include <gtest/gtest.h>
-#include <time.h>
 
 #include <csignal>
 #include <filesystem>
@@ -64,18 +63,6 @@ class ReportingDrafts : public DraftStore {
   DraftStore& inner_;
   Child::Report report_;
 };
-
-/// Kills this process after that many nanoseconds, wherever it is then.
-void KillAfter(long nanoseconds) {
-  sigevent how{};
-  how.sigev_notify = SIGEV_SIGNAL;
-  how.sigev_signo = SIGKILL;
-  timer_t timer{};
-  const itimerspec when{{0, 0}, {0, std::max(1L, nanoseconds)}};
-  if (timer_create(CLOCK_MONOTONIC, &how, &timer) != 0 || timer_settime(timer, 0, &when, nullptr) != 0) {
-    throw std::runtime_error("no timer");
-  }
-}
 
 /// What the reports of a killed program say of its drafts.
 struct Expected {

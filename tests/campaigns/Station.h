@@ -69,6 +69,7 @@ class Station : private ControlHost {
 
   /// Called after each figure that Perform has typed.
   std::function<void()> OnTyped;
+  [[nodiscard]] comInvCounting& Control() { return control_; }
   /// The form's timer ticks.
   void Tick(int times);
   /// The lines that the form shows.
