@@ -11,7 +11,7 @@
 namespace koru {
 namespace {
 
-constexpr const char* kTitle = "قبول شمارش هاي يكسان";
+constexpr const char* kTitle = "قبول شمارش‌هاي يكسان";
 constexpr const char* kCountedOnce = " سطر فقط يك بار شمرده شده است. آن يك شمارش براي آن ها قبول شود؟";
 constexpr const char* kOtherFigure = " سطر شمارش مورد قبول ديگري دارد. شمارش يكسان به جاي آن نوشته شود؟";
 

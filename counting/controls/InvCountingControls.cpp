@@ -31,7 +31,7 @@ InvCountingControls::InvCountingControls(Form& owner) : form(owner) {
   mnuUndo.SetCaption("برگرداندن آخرين عدد");
   mnuImport.SetCaption("آوردن شمارش از پرونده...");
   mnuRedo.SetCaption("انجام دوباره");
-  mnuAcceptEqual.SetCaption("قبول شمارش هاي يكسان");
+  mnuAcceptEqual.SetCaption("قبول شمارش‌هاي يكسان");
   for (MenuItem* const ofEntry : {&mnuUndo, &mnuRedo, &mnuAcceptEqual}) ofEntry->SetEnabled(false);
   mnuMovedStock.SetCaption("بررسي تغيير موجودي");
   cmdStop.SetCaption("لغو (Esc)");
