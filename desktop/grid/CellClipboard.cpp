@@ -84,7 +84,7 @@ void CellClipboard::Paste(const QModelIndex& from) const {
     const PastePlan plan = PlanPaste(view_, from, CopiedRows());
     const BatchEdit batch(*grid);
     for (const PastePlan::Row& row : plan.rows) PasteRow(plan, row, counts);
-    if (first.isValid()) grid->UserMoveTo(first.row() + 1, first.column());
+    if (first.isValid()) grid->UserMoveTo(view_.Rows().GridRowOf(first), first.column());
   }
   Report(counts);
 }
@@ -130,7 +130,7 @@ bool CellClipboard::PasteCell(const QModelIndex& cell, const QString& text) cons
   const QString stored = rows.TextToStore(cell.column(), text);
   if (stored == cell.data(Qt::EditRole).toString()) return true;
   if (view_.TakesNumber(cell) && !stored.isEmpty() && !IsTypedNumber(FromQt(stored))) return false;
-  return rows.Source()->UserEdit(cell.row() + 1, cell.column(), FromQt(stored));
+  return rows.Source()->UserEdit(rows.GridRowOf(cell), cell.column(), FromQt(stored));
 }
 
 /// A single text that is stored needs no report.
@@ -140,7 +140,11 @@ void CellClipboard::Report(const PastedCounts& counts) const {
   QString text = QStringLiteral("%1 عدد چسبانده شد").arg(counts.stored);
   if (counts.unfit > 0)
     text += QStringLiteral("؛ %1 مقدار جا نداشت، عدد نبود يا پذيرفته نشد").arg(counts.unfit);
-  if (counts.unknown > 0) text += QStringLiteral("؛ باركد %1 سطر در اين شمارش نيست").arg(counts.unknown);
+  if (counts.unknown > 0) {
+    const QString place = view_.Rows().IsFiltered() ? QStringLiteral("ميان سطرهاي ديده‌شده")
+                                                    : QStringLiteral("در اين شمارش");
+    text += QStringLiteral("؛ باركد %1 سطر %2 نيست").arg(counts.unknown).arg(place);
+  }
   text += u'.';
   if (!isComplete) ShowCellHint(view_, view_.currentIndex(), text);
   emit view_.reported(text);

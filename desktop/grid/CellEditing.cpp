@@ -60,7 +60,7 @@ bool CellEditing::Store(QLineEdit& editor) {
   if (editor.text() == cell_.data(Qt::EditRole).toString()) return true;
   if (RefuseIfNoNumber(editor)) return false;
   const QScopedValueRollback<bool> storing(storing_, true);
-  return rows.Source()->UserEdit(cell_.row() + 1, cell_.column(),
+  return rows.Source()->UserEdit(rows.GridRowOf(cell_), cell_.column(),
                                  FromQt(rows.TextToStore(cell_.column(), editor.text())));
 }
 

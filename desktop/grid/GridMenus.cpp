@@ -46,7 +46,7 @@ void GridMenus::ShowForRow(QPoint at) {
   if (chosen == nullptr || view_.Rows().Source() != grid) return;
   if (chosen == copy) view_.Clipboard().Copy();
   if (chosen == paste) view_.Clipboard().Paste();
-  if (chosen == remove) grid->UserDeleteRow();
+  if (chosen == remove) view_.DeleteRow();
 }
 
 void GridMenus::AddSorting(QMenu& menu, int col) {

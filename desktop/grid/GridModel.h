@@ -2,7 +2,9 @@
 
 #include <QAbstractTableModel>
 #include <QColor>
+#include <functional>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "platform/controls/Event.h"
@@ -25,9 +27,17 @@ struct ColumnStyle {
   QString markText = {};
 };
 
-/// The Qt model of a Grid. Row 0 of the grid is the header, row 1 is row 0 of the model. Texts are read from
-/// the grid whenever a view asks for them. The model counts rows and columns by the grid's reports
-/// (RowsChanging, RowsChanged), so that views are notified before and after each change.
+/// A sign before the numbers of some rows.
+struct RowSign {
+  std::function<bool(const Grid& grid, int gridRow)> has;  ///< whether a row has it; empty: none has
+  QString sign;
+  QString meaning;  ///< the tooltip, and what a screen reader reads after the number
+};
+
+/// The Qt model of a Grid. Row 0 of the grid is the header. The model has the other rows, or those that a
+/// filter shows (ShowOnly), in their order: GridRowOf and CellIndex convert. Texts are read from the grid
+/// whenever a view asks for them. The model counts rows and columns by the grid's reports (RowsChanging,
+/// RowsChanged), so that views are notified before and after each change.
 class GridModel : public QAbstractTableModel {
   Q_OBJECT
 
@@ -48,6 +58,23 @@ class GridModel : public QAbstractTableModel {
   /// Whether views have been notified of a change of rows or columns that is not complete yet.
   [[nodiscard]] bool IsChanging() const { return changing_; }
 
+  /// Shows these rows of the grid alone, in ascending order. Rows that are appended later are shown, too;
+  /// rows whose texts change stay. After a sort the same places are shown, whatever rows they now have.
+  void ShowOnly(std::vector<int> gridRows);
+  void ShowAll();
+  [[nodiscard]] bool IsFiltered() const { return isFiltered_; }
+  /// Whether the rows are being reset by ShowOnly or ShowAll: no text has changed.
+  [[nodiscard]] bool IsBeingFiltered() const { return isBeingFiltered_; }
+  /// Shows the row also if the filter hides it.
+  void Reveal(int gridRow);
+  /// The row of the grid that a cell is in; 0 for an invalid index.
+  [[nodiscard]] int GridRowOf(const QModelIndex& cell) const;
+  /// The index of a cell of the grid; invalid for the header and for a row that is hidden or does not exist.
+  [[nodiscard]] QModelIndex CellIndex(int gridRow, int col) const;
+
+  void SetRowSign(RowSign sign) { rowSign_ = std::move(sign); }
+  [[nodiscard]] const RowSign& SignOfRows() const { return rowSign_; }
+
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -58,13 +85,24 @@ class GridModel : public QAbstractTableModel {
   void BeginChange(const GridChange& change);
   void EndChange(const GridChange& change);
   void TextsChanged(int first, int last);
+  void ResetShown(bool isFiltered, std::vector<int> gridRows);
+  void BeginRemoval(int first, int last);
+  void EndRemoval(int first, int last);
+  [[nodiscard]] int ShownBefore(int gridRow) const;
+  [[nodiscard]] int GridRowAt(int row) const;
   [[nodiscard]] QVariant HeaderData(int col, int role) const;
-  [[nodiscard]] QVariant CellData(int gridRow, int col, int role) const;
+  [[nodiscard]] QVariant RowNumberData(int gridRow, int role) const;
+  [[nodiscard]] QVariant CellData(const QModelIndex& cell, int role) const;
 
   Grid* grid_ = nullptr;
-  int rows_ = 0;
+  int rows_ = 0;  ///< of the grid, without its header
   int cols_ = 0;
   bool changing_ = false;
+  bool isFiltered_ = false;
+  bool isBeingFiltered_ = false;
+  std::vector<int> shown_;     ///< if filtered: the rows of the grid that are shown, ascending
+  bool removesShown_ = false;  ///< while rows are removed: some of them are shown
+  RowSign rowSign_;
   std::vector<ColumnStyle> styles_;
   Subscription rowsChanging_;
   Subscription rowsChanged_;

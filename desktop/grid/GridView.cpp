@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <memory>
 
@@ -29,7 +30,10 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   SetUpMouse();
   scanning_.SetUnknownScan([this](const QString& barcode) { emit unknownScan(barcode); });
   connect(this, &GridView::refused, this, [] { QApplication::beep(); });
-  connect(&model_, &QAbstractItemModel::modelReset, &fitting_, &ColumnFitting::FitLater);
+  scanning_.SetHiddenRows([this](const QString& scanned) { return RevealScanned(scanned); });
+  connect(&model_, &QAbstractItemModel::modelReset, &fitting_, [this] {
+    if (!model_.IsBeingFiltered()) fitting_.FitLater();  // a filter leaves the widths alone
+  });
   connect(&model_, &QAbstractItemModel::rowsInserted, &fitting_, &ColumnFitting::FitLater);
   connect(&model_, &QAbstractItemModel::dataChanged, &fitting_,
           [this](const QModelIndex& first, const QModelIndex& last) {
@@ -121,10 +125,10 @@ void GridView::SortByUser(const SortRequest& request) {
 
 void GridView::SetUpMouse() {
   connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex& index) {
-    if (grid_ != nullptr) grid_->UserClick(index.row() + 1, index.column());
+    if (grid_ != nullptr) grid_->UserClick(model_.GridRowOf(index), index.column());
   });
   connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
-    if (grid_ != nullptr) grid_->UserDoubleClick(index.row() + 1, index.column());
+    if (grid_ != nullptr) grid_->UserDoubleClick(model_.GridRowOf(index), index.column());
   });
 }
 
@@ -137,7 +141,10 @@ void GridView::SetGrid(Grid* grid) {
   if (grid_ == nullptr) return;
   stateChanged_ = grid_->StateChanged.Subscribe([this] { FollowGrid(); });
   rowsChanged_ = grid_->RowsChanged.Subscribe([this](const GridChange& change) { FollowRows(change); });
-  currentChanged_ = grid_->CurrentChanged.Subscribe([this] { ShowCurrent(); });
+  currentChanged_ = grid_->CurrentChanged.Subscribe([this] {
+    if (!deletes_) model_.Reveal(grid_->Row());  // the program, or a command, has moved to a hidden row
+    ShowCurrent();
+  });
   FollowGrid();
 }
 
@@ -165,13 +172,56 @@ void GridView::FollowRows(const GridChange& change) {
 }
 
 void GridView::ShowCurrent() {
-  const QModelIndex wanted = model_.index(grid_->Row() - 1, ShownCol());
+  const QModelIndex wanted = model_.CellIndex(grid_->Row(), ShownCol());
   if (wanted == currentIndex()) return;
   if (wanted.isValid()) {
     setCurrentIndex(wanted);
   } else {
     selectionModel()->clear();
   }
+}
+
+void GridView::ShowOnly(std::vector<int> gridRows) {
+  model_.ShowOnly(std::move(gridRows));
+  AfterFilter();
+}
+
+void GridView::ShowAll() {
+  if (!model_.IsFiltered()) return;
+  model_.ShowAll();
+  AfterFilter();
+}
+
+void GridView::AfterFilter() {
+  scanning_.CellMoved();
+  ShowCurrent();
+  if (!currentIndex().isValid() && hasFocus()) GoToFirstCell();
+  if (currentIndex().isValid()) scrollTo(currentIndex());
+}
+
+void GridView::GoToFirstCell() {
+  if (model_.rowCount() == 0) return;
+  const QModelIndex first = NextCellToFill(*this, model_.index(0, 0), true);
+  setCurrentIndex(first.isValid() ? first : model_.index(0, 0));
+}
+
+void GridView::SetRowSign(RowSign sign) {
+  model_.SetRowSign(std::move(sign));
+  verticalHeader()->viewport()->update();
+}
+
+/// Shows the row that the filter hides and that has this text as its whole text in the scan column; an
+/// invalid index if there is none.
+QModelIndex GridView::RevealScanned(const QString& scanned) {
+  if (!model_.IsFiltered()) return {};
+  const std::string wanted = FoldedText(scanned);
+  const int col = scanning_.ScanColumn();
+  for (int row = 1; row < grid_->Rows(); ++row) {
+    if (FoldedText(ToQt(grid_->TextMatrix(row, col))) != wanted) continue;
+    model_.Reveal(row);
+    return model_.CellIndex(row, col);
+  }
+  return {};
 }
 
 int GridView::ShownCol() const { return std::max(grid_->Col(), FirstColumn()); }
@@ -207,7 +257,7 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
   // Qt moves away from a row that is being removed; the grid decides which cell is current then.
   if (model_.IsChanging()) return;
   scanning_.CellMoved();
-  const int row = current.row() + 1;
+  const int row = model_.GridRowOf(current);
   if (grid_->Row() == row && ShownCol() == current.column()) return;
   grid_->UserMoveTo(row, current.column());
 }
@@ -235,6 +285,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   scanning_.Leave();
   pace_.Forget();
   QTableView::mousePressEvent(event);
+  if (!currentIndex().isValid()) GoToFirstCell();
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
@@ -309,7 +360,7 @@ void GridView::EnterPressed() {
   if (HasCellsToFill(grid_)) {
     GoByEnter(*this, enterMoves_);
   } else if (grid_ != nullptr && current.isValid()) {
-    grid_->UserDoubleClick(current.row() + 1, current.column());
+    grid_->UserDoubleClick(model_.GridRowOf(current), current.column());
   }
 }
 
@@ -317,17 +368,27 @@ void GridView::DeletePressed(bool wholeRow) {
   const QModelIndex current = currentIndex();
   if (!HasCellsToFill(grid_) || !current.isValid()) return;
   if (wholeRow || !current.flags().testFlag(Qt::ItemIsEditable)) {
-    grid_->UserDeleteRow();
+    DeleteRow();
   } else if (!current.data(Qt::EditRole).toString().isEmpty()) {
-    grid_->UserEdit(current.row() + 1, current.column(), {});
+    grid_->UserEdit(model_.GridRowOf(current), current.column(), {});
   }
 }
 
-void GridView::focusInEvent(QFocusEvent* event) {
-  if (!currentIndex().isValid() && model_.rowCount() > 0) {
-    const QModelIndex first = NextCellToFill(*this, model_.index(0, 0), true);
-    setCurrentIndex(first.isValid() ? first : model_.index(0, 0));
+void GridView::DeleteRow() {
+  const int place = currentIndex().row();
+  const int col = currentIndex().column();
+  {
+    const QScopedValueRollback<bool> deleting(deletes_, true);
+    grid_->UserDeleteRow();
   }
+  const int last = model_.rowCount() - 1;
+  if (place < 0 || last < 0 || model_.CellIndex(grid_->Row(), col).isValid()) return;
+  setCurrentIndex(model_.index(std::min(place, last), col));
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+  // A click decides the cell itself: a move, which scrolls, would bring another cell below the mouse.
+  if (!currentIndex().isValid() && event->reason() != Qt::MouseFocusReason) GoToFirstCell();
   QTableView::focusInEvent(event);
 }
 

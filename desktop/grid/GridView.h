@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "desktop/grid/CellClipboard.h"
 #include "desktop/grid/CellEditing.h"
@@ -49,6 +50,12 @@ class GridView : public QTableView {
   [[nodiscard]] int FirstColumn() const { return rowNumbers_ == nullptr ? 0 : 1; }
   /// The column whose texts are scanned; -1: none.
   void SetScanColumn(int col) { scanning_.SetScanColumn(col); }
+  /// Shows these rows of the grid alone, or all of them (GridModel::ShowOnly), and the current row if it is
+  /// one of them. A cell editor must not be open (FinishEdit).
+  void ShowOnly(std::vector<int> gridRows);
+  void ShowAll();
+  /// A sign before the numbers of some rows.
+  void SetRowSign(RowSign sign);
   /// Where Enter moves; by default to the next editable cell.
   void SetEnterMoves(const EnterMoves& moves) { enterMoves_ = moves; }
   [[nodiscard]] const EnterMoves& MovesOfEnter() const { return enterMoves_; }
@@ -84,6 +91,8 @@ class GridView : public QTableView {
   void Arrange(const ColumnArrangement& arrangement);
   /// Fits all columns and shows them in the order of the grid.
   void ArrangeAsUsual();
+  /// Asks the form to delete the current row. The shown row that takes its place is current then.
+  void DeleteRow();
   /// Sets the width of the row numbers, in pixels.
   void SetFrameWidth(int width);
 
@@ -130,6 +139,9 @@ class GridView : public QTableView {
   void FollowGrid();
   void FollowRows(const GridChange& change);
   void ShowCurrent();
+  void AfterFilter();
+  void GoToFirstCell();
+  [[nodiscard]] QModelIndex RevealScanned(const QString& scanned);
   [[nodiscard]] int ShownCol() const;
   void ShowSortedColumn();
   void ReportOrder();
@@ -156,6 +168,7 @@ class GridView : public QTableView {
   Subscription currentChanged_;
   std::function<QString()> lockedHint_;
   EnterMoves enterMoves_;
+  bool deletes_ = false;  ///< a row is being deleted, and another one becomes current
 };
 
 }  // namespace koru

@@ -32,7 +32,8 @@ RowNumbers::RowNumbers(GridView& view)
   });
   connect(&rows, &QHeaderView::sectionEntered, this, &RowNumbers::GoToRow);
   connect(&rows, &QHeaderView::sectionDoubleClicked, this, [this](int row) {
-    if (view_.Rows().Source() != nullptr) view_.Rows().Source()->UserDoubleClick(row + 1, 0);
+    const GridModel& lines = view_.Rows();
+    if (lines.Source() != nullptr) lines.Source()->UserDoubleClick(lines.GridRowOf(lines.index(row, 0)), 0);
   });
   rows.setContextMenuPolicy(Qt::CustomContextMenu);
   connect(&rows, &QWidget::customContextMenuRequested, this, [this](QPoint at) {
@@ -76,7 +77,9 @@ void RowNumbers::Fit() {
   const QFontMetrics metrics(view_.font());
   const QString title = rows.headerData(0, Qt::Horizontal, Qt::DisplayRole).toString();
   const QString last = rows.index(rows.rowCount() - 1, 0).data().toString();
-  view_.SetFrameWidth(std::max(metrics.horizontalAdvance(title), metrics.horizontalAdvance(last)) + kPadding);
+  const int sign = metrics.horizontalAdvance(rows.SignOfRows().sign + QLatin1Char(' '));
+  const int number = metrics.horizontalAdvance(last) + (rows.SignOfRows().has ? sign : 0);
+  view_.SetFrameWidth(std::max(metrics.horizontalAdvance(title), number) + kPadding);
 }
 
 bool RowNumbers::eventFilter(QObject* object, QEvent* event) {

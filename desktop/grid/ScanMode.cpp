@@ -69,6 +69,7 @@ bool ScanMode::EnterPressed() {
     case State::NotFound: {
       const QString text = search_.Text();
       search_.Forget();
+      if (view_.currentIndex().column() == scanColumn_ && GoToHiddenRow(text)) return true;
       state_ = State::Dismissed;  // the hint stays: a scanner's Enter follows at once
       failed_();
       if (view_.currentIndex().column() == scanColumn_) unknown_(text);
@@ -140,15 +141,27 @@ void ScanMode::MoveTo(const QModelIndex& cell) {
   GoToCell(view_, cell);
 }
 
-/// The row whose whole text in the scan column is `scanned`, in that column; invalid if there is none.
-QModelIndex ScanMode::RowOf(const QString& scanned) const {
+/// A text was typed into the scan column that only a row out of sight has: moves on to the row's figure.
+bool ScanMode::GoToHiddenRow(const QString& scanned) {
+  const QModelIndex row = reveal_(scanned);
+  if (!row.isValid()) return false;
+  QToolTip::hideText();
+  MoveTo(row);
+  state_ = State::Found;
+  GoToFigure();
+  return true;
+}
+
+/// The row whose whole text in the scan column is `scanned`, in that column; invalid if there is none. A row
+/// out of sight is shown.
+QModelIndex ScanMode::RowOf(const QString& scanned) {
   const QAbstractItemModel& rows = *view_.model();
   const std::string wanted = FoldedText(scanned);
   for (int row = 0; row < rows.rowCount(); ++row) {
     const QModelIndex cell = rows.index(row, scanColumn_);
     if (FoldedText(cell.data().toString()) == wanted) return cell;
   }
-  return {};
+  return reveal_(scanned);
 }
 
 QString ScanMode::TitleOf(int col) const {

@@ -40,6 +40,9 @@ class ScanMode {
   /// Called with a text that was scanned, or typed into the scan column and ended with Enter or Tab, and that
   /// no row has.
   void SetUnknownScan(std::function<void(const QString&)> unknown) { unknown_ = std::move(unknown); }
+  /// Finds a scanned text in the rows that the view does not show, shows the row that has it, and returns the
+  /// row's cell in the scan column; an invalid index if no such row has it.
+  void SetHiddenRows(std::function<QModelIndex(const QString&)> reveal) { reveal_ = std::move(reveal); }
   /// The column whose texts are scanned; -1: none.
   void SetScanColumn(int col) { scanColumn_ = col; }
   [[nodiscard]] int ScanColumn() const { return scanColumn_; }
@@ -81,13 +84,15 @@ class ScanMode {
   void Fail(const QString& hint);
   void ShowHint(const QString& text);
   [[nodiscard]] bool TakesFigure(const QModelIndex& cell) const;
-  [[nodiscard]] QModelIndex RowOf(const QString& scanned) const;
+  [[nodiscard]] QModelIndex RowOf(const QString& scanned);
+  bool GoToHiddenRow(const QString& scanned);
   [[nodiscard]] QString TitleOf(int col) const;
   [[nodiscard]] bool IsHintShown() const { return state_ == State::NotFound || state_ == State::Dismissed; }
 
   QTableView& view_;
   std::function<void()> failed_;
   std::function<void(const QString&)> unknown_ = [](const QString&) {};
+  std::function<QModelIndex(const QString&)> reveal_ = [](const QString&) { return QModelIndex(); };
   GridSearch search_;
   State state_ = State::Idle;
   int scanColumn_ = -1;
