@@ -1,8 +1,6 @@
 #include "host/CountingModel.h"
 
 #include <QColor>
-#include <algorithm>
-#include <sstream>
 #include <utility>
 
 #include "desktop/fields/Fields.h"
@@ -81,9 +79,7 @@ CountingFilter::CountingFilter(CountingModel& countings) : countings_(countings)
 }
 
 void CountingFilter::SetText(const QString& text) {
-  words_.clear();
-  std::istringstream words(FoldPersian(FromQt(text)));
-  for (std::string word; words >> word;) words_.push_back(word);
+  words_ = PersianWords(FromQt(text));
   invalidateFilter();
 }
 
@@ -95,12 +91,9 @@ void CountingFilter::SetWanted(Wanted wanted) {
 bool CountingFilter::filterAcceptsRow(int row, const QModelIndex& /*parent*/) const {
   const CountingRow& counting = countings_.Row(row);
   if (wanted_ != Wanted::All && counting.code.has_value() != (wanted_ == Wanted::Final)) return false;
-  return std::all_of(words_.begin(), words_.end(), [&](const std::string& word) {
-    for (int column = 0; column < CountingColumns; ++column) {
-      if (FoldPersian(TextOf(counting, column)).find(word) != std::string::npos) return true;
-    }
-    return false;
-  });
+  std::string texts;
+  for (int column = 0; column < CountingColumns; ++column) texts += TextOf(counting, column) + '\n';
+  return words_.AreIn({texts});
 }
 
 bool CountingFilter::lessThan(const QModelIndex& left, const QModelIndex& right) const {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/CountingRows.h"
+#include "platform/text/PersianWords.h"
 
 namespace koru {
 
@@ -61,7 +62,7 @@ class CountingFilter : public QSortFilterProxyModel {
 
  private:
   const CountingModel& countings_;
-  std::vector<std::string> words_;
+  PersianWords words_;
   Wanted wanted_ = Wanted::All;
 };
 

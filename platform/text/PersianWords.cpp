@@ -24,6 +24,10 @@ char32_t Next(std::string_view text, std::size_t& at) {
   return (first & 0x1FU) << 6U | (byte(at - 1) & 0x3FU);
 }
 
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 }  // namespace
 
 PersianWords::PersianWords(std::string_view typed) {
@@ -54,7 +58,9 @@ bool PersianWords::IsIn(std::u32string_view word, std::initializer_list<std::str
   constexpr std::size_t kUsualLength = 256;
   char32_t usual[kUsualLength];
   std::u32string longer;
+  const bool isAsciiWord = std::all_of(word.begin(), word.end(), [](char32_t c) { return c < 0x80; });
   return std::any_of(texts.begin(), texts.end(), [&](std::string_view text) {
+    if (!isAsciiWord && IsAscii(text)) return false;  // codes and barcodes have no Persian letters
     char32_t* characters = usual;
     if (text.size() > kUsualLength) {
       longer.resize(text.size());
