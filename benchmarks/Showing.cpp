@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QTableView>
+#include <array>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -102,6 +103,19 @@ class ArrowKeys {
   int keys_ = 0;
 };
 
+/// The lines that have the word in their name, code or barcode, byte for byte.
+int LinesWith(const Grid& lines, const std::string& word) {
+  int found = 0;
+  for (int row = 1; row < lines.Rows(); ++row) {
+    for (const int col : {+LineColumn::GoodName, +LineColumn::GoodCode, +LineColumn::Barcode}) {
+      if (lines.TextMatrix(row, col).find(word) == std::string_view::npos) continue;
+      ++found;
+      break;
+    }
+  }
+  return found;
+}
+
 class Showing {
  public:
   Showing(const std::string& file, const std::string& workbooks)
@@ -145,6 +159,21 @@ class Showing {
   void ShowPageOfFull() { pagesOfFull_.ShowNextPage(); }
   void ShowPageOfFew() { pagesOfFew_.ShowNextPage(); }
 
+  /// Types a word into the box that finds lines, each time another one, and shows what is found.
+  void FindAndDraw() {
+    LineFinder& finder = program_.Form().Finder();
+    if (!finder.txtFindLine.UserType(NextWord())) throw std::runtime_error("not typed");
+    Program::Draw();
+  }
+  void PassAndDrawPage() {
+    benchmark::DoNotOptimize(LinesWith(Lines(), NextWord()));
+    program_.Lines().viewport()->repaint();
+  }
+  void ShowAllLines() {
+    program_.Form().Finder().txtFindLine.UserType({});
+    StartAtTop();
+  }
+
   void RemoveWorkbooks() {
     std::filesystem::remove_all(workbooks_);
     std::filesystem::create_directories(workbooks_);
@@ -154,6 +183,10 @@ class Showing {
 
  private:
   [[nodiscard]] Grid& Lines() { return program_.Form().flexDetail; }
+  [[nodiscard]] std::string NextWord() {
+    constexpr std::array<const char*, 3> kWords = {"برنج", "1", "هيچ"};  // some, most and none of the lines
+    return kWords.at(words_++ % kWords.size());
+  }
 
   Program program_;
   Program few_;
@@ -168,6 +201,7 @@ class Showing {
   ArrowKeys arrows_{program_.Lines()};
   ArrowKeys bareArrows_{bare_.View()};
   int edits_ = 0;
+  std::size_t words_ = 0;
 };
 
 }  // namespace
@@ -179,6 +213,8 @@ std::vector<Workload> ShowingWorkloads(const std::string& fullSample, const std:
       {"loading 32,767 lines and totals", 2, [lines] { lines->Load(); }, [lines] { lines->LoadByHand(); }},
       {"edit of an accepted count, totals, repaint", 2, [lines] { lines->EditAndDraw(); },
        [lines] { lines->SumAndDrawPage(); }, [lines] { lines->StartAtTop(); }},
+      {"a filter over a full counting", 2, [lines] { lines->FindAndDraw(); },
+       [lines] { lines->PassAndDrawPage(); }, [lines] { lines->ShowAllLines(); }},
       {"an arrow key, 32,767 lines", 1.5, [lines] { lines->PressArrow(); },
        [lines] { lines->PressArrowInBareView(); }},
       {"sort by rate, 32,767 lines", 3, [lines] { lines->SortBy(LineColumn::Rate); },

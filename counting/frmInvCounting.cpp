@@ -31,6 +31,7 @@ frmInvCounting::frmInvCounting(SharedState& shared)
       editing_(*this, shared, lines_),
       history_(*this),
       acceptedCounts_(*this, shared.messages),
+      finder_(*this, flexDetail, shared.services.preferences),
       quantity_(*this, shared, lines_, editing_),
       addGoods_(*this, shared, lines_),
       importCounts_(*this, shared),
@@ -157,6 +158,7 @@ bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
   if (!CheckPermission(shared_, isNew ? FormPermission::New : FormPermission::Edit)) return false;
   drafts_.Continue(draft);
   history_.Clear();
+  finder_.Apply();
   storeOfFigures_.Follow();
   figuresAge_.Forget();
   RefreshCommands();
@@ -167,6 +169,7 @@ bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
 void frmInvCounting::FillInvCounterDetailData(std::int32_t id) {
   lines_.FillInvCounterDetailData(id);
   linesAreStored_ = true;
+  finder_.Apply();
 }
 
 void frmInvCounting::ReadStoredLines() {

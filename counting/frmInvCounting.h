@@ -8,6 +8,7 @@
 #include "counting/DocumentCommands.h"
 #include "counting/FiguresAge.h"
 #include "counting/StockCheck.h"
+#include "counting/LineFinder.h"
 #include "counting/StoreChange.h"
 #include "counting/StoreOfFigures.h"
 #include "counting/controls/InvCountingControls.h"
@@ -83,6 +84,9 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// The user's settings of the windows, which the host keeps; nullptr if it keeps none.
   [[nodiscard]] PropertyBag* Preferences() const { return shared_.services.preferences; }
 
+  /// What finds and filters the lines.
+  [[nodiscard]] LineFinder& Finder() { return finder_; }
+
   /// Raised when a command is done, with a sentence about what it did.
   Event<std::string> CommandReported;
   /// Raised after a goods search, with the count of added lines, which may be 0.
@@ -135,6 +139,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   LineEditing editing_;
   EntryHistory history_;
   AcceptedCounts acceptedCounts_;
+  LineFinder finder_;
   SystemQuantity quantity_;
   AddGoods addGoods_;
   ImportCounts importCounts_;

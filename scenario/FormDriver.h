@@ -43,6 +43,7 @@ class FormDriver : public UiDriver, private Screen {
   bool SaveReport(const std::filesystem::path&) override { return false; }
   bool CloseReport() override;
 
+  [[nodiscard]] std::optional<int> RowsShown(const Grid&) override { return {}; }
   [[nodiscard]] std::string Difference(const Control&) override { return {}; }
   [[nodiscard]] std::string FocusDifference(const Form&) override { return {}; }
   void TakePicture(const std::string&) override {}

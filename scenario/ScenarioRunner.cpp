@@ -50,7 +50,7 @@ constexpr StepKind kAnswerSteps[] = {
 const std::vector<StepKind>& Kinds() {
   static const std::vector<StepKind> kinds = [] {
     std::vector<StepKind> all(std::begin(kAnswerSteps), std::end(kAnswerSteps));
-    for (const auto steps : {SetUpSteps(), ProgramSteps(), ActionSteps(), OutcomeSteps(), ReportSteps(),
+    for (const auto steps : {SetUpSteps(), ProgramSteps(), ActionSteps(), OutcomeSteps(), LineSteps(), ReportSteps(),
                              ControlExpectationSteps()}) {
       all.insert(all.end(), steps.begin(), steps.end());
     }

@@ -32,6 +32,8 @@ struct StepKind {
 [[nodiscard]] std::span<const StepKind> ActionSteps();
 /// Expectations outside the controls: forms, results, statements, tables.
 [[nodiscard]] std::span<const StepKind> OutcomeSteps();
+/// Expectations on the filter of the lines and on how far a counting is.
+[[nodiscard]] std::span<const StepKind> LineSteps();
 /// Steps on the report that is shown.
 [[nodiscard]] std::span<const StepKind> ReportSteps();
 /// Expectations on controls. Must be the last in the list: their patterns also match other expectations.

@@ -121,6 +121,8 @@ class UiDriver {
   virtual bool SaveReport(const std::filesystem::path& file) = 0;
   virtual bool CloseReport() = 0;
 
+  /// The number of lines that the grid's window shows where a filter may hide some; no value without windows.
+  [[nodiscard]] virtual std::optional<int> RowsShown(const Grid& grid) = 0;
   /// How the widget differs from the control's state; empty when it does not, or without windows.
   [[nodiscard]] virtual std::string Difference(const Control& control) = 0;
   /// The same for the keyboard focus.

@@ -27,6 +27,7 @@
 #include "desktop/forms/BlindEntry.h"
 #include "desktop/forms/EntryCommands.h"
 #include "desktop/forms/LineColumnStyles.h"
+#include "desktop/forms/LineFinderBar.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/grid/KeptColumns.h"
 #include "desktop/toolkit/Colors.h"
@@ -77,6 +78,7 @@ InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& reco
   AddUnsavedNotice(*layout);
   AddScanOffer(*layout);
   layout->addWidget(blind_->NewNotice(this));
+  AddLineFinder(*layout);
   AddLines(*layout);
   AddTotals(*layout);
   Binding().Bind(form.Timer1);
@@ -358,6 +360,15 @@ void InvCountingWindow::AddScanOffer(QBoxLayout& window) {
   scanOffered_ = form_.cmdAddScanned.StateChanged.Subscribe(show);
 }
 
+void InvCountingWindow::AddLineFinder(QBoxLayout& window) {
+  LineFinder& finder = form_.Finder();
+  finder_ = new LineFinderBar(finder, this);
+  Binding().Bind(finder.txtFindLine, finder_->Box());
+  Binding().Bind(finder.cboLineKind, finder_->Kinds());
+  AddCommand(finder_->PlaceOfCommand(), finder.cmdAllLines, "Ctrl+Shift+F");
+  window.addWidget(finder_);
+}
+
 void InvCountingWindow::AddLines(QBoxLayout& window) {
   lines_->setAccessibleName(QStringLiteral("سطرهاي شمارش"));
   SetUpLineColumns(*lines_);
@@ -371,6 +382,7 @@ void InvCountingWindow::AddLines(QBoxLayout& window) {
         .arg(WithKeys(QStringLiteral("«بازگشت به موقت»"), QStringLiteral("Ctrl+Shift+R")), edit);
   });
   window.addWidget(lines_, 1);
+  finder_->Follow(*lines_);
   connect(lines_, &GridView::reported, this, [this](const QString& sentence) { status_->Say(sentence); });
   connect(lines_, &GridView::unknownScan, this,
           [this](const QString& barcode) { form_.OfferScanned(FromQt(barcode)); });

@@ -14,6 +14,7 @@ namespace koru {
 class BlindEntry;
 class frmInvCounting;
 class GridView;
+class LineFinderBar;
 class StatusLine;
 
 /// The window of the counting form: the commands at the top, then the header of the document and the people
@@ -43,6 +44,7 @@ class InvCountingWindow : public FormWindow {
   void AddLineCommands(QBoxLayout& window);
   void AddUnsavedNotice(QBoxLayout& window);
   void AddScanOffer(QBoxLayout& window);
+  void AddLineFinder(QBoxLayout& window);
   void AddLines(QBoxLayout& window);
   void AddTotals(QBoxLayout& window);
   void ShowKeysOfLines();
@@ -56,6 +58,7 @@ class InvCountingWindow : public FormWindow {
 
   frmInvCounting& form_;
   SelectorRecords& records_;
+  LineFinderBar* finder_ = nullptr;
   GridView* lines_ = nullptr;
   BlindEntry* blind_ = nullptr;
   int added_ = 0;                 ///< the number of goods that the running command has added

@@ -3,6 +3,7 @@
 #include "desktop/grid/GridView.h"
 #include "lines/LineColumns.h"
 #include "lines/LineEditing.h"
+#include "lines/LineState.h"
 
 namespace koru {
 namespace {
@@ -37,6 +38,8 @@ void SetUpLineColumns(GridView& lines) {
   lines.SetColumnStyle(LineColumn::ScaleID, key);
   lines.SetStretchColumn(LineColumn::GoodName);
   lines.SetRowNumbers(true);
+  lines.SetRowSign({[](const Grid& grid, int row) { return LineState::Of(grid, row).CountsDisagree(); },
+                    QStringLiteral("≠"), QStringLiteral("شمارش هاي اين سطر با هم برابر نيستند.")});
   lines.SetScanColumn(LineColumn::Barcode);
   lines.SetFigureColumns(LineColumn::FirstCounting, LineColumn::AcceptedCounting);
 }

@@ -33,7 +33,7 @@ QString TextOf(const QWidget& widget) {
   if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text();
   if (const auto* table = qobject_cast<const QTableView*>(&widget)) return CurrentCell(*table);
   if (const auto* browser = qobject_cast<const QTextBrowser*>(&widget)) return CurrentPage(*browser);
-  return {};
+  return widget.accessibleName();  // of a widget that paints what it shows
 }
 
 }  // namespace

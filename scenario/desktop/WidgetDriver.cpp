@@ -9,6 +9,7 @@
 #include <QTableView>
 #include <QTreeView>
 
+#include "desktop/grid/GridView.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/controls/Selector.h"
 #include "scenario/desktop/InputEvents.h"
@@ -41,8 +42,8 @@ QModelIndex IndexOf(const QAbstractItemModel& model, std::int32_t id) {
 
 /// The place of the cell in the grid's viewport after scrolling to it; empty when it does not exist or is
 /// hidden.
-QRect CellPlace(QTableView& view, int row, int col) {
-  const QModelIndex index = view.model()->index(row - 1, col);
+QRect CellPlace(GridView& view, int row, int col) {
+  const QModelIndex index = view.Rows().CellIndex(row, col);
   if (!index.isValid() || view.isColumnHidden(col)) return {};
   view.scrollTo(index);
   return view.visualRect(index).intersected(view.viewport()->rect());
@@ -105,9 +106,8 @@ bool ChooseIn(QWidget& list, int index) {
 }
 
 bool TypeIntoCell(QWidget& grid, int row, int col, const QString& text) {
-  const auto* const view = qobject_cast<QTableView*>(&grid);
-  if (view == nullptr || !view->model()->index(row - 1, col).flags().testFlag(Qt::ItemIsEditable))
-    return false;
+  const auto* const view = qobject_cast<GridView*>(&grid);
+  if (view == nullptr || !view->Rows().CellIndex(row, col).flags().testFlag(Qt::ItemIsEditable)) return false;
   if (!ClickCell(grid, row, col)) return false;
   if (text.isEmpty()) {
     PressKey(Qt::Key_Delete);
@@ -123,7 +123,7 @@ bool TypeIntoCell(QWidget& grid, int row, int col, const QString& text) {
 }
 
 bool ClickCell(QWidget& grid, int row, int col) {
-  auto* const view = qobject_cast<QTableView*>(&grid);
+  auto* const view = qobject_cast<GridView*>(&grid);
   const QRect place = view == nullptr ? QRect() : CellPlace(*view, row, col);
   if (place.isEmpty()) return false;
   ClickOn(*view->viewport(), place.center());
@@ -131,7 +131,7 @@ bool ClickCell(QWidget& grid, int row, int col) {
 }
 
 bool DoubleClickCell(QWidget& grid, int row, int col) {
-  auto* const view = qobject_cast<QTableView*>(&grid);
+  auto* const view = qobject_cast<GridView*>(&grid);
   const QRect place = view == nullptr ? QRect() : CellPlace(*view, row, col);
   if (place.isEmpty()) return false;
   DoubleClickOn(*view->viewport(), place.center());

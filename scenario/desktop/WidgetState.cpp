@@ -1,15 +1,14 @@
 #include "scenario/desktop/WidgetState.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemModel>
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QTableView>
 #include <algorithm>
 
+#include "desktop/grid/GridView.h"
 #include "desktop/toolkit/QtText.h"
 #include "scenario/Scenario.h"
 
@@ -45,16 +44,17 @@ std::string SelectorDifference(const Selector& selector, const QWidget& widget) 
 
 std::string GridDifference(const Grid& grid, const QWidget& widget) {
   constexpr int kMaxRows = 200;
-  const auto* const view = qobject_cast<const QTableView*>(&widget);
+  const auto* const view = qobject_cast<const GridView*>(&widget);
   if (view == nullptr) return "its widget is no grid";
-  const QAbstractItemModel& model = *view->model();
-  if (model.rowCount() != grid.Rows() - 1) {
+  const GridModel& model = view->Rows();
+  if (!model.IsFiltered() && model.rowCount() != grid.Rows() - 1) {
     return "the window shows " + std::to_string(model.rowCount()) + " rows for " +
            std::to_string(grid.Rows() - 1);
   }
-  for (int row = 1; row < std::min(grid.Rows(), kMaxRows); ++row) {
+  for (int at = 0; at < std::min(model.rowCount(), kMaxRows); ++at) {
+    const int row = model.GridRowOf(model.index(at, 0));
     for (int col = 0; col < grid.Cols(); ++col) {
-      const std::string shown = FromQt(model.index(row - 1, col).data(Qt::EditRole).toString());
+      const std::string shown = FromQt(model.index(at, col).data(Qt::EditRole).toString());
       if (view->isColumnHidden(col) && shown.empty()) continue;  // concealed from who counts
       const std::string difference = Shows(shown, std::string(grid.TextMatrix(row, col)));
       if (!difference.empty()) {

@@ -12,6 +12,7 @@
 
 #include "adapters/system/DataFolder.h"
 #include "desktop/forms/MessageDialog.h"
+#include "desktop/grid/GridView.h"
 #include "desktop/suite/Windows.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/controls/Timer.h"
@@ -70,11 +71,11 @@ WindowDriver::~WindowDriver() {
   Settle();
 }
 
-/// When a dialog closes, some window systems activate no window.
+/// When a dialog or a list closes, some window systems activate no window, or leave the closed one active.
 QWidget* WindowDriver::WindowInFront() const {
   for (QWidget* const window : {QApplication::activePopupWidget(), ManualInFront(),
                                 QApplication::activeModalWidget(), QApplication::activeWindow()}) {
-    if (window != nullptr) return window;
+    if (window != nullptr && window->isVisible()) return window;
   }
   if (QWidget* const preview = PreviewInFront()) return preview;
   for (QWidget* const window : QApplication::topLevelWidgets()) {
@@ -326,6 +327,15 @@ bool WindowDriver::CloseReport() {
   Run([preview] { PressIn(*preview, Qt::Key_Escape); });
   disconnect(closed);
   return !open;
+}
+
+std::optional<int> WindowDriver::RowsShown(const Grid& grid) {
+  const FormWindow* const window = screen_.WindowOf(grid.Parent());
+  const auto* const view =
+      window == nullptr ? nullptr : window->findChild<const GridView*>(QString::fromStdString(grid.Name()));
+  if (view == nullptr) return {};
+  Settle();
+  return view->Rows().rowCount();
 }
 
 std::string WindowDriver::Difference(const Control& control) {

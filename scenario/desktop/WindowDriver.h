@@ -59,6 +59,7 @@ class WindowDriver : public QObject, public UiDriver {
   bool SaveReport(const std::filesystem::path& file) override;
   bool CloseReport() override;
 
+  [[nodiscard]] std::optional<int> RowsShown(const Grid& grid) override;
   [[nodiscard]] std::string Difference(const Control& control) override;
   [[nodiscard]] std::string FocusDifference(const Form& form) override;
   void TakePicture(const std::string& name) override;
