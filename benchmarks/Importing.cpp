@@ -70,7 +70,7 @@ class Importing {
 
 Workload ImportWorkload(const std::string& fullSample, const std::string& workbook) {
   const auto importing = std::make_shared<Importing>(fullSample, workbook);
-  Workload workload{"counts from a workbook, 32,767 rows", 2.5, [importing] { importing->Import(); },
+  Workload workload{"counts from a workbook, 32,767 rows", 2, [importing] { importing->Import(); },
                     [importing] { importing->ReadByHand(); }, [importing] { importing->StartAnew(); }};
   workload.maxMs = 2000;
   return workload;
