@@ -74,9 +74,9 @@ struct InvCountingControls {
   MenuItem mnuRS{form, "mnuRS"};
   MenuItem mnuUndo{form, "mnuUndo"};  ///< of the figures that are being entered
   MenuItem mnuRedo{form, "mnuRedo"};
-  MenuItem mnuImport{form, "mnuImport"};  ///< counts from a file
+  MenuItem mnuImport{form, "mnuImport"};            ///< counts from a file
   MenuItem mnuAcceptEqual{form, "mnuAcceptEqual"};  ///< accepts the counts that agree
-  MenuItem mnuMovedStock{form, "mnuMovedStock"};  ///< compares the book stock on the lines with the books
+  MenuItem mnuMovedStock{form, "mnuMovedStock"};    ///< compares the book stock on the lines with the books
   Timer Timer1{form, "Timer1"};
 
   /// The key of the counting on the form as a number; 0 when there is none.
