@@ -26,12 +26,11 @@ class InvCountingWindow : public FormWindow {
   /// `records` must outlive the window; the form must live until it is unloaded.
   InvCountingWindow(frmInvCounting& form, SelectorRecords& records);
 
- protected:
-  [[nodiscard]] QString Title() const override;
-
- public:
   /// Whether figures of the lines are kept from who counts: whatever shows some asks it.
   [[nodiscard]] const BlindEntry& Blind() const { return *blind_; }
+
+ protected:
+  [[nodiscard]] QString Title() const override;
 
  private:
   void FollowDocument();
