@@ -370,6 +370,8 @@ void InvCountingWindow::AddLineFinder(QBoxLayout& window) {
 }
 
 void InvCountingWindow::AddLines(QBoxLayout& window) {
+  lastInOrder_ = lines_;
+  setTabOrder(previousInFocusChain(), lines_);  // made before the menu that switches its columns
   lines_->setAccessibleName(QStringLiteral("سطرهاي شمارش"));
   SetUpLineColumns(*lines_);
   Binding().Bind(form_.flexDetail, *lines_);
@@ -442,6 +444,8 @@ void InvCountingWindow::AddTotal(QBoxLayout& bar, const QString& title, TextBox&
   field->setAccessibleName(title);
   bar.addWidget(label);
   bar.addWidget(field, 1);
+  setTabOrder(lastInOrder_, field);
+  lastInOrder_ = field;
 }
 
 }  // namespace koru

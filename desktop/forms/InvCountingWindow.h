@@ -59,6 +59,7 @@ class InvCountingWindow : public FormWindow {
   SelectorRecords& records_;
   LineFinderBar* finder_ = nullptr;
   GridView* lines_ = nullptr;
+  QWidget* lastInOrder_ = nullptr;  ///< the last field that Tab visits, while the window is made
   BlindEntry* blind_ = nullptr;
   int added_ = 0;                 ///< the number of goods that the running command has added
   StatusLine* status_ = nullptr;  ///< what a command did, otherwise the keys of the lines
