@@ -63,8 +63,10 @@ std::optional<int> AccessCodes::CountOf(std::string_view code) const {
   return found;
 }
 
-bool IsAccessCode(std::string_view text) {
-  return text.size() == kCharacters && text.find_first_not_of(kAlphabet) == std::string_view::npos;
+bool IsBase64Url(std::string_view text) {
+  return text.find_first_not_of(kAlphabet) == std::string_view::npos;
 }
+
+bool IsAccessCode(std::string_view text) { return text.size() == kCharacters && IsBase64Url(text); }
 
 }  // namespace koru

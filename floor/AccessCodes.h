@@ -43,6 +43,8 @@ class AccessCodes {
   Codes codes_;
 };
 
+/// Whether the text has characters of base64url alone.
+[[nodiscard]] bool IsBase64Url(std::string_view text);
 /// Whether the text has the form of a code.
 [[nodiscard]] bool IsAccessCode(std::string_view text);
 

@@ -33,10 +33,6 @@ class Entering {
 
 }  // namespace
 
-bool FloorSession::MayBegin(const InvCountingControls& controls, const SharedState& shared) {
-  return shared.DocMode == DocumentMode::Editing && controls.CountingID() > 0;
-}
-
 FloorSession::FloorSession(InvCountingControls& controls, const SharedState& shared,
                            FloorSurroundings surroundings)
     : controls_(controls),
@@ -130,10 +126,7 @@ std::optional<int> FloorSession::CountOf(std::string_view code) {
 }
 
 bool FloorSession::IsDeviceID(std::string_view text) {
-  const auto isPart = [](char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' || c == '_';
-  };
-  return !text.empty() && text.size() <= kMaxIDLength && std::all_of(text.begin(), text.end(), isPart);
+  return !text.empty() && text.size() <= kMaxIDLength && IsBase64Url(text);
 }
 
 FloorMembers::Member& FloorSession::MemberInContact(int count, const std::string& device) {
@@ -263,14 +256,14 @@ FloorAnswer FloorSession::Decide(FloorMembers::Member& member, const FloorFigure
   if (kept != member.answers.end()) return kept->second;
   if (!IsOpen()) return {figure.sequence, FigureState::Paused, {}, {}, {}};
   const int row = lines_.RowOf(figure.line);
-  const int col = FloorLines::ColumnOf(member.device.count);
   JournalFigure record;
-  if (row != 0) record.before = controls_.flexDetail.TextMatrix(row, col);
+  if (row != 0)
+    record.before = controls_.flexDetail.TextMatrix(row, FloorLines::ColumnOf(member.device.count));
   if (member.entered.Contains(figure.sequence)) {  // before a save that was not followed by its answer
     return {figure.sequence, FigureState::Stored, record.before, {}, {}};
   }
   FloorAnswer answer{figure.sequence, FigureState::Gone, {}, {}, {}};
-  if (row != 0) answer = Apply(member, figure, row);
+  if (row != 0) answer = Apply(member, figure, row, record.before);
   if (answer.state == FigureState::Paused) return answer;
   member.Keep(answer);
   record.count = member.device.count;
@@ -284,10 +277,9 @@ FloorAnswer FloorSession::Decide(FloorMembers::Member& member, const FloorFigure
 }
 
 /// Tests what the form would not, and hands the figure to it.
-FloorAnswer FloorSession::Apply(FloorMembers::Member& member, const FloorFigure& figure, int row) {
+FloorAnswer FloorSession::Apply(FloorMembers::Member& member, const FloorFigure& figure, int row,
+                                const std::string& before) {
   const int count = member.device.count;
-  const int col = FloorLines::ColumnOf(count);
-  const std::string before(controls_.flexDetail.TextMatrix(row, col));
   FloorAnswer answer{figure.sequence, FigureState::Refused, before, {}, {}};
   const bool adds = figure.operation == FloorFigure::Operation::Add;
   if (!IsFigure(figure.text, !adds)) {
@@ -306,7 +298,7 @@ FloorAnswer FloorSession::Apply(FloorMembers::Member& member, const FloorFigure&
   answer.message = entered.message;
   if (entered.stored) {
     answer.state = entered.message.empty() ? FigureState::Stored : FigureState::Warned;
-    answer.text = controls_.flexDetail.TextMatrix(lines_.RowOf(figure.line), col);
+    answer.text = controls_.flexDetail.TextMatrix(lines_.RowOf(figure.line), FloorLines::ColumnOf(count));
   } else if (entered.message.empty()) {
     answer.state = FigureState::Paused;  // the grid is locked
   }

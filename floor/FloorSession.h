@@ -57,7 +57,9 @@ class FloorSession {
 
   /// Whether a session can begin: a stored counting is being edited. A new one has no lines in the database
   /// that its figures could be replayed into.
-  [[nodiscard]] static bool MayBegin(const InvCountingControls& controls, const SharedState& shared);
+  [[nodiscard]] static bool MayBegin(const InvCountingControls& controls, const SharedState& shared) {
+    return shared.DocMode == DocumentMode::Editing && controls.CountingID() > 0;
+  }
 
   /// Begins a session, or continues the one of the journal with its codes, devices and answers. Everything
   /// must outlive the session, except that the form may be unloaded before. Throws InputError when MayBegin
@@ -86,8 +88,8 @@ class FloorSession {
   /// The count that a code admits to; nothing when it is unknown or the session has ended.
   [[nodiscard]] std::optional<int> CountOf(std::string_view code);
 
-  // What devices do. `device` is the id that the device has given itself (IsDeviceID), otherwise
-  // std::invalid_argument is thrown.
+  // What devices do. `device` is the id that the device has given itself, 1 to 64 characters of base64url
+  // (IsDeviceID), and a count is 1 to 3; otherwise std::invalid_argument is thrown.
 
   [[nodiscard]] static bool IsDeviceID(std::string_view text);
   /// The device gives its name; at most kMaxNameLength of it is kept.
@@ -144,7 +146,8 @@ class FloorSession {
   [[nodiscard]] JournalStart StartNow();
   FloorMembers::Member& MemberInContact(int count, const std::string& device);
   FloorAnswer Decide(FloorMembers::Member& member, const FloorFigure& figure);
-  FloorAnswer Apply(FloorMembers::Member& member, const FloorFigure& figure, int row);
+  FloorAnswer Apply(FloorMembers::Member& member, const FloorFigure& figure, int row,
+                    const std::string& before);
   void NoteDesk(const LineKey& line, int count, const std::string& before, const std::string& text);
   Entered EnterCell(int row, int count, const std::string& text, const std::string& device);
 
