@@ -83,7 +83,7 @@ void CountingLines::FillInvCounterDetailData(std::int32_t id) {
   Recordset records = shared_.data.rssqlgridenterdetail.Open(statement);
   {
     const GridRedrawOff redrawOff(flexDetail_);
-    for (; !records.AtEnd(); records.MoveNext()) AddLine(records);
+    for (; !records.AtEnd(); records.MoveNextAndForget()) AddLine(records);
   }
   UpdateTotalQty();
   ColorRows();

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "platform/sql/Value.h"
@@ -33,6 +32,9 @@ class Recordset {
   void MoveNext() {
     if (!AtEnd()) ++current_;
   }
+  /// Moves to the next record as MoveNext does, and frees the memory of those before it: they cannot be read
+  /// again. For long lists, which are then not held beside what is made of them.
+  void MoveNextAndForget();
 
   /// The zero-based index of a column; names are case-insensitive. Throws DatabaseError when the column is
   /// missing.
@@ -51,17 +53,23 @@ class Recordset {
   void AppendText(std::string_view text);
 
  private:
-  /// The position of a text in texts_, which holds the texts of all records.
-  struct TextPlace {
-    std::size_t begin = 0;
-    std::size_t size = 0;
+  /// So many records share a block: long lists grow without being copied, and are freed piece by piece.
+  static constexpr std::size_t kRecordsInBlock = 256;
+  enum class Kind : char { Integer, Real, Text };
+  /// Consecutive records. A field is its kind and its bytes; NULL has neither.
+  struct Block {
+    std::string bytes;
+    std::vector<std::uint32_t> ends;  ///< of the fields, in `bytes`
   };
-  using StoredField = std::variant<std::monostate, std::int64_t, double, TextPlace>;
-  void Append(StoredField field);
+
+  /// The block that the next field is appended to.
+  Block& BlockToAppendTo();
+  void Append(Kind kind, std::string_view bytes);
+  void EndField(Block& block);
 
   std::vector<std::string> columns_;
-  std::vector<StoredField> fields_;
-  std::string texts_;
+  std::vector<Block> blocks_;
+  std::size_t fields_ = 0;  ///< of the record that is being appended
   std::size_t recordCount_ = 0;
   std::size_t current_ = 0;
   std::optional<std::int64_t> affectedRows_;

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+
 #include "platform/sql/DatabaseError.h"
 #include "platform/text/Errors.h"
 
@@ -49,6 +52,49 @@ TEST(Recordset, A_missing_column_or_record_is_a_database_error) {
   rows.MoveNext();
   EXPECT_THROW(static_cast<void>(rows.Field("ID")), DatabaseError);
   EXPECT_THROW(static_cast<void>(Recordset({"ID"}).Field("ID")), DatabaseError);
+}
+
+Recordset ManyRows(int rows) {
+  Recordset records({"ID", "Name", "Qty", "Note"});
+  for (int row = 0; row < rows; ++row) {
+    records.AppendInteger(row);
+    records.AppendText(std::string(static_cast<std::size_t>(row % 7), 'x'));
+    records.AppendReal(row + 0.5);
+    records.AppendNull();
+  }
+  return records;
+}
+
+TEST(Recordset, A_long_list_is_read_in_any_order) {
+  constexpr int kRows = 1'000;
+  const Recordset records = ManyRows(kRows);
+  ASSERT_EQ(records.RecordCount(), kRows);
+  for (int row = kRows - 1; row >= 0; --row) {
+    const auto record = static_cast<std::size_t>(row);
+    EXPECT_EQ(records.FieldOf(record, 0).Integer(), row);
+    EXPECT_EQ(records.FieldOf(record, 1).Text().size(), record % 7);
+    EXPECT_EQ(records.FieldOf(record, 2).Number(), row + 0.5);
+    EXPECT_TRUE(records.FieldOf(record, 3).IsNull());
+  }
+}
+
+TEST(Recordset, A_list_that_is_forgotten_while_it_is_read_gives_each_record_once) {
+  constexpr int kRows = 1'024;
+  Recordset records = ManyRows(kRows);
+  int row = 0;
+  for (; !records.AtEnd(); records.MoveNextAndForget(), ++row) EXPECT_EQ(records.Field("ID").Integer(), row);
+  EXPECT_EQ(row, kRows);
+  EXPECT_EQ(records.RecordCount(), kRows);
+  records.MoveFirst();
+  EXPECT_THROW(static_cast<void>(records.Field("ID")), DatabaseError);
+}
+
+TEST(Recordset, Texts_and_numbers_survive_a_move_of_the_recordset) {
+  Recordset rows = TwoRows();
+  const Value name = rows.Field("Name");
+  const Recordset moved = std::move(rows);
+  EXPECT_EQ(name.Text(), "كالا");
+  EXPECT_EQ(moved.FieldOf(0, 2).Number(), 2.5);
 }
 
 TEST(Value, Reads_keys_numbers_and_dates) {
