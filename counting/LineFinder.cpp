@@ -17,7 +17,7 @@ struct KindCaption {
 };
 constexpr KindCaption kKinds[] = {{LineKind::All, "همه سطرها"},
                                   {LineKind::NotCounted, "شمرده نشده"},
-                                  {LineKind::CountsDisagree, "شمارش هاي نابرابر"},
+                                  {LineKind::CountsDisagree, "شمارش‌هاي نابرابر"},
                                   {LineKind::NotAccepted, "بدون شمارش مورد قبول"},
                                   {LineKind::Short, "داراي كسري"},
                                   {LineKind::Over, "داراي اضافي"},

@@ -53,7 +53,7 @@ class Recordset {
   void AppendText(std::string_view text);
 
  private:
-  /// So many records share a block: long lists grow without being copied, and are freed piece by piece.
+  /// The records of a block: long lists grow without being copied, and are freed piece by piece.
   static constexpr std::size_t kRecordsInBlock = 256;
   enum class Kind : char { Integer, Real, Text };
   /// Consecutive records. A field is its kind and its bytes; NULL has neither.
