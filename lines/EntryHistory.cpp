@@ -52,7 +52,7 @@ class RowFinder {
     rows_ = grid_.Rows();
     places_.clear();
     places_.reserve(static_cast<std::size_t>(rows_));
-    for (int row = 1; row < rows_; ++row) places_.emplace_back(grid_.EntryOf(row), row);
+    for (int row = 1; row < rows_; ++row) places_.emplace_back(grid_.RowID(row), row);
     std::sort(places_.begin(), places_.end());
   }
 
@@ -74,7 +74,7 @@ void EntryHistory::Remember() {
   if (isPlaying_) return;
   const int row = grid_.Row();
   const int col = grid_.Col();
-  entered_ = {.line = grid_.EntryOf(row),
+  entered_ = {.line = grid_.RowID(row),
               .col = col,
               .before = std::string(grid_.TextMatrix(row, col)),
               .after = {},

@@ -17,7 +17,7 @@ namespace koru {
 /// command fills, an imported file. Whoever enters several figures for the user with Grid::UserEdit in a
 /// BatchEdit has one step; nothing else is to be called.
 ///
-/// A figure belongs to its line (Grid::EntryOf), wherever sorting has moved it. Undo and redo enter it again
+/// A figure belongs to its line (Grid::RowID), wherever sorting has moved it. Undo and redo enter it again
 /// with Grid::UserEdit, so that the form tests it and derives what depends on it. Undo also brings back the
 /// shortage, the surplus and the amounts that the line had, as long as their book stock and rate are the
 /// same: those of a stored line need not be the derived ones.
@@ -54,7 +54,7 @@ class EntryHistory {
 
  private:
   struct Edit {
-    std::uint32_t line = 0;  ///< Grid::EntryOf
+    std::uint32_t line = 0;  ///< Grid::RowID
     int col = 0;
     std::string before;
     std::string after;

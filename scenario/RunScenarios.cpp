@@ -8,13 +8,14 @@
 namespace koru {
 
 bool RunScenarios(const std::vector<std::string>& files, const DriverMaker& makeDriver,
-                  const std::optional<std::string>& server, std::ostream& report) {
+                  const TableReader& readTable, const std::optional<std::string>& server,
+                  std::ostream& report) {
   std::vector<Scenario> scenarios;
   scenarios.reserve(files.size());
   for (const std::string& file : files) scenarios.push_back(ReadScenario(file, ScenarioRunner::Patterns()));
   std::size_t failed = 0;
   for (const Scenario& scenario : scenarios) {
-    const std::string failure = ScenarioRunner(scenario, makeDriver, server).Run();
+    const std::string failure = ScenarioRunner(scenario, makeDriver, readTable, server).Run();
     if (failure.empty()) {
       const std::string name = std::filesystem::path(scenario.file).stem().string();
       report << "ok  " << name << "  " << scenario.steps.size() << " steps" << std::endl;

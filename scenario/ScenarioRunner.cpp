@@ -50,8 +50,8 @@ constexpr StepKind kAnswerSteps[] = {
 const std::vector<StepKind>& Kinds() {
   static const std::vector<StepKind> kinds = [] {
     std::vector<StepKind> all(std::begin(kAnswerSteps), std::end(kAnswerSteps));
-    for (const auto steps : {SetUpSteps(), ProgramSteps(), ActionSteps(), OutcomeSteps(), LineSteps(), ReportSteps(),
-                             ControlExpectationSteps()}) {
+    for (const auto steps : {SetUpSteps(), ProgramSteps(), ActionSteps(), OutcomeSteps(), LineSteps(),
+                             ReportSteps(), ControlExpectationSteps()}) {
       all.insert(all.end(), steps.begin(), steps.end());
     }
     return all;
@@ -75,9 +75,9 @@ const std::vector<std::string_view>& ScenarioRunner::Patterns() {
   return patterns;
 }
 
-ScenarioRunner::ScenarioRunner(const Scenario& scenario, const DriverMaker& makeDriver,
+ScenarioRunner::ScenarioRunner(const Scenario& scenario, const DriverMaker& makeDriver, TableReader readTable,
                                std::optional<std::string> server)
-    : scenario_(scenario), world_(*this, makeDriver, std::move(server)) {}
+    : scenario_(scenario), world_(*this, makeDriver, std::move(readTable), std::move(server)) {}
 
 std::string ScenarioRunner::Run() {
   while (HasNext()) RunNext();

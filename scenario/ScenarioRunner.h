@@ -23,8 +23,8 @@ class ScenarioRunner : private ScenarioUser {
   /// How the steps of a scenario are written, for ParseScenario.
   [[nodiscard]] static const std::vector<std::string_view>& Patterns();
 
-  /// `scenario` must outlive the runner. `server`: see RunScenarios.
-  ScenarioRunner(const Scenario& scenario, const DriverMaker& makeDriver,
+  /// `scenario` must outlive the runner. `readTable`, `server`: see RunScenarios.
+  ScenarioRunner(const Scenario& scenario, const DriverMaker& makeDriver, TableReader readTable = {},
                  std::optional<std::string> server = {});
 
   /// Runs to the end or to the first failure. Returns the failure (`file:line: sentence`), or an empty text.

@@ -2,7 +2,6 @@
 
 #include <fstream>
 
-#include "adapters/sheet/TableFile.h"
 #include "adapters/xlsx/WorkbookFile.h"
 #include "platform/text/FilePath.h"
 #include "scenario/StepKind.h"
@@ -54,7 +53,7 @@ void ScenarioTables::Put(const ScenarioStep& step, const std::filesystem::path& 
 
 std::optional<FileTable> ScenarioTables::Read(const std::string& path, std::size_t sheet,
                                               const Progress& progress) {
-  return ReadTableFile(path, sheet, progress);
+  return read_(path, sheet, progress);
 }
 
 }  // namespace koru

@@ -20,9 +20,10 @@ HostServices WithTables(HostServices services, TableFiles& tables) {
 
 }  // namespace
 
-ScenarioWorld::ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver,
+ScenarioWorld::ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver, TableReader readTable,
                              std::optional<std::string> server)
     : server_(std::move(server)),
+      tables(std::move(readTable)),
       driver(makeDriver(user, databases_)),
       screen(driver->TheScreen()),
       counting(static_cast<ControlHost&>(*this),

@@ -46,7 +46,8 @@ class ScenarioWorld : private ControlHost {
   enum class Contents { Sample, Empty };
 
   /// `user` must outlive the world. `server`: see RunScenarios.
-  ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver, std::optional<std::string> server);
+  ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver, TableReader readTable,
+                std::optional<std::string> server);
 
   /// Makes the scenario's database and connects the control to it. Throws ScenarioFailure the second time.
   void MakeDatabase(Contents contents);

@@ -3,29 +3,23 @@
 #include <QAction>
 #include <QApplication>
 #include <QFrame>
-#include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
-#include <QTextOption>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "counting/frmInvCounting.h"
-#include "desktop/fields/DateBoxEdit.h"
 #include "desktop/fields/Fields.h"
-#include "desktop/fields/SelectorEdit.h"
 #include "desktop/fields/StatusLine.h"
 #include "desktop/forms/BlindEntry.h"
 #include "desktop/forms/EntryCommands.h"
+#include "desktop/forms/InvCountingHeader.h"
 #include "desktop/forms/LineColumnStyles.h"
 #include "desktop/forms/LineFinderBar.h"
 #include "desktop/grid/GridView.h"
@@ -47,15 +41,6 @@ constexpr const char* kKeysOfLines =
     "خانه بعد: Enter    ويرايش خانه: F2    ورود/خروج جدول: Ctrl+Tab    حذف سطر: Ctrl+Del    "
     "ليست و تقويم: F4";
 
-void AddField(QGridLayout& box, int row, int column, const QString& title, QWidget& field, int columns = 1) {
-  auto* const label = new QLabel(title, box.parentWidget());
-  label->setBuddy(&field);
-  QWidget* const typedInto = field.focusProxy() == nullptr ? &field : field.focusProxy();
-  typedInto->setAccessibleName(title);
-  box.addWidget(label, row, column);
-  box.addWidget(&field, row, column + 1, 1, columns);
-}
-
 void AddGap(QBoxLayout& bar) {
   auto* const line = new QFrame(bar.parentWidget());
   line->setFrameShape(QFrame::VLine);
@@ -66,14 +51,14 @@ void AddGap(QBoxLayout& bar) {
 }  // namespace
 
 InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& records)
-    : FormWindow(form), form_(form), records_(records) {
+    : FormWindow(form), form_(form) {
   lines_ = new GridView(this);
   blind_ = new BlindEntry(*lines_, this);
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(8, 8, 8, 8);
   layout->setSpacing(6);
   AddDocumentCommands(*layout);
-  AddHeader(*layout);
+  layout->addWidget(new InvCountingHeader(form, Binding(), records, this));
   AddLineCommands(*layout);
   AddUnsavedNotice(*layout);
   AddScanOffer(*layout);
@@ -200,91 +185,6 @@ void InvCountingWindow::AddMovedStock(QMenu& menu) {
   action->setShortcut(Qt::SHIFT | Qt::Key_F9);
   Binding().Bind(form_.mnuMovedStock, *action, BlockedBy::FiguresAndDates);
   connect(blind_, &BlindEntry::changed, this, [this] { form_.mnuMovedStock.SetVisible(!blind_->IsOn()); });
-}
-
-void InvCountingWindow::AddHeader(QBoxLayout& window) {
-  auto* const document = new QGroupBox(QStringLiteral("مشخصات شمارش"), this);
-  auto* const people = new QGroupBox(QStringLiteral("شمارشگران"), this);
-  auto* const row = new QHBoxLayout;
-  row->setSpacing(8);
-  row->addWidget(document, 2);
-  row->addWidget(people, 1);
-  window.addLayout(row);
-  for (QGroupBox* const box : {document, people}) {
-    auto* const grid = new QGridLayout(box);
-    grid->setContentsMargins(4, 4, 4, 4);
-    grid->setHorizontalSpacing(5);
-    grid->setVerticalSpacing(5);
-    if (box == document) {
-      AddDocument(*grid);
-    } else {
-      AddPeople(*grid);
-    }
-  }
-}
-
-/// The fields are created in the order of their places, which is also the tab order.
-void InvCountingWindow::AddDocument(QGridLayout& box) {
-  auto* const key = new QLabel(this);
-  key->setProperty("value", true);
-  key->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  key->setAlignment(kTrueRight);
-  key->setMinimumWidth(70);
-  Binding().Bind(form_.lblIDVal, *key);
-  AddField(box, 0, 0, QStringLiteral("شماره رايانه اي"), *key);
-  const auto name = [this, key] {  // a screen reader reads the name of a label, not its text
-    key->setAccessibleName(QStringLiteral("شماره رايانه اي: %1").arg(ToQt(form_.lblIDVal.Caption())));
-  };
-  name();
-  keyChanged_ = form_.lblIDVal.StateChanged.Subscribe(name);
-  auto* const code = NewCodeField(this, 70);
-  Binding().Bind(form_.txtCode, *code);
-  AddField(box, 0, 2, QStringLiteral("شماره تاييد شده"), *code);
-  auto* const manual = NewCodeField(this, 90);
-  Binding().Bind(form_.txtGNO, *manual);
-  AddField(box, 0, 4, QStringLiteral("شماره دستي"), *manual);
-
-  auto* const store = new SelectorEdit(this);
-  store->SetPlaceholder(QStringLiteral("انتخاب انبار"));
-  Binding().Bind(form_.gmpInventory, *store, records_);
-  AddField(box, 1, 0, QStringLiteral("انبار"), *store, 3);
-  AddDate(box, 1, 4, QStringLiteral("تاريخ تهيه"), form_.gdpReceiveDate);
-
-  AddDate(box, 2, 0, QStringLiteral("از تاريخ"), form_.gdpFromDate);
-  AddDate(box, 2, 2, QStringLiteral("تا تاريخ"), form_.gdpToDate);
-  auto* const creator = new QLineEdit(this);
-  Binding().Bind(form_.txtCreator, *creator);
-  AddField(box, 2, 4, QStringLiteral("تهيه كننده"), *creator);
-
-  auto* const notes = new QPlainTextEdit(this);
-  notes->setTabChangesFocus(true);
-  QTextOption fromTheRight(kTrueRight);
-  fromTheRight.setTextDirection(Qt::RightToLeft);
-  notes->document()->setDefaultTextOption(fromTheRight);
-  notes->setFixedHeight(2 * notes->fontMetrics().lineSpacing() + 14);
-  Binding().Bind(form_.txtNotes, *notes);
-  AddField(box, 3, 0, QStringLiteral("توضيحات"), *notes, 5);
-  for (const int column : {1, 3, 5}) box.setColumnStretch(column, 1);
-}
-
-void InvCountingWindow::AddDate(QGridLayout& box, int row, int column, const QString& title, DateBox& date) {
-  auto* const field = new DateBoxEdit(this);
-  Binding().Bind(date, *field);
-  AddField(box, row, column, title, *field);
-}
-
-void InvCountingWindow::AddPeople(QGridLayout& box) {
-  AddPerson(box, 0, 0, QStringLiteral("شمارشگر اول"), form_.mptCounter1);
-  AddPerson(box, 1, 0, QStringLiteral("شمارشگر دوم"), form_.mptCounter2);
-  AddPerson(box, 2, 0, QStringLiteral("شمارشگر سوم"), form_.mptCounter3);
-  AddPerson(box, 3, 0, QStringLiteral("تاييد كننده"), form_.mptConfirmer);
-}
-
-void InvCountingWindow::AddPerson(QGridLayout& box, int row, int column, const QString& title,
-                                  PersonSelector& person) {
-  auto* const field = new SelectorEdit(this);
-  Binding().Bind(person, *field, records_);
-  AddField(box, row, column, title, *field);
 }
 
 void InvCountingWindow::AddLineCommands(QBoxLayout& window) {

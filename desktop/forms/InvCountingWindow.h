@@ -5,7 +5,6 @@
 #include "desktop/forms/FormWindow.h"
 
 class QBoxLayout;
-class QGridLayout;
 class QMenu;
 class QPushButton;
 
@@ -37,9 +36,6 @@ class InvCountingWindow : public FormWindow {
   void AddDocumentCommands(QBoxLayout& window);
   void AddMenu(QBoxLayout& bar);
   void AddMovedStock(QMenu& menu);
-  void AddHeader(QBoxLayout& window);
-  void AddDocument(QGridLayout& box);
-  void AddPeople(QGridLayout& box);
   void AddLineCommands(QBoxLayout& window);
   void AddUnsavedNotice(QBoxLayout& window);
   void AddScanOffer(QBoxLayout& window);
@@ -51,12 +47,9 @@ class InvCountingWindow : public FormWindow {
   void GoToLine(int row);
   QPushButton& AddCommand(QBoxLayout& bar, Button& command, const char* shortcut,
                           BlockedBy blockedBy = BlockedBy::Figures);
-  void AddDate(QGridLayout& box, int row, int column, const QString& title, DateBox& date);
-  void AddPerson(QGridLayout& box, int row, int column, const QString& title, PersonSelector& person);
   void AddTotal(QBoxLayout& bar, const QString& title, TextBox& total, const QColor& color);
 
   frmInvCounting& form_;
-  SelectorRecords& records_;
   LineFinderBar* finder_ = nullptr;
   GridView* lines_ = nullptr;
   QWidget* lastInOrder_ = nullptr;  ///< the last field that Tab visits, while the window is made
@@ -66,7 +59,6 @@ class InvCountingWindow : public FormWindow {
   Subscription goodsAdded_;
   Subscription reported_;
   Subscription cancelled_;
-  Subscription keyChanged_;
   Subscription linesChecked_;
   Subscription scanOffered_;
   Subscription keyPressed_;  ///< the next key restores the hint

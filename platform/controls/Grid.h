@@ -111,9 +111,6 @@ class Grid : public Control {
   void SortByEntry();
   /// Makes the present order the order of entry.
   void KeepOrder();
-  /// The place of a row in the order of entry, which no other row of the grid has or has had: it identifies
-  /// the row until the row is removed or KeepOrder is called, wherever the row is moved.
-  [[nodiscard]] std::uint32_t EntryOf(int row) const { return entries_.at(static_cast<std::size_t>(row)); }
   /// The column that the rows were last sorted by; -1 if they never were, or rows were added or removed
   /// since.
   [[nodiscard]] int SortedCol() const { return sortedCol_; }

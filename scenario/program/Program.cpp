@@ -8,6 +8,7 @@
 #include <optional>
 #include <system_error>
 
+#include "adapters/sheet/TableFile.h"
 #include "desktop/toolkit/Application.h"
 #include "desktop/toolkit/Display.h"
 #include "platform/text/Errors.h"
@@ -36,7 +37,7 @@ bool RunOnForms(const ScenarioCommandLine& line) {
   const auto driver = [](ScenarioUser& user, DatabaseConnector& databases) -> std::unique_ptr<UiDriver> {
     return std::make_unique<FormDriver>(user, databases);
   };
-  return RunScenarios(line.files, driver, ServerOf(line), std::cout);
+  return RunScenarios(line.files, driver, &ReadTableFile, ServerOf(line), std::cout);
 }
 
 void MakeFolder(const std::string& folder) {
@@ -55,7 +56,7 @@ bool RunOnWindows(const ScenarioCommandLine& line, int& argc, char** argv) {
   const auto driver = [&](ScenarioUser& user, DatabaseConnector& databases) -> std::unique_ptr<UiDriver> {
     return std::make_unique<WindowDriver>(user, databases, line.pictures);
   };
-  return RunScenarios(line.files, driver, ServerOf(line), std::cout);
+  return RunScenarios(line.files, driver, &ReadTableFile, ServerOf(line), std::cout);
 }
 
 int Run(const ScenarioCommandLine& line, int& argc, char** argv) {

@@ -65,7 +65,7 @@ class RandomEntry : public LinesTest {
   /// The cells of each line but its number.
   Lines Now() {
     Lines now;
-    for (int row = 1; row < form.flexDetail.Rows(); ++row) now[form.flexDetail.EntryOf(row)] = CellsOf(row);
+    for (int row = 1; row < form.flexDetail.Rows(); ++row) now[form.flexDetail.RowID(row)] = CellsOf(row);
     return now;
   }
   /// What the lines that remain held when they were loaded or added.
@@ -128,7 +128,7 @@ class RandomEntry : public LinesTest {
       form.Set(row, col, figure == "-1" ? "" : figure);
     }
     form.lines.UpdateTotalQty();
-    start[form.flexDetail.EntryOf(row)] = CellsOf(row);
+    start[form.flexDetail.RowID(row)] = CellsOf(row);
   }
   static void ExpectNothingKept(const EntryHistory::Result& result) { EXPECT_EQ(result.kept, 0); }
 

@@ -271,28 +271,6 @@ TEST_F(GridTest, The_order_of_entry_comes_back_until_another_order_is_kept) {
   EXPECT_EQ(Names(), (std::vector<std::string>{"0", "b", "c"}));
 }
 
-TEST_F(GridTest, A_row_keeps_its_place_in_the_order_of_entry_and_gives_it_to_no_other_row) {
-  const auto entryOf = [this](std::string_view name) {
-    int row = 1;
-    while (grid.TextMatrix(row, 1) != name) ++row;
-    return grid.EntryOf(row);
-  };
-  const std::uint32_t a = entryOf("a");
-  const std::uint32_t b = entryOf("b");
-  ASSERT_NE(a, b);
-  grid.Sort(1, SortMode::GenericAscending);
-  EXPECT_EQ(entryOf("a"), a);
-  EXPECT_EQ(entryOf("b"), b);
-  grid.RemoveItem(2);  // b
-  grid.AddItem("");
-  EXPECT_EQ(entryOf("a"), a);
-  EXPECT_NE(grid.EntryOf(3), b);
-  grid.SetRows(1);
-  grid.AddItem("");
-  EXPECT_NE(grid.EntryOf(1), a);
-  EXPECT_NE(grid.EntryOf(1), b);
-}
-
 TEST_F(GridTest, The_user_types_only_into_editable_cells) {
   EXPECT_TRUE(grid.UserEdit(1, 2, "5"));
   EXPECT_EQ(grid.TextMatrix(1, 2), "5");
