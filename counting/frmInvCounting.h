@@ -7,8 +7,8 @@
 
 #include "counting/DocumentCommands.h"
 #include "counting/FiguresAge.h"
-#include "counting/StockCheck.h"
 #include "counting/LineFinder.h"
+#include "counting/StockCheck.h"
 #include "counting/StoreChange.h"
 #include "counting/StoreOfFigures.h"
 #include "counting/controls/InvCountingControls.h"

@@ -55,7 +55,7 @@ class FloorLines {
   /// What has changed in the lines and in that count since a revision. `open` is the caller's to fill in.
   [[nodiscard]] FloorChanges Since(std::int64_t revision, int count);
 
-  /// Something may have changed: Since tells.
+  /// Something may have changed; Since says what.
   Event<> Changed;
   /// The count of a line, its text before and its text now are others, whoever has changed them.
   Event<const LineKey&, int, const std::string&, const std::string&> FigureChanged;

@@ -25,7 +25,7 @@ class FloorMembers {
 
     /// Keeps the answer to a figure that was decided.
     void Keep(const FloorAnswer& answer);
-    /// How others are told of the device: its name, or its id while it has none.
+    /// The name of the device for others: its own name, or its id while it has none.
     [[nodiscard]] const std::string& ShownName() const {
       return device.name.empty() ? device.id : device.name;
     }

@@ -26,10 +26,12 @@ std::string SentenceOn(const MovedLine& line, const MoveExplanation& explanation
   if (line.shownStock.empty()) return "اين سطر هنوز محاسبه نشده بود. آخرين سندهاي كالا:";
   if (explanation.isWhole) return "آخرين سندهاي كالا كه جمع آنها برابر تغيير است:";
   if (explanation.documents.empty())
-    return "اين كالا سندي در محدوده شمارش ندارد: سندي حذف شده يا تغيير كرده، يا انبار يا تاريخ‌هاي "
+    return "اين كالا سندي در محدوده شمارش ندارد: سندي حذف شده يا تغيير كرده، يا انبار يا "
+           "تاريخ‌هاي "
            "شمارش "
            "عوض شده است.";
-  return "جمع آخرين سندها برابر تغيير نيست: سندي حذف شده يا تغيير كرده، يا انبار يا تاريخ‌هاي شمارش "
+  return "جمع آخرين سندها برابر تغيير نيست: سندي حذف شده يا تغيير كرده، يا انبار يا تاريخ‌هاي "
+         "شمارش "
          "عوض "
          "شده است. "
          "آخرين سندهاي كالا:";
@@ -120,7 +122,8 @@ void frmMovedStock::FollowMarks() {
   cmdTakeAll.SetEnabled(mayTake_);
   cmdTakeMarked.SetEnabled(mayTake_ && isAnyMarked);
   const std::string edit = mayTake_ ? ""
-                                    : "اين شمارش فقط ديده مي‌شود: براي گرفتن موجودي تازه، «اصلاح» "
+                                    : "اين شمارش فقط ديده مي‌شود: براي گرفتن موجودي تازه، "
+                                      "«اصلاح» "
                                       "را "
                                       "بزنيد.";
   cmdTakeAll.SetRemark(edit);

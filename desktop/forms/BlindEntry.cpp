@@ -50,9 +50,11 @@ QWidget* BlindEntry::NewNotice(QWidget* parent) {
   layout->addWidget(end);
   bar->hide();
   connect(this, &BlindEntry::changed, bar, [this, bar, sentence] {
-    sentence->setText(RightToLeft(QStringLiteral("شمارش كور روشن است: از رقم‌ها فقط «%1» ديده مي‌شود. "
-                                                 "ثبت، چاپ و اكسل مانند هميشه است.")
-                                      .arg(CountTitle())));
+    sentence->setText(RightToLeft(
+        QStringLiteral(
+            "شمارش كور روشن است: از رقم‌ها فقط «%1» ديده مي‌شود. "
+            "ثبت، چاپ و اكسل مانند هميشه است.")
+            .arg(CountTitle())));
     bar->setVisible(IsOn());
   });
   return bar;

@@ -141,8 +141,9 @@ void CellClipboard::Report(const PastedCounts& counts) const {
   if (counts.unfit > 0)
     text += QStringLiteral("؛ %1 مقدار جا نداشت، عدد نبود يا پذيرفته نشد").arg(counts.unfit);
   if (counts.unknown > 0) {
-    const QString place = view_.Rows().IsFiltered() ? QStringLiteral("ميان سطرهاي ديده‌شده")
-                                                    : QStringLiteral("در اين شمارش");
+    const QString place = view_.Rows().IsFiltered()
+                              ? QStringLiteral("ميان سطرهاي ديده‌شده")
+                              : QStringLiteral("در اين شمارش");
     text += QStringLiteral("؛ باركد %1 سطر %2 نيست").arg(counts.unknown).arg(place);
   }
   text += u'.';

@@ -12,9 +12,9 @@
 #include <QVBoxLayout>
 
 #include "desktop/fields/Fields.h"
-#include "desktop/toolkit/PrintChoice.h"
 #include "desktop/report/ReportOutput.h"
 #include "desktop/toolkit/FileChoice.h"
+#include "desktop/toolkit/PrintChoice.h"
 #include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/WindowPlace.h"
 #include "siblings/report/ReportNumbers.h"

@@ -60,8 +60,7 @@ TEST_F(EqualCounts, A_sentence_says_how_many_lines_were_left_and_why) {
   Edit(2, LineColumn::SecondCounting, "");
   Edit(2, LineColumn::FirstCounting, "");
   messages.WillAnswer(FakeMessages::Answer::No);
-  EXPECT_EQ(Accept(),
-            Texts{"شمارش 0 سطر قبول شد؛ 2 سطر ماند: 1 بدون شمارش، 1 با شمارش مورد قبول ديگر."});
+  EXPECT_EQ(Accept(), Texts{"شمارش 0 سطر قبول شد؛ 2 سطر ماند: 1 بدون شمارش، 1 با شمارش مورد قبول ديگر."});
   EXPECT_EQ(Cell(1, LineColumn::AcceptedCounting), "12");
 }
 

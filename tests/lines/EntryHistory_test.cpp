@@ -150,7 +150,7 @@ TEST_F(EntryHistoryTest, A_figure_comes_back_to_its_line_wherever_that_is_sorted
   EXPECT_EQ(form.flexDetail.Row(), 3);
 }
 
-TEST_F(EntryHistoryTest, Lines_with_the_same_barcode_are_told_apart) {
+TEST_F(EntryHistoryTest, Lines_with_the_same_barcode_are_distinguished) {
   form.Set(2, LineColumn::Barcode, "4003");
   Type(2, LineColumn::FirstCounting, "5");
   form.flexDetail.UserSort({LineColumn::Barcode, RowOrder::Descending});

@@ -152,7 +152,7 @@ TEST_F(BlockPasteTest, A_selected_rectangle_is_pasted_into_from_its_first_cell) 
   EXPECT_EQ(Figures(), ",/ | 1,2/ | 3,4/ | ,/");
 }
 
-TEST_F(BlockPasteTest, A_copied_rectangle_with_barcodes_goes_back_to_its_goods_and_columns_from_everywhere) {
+TEST_F(BlockPasteTest, A_copied_rectangle_with_barcodes_returns_to_its_goods_and_columns_from_everywhere) {
   FillCounts();
   const std::string filled = Figures();
   Select(1, Barcode, 4, Second);
