@@ -181,9 +181,8 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
 void InvCountingWindow::AddMovedStock(QMenu& menu) {
   auto* const action = new QAction(this);
   menu.addAction(action);
-  addAction(action);  // its shortcut works while the menu is closed
-  action->setShortcut(Qt::SHIFT | Qt::Key_F9);
-  Binding().Bind(form_.mnuMovedStock, *action, BlockedBy::FiguresAndDates);
+  Binding().Bind(form_.mnuMovedStock, *action, BlockedBy::FiguresAndDates, QStringLiteral("Shift+F9"));
+  connect(new QShortcut(Qt::SHIFT | Qt::Key_F9, this), &QShortcut::activated, action, &QAction::trigger);
   connect(blind_, &BlindEntry::changed, this, [this] { form_.mnuMovedStock.SetVisible(!blind_->IsOn()); });
 }
 
