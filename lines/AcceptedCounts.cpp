@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "lines/LineColumns.h"
+#include "lines/LineState.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Text.h"
 
@@ -14,27 +15,6 @@ namespace {
 constexpr const char* kTitle = "قبول شمارش‌هاي يكسان";
 constexpr const char* kCountedOnce = " سطر فقط يك بار شمرده شده است. آن يك شمارش براي آن ها قبول شود؟";
 constexpr const char* kOtherFigure = " سطر شمارش مورد قبول ديگري دارد. شمارش يكسان به جاي آن نوشته شود؟";
-
-/// The counts of a line: those given, and the first of them.
-struct Counts {
-  int given = 0;
-  bool agree = true;
-  std::string text;
-};
-
-Counts CountsOf(const Grid& lines, int row) {
-  Counts counts;
-  for (int col = LineColumn::FirstCounting; col <= LineColumn::ThirdCounting; ++col) {
-    const std::string_view text = Trim(lines.TextMatrix(row, col));
-    if (text.empty()) continue;
-    if (++counts.given == 1) {
-      counts.text = text;
-    } else if (Val(text) != Val(counts.text)) {
-      counts.agree = false;
-    }
-  }
-  return counts;
-}
 
 }  // namespace
 
@@ -54,8 +34,8 @@ AcceptedCounts::Plan AcceptedCounts::MakePlan() const {
   Plan plan;
   for (int row = 1; row < flexDetail_.Rows(); ++row) {
     if (flexDetail_.TextMatrix(row, LineColumn::Barcode).empty()) continue;
-    Counts counts = CountsOf(flexDetail_, row);
-    if (counts.given == 0) {
+    const GivenCounts counts = CountsOf(flexDetail_, row);
+    if (counts.number == 0) {
       ++plan.result.uncounted;
       continue;
     }
@@ -64,11 +44,11 @@ AcceptedCounts::Plan AcceptedCounts::MakePlan() const {
       continue;
     }
     const std::string_view accepted = Trim(flexDetail_.TextMatrix(row, LineColumn::AcceptedCounting));
-    if (!accepted.empty() && Val(accepted) == Val(counts.text)) {
+    if (!accepted.empty() && Val(accepted) == Val(counts.first)) {
       ++plan.result.alreadySame;
       continue;
     }
-    plan.figures.push_back({row, std::move(counts.text), counts.given == 1, !accepted.empty()});
+    plan.figures.push_back({row, std::string(counts.first), counts.number == 1, !accepted.empty()});
   }
   return plan;
 }

@@ -6,23 +6,28 @@
 
 namespace koru {
 
-LineState LineState::Of(const Grid& lines, int row) {
-  unsigned bits = 0;
-  int counts = 0;
+GivenCounts CountsOf(const Grid& lines, int row) {
+  GivenCounts counts;
   double first = 0;
-  bool differ = false;
   for (int col = LineColumn::FirstCounting; col <= LineColumn::ThirdCounting; ++col) {
     const std::string_view text = Trim(lines.TextMatrix(row, col));
     if (text.empty()) continue;
     const double count = Val(text);
-    if (++counts == 1) {
+    if (++counts.number == 1) {
+      counts.first = text;
       first = count;
     } else if (count != first) {
-      differ = true;
+      counts.agree = false;
     }
   }
-  if (counts > 0) bits |= kCounted;
-  if (counts > 1) bits |= differ ? kDisagree : kAgree;
+  return counts;
+}
+
+LineState LineState::Of(const Grid& lines, int row) {
+  unsigned bits = 0;
+  const GivenCounts counts = CountsOf(lines, row);
+  if (counts.number > 0) bits |= kCounted;
+  if (counts.number > 1) bits |= counts.agree ? kAgree : kDisagree;
   if (!Trim(lines.TextMatrix(row, LineColumn::AcceptedCounting)).empty()) {
     bits |= kCounted | kAccepted;
     const auto isSet = [&](int col) { return Val(lines.TextMatrix(row, col)) > 0; };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "platform/controls/Grid.h"
 
@@ -18,8 +19,18 @@ enum class LineKind : std::int32_t {
 };
 inline constexpr int kLineKinds = 7;
 
-/// What the figures of a line say about it. An empty or blank cell is no count; a 0 is one. Short and over
-/// are those of the line's own shortage and surplus columns.
+/// Those of the three counts of a line that are given. An empty or blank cell is no count; a 0 is one.
+struct GivenCounts {
+  int number = 0;
+  bool agree = true;       ///< all are the same number, however it is written
+  std::string_view first;  ///< valid until the row changes
+};
+
+/// The counts of a row of a counting's lines (LineColumns.h).
+[[nodiscard]] GivenCounts CountsOf(const Grid& lines, int row);
+
+/// What the figures of a line say about it. Short and over are those of the line's own shortage and surplus
+/// columns.
 class LineState {
  public:
   LineState() = default;
