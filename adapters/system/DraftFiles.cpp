@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <fstream>
 #include <map>
 #include <random>
 #include <string>
@@ -15,6 +13,7 @@
 #include "adapters/system/ErrorText.h"
 #include "adapters/system/LocalTime.h"
 #include "adapters/system/LockFile.h"
+#include "adapters/system/ReadWhole.h"
 #include "adapters/system/SetAside.h"
 #include "adapters/system/WriteWhole.h"
 #include "platform/text/Errors.h"
@@ -56,16 +55,8 @@ class DraftFile : public Draft {
   }
 
   [[nodiscard]] std::string Read() const override {
-    std::string text;
     std::error_code error;
-    const std::uintmax_t size = fs::file_size(file_, error);
-    if (!error) {
-      text.resize(size);
-      errno = 0;
-      std::ifstream file(file_, std::ios::binary);
-      if (!file.read(text.data(), static_cast<std::streamsize>(size)))
-        error.assign(errno, std::generic_category());
-    }
+    std::string text = ReadWhole(file_, error);
     if (error) Fail("پيش\u200cنويس خوانده نشد: ", file_, error);
     return text;
   }

@@ -1,18 +1,17 @@
 #include "adapters/system/FloorJournalFiles.h"
 
 #include <array>
-#include <cerrno>
 #include <charconv>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
-#include <fstream>
 #include <map>
 #include <string>
 #include <system_error>
 
 #include "adapters/system/ErrorText.h"
 #include "adapters/system/LockFile.h"
+#include "adapters/system/ReadWhole.h"
 #include "adapters/system/SyncedFile.h"
 #include "adapters/system/WriteWhole.h"
 #include "platform/text/Errors.h"
@@ -38,17 +37,9 @@ constexpr std::chrono::days kKeptAside{30};
 
 sys_seconds Now() { return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()); }
 
-std::string ReadWhole(const fs::path& file) {
-  std::string text;
+std::string ReadJournalFile(const fs::path& file) {
   std::error_code error;
-  const std::uintmax_t size = fs::file_size(file, error);
-  if (!error) {
-    text.resize(size);
-    errno = 0;
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream.read(text.data(), static_cast<std::streamsize>(size)))
-      error.assign(errno, std::generic_category());
-  }
+  std::string text = ReadWhole(file, error);
   if (error) Fail("دفتر ارقام گوشي\u200cها خوانده نشد: ", file, error);
   return text;
 }
@@ -66,7 +57,7 @@ class JournalFile : public FloorJournal {
 
   [[nodiscard]] std::string Read() const override {
     std::error_code error;
-    return fs::exists(With(kJournal), error) ? ReadWhole(With(kJournal)) : std::string();
+    return fs::exists(With(kJournal), error) ? ReadJournalFile(With(kJournal)) : std::string();
   }
 
   void Begin(std::string_view text) override {
@@ -111,7 +102,7 @@ class JournalFile : public FloorJournal {
   [[nodiscard]] std::optional<std::string> ReadSetAside() const override {
     const auto aside = Aside();
     if (aside.empty()) return {};
-    return ReadWhole(aside.rbegin()->second);
+    return ReadJournalFile(aside.rbegin()->second);
   }
 
   void Remove() override {

@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <map>
-#include <variant>
-
 #include "lines/LineColumns.h"
-#include "platform/text/Errors.h"
 #include "tests/counting/CountingWorld.h"
+#include "tests/support/KeptTexts.h"
 
 namespace koru::test {
 namespace {
@@ -89,24 +86,9 @@ TEST_F(CommandReports, Calculate_and_Delete_report_what_they_did) {
   EXPECT_EQ(said, Texts{"شمارش با شماره رايانه اي 10 حذف شد."});
 }
 
-/// A host that keeps the user's settings.
-class KeptSettings : public PropertyBag {
- public:
-  [[nodiscard]] PropertyValue Read(std::string_view key, const PropertyValue& defaultValue) const override {
-    if (damaged) throw InputError("not readable");
-    const auto found = values.find(key);
-    return found == values.end() ? defaultValue : found->second;
-  }
-  void Write(std::string_view key, const PropertyValue& value, const PropertyValue& /*default*/) override {
-    values.insert_or_assign(std::string(key), value);
-  }
-  std::map<std::string, PropertyValue, std::less<>> values;
-  bool damaged = false;
-};
-
 TEST_F(CountingWorld,
        The_direction_of_Enter_is_kept_by_the_host_and_a_damaged_setting_keeps_nobody_from_counting) {
-  KeptSettings settings;
+  KeptTexts settings;
   HostServices services = Services();
   services.preferences = &settings;
   const auto formOf = [&](comInvCounting& other) -> frmInvCounting& {

@@ -2,30 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
-#include "platform/text/Errors.h"
 #include "tests/counting/CountingWorld.h"
+#include "tests/support/KeptTexts.h"
 
 namespace koru::test {
 namespace {
 
 using Rows = std::vector<int>;
-
-/// A host that keeps the user's settings.
-class Settings : public PropertyBag {
- public:
-  [[nodiscard]] PropertyValue Read(std::string_view key, const PropertyValue& defaultValue) const override {
-    if (damaged) throw InputError("not readable");
-    const auto found = values.find(key);
-    return found == values.end() ? defaultValue : found->second;
-  }
-  void Write(std::string_view key, const PropertyValue& value, const PropertyValue& /*default*/) override {
-    values.insert_or_assign(std::string(key), value);
-  }
-  std::map<std::string, PropertyValue, std::less<>> values;
-  bool damaged = false;
-};
 
 class LineFinderTest : public CountingWorld {
  protected:
@@ -44,7 +27,7 @@ class LineFinderTest : public CountingWorld {
     EXPECT_TRUE(finder.cboLineKind.UserChoose(static_cast<int>(kind)));
   }
 
-  Settings settings;
+  KeptTexts settings;
 };
 
 TEST_F(LineFinderTest, Each_entry_of_the_list_is_the_kind_that_it_names) {

@@ -1,7 +1,7 @@
 #include <QHeaderView>
 
-#include "tests/desktop/KeptTexts.h"
 #include "tests/desktop/forms/InvCountingWindowTest.h"
+#include "tests/support/KeptTexts.h"
 
 namespace koru {
 namespace {

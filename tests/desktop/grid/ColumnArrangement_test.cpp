@@ -8,8 +8,8 @@
 
 #include "desktop/grid/GridHeader.h"
 #include "desktop/grid/KeptColumns.h"
-#include "tests/desktop/KeptTexts.h"
 #include "tests/desktop/grid/GridViewTest.h"
+#include "tests/support/KeptTexts.h"
 
 namespace koru::test {
 namespace {
