@@ -28,22 +28,24 @@ std::string RedoneSentence(const EntryHistory::Result& result) {
   return std::to_string(result.figures) + " عدد دوباره نوشته شد" + LeftPart(result);
 }
 
-std::string AcceptedSentence(const AcceptedCounts::Result& result) {
+std::string AcceptedSentence(const AcceptedCounts::Result& result, bool filtered) {
   std::string sentence = "شمارش " + std::to_string(result.filled) + " سطر قبول شد";
   if (result.alreadySame > 0) {
     sentence += "؛ " + std::to_string(result.alreadySame) + " سطر از پيش همان را داشت";
   }
-  if (result.Left() == 0) return sentence + ".";
-  const std::pair<int, const char*> reasons[] = {{result.uncounted, " بدون شمارش"},
-                                                 {result.countedOnce, " با يك شمارش"},
-                                                 {result.disagree, " با شمارش هاي ناهمخوان"},
-                                                 {result.otherFigure, " با شمارش مورد قبول ديگر"},
-                                                 {result.refused, " با عدد نپذيرفتني"}};
+  const std::string end = filtered ? ". سطرهاي پنهان هم بررسي شدند." : ".";
+  if (result.Left() == 0) return sentence + end;
+  const std::pair<int, const char*> reasons[] = {
+      {result.uncounted, " بدون شمارش"},
+      {result.countedOnce, " با يك شمارش"},
+      {result.disagree, " با شمارش‌هاي ناهمخوان"},
+      {result.otherFigure, " با شمارش مورد قبول ديگر"},
+      {result.refused, " با عدد نپذيرفتني"}};
   std::string why;
   for (const auto& [lines, reason] : reasons) {
     if (lines > 0) why += (why.empty() ? "" : "، ") + std::to_string(lines) + reason;
   }
-  return sentence + "؛ " + std::to_string(result.Left()) + " سطر ماند: " + why + ".";
+  return sentence + "؛ " + std::to_string(result.Left()) + " سطر ماند: " + why + end;
 }
 
 }  // namespace koru

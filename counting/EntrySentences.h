@@ -11,6 +11,7 @@ namespace koru {
 
 [[nodiscard]] std::string UndoneSentence(const EntryHistory::Result& result);
 [[nodiscard]] std::string RedoneSentence(const EntryHistory::Result& result);
-[[nodiscard]] std::string AcceptedSentence(const AcceptedCounts::Result& result);
+/// `filtered`: the user sees a part of the lines, but all were accepted.
+[[nodiscard]] std::string AcceptedSentence(const AcceptedCounts::Result& result, bool filtered);
 
 }  // namespace koru

@@ -56,7 +56,14 @@ void LineFinder::Apply() {
   Applied.Raise();
 }
 
+void LineFinder::OfferKinds(bool offered) {
+  if (cboLineKind.Visible() == offered) return;
+  cboLineKind.SetVisible(offered);
+  Apply();
+}
+
 LineKind LineFinder::Kind() const {
+  if (!cboLineKind.Visible()) return LineKind::All;
   const ComboBox::Item* const chosen = cboLineKind.Chosen();
   return chosen == nullptr ? LineKind::All : static_cast<LineKind>(chosen->itemData);
 }
@@ -83,6 +90,7 @@ void LineFinder::KindChosen() {
 
 void LineFinder::ShowAll() {
   txtFindLine.SetText({});
+  if (!cboLineKind.Visible()) return Apply();
   cboLineKind.SetListIndex(0);
   KindChosen();
 }

@@ -39,6 +39,9 @@ class LineFinder {
   [[nodiscard]] bool HasLines() const { return lines_.Rows() > 1; }
 
   void Apply();
+  /// Whether the user can choose a kind of lines; otherwise lines of all kinds are shown. The kind that was
+  /// chosen comes back with the choice.
+  void OfferKinds(bool offered);
   /// The lines to be shown are those of RowsThatFit now; all of them if the filter is off.
   Event<> Applied;
 

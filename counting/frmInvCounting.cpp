@@ -184,6 +184,14 @@ void frmInvCounting::CheckMovedStock() {
   if (!outcome.sentence.empty()) CommandReported.Raise(outcome.sentence);
 }
 
+void frmInvCounting::SetBlind(bool blind) {
+  mnuMovedStock.SetVisible(!blind);
+  mnuAcceptEqual.SetVisible(!blind);
+  mnuImport.SetVisible(!blind && shared_.services.tables != nullptr);
+  finder_.OfferKinds(!blind);
+  if (blind) history_.Clear();
+}
+
 void frmInvCounting::RefreshCommands() {
   koru::RefreshCommands(shared_.DocMode, *this);
   cmdReadLines.SetVisible(shared_.DocMode == DocumentMode::Viewing && !linesAreStored_);
@@ -267,7 +275,8 @@ void frmInvCounting::ConnectEvents() {
   mnuUndo.Click.Always([this] { CommandReported.Raise(UndoneSentence(history_.Undo())); });
   mnuRedo.Click.Always([this] { CommandReported.Raise(RedoneSentence(history_.Redo())); });
   history_.Changed.Always([this] { ShowHistory(); });
-  mnuAcceptEqual.Click.Always([this] { CommandReported.Raise(AcceptedSentence(acceptedCounts_.Run())); });
+  mnuAcceptEqual.Click.Always(
+      [this] { CommandReported.Raise(AcceptedSentence(acceptedCounts_.Run(), finder_.IsOn())); });
   gmpInventory.SelectionChanged.Always([this] {
     storeChange_.Run();
     storeOfFigures_.StoreHasChanged();

@@ -84,6 +84,10 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// The user's settings of the windows, which the host keeps; nullptr if it keeps none.
   [[nodiscard]] PropertyBag* Preferences() const { return shared_.services.preferences; }
 
+  /// Whether who uses the form enters one count without the other figures: what compares or overwrites counts
+  /// is not offered then, and figures entered before cannot be taken back.
+  void SetBlind(bool blind);
+
   /// What finds and filters the lines.
   [[nodiscard]] LineFinder& Finder() { return finder_; }
 

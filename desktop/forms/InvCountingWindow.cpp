@@ -177,13 +177,11 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
           [button, menu] { menu->popup(button->mapToGlobal(button->rect().bottomLeft())); });
 }
 
-/// Not while who counts must not see the book stock.
 void InvCountingWindow::AddMovedStock(QMenu& menu) {
   auto* const action = new QAction(this);
   menu.addAction(action);
   Binding().Bind(form_.mnuMovedStock, *action, BlockedBy::FiguresAndDates, QStringLiteral("Shift+F9"));
   connect(new QShortcut(Qt::SHIFT | Qt::Key_F9, this), &QShortcut::activated, action, &QAction::trigger);
-  connect(blind_, &BlindEntry::changed, this, [this] { form_.mnuMovedStock.SetVisible(!blind_->IsOn()); });
 }
 
 void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
@@ -205,6 +203,7 @@ void InvCountingWindow::AddLineCommands(QBoxLayout& window) {
       QStringLiteral("زمان آخرين محاسبه موجودي دفتري روي اين فرم. «بررسي تغيير موجودي» در منوي «عمليات» "
                      "نشان مي‌دهد پس از آن چه تغيير كرده است."));
   Binding().Bind(form_.lblFiguresAge, *age);
+  bar->addSpacing(8);
   bar->addWidget(age);
   bar->addSpacing(12);
   bar->addWidget(progress, 1);
@@ -262,6 +261,7 @@ void InvCountingWindow::AddScanOffer(QBoxLayout& window) {
 void InvCountingWindow::AddLineFinder(QBoxLayout& window) {
   LineFinder& finder = form_.Finder();
   finder_ = new LineFinderBar(finder, this);
+  blind_->Conceals(finder_->Progress());
   Binding().Bind(finder.txtFindLine, finder_->Box());
   Binding().Bind(finder.cboLineKind, finder_->Kinds());
   AddCommand(finder_->PlaceOfCommand(), finder.cmdAllLines, "Ctrl+Shift+F");
@@ -284,6 +284,10 @@ void InvCountingWindow::AddLines(QBoxLayout& window) {
   });
   window.addWidget(lines_, 1);
   finder_->Follow(*lines_);
+  connect(blind_, &BlindEntry::changed, this, [this] {
+    ShowUnequalCounts(*lines_, !blind_->IsOn());
+    form_.SetBlind(blind_->IsOn());
+  });
   connect(lines_, &GridView::reported, this, [this](const QString& sentence) { status_->Say(sentence); });
   connect(lines_, &GridView::unknownScan, this,
           [this](const QString& barcode) { form_.OfferScanned(FromQt(barcode)); });

@@ -38,10 +38,16 @@ void SetUpLineColumns(GridView& lines) {
   lines.SetColumnStyle(LineColumn::ScaleID, key);
   lines.SetStretchColumn(LineColumn::GoodName);
   lines.SetRowNumbers(true);
-  lines.SetRowSign({[](const Grid& grid, int row) { return LineState::Of(grid, row).CountsDisagree(); },
-                    QStringLiteral("≠"), QStringLiteral("شمارش هاي اين سطر با هم برابر نيستند.")});
+  ShowUnequalCounts(lines, true);
   lines.SetScanColumn(LineColumn::Barcode);
   lines.SetFigureColumns(LineColumn::FirstCounting, LineColumn::AcceptedCounting);
+}
+
+void ShowUnequalCounts(GridView& lines, bool shown) {
+  if (!shown) return lines.SetRowSign({});
+  lines.SetRowSign({[](const Grid& grid, int row) { return LineState::Of(grid, row).CountsDisagree(); },
+                    QStringLiteral("≠"),
+                    QStringLiteral("شمارش‌هاي اين سطر با هم برابر نيستند.")});
 }
 
 }  // namespace koru

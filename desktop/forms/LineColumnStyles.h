@@ -12,4 +12,7 @@ inline constexpr QColor kSurplusColor(0x17, 0x4E, 0xA6);
 /// Sets how the columns of a counting's lines look, which of them are scanned, and which take figures.
 void SetUpLineColumns(GridView& lines);
 
+/// Whether the lines whose counts differ have their sign.
+void ShowUnequalCounts(GridView& lines, bool shown);
+
 }  // namespace koru

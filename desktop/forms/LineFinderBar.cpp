@@ -98,6 +98,8 @@ LineFinderBar::LineFinderBar(LineFinder& finder, QWidget* parent)
 }
 // NOLINTEND(cppcoreguidelines-owning-memory)
 
+QWidget& LineFinderBar::Progress() const { return *progress_; }
+
 QBoxLayout& LineFinderBar::PlaceOfCommand() const { return *command_; }
 
 void LineFinderBar::Follow(GridView& lines) {

@@ -27,6 +27,8 @@ class LineFinderBar : public QWidget {
 
   [[nodiscard]] QLineEdit& Box() const { return *box_; }
   [[nodiscard]] QComboBox& Kinds() const { return *kinds_; }
+  /// How far the counting is.
+  [[nodiscard]] QWidget& Progress() const;
   /// Where the command that shows all lines belongs.
   [[nodiscard]] QBoxLayout& PlaceOfCommand() const;
 

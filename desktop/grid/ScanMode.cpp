@@ -49,10 +49,8 @@ void ScanMode::TypeKeys(const QString& keys) {
 }
 
 void ScanMode::Scanned(const QString& text) {
-  const QModelIndex current = view_.currentIndex();
-  if (!current.isValid()) return;
   const QModelIndex row = RowOf(text);
-  MoveTo(row.isValid() ? row : current.siblingAtColumn(scanColumn_));
+  MoveTo(row.isValid() ? row : view_.currentIndex().siblingAtColumn(scanColumn_));
   search_.Forget();
   if (!row.isValid()) {
     Fail(NotInColumn(text, TitleOf(scanColumn_)));

@@ -10,6 +10,7 @@
 #include <QPushButton>
 
 #include "desktop/fields/StatusLine.h"
+#include "lines/LineState.h"
 #include "tests/desktop/forms/InvCountingWindowTest.h"
 #include "tests/desktop/grid/ScannerKeys.h"
 
@@ -152,6 +153,34 @@ TEST_F(BlindEntryTest, Stock_that_has_moved_cannot_be_looked_at_meanwhile) {
   EXPECT_FALSE(Counting().mnuMovedStock.UserClick());
   Choose(1);
   EXPECT_TRUE(Find<QAction>("mnuMovedStock").isVisible());
+}
+
+TEST_F(BlindEntryTest, Nothing_compares_counts_meanwhile) {
+  Counting().flexDetail.UserEdit(2, LineColumn::SecondCounting, "8");
+  Counting().Finder().cboLineKind.UserChoose(static_cast<int>(LineKind::CountsDisagree));
+  ASSERT_EQ(lines.Rows().rowCount(), 1);
+  Choose(1);
+  EXPECT_EQ(lines.Rows().rowCount(), 2) << "the kinds of lines follow from the hidden figures";
+  EXPECT_FALSE(IsShown("cboLineKind"));
+  EXPECT_FALSE(IsShown("lineProgress"));
+  EXPECT_EQ(lines.Rows().headerData(1, Qt::Vertical, Qt::DisplayRole).toString(), QStringLiteral("2"));
+  EXPECT_FALSE(Find<QAction>("mnuAcceptEqual").isVisible());
+  EXPECT_FALSE(Find<QAction>("mnuImport").isVisible());
+  Choose(1);
+  EXPECT_EQ(lines.Rows().rowCount(), 1) << "the kind comes back";
+  EXPECT_TRUE(IsShown("lineProgress"));
+  EXPECT_TRUE(Find<QAction>("mnuAcceptEqual").isVisible());
+}
+
+TEST_F(BlindEntryTest, Figures_entered_before_cannot_be_taken_back_but_those_of_the_count_can) {
+  Counting().flexDetail.UserEdit(1, LineColumn::AcceptedCounting, "11");
+  ASSERT_TRUE(Find<QAction>("mnuUndo").isEnabled());
+  Choose(2);
+  EXPECT_FALSE(Find<QAction>("mnuUndo").isEnabled());
+  Counting().flexDetail.UserEdit(1, LineColumn::SecondCounting, "9");
+  EXPECT_TRUE(Counting().mnuUndo.UserClick());
+  EXPECT_EQ(Counting().flexDetail.TextMatrix(1, LineColumn::SecondCounting), "");
+  EXPECT_EQ(Counting().flexDetail.TextMatrix(1, LineColumn::AcceptedCounting), "11");
 }
 
 TEST_F(BlindEntryTest, A_save_stores_every_figure) {

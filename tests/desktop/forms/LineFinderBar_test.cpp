@@ -107,7 +107,7 @@ TEST_F(LineFinderBarTest, Lines_whose_counts_differ_have_a_sign_beside_their_num
   EXPECT_EQ(lines.headerData(0, Qt::Vertical, Qt::DisplayRole).toString(), QStringLiteral("1"));
   EXPECT_EQ(lines.headerData(1, Qt::Vertical, Qt::DisplayRole).toString(), QStringLiteral("≠ 2"));
   EXPECT_EQ(lines.headerData(1, Qt::Vertical, Qt::AccessibleTextRole).toString(),
-            QStringLiteral("2: شمارش هاي اين سطر با هم برابر نيستند."));
+            QStringLiteral("2: شمارش‌هاي اين سطر با هم برابر نيستند."));
 }
 
 TEST_F(LineFinderBarTest, Every_command_is_visible_on_a_small_screen_while_lines_are_hidden) {

@@ -12,6 +12,7 @@
 #include "desktop/grid/GridModel.h"
 #include "desktop/toolkit/QtText.h"
 #include "tests/desktop/grid/GridViewTest.h"
+#include "tests/desktop/grid/ScannerKeys.h"
 #include "tests/desktop/grid/ScanningGrid.h"
 
 namespace koru::test {
@@ -304,6 +305,17 @@ TEST_F(FilteredScanTest, The_beginning_of_a_hidden_barcode_shows_nothing) {
   Press(Qt::Key_Return);
   EXPECT_EQ(view->model()->rowCount(), 2);
   EXPECT_EQ(unknown, QStringList(QStringLiteral("111")));
+}
+
+TEST_F(FilteredScanTest, While_no_line_is_shown_a_scan_shows_its_line_or_is_unknown) {
+  view->ShowOnly({});
+  TimedKeys scanner;
+  scanner.Scan(QStringLiteral("62609999"));
+  EXPECT_EQ(unknown, QStringList(QStringLiteral("62609999")));
+  EXPECT_EQ(view->model()->rowCount(), 0);
+  view->Scanning().Scanned(QStringLiteral("6261"));
+  EXPECT_EQ(view->model()->rowCount(), 1);
+  EXPECT_EQ(CurrentCell(), std::pair(3, int{First}));
 }
 
 TEST_F(FilteredScanTest, A_barcode_that_no_line_has_is_unknown_as_without_a_filter) {
