@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <span>
 #include <string>
@@ -21,26 +22,45 @@ class GridRow {
 
   /// Valid until the row changes.
   [[nodiscard]] std::string_view Text(std::size_t col) const {
-    const std::size_t end = End(col);
-    const std::size_t begin = Begin(col);
-    return {Texts() + begin, end - begin};
+    if (col >= Cols()) ThrowNoSuchColumn();
+    const std::size_t begin = col == 0 ? 0 : End(col - 1);
+    return {Texts() + begin, End(col) - begin};
   }
   /// `text` may be one of the row's own.
   void SetText(std::size_t col, std::string_view text);
 
  private:
-  [[nodiscard]] std::size_t Cols() const { return block_[0]; }
-  [[nodiscard]] std::size_t Begin(std::size_t col) const { return col == 0 ? 0 : block_[col]; }
-  [[nodiscard]] std::size_t End(std::size_t col) const {
-    if (col >= Cols()) ThrowNoSuchColumn();
-    return block_[col + 1];
+  /// What a block begins with.
+  struct Head {
+    std::uint32_t cols : 31;
+    std::uint32_t isLong : 1;  ///< the offsets have four bytes, else one
+  };
+
+  GridRow(std::size_t cols, std::size_t characters);
+  [[nodiscard]] Head TheHead() const {
+    Head head;
+    std::memcpy(&head, block_.get(), sizeof head);
+    return head;
   }
-  [[nodiscard]] const char* Texts() const { return reinterpret_cast<const char*>(&block_[Cols() + 1]); }
-  [[nodiscard]] char* Texts() { return reinterpret_cast<char*>(&block_[Cols() + 1]); }
+  [[nodiscard]] std::size_t Cols() const { return TheHead().cols; }
+  /// The end offset of a cell's text.
+  [[nodiscard]] std::size_t End(std::size_t col) const {
+    const char* const offsets = block_.get() + sizeof(Head);
+    if (!TheHead().isLong) return static_cast<unsigned char>(offsets[col]);
+    std::uint32_t end = 0;
+    std::memcpy(&end, offsets + col * sizeof end, sizeof end);
+    return end;
+  }
+  void SetEnd(std::size_t col, std::size_t end);
+  [[nodiscard]] std::size_t TextsBegin() const {
+    return sizeof(Head) + Cols() * (TheHead().isLong ? sizeof(std::uint32_t) : 1);
+  }
+  [[nodiscard]] const char* Texts() const { return block_.get() + TextsBegin(); }
+  [[nodiscard]] char* Texts() { return block_.get() + TextsBegin(); }
   [[noreturn]] static void ThrowNoSuchColumn();
 
-  /// The number of columns, the end offset of each cell's text, the concatenated texts.
-  std::unique_ptr<std::uint32_t[]> block_;
+  /// The head, the end offset of each cell's text, the concatenated texts.
+  std::unique_ptr<char[]> block_;
 };
 
 }  // namespace koru

@@ -31,6 +31,20 @@ TEST(GridRow, Longer_shorter_and_equally_long_texts_leave_the_other_cells_as_the
   EXPECT_EQ(TextsOf(row, 3), (Texts{"34", "", "0.5"}));
 }
 
+TEST(GridRow, Keeps_its_texts_whatever_their_length_together) {
+  for (const std::size_t length : {250U, 251U, 252U, 253U, 254U, 70'000U}) {
+    const std::string text(length, 'x');
+    GridRow row(3);
+    row.SetText(1, text);
+    row.SetText(0, "1");
+    row.SetText(2, "3");
+    EXPECT_EQ(TextsOf(row, 3), (Texts{"1", text, "3"})) << length;
+    EXPECT_EQ(TextsOf(GridRow(Texts{"1", text, "3"}), 3), (Texts{"1", text, "3"})) << length;
+    row.SetText(1, "");
+    EXPECT_EQ(TextsOf(row, 3), (Texts{"1", "", "3"})) << length;
+  }
+}
+
 TEST(GridRow, A_text_may_be_copied_from_another_cell_of_the_row) {
   GridRow row(3);
   row.SetText(0, "12.5");
