@@ -55,6 +55,8 @@ class SqliteDatabase : public Database {
   class SnapshotScope;
 
   Recordset Run(const NormalizedStatement& statement);
+  /// From the first batch or snapshot on, the page cache may hold 128 MB.
+  void KeepManyPages();
   /// Throws DatabaseError if the file or its log is not at its path. Costs two calls of the file system.
   void RequireFiles(const std::string& statement) const;
   void EndBatchLevel();
@@ -67,6 +69,7 @@ class SqliteDatabase : public Database {
   StatementCache<SqliteStatement> cache_;
   Snapshot snapshot_;
   int batchLevels_ = 0;
+  bool keepsManyPages_ = false;
 };
 
 }  // namespace koru

@@ -50,6 +50,13 @@ class ReadSnapshotTest : public testing::Test {
   std::unique_ptr<Database> other_ = connector_.Connect(database_.ConnectionText());
 };
 
+TEST_F(ReadSnapshotTest, The_first_one_lets_the_connection_keep_many_pages_for_good) {
+  const auto cacheSize = [this] { return connection_->Open(SqlText("PRAGMA cache_size")).Field(0).Text(); };
+  EXPECT_EQ(cacheSize(), "-2048");
+  static_cast<void>(connection_->BeginReadSnapshot());
+  EXPECT_EQ(cacheSize(), "-131072");
+}
+
 TEST_F(ReadSnapshotTest, Finds_what_is_found_without_it) {
   RegisterTheOther();
   EXPECT_EQ(Stock(), "15");
