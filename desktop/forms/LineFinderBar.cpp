@@ -14,6 +14,7 @@
 #include "desktop/forms/LineProgress.h"
 #include "desktop/grid/GridView.h"
 #include "desktop/toolkit/PlainText.h"
+#include "lines/LineColumns.h"
 
 namespace koru {
 namespace {
@@ -55,6 +56,10 @@ class KindList : public QComboBox {
   LineFinder& finder_;
 };
 
+QString Notice(int shown, int lines) {
+  return RightToLeft(QStringLiteral("فيلتر: %1 سطر از %2").arg(shown).arg(lines));
+}
+
 }  // namespace
 
 // The widgets are owned by their Qt parents.
@@ -64,7 +69,8 @@ LineFinderBar::LineFinderBar(LineFinder& finder, QWidget* parent)
       finder_(finder),
       box_(new QLineEdit(this)),
       kinds_(new KindList(finder, this)),
-      notice_(NewNotice({}, this)),
+      room_(new QWidget(this)),
+      notice_(NewNotice({}, room_)),
       command_(new QHBoxLayout),
       progress_(new LineProgress(this)) {
   box_->setPlaceholderText(QStringLiteral("نام، كد يا باركد"));
@@ -84,11 +90,15 @@ LineFinderBar::LineFinderBar(LineFinder& finder, QWidget* parent)
   auto* const layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(4);
-  command_->setSpacing(4);
+  auto* const room = new QHBoxLayout(room_);
+  room->setContentsMargins(0, 0, 0, 0);
+  room->setSpacing(4);
+  room->addWidget(notice_);
+  room->addLayout(command_);
+  room->addStretch();
   layout->addWidget(box_, 1);
   layout->addWidget(kinds_);
-  layout->addWidget(notice_);
-  layout->addLayout(command_);
+  layout->addWidget(room_);
   layout->addSpacing(8);
   layout->addWidget(progress_, 2);
   connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, box_, [this] {
@@ -105,9 +115,30 @@ QBoxLayout& LineFinderBar::PlaceOfCommand() const { return *command_; }
 void LineFinderBar::Follow(GridView& lines) {
   lines_ = &lines;
   applied_ = finder_.Applied.Subscribe([this] { Apply(); });
+  KeepRoomForNotice();
   rowsChanged_ = lines.Rows().Source()->RowsChanged.Subscribe([this](const GridChange&) { ShowLater(); });
   connect(&lines.Rows(), &QAbstractItemModel::rowsInserted, this, &LineFinderBar::ShowLater);
   Apply();
+}
+
+/// A place of one size: when the notice or the command appears in it, the window need not be laid out anew.
+void LineFinderBar::KeepRoomForNotice() {
+  for (QWidget* const part : room_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    QSizePolicy policy = part->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    part->setSizePolicy(policy);
+  }
+  const QString text = notice_->text();
+  notice_->setText(Notice(kMaxLines, kMaxLines));
+  room_->layout()->invalidate();
+  room_->setFixedSize(room_->layout()->sizeHint());
+  notice_->setText(text);
+}
+
+void LineFinderBar::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (lines_ != nullptr && (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange))
+    KeepRoomForNotice();
 }
 
 /// A figure that the form refused stays in its cell, and with it the lines that are shown.
@@ -132,9 +163,8 @@ void LineFinderBar::ShowNow() {
   const Grid* const grid = lines_->Rows().Source();
   if (grid == nullptr) return;  // the form was unloaded
   progress_->Show(finder_.Counts());
-  const QString text =
-      QStringLiteral("فيلتر: %1 سطر از %2").arg(lines_->Rows().rowCount()).arg(grid->Rows() - 1);
-  if (notice_->text() != RightToLeft(text)) notice_->setText(RightToLeft(text));
+  const QString text = Notice(lines_->Rows().rowCount(), grid->Rows() - 1);
+  if (notice_->text() != text) notice_->setText(text);
   notice_->setVisible(lines_->Rows().IsFiltered());
 }
 

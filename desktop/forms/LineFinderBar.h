@@ -37,9 +37,11 @@ class LineFinderBar : public QWidget {
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void Apply();
+  void KeepRoomForNotice();
   void ShowLater();
   void ShowNow();
   bool KeyPressed(int key);
@@ -47,6 +49,7 @@ class LineFinderBar : public QWidget {
   LineFinder& finder_;
   QLineEdit* box_;
   QComboBox* kinds_;
+  QWidget* room_;  ///< of the notice and the command, also while they are hidden
   QLabel* notice_;
   QHBoxLayout* command_;
   LineProgress* progress_;

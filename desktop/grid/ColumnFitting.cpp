@@ -31,6 +31,12 @@ void ColumnFitting::FitLaterUnlessFits(int row) {
   if (!requested_ && !Fits(row)) FitLater();
 }
 
+void ColumnFitting::ViewResized() {
+  const int room = view_.viewport()->width() - fittedViewport_;
+  const bool remains = room == 0 || (room > 0 && view_.Rows().IsFiltered());
+  if (view_.width() != fittedView_ || !remains) FitLater();
+}
+
 void ColumnFitting::Arrange(ColumnArrangement arrangement) {
   arranged_ = std::move(arrangement);
   FitLater();
@@ -84,6 +90,8 @@ void ColumnFitting::FitNow() {
     view_.setColumnHidden(col, width == 0);
     if (width > 0 && view_.columnWidth(col) != width) view_.setColumnWidth(col, width);
   }
+  fittedView_ = view_.width();
+  fittedViewport_ = view_.viewport()->width();
 }
 
 bool ColumnFitting::Fits(int row) const {

@@ -26,6 +26,10 @@ class ColumnFitting : public QObject {
   /// FitLater if a text of the row is wider than its column.
   void FitLaterUnlessFits(int row);
 
+  /// The view or its viewport has another size. The room that a vertical scroll bar leaves when a filter
+  /// hides lines remains free, so that no column moves.
+  void ViewResized();
+
   /// What the user has changed so far.
   [[nodiscard]] const ColumnArrangement& Arranged() const { return arranged_; }
   /// Takes widths and order as if the user had made them; an empty arrangement is the usual one.
@@ -52,6 +56,8 @@ class ColumnFitting : public QObject {
   ColumnArrangement arranged_;
   bool fitting_ = false;  ///< the header reports changes that the user has not made
   bool requested_ = false;
+  int fittedView_ = 0;      ///< the width of the view when the columns were fitted
+  int fittedViewport_ = 0;  ///< and of its viewport
 };
 
 }  // namespace koru

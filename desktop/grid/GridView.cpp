@@ -268,7 +268,7 @@ void GridView::UpdateRow(int row) {
 
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  fitting_.FitLater();
+  fitting_.ViewResized();
 }
 
 bool GridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {

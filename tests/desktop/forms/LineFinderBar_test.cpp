@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 
 #include "desktop/forms/LineProgress.h"
 #include "desktop/toolkit/QtText.h"
@@ -40,6 +41,28 @@ TEST_F(LineFinderBarTest, Ctrl_F_finds_while_typing_and_Escape_returns_to_all_li
   EXPECT_EQ(Shown(), 2);
   EXPECT_FALSE(Notice().isVisible());
   EXPECT_TRUE(Lines().hasFocus());
+}
+
+TEST_F(LineFinderBarTest, The_notice_and_its_command_appear_without_moving_anything_else) {
+  class Requests : public QObject {
+   public:
+    int layouts = 0;
+
+   protected:
+    bool eventFilter(QObject* /*object*/, QEvent* event) override {
+      if (event->type() == QEvent::LayoutRequest) ++layouts;
+      return false;
+    }
+  } requests;
+  const QRect progress = Find<LineProgress>("lineProgress").geometry();
+  const int commandWidth = Find<QPushButton>("cmdAllLines").sizeHint().width();
+  window->installEventFilter(&requests);
+  FindText(QStringLiteral("روغن"));
+  QApplication::processEvents();
+  EXPECT_EQ(requests.layouts, 0) << "the window is not laid out anew";
+  EXPECT_EQ(Find<LineProgress>("lineProgress").geometry(), progress);
+  EXPECT_GE(Find<QPushButton>("cmdAllLines").width(), commandWidth);
+  EXPECT_GE(Notice().width(), Notice().sizeHint().width());
 }
 
 TEST_F(LineFinderBarTest, A_box_that_is_already_empty_is_left_by_Escape_too) {

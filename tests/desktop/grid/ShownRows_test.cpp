@@ -254,6 +254,32 @@ TEST_F(FilteredViewTest, A_filter_leaves_the_widths_of_columns_alone) {
   EXPECT_EQ(view->columnWidth(3), width);
 }
 
+/// Timers without a delay lay out rows and fit columns, one after the other.
+void ProcessAll() {
+  for (int round = 0; round < 4; ++round) QApplication::processEvents();
+}
+
+TEST_F(FilteredViewTest, The_room_of_a_scroll_bar_that_a_filter_makes_needless_moves_no_column) {
+  Start();
+  view->SetRowNumbers(true);
+  for (int i = 0; i < 40; ++i) grid.AddItem(std::to_string(grid.Rows()));
+  ProcessAll();
+  const auto widths = [this] {
+    std::vector<int> all{view->verticalHeader()->width()};
+    for (int col = 0; col < grid.Cols(); ++col) all.push_back(view->columnWidth(col));
+    return all;
+  };
+  const std::vector<int> before = widths();
+  const int viewport = view->viewport()->width();
+  view->ShowOnly({1});
+  ProcessAll();
+  ASSERT_GT(view->viewport()->width(), viewport);
+  EXPECT_EQ(widths(), before);
+  window.resize(window.width() + 50, window.height());
+  ProcessAll();
+  EXPECT_NE(widths(), before) << "the window is larger";
+}
+
 TEST_F(FilteredViewTest, A_signed_row_has_its_sign_before_its_number_and_says_what_it_means) {
   view->SetRowNumbers(true);
   view->SetRowSign({[](const Grid& lines, int row) { return lines.TextMatrix(row, 1) == "واشر"; },
