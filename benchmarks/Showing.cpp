@@ -133,7 +133,12 @@ class Showing {
   void Load() { program_.Form().FillInvCounterDetailData(kFullCounting); }
   void LoadByHand() { benchmark::DoNotOptimize(CopyTexts(plain_, kLinesQuery)); }
 
+  /// The filter of another workload hides lines.
+  void ShowAllLines() {
+    if (program_.Form().Finder().IsOn()) program_.Form().Finder().txtFindLine.UserType({});
+  }
   void StartAtTop() {
+    ShowAllLines();
     bare_.SetVisible(false);
     SortByNumber();
     program_.Lines().verticalScrollBar()->setValue(0);
@@ -157,7 +162,10 @@ class Showing {
   void SortNames() { benchmark::DoNotOptimize(SortReady(names_)); }
   void SortRates() { benchmark::DoNotOptimize(SortReady(rates_)); }
 
-  void ShowBareView() { bare_.SetVisible(true); }
+  void ShowBareView() {
+    ShowAllLines();
+    bare_.SetVisible(true);
+  }
   void PressArrow() { arrows_.PressNext(); }
   void PressArrowInBareView() { bareArrows_.PressNext(); }
 
@@ -173,10 +181,6 @@ class Showing {
   void PassAndDrawPage() {
     benchmark::DoNotOptimize(LinesWith(Lines(), NextWord()));
     program_.Lines().viewport()->repaint();
-  }
-  void ShowAllLines() {
-    program_.Form().Finder().txtFindLine.UserType({});
-    StartAtTop();
   }
 
   void RemoveWorkbooks() {
@@ -213,13 +217,16 @@ class Showing {
 
 std::vector<Workload> ShowingWorkloads(const std::string& fullSample, const std::string& workbooks) {
   const auto lines = std::make_shared<Showing>(fullSample, workbooks);
-  const auto unsorted = [lines] { lines->SortByNumber(); };
+  const auto unsorted = [lines] {
+    lines->ShowAllLines();
+    lines->SortByNumber();
+  };
   return {
       {"loading 32,767 lines and totals", 2, [lines] { lines->Load(); }, [lines] { lines->LoadByHand(); }},
       {"edit of an accepted count, totals, repaint", 2, [lines] { lines->EditAndDraw(); },
        [lines] { lines->SumAndDrawPage(); }, [lines] { lines->StartAtTop(); }},
       {"a filter over a full counting", 2, [lines] { lines->FindAndDraw(); },
-       [lines] { lines->PassAndDrawPage(); }, [lines] { lines->ShowAllLines(); }},
+       [lines] { lines->PassAndDrawPage(); }, [lines] { lines->StartAtTop(); }},
       {"an arrow key, 32,767 lines", 1.5, [lines] { lines->PressArrow(); },
        [lines] { lines->PressArrowInBareView(); }, [lines] { lines->ShowBareView(); }},
       {"sort by rate, 32,767 lines", 3, [lines] { lines->SortBy(LineColumn::Rate); },
@@ -227,7 +234,7 @@ std::vector<Workload> ShowingWorkloads(const std::string& fullSample, const std:
       {"sort by name, 32,767 lines", 3, [lines] { lines->SortBy(LineColumn::GoodName); },
        [lines] { lines->SortNames(); }, unsorted},
       {"a page of 32,767 lines beside one of 100", 1.2, [lines] { lines->ShowPageOfFull(); },
-       [lines] { lines->ShowPageOfFew(); }},
+       [lines] { lines->ShowPageOfFew(); }, [lines] { lines->ShowAllLines(); }},
       {"cmdExcel, 32,767 lines", 1.5, [lines] { lines->Export(); }, [lines] { lines->ExportByHand(); },
        [lines] { lines->RemoveWorkbooks(); }}};
 }
