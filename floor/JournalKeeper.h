@@ -10,7 +10,8 @@
 
 namespace koru {
 
-/// Writes the journal of a session. What cannot be written is kept and tried again; the desk is informed once.
+/// Writes the journal of a session. What cannot be written is kept and tried again; the desk is informed
+/// once.
 class JournalKeeper {
  public:
   /// `start` gives what the journal begins with at that moment. Everything must outlive the keeper.

@@ -30,7 +30,8 @@ std::string SentenceOn(const MovedLine& line, const MoveExplanation& explanation
            "تاريخ‌هاي "
            "شمارش "
            "عوض شده است.";
-  return "جمع آخرين سندها برابر تغيير نيست: سندي حذف شده يا تغيير كرده، يا انبار يا تاريخ‌هاي "
+  return "جمع آخرين سندها برابر تغيير نيست: سندي حذف شده يا تغيير كرده، يا انبار يا "
+         "تاريخ‌هاي "
          "شمارش "
          "عوض "
          "شده است. "
@@ -121,11 +122,13 @@ void frmMovedStock::FollowMarks() {
   for (int row = 1; row < flexMoved.Rows() && !isAnyMarked; ++row) isAnyMarked = IsMarked(row);
   cmdTakeAll.SetEnabled(mayTake_);
   cmdTakeMarked.SetEnabled(mayTake_ && isAnyMarked);
-  const std::string edit = mayTake_ ? ""
-                                    : "اين شمارش فقط ديده مي‌شود: براي گرفتن موجودي تازه، "
-                                      "«اصلاح» "
-                                      "را "
-                                      "بزنيد.";
+  const std::string edit =
+      mayTake_
+          ? ""
+          : "اين شمارش فقط ديده مي‌شود: براي گرفتن موجودي تازه، "
+            "«اصلاح» "
+            "را "
+            "بزنيد.";
   cmdTakeAll.SetRemark(edit);
   cmdTakeMarked.SetRemark(mayTake_ && !isAnyMarked ? "سطري انتخاب نشده است." : edit);
 }

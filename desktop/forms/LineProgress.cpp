@@ -47,7 +47,7 @@ QString LineProgress::Numbers() const {
 }
 
 QString LineProgress::ShownText() const {
-  const QString all = RightToLeft(Numbers());
+  QString all = RightToLeft(Numbers());
   if (fontMetrics().horizontalAdvance(all) <= width()) return all;
   return RightToLeft(QStringLiteral("مانده %1").arg(counts_.Left()));
 }

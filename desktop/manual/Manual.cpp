@@ -65,8 +65,8 @@ void Manual::Open(const QString& page) {
   QWidget* const modal = QApplication::activeModalWidget();
   if (window_.isNull() || (modal != nullptr && window_->parentWidget() != modal)) {
     delete window_;
-    window_ = new ManualWindow(folder_, showFailure_,
-                               modal);  // NOLINT(cppcoreguidelines-owning-memory): deleted on close
+    // Deleted on close. NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+    window_ = new ManualWindow(folder_, showFailure_, modal);
   }
   window_->Show(page);
 }

@@ -255,7 +255,8 @@ TEST_F(FloorPauses, A_file_that_is_no_journal_is_set_aside) {
   EXPECT_NO_THROW(static_cast<void>(ReadJournal(journal_.synced)));
 }
 
-TEST_F(FloorPauses, Nothing_is_acknowledged_while_the_journal_cannot_be_written_and_the_desk_is_informed_once) {
+TEST_F(FloorPauses,
+       Nothing_is_acknowledged_while_the_journal_cannot_be_written_and_the_desk_is_informed_once) {
   journal_.isFull = true;
   const std::vector<FloorFigure> add = {{1, kTea, FloorFigure::Operation::Add, "5", {}}};
   static_cast<void>(session_->Enter(1, "d1", add));

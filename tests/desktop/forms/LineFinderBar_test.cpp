@@ -54,6 +54,7 @@ TEST_F(LineFinderBarTest, The_notice_and_its_command_appear_without_moving_anyth
       return false;
     }
   } requests;
+  QApplication::processEvents();  // the window has been laid out for the first time
   const QRect progress = Find<LineProgress>("lineProgress").geometry();
   const int commandWidth = Find<QPushButton>("cmdAllLines").sizeHint().width();
   window->installEventFilter(&requests);
@@ -91,7 +92,8 @@ TEST_F(LineFinderBarTest, The_open_list_has_the_number_of_lines_of_each_kind) {
   QStringList entries;
   for (int i = 0; i < kinds.count(); ++i) entries += kinds.itemData(i, Qt::AccessibleTextRole).toString();
   kinds.hidePopup();
-  EXPECT_EQ(entries.join(u'|'), QStringLiteral("همه سطرها: 2|شمرده نشده: 0|شمارش‌هاي نابرابر: 0|بدون شمارش "
+  EXPECT_EQ(entries.join(u'|'), QStringLiteral("همه سطرها: 2|شمرده نشده: 0|شمارش‌هاي نابرابر: 0|بدون "
+                                               "شمارش "
                                                "مورد قبول: 0|"
                                                "داراي كسري: 1|داراي اضافي: 1|برابر با موجودي دفتري: 0"));
 }
