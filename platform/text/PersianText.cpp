@@ -67,24 +67,10 @@ constexpr auto kCommonWeights = [] {
   return weights;
 }();
 
-/// The same as NextCharacter, with a fast path for characters of one and two bytes.
-char32_t TakeCharacter(std::string_view text, std::size_t& at) {
-  const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
-  const char32_t first = byte(at);
-  if (first < 0x80) {
-    ++at;
-    return first;
-  }
-  if (first < 0xC2 || first > 0xDF || at + 1 == text.size() || (byte(at + 1) & 0xC0U) != 0x80U)
-    return NextCharacter(text, at);
-  at += 2;
-  return (first & 0x1FU) << 6U | (byte(at - 1) & 0x3FU);
-}
-
 /// Weight of the next character that takes part in a comparison; 0 at the end of the text.
 char32_t NextWeight(std::string_view text, std::size_t& at) {
   while (at < text.size()) {
-    const char32_t c = TakeCharacter(text, at);
+    const char32_t c = NextCharacter(text, at);
     if (c < kCommonCharacters) return kCommonWeights[c];
     if (c != kZeroWidthNonJoiner) return Weight(Folded(c)) + 1;
   }

@@ -10,20 +10,6 @@ namespace {
 
 constexpr char32_t kTwoBytes = 0x800;  ///< the first character of three bytes in UTF-8
 
-/// Reads a character as NextCharacter does, with a fast path for one and two bytes.
-char32_t Next(std::string_view text, std::size_t& at) {
-  const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
-  const char32_t first = byte(at);
-  if (first < 0x80) {
-    ++at;
-    return first;
-  }
-  if (first < 0xC2 || first > 0xDF || at + 1 == text.size() || (byte(at + 1) & 0xC0U) != 0x80U)
-    return NextCharacter(text, at);
-  at += 2;
-  return (first & 0x1FU) << 6U | (byte(at - 1) & 0x3FU);
-}
-
 bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
@@ -68,7 +54,7 @@ bool PersianWords::IsIn(std::u32string_view word, std::initializer_list<std::str
     }
     std::size_t count = 0;
     for (std::size_t at = 0; at < text.size();) {
-      const char32_t c = Next(text, at);
+      const char32_t c = NextCharacter(text, at);
       if (c == kZeroWidthNonJoiner) continue;
       characters[count++] = c < kTwoBytes ? folded_[c] : FoldCharacter(c);
     }

@@ -71,7 +71,7 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-char32_t NextCharacter(std::string_view text, std::size_t& at) {
+char32_t NextCharacterOfAnyLength(std::string_view text, std::size_t& at) {
   const auto lead = static_cast<unsigned char>(text[at]);
   const std::size_t length = SequenceLength(lead);
   if (length == 0 || at + length > text.size()) {

@@ -22,9 +22,24 @@ namespace koru {
 /// Compares names of columns, controls and keys: equal up to the case of ASCII letters.
 [[nodiscard]] bool EqualsNoCase(std::string_view a, std::string_view b);
 
+/// NextCharacter for characters of any length.
+[[nodiscard]] char32_t NextCharacterOfAnyLength(std::string_view text, std::size_t& at);
+
 /// Reads the character at `at`, which must be inside `text`, and advances `at` past it. An invalid byte is
-/// read as U+FFFD and advances `at` by one.
-[[nodiscard]] char32_t NextCharacter(std::string_view text, std::size_t& at);
+/// read as U+FFFD and advances `at` by one. Characters of one and two bytes, which searches in Persian texts
+/// read by the million, have a fast path.
+[[nodiscard]] inline char32_t NextCharacter(std::string_view text, std::size_t& at) {
+  const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
+  const char32_t first = byte(at);
+  if (first < 0x80) {
+    ++at;
+    return first;
+  }
+  if (first < 0xC2 || first > 0xDF || at + 1 == text.size() || (byte(at + 1) & 0xC0U) != 0x80U)
+    return NextCharacterOfAnyLength(text, at);
+  at += 2;
+  return (first & 0x1FU) << 6U | (byte(at - 1) & 0x3FU);
+}
 
 /// Appends `character` to `text` as UTF-8.
 void AppendCharacter(std::string& text, char32_t character);

@@ -264,7 +264,7 @@ TEST_F(FloorPauses,
   const auto again = session_->Enter(1, "d1", add);
   EXPECT_FALSE(session_->Commit());
   EXPECT_EQ(failures_, std::vector<std::string>{"ديسك پر است."});
-  EXPECT_EQ(Count(kTea, 1), "5") << "it stands in the grid once";
+  EXPECT_EQ(Count(kTea, 1), "5") << "the grid has it once";
   journal_.isFull = false;
   EXPECT_EQ(session_->Enter(1, "d1", add), again);
   EXPECT_TRUE(session_->Commit());

@@ -258,7 +258,7 @@ TEST_F(BlockPasteTest, Lines_selected_by_their_numbers_are_copied_whole_and_go_b
   click(2, {});
   QApplication::clipboard()->setText("77");
   Press(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Cell(2, Second), "77") << "a figure goes into the column of the cursor";
+  EXPECT_EQ(Cell(2, Second), "77") << "a figure is pasted into the column of the current cell";
 }
 
 TEST_F(BlockPasteTest, A_list_that_takes_no_figures_still_selects_rows_and_copies_a_cell) {
