@@ -136,8 +136,9 @@ bool frmInvCounting::ViewInvCounting(std::int32_t id) {
   try {
     ShowCountingHeader(*header, *this);
     SetDocumentMode(DocumentMode::Viewing, *this, shared_);
-    // Before the lines are read: a later comparison finds what another station changes in between.
-    guard_.Stored().Remember(id);
+    // The header that is shown, and before the lines are read: a later comparison finds what another station
+    // changes in between.
+    guard_.Stored().Remember(id, header->counting);
     FillInvCounterDetailData(id);
     storeOfFigures_.Follow();
     figuresAge_.Forget();

@@ -64,6 +64,14 @@ void StoredCounting::Remember(std::int32_t id) {
   remembered_ = std::move(now);
 }
 
+void StoredCounting::Remember(std::int32_t id, const Recordset& shown) {
+  Remember(id);
+  CountingSnapshot seen = HeaderOf(shown);
+  seen.lines = remembered_->lines;
+  if (!SameCounting(*remembered_, seen)) foreignWrites_.reset();
+  remembered_ = std::move(seen);
+}
+
 void StoredCounting::RememberSaved(std::int32_t id, const LinesDigest& lines) {
   Forget();
   try {

@@ -35,6 +35,9 @@ class StoredCounting {
 
   /// Remembers counting `id` as it is stored now. Throws DatabaseError; then nothing is remembered.
   void Remember(std::int32_t id);
+  /// Remembers counting `id` with the header `shown`, a record of tblInventoryCounting that was read before
+  /// and is on the form: what another station has done to it since is found by the next comparison.
+  void Remember(std::int32_t id, const Recordset& shown);
   /// Remembers counting `id` after a save that wrote `lines`: only the header is read. Nothing is remembered
   /// where it cannot be read: the save is done all the same.
   void RememberSaved(std::int32_t id, const LinesDigest& lines);
