@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QPersistentModelIndex>
+#include <optional>
 #include <vector>
 
 #include "desktop/grid/CellHint.h"
@@ -83,6 +84,8 @@ void CellClipboard::Paste(const QModelIndex& from) const {
     const WaitCursor hourglass;
     const PastePlan plan = PlanPaste(view_, from, CopiedRows());
     const BatchEdit batch(*grid);
+    std::optional<GridRedrawOff> redrawOff;
+    if (plan.rows.size() > 1) redrawOff.emplace(*grid);  // a long column is laid out once
     for (const PastePlan::Row& row : plan.rows) PasteRow(plan, row, counts);
     if (first.isValid()) grid->UserMoveTo(view_.Rows().GridRowOf(first), first.column());
   }
