@@ -53,8 +53,8 @@ TEST_F(EqualCounts, A_sentence_says_how_many_lines_were_left_and_why) {
   Edit(1, LineColumn::SecondCounting, "11");
   Edit(2, LineColumn::AcceptedCounting, "");
   messages.WillAnswer(FakeMessages::Answer::No);
-  EXPECT_EQ(Accept(), Texts{"شمارش 0 سطر قبول شد؛ 2 سطر ماند: 1 با يك شمارش، 1 با شمارش‌هاي "
-                            "ناهمخوان."});
+  EXPECT_EQ(Accept(), Texts{"شمارش 0 سطر قبول شد؛ 2 سطر ماند: 1 با يك شمارش، "
+                            "1 با شمارش‌هاي ناهمخوان."});
   EXPECT_EQ(Cell(2, LineColumn::AcceptedCounting), "");
   Edit(1, LineColumn::SecondCounting, "10");
   Edit(1, LineColumn::AcceptedCounting, "12");

@@ -317,7 +317,8 @@ TEST_F(MovedStockForm, A_document_that_was_changed_in_place_is_admitted) {
   moved = Moved();
   const frmMovedStock list(shared, form, moved, true);
   EXPECT_EQ(list.lblDocuments.Caption(),
-            "جمع آخرين سندها برابر تغيير نيست: سندي حذف شده يا تغيير كرده، يا انبار يا تاريخ‌هاي "
+            "جمع آخرين سندها برابر تغيير نيست: سندي حذف شده يا تغيير كرده، يا انبار يا "
+            "تاريخ‌هاي "
             "شمارش "
             "عوض "
             "شده است. "

@@ -92,10 +92,11 @@ TEST_F(LineFinderBarTest, The_open_list_has_the_number_of_lines_of_each_kind) {
   QStringList entries;
   for (int i = 0; i < kinds.count(); ++i) entries += kinds.itemData(i, Qt::AccessibleTextRole).toString();
   kinds.hidePopup();
-  EXPECT_EQ(entries.join(u'|'), QStringLiteral("همه سطرها: 2|شمرده نشده: 0|شمارش‌هاي نابرابر: 0|بدون "
-                                               "شمارش "
-                                               "مورد قبول: 0|"
-                                               "داراي كسري: 1|داراي اضافي: 1|برابر با موجودي دفتري: 0"));
+  EXPECT_EQ(
+      entries.join(u'|'),
+      QStringLiteral("همه سطرها: 2|شمرده نشده: 0|شمارش‌هاي نابرابر: 0|"
+                     "بدون شمارش مورد قبول: 0|"
+                     "داراي كسري: 1|داراي اضافي: 1|برابر با موجودي دفتري: 0"));
 }
 
 TEST_F(LineFinderBarTest, The_progress_follows_every_figure) {
