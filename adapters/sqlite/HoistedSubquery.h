@@ -24,6 +24,9 @@ struct HoistedSubquery {
 /// - a join of lines with their documents (LineDocumentJoin) becomes a select from the lines alone, with
 ///   `koru_key_rank(?n,D.X)` in place of the join's condition and of the order.
 ///
+/// In a hoisted subquery, `(S=?n or S in (select ...))` becomes `(S in (select ?n union all select ...))`
+/// where S is an integer column of T: SQLite then searches its index of S once.
+///
 /// X is an integer column of D, `key` the integer primary key of T. A statement of another form remains
 /// unchanged. Whether a subquery is correlated is not checked: such a one fails to prepare, and then the
 /// statement must run as it was.

@@ -30,6 +30,7 @@ writes and compares it, `tests/adapters/sqlite/DialectPage_test.cpp`; after a ch
 | normalize | `NormalizedStatement` | replaces literals by parameters and removes comments. Statements that differ only in literals have the same text, the key of the cache of prepared statements |
 | hoist an `in` subquery | `HoistedSubquery`, `InSubquery` | inside a snapshot: runs `select key from T where ...` once and replaces the `in` by a lookup of the key. SQLite would run the subquery again for every statement |
 | hoist a join | `HoistedSubquery`, `LineDocumentJoin` | inside a snapshot: the same for `from D,T where key=X and ...`. The rank of a key is its position in the order, so that the documents need not be read to sort |
+| one list | `HoistedSubquery` | in a hoisted subquery, `(S=n or S in (select ...))` becomes `(S in (select n union all select ...))`, where `S` is an integer column of `T`. For an `or`, SQLite searches the index of `S` twice and keeps the rows found, in order not to return one twice |
 | `delete T` | `Dialect` | becomes `delete from T` |
 | `top n` | `Dialect` | becomes `limit n` at the end of its select |
 | `isnull(a,b)` | `Dialect` | becomes `ifnull(a,b)`; in SQLite `isnull` is an operator |

@@ -35,8 +35,8 @@ TEST_F(HoistedStatementTest, The_documents_of_a_sum_are_hoisted) {
   ASSERT_EQ(translated.subqueries.size(), 1U);
   EXPECT_EQ(
       translated.subqueries[0].sql,
-      "select ID from tblInventoryReceipt where ReceiveDate>=?1 and Code is not NULL and (InventoryID=?2 or "
-      "InventoryID in (Select ChildID from tblInventoryParent Where ID=?3))");
+      "select ID from tblInventoryReceipt where ReceiveDate>=?1 and Code is not NULL and (InventoryID in "
+      "(select ?2 union all Select ChildID from tblInventoryParent Where ID=?3))");
   EXPECT_EQ(translated.subqueries[0].literals, (Numbers{4, 5, 6}));
   EXPECT_EQ(translated.subqueries[0].parameter, 7);
 }
@@ -76,6 +76,46 @@ TEST_F(HoistedStatementTest, A_sum_and_a_rate_of_the_same_documents_share_a_key_
   ASSERT_EQ(rate.subqueries.size(), 1U);
   EXPECT_EQ(sum.subqueries[0].sql, rate.subqueries[0].sql);
   EXPECT_EQ(sum.subqueries[0].order, "");
+}
+
+TEST_F(HoistedStatementTest, A_store_and_its_children_become_one_list_also_for_a_rate) {
+  const HoistedStatement rate = Translated(
+      "Select isnull(Value,0) as Value from tblInventoryDispatchDetail,tblInventoryDispatch Where "
+      "ID=DispatchID and Barcode='A' and (InventoryID=4 or InventoryID in (Select ChildID from "
+      "tblInventoryParent Where ID=5)) and Code is not NULL");
+  ASSERT_EQ(rate.subqueries.size(), 1U);
+  EXPECT_EQ(rate.subqueries[0].sql,
+            "select ID from tblInventoryDispatch where (InventoryID in (select ?1 union all Select ChildID "
+            "from tblInventoryParent Where ID=?2)) and Code is not NULL");
+  EXPECT_EQ(rate.subqueries[0].literals, (Numbers{3, 4}));
+}
+
+TEST_F(HoistedStatementTest, Other_alternatives_stay_as_they_are) {
+  const std::string children = "(Select ChildID from tblInventoryParent)";
+  const std::vector<std::string> unchanged = {
+      "(InventoryID=4 or Code in " + children + ")",           // two columns
+      "(InventoryID='4' or InventoryID in " + children + ")",  // a text
+      "(Notes=4 or Notes in " + children + ")",                // a column of texts
+      "(InventoryID<>4 or InventoryID in " + children + ")",
+      "(InventoryID=4 and InventoryID in " + children + ")",
+      "(InventoryID=4 or InventoryID not in " + children + ")",
+      "(InventoryID=4 or InventoryID in (1,2))",
+      "(Code=1 and InventoryID=4 or InventoryID in " + children + ")",
+      "(InventoryID=4 or InventoryID in " + children + " and Code=1)",
+      "(InventoryID=4 or InventoryID in (Select ChildID from tblInventoryParent order by ID))",
+      "(InventoryID=4 or InventoryID in (Select top 1 ChildID from tblInventoryParent))",
+      "(InventoryID=4 or InventoryID in (Select 5 except Select ChildID from tblInventoryParent))",
+      // A column of the nested select's table.
+      "Code in (Select ID from tblInventory where (ID=4 or ID in " + children + "))",
+  };
+  for (const std::string& condition : unchanged) {
+    const HoistedStatement translated = Translated(
+        "select Qty from tblInventoryReceiptDetail where ReceiptID in (select ID from tblInventoryReceipt "
+        "where " +
+        condition + ")");
+    ASSERT_EQ(translated.subqueries.size(), 1U) << condition;
+    EXPECT_EQ(translated.subqueries[0].sql.find("union all"), std::string::npos) << condition;
+  }
 }
 
 TEST_F(HoistedStatementTest, A_subquery_is_hoisted_only_where_its_term_decides_on_every_row) {

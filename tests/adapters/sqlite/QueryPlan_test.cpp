@@ -89,6 +89,21 @@ TEST_F(QueryPlan, In_a_snapshot_a_stock_and_a_rate_read_no_document) {
   }
 }
 
+TEST_F(QueryPlan, The_documents_of_a_store_and_its_children_are_found_by_one_search_of_an_index_alone) {
+  for (const char* kind : {"Receipt", "Dispatch"}) {
+    for (const char* statement : {kBookStock, kRate}) {
+      const HoistedStatement hoisted = TranslateHoisted(Normalize(About(kind, statement)).text, connection_);
+      ASSERT_EQ(hoisted.subqueries.size(), 1U);
+      const std::string plan = PlanOf(hoisted.subqueries[0].sql + hoisted.subqueries[0].order);
+      const std::string search = About(kind,
+                                       "SEARCH tblInventory# USING COVERING INDEX "
+                                       "ixInventory#_Inventory (InventoryID=? AND ReceiveDate>?");
+      EXPECT_TRUE(Has(plan, search)) << plan;
+      EXPECT_FALSE(Has(plan, "MULTI-INDEX OR")) << plan;
+    }
+  }
+}
+
 TEST_F(QueryPlan, A_unit_is_found_by_the_good) {
   const std::string plan = Plan(
       "Select ID,Name from tblGoodScale Where isnull(ScaleToBaseParent,0)=1 and ID in (Select ScaleID from "

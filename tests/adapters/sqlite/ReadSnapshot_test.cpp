@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "adapters/sqlite/SqliteConnector.h"
 #include "platform/sql/DatabaseError.h"
@@ -64,6 +66,41 @@ TEST_F(ReadSnapshotTest, Finds_what_is_found_without_it) {
   const auto snapshot = connection_->BeginReadSnapshot();
   EXPECT_EQ(Stock(), "15");
   EXPECT_EQ(Rates(), "200 100 ");
+}
+
+TEST_F(ReadSnapshotTest, Finds_the_documents_of_a_store_and_its_children_once_as_without_it) {
+  // The good A: a power of ten in each store. Store 7 is, wrongly, a child of its own; one document has no
+  // store.
+  database_.Execute(
+      "delete from tblInventoryReceiptDetail; delete from tblInventoryReceipt;"
+      "insert into tblInventoryReceipt (ID,Code,InventoryID,ReceiveDate) values (1,1,1,'2024-01-01'),"
+      "(2,2,2,'2024-01-02'),(3,3,3,'2024-01-03'),(4,4,7,'2024-01-04'),(5,5,null,'2024-01-05');"
+      "insert into tblInventoryReceiptDetail (ReceiptID,Barcode,Qty,Value) values "
+      "(1,'A',1,1),(2,'A',10,10),(3,'A',100,100),(4,'A',1000,1000),(5,'A',10000,10000);"
+      "insert into tblInventoryParent (ID,ChildID) values (1,2),(1,3),(7,7),(7,2)");
+  const auto ofStore = [](FixedSql before, int store, FixedSql after) {
+    return SqlText(before) + "Code is not NULL and (InventoryID=" + store +
+           " or InventoryID in (Select ChildID from tblInventoryParent Where ID=" + store + "))" + after;
+  };
+  const auto found = [&](int store) {
+    std::string numbers;
+    Recordset stock = connection_->Open(
+        ofStore("Select isnull(sum(isnull(Qty,0)),0) as Qty from tblInventoryReceiptDetail where "
+                "LTrim(RTrim(Barcode))='A' and ReceiptID in (select ID from tblInventoryReceipt where ",
+                store, ")"));
+    numbers = stock.Field("Qty").Text() + ":";
+    Recordset rates = connection_->Open(
+        ofStore("Select isnull(Value,0) as Value from tblInventoryReceiptDetail,tblInventoryReceipt Where "
+                "ID=ReceiptID and Barcode='A' and Isnull(Value,0)>0 and ",
+                store, " Order By ReceiveDate Desc"));
+    for (; !rates.AtEnd(); rates.MoveNext()) numbers += " " + rates.Field("Value").Text();
+    return numbers;
+  };
+  const std::vector<std::pair<int, std::string>> expected = {
+      {1, "111: 100 10 1"}, {2, "10: 10"}, {3, "100: 100"}, {7, "1010: 1000 10"}, {8, "0:"}};
+  for (const auto& [store, numbers] : expected) EXPECT_EQ(found(store), numbers) << store;
+  const auto snapshot = connection_->BeginReadSnapshot();
+  for (const auto& [store, numbers] : expected) EXPECT_EQ(found(store), numbers) << store;
 }
 
 TEST_F(ReadSnapshotTest, Others_write_without_waiting_and_the_snapshot_stays_at_its_moment) {
