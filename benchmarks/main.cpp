@@ -2,6 +2,8 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 
 #include "benchmarks/Calculating.h"
@@ -28,21 +30,25 @@ std::string CopyForWriting(const fs::path& fullSample) {
   return copy.string();
 }
 
-std::vector<Workload> AllWorkloads(const fs::path& folder, const fs::path& fullSample) {
+/// The workloads of a group, which are measured without what other groups leave in memory and caches. Throws
+/// std::invalid_argument for an unknown one.
+std::vector<Workload> WorkloadsOf(std::string_view group, const fs::path& folder,
+                                  const fs::path& fullSample) {
+  if (group == "calculating") return CalculatingWorkloads(fullSample.string());
+  if (group == "saving") return SavingWorkloads(CopyForWriting(fullSample));
+  if (group != "showing") throw std::invalid_argument("unknown group: " + std::string(group));
   const std::string search = (folder / "search.koru").string();
   MakeSearchDatabase(search);
-  std::vector<Workload> all = CalculatingWorkloads(fullSample.string());
-  for (Workload& workload : SavingWorkloads(CopyForWriting(fullSample))) all.push_back(std::move(workload));
-  for (Workload& workload : ShowingWorkloads(fullSample.string(), (folder / "workbooks").string()))
-    all.push_back(std::move(workload));
+  std::vector<Workload> all = ShowingWorkloads(fullSample.string(), (folder / "workbooks").string());
   all.push_back(ImportWorkload(fullSample.string(), (folder / "counts.xlsx").string()));
   all.push_back(SearchWorkload(search));
   return all;
 }
 
 int Main(int argc, char** argv) {
-  if (argc < 2) {
-    std::fputs("usage: koru-benchmarks FOLDER [options of Google Benchmark]\n", stderr);
+  if (argc < 3) {
+    std::fputs("usage: koru-benchmarks FOLDER calculating|saving|showing [options of Google Benchmark]\n",
+               stderr);
     return 2;
   }
   const OffscreenDisplay display;
@@ -56,9 +62,11 @@ int Main(int argc, char** argv) {
   const fs::path folder = argv[1];
   const fs::path fullSample = folder / "full-sample.koru";
   MakeFullSample(fullSample.string());
-  const Size memory = MemoryOfFullCounting(argv[0], fullSample.string());
-  argv[1] = argv[0];
-  return RunAndReport(AllWorkloads(folder, fullSample), {memory}, argc - 1, argv + 1) ? 0 : 1;
+  const std::string_view group = argv[2];
+  std::vector<Size> sizes;
+  if (group == "showing") sizes.push_back(MemoryOfFullCounting(argv[0], fullSample.string()));
+  argv[2] = argv[0];
+  return RunAndReport(WorkloadsOf(group, folder, fullSample), sizes, argc - 2, argv + 2) ? 0 : 1;
 }
 
 }  // namespace
