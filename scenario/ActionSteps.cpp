@@ -21,11 +21,11 @@ void MustBeDone(bool done, const Control& control, const ScenarioStep& step) {
 
 void View(ScenarioWorld& world, const ScenarioStep& step) {
   world.viewResult.reset();
-  world.driver->Run([&] { world.viewResult = world.counting.View(step.Number(1)); });
+  world.driver->Run([&] { world.viewResult = world.counting->View(step.Number(1)); });
 }
 
 void ClearShow(ScenarioWorld& world, const ScenarioStep&) {
-  world.driver->Run([&] { world.counting.ClearShow(); });
+  world.driver->Run([&] { world.counting->ClearShow(); });
 }
 
 void Click(ScenarioWorld& world, const ScenarioStep& step) {

@@ -7,7 +7,7 @@ namespace koru {
 namespace {
 
 frmInvCounting& CountingForm(ScenarioWorld& world) {
-  frmInvCounting* const form = world.counting.CountingForm();
+  frmInvCounting* const form = world.counting->CountingForm();
   if (form == nullptr) throw ScenarioFailure("no counting form is loaded");
   return *form;
 }

@@ -4,9 +4,9 @@
 
 #include "adapters/xlsx/PackedFile.h"
 #include "platform/text/Text.h"
-#include "scenario/ControlWords.h"
 #include "scenario/ScenarioWorld.h"
 #include "scenario/StepKind.h"
+#include "scenario/StepRows.h"
 
 namespace koru {
 namespace {
@@ -48,26 +48,11 @@ void ExpectResult(ScenarioWorld& world, const ScenarioStep& step) {
 }
 
 void ExpectMode(ScenarioWorld& world, const ScenarioStep& step) {
-  MustBe("mode", step.Text(2), std::to_string(static_cast<int>(world.counting.Shared().DocMode)));
+  MustBe("mode", step.Text(2), std::to_string(static_cast<int>(world.counting->Shared().DocMode)));
 }
 
 void ExpectCursor(ScenarioWorld& world, const ScenarioStep& step) {
   MustBe("cursor", step.Text(2), world.screen.CurrentCursor() == Cursor::Normal ? "normal" : "hourglass");
-}
-
-std::string WrittenRow(const std::vector<ScenarioWord>& row) {
-  std::string text = "|";
-  for (const ScenarioWord& word : row) text += " " + Written(word);
-  return text;
-}
-
-void RowsMustBe(const std::vector<std::vector<ScenarioWord>>& expected,
-                const std::vector<std::vector<ScenarioWord>>& found, const std::string& what) {
-  for (std::size_t i = 0; i < std::max(expected.size(), found.size()); ++i) {
-    const std::string left = i < expected.size() ? WrittenRow(expected[i]) : "no more";
-    const std::string right = i < found.size() ? WrittenRow(found[i]) : "no more";
-    MustBe(what + " " + std::to_string(i + 1), left, right);
-  }
 }
 
 ScenarioWord FieldWord(const Value& field) {
@@ -76,7 +61,7 @@ ScenarioWord FieldWord(const Value& field) {
 }
 
 void ExpectSql(ScenarioWorld& world, const ScenarioStep& step) {
-  std::vector<std::vector<ScenarioWord>> found;
+  StepRows found;
   for (Recordset records = world.Sql().Run(step.Text(2)); !records.AtEnd(); records.MoveNext()) {
     auto& row = found.emplace_back();
     for (std::size_t column = 0; column < records.Columns().size(); ++column)
@@ -86,7 +71,7 @@ void ExpectSql(ScenarioWorld& world, const ScenarioStep& step) {
 }
 
 void ExpectStatements(ScenarioWorld& world, const ScenarioStep& step) {
-  std::vector<std::vector<ScenarioWord>> found;
+  StepRows found;
   for (const std::string& statement : world.log.Statements()) found.push_back({{statement, true}});
   RowsMustBe(step.rows, found, "statement");
 }

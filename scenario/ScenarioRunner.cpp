@@ -51,7 +51,7 @@ const std::vector<StepKind>& Kinds() {
   static const std::vector<StepKind> kinds = [] {
     std::vector<StepKind> all(std::begin(kAnswerSteps), std::end(kAnswerSteps));
     for (const auto steps : {SetUpSteps(), ProgramSteps(), ActionSteps(), OutcomeSteps(), LineSteps(),
-                             ReportSteps(), ControlExpectationSteps()}) {
+                             ReportSteps(), FloorSteps(), ControlExpectationSteps()}) {
       all.insert(all.end(), steps.begin(), steps.end());
     }
     return all;
@@ -119,7 +119,7 @@ void ScenarioRunner::CheckError(const ScenarioStep* step) {
 bool ScenarioRunner::NextIsBeforeAnswer() const {
   const ScenarioStep& step = scenario_.steps[next_];
   const std::string& word = step.Text(0);
-  return word == "expect" || word == "picture" || word == "press" ||
+  return word == "expect" || word == "picture" || word == "press" || word == "device" ||
          (word == "click" && step.Text(1) == "part" && step.words.size() > 2);
 }
 

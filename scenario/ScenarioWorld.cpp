@@ -1,5 +1,6 @@
 #include "scenario/ScenarioWorld.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -26,9 +27,30 @@ ScenarioWorld::ScenarioWorld(ScenarioUser& user, const DriverMaker& makeDriver, 
       tables(std::move(readTable)),
       driver(makeDriver(user, databases_)),
       screen(driver->TheScreen()),
-      counting(static_cast<ControlHost&>(*this),
-               WithTables({log, components, screen, clock, files_, spreadsheets}, tables)) {
+      counting(NewCounting()) {
   driver->RegisterComponents(components);
+}
+
+std::unique_ptr<comInvCounting> ScenarioWorld::NewCounting() {
+  return std::make_unique<comInvCounting>(
+      static_cast<ControlHost&>(*this),
+      WithTables({log, components, screen, clock, files_, spreadsheets}, tables));
+}
+
+void ScenarioWorld::Restart() {
+  const auto forms = screen.Forms();
+  if (std::any_of(forms.begin(), forms.end(),
+                  [this](const Form* form) { return form->Visible() && screen.IsModal(*form); })) {
+    throw ScenarioFailure("the program cannot end in a scenario while a modal form is shown");
+  }
+  // The window of a form is gone before its form.
+  driver->Run([this] {
+    if (frmInvCounting* const form = counting->CountingForm()) form->Unload();
+  });
+  auto started = NewCounting();
+  started->SetOLEConnectionString(counting->OLEConnectionString());
+  started->SetUserID(counting->UserID());
+  counting = std::move(started);
 }
 
 void ScenarioWorld::MakeDatabase(Contents contents) {
@@ -40,7 +62,7 @@ void ScenarioWorld::MakeDatabase(Contents contents) {
     CreateDatabaseFile(file, EmbeddedSchema());
   }
   database_ = std::make_unique<ScratchDatabase>(file, server_);
-  counting.SetOLEConnectionString(database_->ConnectionText());
+  counting->SetOLEConnectionString(database_->ConnectionText());
 }
 
 ScratchDatabase& ScenarioWorld::Sql() {
@@ -55,13 +77,13 @@ ProgramStart ScenarioWorld::StartOfProgram(bool withDatabase) const {
   if (!withDatabase) return start;
   if (!database_) throw ScenarioFailure("the scenario has no database that the program could open");
   start.connection = database_->ConnectionText();
-  start.user = counting.UserID();
+  start.user = counting->UserID();
   return start;
 }
 
 Form* ScenarioWorld::FindForm(std::string_view name) const {
   if (Form* const shown = screen.Find(name)) return shown;
-  frmInvCounting* const form = counting.CountingForm();  // loaded, and perhaps never shown
+  frmInvCounting* const form = counting->CountingForm();  // loaded, and perhaps never shown
   return form != nullptr && EqualsNoCase(form->Name(), name) ? form : nullptr;
 }
 
@@ -79,7 +101,7 @@ Control& ScenarioWorld::FindControl(const std::string& name) const {
     if (Control* const control = form->Find(name.substr(dot + 1))) return *control;
     throw ScenarioFailure("there is no control " + name);
   }
-  for (Form* const form : std::array<Form*, 2>{screen.ActiveForm(), counting.CountingForm()}) {
+  for (Form* const form : std::array<Form*, 2>{screen.ActiveForm(), counting->CountingForm()}) {
     Control* const control = form == nullptr ? nullptr : form->Find(name);
     if (control != nullptr) return *control;
   }

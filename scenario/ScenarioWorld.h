@@ -20,6 +20,8 @@
 
 namespace koru {
 
+class ScenarioFloor;
+
 /// Makes the driver of a scenario. Windows that read records of their own (pickers) read them through
 /// `databases`, so that the statements of the scenario are those of the component alone.
 using DriverMaker =
@@ -57,6 +59,9 @@ class ScenarioWorld : private ControlHost {
   /// How the program is started without a database, or with the scenario's database and user. Throws
   /// ScenarioFailure before MakeDatabase.
   [[nodiscard]] ProgramStart StartOfProgram(bool withDatabase) const;
+  /// The control ends without asking anything, as with a program that is killed, and another one takes its
+  /// place, with the same database and user. Throws ScenarioFailure while a modal form is shown.
+  void Restart();
   /// The folder of the files that the scenario writes for its user.
   [[nodiscard]] std::filesystem::path Folder() const { return folder_.Path(); }
   /// The folder of the workbooks that the scenario exports; does not exist before the first.
@@ -87,11 +92,13 @@ class ScenarioWorld : private ControlHost {
   ScenarioTables tables;
   const std::unique_ptr<UiDriver> driver;
   WatchedScreen screen;
-  comInvCounting counting;
-  std::optional<bool> viewResult;  ///< the result of the last View
-  std::string hostError;           ///< what the last call of the host threw, until a step checks it
+  std::unique_ptr<comInvCounting> counting;
+  std::optional<bool> viewResult;        ///< the result of the last View
+  std::string hostError;                 ///< what the last call of the host threw, until a step checks it
+  std::shared_ptr<ScenarioFloor> floor;  ///< made by the first step of the floor; only they know the class
 
  private:
+  [[nodiscard]] std::unique_ptr<comInvCounting> NewCounting();
   [[nodiscard]] koru::Font AmbientFont() const override { return {}; }
   void PropertyChanged(std::string_view) override {}
 };

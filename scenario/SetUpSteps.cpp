@@ -36,7 +36,7 @@ std::int16_t Narrow(const ScenarioStep& step) {
 }
 
 void SetProperty(ScenarioWorld& world, const ScenarioStep& step) {
-  comInvCounting& counting = world.counting;
+  comInvCounting& counting = *world.counting;
   const std::string& name = step.Text(1);
   if (EqualsNoCase(name, "UserID")) return counting.SetUserID(step.Number(2));
   if (EqualsNoCase(name, "AccPeriodSpecID")) return counting.SetAccPeriodSpecID(step.Number(2));
@@ -46,10 +46,10 @@ void SetProperty(ScenarioWorld& world, const ScenarioStep& step) {
   throw ScenarioFailure("the control has no property " + name + " that a scenario can set");
 }
 
-void SetUser(ScenarioWorld& world, const ScenarioStep& step) { world.counting.SetUserID(step.Number(1)); }
+void SetUser(ScenarioWorld& world, const ScenarioStep& step) { world.counting->SetUserID(step.Number(1)); }
 
 void SetConnection(ScenarioWorld& world, const ScenarioStep& step) {
-  world.counting.SetOLEConnectionString(step.Text(1));
+  world.counting->SetOLEConnectionString(step.Text(1));
 }
 
 void Unregister(ScenarioWorld& world, const ScenarioStep& step) { world.components.Unregister(step.Text(1)); }

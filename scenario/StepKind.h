@@ -36,6 +36,8 @@ struct StepKind {
 [[nodiscard]] std::span<const StepKind> LineSteps();
 /// Steps on the report that is shown.
 [[nodiscard]] std::span<const StepKind> ReportSteps();
+/// Counting on the floor: what the desk and the devices do, and what they show. None without KORU_FLOOR.
+[[nodiscard]] std::span<const StepKind> FloorSteps();
 /// Expectations on controls. Must be the last in the list: their patterns also match other expectations.
 [[nodiscard]] std::span<const StepKind> ControlExpectationSteps();
 

@@ -2,21 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
-#include "scenario/FormDriver.h"
+#include "tests/scenario/FailureOf.h"
 
 namespace koru {
 namespace {
 
-/// The failure of a scenario on the forms; "" when it passes.
-std::string FailureOf(const std::string& text) {
-  const Scenario scenario = ParseScenario(text, "s.scenario", ScenarioRunner::Patterns());
-  const auto driver = [](ScenarioUser& user, DatabaseConnector& databases) -> std::unique_ptr<UiDriver> {
-    return std::make_unique<FormDriver>(user, databases);
-  };
-  return ScenarioRunner(scenario, driver).Run();
-}
+using test::FailureOf;
 
 /// A company with one user who may do everything and one store.
 const std::string kCompany =
