@@ -53,5 +53,5 @@ install(EXPORT KoruCounting NAMESPACE KoruCounting:: FILE KoruCountingTargets.cm
         COMPONENT development)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KoruCountingConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/KoruCountingConfigVersion.cmake ${CMAKE_SOURCE_DIR}/cmake/FindXlsxwriter.cmake
-              ${CMAKE_SOURCE_DIR}/cmake/FindLibzip.cmake
+              ${CMAKE_SOURCE_DIR}/cmake/FindLibzip.cmake ${CMAKE_SOURCE_DIR}/cmake/FindMicrohttpd.cmake
         DESTINATION ${package} COMPONENT development)

@@ -47,6 +47,6 @@ Headers, static libraries and the CMake package KoruCounting, with one target
 for each part: the stock-taking component alone, its embedded database, its
 connection to SQL Server, and its windows as a Qt widget.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "koru-counting (= ${PROJECT_VERSION}), libsqlite3-dev, libxlsxwriter-dev, libzip-dev, qt6-base-dev, unixodbc-dev, zlib1g-dev")
+    "koru-counting (= ${PROJECT_VERSION}), libgnutls28-dev, libmicrohttpd-dev, libqrencode-dev, libsqlite3-dev, libxlsxwriter-dev, libzip-dev, qt6-base-dev, unixodbc-dev, zlib1g-dev")
 
 include(CPack)
