@@ -1,33 +1,266 @@
 #include "desktop/floor/server/FloorServer.h"
 
+#include <QTimer>
+#include <algorithm>
+#include <deque>
+#include <exception>
 #include <utility>
 
-namespace koru {
+#include "desktop/floor/server/FloorCertificate.h"
+#include "desktop/floor/server/FloorRoutes.h"
+#include "desktop/floor/server/HttpServer.h"
 
-class FloorServer::Service {
+namespace koru {
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+constexpr unsigned kServerError = 500;
+constexpr unsigned kUnavailable = 503;
+
+/// RAII: until destruction, a turn is taken.
+class Turn {
  public:
-  Service(FloorSession& session, FloorServerSettings settings)
-      : session_(session), settings_(std::move(settings)) {}
+  explicit Turn(bool& isTaken) : isTaken_(isTaken) { isTaken_ = true; }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+  ~Turn() { isTaken_ = false; }
+
+ private:
+  bool& isTaken_;
+};
+
+/// What `answer` returns. An error of the form is that request's alone.
+template <class Answer>
+std::optional<HttpAnswer> OrError(const Answer& answer) {
+  try {
+    return answer();
+  } catch (const std::exception&) {
+    return HttpAnswer::Refusal(kServerError, "ميز نتوانست اين درخواست را انجام دهد.");
+  }
+}
+
+/// A request for changes that is held.
+struct HeldPoll {
+  HttpExchange* exchange;
+  int count;
+  ChangesRequest poll;
+  SteadyClock::time_point until;
+};
+
+}  // namespace
+
+/// Takes turns in the event loop: reads requests, lets the session decide them, puts that on the disk, and
+/// sends the answers.
+class FloorServer::Service : public HttpService {
+ public:
+  Service(FloorSession& session, FloorServerSettings settings);
+  Service(const Service&) = delete;
+  Service& operator=(const Service&) = delete;
+  ~Service() override;
+
+  void OpenSecure();
+
+  [[nodiscard]] const FloorServerSettings& Settings() const { return settings_; }
+  [[nodiscard]] FloorSession& Session() { return session_; }
+  [[nodiscard]] const HttpServer* Plain() const { return plain_.get(); }
+  [[nodiscard]] const HttpServer* Secure() const { return secure_.get(); }
+
+  [[nodiscard]] std::optional<HttpAnswer> Admit(const HttpRequest& head) override {
+    return routes_.Admit(head);
+  }
+  void Receive(HttpExchange& exchange) override { tasks_.emplace_back(exchange); }
+
+ private:
+  [[nodiscard]] HttpLimits Limits() const;
+  void TakeTurn();
+  void SetWaiting(bool waits);
+  void RunServers();
+  void Work();
+  void Advance(FloorTask& task);
+  void Hold(const FloorTask& task);
+  [[nodiscard]] std::optional<HttpAnswer> ChangesNow(const HeldPoll& held);
+  void AnswerHeld();
+  void Send(bool isOnDisk);
 
   FloorSession& session_;
   FloorServerSettings settings_;
-  bool isSecure_ = false;
+  FloorRoutes routes_;
+  std::unique_ptr<HttpServer> plain_;
+  std::unique_ptr<HttpServer> secure_;
+  std::deque<FloorTask> tasks_;    ///< requests that are not decided
+  std::deque<FloorTask> decided_;  ///< those whose answer is to be sent
+  std::deque<HeldPoll> held_;
+  bool hasChanged_ = false;  ///< since held requests were looked at
+  bool isAtTurn_ = false;
+  QTimer again_;   ///< requests wait for the next turn, or for the end of a command
+  QTimer gather_;  ///< runs while changes gather
+  QTimer expire_;  ///< held requests whose time is over
+  Subscription changed_;
 };
+
+FloorServer::Service::Service(FloorSession& session, FloorServerSettings settings)
+    : session_(session), settings_(std::move(settings)), routes_(session, settings_) {
+  plain_ = std::make_unique<HttpServer>(*this, settings_.port, Limits(), [this] { TakeTurn(); });
+  routes_.Hosts().AddPort(plain_->Port());
+  for (QTimer* const timer : {&again_, &gather_, &expire_}) {
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, timer, [this] { TakeTurn(); });
+  }
+  changed_ = session_.Changed.Subscribe([this] {
+    hasChanged_ = true;
+    if (!gather_.isActive()) gather_.start(settings_.limits.gather);
+  });
+}
+
+/// The servers end first: nothing answers what they have.
+FloorServer::Service::~Service() {
+  secure_.reset();
+  plain_.reset();
+}
+
+HttpLimits FloorServer::Service::Limits() const {
+  const FloorServerLimits& limits = settings_.limits;
+  return {limits.connections, limits.connectionsOfAddress, limits.request, limits.answer, limits.idle};
+}
+
+void FloorServer::Service::OpenSecure() {
+  if (secure_) return;
+  const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+  const HttpIdentity identity = FloorCertificate(settings_.folder, settings_.addresses, now);
+  secure_ = std::make_unique<HttpServer>(
+      *this, settings_.securePort, Limits(), [this] { TakeTurn(); }, identity);
+  routes_.Hosts().AddPort(secure_->Port());
+}
+
+void FloorServer::Service::SetWaiting(bool waits) {
+  plain_->SetWaiting(waits);
+  if (secure_) secure_->SetWaiting(waits);
+}
+
+void FloorServer::Service::RunServers() {
+  plain_->Run();
+  if (secure_) secure_->Run();
+}
+
+/// While a command works, and while a turn runs that has come to an event loop of its own, requests wait in
+/// their sockets.
+void FloorServer::Service::TakeTurn() {
+  if (isAtTurn_) return;
+  SetWaiting(false);
+  if (session_.IsCommandAtWork()) {
+    again_.start(settings_.limits.command);
+    return;
+  }
+  {
+    const Turn turn(isAtTurn_);
+    RunServers();
+    Work();
+    AnswerHeld();
+    Send(session_.Commit());
+    RunServers();
+  }
+  SetWaiting(true);
+  if (!tasks_.empty()) again_.start(0);
+}
+
+/// A request that needs more than the time of a turn waits at the end of the queue for the next one, and one
+/// that takes long has a turn of its own.
+void FloorServer::Service::Work() {
+  const auto until = SteadyClock::now() + settings_.limits.round;
+  bool isFirst = true;
+  while (!tasks_.empty() && SteadyClock::now() < until) {
+    FloorTask& task = tasks_.front();
+    const bool isLong = routes_.IsLong(task);
+    if (isLong && !isFirst) break;
+    while (!task.IsDecided() && (isFirst || SteadyClock::now() < until)) {
+      Advance(task);
+      isFirst = false;
+    }
+    if (task.poll) {
+      Hold(task);
+    } else {
+      (task.answer ? decided_ : tasks_).push_back(std::move(task));
+    }
+    tasks_.pop_front();
+    if (isLong) break;
+  }
+}
+
+void FloorServer::Service::Advance(FloorTask& task) {
+  const auto error = OrError([&] {
+    routes_.Advance(task);
+    return std::optional<HttpAnswer>();
+  });
+  if (error) task.answer = error;
+}
+
+/// A device has one request for changes; an earlier one is answered.
+void FloorServer::Service::Hold(const FloorTask& task) {
+  const auto earlier = std::find_if(held_.begin(), held_.end(), [&](const HeldPoll& held) {
+    return held.count == task.count && held.poll.device == task.poll->device;
+  });
+  if (earlier != held_.end()) {
+    earlier->exchange->Answer(*OrError([&] { return ChangesNow(*earlier); }));
+    held_.erase(earlier);
+  }
+  held_.push_back({task.exchange, task.count, *task.poll, SteadyClock::now() + settings_.limits.poll});
+}
+
+std::optional<HttpAnswer> FloorServer::Service::ChangesNow(const HeldPoll& held) {
+  return routes_.ChangesNow(FloorRoutes::CodeOf(held.exchange->Request()), held.poll);
+}
+
+void FloorServer::Service::AnswerHeld() {
+  const bool looks = hasChanged_ && !gather_.isActive();
+  if (looks) hasChanged_ = false;
+  const auto now = SteadyClock::now();
+  std::erase_if(held_, [&](HeldPoll& held) {
+    const bool isOver = held.until <= now;
+    const auto answer = OrError([&] {
+      auto changes =
+          looks ? routes_.Changes(FloorRoutes::CodeOf(held.exchange->Request()), held.poll) : std::nullopt;
+      return !changes && isOver ? ChangesNow(held) : changes;
+    });
+    if (answer) held.exchange->Answer(*answer);
+    return answer.has_value();
+  });
+  if (held_.empty()) {
+    expire_.stop();
+  } else {
+    expire_.start(std::chrono::ceil<std::chrono::milliseconds>(held_.front().until - now));
+  }
+}
+
+void FloorServer::Service::Send(bool isOnDisk) {
+  while (!decided_.empty()) {
+    FloorTask task = std::move(decided_.front());
+    decided_.pop_front();
+    if (task.needsCommit && !isOnDisk) {
+      task.answer = HttpAnswer::Refusal(kUnavailable,
+                                        "ميز نمي‌تواند عددها را روي ديسك نگه دارد. آن‌ها "
+                                        "دوباره "
+                                        "فرستاده "
+                                        "مي‌شوند.");
+    }
+    task.exchange->Answer(std::move(*task.answer));
+  }
+}
 
 FloorServer::FloorServer(FloorSession& session, FloorServerSettings settings)
     : service_(std::make_unique<Service>(session, std::move(settings))) {}
 
 FloorServer::~FloorServer() = default;
 
-void FloorServer::OpenSecure() { service_->isSecure_ = true; }
-bool FloorServer::IsSecure() const { return service_->isSecure_; }
-std::uint16_t FloorServer::Port() const { return service_->settings_.port; }
-std::uint16_t FloorServer::SecurePort() const { return IsSecure() ? service_->settings_.securePort : 0; }
-const std::vector<std::string>& FloorServer::Addresses() const { return service_->settings_.addresses; }
+void FloorServer::OpenSecure() { service_->OpenSecure(); }
+bool FloorServer::IsSecure() const { return service_->Secure() != nullptr; }
+std::uint16_t FloorServer::Port() const { return service_->Plain()->Port(); }
+std::uint16_t FloorServer::SecurePort() const { return IsSecure() ? service_->Secure()->Port() : 0; }
+const std::vector<std::string>& FloorServer::Addresses() const { return service_->Settings().addresses; }
 
 std::string FloorServer::Url(int count, const std::string& address, bool secure) const {
   return std::string(secure ? "https://" : "http://") + address + ":" +
-         std::to_string(secure ? SecurePort() : Port()) + "/#" + service_->session_.Code(count);
+         std::to_string(secure ? SecurePort() : Port()) + "/#" + service_->Session().Code(count);
 }
 
 }  // namespace koru

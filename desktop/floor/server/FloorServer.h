@@ -37,6 +37,7 @@ struct FloorServerSettings {
   /// Names and addresses by which devices reach this machine, the likeliest first. 127.0.0.1 and localhost
   /// are served besides.
   std::vector<std::string> addresses = MachineAddresses();
+  std::string store;  ///< the name of the counting's store, for counters
   FloorServerLimits limits;
 };
 
@@ -46,6 +47,8 @@ struct FloorServerSettings {
 class FloorServer {
  public:
   /// Listens on http. Throws InputError when it cannot. The session must outlive the server; it may end.
+  /// Listeners to the session's events must not destroy the server, and not run an event loop in which that
+  /// can happen: they are called in the middle of its work.
   FloorServer(FloorSession& session, FloorServerSettings settings);
   FloorServer(const FloorServer&) = delete;
   FloorServer& operator=(const FloorServer&) = delete;

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "desktop/floor/server/AllowedHosts.h"
+#include "desktop/floor/server/FloorRequests.h"
+#include "desktop/floor/server/FloorServer.h"
+#include "desktop/floor/server/HttpServer.h"
+#include "desktop/floor/server/KeptLines.h"
+#include "desktop/floor/server/PageFiles.h"
+#include "desktop/floor/server/RequestRate.h"
+
+namespace koru {
+
+/// A request of a device on its way through the session.
+struct FloorTask {
+  explicit FloorTask(HttpExchange& asked) : exchange(&asked) {}
+
+  HttpExchange* exchange;
+  std::optional<FiguresRequest> figures;  ///< once it has been read
+  std::vector<FloorAnswer> answers;       ///< to the first of them
+  std::optional<ChangesRequest> poll;     ///< it is to be held until something changes
+  std::optional<HttpAnswer> answer;
+  int count = 0;
+  bool needsCommit = false;  ///< the answer must not be sent before the session's Commit
+
+  [[nodiscard]] bool IsDecided() const { return answer.has_value() || poll.has_value(); }
+};
+
+/// What the server answers to which request.
+class FloorRoutes {
+ public:
+  FloorRoutes(FloorSession& session, const FloorServerSettings& settings);
+
+  [[nodiscard]] AllowedHosts& Hosts() { return hosts_; }
+
+  /// The page's files, and refusals that the head of a request calls for.
+  [[nodiscard]] std::optional<HttpAnswer> Admit(const HttpRequest& head);
+  /// Whether the next step of the task takes long.
+  [[nodiscard]] bool IsLong(const FloorTask& task);
+  /// Takes the task a step further: one figure, or all that another request asks for.
+  void Advance(FloorTask& task);
+  /// The answer to a request for changes; nothing while it is to be held. `since` is advanced over what
+  /// does not matter to the device.
+  [[nodiscard]] std::optional<HttpAnswer> Changes(const std::string& code, ChangesRequest& poll);
+  /// The same when it has been held long enough.
+  [[nodiscard]] HttpAnswer ChangesNow(const std::string& code, const ChangesRequest& poll);
+
+  /// The code in the header field Authorization; empty when there is none.
+  [[nodiscard]] static std::string CodeOf(const HttpRequest& request);
+
+ private:
+  using DeviceKey = std::pair<int, std::string>;
+
+  void Hello(FloorTask& task);
+  void Lines(FloorTask& task);
+  void Figures(FloorTask& task);
+  void AskForChanges(FloorTask& task);
+  void Unknown(FloorTask& task);
+  [[nodiscard]] bool Admits(int count, const std::string& device);
+  [[nodiscard]] HttpAnswer ChangesAnswer(int count, const std::string& device, const FloorChanges& changes);
+
+  FloorSession& session_;
+  const FloorServerLimits limits_;
+  const std::string store_;
+  AllowedHosts hosts_;
+  PageFiles page_;
+  KeptLines lines_;
+  RequestRate rate_;
+  std::set<DeviceKey> devices_;   ///< that take part
+  std::set<DeviceKey> openTold_;  ///< those that know the session as open
+  std::set<DeviceKey> told_;      ///< those that know whether it is
+};
+
+}  // namespace koru
