@@ -4,7 +4,7 @@
 #include <limits>
 #include <string_view>
 
-#include "desktop/floor/server/FloorTexts.h"
+#include "desktop/floor/server/FloorJson.h"
 
 namespace koru {
 namespace {
@@ -127,7 +127,7 @@ void FloorRoutes::Hello(FloorTask& task) {
   } else {
     session_.Hello(task.count, hello->device, hello->name);
     task.needsCommit = true;
-    task.answer = Json(HelloText(task.count, store_, session_.IsOpen()));
+    task.answer = Json(HelloJson(task.count, store_, session_.IsOpen()));
   }
 }
 
@@ -156,7 +156,7 @@ void FloorRoutes::Figures(FloorTask& task) {
   }
   if (task.answers.size() < figures.size()) return;
   const FloorChanges now = session_.ChangesSince(std::numeric_limits<std::int64_t>::max(), task.count);
-  task.answer = Json(FiguresText(now.revision, now.open, task.answers));
+  task.answer = Json(FiguresJson(now.revision, now.open, task.answers));
 }
 
 void FloorRoutes::AskForChanges(FloorTask& task) {
@@ -201,7 +201,7 @@ HttpAnswer FloorRoutes::ChangesAnswer(int count, const std::string& device, cons
   } else {
     openTold_.erase({count, device});
   }
-  return Json(ChangesText(changes));
+  return Json(ChangesJson(changes));
 }
 
 void FloorRoutes::Unknown(FloorTask& task) {

@@ -169,7 +169,7 @@ void FloorServer::Service::TakeTurn() {
 void FloorServer::Service::Work() {
   const auto until = SteadyClock::now() + settings_.limits.round;
   bool isFirst = true;
-  while (!tasks_.empty() && SteadyClock::now() < until) {
+  while (!tasks_.empty() && (isFirst || SteadyClock::now() < until)) {
     FloorTask& task = tasks_.front();
     const bool isLong = routes_.IsLong(task);
     if (isLong && !isFirst) break;
@@ -237,11 +237,12 @@ void FloorServer::Service::Send(bool isOnDisk) {
     FloorTask task = std::move(decided_.front());
     decided_.pop_front();
     if (task.needsCommit && !isOnDisk) {
-      task.answer = HttpAnswer::Refusal(kUnavailable,
-                                        "ميز نمي‌تواند عددها را روي ديسك نگه دارد. آن‌ها "
-                                        "دوباره "
-                                        "فرستاده "
-                                        "مي‌شوند.");
+      task.answer = HttpAnswer::Refusal(
+          kUnavailable,
+          "ميز نمي‌تواند عددها را روي ديسك نگه دارد. آن‌ها "
+          "دوباره "
+          "فرستاده "
+          "مي‌شوند.");
     }
     task.exchange->Answer(std::move(*task.answer));
   }

@@ -271,8 +271,10 @@ MHD_Result HttpServer::Daemon::Step(MHD_Connection* connection, const char* url,
     *context = exchange.release();  // Complete has it
     begun.request_ = ReadHead(connection, url, method);
     if (const auto refusal = RefusalOfHead(connection, begun.request_)) return Queue(connection, *refusal);
-    if (const auto answer = service_.Admit(begun.request_)) return Queue(connection, *answer);
-    return MHD_YES;
+    begun.answer_ = service_.Admit(begun.request_);
+    // After an answer that comes before the body, libmicrohttpd closes the connection.
+    const bool isEarly = begun.answer_ && begun.request_.method == MHD_HTTP_METHOD_POST;
+    return isEarly ? Queue(connection, *begun.answer_) : MHD_YES;
   }
   auto& exchange = *static_cast<Exchange*>(*context);
   if (exchange.answer_) return Queue(connection, *exchange.answer_);

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "desktop/floor/server/Compression.h"
-#include "desktop/floor/server/FloorTexts.h"
+#include "desktop/floor/server/FloorJson.h"
 
 namespace koru {
 namespace {
@@ -29,7 +29,7 @@ HttpAnswer KeptLines::Answer(int count, bool acceptsGzip) {
   if (IsToBeMade(count)) {
     const FloorChanges now = session_.ChangesSince(0, count);
     const auto lines = session_.Lines(count);
-    std::string text = LinesText(now.revision, count, now.open, lines);
+    std::string text = LinesJson(now.revision, count, now.open, lines);
     std::string packed = Gzip(text, kFastCompression);
     kept = Kept{now.revision, now.open, HttpAnswer(kOk, kJson, std::move(text)),
                 HttpAnswer(kOk, kJson, std::move(packed), HttpAnswer::Keep::Never, true)};

@@ -16,7 +16,7 @@
 namespace koru::test {
 namespace {
 
-constexpr int kHangs = 60'000;  ///< milliseconds after which a test has hung
+constexpr int kHangs = 20'000;  ///< milliseconds, after which a test has hung
 
 std::string Unpacked(const std::string& packed) {
   z_stream stream{};
@@ -117,6 +117,11 @@ bool HttpClient::HasAnswer() {
 
 bool HttpClient::WaitForEnd() {
   return ReadUntil([] { return false; }) && !IsOpen();
+}
+
+void HttpClient::StopReading() {
+  socket_->setReadBufferSize(1);
+  socket_->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, 4096);
 }
 
 std::string RequestText(const std::string& method, const std::string& target, const std::string& fields,

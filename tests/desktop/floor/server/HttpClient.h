@@ -40,7 +40,11 @@ class HttpClient {
   /// Waits until the server has closed the connection.
   bool WaitForEnd();
   [[nodiscard]] bool IsOpen() const { return socket_->state() == QAbstractSocket::ConnectedState; }
+  /// What has come and is no answer.
+  [[nodiscard]] const std::string& Rest() const { return read_; }
   void Close() { socket_->abort(); }
+  /// Takes nothing from the network any more.
+  void StopReading();
 
  private:
   bool ReadUntil(const std::function<bool()>& holds);

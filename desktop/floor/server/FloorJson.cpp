@@ -1,4 +1,4 @@
-#include "desktop/floor/server/FloorTexts.h"
+#include "desktop/floor/server/FloorJson.h"
 
 #include <cstddef>
 
@@ -47,14 +47,14 @@ void AppendField(std::string& json, std::string_view name, std::string_view text
 
 }  // namespace
 
-std::string HelloText(int count, std::string_view store, bool open) {
+std::string HelloJson(int count, std::string_view store, bool open) {
   std::string json = R"({"count":)" + std::to_string(count);
   AppendField(json, R"(,"store":)", store);
   AppendOpen(json, open);
   return json + '}';
 }
 
-std::string LinesText(std::int64_t revision, int count, bool open, std::span<const FloorLine> lines) {
+std::string LinesJson(std::int64_t revision, int count, bool open, std::span<const FloorLine> lines) {
   constexpr std::size_t kUsualLine = 96;
   std::string json;
   json.reserve(kUsualLine * (lines.size() + 1));
@@ -74,7 +74,7 @@ std::string LinesText(std::int64_t revision, int count, bool open, std::span<con
   return json;
 }
 
-std::string FiguresText(std::int64_t revision, bool open, std::span<const FloorAnswer> answers) {
+std::string FiguresJson(std::int64_t revision, bool open, std::span<const FloorAnswer> answers) {
   std::string json = R"({"rev":)" + std::to_string(revision);
   AppendOpen(json, open);
   json += R"(,"items":[)";
@@ -91,7 +91,7 @@ std::string FiguresText(std::int64_t revision, bool open, std::span<const FloorA
   return json;
 }
 
-std::string ChangesText(const FloorChanges& changes) {
+std::string ChangesJson(const FloorChanges& changes) {
   std::string json = R"({"rev":)" + std::to_string(changes.revision);
   AppendOpen(json, changes.open);
   json += changes.linesChanged ? R"(,"lines":true,"cells":[)" : R"(,"lines":false,"cells":[)";
