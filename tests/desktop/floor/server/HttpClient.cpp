@@ -119,10 +119,7 @@ bool HttpClient::WaitForEnd() {
   return ReadUntil([] { return false; }) && !IsOpen();
 }
 
-void HttpClient::StopReading() {
-  socket_->setReadBufferSize(1);
-  socket_->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, 4096);
-}
+void HttpClient::StopReading() { socket_->setReadBufferSize(1); }
 
 std::string RequestText(const std::string& method, const std::string& target, const std::string& fields,
                         const std::string& body) {

@@ -159,7 +159,7 @@ TEST_F(HttpLimits, Who_does_not_read_the_answer_is_dropped) {
   Serve();
   HttpClient client(server_->Port());
   std::string requests;
-  for (int i = 0; i < 20'000; ++i) requests += RequestText("GET", "/none", "");
+  for (int i = 0; i < 40'000; ++i) requests += RequestText("GET", "/none", "");
   client.StopReading();
   client.Send(requests);
   RunUntil([&] {
