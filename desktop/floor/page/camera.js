@@ -1,4 +1,102 @@
-/** Whether barcodes can be read by this device's camera. */
+/** Reading barcodes with the device's camera. Browsers allow it on https pages alone. */
+
+import { canRead, makeReader } from './barcode-reader.js';
+import { meant, Readings } from './readings.js';
+
+/** Time for the page between two frames, in milliseconds. */
+const REST = 40;
+
+const WANTED = {
+  audio: false,
+  video: { facingMode: { ideal: 'environment' }, width: { ideal: 1280 }, height: { ideal: 720 } },
+};
+
+/** Whether barcodes can be read with this device's camera. */
 export async function canScan() {
-  return false;
+  return globalThis.isSecureContext && typeof navigator.mediaDevices?.getUserMedia === 'function' && canRead();
+}
+
+/** Keeps the screen on until the signal aborts, where the browser can. A page out of sight loses the lock. */
+function keepScreenOn(signal) {
+  let lock = null;
+  const request = async () => {
+    if (document.visibilityState !== 'visible') return;
+    try {
+      lock = await navigator.wakeLock?.request('screen');
+      if (signal.aborted) await lock?.release();
+    } catch {
+      lock = null; // refused, for an empty battery for example
+    }
+  };
+  document.addEventListener('visibilitychange', request, { signal });
+  signal.addEventListener('abort', () => lock?.release(), { once: true });
+  request();
+}
+
+function stop(stream) {
+  for (const track of stream.getTracks()) track.stop();
+}
+
+/** Resolves when the video has a frame, or after the signal has aborted. */
+function firstFrame(video, signal) {
+  return new Promise((resolve) => {
+    video.addEventListener('loadeddata', resolve, { once: true, signal });
+    signal.addEventListener('abort', resolve, { once: true });
+  });
+}
+
+function rest(signal) {
+  return new Promise((resolve) => {
+    const timer = setTimeout(resolve, REST);
+    signal.addEventListener('abort', () => (clearTimeout(timer), resolve()), { once: true });
+  });
+}
+
+async function show(video, stream, signal) {
+  const shown = firstFrame(video, signal);
+  video.srcObject = stream;
+  await video.play().catch(() => {}); // its frames come all the same, or the wait for the first ends by the signal
+  await shown;
+}
+
+async function readFrames(video, read, onCode, signal) {
+  const readings = new Readings();
+  while (!signal.aborted) {
+    const codes = await read(video);
+    if (signal.aborted) return;
+    const text = meant(codes, video.videoWidth, video.videoHeight);
+    if (readings.take(text, performance.now())) onCode(text);
+    await rest(signal);
+  }
+}
+
+/**
+ * Shows the rear camera in `video` and calls `onCode` with each barcode that it reads, until `signal` aborts; then resolves, with
+ * camera and screen lock released. A barcode counts when two readings are equal, and again when it was out of sight for 2.5 seconds.
+ * Rejects when the camera is refused or missing (NotAllowedError, NotFoundError, NotReadableError), when it is unplugged
+ * (NotReadableError), and when the reader cannot be loaded.
+ */
+export async function scan(video, onCode, signal) {
+  if (signal.aborted) return;
+  const own = new AbortController();
+  const ended = own.signal;
+  signal.addEventListener('abort', () => own.abort(), { once: true, signal: ended });
+  let stream = null;
+  let lost = null;
+  try {
+    stream = await navigator.mediaDevices.getUserMedia(WANTED);
+    if (ended.aborted) return;
+    stream.getVideoTracks()[0].addEventListener('ended', () => {
+      lost = new DOMException('the camera is gone', 'NotReadableError');
+      own.abort();
+    });
+    keepScreenOn(ended);
+    const [read] = await Promise.all([makeReader(), show(video, stream, ended)]);
+    await readFrames(video, read, onCode, ended);
+    if (lost !== null) throw lost;
+  } finally {
+    own.abort();
+    if (stream !== null) stop(stream);
+    video.srcObject = null;
+  }
 }

@@ -1,0 +1,30 @@
+/** A barcode that was not in sight for so long counts again, in milliseconds. */
+const PAUSE = 2500;
+/** Two readings farther apart do not confirm each other, in milliseconds. */
+const APART = 2000;
+
+/** Decides which readings of a camera count: a barcode counts once it was read twice in succession, and once while it is in sight. */
+export class Readings {
+  #candidate = { text: '', at: -Infinity };
+  #counted = { text: '', seen: -Infinity };
+
+  /** Takes the barcode of a frame, '' for none; `now` is a time in milliseconds. Returns whether it counts now. */
+  take(text, now) {
+    if (text === '') return false;
+    const confirmed = text === this.#candidate.text && now - this.#candidate.at <= APART;
+    this.#candidate = { text, at: now };
+    if (text === this.#counted.text && now - this.#counted.seen < PAUSE) {
+      this.#counted.seen = now;
+      return false;
+    }
+    if (!confirmed) return false;
+    this.#counted = { text, seen: now };
+    return true;
+  }
+}
+
+/** Of several barcodes in a frame, the one nearest to the middle is meant. Returns its text, '' when there is none. */
+export function meant(codes, width, height) {
+  const distance = ({ x, y }) => Math.hypot(x - width / 2, y - height / 2);
+  return codes.reduce((best, code) => (best === null || distance(code) < distance(best) ? code : best), null)?.text ?? '';
+}
