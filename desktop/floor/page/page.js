@@ -1,1 +1,347 @@
-// The page.
+// Wires what a counter sees to the state of the floor.
+
+import { CameraView } from './camera-view.js';
+import { Card } from './card.js';
+import { Floor, takeCode } from './floor.js';
+import { isolated, isolatedNumber } from './fold.js';
+import { QueueView } from './queue-view.js';
+import { countName, fillLine, fillNotice, makeRow } from './rows.js';
+import { ScanField } from './scan-field.js';
+import { alarm } from './signals.js';
+import { stateOf } from './state.js';
+import { Store } from './store.js';
+import { VirtualList } from './virtual-list.js';
+
+const shortestBarcode = 3;
+
+const by = (id) => document.getElementById(id);
+
+class Page {
+  #floor;
+  #list;
+  #card;
+  #queueView;
+  #camera;
+  #field;
+  #tab = 'all';
+  #shown = [];
+  #current = -1;
+  #heldScan = null;
+  #wasClosed = false;
+
+  constructor(floor) {
+    this.#floor = floor;
+    this.#list = new VirtualList(by('list'), {
+      make: makeRow,
+      fill: (row, at) => this.#fillRow(row, at),
+      choose: (at) => this.#choose(at),
+    });
+    this.#card = new Card(by('card'), floor, {
+      onClosed: () => this.#cardClosed(),
+      onScanned: (text) => this.#scan([text]),
+      onFailed: (line, text) => this.#say(
+          `رقم ${isolatedNumber(text)} برای ${isolated(line.name)} در گوشی نگه داشته نشد. جای خالی گوشی را ببینید.`),
+    });
+    this.#queueView = new QueueView(by('queue'), floor, () => this.#openTab('all'));
+    this.#field = new ScanField(by('search'), {
+      onTyped: () => this.#typed(),
+      onEnter: (readings) => this.#entered(readings),
+      onArrow: (step) => this.#step(step),
+    });
+    this.#camera = new CameraView(
+        { box: by('camera-view'), video: by('video'), open: by('camera'), close: by('camera-close') },
+        (code) => this.#scan([code]));
+    this.#listen();
+  }
+
+  #listen() {
+    for (const button of document.querySelectorAll('[data-tab]')) {
+      button.addEventListener('click', () => this.#openTab(button.dataset.tab));
+    }
+    by('state').addEventListener('click', () => this.#openTab(this.#tab === 'queue' ? 'all' : 'queue'));
+    by('clear').addEventListener('click', () => {
+      this.#field.clear();
+      this.#typed();
+      this.#field.focus();
+    });
+    by('unknown-close').addEventListener('click', () => this.#hideSayings());
+    by('banner').addEventListener('click', () => this.#hideSayings());
+    this.#floor.addEventListener('lines', () => this.#linesCame());
+    this.#floor.addEventListener('figures', () => this.#draw());
+    this.#floor.addEventListener('state', () => this.#drawState());
+    this.#floor.addEventListener('asked', ({ detail }) => this.#asked(detail));
+    by('naming').addEventListener('submit', (event) => {
+      event.preventDefault();
+      const name = by('name').value.trim();
+      if (name === '') return;
+      this.#floor.name = name;
+      by('naming').hidden = true;
+      this.#field.focus();
+    });
+  }
+
+  begin() {
+    const isNamed = this.#floor.name !== '' || this.#floor.code === '';
+    by('naming').hidden = isNamed;
+    if (isNamed) {
+      this.#field.focus();
+    } else {
+      by('name').focus();
+    }
+    this.#draw();
+  }
+
+  // The list.
+
+  #openTab(tab) {
+    this.#tab = tab;
+    this.#card.close();
+    this.#list.scrollToTop();
+    this.#draw();
+  }
+
+  #typed() {
+    if (this.#tab === 'notices' || this.#tab === 'queue') this.#tab = 'all';
+    this.#current = -1;
+    this.#list.scrollToTop();
+    this.#draw();
+  }
+
+  #draw() {
+    const { lines, notices } = this.#floor;
+    this.#shown = this.#tab === 'notices' ? notices : this.#found();
+    this.#list.setLength(this.#tab === 'queue' ? 0 : this.#shown.length);
+    by('list').hidden = this.#tab === 'queue';
+    by('queue').hidden = this.#tab !== 'queue';
+    by('clear').hidden = by('search').value === '';
+    by('progress').max = Math.max(1, lines.size);
+    by('progress').value = lines.counted;
+    by('progress-text').textContent = this.#progressText();
+    by('notices-number').textContent = notices.length > 0 ? notices.length : '';
+    for (const button of document.querySelectorAll('[data-tab]')) {
+      button.setAttribute('aria-pressed', String(button.dataset.tab === this.#tab));
+      if (button.dataset.tab === 'notices') button.classList.toggle('asks', notices.length > 0);
+    }
+    this.#drawEmpty();
+    this.#drawState();
+  }
+
+  #found() {
+    const { lines } = this.#floor;
+    const wanted = {
+      left: (line) => lines.figure(line) === '',
+      done: (line) => lines.figure(line) !== '',
+    }[this.#tab];
+    const [text, placed] = this.#field.readings();
+    const found = lines.search(text, wanted);
+    return found.length === 0 && placed ? lines.search(placed, wanted) : found;
+  }
+
+  #progressText() {
+    const { lines } = this.#floor;
+    const found = this.#field.text === '' ? '' : `${this.#shown.length} کالا  ·  `;
+    return `${found}${lines.counted} از ${lines.size} شمرده`;
+  }
+
+  #drawEmpty() {
+    const empty = by('empty');
+    empty.hidden = this.#shown.length > 0 || this.#tab === 'queue';
+    if (!empty.hidden) empty.textContent = this.#emptyText();
+  }
+
+  #emptyText() {
+    if (this.#floor.code === '') {
+      return 'این نشانی کد شمارش ندارد.\nدر برنامه «شمارش با گوشی» را باز کنید و کد QR را با دوربین گوشی بخوانید.';
+    }
+    if (this.#tab === 'notices') return 'پیامی نیست.';
+    if (!this.#floor.areLinesKnown) {
+      return this.#floor.closed ? 'این شمارش بسته است.' : 'در حال خواندن کالاها…';
+    }
+    if (this.#field.text !== '') return 'کالایی پیدا نشد.';
+    if (this.#floor.lines.size === 0) return 'این شمارش کالایی ندارد.';
+    return this.#tab === 'left' ? 'همه شمرده شده است.' : 'هنوز کالایی شمرده نشده است.';
+  }
+
+  #fillRow(row, at) {
+    if (this.#tab === 'notices') {
+      fillNotice(row, this.#shown[at]);
+      return;
+    }
+    const line = this.#floor.lines.at(this.#shown[at]);
+    fillLine(row, line, this.#floor.noticeOf(line.barcode, line.ordinal), at === this.#current);
+  }
+
+  #choose(at) {
+    if (this.#tab !== 'notices') {
+      this.#current = at;
+      this.#open(this.#shown[at]);
+      return;
+    }
+    const notice = this.#shown[at];
+    const line = this.#floor.lines.lineOf(notice.barcode, notice.ordinal);
+    if (line === undefined) {
+      this.#card.openGone(notice);
+      document.body.classList.add('with-card');
+    } else {
+      this.#open(line);
+    }
+  }
+
+  #step(step) {
+    if (this.#shown.length === 0 || this.#tab === 'queue') return;
+    this.#current = Math.min(this.#shown.length - 1, Math.max(0, this.#current + step));
+    this.#list.show(this.#current);
+    this.#list.draw();
+  }
+
+  // Finding a line.
+
+  #entered(readings) {
+    if (readings[0] === '') {
+      if (this.#current >= 0) this.#choose(this.#current);
+      return;
+    }
+    if (this.#current >= 0) {
+      this.#choose(this.#current);
+    } else {
+      this.#scan(readings);
+    }
+  }
+
+  /** Finds the line of a scan from the lines themselves: the list on the screen may not be drawn yet. */
+  #scan(readings) {
+    this.#hideSayings();
+    if (!this.#floor.areLinesKnown) {
+      this.#heldScan = readings;
+      return;
+    }
+    const { lines } = this.#floor;
+    const scanned = readings.map((text) => lines.scanned(text)).find((found) => found.length > 0);
+    const found = scanned ?? lines.search(readings[0]);
+    if (found.length === 1) {
+      this.#openFound(found[0]);
+    } else if (found.length === 0) {
+      this.#nothingFound(readings);
+    }
+  }
+
+  #openFound(line) {
+    this.#field.clear();
+    this.#tab = 'all';
+    this.#draw();
+    this.#current = line;
+    this.#list.show(line);
+    this.#open(line);
+  }
+
+  /** A barcode that no line has is the desk's to know; a word that is nowhere is not. */
+  #nothingFound(readings) {
+    const barcode = readings.find((text) => text.length >= shortestBarcode && /^[\x21-\x7e]*\d[\x21-\x7e]*$/.test(text));
+    if (!barcode) {
+      this.#draw();
+      return;
+    }
+    alarm();
+    this.#card.close();
+    this.#field.clear();
+    this.#draw();
+    by('unknown').hidden = false;
+    by('unknown-text').textContent = `بارکد ${isolated(barcode)} در این شمارش نیست. به میز خبر داده می‌شود.`;
+    this.#field.focus();
+    this.#floor.noteUnknown(barcode).catch(() => {});
+  }
+
+  #hideSayings() {
+    by('unknown').hidden = true;
+    by('banner').hidden = true;
+  }
+
+  #open(line) {
+    this.#hideSayings();
+    this.#camera.pause();
+    this.#card.open(line);
+    document.body.classList.add('with-card');
+    this.#list.draw();
+  }
+
+  #cardClosed() {
+    document.body.classList.remove('with-card');
+    if (!this.#camera.resume()) this.#field.focus();
+  }
+
+  // What comes from the desk.
+
+  #linesCame() {
+    this.#current = -1;
+    this.#draw();
+    const held = this.#heldScan;
+    this.#heldScan = null;
+    if (held) this.#scan(held);
+  }
+
+  #drawState() {
+    const { text, className } = stateOf(this.#floor);
+    const state = by('state');
+    if (state.textContent !== text) state.textContent = text;
+    state.className = className;
+    state.hidden = text === '';
+    by('count').textContent = countName(this.#floor.count);
+    by('place').textContent = this.#floor.place;
+    document.title = `${countName(this.#floor.count)} ${isolated(this.#floor.place)}`;
+    if (this.#floor.closed && !this.#wasClosed) this.#closed();
+    this.#wasClosed = this.#floor.closed;
+    this.#queueView.draw();
+    if (this.#floor.lines.size === 0) this.#drawEmpty();
+  }
+
+  #closed() {
+    this.#say('این شمارش بسته است. رقم‌های تازه به میز نمی‌رسد.');
+    if (this.#floor.queue.length > 0) this.#openTab('queue');
+  }
+
+  #asked(answered) {
+    const worst = answered.some(({ answer }) => answer.state !== 'warned');
+    if (worst) alarm();
+    const { item, answer } = answered[answered.length - 1];
+    const what = {
+      warned: answer.message,
+      refused: answer.message,
+      conflict: 'در این میان رقم دیگری ثبت شده است.',
+      gone: 'این کالا دیگر در شمارش نیست',
+    }[answer.state];
+    this.#say(`${isolated(item.name)}: ${isolated(what)}`, answer.state === 'refused');
+  }
+
+  #say(text, isBad = true) {
+    const banner = by('banner');
+    banner.hidden = false;
+    banner.className = isBad ? 'bad' : '';
+    banner.textContent = text;
+  }
+}
+
+async function main() {
+  const code = takeCode();
+  let floor = null;
+  let store;
+  try {
+    store = await Store.open(() => floor?.readKept());
+  } catch {
+    by('empty').hidden = false;
+    by('empty').textContent = 'این مرورگر رقم‌ها را نگه نمی‌دارد. پنجرهٔ خصوصی را ببندید یا مرورگر دیگری را باز کنید.';
+    return;
+  }
+  floor = new Floor(store, code, await store.device());
+  new Page(floor).begin();
+  addEventListener('online', () => floor.retry());
+  addEventListener('hashchange', () => {
+    takeCode();
+    location.reload();
+  });
+  document.addEventListener('visibilitychange', () => {
+    if (!document.hidden) floor.retry();
+  });
+  await floor.begin();
+}
+
+main();

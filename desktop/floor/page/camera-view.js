@@ -1,0 +1,48 @@
+// Scanning by the camera, where the browser lets a page have it.
+
+import { canScan, scan } from './camera.js';
+
+export class CameraView {
+  #box;
+  #video;
+  #onCode;
+  #control = null;
+  #isWanted = false;
+
+  constructor({ box, video, open, close }, onCode) {
+    this.#box = box;
+    this.#video = video;
+    this.#onCode = onCode;
+    open.addEventListener('click', () => this.#start());
+    close.addEventListener('click', () => this.#stop());
+    canScan().then((can) => { open.hidden = !can; });
+  }
+
+  /** A card is in front. */
+  pause() {
+    this.#control?.abort();
+    this.#control = null;
+    this.#box.hidden = true;
+  }
+
+  /** The card was closed. Returns whether the camera is on again. */
+  resume() {
+    if (this.#isWanted && !this.#control) this.#start();
+    return this.#isWanted;
+  }
+
+  #start() {
+    this.#isWanted = true;
+    this.#box.hidden = false;
+    this.#control = new AbortController();
+    const { signal } = this.#control;
+    scan(this.#video, (code) => this.#onCode(code), signal).catch(() => {
+      if (!signal.aborted) this.#stop();
+    });
+  }
+
+  #stop() {
+    this.#isWanted = false;
+    this.pause();
+  }
+}

@@ -1,0 +1,198 @@
+// The state of the page: which count it is, its lines, what is queued and what the desk has said.
+
+import { Lines, keyOf } from './lines.js';
+import { Listener } from './listener.js';
+import { Sender } from './sender.js';
+
+const nameKey = 'koru.name';
+const codeKey = 'koru.code';
+
+/** Takes the code off the address bar. A tab keeps its count when another tab opens another one. */
+export function takeCode() {
+  const typed = decodeURIComponent(location.hash.slice(1));
+  if (typed) {
+    history.replaceState(null, '', location.pathname);
+    sessionStorage.setItem(codeKey, typed);
+    localStorage.setItem(codeKey, typed);
+  }
+  return sessionStorage.getItem(codeKey) ?? localStorage.getItem(codeKey) ?? '';
+}
+
+export class Floor extends EventTarget {
+  lines = new Lines();
+  /** Figures without an answer, of all counts, in their order. */
+  queue = [];
+  notices = [];
+  inFlight = 0;
+  /** 'unknown' until the desk was tried, then 'reached' or 'away'. */
+  reach = 'unknown';
+  /** Whether the desk takes figures now. */
+  open = true;
+  closed = false;
+  count = 0;
+  place = '';
+  /** Whether the lines are those of the desk or those kept from before. */
+  areLinesKnown = false;
+
+  #store;
+  #code;
+  #sender;
+  #listener;
+  #noticeOf = new Map();
+
+  constructor(store, code, device) {
+    super();
+    this.#store = store;
+    this.#code = code;
+    this.#sender = new Sender(store, device, (news) => this.#hear(news));
+    this.#listener = new Listener(code, device, () => this.name, (news) => this.#hear(news));
+  }
+
+  get code() {
+    return this.#code;
+  }
+
+  get name() {
+    return localStorage.getItem(nameKey) ?? '';
+  }
+
+  set name(name) {
+    localStorage.setItem(nameKey, name);
+    this.#listener.greetAnew();
+  }
+
+  /** Shows what is kept, then asks the desk. */
+  async begin() {
+    await this.readKept();
+    const kept = this.#code && await this.#store.keptLines(this.#code);
+    if (kept && !this.areLinesKnown) {
+      this.count = kept.count;
+      this.place = kept.store;
+      this.#takeLines(JSON.parse(kept.text));
+    }
+    if (!this.#code) return;
+    this.#sender.run();
+    this.#listener.run();
+  }
+
+  /** Tries at once what waits for its next time. */
+  retry() {
+    this.#sender.wake();
+    this.#listener.wake();
+  }
+
+  /** Reads queue and notices anew: another tab may have changed them. */
+  async readKept() {
+    const { queue, notices } = await this.#store.kept();
+    this.notices = notices.filter(({ code }) => code === this.#code).sort((a, b) => b.time - a.time);
+    this.#noticeOf = new Map(this.notices.map((notice) => [keyOf(notice.barcode, notice.ordinal), notice]));
+    this.#setQueue(queue);
+  }
+
+  noticeOf(barcode, ordinal) {
+    return this.#noticeOf.get(keyOf(barcode, ordinal));
+  }
+
+  /** Enters a figure; when this has returned, it is kept. */
+  async enter({ barcode, ordinal, name }, op, text, base) {
+    const item = { code: this.#code, count: this.count, barcode, ordinal, name, op, text, base, time: Date.now() };
+    await this.#store.enter(item);
+    await this.readKept();
+    this.#sender.wake();
+  }
+
+  async dismiss(notice) {
+    await this.#store.dismiss(notice);
+    await this.readKept();
+  }
+
+  /** Figures whose count is closed: they become those of this count, or are forgotten. */
+  async moveHere(items) {
+    await this.#store.move(items, this.#code);
+    await this.readKept();
+    this.#sender.wake();
+  }
+
+  async forget(items) {
+    await this.#store.forget(items);
+    await this.readKept();
+  }
+
+  async noteUnknown(barcode) {
+    await this.#store.keepUnknown({ code: this.#code, barcode });
+    this.#sender.wake();
+  }
+
+  #hear(news) {
+    if ('inFlight' in news) this.inFlight = news.inFlight;
+    if (news.away) this.reach = 'away';
+    if (news.closed === this.#code) this.#setClosed(true);
+    if ('open' in news && (news.code ?? this.#code) === this.#code) this.#reached(news.open ?? this.open);
+    if (news.hello) this.#greeted(news.hello);
+    if (news.lines) this.#linesCame(news.lines);
+    if (news.cells) this.#cellsCame(news.cells);
+    if (news.answered) this.#answersCame(news.answered);
+    this.#changed('state');
+  }
+
+  #setClosed(closed) {
+    this.closed = closed;
+    if (closed) this.reach = 'reached';
+  }
+
+  #reached(open) {
+    const isBack = this.reach !== 'reached' || this.closed || (open && !this.open);
+    this.reach = 'reached';
+    this.open = open;
+    this.#setClosed(false);
+    if (isBack && this.queue.length > 0) this.#sender.wake();
+  }
+
+  #greeted({ count, store }) {
+    this.count = count;
+    this.place = store;
+  }
+
+  #linesCame(rows) {
+    this.#takeLines(rows);
+    this.#store.keepLines({ code: this.#code, count: this.count, store: this.place, text: JSON.stringify(rows) })
+        .catch(() => {});  // the lines are a convenience; the queue is what must be kept
+  }
+
+  #takeLines(rows) {
+    this.areLinesKnown = true;
+    this.lines.setRows(rows);
+    this.#changed('lines');
+  }
+
+  #cellsCame(cells) {
+    for (const [barcode, ordinal, figure] of cells) this.lines.setFigure(barcode, ordinal, figure);
+    if (cells.length === 0) return;
+    this.lines.countAnew();
+    this.#changed('figures');
+  }
+
+  #setQueue(queue) {
+    this.queue = queue;
+    this.lines.setPending(queue.filter(({ code }) => code === this.#code));
+    this.#changed('figures');
+  }
+
+  /** The figures leave the queue and reach the lines at once, so that nothing is counted twice or not at all. */
+  #answersCame(answered) {
+    for (const { item, answer } of answered) {
+      if (item.code !== this.#code || answer.text === undefined || answer.state === 'gone') continue;
+      this.lines.setFigure(item.barcode, item.ordinal, answer.text);
+    }
+    const settled = new Set(answered.map(({ item }) => item.seq));
+    this.#setQueue(this.queue.filter(({ seq }) => !settled.has(seq)));
+    this.readKept().then(() => {
+      const asked = answered.filter(({ item, answer }) => item.code === this.#code && answer.state !== 'stored');
+      if (asked.length > 0) this.dispatchEvent(new CustomEvent('asked', { detail: asked }));
+    });
+  }
+
+  #changed(what) {
+    this.dispatchEvent(new Event(what));
+  }
+}

@@ -1,0 +1,144 @@
+// The lines of the count, as the desk has them and with the figures that are still under way.
+
+import { fold, sum } from './fold.js';
+
+const barcodeAt = 0;
+const ordinalAt = 1;
+const codeAt = 2;
+const nameAt = 3;
+const unitAt = 4;
+const figureAt = 5;
+
+export function keyOf(barcode, ordinal) {
+  return `${barcode}\n${ordinal}`;
+}
+
+export class Lines {
+  #rows = [];
+  #byKey = new Map();
+  #byBarcode = new Map();
+  #byCode = new Map();
+  #texts = null;
+  #pending = new Map();
+  #counted = 0;
+
+  get size() {
+    return this.#rows.length;
+  }
+
+  /** The number of lines that have a figure. */
+  get counted() {
+    return this.#counted;
+  }
+
+  /** Rows are [barcode, ordinal, code, name, unit, figure]. */
+  setRows(rows) {
+    this.#rows = rows;
+    this.#texts = null;
+    this.#byKey = new Map();
+    this.#byBarcode = new Map();
+    this.#byCode = new Map();
+    rows.forEach((row, line) => {
+      this.#byKey.set(keyOf(row[barcodeAt], row[ordinalAt]), line);
+      addTo(this.#byBarcode, fold(row[barcodeAt]), line);
+      addTo(this.#byCode, fold(row[codeAt]), line);
+    });
+    this.#count();
+  }
+
+  rows() {
+    return this.#rows;
+  }
+
+  /** Queued figures of this count, in their order. */
+  setPending(items) {
+    this.#pending = new Map();
+    for (const item of items) addTo(this.#pending, keyOf(item.barcode, item.ordinal), item);
+    this.#count();
+  }
+
+  /** The desk has another figure. Returns false for a line that is unknown here. */
+  setFigure(barcode, ordinal, figure) {
+    const line = this.lineOf(barcode, ordinal);
+    if (line === undefined) return false;
+    this.#rows[line][figureAt] = figure;
+    return true;
+  }
+
+  countAnew() {
+    this.#count();
+  }
+
+  lineOf(barcode, ordinal) {
+    return this.#byKey.get(keyOf(barcode, ordinal));
+  }
+
+  at(line) {
+    const row = this.#rows[line];
+    return {
+      barcode: row[barcodeAt],
+      ordinal: row[ordinalAt],
+      code: row[codeAt],
+      name: row[nameAt],
+      unit: row[unitAt],
+      figure: this.figure(line),
+      isPending: this.#pending.has(keyOf(row[barcodeAt], row[ordinalAt])),
+    };
+  }
+
+  /** The figure as the counter sees it: what is queued counts already. Empty: not counted. */
+  figure(line) {
+    const row = this.#rows[line];
+    let figure = row[figureAt];
+    if (this.#pending.size === 0) return figure;
+    for (const item of this.#pending.get(keyOf(row[barcodeAt], row[ordinalAt])) ?? []) {
+      figure = item.op === 'add' ? sum(figure, item.text) : item.text;
+    }
+    return figure;
+  }
+
+  /** Lines of a scanned barcode; of a code when no barcode is the same. */
+  scanned(text) {
+    const folded = fold(text.trim());
+    const found = this.#byBarcode.get(folded) ?? this.#byCode.get(folded) ?? [];
+    const exact = found.filter((line) => this.#rows[line][barcodeAt] === text.trim());
+    return exact.length > 0 ? exact : found;
+  }
+
+  /** Whether a barcode is the same, without the codes. */
+  isBarcode(text) {
+    return this.#byBarcode.has(fold(text.trim()));
+  }
+
+  /** Lines that have each word somewhere in name, code or barcode, and that `isWanted`. */
+  search(text, isWanted = () => true) {
+    const words = fold(text).split(/\s+/).filter((word) => word !== '');
+    const found = [];
+    const texts = words.length === 0 ? null : this.#searchTexts();
+    for (let line = 0; line < this.#rows.length; ++line) {
+      if (texts && !words.every((word) => texts[line].includes(word))) continue;
+      if (isWanted(line)) found.push(line);
+    }
+    return found;
+  }
+
+  /** Folds all texts, once for all searches. */
+  #searchTexts() {
+    this.#texts ??= this.#rows.map((row) => fold(`${row[nameAt]}\n${row[codeAt]}\n${row[barcodeAt]}`));
+    return this.#texts;
+  }
+
+  #count() {
+    this.#counted = 0;
+    for (let line = 0; line < this.#rows.length; ++line) if (this.figure(line) !== '') ++this.#counted;
+  }
+}
+
+function addTo(map, key, value) {
+  const values = map.get(key);
+  if (values) {
+    values.push(value);
+  } else {
+    map.set(key, [value]);
+  }
+}

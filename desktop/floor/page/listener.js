@@ -1,0 +1,81 @@
+// Reads the lines, and hears from the desk what changes.
+
+import { Closed, call } from './desk.js';
+import { Wake } from './wake.js';
+
+const pauses = [300, 700, 1500, 3000];
+const pauseWhileClosed = 20000;
+const shortestRound = 300;
+
+export class Listener {
+  #code;
+  #device;
+  #name;
+  #report;
+  #wake = new Wake();
+  #control = new AbortController();
+  #revision = null;
+  #greeted = false;
+
+  /** `report` hears {hello}, {lines}, {cells}, {open}, {closed}, {away}. `name` gives the name of the device. */
+  constructor(code, device, name, report) {
+    this.#code = code;
+    this.#device = device;
+    this.#name = name;
+    this.#report = report;
+  }
+
+  /** Asks the desk now, whatever it is waiting for. */
+  wake() {
+    this.#wake.wake();
+    this.#control.abort();
+  }
+
+  /** The name has changed: the desk is to hear it. */
+  greetAnew() {
+    this.#greeted = false;
+    this.wake();
+  }
+
+  async run() {
+    for (let failures = 0; ; ) {
+      this.#wake.settle();
+      this.#control = new AbortController();
+      const begin = performance.now();
+      try {
+        const isNews = await this.#round();
+        failures = 0;
+        if (!isNews && performance.now() - begin < shortestRound) await this.#wake.wait(shortestRound);
+      } catch (error) {
+        if (this.#control.signal.aborted) continue;
+        this.#greeted = false;
+        const isClosed = error instanceof Closed;
+        this.#report(isClosed ? { closed: this.#code } : { away: true });
+        await this.#wake.wait(isClosed ? pauseWhileClosed : pauses[Math.min(failures++, pauses.length - 1)]);
+      }
+    }
+  }
+
+  async #round() {
+    const { signal } = this.#control;
+    if (!this.#greeted) {
+      const body = JSON.stringify({ device: this.#device, name: this.#name() });
+      const hello = await call('a/hello', this.#code, { body, signal });
+      this.#greeted = true;
+      this.#report({ hello, open: hello.open });
+      return true;
+    }
+    if (this.#revision === null) {
+      const { rev, open, lines } = await call('a/lines', this.#code, { signal, seconds: 60 });
+      this.#revision = rev;
+      this.#report({ lines, open });
+      return true;
+    }
+    const path = `a/changes?since=${this.#revision}&device=${encodeURIComponent(this.#device)}`;
+    const changes = await call(path, this.#code, { signal, seconds: 40 });
+    const isNews = changes.lines || changes.cells.length > 0;
+    this.#revision = changes.lines ? null : changes.rev;
+    this.#report({ cells: changes.cells, open: changes.open });
+    return isNews;
+  }
+}

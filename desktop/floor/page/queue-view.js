@@ -1,0 +1,58 @@
+// The figures that the desk has not answered, as a list that can be read out.
+
+import { VirtualList } from './virtual-list.js';
+import { fillQueued, makeRow } from './rows.js';
+import { queueText, strangersOf } from './state.js';
+
+export class QueueView {
+  #box;
+  #floor;
+  #list;
+  #text = document.createElement('p');
+  #move = document.createElement('button');
+  #forget = document.createElement('button');
+  #isSure = false;
+
+  constructor(box, floor, onClosed) {
+    this.#box = box;
+    this.#floor = floor;
+    const top = document.createElement('div');
+    top.className = 'top';
+    const rows = document.createElement('div');
+    rows.className = 'rows';
+    const close = document.createElement('button');
+    close.textContent = 'بستن';
+    close.addEventListener('click', onClosed);
+    this.#move.textContent = 'فرستادن به این شمارش';
+    this.#move.addEventListener('click', () => floor.moveHere(strangersOf(floor)));
+    this.#forget.addEventListener('click', () => this.#forgetThem());
+    for (const button of [close, this.#move, this.#forget]) button.type = 'button';
+    top.append(this.#text, close, this.#move, this.#forget);
+    box.append(top, rows);
+    this.#list = new VirtualList(rows, {
+      make: makeRow,
+      fill: (row, at) => fillQueued(row, floor.queue[at], floor.closed || floor.queue[at].code !== floor.code),
+      choose: () => {},
+    });
+  }
+
+  draw() {
+    if (this.#box.hidden) {
+      this.#isSure = false;
+      return;
+    }
+    const areStrangers = strangersOf(this.#floor).length > 0;
+    this.#text.textContent = queueText(this.#floor);
+    this.#move.hidden = !areStrangers || this.#floor.closed;
+    this.#forget.hidden = !areStrangers;
+    this.#forget.textContent = this.#isSure ? 'بله، از گوشی پاک شود' : 'پاک کردن از گوشی';
+    this.#list.setLength(this.#floor.queue.length);
+  }
+
+  /** Only figures of a count that this code does not open, and only when pressed twice. */
+  async #forgetThem() {
+    if (this.#isSure) await this.#floor.forget(strangersOf(this.#floor));
+    this.#isSure = !this.#isSure;
+    this.draw();
+  }
+}

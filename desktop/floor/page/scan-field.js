@@ -1,0 +1,76 @@
+// The field that takes what is typed and scanned. Enter ends a scan; how fast keys come makes no difference.
+
+import { characterByPlace } from './fold.js';
+
+const isLatin = (text) => /^[\x20-\x7e]*$/.test(text);
+
+export class ScanField {
+  #input;
+  #placed = '';
+
+  /** `onTyped` hears that the text has changed, `onEnter` gets the readings of a text, the likeliest first. */
+  constructor(input, { onTyped, onEnter, onArrow }) {
+    this.#input = input;
+    input.addEventListener('keydown', (event) => {
+      if (event.isComposing) return;
+      if (event.key === 'Enter') {
+        event.preventDefault();
+        onEnter(this.readings());
+      } else if (event.key === 'ArrowDown' || event.key === 'ArrowUp') {
+        event.preventDefault();
+        onArrow(event.key === 'ArrowDown' ? 1 : -1);
+      } else if (event.key === 'Escape') {
+        this.clear();
+        onTyped();
+      } else {
+        this.#note(event);
+      }
+    });
+    input.addEventListener('input', () => {
+      if (input.value === '') this.#placed = '';
+      onTyped();
+    });
+    document.addEventListener('keydown', (event) => this.#takeFocus(event));
+  }
+
+  get text() {
+    return this.#input.value.trim();
+  }
+
+  clear() {
+    this.#input.value = '';
+    this.#placed = '';
+  }
+
+  focus() {
+    this.#input.focus();
+  }
+
+  /** The text, and what a scanner meant that types on a keyboard of other letters. */
+  readings() {
+    const { text } = this;
+    const placed = this.#placed.trim();
+    const isPlaced = !isLatin(text) && placed.length === text.length && placed !== text;
+    return isPlaced ? [text, placed] : [text];
+  }
+
+  #note(event) {
+    if (event.ctrlKey || event.altKey || event.metaKey) return;
+    const { value, selectionStart } = this.#input;
+    const isAtEnd = selectionStart === value.length && this.#placed.length === value.length;
+    if (event.key.length === 1 && isAtEnd) {
+      this.#placed += characterByPlace(event) || event.key;
+    } else if (event.key === 'Backspace' && isAtEnd) {
+      this.#placed = this.#placed.slice(0, -1);
+    }
+  }
+
+  /** Keys that are typed while no field has the focus come here. */
+  #takeFocus(event) {
+    if (event.ctrlKey || event.altKey || event.metaKey || event.key.length !== 1) return;
+    if (event.target.closest('input, form')) return;
+    if (event.key === ' ' && event.target.closest('button')) return;
+    this.#input.focus();
+    this.#note(event);
+  }
+}

@@ -1,0 +1,140 @@
+// Sends what is queued until the desk has answered, in the order of entry.
+
+import { Away, Closed, Late, NotTaken, call } from './desk.js';
+import { Wake } from './wake.js';
+
+const maxItems = 500;
+const maxLength = 200000;
+const pauses = [300, 700, 1500, 2000];
+const pauseWhileClosed = 20000;
+
+/** The first figures of one code that fit into a request. */
+function nextBatch(items, atMost) {
+  const bytes = new TextEncoder();
+  const batch = [];
+  let length = 0;
+  for (const item of items) {
+    const { seq, barcode, ordinal, op, text, base } = item;
+    const wire = JSON.stringify({ seq, barcode, ordinal, op, text, base });
+    length += bytes.encode(wire).length + 1;
+    if (batch.length === atMost || (batch.length > 0 && length > maxLength)) break;
+    batch.push({ item, wire });
+  }
+  return batch;
+}
+
+/** What the counter is to read about an answer; nothing where the figure is simply in the counting. */
+function noticeOf(item, answer) {
+  if (answer.state === 'stored') return undefined;
+  const { code, barcode, ordinal, name, op, text } = item;
+  return { code, barcode, ordinal, name, op, mine: text, state: answer.state, theirs: answer.text ?? '',
+           message: answer.message ?? '', by: answer.by ?? '', time: Date.now() };
+}
+
+export class Sender {
+  #store;
+  #device;
+  #wake = new Wake();
+  #report;
+
+  /**
+   * `report` hears of all that happens: {inFlight}, {answered: [{item, answer}], open}, {away},
+   * {closed: code}.
+   */
+  constructor(store, device, report) {
+    this.#store = store;
+    this.#device = device;
+    this.#report = report;
+  }
+
+  /** Something was queued, or the desk can be reached again. */
+  wake() {
+    this.#wake.wake();
+  }
+
+  async run() {
+    for (let failures = 0; ; ) {
+      this.#wake.settle();
+      const outcome = await this.#sendAll();
+      failures = outcome === 'waits' ? failures + 1 : 0;
+      if (outcome === 'sent') await this.#wake.wait();
+      if (outcome === 'closed') await this.#wake.wait(pauseWhileClosed);
+      if (outcome === 'waits') await this.#wake.wait(pauses[Math.min(failures, pauses.length) - 1]);
+    }
+  }
+
+  /** Returns 'sent' when nothing is left, 'closed' when only figures of closed counts are, else 'waits'. */
+  async #sendAll() {
+    const closed = new Set();
+    let atMost = maxItems;
+    for (;;) {
+      const queue = (await this.#store.kept()).queue.filter((item) => !closed.has(item.code));
+      if (queue.length === 0) break;
+      const { code } = queue[0];
+      const batch = nextBatch(queue.filter((item) => item.code === code), atMost);
+      try {
+        if (!await this.#send(code, batch)) return 'waits';
+      } catch (error) {
+        if (error instanceof Closed) {
+          closed.add(code);
+          this.#report({ closed: code });
+        } else if (error instanceof NotTaken) {
+          if (batch.length === 1) await this.#refuse(batch[0].item, error.message);
+          atMost = 1;
+        } else if (error instanceof Away) {
+          if (!(error instanceof Late)) this.#report({ away: true });
+          return 'waits';
+        } else {
+          throw error;
+        }
+      } finally {
+        this.#report({ inFlight: 0 });
+      }
+    }
+    if (!await this.#sendUnknown(closed)) return 'waits';
+    return closed.size === 0 ? 'sent' : 'closed';
+  }
+
+  /** Returns false when the desk takes no figures now. */
+  async #send(code, batch) {
+    this.#report({ inFlight: batch.length });
+    const body = `{"device":${JSON.stringify(this.#device)},"items":[${batch.map(({ wire }) => wire).join(',')}]}`;
+    const { items, open } = await call('a/figures', code, { body });
+    const bySeq = new Map(items.map((answer) => [answer.seq, answer]));
+    const answered = [];
+    for (const { item } of batch) {
+      const answer = bySeq.get(item.seq);
+      if (answer && answer.state !== 'paused') answered.push({ item, answer });
+    }
+    await this.#store.settle(answered.map(({ item, answer }) => ({ seq: item.seq, notice: noticeOf(item, answer) })));
+    this.#report({ answered, code, open });
+    return answered.length > 0;
+  }
+
+  async #refuse(item, message) {
+    const answer = { state: 'refused', message };
+    await this.#store.settle([{ seq: item.seq, notice: noticeOf(item, answer) }]);
+    this.#report({ answered: [{ item, answer }], code: item.code });
+  }
+
+  async #sendUnknown(closed) {
+    for (const entry of await this.#store.unknown()) {
+      if (closed.has(entry.code)) continue;
+      try {
+        const body = JSON.stringify({ device: this.#device, barcode: entry.barcode });
+        await call('a/unknown', entry.code, { body });
+      } catch (error) {
+        if (error instanceof Away) {
+          this.#report({ away: true });
+          return false;
+        }
+        if (error instanceof Closed) {
+          closed.add(entry.code);
+          continue;
+        }
+      }
+      await this.#store.forgetUnknown(entry);
+    }
+    return true;
+  }
+}

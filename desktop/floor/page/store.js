@@ -1,0 +1,156 @@
+// What the browser keeps: the id of the device, figures until the desk has answered, its answers until the counter
+// has read them, and the lines for the time without network.
+//
+// The id is in the database with the sequence numbers, not in localStorage: a browser that erases one erases the
+// other, so that a number never comes from the same device a second time. Numbers are those of an autoIncrement
+// key, which two tabs cannot be given twice.
+
+const name = 'koru-floor';
+const daysOfLines = 30;
+
+function finished(transaction) {
+  return new Promise((resolve, reject) => {
+    transaction.oncomplete = resolve;
+    transaction.onabort = () => reject(transaction.error ?? new Error('aborted'));
+  });
+}
+
+function result(request) {
+  return new Promise((resolve, reject) => {
+    request.onsuccess = () => resolve(request.result);
+    request.onerror = () => reject(request.error);
+  });
+}
+
+function randomID() {
+  const bytes = crypto.getRandomValues(new Uint8Array(16));
+  return btoa(String.fromCharCode(...bytes)).replace(/\+/g, '-').replace(/\//g, '_').replace(/=/g, '');
+}
+
+export class Store {
+  #database;
+  #tabs = typeof BroadcastChannel === 'undefined' ? null : new BroadcastChannel(name);
+
+  /** Throws when the browser keeps nothing, as some do in private windows. */
+  static async open(onOtherTab) {
+    const request = indexedDB.open(name, 1);
+    request.onupgradeneeded = () => {
+      const database = request.result;
+      database.createObjectStore('queue', { keyPath: 'seq', autoIncrement: true });
+      database.createObjectStore('notices', { keyPath: ['code', 'barcode', 'ordinal'] });
+      database.createObjectStore('unknown', { keyPath: ['code', 'barcode'] });
+      database.createObjectStore('lines', { keyPath: 'code' });
+      database.createObjectStore('meta');
+    };
+    const store = new Store();
+    store.#database = await result(request);
+    if (store.#tabs) store.#tabs.onmessage = onOtherTab;
+    return store;
+  }
+
+  async device() {
+    const [transaction, meta] = this.#write('meta');
+    let id = await result(meta.get('device'));
+    if (!id) {
+      id = randomID();
+      meta.put(id, 'device');
+    }
+    await finished(transaction);
+    return id;
+  }
+
+  /** The figures without an answer, in the order of entry, and what the desk has said, as of one moment. */
+  async kept() {
+    const transaction = this.#database.transaction(['queue', 'notices']);
+    const [queue, notices] = await Promise.all(
+        ['queue', 'notices'].map((store) => result(transaction.objectStore(store).getAll())));
+    return { queue, notices };
+  }
+
+  async unknown() {
+    return result(this.#database.transaction('unknown').objectStore('unknown').getAll());
+  }
+
+  /**
+   * Keeps a figure; when this has returned, it survives whatever happens to the page. An earlier answer for the line
+   * has been read then. Returns the figure with its number.
+   */
+  async enter(item) {
+    const [transaction, queue, notices] = this.#write('queue', 'notices');
+    const kept = { ...item };
+    queue.add(kept).onsuccess = (event) => { kept.seq = event.target.result; };
+    notices.delete([item.code, item.barcode, item.ordinal]);
+    await finished(transaction);
+    this.#tabs?.postMessage('entered');
+    return kept;
+  }
+
+  /** Forgets figures that the desk has answered, and keeps notices for them. What another tab settled stays so. */
+  async settle(answered) {
+    const [transaction, queue, notices] = this.#write('queue', 'notices');
+    for (const { seq, notice } of answered) {
+      queue.get(seq).onsuccess = (event) => {
+        if (!event.target.result) return;
+        queue.delete(seq);
+        if (notice) notices.put(notice);
+      };
+    }
+    await finished(transaction);
+    this.#tabs?.postMessage('settled');
+  }
+
+  async dismiss(notice) {
+    const [transaction, notices] = this.#write('notices');
+    notices.delete([notice.code, notice.barcode, notice.ordinal]);
+    await finished(transaction);
+    this.#tabs?.postMessage('settled');
+  }
+
+  /** Figures of a count that is closed become those of another code. Their numbers stay, so none counts twice. */
+  async move(items, code) {
+    const [transaction, queue] = this.#write('queue');
+    for (const { seq } of items) {
+      queue.get(seq).onsuccess = (event) => {
+        if (event.target.result) queue.put({ ...event.target.result, code });
+      };
+    }
+    await finished(transaction);
+  }
+
+  async forget(items) {
+    await this.settle(items.map(({ seq }) => ({ seq })));
+  }
+
+  async keepUnknown(entry) {
+    const [transaction, unknown] = this.#write('unknown');
+    unknown.put(entry);
+    await finished(transaction);
+  }
+
+  async forgetUnknown(entry) {
+    const [transaction, unknown] = this.#write('unknown');
+    unknown.delete([entry.code, entry.barcode]);
+    await finished(transaction);
+  }
+
+  async keptLines(code) {
+    return result(this.#database.transaction('lines').objectStore('lines').get(code));
+  }
+
+  async keepLines(kept) {
+    const [transaction, lines] = this.#write('lines');
+    lines.put({ ...kept, time: Date.now() });
+    lines.openCursor().onsuccess = (event) => {
+      const cursor = event.target.result;
+      if (!cursor) return;
+      if (cursor.value.time < Date.now() - daysOfLines * 86400000) cursor.delete();
+      cursor.continue();
+    };
+    await finished(transaction);
+  }
+
+  #write(...stores) {
+    const transaction = this.#database.transaction(stores, 'readwrite', { durability: 'strict' });
+    return [transaction, ...stores.map((store) => transaction.objectStore(store))];
+  }
+}

@@ -1,0 +1,30 @@
+/** A pause that ends early when something wakes it. */
+export class Wake {
+  #end = null;
+  #woken = false;
+
+  /** Ends the pause; without one, the next pause does not begin. */
+  wake() {
+    this.#woken = true;
+    this.#end?.();
+  }
+
+  /** Forgets that something woke it: what it was woken for is about to be done. */
+  settle() {
+    this.#woken = false;
+  }
+
+  async wait(milliseconds = Infinity) {
+    if (!this.#woken) {
+      await new Promise((resolve) => {
+        const timer = milliseconds === Infinity ? null : setTimeout(resolve, milliseconds);
+        this.#end = () => {
+          clearTimeout(timer);
+          resolve();
+        };
+      });
+    }
+    this.#end = null;
+    this.#woken = false;
+  }
+}
