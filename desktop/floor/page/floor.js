@@ -71,6 +71,7 @@ export class Floor extends EventTarget {
       this.#takeLines(JSON.parse(kept.text));
     }
     if (!this.#code) return;
+    if (this.queue.length > 0) this.#listener.mark();
     this.#sender.run();
     this.#listener.run();
   }
@@ -126,6 +127,7 @@ export class Floor extends EventTarget {
   #hear(news) {
     if ('inFlight' in news) this.inFlight = news.inFlight;
     if (news.away) this.reach = 'away';
+    if (news.unanswered) this.#listener.mark();
     if (news.closed === this.#code) this.#setClosed(true);
     if ('open' in news && (news.code ?? this.#code) === this.#code) this.#reached(news.open ?? this.open);
     if (news.hello) this.#greeted(news.hello);
@@ -184,6 +186,7 @@ export class Floor extends EventTarget {
       if (item.code !== this.#code || answer.text === undefined || answer.state === 'gone') continue;
       this.lines.setFigure(item.barcode, item.ordinal, answer.text);
     }
+    this.#listener.rewind();
     const settled = new Set(answered.map(({ item }) => item.seq));
     this.#setQueue(this.queue.filter(({ seq }) => !settled.has(seq)));
     this.readKept().then(() => {

@@ -16,6 +16,7 @@ export class Listener {
   #control = new AbortController();
   #revision = null;
   #greeted = false;
+  #mark;
 
   /** `report` hears {hello}, {lines}, {cells}, {open}, {closed}, {away}. `name` gives the name of the device. */
   constructor(code, device, name, report) {
@@ -29,6 +30,19 @@ export class Listener {
   wake() {
     this.#wake.wake();
     this.#control.abort();
+  }
+
+  /** From now on, figures are sent again: their answers may be older than what is known here. */
+  mark() {
+    if (this.#mark === undefined) this.#mark = this.#revision;
+  }
+
+  /** They are answered: what has changed since the mark is read again. */
+  rewind() {
+    if (this.#mark === undefined) return;
+    this.#revision = this.#mark;
+    this.#mark = undefined;
+    this.wake();
   }
 
   /** The name has changed: the desk is to hear it. */

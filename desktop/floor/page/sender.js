@@ -39,7 +39,7 @@ export class Sender {
 
   /**
    * `report` hears of all that happens: {inFlight}, {answered: [{item, answer}], open}, {away},
-   * {closed: code}.
+   * {unanswered}, {closed: code}.
    */
   constructor(store, device, report) {
     this.#store = store;
@@ -82,7 +82,7 @@ export class Sender {
           if (batch.length === 1) await this.#refuse(batch[0].item, error.message);
           atMost = 1;
         } else if (error instanceof Away) {
-          if (!(error instanceof Late)) this.#report({ away: true });
+          this.#report({ unanswered: true, ...(!(error instanceof Late) && { away: true }) });
           return 'waits';
         } else {
           throw error;

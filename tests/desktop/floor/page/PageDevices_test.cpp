@@ -1,0 +1,117 @@
+// Several devices, counts and tabs at once.
+
+#include "tests/desktop/floor/page/PageWorld.h"
+
+namespace koru::test {
+namespace {
+
+QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
+
+class PageDevices : public PageWorld {
+ protected:
+  /// One device has 70 without network, another one's 78 is at the desk.
+  void MakeConflict(Browser& one, Browser& other) {
+    OpenPage(one, 1, Text("رضا"));
+    OpenPage(other, 1, Text("حسن"));
+    one.SetOffline(true);
+    test::Count(one, kTea, QStringLiteral("70"));
+    test::Count(other, kTea, QStringLiteral("78"));
+    WaitForDesk(kTea, QStringLiteral("78"));
+    one.SetOffline(false);
+    one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '1'"));
+    EXPECT_EQ(AtDesk(kTea), QStringLiteral("78")) << "the first figure holds";
+    Scan(one, kTea);
+    WaitForText(one, QStringLiteral("#card"), Text("رقم حسن: 78"));
+  }
+};
+
+TEST_F(PageDevices, Figures_of_another_device_of_the_count_appear) {
+  Browser one;
+  Browser other;
+  OpenPage(one);
+  OpenPage(other);
+  test::Count(other, kTea, QStringLiteral("9"));
+  one.WaitFor(QStringLiteral("document.querySelector('#list .number').textContent === '9'"));
+  Type(1, LineColumn::FirstCounting, "11");
+  one.WaitFor(QStringLiteral("document.querySelector('#list .number').textContent === '11'"));
+}
+
+TEST_F(PageDevices, Two_devices_on_a_line_are_a_question_and_the_other_figure_may_stay) {
+  Browser one;
+  Browser other;
+  MakeConflict(one, other);
+  ClickButton(one, Text("78 بماند"));
+  one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
+  WaitForState(one, kAllArrived);
+  EXPECT_EQ(AtDesk(kTea), QStringLiteral("78"));
+}
+
+TEST_F(PageDevices, Two_devices_on_a_line_are_a_question_and_the_own_figure_may_be_set_anew) {
+  Browser one;
+  Browser other;
+  MakeConflict(one, other);
+  ClickButton(one, Text("70 ثبت شود"));
+  WaitForDesk(kTea, QStringLiteral("70"));
+  WaitForState(one, kAllArrived);
+  one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
+}
+
+TEST_F(PageDevices, Three_devices_make_three_counts_and_see_their_own_alone) {
+  Browser first;
+  Browser second;
+  Browser third;
+  OpenPage(first, 1);
+  OpenPage(second, 2);
+  OpenPage(third, 3);
+  WaitForText(second, QStringLiteral("h1"), Text("شمارش دوم"));
+  WaitForText(third, QStringLiteral("h1"), Text("شمارش سوم"));
+  test::Count(first, kTea, QStringLiteral("10"));
+  test::Count(second, kTea, QStringLiteral("11"));
+  test::Count(third, kTea, QStringLiteral("12"));
+  WaitForDesk(kTea, QStringLiteral("10"), 1);
+  WaitForDesk(kTea, QStringLiteral("11"), 2);
+  WaitForDesk(kTea, QStringLiteral("12"), 3);
+  EXPECT_EQ(ShownFigure(first, kTea), QStringLiteral("10"));
+  EXPECT_EQ(ShownFigure(second, kTea), QStringLiteral("11"));
+  EXPECT_EQ(ShownFigure(third, kTea), QStringLiteral("12"));
+}
+
+TEST_F(PageDevices, Two_tabs_of_a_device_give_no_number_twice_and_send_each_figure_once) {
+  Browser browser;
+  OpenPage(browser);
+  const QString first = browser.CurrentTab();
+  const QString second = browser.OpenTab();
+  OpenPage(browser);
+  for (int round = 0; round < 3; ++round) {
+    for (const QString& tab : {first, second}) {
+      browser.SwitchTo(tab);
+      Scan(browser, kTea);
+      browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+      browser.Keys(QStringLiteral("1"));
+      ClickButton(browser, Text("افزودن"));
+    }
+  }
+  WaitForDesk(kTea, QStringLiteral("6"));
+  WaitForState(browser, kAllArrived);
+  EXPECT_EQ(session_->Devices().size(), 1U) << "two tabs are one device";
+  EXPECT_EQ(session_->Devices().front().received, 6);
+}
+
+TEST_F(PageDevices, Two_tabs_of_a_device_may_make_two_counts) {
+  Browser browser;
+  OpenPage(browser, 1);
+  const QString first = browser.CurrentTab();
+  browser.OpenTab();
+  OpenPage(browser, 2);
+  test::Count(browser, kTea, QStringLiteral("22"));
+  browser.SwitchTo(first);
+  browser.Reload();
+  WaitForState(browser, kAllArrived);
+  WaitForText(browser, QStringLiteral("h1"), Text("شمارش اول"));
+  test::Count(browser, kTea, QStringLiteral("11"));
+  WaitForDesk(kTea, QStringLiteral("11"), 1);
+  WaitForDesk(kTea, QStringLiteral("22"), 2);
+}
+
+}  // namespace
+}  // namespace koru::test

@@ -1,0 +1,236 @@
+// What a counter does with the page, and what reaches the desk.
+
+#include <QJsonArray>
+
+#include "tests/desktop/floor/page/PageWorld.h"
+
+namespace koru::test {
+namespace {
+
+QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
+
+class PageEntry : public PageWorld {
+ protected:
+  /// Presses a key as a keyboard of another layout does: a character, and the place of its key.
+  void PressPlaced(const char* character, const char* place) {
+    browser_.Command(
+        QStringLiteral("Input.dispatchKeyEvent"),
+        {{"type", "keyDown"}, {"key", Text(character)}, {"text", Text(character)}, {"code", place}});
+    browser_.Command(QStringLiteral("Input.dispatchKeyEvent"),
+                     {{"type", "keyUp"}, {"key", Text(character)}, {"code", place}});
+  }
+
+  Browser browser_;
+};
+
+TEST_F(PageEntry, A_scan_without_any_focus_opens_its_line_and_the_typed_figure_reaches_the_desk) {
+  OpenPage(browser_);
+  browser_.Run(QStringLiteral("document.activeElement.blur()"));
+  Scan(browser_, kTea);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+  WaitForText(browser_, QStringLiteral("#card dl"), Text(kTea.code));
+  browser_.Keys(QStringLiteral("12.5\n"));
+  WaitForDesk(kTea, QStringLiteral("12.5"));
+  WaitForState(browser_, kAllArrived);
+  EXPECT_EQ(ShownFigure(browser_, kTea), QStringLiteral("12.5"));
+  EXPECT_EQ(CellOf(1, LineColumn::SecondCounting), "") << "the count of another code";
+}
+
+TEST_F(PageEntry, The_code_leaves_the_address_bar_at_once) {
+  OpenPage(browser_);
+  EXPECT_FALSE(browser_.Url().contains(QString::fromStdString(session_->Code(1))))
+      << browser_.Url().toStdString();
+  browser_.Reload();
+  WaitForState(browser_, kAllArrived);
+}
+
+TEST_F(PageEntry, The_desk_knows_the_device_by_the_name_that_it_was_asked_for_once) {
+  OpenPage(browser_, 1, Text("تبلت انبار"));
+  WaitUntil([&] { return !session_->Devices().empty() && session_->Devices().front().name == "تبلت انبار"; },
+            QStringLiteral("no name"));
+  browser_.Reload();
+  WaitForState(browser_, kAllArrived);
+  EXPECT_FALSE(browser_.Shows(QStringLiteral("#naming")));
+  EXPECT_EQ(session_->Devices().size(), 1U) << "it is the same device after a reload";
+}
+
+TEST_F(PageEntry, Digits_of_Persian_and_Arabic_keyboards_are_figures) {
+  OpenPage(browser_);
+  test::Count(browser_, kTea, Text("۱۲"));
+  WaitForDesk(kTea, QStringLiteral("12"));
+  test::Count(browser_, kCheese, Text("٣٫٥"));
+  WaitForDesk(kCheese, QStringLiteral("3.5"));
+  test::Count(browser_, kOil, Text("۱٬۵۰۰"));
+  WaitForDesk(kOil, QStringLiteral("1500"));
+  browser_.Keys(Text("۶۲۶۰۱۰۰۰۰۰۰۱۷\n"));
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+}
+
+TEST_F(PageEntry, Letters_of_a_scanner_on_a_Persian_keyboard_are_read_by_the_places_of_their_keys) {
+  OpenPage(browser_);
+  // LED-60-W as a Persian layout gives it.
+  const std::pair<const char*, const char*> keys[] = {{"م", "KeyL"},  {"ث", "KeyE"},   {"ی", "KeyD"},
+                                                      {"-", "Minus"}, {"۶", "Digit6"}, {"۰", "Digit0"},
+                                                      {"-", "Minus"}, {"ص", "KeyW"}};
+  for (const auto& [character, place] : keys) PressPlaced(character, place);
+  browser_.Press(BrowserKey::Enter);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kLamp.name));
+}
+
+TEST_F(PageEntry, Figures_are_set_and_added_by_two_buttons_and_zero_is_not_nothing) {
+  OpenPage(browser_);
+  Scan(browser_, kTea);
+  browser_.Keys(QStringLiteral("5"));
+  ClickButton(browser_, Text("ثبت"));
+  WaitForDesk(kTea, QStringLiteral("5"));
+  Scan(browser_, kTea);
+  browser_.Keys(QStringLiteral("7"));
+  ClickButton(browser_, Text("افزودن"));
+  WaitForDesk(kTea, QStringLiteral("12"));
+  test::Count(browser_, kTea, QStringLiteral("0"));
+  WaitForDesk(kTea, QStringLiteral("0"));
+  Scan(browser_, kTea);
+  browser_.Press(BrowserKey::Enter);
+  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار را بنویسید"));
+  EXPECT_EQ(AtDesk(kTea), QStringLiteral("0")) << "Enter in an empty field takes nothing away";
+  ClickButton(browser_, Text("پاک کردن رقم"));
+  WaitForDesk(kTea, QString());
+}
+
+TEST_F(PageEntry, A_barcode_that_no_line_has_is_shown_in_red_and_listed_at_the_desk) {
+  OpenPage(browser_);
+  browser_.Keys(QStringLiteral("6269999999994\n"));
+  browser_.WaitFor(QStringLiteral("!document.getElementById('unknown').hidden"));
+  WaitForText(browser_, QStringLiteral("#unknown"), QStringLiteral("6269999999994"));
+  WaitUntil([&] { return session_->Unknown().size() == 1; }, QStringLiteral("the desk does not know of it"));
+  EXPECT_EQ(session_->Unknown().front().barcode, "6269999999994");
+  Scan(browser_, kTea);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+  EXPECT_FALSE(browser_.Shows(QStringLiteral("#unknown"))) << "the next scan is ready at once";
+  ClickButton(browser_, Text("بستن"));
+  browser_.Keys(Text("هیچ کالایی\n"));
+  WaitForText(browser_, QStringLiteral("#empty"), Text("کالایی پیدا نشد"));
+  EXPECT_FALSE(browser_.Shows(QStringLiteral("#unknown"))) << "a word is no barcode";
+}
+
+TEST_F(PageEntry, A_barcode_in_the_field_of_the_figure_is_asked_back_and_found) {
+  OpenPage(browser_);
+  Scan(browser_, kTea);
+  Scan(browser_, kCheese);
+  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار است یا بارکد"));
+  browser_.Press(BrowserKey::Enter);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+  browser_.Keys(QStringLiteral("3\n"));
+  WaitForDesk(kCheese, QStringLiteral("3"));
+  EXPECT_EQ(AtDesk(kTea), QString());
+  Scan(browser_, kTea);
+  browser_.Keys(QStringLiteral("123456789\n"));
+  ClickButton(browser_, Text("مقدار است"));
+  WaitForDesk(kTea, QStringLiteral("123456789"));
+}
+
+TEST_F(PageEntry, What_is_no_number_is_not_sent) {
+  OpenPage(browser_);
+  Scan(browser_, kTea);
+  browser_.Keys(QStringLiteral("12x\n"));
+  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("عدد نیست"));
+  EXPECT_EQ(AtDesk(kTea), QString());
+}
+
+TEST_F(PageEntry, A_refusal_and_a_warning_of_the_form_are_read_on_the_line) {
+  OpenPage(browser_);
+  test::Count(browser_, kTea, QStringLiteral("-3"));
+  WaitForText(browser_, QStringLiteral("#banner"), Text("تعداد كمتر از اندازة مجاز است."));
+  WaitForText(browser_, QStringLiteral("#list"), Text("تعداد كمتر از اندازة مجاز است."));
+  EXPECT_EQ(AtDesk(kTea), QString());
+  Scan(browser_, kTea);
+  WaitForText(browser_, QStringLiteral("#card .notice.bad"), QStringLiteral("-3"));
+  ClickButton(browser_, Text("خواندم"));
+  browser_.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
+  Scan(browser_, kCheese);
+  browser_.Keys(QStringLiteral("1000000001\n"));
+  ClickButton(browser_, Text("مقدار است"));
+  WaitForText(browser_, QStringLiteral("#list"), Text("تعداد بيشتر از اندازة مجاز است."));
+  EXPECT_EQ(AtDesk(kCheese), QStringLiteral("1000000001"));
+  EXPECT_EQ(NewMessages(), Texts{}) << "nothing at the desk";
+}
+
+TEST_F(PageEntry, The_left_lines_and_the_progress_follow_the_figures) {
+  OpenPage(browser_);
+  WaitForText(browser_, QStringLiteral("#progress-text"), Text("0 از 7"));
+  test::Count(browser_, kTea, QStringLiteral("4"));
+  WaitForText(browser_, QStringLiteral("#progress-text"), Text("1 از 7"));
+  browser_.Click(QStringLiteral("[data-tab=left]"));
+  browser_.WaitFor(
+      QStringLiteral("[...document.querySelectorAll('#list .row')].filter(row => !row.hidden).length === 6"));
+  browser_.Click(QStringLiteral("[data-tab=done]"));
+  browser_.WaitFor(
+      QStringLiteral("[...document.querySelectorAll('#list .row')].filter(row => !row.hidden).length === 1"));
+  EXPECT_EQ(ShownFigure(browser_, kTea), QStringLiteral("4"));
+}
+
+TEST_F(PageEntry, Searching_takes_both_keyboards_letters_words_in_any_order_and_parts_of_codes) {
+  OpenPage(browser_);
+  const auto found = [&](const char* typed) {
+    browser_.Run(QStringLiteral(
+        "document.getElementById('search').focus(); document.getElementById('search').select()"));
+    browser_.Press(BrowserKey::Delete);
+    browser_.Keys(Text(typed));
+    browser_.WaitFor(QStringLiteral("document.getElementById('progress-text').textContent.includes('کالا')"));
+    // The list is drawn with the next frame.
+    browser_.Run(QStringLiteral(
+        "return new Promise(done => requestAnimationFrame(() => requestAnimationFrame(done)))"));
+    QStringList names;
+    const QJsonArray shown =
+        browser_
+            .Run(QStringLiteral(
+                "return [...document.querySelectorAll('#list .row')].filter(row => !row.hidden)"
+                ".map(row => row.querySelector('.name').textContent)"))
+            .toArray();
+    for (const QJsonValue& name : shown) names.append(name.toString());
+    return names;
+  };
+  EXPECT_EQ(found("روغن مایع کنجد"), QStringList{Text(kOil.name)});
+  EXPECT_EQ(found("كنجد روغن"), QStringList{Text(kOil.name)});
+  EXPECT_EQ(found("کم نمک"), QStringList{}) << "a blank separates words";
+  EXPECT_EQ(found("کمنمک"), QStringList{Text(kCheese.name)});
+  EXPECT_EQ(found("led"), QStringList{Text(kLamp.name)});
+  EXPECT_EQ(found("۱۰۴"), QStringList{Text(kLamp.name)});
+  EXPECT_EQ(found("0000055"), QStringList{Text(kTurned.name)});
+}
+
+TEST_F(PageEntry, Names_are_text_whatever_they_contain) {
+  OpenPage(browser_);
+  test::Count(browser_, kHostile, QStringLiteral("1"));
+  test::Count(browser_, kTurned, QStringLiteral("-3"));
+  WaitForText(browser_, QStringLiteral("#banner"), Text("تعداد كمتر از اندازة مجاز است."));
+  Scan(browser_, kHostile);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kHostile.name));
+  EXPECT_EQ(browser_.Run(QStringLiteral("return document.querySelectorAll('img').length")).toInt(), 0);
+  EXPECT_FALSE(browser_.Title().contains(QStringLiteral("run")));
+  // An override ends with the name: the figure beside it keeps its direction.
+  EXPECT_EQ(
+      browser_
+          .Run(QStringLiteral("return getComputedStyle(document.querySelector('#list .name')).unicodeBidi"))
+          .toString(),
+      QStringLiteral("isolate"));
+  EXPECT_TRUE(browser_.Text(QStringLiteral("#banner")).isEmpty() ||
+              !browser_.Shows(QStringLiteral("#banner")));
+  for (const QString& line : browser_.Console()) ADD_FAILURE() << line.toStdString();
+}
+
+TEST_F(PageEntry, The_data_that_is_sent_has_neither_stock_nor_another_count) {
+  Set(2, {kTea.barcode, 1}, "8181");
+  OpenPage(browser_);
+  const QString wire = browser_
+                           .Run(QStringLiteral("return fetch('a/lines', {headers: {Authorization: 'Bearer ' "
+                                               "+ localStorage.getItem('koru.code')}})"
+                                               ".then(answer => answer.text())"))
+                           .toString();
+  EXPECT_TRUE(wire.contains(Text(kTea.barcode)));
+  EXPECT_FALSE(wire.contains(QStringLiteral("8181"))) << "the second count";
+  EXPECT_FALSE(wire.contains(QStringLiteral("4444"))) << "the book stock";
+}
+
+}  // namespace
+}  // namespace koru::test

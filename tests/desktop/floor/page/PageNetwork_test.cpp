@@ -1,0 +1,214 @@
+// What a counter sees while the network, the desk or the page itself fails, and that no figure is lost by it.
+
+#include "tests/desktop/floor/page/PageWorld.h"
+
+namespace koru::test {
+namespace {
+
+QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
+
+class PageNetwork : public PageWorld {
+ protected:
+  void EnterThree(Browser& browser) {
+    test::Count(browser, kTea, QStringLiteral("1"));
+    test::Count(browser, kCheese, QStringLiteral("2"));
+    test::Count(browser, kOil, QStringLiteral("3"));
+  }
+  void WaitForThree() {
+    WaitForDesk(kTea, QStringLiteral("1"));
+    WaitForDesk(kCheese, QStringLiteral("2"));
+    WaitForDesk(kOil, QStringLiteral("3"));
+  }
+  [[nodiscard]] static QString Left(int number) { return Text("%1 در گوشی مانده").arg(number); }
+};
+
+TEST_F(PageNetwork, Figures_without_network_stay_readable_on_the_device_and_arrive_with_the_network) {
+  Browser browser;
+  OpenPage(browser);
+  browser.SetOffline(true);
+  EnterThree(browser);
+  WaitForState(browser, Left(3));
+  EXPECT_EQ(ShownFigure(browser, kCheese), QStringLiteral("2")) << "counting continues";
+  browser.Click(QStringLiteral("#state"));
+  WaitForText(browser, QStringLiteral("#queue"), Text("میز پیدا نیست"));
+  WaitForText(browser, QStringLiteral("#queue"), Text(kCheese.name));
+  WaitForText(browser, QStringLiteral("#queue"), Text(kCheese.barcode));
+  EXPECT_EQ(AtDesk(kTea), QString());
+  browser.SetOffline(false);
+  WaitForThree();
+  WaitForState(browser, kAllArrived);
+}
+
+TEST_F(PageNetwork, An_answer_that_is_lost_while_adding_adds_once) {
+  Browser browser;
+  OpenPage(browser);
+  test::Count(browser, kTea, QStringLiteral("5"));
+  WaitForDesk(kTea, QStringLiteral("5"));
+  WaitForState(browser, kAllArrived);
+  browser.Run(
+      QStringLiteral("const ask = window.fetch; window.lost = 0; window.isLosing = true;"
+                     "window.fetch = async (path, ...others) => {"
+                     "  const answer = await ask(path, ...others);"
+                     "  if (path !== 'a/figures' || !window.isLosing) return answer;"
+                     "  window.lost += 1; throw new TypeError('the answer is lost'); }"));
+  Scan(browser, kTea);
+  browser.Keys(QStringLiteral("7"));
+  ClickButton(browser, Text("افزودن"));
+  WaitForDesk(kTea, QStringLiteral("12"));
+  browser.WaitFor(QStringLiteral("window.lost > 1"), QStringLiteral("sent again"));
+  Type(1, LineColumn::FirstCounting, "100");  // meanwhile, the desk
+  browser.Run(QStringLiteral("window.isLosing = false"));
+  WaitForState(browser, kAllArrived);
+  EXPECT_EQ(AtDesk(kTea), QStringLiteral("100")) << "not added again";
+  browser.WaitFor(QStringLiteral("document.querySelector('#list .number').textContent === '100'"),
+                  QStringLiteral("the figure of the desk, which is later than the answer"));
+}
+
+TEST_F(PageNetwork, A_desk_that_ends_without_warning_gets_all_figures_after_it_begins_again) {
+  Browser browser;
+  OpenPage(browser);
+  test::Count(browser, kTea, QStringLiteral("1"));
+  WaitForDesk(kTea, QStringLiteral("1"));
+  WaitForState(browser, kAllArrived);
+  KillDesk();
+  test::Count(browser, kCheese, QStringLiteral("2"));
+  WaitForState(browser, Left(1));
+  StartAndOpen();
+  EXPECT_EQ(session_->Left().Cells().size(), 1U) << "the figure of the journal";
+  session_->Replay();
+  Serve();
+  test::Count(browser, kOil, QStringLiteral("3"));
+  WaitForThree();
+  WaitForState(browser, kAllArrived);
+}
+
+TEST_F(PageNetwork, A_closed_tab_keeps_its_figures_for_the_next_one) {
+  Browser browser;
+  OpenPage(browser);
+  const QString first = browser.CurrentTab();
+  browser.SetOffline(true);
+  EnterThree(browser);
+  WaitForState(browser, Left(3));
+  browser.OpenTab();
+  const QString second = browser.CurrentTab();
+  browser.SwitchTo(first);
+  browser.CloseTab();
+  browser.SwitchTo(second);
+  browser.Open(Url(1));
+  WaitForThree();
+  WaitForState(browser, kAllArrived);
+}
+
+TEST_F(PageNetwork, A_browser_that_is_killed_keeps_its_figures) {
+  const QTemporaryDir profile;
+  BrowserSettings settings;
+  settings.profile = profile.path();
+  {
+    Browser browser(settings);
+    OpenPage(browser);
+    browser.SetOffline(true);
+    EnterThree(browser);
+    browser.Kill();
+  }
+  EXPECT_EQ(AtDesk(kTea), QString());
+  Browser browser(settings);
+  browser.Open(Url(1));
+  WaitForThree();
+  WaitForState(browser, kAllArrived);
+}
+
+TEST_F(PageNetwork, A_temporary_save_pauses_and_Edit_resumes) {
+  Browser browser;
+  OpenPage(browser);
+  Save();
+  WaitForState(browser, Text("میز درنگ کرده"));
+  test::Count(browser, kTea, QStringLiteral("1"));
+  WaitForText(browser, QStringLiteral("#state"), Text("میز درنگ کرده؛ 1 در گوشی مانده"));
+  EXPECT_EQ(AtDesk(kTea), QString());
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  WaitForDesk(kTea, QStringLiteral("1"));
+  WaitForState(browser, kAllArrived);
+}
+
+TEST_F(PageNetwork, A_figure_for_a_deleted_line_is_gone_and_its_counter_reads_so) {
+  Browser browser;
+  OpenPage(browser);
+  browser.SetOffline(true);
+  test::Count(browser, kTea, QStringLiteral("6"));
+  Lines().UserMoveTo(1, LineColumn::Barcode);
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Lines().UserDeleteRow());
+  browser.SetOffline(false);
+  browser.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '1'"));
+  WaitForState(browser, kAllArrived);
+  browser.Click(QStringLiteral("[data-tab=notices]"));
+  WaitForText(browser, QStringLiteral("#list"), Text("این کالا دیگر در شمارش نیست"));
+  browser.Click(QStringLiteral("#list .row"));
+  WaitForText(browser, QStringLiteral("#card"), Text("رقم شما: 6"));
+  ClickButton(browser, Text("باشد"));
+  browser.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
+}
+
+TEST_F(PageNetwork, A_closed_counting_lists_what_has_not_arrived_and_keeps_it) {
+  Browser browser;
+  OpenPage(browser);
+  browser.SetOffline(true);
+  EnterThree(browser);
+  WaitForState(browser, Left(3));
+  session_->Stop();
+  browser.SetOffline(false);
+  WaitForState(browser, Text("این شمارش بسته است"));
+  WaitForText(browser, QStringLiteral("#queue"), Text("این 3 رقم به میز نرسیده است"));
+  WaitForText(browser, QStringLiteral("#queue"), Text(kOil.name));
+  browser.Reload();
+  WaitForState(browser, Text("این شمارش بسته است"));
+  WaitForText(browser, QStringLiteral("#queue"), Text(kOil.name));
+}
+
+TEST_F(PageNetwork, Figures_of_a_code_that_was_renewed_are_sent_under_the_new_one_when_the_counter_says_so) {
+  Browser browser;
+  OpenPage(browser);
+  browser.SetOffline(true);
+  EnterThree(browser);
+  session_->RenewCode(1);
+  browser.SetOffline(false);
+  WaitForState(browser, Text("این شمارش بسته است"));
+  browser.Open(QStringLiteral("about:blank"));
+  browser.Open(Url(1));
+  browser.WaitFor(QStringLiteral("document.querySelectorAll('#list .row').length > 0"));
+  WaitForText(browser, QStringLiteral("#state"), QStringLiteral("3"));
+  EXPECT_EQ(AtDesk(kTea), QString()) << "not of itself: it may be another counting";
+  browser.Click(QStringLiteral("#state"));
+  ClickButton(browser, Text("فرستادن به این شمارش"));
+  WaitForThree();
+  WaitForState(browser, kAllArrived);
+}
+
+TEST_F(PageNetwork, Figures_that_the_desk_cannot_put_on_its_disk_stay_on_the_device) {
+  Browser browser;
+  OpenPage(browser);
+  journal_.isFull = true;
+  Scan(browser, kTea);
+  browser.Keys(QStringLiteral("7"));
+  ClickButton(browser, Text("افزودن"));
+  WaitUntil([&] { return !failures_.empty(); }, QStringLiteral("the desk has tried"));
+  browser.WaitFor(QStringLiteral("document.getElementById('state').textContent.startsWith('1 ')"));
+  journal_.isFull = false;
+  WaitForState(browser, kAllArrived);
+  EXPECT_EQ(AtDesk(kTea), QStringLiteral("7"));
+}
+
+TEST_F(PageNetwork, An_unknown_barcode_without_network_is_listed_at_the_desk_later) {
+  Browser browser;
+  OpenPage(browser);
+  browser.SetOffline(true);
+  browser.Keys(QStringLiteral("6269999999994\n"));
+  browser.WaitFor(QStringLiteral("!document.getElementById('unknown').hidden"));
+  browser.Reload();  // without network, from the cache or not at all
+  browser.SetOffline(false);
+  browser.Open(Url(1));
+  WaitUntil([&] { return session_->Unknown().size() == 1; }, QStringLiteral("the desk does not know of it"));
+}
+
+}  // namespace
+}  // namespace koru::test

@@ -1,0 +1,138 @@
+#include "tests/desktop/floor/page/PageWorld.h"
+
+#include <QJsonArray>
+#include <array>
+
+namespace koru::test {
+namespace {
+
+constexpr std::array kGoods{kTea, kCheese, kOil, kLamp, kHostile, kTurned, kLong};
+
+std::string Quoted(std::string text) {
+  for (std::size_t at = 0; (at = text.find('\'', at)) != std::string::npos; at += 2) text.insert(at, 1, '\'');
+  return "'" + text + "'";
+}
+
+QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
+
+/// What a script sees as a text.
+QString Literal(const QString& text) {
+  QString escaped = text;
+  escaped.replace(QLatin1Char('\\'), QLatin1String("\\\\")).replace(QLatin1Char('\''), QLatin1String("\\'"));
+  return QLatin1Char('\'') + escaped + QLatin1Char('\'');
+}
+
+}  // namespace
+
+PageWorld::PageWorld() {
+  std::string goods = "delete from tblInventoryCountingDetail where CountingID=20;";
+  int row = 0;
+  for (const PageGood& good : kGoods) {
+    goods += "insert into tblGood (Barcode,Code,Name) values (" + Quoted(good.barcode) + "," +
+             Quoted(good.code) + "," + Quoted(good.name) + ");";
+    goods +=
+        "insert into tblInventoryCountingDetail "
+        "(CountingID,Barcode,RowNumber,ScaleID,SystemCounting,BaseValue)"
+        " values (20," +
+        Quoted(good.barcode) + "," + std::to_string(++row) + ",1,4444,3);";
+  }
+  database.Execute(goods);
+  RestartDesk();
+}
+
+void PageWorld::AddGoods(int number) {
+  const auto barcode = [](int at) { return "'" + std::to_string(7000000000000 + at) + "'"; };
+  database.InsertRows("tblGood (Barcode,Code,Name)", 1, number, [&](int at) {
+    return barcode(at) + ",'" + std::to_string(100000 + at) + "','کالای شماره " + std::to_string(at) + "'";
+  });
+  database.InsertRows(
+      "tblInventoryCountingDetail (CountingID,Barcode,RowNumber,ScaleID,SystemCounting,BaseValue)", 1, number,
+      [&](int at) { return "20," + barcode(at) + "," + std::to_string(10 + at) + ",1,4444,3"; });
+  RestartDesk();
+}
+
+void PageWorld::Serve() {
+  FloorServerSettings settings;
+  settings.port = port_;
+  settings.securePort = 0;
+  settings.folder = folder_.path().toStdString();
+  settings.addresses = {"127.0.0.1"};
+  server_ = std::make_unique<FloorServer>(*session_, std::move(settings));
+  port_ = server_->Port();
+}
+
+void PageWorld::KillDesk() {
+  server_.reset();
+  Crash();
+}
+
+void PageWorld::RestartDesk() {
+  KillDesk();
+  StartAndOpen();
+  Serve();
+}
+
+QString PageWorld::Url(int count) { return QString::fromStdString(server_->Url(count, "127.0.0.1")); }
+
+void PageWorld::OpenPage(Browser& browser, int count, const QString& name) {
+  browser.Open(Url(count));
+  if (browser.Shows(QStringLiteral("#naming"))) {
+    browser.Click(QStringLiteral("#name"));
+    browser.Keys(name + QLatin1Char('\n'));
+  }
+  WaitForState(browser, kAllArrived);
+  browser.WaitFor(QStringLiteral("document.querySelectorAll('#list .row').length > 0"));
+}
+
+QString PageWorld::AtDesk(const PageGood& good, int count) {
+  return QString::fromStdString(FloorWorld::Count({good.barcode, 1}, count));
+}
+
+void PageWorld::WaitForDesk(const PageGood& good, const QString& figure, int count) {
+  WaitUntil([&] { return AtDesk(good, count) == figure; },
+            QStringLiteral("the desk has %1 instead of %2").arg(AtDesk(good, count), figure));
+}
+
+void Scan(Browser& browser, const PageGood& good) { browser.Keys(Text(good.barcode) + QLatin1Char('\n')); }
+
+void Count(Browser& browser, const PageGood& good, const QString& figure) {
+  Scan(browser, good);
+  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  browser.Keys(figure + QLatin1Char('\n'));
+  browser.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
+}
+
+void WaitForState(Browser& browser, const QString& text) {
+  browser.WaitFor(QStringLiteral("document.getElementById('state').textContent === ") + Literal(text), text);
+}
+
+void WaitForText(Browser& browser, const QString& selector, const QString& part) {
+  // Marks that isolate directions are no part of what is read.
+  browser.WaitFor(QStringLiteral("(document.querySelector(%1)?.textContent ?? '')"
+                                 ".replace(/[\\u2066-\\u2069]/g, '').includes(%2)")
+                      .arg(Literal(selector), Literal(part)),
+                  part);
+}
+
+void ClickButton(Browser& browser, const QString& text) {
+  browser.WaitFor(
+      QStringLiteral("[...document.querySelectorAll('button')].some(button => button.offsetParent && "
+                     "button.textContent.replace(/[\\u2066-\\u2069]/g, '') === %1)")
+          .arg(Literal(text)),
+      text);
+  browser.Run(
+      QStringLiteral("[...document.querySelectorAll('button')].find(button => button.offsetParent && "
+                     "button.textContent.replace(/[\\u2066-\\u2069]/g, '') === arguments[0]).click()"),
+      {text});
+}
+
+QString ShownFigure(Browser& browser, const PageGood& good) {
+  return browser
+      .Run(QStringLiteral("return [...document.querySelectorAll('#list .row')].find(row => !row.hidden && "
+                          "row.querySelector('.name').textContent === arguments[0])"
+                          "?.querySelector('.number').textContent ?? ''"),
+           {Text(good.name)})
+      .toString();
+}
+
+}  // namespace koru::test
