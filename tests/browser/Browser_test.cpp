@@ -2,60 +2,25 @@
 
 #include <gtest/gtest.h>
 
-#include <QFileInfo>
-#include <QHash>
 #include <QImage>
-#include <QTcpServer>
-#include <QTcpSocket>
+
+#include "tests/browser/PageServer.h"
 
 namespace koru::test {
 namespace {
 
-/// Pages on a free port of this machine.
-class Pages {
- public:
-  Pages() {
-    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] {
-      QTcpSocket* const client = server_.nextPendingConnection();
-      QObject::connect(client, &QTcpSocket::disconnected, client, &QObject::deleteLater);
-      QObject::connect(client, &QTcpSocket::readyRead, client, [this, client] { Answer(*client); });
-    });
-    if (!server_.listen(QHostAddress::LocalHost)) throw BrowserError(server_.errorString());
-  }
-
-  void Add(const QString& path, const QString& body) {
-    pages_[path] = QStringLiteral("<!doctype html><meta charset=utf-8><title>Page</title>").append(body);
-  }
-  [[nodiscard]] QString Url(const QString& path, const QString& host = QStringLiteral("127.0.0.1")) const {
-    return QStringLiteral("http://%1:%2%3").arg(host).arg(server_.serverPort()).arg(path);
-  }
-  [[nodiscard]] int Requests(const QString& path) const { return requests_.value(path); }
-
- private:
-  void Answer(QTcpSocket& client) {
-    const QString path = QString::fromUtf8(client.readAll()).section(QLatin1Char(' '), 1, 1);
-    ++requests_[path];
-    const QByteArray body = pages_.value(path).toUtf8();
-    client.write("HTTP/1.1 " + QByteArray(body.isEmpty() ? "404 Not Found" : "200 OK") +
-                 "\r\nContent-Type: text/html\r\nConnection: close\r\nContent-Length: " +
-                 QByteArray::number(body.size()) + "\r\n\r\n" + body);
-    client.disconnectFromHost();
-  }
-
-  QTcpServer server_;
-  QHash<QString, QString> pages_;
-  QHash<QString, int> requests_;
-};
+QString Page(const QString& body) {
+  return QStringLiteral("<!doctype html><meta charset=utf-8><title>Page</title>") + body;
+}
 
 class BrowserTest : public ::testing::Test {
  protected:
   BrowserTest() {
-    pages_.Add(QStringLiteral("/"),
-               QStringLiteral("<h1>شمارش</h1><button onclick='count.value = 7'>Seven</button>"
-                              "<p hidden>secret</p><input id=count>"));
+    pages_.Add(QStringLiteral("/"), Page(QStringLiteral("<h1>شمارش</h1><p hidden>secret</p><input id=count>"
+                                                        "<button onclick='count.value = 7'>Seven</button>")));
   }
 
-  Pages pages_;
+  PageServer pages_;
 };
 
 TEST_F(BrowserTest, A_page_of_a_server_in_this_process_is_loaded_read_and_clicked) {
@@ -158,7 +123,7 @@ TEST_F(BrowserTest, Pages_and_pictures_have_the_size_of_the_window) {
     for (const bool touch : {false, true}) {
       Browser browser({.window = size, .touch = touch});
       pages_.Add(QStringLiteral("/wide"),
-                 QStringLiteral("<meta name=viewport content='width=device-width'><p>text"));
+                 Page(QStringLiteral("<meta name=viewport content='width=device-width'>text")));
       browser.Open(pages_.Url(QStringLiteral("/wide")));
       EXPECT_EQ(browser.Run(QStringLiteral("return [innerWidth, innerHeight]")).toArray(),
                 (QJsonArray{size.width(), size.height()}));
@@ -179,7 +144,7 @@ TEST_F(BrowserTest, A_name_can_be_mapped_to_this_machine_and_is_no_secure_contex
 TEST_F(BrowserTest, A_page_that_no_server_has_is_not_opened) {
   QString gone;
   {
-    const Pages closed;
+    const PageServer closed;
     gone = closed.Url(QStringLiteral("/"));
   }
   Browser browser;

@@ -8,12 +8,17 @@ export class CameraView {
   #onCode;
   #control = null;
   #isWanted = false;
+  #last = ''; // the barcode whose card is in front, and which may still be before the camera afterwards
 
   constructor({ box, video, open, close }, onCode) {
     this.#box = box;
     this.#video = video;
     this.#onCode = onCode;
-    open.addEventListener('click', () => this.#start());
+    open.addEventListener('click', () => {
+      this.pause();
+      this.#last = '';
+      this.#start();
+    });
     close.addEventListener('click', () => this.#stop());
     canScan().then((can) => { open.hidden = !can; });
   }
@@ -36,7 +41,11 @@ export class CameraView {
     this.#box.hidden = false;
     this.#control = new AbortController();
     const { signal } = this.#control;
-    scan(this.#video, (code) => this.#onCode(code), signal).catch(() => {
+    const take = (code) => {
+      this.#last = code;
+      this.#onCode(code);
+    };
+    scan(this.#video, take, signal, this.#last).catch(() => {
       if (!signal.aborted) this.#stop();
     });
   }

@@ -45,12 +45,7 @@ function firstFrame(video, signal) {
   });
 }
 
-function rest(signal) {
-  return new Promise((resolve) => {
-    const timer = setTimeout(resolve, REST);
-    signal.addEventListener('abort', () => (clearTimeout(timer), resolve()), { once: true });
-  });
-}
+const rest = () => new Promise((resolve) => setTimeout(resolve, REST));
 
 async function show(video, stream, signal) {
   const shown = firstFrame(video, signal);
@@ -59,24 +54,24 @@ async function show(video, stream, signal) {
   await shown;
 }
 
-async function readFrames(video, read, onCode, signal) {
-  const readings = new Readings();
+async function readFrames(video, read, { readings, onCode, signal }) {
   while (!signal.aborted) {
     const codes = await read(video);
     if (signal.aborted) return;
     const text = meant(codes, video.videoWidth, video.videoHeight);
     if (readings.take(text, performance.now())) onCode(text);
-    await rest(signal);
+    await rest();
   }
 }
 
 /**
  * Shows the rear camera in `video` and calls `onCode` with each barcode that it reads, until `signal` aborts; then resolves, with
- * camera and screen lock released. A barcode counts when two readings are equal, and again when it was out of sight for 2.5 seconds.
+ * camera and screen lock released. A barcode counts when two readings are equal, and again when it was out of sight for 2.5 seconds;
+ * `inSight` is one that has counted and is still before the camera.
  * Rejects when the camera is refused or missing (NotAllowedError, NotFoundError, NotReadableError), when it is unplugged
  * (NotReadableError), and when the reader cannot be loaded.
  */
-export async function scan(video, onCode, signal) {
+export async function scan(video, onCode, signal, inSight = '') {
   if (signal.aborted) return;
   const own = new AbortController();
   const ended = own.signal;
@@ -92,14 +87,12 @@ export async function scan(video, onCode, signal) {
     });
     keepScreenOn(ended);
     const [read] = await Promise.all([makeReader(), show(video, stream, ended)]);
-    await readFrames(video, read, onCode, ended);
+    const readings = new Readings(inSight, performance.now());
+    await readFrames(video, read, { readings, onCode, signal: ended });
     if (lost !== null) throw lost;
   } finally {
     own.abort();
     if (stream !== null) stop(stream);
-    video.srcObject = null;
+    if (video.srcObject === stream) video.srcObject = null; // unless the next scan shows its own
   }
 }
-
-/** Reads barcodes until the signal ends it. */
-export async function scan() {}

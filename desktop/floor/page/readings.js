@@ -6,7 +6,12 @@ const APART = 2000;
 /** Decides which readings of a camera count: a barcode counts once it was read twice in succession, and once while it is in sight. */
 export class Readings {
   #candidate = { text: '', at: -Infinity };
-  #counted = { text: '', seen: -Infinity };
+  #counted;
+
+  /** `inSight` is a barcode that has counted already, '' when there is none. */
+  constructor(inSight = '', now = -Infinity) {
+    this.#counted = { text: inSight, seen: now };
+  }
 
   /** Takes the barcode of a frame, '' for none; `now` is a time in milliseconds. Returns whether it counts now. */
   take(text, now) {
