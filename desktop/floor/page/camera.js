@@ -58,7 +58,7 @@ async function readFrames(video, read, { readings, onCode, signal }) {
   while (!signal.aborted) {
     const codes = await read(video);
     if (signal.aborted) return;
-    const text = meant(codes, video.videoWidth, video.videoHeight);
+    const text = meant(codes);
     if (readings.take(text, performance.now())) onCode(text);
     await rest();
   }

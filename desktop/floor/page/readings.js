@@ -29,7 +29,6 @@ export class Readings {
 }
 
 /** Of several barcodes in a frame, the one nearest to the middle is meant. Returns its text, '' when there is none. */
-export function meant(codes, width, height) {
-  const distance = ({ x, y }) => Math.hypot(x - width / 2, y - height / 2);
-  return codes.reduce((best, code) => (best === null || distance(code) < distance(best) ? code : best), null)?.text ?? '';
+export function meant(codes) {
+  return codes.reduce((best, code) => (code.off < best.off ? code : best), { text: '', off: Infinity }).text;
 }
