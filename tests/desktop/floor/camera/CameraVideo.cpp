@@ -1,9 +1,12 @@
 #include "tests/desktop/floor/camera/CameraVideo.h"
 
+#include <QFile>
+#include <QImage>
 #include <QPainter>
 #include <algorithm>
 #include <random>
 #include <stdexcept>
+#include <utility>
 
 namespace koru::test {
 namespace {
@@ -66,8 +69,7 @@ void Write(QFile& file, const QByteArray& bytes) {
   if (file.write(bytes) != bytes.size()) throw std::runtime_error(file.errorString().toStdString());
 }
 
-}  // namespace
-
+/// What the camera sees: the labels on a table, blurred and noisy as a lens and a sensor make it.
 QImage CameraFrame(const std::vector<Label>& labels) {
   QImage scene(kSize, QImage::Format_RGB32);
   const double light = labels.empty() ? 1 : labels.front().light;
@@ -83,22 +85,20 @@ QImage CameraFrame(const std::vector<Label>& labels) {
   return frame;
 }
 
-CameraVideo::CameraVideo(const QString& file) : file_(file) {
-  if (!file_.open(QIODevice::WriteOnly)) throw std::runtime_error(file_.errorString().toStdString());
-  Write(file_, QStringLiteral("YUV4MPEG2 W%1 H%2 F10:1 Ip A1:1 C420jpeg\n")
-                   .arg(kSize.width())
-                   .arg(kSize.height())
-                   .toUtf8());
-  file_.flush();
-}
+}  // namespace
 
-void CameraVideo::Add(const QImage& frame, int tenths) {
-  QByteArray bytes("FRAME\n");
-  for (int y = 0; y < kSize.height(); ++y)
-    bytes.append(reinterpret_cast<const char*>(frame.constScanLine(y)), kSize.width());
-  bytes.append(QByteArray(kSize.width() * kSize.height() / 2, char(128)));  // both planes of colour: none
-  for (int i = 0; i < tenths; ++i) Write(file_, bytes);
-  file_.flush();
+CameraVideo::CameraVideo(QString file, const std::vector<Label>& labels) : file_(std::move(file)) {
+  QFile out(file_);
+  if (!out.open(QIODevice::WriteOnly)) throw std::runtime_error(out.errorString().toStdString());
+  Write(out, QStringLiteral("YUV4MPEG2 W%1 H%2 F10:1 Ip A1:1 C420jpeg\nFRAME\n")
+                 .arg(kSize.width())
+                 .arg(kSize.height())
+                 .toUtf8());
+  const QImage frame = CameraFrame(labels);
+  for (int y = 0; y < kSize.height(); ++y) {
+    Write(out, QByteArray::fromRawData(reinterpret_cast<const char*>(frame.constScanLine(y)), kSize.width()));
+  }
+  Write(out, QByteArray(kSize.width() * kSize.height() / 2, char(128)));  // both planes of colour: none
 }
 
 }  // namespace koru::test

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QFile>
-#include <QImage>
+#include <QPointF>
 #include <QString>
 #include <vector>
 
@@ -16,19 +15,15 @@ struct Label {
   QPointF middle = {640, 360};  ///< in a frame of 1280x720 pixels
 };
 
-/// What the camera sees: the labels on a table, blurred and noisy as a lens and a sensor make it.
-QImage CameraFrame(const std::vector<Label>& labels);
-
-/// A video file for Chromium's made camera: 1280x720, ten frames a second, shown again and again.
+/// A video file for Chromium's made camera, in which nothing moves: 1280x720 pixels, ten frames a second.
 class CameraVideo {
  public:
-  explicit CameraVideo(const QString& file);
-  /// Appends a frame so many tenths of a second.
-  void Add(const QImage& frame, int tenths);
-  [[nodiscard]] QString File() const { return file_.fileName(); }
+  /// Writes the file. Throws std::runtime_error when it cannot.
+  CameraVideo(QString file, const std::vector<Label>& labels);
+  [[nodiscard]] const QString& File() const { return file_; }
 
  private:
-  QFile file_;
+  QString file_;
 };
 
 }  // namespace koru::test
