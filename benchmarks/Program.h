@@ -26,6 +26,7 @@ class Program : private ControlHost {
 
   [[nodiscard]] frmInvCounting& Form() const { return *control_.CountingForm(); }
   [[nodiscard]] GridView& Lines() const;
+  [[nodiscard]] comInvCounting& Control() { return control_; }
 
   /// Opens the counting again, since a program by hand may have written it, and presses Edit unless it is
   /// final.
