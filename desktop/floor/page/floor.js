@@ -132,8 +132,8 @@ export class Floor extends EventTarget {
     if ('open' in news && (news.code ?? this.#code) === this.#code) this.#reached(news.open ?? this.open);
     if (news.hello) this.#greeted(news.hello);
     if (news.lines) this.#linesCame(news.lines);
-    if (news.cells) this.#cellsCame(news.cells);
-    if (news.answered) this.#answersCame(news.answered);
+    if (news.cells) this.#cellsCame(news.cells, news.rev);
+    if (news.answered) this.#answersCame(news.answered, news.rev);
     this.#changed('state');
   }
 
@@ -167,8 +167,8 @@ export class Floor extends EventTarget {
     this.#changed('lines');
   }
 
-  #cellsCame(cells) {
-    for (const [barcode, ordinal, figure] of cells) this.lines.setFigure(barcode, ordinal, figure);
+  #cellsCame(cells, revision) {
+    for (const [barcode, ordinal, figure] of cells) this.lines.setFigure(barcode, ordinal, figure, revision);
     if (cells.length === 0) return;
     this.lines.countAnew();
     this.#changed('figures');
@@ -181,10 +181,10 @@ export class Floor extends EventTarget {
   }
 
   /** The figures leave the queue and reach the lines at once, so that nothing is counted twice or not at all. */
-  #answersCame(answered) {
+  #answersCame(answered, revision) {
     for (const { item, answer } of answered) {
       if (item.code !== this.#code || answer.text === undefined || answer.state === 'gone') continue;
-      this.lines.setFigure(item.barcode, item.ordinal, answer.text);
+      this.lines.setFigure(item.barcode, item.ordinal, answer.text, revision);
     }
     this.#listener.rewind();
     const settled = new Set(answered.map(({ item }) => item.seq));

@@ -19,6 +19,7 @@ export class Lines {
   #byBarcode = new Map();
   #byCode = new Map();
   #texts = null;
+  #revisions = [];
   #pending = new Map();
   #counted = 0;
 
@@ -34,6 +35,7 @@ export class Lines {
   /** Rows are [barcode, ordinal, code, name, unit, figure]. */
   setRows(rows) {
     this.#rows = rows;
+    this.#revisions = new Float64Array(rows.length);
     this.#texts = null;
     this.#byKey = new Map();
     this.#byBarcode = new Map();
@@ -57,12 +59,12 @@ export class Lines {
     this.#count();
   }
 
-  /** The desk has another figure. Returns false for a line that is unknown here. */
-  setFigure(barcode, ordinal, figure) {
+  /** The desk had a figure at a revision, which may be before one that is known here: answers overtake each other. */
+  setFigure(barcode, ordinal, figure, revision) {
     const line = this.lineOf(barcode, ordinal);
-    if (line === undefined) return false;
+    if (line === undefined || revision < this.#revisions[line]) return;
     this.#rows[line][figureAt] = figure;
-    return true;
+    this.#revisions[line] = revision;
   }
 
   countAnew() {

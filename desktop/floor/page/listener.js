@@ -89,7 +89,7 @@ export class Listener {
     const changes = await call(path, this.#code, { signal, seconds: 40 });
     const isNews = changes.lines || changes.cells.length > 0;
     this.#revision = changes.lines ? null : changes.rev;
-    this.#report({ cells: changes.cells, open: changes.open });
+    this.#report({ cells: changes.cells, rev: changes.rev, open: changes.open });
     return isNews;
   }
 }

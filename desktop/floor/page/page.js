@@ -73,7 +73,7 @@ class Page {
     by('naming').addEventListener('submit', (event) => {
       event.preventDefault();
       const name = by('name').value.trim();
-      if (name === '') return;
+      if (!/\p{L}/u.test(name)) return;  // a scanned barcode is no name
       this.#floor.name = name;
       by('naming').hidden = true;
       this.#field.focus();
@@ -288,8 +288,9 @@ class Page {
     by('count').textContent = countName(this.#floor.count);
     by('place').textContent = this.#floor.place;
     document.title = `${countName(this.#floor.count)} ${isolated(this.#floor.place)}`;
-    if (this.#floor.closed && !this.#wasClosed) this.#closed();
+    const isNewlyClosed = this.#floor.closed && !this.#wasClosed;
     this.#wasClosed = this.#floor.closed;
+    if (isNewlyClosed) this.#closed();
     this.#queueView.draw();
     if (this.#floor.lines.size === 0) this.#drawEmpty();
   }

@@ -99,7 +99,7 @@ export class Sender {
   async #send(code, batch) {
     this.#report({ inFlight: batch.length });
     const body = `{"device":${JSON.stringify(this.#device)},"items":[${batch.map(({ wire }) => wire).join(',')}]}`;
-    const { items, open } = await call('a/figures', code, { body });
+    const { items, open, rev } = await call('a/figures', code, { body });
     const bySeq = new Map(items.map((answer) => [answer.seq, answer]));
     const answered = [];
     for (const { item } of batch) {
@@ -107,7 +107,7 @@ export class Sender {
       if (answer && answer.state !== 'paused') answered.push({ item, answer });
     }
     await this.#store.settle(answered.map(({ item, answer }) => ({ seq: item.seq, notice: noticeOf(item, answer) })));
-    this.#report({ answered, code, open });
+    this.#report({ answered, code, open, rev });
     return answered.length > 0;
   }
 

@@ -76,6 +76,8 @@ QString PageWorld::Url(int count) { return QString::fromStdString(server_->Url(c
 
 void PageWorld::OpenPage(Browser& browser, int count, const QString& name) {
   browser.Open(Url(count));
+  browser.WaitFor(
+      QStringLiteral("!document.getElementById('naming').hidden || document.querySelector('#list .row')"));
   if (browser.Shows(QStringLiteral("#naming"))) {
     browser.Click(QStringLiteral("#name"));
     browser.Keys(name + QLatin1Char('\n'));

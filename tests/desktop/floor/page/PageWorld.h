@@ -25,7 +25,8 @@ inline constexpr PageGood kLamp{"LED-60-W", "104", "لامپ"};
 inline constexpr PageGood kHostile{"6260100000048", "105", "<img src=x onerror=\"document.title='run'\">"};
 inline constexpr PageGood kTurned{"6260100000055", "106", "\u202Eشکر سفید\u202D 12"};
 inline constexpr PageGood kLong{"6260100000062", "107",
-                                "بیسکویت کرم‌دار با طعم پرتقال در بستهٔ بسیار بزرگ خانوادگی که نامش در دو "
+                                "بیسکویت کرم‌دار با طعم پرتقال در بستهٔ بسیار بزرگ خانوادگی که نامش در "
+                                "دو "
                                 "سطر هم جا نمی‌شود و "
                                 "ABCDEFGHIJKLMNOPQRSTUVWXYZ-0123456789-ABCDEFGHIJKLMNOPQRSTUVWXYZ"};
 
