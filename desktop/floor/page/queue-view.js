@@ -31,7 +31,7 @@ export class QueueView {
     box.append(top, rows);
     this.#list = new VirtualList(rows, {
       make: makeRow,
-      fill: (row, at) => fillQueued(row, floor.queue[at], floor.closed || floor.queue[at].code !== floor.code),
+      fill: (row, at) => fillQueued(row, floor.queue[at], floor.queue[at].code !== floor.code),
       choose: () => {},
     });
   }

@@ -46,12 +46,11 @@ export function fillLine(row, line, notice, isCurrent) {
   });
 }
 
-export function fillQueued(row, item, isClosed) {
+export function fillQueued(row, item, isOfOtherCode) {
   const time = new Date(item.time).toLocaleTimeString('fa-IR-u-nu-latn', { hour: '2-digit', minute: '2-digit' });
-  const count = countName(item.count);
   fill(row, {
     name: item.name,
-    below: `${isolatedAll(item.barcode)}  ·  ${count}، ${time}${isClosed ? '، شمارش بسته' : ''}`,
+    below: `${isolatedAll(item.barcode)}  ·  ${time}${isOfOtherCode ? `، ${countName(item.count)}` : ''}`,
     number: `${item.op === 'add' ? '+' : ''}${item.text === '' ? '—' : item.text}`,
     unit: item.text === '' ? 'پاک شود' : item.op === 'add' ? 'افزودن' : 'ثبت',
   });
