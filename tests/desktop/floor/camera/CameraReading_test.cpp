@@ -56,7 +56,7 @@ class CameraReading : public ::testing::Test {
 };
 
 TEST_F(CameraReading, An_EAN_13_is_read_near_and_from_afar) {
-  for (const double module : {6., 4., 2.5}) {
+  for (const double module : {6., 4., 3.}) {
     EXPECT_EQ(Read({.bars = Ean13Bars(kEan), .module = module}), Ean13Text(kEan)) << module;
   }
 }
