@@ -88,6 +88,8 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// is not offered then, and figures entered before cannot be taken back.
   void SetBlind(bool blind);
 
+  /// What the forms of the control share; it lives as long as the form.
+  [[nodiscard]] const SharedState& Shared() const { return shared_; }
   /// What finds and filters the lines.
   [[nodiscard]] LineFinder& Finder() { return finder_; }
 

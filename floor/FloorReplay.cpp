@@ -14,11 +14,12 @@ LeftFigures::LeftFigures(const std::vector<JournalFigure>& journal, const Grid& 
     const LineKey& line = figure.figure.line;
     const auto [place, isNew] =
         places.try_emplace(std::tuple(figure.count, line.barcode, line.ordinal), cells.size());
-    if (isNew) cells.push_back({figure.count, line, {}, {}, {}});
+    if (isNew) cells.push_back({figure.count, line, {}, {}, {}, {}});
     Cell& cell = cells[place->second];
     cell.known.push_back(figure.before);
     cell.known.push_back(figure.answer.text);
     cell.text = figure.answer.text;
+    cell.time = figure.time;
     if (!figure.IsOfDesk()) cell.device = figure.device;
   }
   for (Cell& cell : cells) {

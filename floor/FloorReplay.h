@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -21,6 +22,7 @@ class LeftFigures {
     std::string text;                ///< the last one of it, of the floor or the desk
     std::string device;              ///< the id of the last device that entered a figure
     std::vector<std::string> known;  ///< what the cell has held in between, and before
+    std::chrono::sys_seconds time;   ///< of the last figure
   };
 
   LeftFigures() = default;

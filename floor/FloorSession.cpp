@@ -195,10 +195,10 @@ void FloorSession::Follow(bool settled) {
     if (!around_.linesAreStored()) {
       Finish(End::Cancelled);
     } else if (controls_.IsFinal()) {
-      hasUnsaved_ = false;
+      hasUnsaved_ = HasUndecided();
       Finish(End::Registered);
     } else if (end_ == End::Stopped) {
-      hasUnsaved_ = false;
+      hasUnsaved_ = HasUndecided();
       Finish(End::Stopped);
     } else {
       ForgetSaved();
@@ -222,8 +222,10 @@ void FloorSession::Finish(End end) {
   Changed.Raise();
 }
 
-/// The database holds all figures: the journal is begun anew without them.
+/// The database holds all figures: the journal is begun anew without them. Left figures that the desk has not
+/// decided about are set aside.
 void FloorSession::ForgetSaved() {
+  if (HasUndecided()) keeper_.SetAside();
   hasUnsaved_ = false;
   lines_.KeepStored();
   keeper_.BeginAnew();
@@ -273,6 +275,7 @@ FloorAnswer FloorSession::Decide(FloorMembers::Member& member, const FloorFigure
   record.time = member.device.lastContact;
   hasUnsaved_ = hasUnsaved_ || record.IsEntered();
   keeper_.Add(JournalLine(record));
+  Decided.Raise(record, member.ShownName());
   return answer;
 }
 

@@ -128,6 +128,8 @@ class FloorSession {
   /// Something may have changed for devices: ask ChangesSince. Listeners must not enter figures.
   Event<> Changed;
   Event<const FloorArrival&> Arrived;
+  /// A figure of the device with that name has been decided; raised once for each, whatever became of it.
+  Event<const JournalFigure&, const std::string&> Decided;
   /// The journal cannot be written; raised once until it can be again.
   Event<std::string> JournalFailed;
 
@@ -143,6 +145,8 @@ class FloorSession {
   void Follow(bool settled);
   void Finish(End end);
   void ForgetSaved();
+  /// Whether the journal has left figures that the desk has not decided about.
+  [[nodiscard]] bool HasUndecided() const { return !left_.Cells().empty() && leftJournal_.empty(); }
   [[nodiscard]] JournalStart StartNow();
   FloorMembers::Member& MemberInContact(int count, const std::string& device);
   FloorAnswer Decide(FloorMembers::Member& member, const FloorFigure& figure);

@@ -9,7 +9,9 @@ HostSession::HostSession(const std::filesystem::path& settings)
     : settingsFile_(settings),
       settings_(settings),
       suite_(ProgramConnector()),
-      drafts_(settings.parent_path() / "drafts") {}
+      drafts_(settings.parent_path() / "drafts") {
+  suite_.OfferFloor(settings.parent_path() / "floor");
+}
 
 HostServices HostSession::Services() {
   HostServices services = suite_.Services();

@@ -16,7 +16,8 @@
 
 namespace koru {
 
-/// What the host screen works with: the suite, the settings, and beside their file the folder of drafts.
+/// What the host screen works with: the suite, the settings, and beside their file the folders of drafts and
+/// of counting on the floor.
 class HostSession {
  public:
   struct User {

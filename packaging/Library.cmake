@@ -39,6 +39,10 @@ koru_part(Desktop koru_part_Component koru_desktop_suite)
 
 koru_boxes_of(boxes koru_component koru_adapters_system ${sqlite} ${odbc} koru_desktop_suite)
 install(TARGETS ${boxes} EXPORT KoruCounting ARCHIVE COMPONENT development)
+if(KORU_FLOOR)  # the toolkit makes the page's resources a library of objects
+  install(TARGETS koru_desktop_floor_page_resources_1 EXPORT KoruCounting
+          OBJECTS DESTINATION ${CMAKE_INSTALL_LIBDIR}/koru-counting COMPONENT development)
+endif()
 foreach(box IN LISTS boxes)
   get_target_property(folder ${box} KORU_FOLDER)
   file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.h)
@@ -54,4 +58,5 @@ install(EXPORT KoruCounting NAMESPACE KoruCounting:: FILE KoruCountingTargets.cm
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KoruCountingConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/KoruCountingConfigVersion.cmake ${CMAKE_SOURCE_DIR}/cmake/FindXlsxwriter.cmake
               ${CMAKE_SOURCE_DIR}/cmake/FindLibzip.cmake ${CMAKE_SOURCE_DIR}/cmake/FindMicrohttpd.cmake
+              ${CMAKE_SOURCE_DIR}/cmake/FindQrencode.cmake
         DESTINATION ${package} COMPONENT development)

@@ -169,4 +169,11 @@ std::unique_ptr<FloorJournal> FloorJournalFiles::Open(const FloorJournalOwner& o
   return std::make_unique<JournalFile>(stem, std::move(lock));
 }
 
+bool FloorJournalFiles::Has(const FloorJournalOwner& owner) const {
+  fs::path file = folder_ / NameOf(owner);
+  file += kJournal;
+  std::error_code ignored;
+  return fs::exists(file, ignored);
+}
+
 }  // namespace koru

@@ -18,6 +18,7 @@ class FloorJournalFiles : public FloorJournalStore {
   explicit FloorJournalFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   [[nodiscard]] std::unique_ptr<FloorJournal> Open(const FloorJournalOwner& owner) override;
+  [[nodiscard]] bool Has(const FloorJournalOwner& owner) const override;
 
  private:
   std::filesystem::path folder_;

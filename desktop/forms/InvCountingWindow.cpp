@@ -63,6 +63,8 @@ InvCountingWindow::InvCountingWindow(frmInvCounting& form, SelectorRecords& reco
   AddUnsavedNotice(*layout);
   AddScanOffer(*layout);
   layout->addWidget(blind_->NewNotice(this));
+  bars_ = new QVBoxLayout;
+  layout->addLayout(bars_);
   AddLineFinder(*layout);
   AddLines(*layout);
   AddTotals(*layout);
@@ -159,7 +161,8 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
   Binding().Bind(form_.mnuImport, *fromFile, BlockedBy::Figures);
   AddMovedStock(*menu);
   blind_->AddTo(*menu);
-  menu->addSeparator();
+  menu_ = menu;
+  lastOperation_ = menu->addSeparator();
   QAction* const down = menu->addAction(QStringLiteral("Enter به سطر بعد برود"));
   down->setObjectName(QStringLiteral("enterGoesDown"));
   down->setCheckable(true);
@@ -176,6 +179,10 @@ void InvCountingWindow::AddMenu(QBoxLayout& bar) {
   connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, menu,
           [button, menu] { menu->popup(button->mapToGlobal(button->rect().bottomLeft())); });
 }
+
+void InvCountingWindow::AddOperation(QAction& command) { menu_->insertAction(lastOperation_, &command); }
+
+void InvCountingWindow::AddBar(QWidget& bar) { bars_->addWidget(&bar); }
 
 void InvCountingWindow::AddMovedStock(QMenu& menu) {
   auto* const action = new QAction(this);

@@ -4,6 +4,7 @@
 
 #include "desktop/forms/FormWindow.h"
 
+class QAction;
 class QBoxLayout;
 class QMenu;
 class QPushButton;
@@ -27,6 +28,14 @@ class InvCountingWindow : public FormWindow {
 
   /// Whether figures of the lines are kept from who counts: whatever shows some asks it.
   [[nodiscard]] const BlindEntry& Blind() const { return *blind_; }
+
+  // What extends the window from another box.
+
+  [[nodiscard]] GridView& Lines() const { return *lines_; }
+  /// Adds a command to the menu of operations.
+  void AddOperation(QAction& command);
+  /// Adds a bar above the lines, which shows and hides itself.
+  void AddBar(QWidget& bar);
 
  protected:
   [[nodiscard]] QString Title() const override;
@@ -54,7 +63,10 @@ class InvCountingWindow : public FormWindow {
   GridView* lines_ = nullptr;
   QWidget* lastInOrder_ = nullptr;  ///< the last field that Tab visits, while the window is made
   BlindEntry* blind_ = nullptr;
-  int added_ = 0;                 ///< the number of goods that the running command has added
+  int added_ = 0;  ///< the number of goods that the running command has added
+  QMenu* menu_ = nullptr;
+  QAction* lastOperation_ = nullptr;  ///< the separator after the commands that can be added to
+  QBoxLayout* bars_ = nullptr;
   StatusLine* status_ = nullptr;  ///< what a command did, otherwise the keys of the lines
   Subscription goodsAdded_;
   Subscription reported_;

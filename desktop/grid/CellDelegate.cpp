@@ -19,6 +19,7 @@ constexpr int kSignSize = 7;
 constexpr int kSignMargin = 5;
 constexpr QColor kMarkColor(0xB3, 0x26, 0x1E);
 constexpr QColor kMarkedGround(0xFF, 0xE3, 0xB8);
+constexpr QColor kTintedGround(0xC4, 0xEB, 0xC8);
 
 void PaintSign(QPainter& painter, const QRect& cell, const ColumnStyle& style) {
   const bool up = style.sign == ColumnStyle::Sign::Up;
@@ -95,6 +96,7 @@ void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
 /// The current row is tinted, and editable cells are nearer to the ground of texts.
 QColor CellDelegate::GroundOf(const QModelIndex& index, const QColor& rowColor) const {
   if (view_.Rows().IsMarked(index)) return OnDesktop(kMarkedGround);
+  if (view_.Tint().Has(index)) return OnDesktop(kTintedGround);
   if (index.row() == view_.currentIndex().row()) return OnDesktop({0xD8, 0xE6, 0xF7});
   if (!index.flags().testFlag(Qt::ItemIsEditable)) return rowColor;
   const QColor base = QApplication::palette().color(QPalette::Base);

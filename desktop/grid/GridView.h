@@ -8,6 +8,7 @@
 
 #include "desktop/grid/CellClipboard.h"
 #include "desktop/grid/CellEditing.h"
+#include "desktop/grid/CellTint.h"
 #include "desktop/grid/ColumnFitting.h"
 #include "desktop/grid/GridCells.h"
 #include "desktop/grid/GridMenus.h"
@@ -77,6 +78,7 @@ class GridView : public QTableView {
   [[nodiscard]] CellEditing& Editing() { return editing_; }
   [[nodiscard]] TypingPace& Pace() { return pace_; }
   [[nodiscard]] const CellClipboard& Clipboard() const { return clipboard_; }
+  [[nodiscard]] CellTint& Tint() { return tint_; }
   [[nodiscard]] ColumnFitting& Fitting() { return fitting_; }
   [[nodiscard]] GridMenus& Menus() { return menus_; }
   [[nodiscard]] const GridHeader& Titles() const { return *titles_; }
@@ -158,6 +160,7 @@ class GridView : public QTableView {
   CellEditing editing_{*this};
   ColumnFitting fitting_{*this};
   CellClipboard clipboard_{*this};
+  CellTint tint_{*this};
   GridMenus menus_{*this};
   GridHeader* titles_ = nullptr;
   ColumnArrangement reported_;  ///< the arrangement that columnsArranged has reported

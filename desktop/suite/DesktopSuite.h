@@ -32,8 +32,12 @@ class DesktopSuite {
       const std::filesystem::path& dataFolder = DataFolder());
   DesktopSuite(const DesktopSuite&) = delete;
   DesktopSuite& operator=(const DesktopSuite&) = delete;
-  ~DesktopSuite() = default;
+  ~DesktopSuite();
 
+  /// Counting on the floor is offered in counting windows that are made from now on, and keeps its journals,
+  /// its key and its certificate in that folder, which is made when it is needed. Does nothing in a build
+  /// without counting on the floor (KORU_FLOOR).
+  void OfferFloor(const std::filesystem::path& folder);
   /// For comInvCountingWidget or comInvCounting, which the suite must outlive.
   [[nodiscard]] HostServices Services();
   [[nodiscard]] DatabaseConnector& Databases() { return *databases_; }
@@ -45,7 +49,10 @@ class DesktopSuite {
   }
 
  private:
+  class Floor;  ///< what extends counting windows
+
   std::unique_ptr<DatabaseConnector> databases_;
+  std::unique_ptr<Floor> floor_;
   ComponentRegistry components_;
   Messages messages_{components_};
   SystemClock clock_;

@@ -34,8 +34,15 @@ DesktopScreen::Factory WithRecords(SelectorRecords& records) {
 
 }  // namespace
 
-void RegisterWindows(DesktopScreen& screen, SelectorRecords& records) {
-  screen.Register("frmInvCounting", WithRecords<InvCountingWindow, frmInvCounting>(records));
+void RegisterWindows(DesktopScreen& screen, SelectorRecords& records,
+                     std::function<void(InvCountingWindow&, frmInvCounting&)> extend) {
+  screen.Register("frmInvCounting",
+                  [&records, extend = std::move(extend)](Form& form) -> std::unique_ptr<FormWindow> {
+                    auto& counting = dynamic_cast<frmInvCounting&>(form);
+                    auto window = std::make_unique<InvCountingWindow>(counting, records);
+                    if (extend) extend(*window, counting);
+                    return window;
+                  });
   screen.Register("frmInvSearch", WithRecords<InvSearchWindow, frmInvSearch>(records));
   screen.Register("frmGoodSearch", WithRecords<GoodSearchWindow, frmGoodSearch>(records));
   screen.Register("frmCountImport", [](Form& form) -> std::unique_ptr<FormWindow> {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 
 #include "desktop/fields/SelectorRecords.h"
 #include "desktop/forms/DesktopScreen.h"
@@ -9,8 +10,13 @@
 
 namespace koru {
 
-/// Registers the window of each form. `records` must outlive the screen's windows.
-void RegisterWindows(DesktopScreen& screen, SelectorRecords& records);
+class frmInvCounting;
+class InvCountingWindow;
+
+/// Registers the window of each form. `records` must outlive the screen's windows. What `extend` adds to each
+/// counting window is destroyed with it.
+void RegisterWindows(DesktopScreen& screen, SelectorRecords& records,
+                     std::function<void(InvCountingWindow&, frmInvCounting&)> extend = {});
 
 /// Registers the suite's sibling components with their windows. `components` and `databases` must
 /// outlive them. `dataFolder` is the program's own folder, which has the report files.

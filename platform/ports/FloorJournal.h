@@ -52,6 +52,8 @@ class FloorJournalStore {
   /// The journal of that counting, also one that a program has left; nothing is written yet. Throws
   /// InputError when another program has it.
   [[nodiscard]] virtual std::unique_ptr<FloorJournal> Open(const FloorJournalOwner& owner) = 0;
+  /// Whether there is a journal of that counting, also one that a program has open.
+  [[nodiscard]] virtual bool Has(const FloorJournalOwner& owner) const = 0;
 };
 
 }  // namespace koru

@@ -234,6 +234,36 @@ TEST_F(FloorPauses, Left_figures_that_the_desk_does_without_are_set_aside_and_ma
   EXPECT_EQ(Count(kTea, 1), "12");
 }
 
+TEST_F(FloorPauses, Left_figures_that_the_desk_has_not_decided_about_are_set_aside_by_a_save) {
+  Set(1, kTea, "12");
+  Crash();
+  StartAndOpen();
+  SaveAndEdit();
+  ASSERT_TRUE(journal_.aside);
+  EXPECT_EQ(ReadJournal(*journal_.aside).figures.size(), 1U);
+  EXPECT_EQ(session_->Left().Cells().size(), 1U) << "still to be decided";
+  Crash();
+  StartAndOpen();
+  EXPECT_TRUE(session_->Left().Cells().empty());
+  ASSERT_TRUE(session_->TakeBackSetAside());
+  EXPECT_EQ(session_->Replay().entered, 1U);
+  EXPECT_EQ(Count(kTea, 1), "12");
+}
+
+TEST_F(FloorPauses, Each_figure_is_reported_once_with_what_became_of_it) {
+  std::vector<std::pair<std::string, FigureState>> decided;
+  session_->Decided.Always([&](const JournalFigure& figure, const std::string& device) {
+    decided.emplace_back(device + " " + figure.figure.text, figure.answer.state);
+  });
+  session_->Hello(1, "d1", "تبلت");
+  const FloorFigure figure{70, kTea, FloorFigure::Operation::Set, "12", ""};
+  Send(1, figure);
+  Send(1, figure);
+  Set(2, kTea, "abc");
+  EXPECT_EQ(decided, (std::vector<std::pair<std::string, FigureState>>{{"تبلت 12", FigureState::Stored},
+                                                                       {"d2 abc", FigureState::Refused}}));
+}
+
 TEST_F(FloorPauses, A_journal_that_is_cut_off_is_read_as_far_as_it_is_whole_and_continued_after_that) {
   Set(1, kTea, "12");
   Set(1, kSugar, "13");

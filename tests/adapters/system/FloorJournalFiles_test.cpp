@@ -51,6 +51,17 @@ TEST_F(FloorJournals, Hold_what_was_appended_for_the_next_program) {
   EXPECT_EQ(otherProgram_.Open({"another", 20})->Read(), "");
 }
 
+TEST_F(FloorJournals, Are_found_without_opening_them_as_long_as_they_have_a_text) {
+  EXPECT_FALSE(store_.Has(kOwner));
+  auto journal = store_.Open(kOwner);
+  EXPECT_FALSE(otherProgram_.Has(kOwner));
+  journal->Begin("1\n");
+  EXPECT_TRUE(otherProgram_.Has(kOwner));
+  EXPECT_FALSE(store_.Has({"a database", 21}));
+  journal->SetAside();
+  EXPECT_FALSE(store_.Has(kOwner));
+}
+
 TEST_F(FloorJournals, Belong_to_one_program_at_a_time) {
   auto journal = store_.Open(kOwner);
   EXPECT_THROW(static_cast<void>(otherProgram_.Open(kOwner)), InputError);

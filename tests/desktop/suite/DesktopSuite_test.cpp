@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QTableView>
@@ -58,6 +59,20 @@ TEST_F(DesktopSuiteTest, Messages_are_shown_in_its_dialog) {
   });
   EXPECT_FALSE(counting.View(18));
   EXPECT_NE(shown, "");
+}
+
+/// Whether the counting window has the command of counting on the floor.
+bool OffersFloor(const QWidget& window) { return window.findChild<QAction*>("floorCommand") != nullptr; }
+
+TEST_F(DesktopSuiteTest, Counting_on_the_floor_is_offered_where_the_host_wants_it_and_the_build_has_it) {
+  EXPECT_TRUE(counting.View(17));
+  EXPECT_FALSE(OffersFloor(*Window("frmInvCounting")));
+  Window("frmInvCounting")->close();
+  suite.OfferFloor(file.Folder().Path() / "floor");
+  EXPECT_TRUE(counting.View(17));
+  EXPECT_EQ(OffersFloor(*Window("frmInvCounting")), KORU_HAS_FLOOR);
+  EXPECT_FALSE(std::filesystem::exists(file.Folder().Path() / "floor"));
+  Window("frmInvCounting")->close();
 }
 
 /// Counts the connections that are made.

@@ -1,0 +1,379 @@
+#include "desktop/floor/FloorDesk.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <utility>
+
+#include "counting/frmInvCounting.h"
+#include "desktop/floor/FloorBar.h"
+#include "desktop/floor/FloorDialog.h"
+#include "desktop/floor/FloorTexts.h"
+#include "desktop/floor/LeftFiguresDialog.h"
+#include "desktop/forms/BlindEntry.h"
+#include "desktop/forms/InvCountingWindow.h"
+#include "desktop/grid/CellHint.h"
+#include "desktop/grid/GridView.h"
+#include "desktop/toolkit/QtText.h"
+#include "floor/FloorLines.h"
+#include "platform/sql/ConnectionText.h"
+#include "platform/text/Errors.h"
+
+namespace koru {
+namespace {
+
+constexpr const char* kTitle = "شمارش با گوشي";
+constexpr int kRefreshMs = 1000;
+constexpr int kSoonMs = 200;  ///< figures that come one after the other are shown together
+
+}  // namespace
+
+// The widgets are owned by their Qt parents.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
+FloorDesk::FloorDesk(InvCountingWindow& window, frmInvCounting& form, FloorJournalStore& journals,
+                     FloorServerSettings server)
+    : QObject(&window),
+      window_(window),
+      form_(form),
+      journals_(journals),
+      settings_(std::move(server)),
+      names_(form.flexDetail),
+      log_(names_, [this](int count) { return Hides(count); }) {
+  follow_.setSingleShot(true);
+  connect(&follow_, &QTimer::timeout, this, &FloorDesk::Follow);
+  refresh_.setInterval(kRefreshMs);
+  connect(&refresh_, &QTimer::timeout, this, &FloorDesk::Refresh);
+  connect(&window.Blind(), &BlindEntry::changed, &log_, &FloorLog::HiddenChanged);
+  AddCommand();
+  bar_ = new FloorBar(*this, &window);
+  window.AddBar(*bar_);
+  FollowForm();
+}
+
+FloorDesk::~FloorDesk() {
+  delete dialog_;
+  delete bar_;
+}
+
+void FloorDesk::AddCommand() {
+  command_ = new QAction(QString::fromUtf8(kTitle), this);
+  command_->setObjectName(QStringLiteral("floorCommand"));
+  window_.AddOperation(*command_);
+  connect(command_, &QAction::triggered, this, [this] { form_.RunEvent([this] { Open(); }); });
+}
+// NOLINTEND(cppcoreguidelines-owning-memory)
+
+FloorDialog* FloorDesk::Dialog() const { return dialog_; }
+
+/// The document and its mode show themselves in these controls.
+void FloorDesk::FollowForm() {
+  for (Control* const shown :
+       {static_cast<Control*>(&form_.lblIDVal), static_cast<Control*>(&form_.cmdCancel),
+        static_cast<Control*>(&form_.cmdEdit), static_cast<Control*>(&form_.cmdTmpSave)}) {
+    ofForm_.push_back(shown->StateChanged.Subscribe([this] { FollowLater(); }));
+  }
+  ofForm_.push_back(form_.Unloaded.Subscribe([this] {
+    isUnloaded_ = true;
+    follow_.stop();
+    command_->setEnabled(false);
+    ofForm_.clear();
+  }));
+  ShowCommand();
+}
+
+/// A counting that cannot be changed, and one without lines, has no floor.
+void FloorDesk::ShowCommand() {
+  const bool isStored = form_.CountingID() > 0;
+  command_->setEnabled(form_.IsBeingEntered() ? isStored || form_.cmdTmpSave.Enabled()
+                                              : form_.cmdEdit.Enabled());
+}
+
+bool FloorDesk::Asks(const char* question) const {
+  return form_.Shared().messages.AskQuestion(kTitle, question) == kAnswerYes;
+}
+
+bool FloorDesk::Hides(int count) const { return window_.Blind().Hides(FloorLines::ColumnOf(count)); }
+
+void FloorDesk::Say(const QString& sentence) {
+  form_.CommandReported.Raise(FromQt(sentence));
+  emit said(sentence);
+}
+
+FloorJournalOwner FloorDesk::Owner() const {
+  return {ConnectionText::Parse(form_.Shared().data.ConnectionString()).WithoutPassword(),
+          static_cast<std::int32_t>(form_.CountingID())};
+}
+
+void FloorDesk::Open() {
+  if (!MakeReady()) return;
+  if (!IsServed()) {
+    Begin();
+    if (!session_->Left().Cells().empty()) OfferLeft();
+    if (session_ == nullptr) return;
+    Serve();
+  }
+  // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): of the window
+  if (dialog_.isNull()) dialog_ = new FloorDialog(*this, &window_);
+  dialog_->Appear();
+  emit changed();
+}
+
+/// The lines that devices count must be in the database, and must be being changed. While the floor is open,
+/// it may be paused.
+bool FloorDesk::MakeReady() {
+  if (IsServed() || FloorSession::MayBegin(form_, form_.Shared())) return true;
+  FormBinding& binding = window_.Binding();
+  if (form_.IsBeingEntered()) {
+    if (!Asks("شمارش با گوشي براي شمارشي است كه ذخيره شده باشد. آيا اين شمارش اكنون ثبت موقت شود و اصلاح "
+              "آن ادامه يابد؟")) {
+      return false;
+    }
+    if (!binding.Press(form_.cmdTmpSave, BlockedBy::FiguresAndDates) || form_.IsBeingEntered()) return false;
+  } else if (!Asks("شمارش با گوشي هنگام اصلاح شمارش كار مي\u200cكند. آيا اصلاح اين شمارش آغاز شود؟")) {
+    return false;
+  }
+  isOffered_ = true;  // Open offers what is left
+  return binding.Press(form_.cmdEdit, BlockedBy::Figures) && FloorSession::MayBegin(form_, form_.Shared());
+}
+
+/// Begins a session, unless one follows the counting already. One that the desk has stopped is replaced.
+void FloorDesk::Begin() {
+  if (session_ != nullptr && session_->Ended() == FloorSession::End::None) return;
+  isOffered_ = true;
+  ofSession_.clear();
+  session_.reset();
+  journal_.reset();
+  journal_ = journals_.Open(Owner());
+  try {
+    session_ = std::make_unique<FloorSession>(
+        form_, form_.Shared(),
+        FloorSurroundings{.journal = *journal_, .linesAreStored = [this] { return form_.LinesAreStored(); }});
+  } catch (...) {
+    journal_.reset();
+    throw;
+  }
+  ConnectSession();
+}
+
+void FloorDesk::ConnectSession() {
+  ofSession_.push_back(session_->Changed.Subscribe([this] { FollowLater(); }));
+  ofSession_.push_back(
+      session_->Arrived.Subscribe([this](const FloorArrival& arrival) { Arrived(arrival); }));
+  ofSession_.push_back(
+      session_->Decided.Subscribe([this](const JournalFigure& figure, const std::string& device) {
+        log_.Add(figure, device);
+        sinceSave_ += figure.IsEntered() ? 1 : 0;
+        FollowLater();
+      }));
+  ofSession_.push_back(
+      session_->JournalFailed.Subscribe([this](const std::string& sentence) { JournalFailed(sentence); }));
+  // After the session's own listener, which settles the journal.
+  ofSession_.push_back(form_.Unloaded.Subscribe([this] { Close(); }));
+}
+
+void FloorDesk::Serve() {
+  settings_.store = FromQt(NameIn(form_.gmpInventory));
+  server_ = std::make_unique<FloorServer>(*session_, settings_);
+  refresh_.start();
+}
+
+void FloorDesk::OpenSecure() {
+  if (server_ != nullptr && !server_->IsSecure()) server_->OpenSecure();
+}
+
+void FloorDesk::FollowLater() {
+  if (!isUnloaded_ && !follow_.isActive()) follow_.start(session_ == nullptr ? 0 : kSoonMs);
+}
+
+void FloorDesk::Refresh() {
+  follow_.stop();
+  if (!isUnloaded_) Follow();
+}
+
+void FloorDesk::Follow() {
+  ShowCommand();
+  if (session_ == nullptr) return OfferAtEdit();
+  if (session_->IsCommandAtWork()) return FollowLater();
+  const bool isOpen = session_->IsOpen();  // looks at the form
+  const bool isEdited = FloorSession::MayBegin(form_, form_.Shared());
+  const FloorSession::End end = session_->Ended();
+  if (end != FloorSession::End::None && end != FloorSession::End::Stopped) return End(end);
+  if (end == FloorSession::End::Stopped && !isEdited) return form_.LinesAreStored() ? Close() : End(end);
+  if (!isOpen && !isEdited) sinceSave_ = 0;
+  log_.ShowNew();
+  emit changed();
+}
+
+/// A journal that a program has left, without its figures in the counting that is now being changed.
+void FloorDesk::OfferAtEdit() {
+  if (!FloorSession::MayBegin(form_, form_.Shared())) {
+    isOffered_ = false;
+    return;
+  }
+  if (std::exchange(isOffered_, true) || !journals_.Has(Owner())) return;
+  try {
+    Begin();
+  } catch (const InputError&) {
+    return;  // another program has it, and offers them
+  }
+  if (!session_->Left().Cells().empty()) OfferLeft();
+}
+
+void FloorDesk::OfferLeft() {
+  if (session_ == nullptr || session_->Left().Cells().empty()) return;
+  LeftFiguresDialog dialog(session_->Left().Cells(), names_, *this);
+  dialog.exec();
+  if (session_ == nullptr) return;  // the form was closed meanwhile
+  if (dialog.Chosen() == LeftFiguresDialog::Choice::Take) {
+    SayReplayed(session_->Replay());
+  } else if (dialog.Chosen() == LeftFiguresDialog::Choice::Forgo) {
+    session_->ForgoLeft();
+    Say(QStringLiteral("رقم\u200cهاي مانده وارد نشد و 30 روز كنار مي\u200cماند."));
+  }
+  emit changed();
+}
+
+void FloorDesk::SayReplayed(const ReplayedFigures& replayed) {
+  sinceSave_ += static_cast<int>(replayed.entered);
+  QString sentence = QStringLiteral("%1 رقم از گوشي\u200cها بازگردانده شد.").arg(replayed.entered);
+  const auto add = [&sentence](const std::vector<LeftFigures::Cell>& cells, const QString& why) {
+    if (!cells.empty()) sentence += QChar(u' ') + why.arg(cells.size());
+  };
+  add(replayed.gone, QStringLiteral("%1 رقم سطري ندارد."));
+  add(replayed.replaced, QStringLiteral("%1 خانه نوشتة تازه\u200cتر ميز را نگه داشت."));
+  add(replayed.refused, QStringLiteral("%1 رقم را فرم نپذيرفت."));
+  Say(sentence);
+}
+
+void FloorDesk::TakeBackSetAside() {
+  if (session_ == nullptr) return;
+  if (!session_->Left().Cells().empty() || session_->TakeBackSetAside()) return OfferLeft();
+  Say(QStringLiteral("از اين شمارش رقمي كنار گذاشته نشده است كه در سطرها نباشد."));
+}
+
+void FloorDesk::Stop() {
+  if (session_ == nullptr) return;
+  if (!Asks("آيا شمارش با گوشي بسته شود؟ رقم\u200cهايي كه رسيده است در سطرها مي\u200cماند و تا ثبت شمارش "
+            "روي ديسك اين رايانه هم هست. گوشي\u200cها ديگر چيزي نمي\u200cفرستند؛ رقم\u200cهاي نفرستاده در "
+            "خود آن\u200cها مي\u200cماند.")) {
+    return;
+  }
+  if (session_ == nullptr) return;
+  server_.reset();
+  session_->Stop();
+  refresh_.stop();
+  if (!dialog_.isNull()) dialog_->Leave();
+  emit closed();
+  emit changed();
+}
+
+void FloorDesk::RenewCode(int count) {
+  if (session_ == nullptr ||
+      !Asks("آيا كد تازه ساخته شود؟ دستگاه\u200cهايي كه كد پيشين را دارند بيرون مي\u200cمانند تا كد تازه را "
+            "بخوانند.") ||
+      session_ == nullptr) {
+    return;
+  }
+  session_->RenewCode(count);
+  emit changed();
+}
+
+/// The barcode that the desk itself was offered is offered again afterwards.
+void FloorDesk::AddUnknown(const std::string& barcode) {
+  const std::string offered = form_.cmdAddScanned.Visible() ? form_.ScannedBarcode() : std::string();
+  const Subscription reported =
+      form_.CommandReported.Subscribe([this](const std::string& sentence) { emit said(ToQt(sentence)); });
+  form_.OfferScanned(barcode);
+  if (!form_.cmdAddScanned.UserClick()) {
+    Say(QStringLiteral("كالا هنگام اصلاح شمارش افزوده مي\u200cشود."));
+  }
+  if (offered.empty()) {
+    form_.cmdAddScanned.SetVisible(false);
+  } else if (offered != barcode) {
+    form_.OfferScanned(offered);
+  }
+  emit changed();
+}
+
+/// The session has ended with the entry.
+void FloorDesk::End(FloorSession::End end) {
+  const bool isKept = end != FloorSession::End::Registered && std::exchange(sinceSave_, 0) > 0;
+  Close();
+  if (!isKept) return;
+  Say(
+      QStringLiteral("رقم\u200cهاي گوشي\u200cها كه ثبت نشده بود 30 روز كنار مي\u200cماند: پس از «اصلاح» همين "
+                     "شمارش، در «شمارش با گوشي» بازگردانده مي\u200cشود."));
+}
+
+void FloorDesk::Close() {
+  refresh_.stop();
+  if (!dialog_.isNull()) dialog_->Leave();
+  server_.reset();
+  ofSession_.clear();
+  session_.reset();
+  journal_.reset();
+  journalFailure_.clear();
+  emit closed();
+  emit changed();
+}
+
+/// The desk's own text in an open editor stays, whatever comes.
+void FloorDesk::Arrived(const FloorArrival& arrival) {
+  GridView& lines = window_.Lines();
+  lines.Tint().Show(arrival.row, arrival.col);
+  const Grid& grid = form_.flexDetail;
+  if (!lines.IsTypedInto() || grid.Row() != arrival.row || grid.Col() != arrival.col) return;
+  ShowCellHint(lines, lines.currentIndex(),
+               QStringLiteral("%1 در اين خانه %2 فرستاد. نوشتة شما مي\u200cماند؛ Esc رقم فرستاده را "
+                              "نگه مي\u200cدارد.")
+                   .arg(Isolated(ToQt(arrival.device)), Isolated(ToQt(arrival.text))));
+}
+
+/// The server is in the middle of a request.
+void FloorDesk::JournalFailed(const std::string& sentence) {
+  journalFailure_ = ToQt(sentence);
+  QTimer::singleShot(0, this, [this, sentence] {
+    if (isUnloaded_) return;
+    form_.Shared().messages.ShowMessage(
+        sentences::kError, sentence +
+                               "\nتا اين كار نشود رقم\u200cهاي تازه در گوشي\u200cها مي\u200cماند و "
+                               "دوباره فرستاده مي\u200cشود.");
+  });
+  FollowLater();
+}
+
+QString FloorDesk::CounterOf(int count) const {
+  const std::array<const Control*, kFloorCounts> counters = {&form_.mptCounter1, &form_.mptCounter2,
+                                                             &form_.mptCounter3};
+  return NameIn(*counters.at(static_cast<std::size_t>(count - 1)));
+}
+
+/// The name that a selector shows.
+QString FloorDesk::NameIn(const Control& selector) const {
+  const QWidget* const field = window_.Binding().WidgetOf(selector);
+  const auto* const name = field == nullptr ? nullptr : field->findChild<const QLineEdit*>();
+  return name == nullptr ? QString() : name->text();
+}
+
+QString FloorDesk::Summary() const {
+  if (session_ == nullptr) return QStringLiteral("شمارش با گوشي بسته است.");
+  if (!session_->Left().Cells().empty()) {
+    return QStringLiteral("%1 رقم گوشي\u200cها در اين شمارش نيست.").arg(session_->Left().Cells().size());
+  }
+  std::int64_t received = 0;
+  std::int64_t refused = 0;
+  const std::vector<FloorDevice> devices = session_->Devices();
+  for (const FloorDevice& device : devices) {
+    received += device.received;
+    refused += device.refused;
+  }
+  const QString state = session_->IsOpen()
+                            ? QStringLiteral("شمارش با گوشي باز است")
+                            : QStringLiteral("شمارش با گوشي درنگ كرده است و با «اصلاح» ادامه مي\u200cيابد");
+  return QStringLiteral("%1: %2 دستگاه، %3 رقم رسيده، %4 رقم وارد نشده.")
+      .arg(state)
+      .arg(devices.size())
+      .arg(received)
+      .arg(refused);
+}
+
+}  // namespace koru

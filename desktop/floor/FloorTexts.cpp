@@ -1,0 +1,46 @@
+#include "desktop/floor/FloorTexts.h"
+
+#include <QDateTime>
+#include <array>
+
+#include "desktop/toolkit/QtText.h"
+#include "platform/text/Date.h"
+
+namespace koru {
+
+QString TitleOfCount(int count) {
+  constexpr std::array<const char*, kFloorCounts> kTitles = {"شمارش اول", "شمارش دوم", "شمارش سوم"};
+  return QString::fromUtf8(kTitles.at(static_cast<std::size_t>(count - 1)));
+}
+
+QString TitleOfState(FigureState state) {
+  switch (state) {
+    case FigureState::Stored:
+      return QStringLiteral("وارد شد");
+    case FigureState::Warned:
+      return QStringLiteral("وارد شد، با هشدار");
+    case FigureState::Refused:
+      return QStringLiteral("رد شد");
+    case FigureState::Conflict:
+      return QStringLiteral("وارد نشد: خانه رقم ديگري دارد");
+    case FigureState::Gone:
+      return QStringLiteral("وارد نشد: سطر ديگر نيست");
+    case FigureState::Paused:
+      break;
+  }
+  return QStringLiteral("منتظر");
+}
+
+QString TimeText(std::chrono::sys_seconds time) {
+  const QDateTime at = QDateTime::fromSecsSinceEpoch(time.time_since_epoch().count());
+  const QString clock = at.toString(QStringLiteral("HH:mm:ss"));
+  if (at.date() == QDate::currentDate()) return clock;
+  const QDate date = at.date();
+  const Date day{std::chrono::year(date.year()), std::chrono::month(static_cast<unsigned>(date.month())),
+                 std::chrono::day(static_cast<unsigned>(date.day()))};
+  return QStringLiteral("%1 %2").arg(ToQt(SolarText(day)), clock);
+}
+
+QString Isolated(const QString& text) { return QStringLiteral("\u2068%1\u2069").arg(text); }
+
+}  // namespace koru

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <chrono>
+
+#include "floor/FloorFigures.h"
+
+namespace koru {
+
+/// The name of a count, 1 to kFloorCounts.
+[[nodiscard]] QString TitleOfCount(int count);
+/// What became of a figure, in a few words.
+[[nodiscard]] QString TitleOfState(FigureState state);
+/// A time of the machine's time zone as 14:05:09; the date before it when it is not today's.
+[[nodiscard]] QString TimeText(std::chrono::sys_seconds time);
+/// A text from outside, whose direction does not reach what is around it.
+[[nodiscard]] QString Isolated(const QString& text);
+
+}  // namespace koru

@@ -1,0 +1,368 @@
+// When the floor is open, paused and closed, as who is at the desk sees it.
+
+#include <QLineEdit>
+#include <QToolTip>
+#include <QUrl>
+
+#include "desktop/grid/RowNumbers.h"
+#include "floor/JournalText.h"
+#include "tests/desktop/floor/FloorDeskTest.h"
+#include "tests/desktop/floor/server/HttpClient.h"
+
+namespace koru {
+namespace {
+
+using test::Press;
+using test::Type;
+
+constexpr const char* kRice = "6261";
+constexpr const char* kOil = "6262";
+
+TEST_F(FloorDeskTest, Nothing_listens_and_nothing_is_shown_before_the_desk_opens_it) {
+  Edit();
+  EXPECT_EQ(Bar(), "hidden");
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_EQ(desk->Session(), nullptr);
+  EXPECT_FALSE(std::filesystem::exists(folder.Path() / "floor"));
+}
+
+TEST_F(FloorDeskTest, In_an_edit_the_command_opens_the_floor_and_shows_its_dialog) {
+  OpenInEdit();
+  EXPECT_EQ(NewMessages(), std::vector<std::string>());
+  ASSERT_NE(desk->Dialog(), nullptr);
+  EXPECT_TRUE(desk->Dialog()->isVisible());
+  EXPECT_FALSE(desk->Dialog()->isModal());
+  EXPECT_EQ(Bar(), "شمارش با گوشي باز است: 0 دستگاه، 0 رقم رسيده، 0 رقم وارد نشده.");
+  Set(2, kRice, "9");
+  Set(3, kRice, "abc");
+  EXPECT_EQ(Bar(), "شمارش با گوشي باز است: 2 دستگاه، 2 رقم رسيده، 1 رقم وارد نشده.");
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
+}
+
+TEST_F(FloorDeskTest, A_viewed_counting_is_edited_first_if_the_user_wants_it) {
+  Tick();
+  world.messages.WillAnswer(Answer::No);
+  Find<QAction>("floorCommand").trigger();
+  EXPECT_EQ(NewMessages().size(), 1U);
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_FALSE(Counting().IsBeingEntered());
+  world.messages.WillAnswer(Answer::Yes);
+  Find<QAction>("floorCommand").trigger();
+  EXPECT_EQ(NewMessages().size(), 1U);
+  EXPECT_TRUE(Counting().IsBeingEntered());
+  EXPECT_TRUE(desk->IsServed());
+}
+
+TEST_F(FloorDeskTest, A_new_counting_is_saved_and_edited_first_if_the_user_wants_it) {
+  Tick();
+  ASSERT_TRUE(Counting().cmdNew.UserClick());
+  Tick();
+  desk->Refresh();
+  EXPECT_FALSE(Find<QAction>("floorCommand").isEnabled()) << "without lines there is nothing to count";
+  ASSERT_TRUE(Counting().cmdGoods.UserClick());
+  Tick();
+  desk->Refresh();
+  NewMessages();
+  ASSERT_TRUE(Find<QAction>("floorCommand").isEnabled());
+  world.messages.WillAnswer(Answer::No);
+  Find<QAction>("floorCommand").trigger();
+  EXPECT_EQ(NewMessages().size(), 1U);
+  EXPECT_EQ(Counting().CountingID(), 0);
+  world.messages.WillAnswer(Answer::Yes);
+  Find<QAction>("floorCommand").trigger();
+  EXPECT_EQ(NewMessages().size(), 1U) << "one question for both commands";
+  EXPECT_GT(Counting().CountingID(), 1);
+  EXPECT_TRUE(Counting().IsBeingEntered());
+  EXPECT_TRUE(desk->IsServed());
+}
+
+TEST_F(FloorDeskTest, An_empty_form_has_no_floor) {
+  control.ClearShow();
+  Tick();
+  desk->Refresh();
+  EXPECT_FALSE(Find<QAction>("floorCommand").isEnabled());
+}
+
+TEST_F(FloorDeskTest, A_temporary_save_pauses_and_Edit_resumes_with_the_same_codes) {
+  OpenInEdit();
+  const std::string url = desk->Server()->Url(1, "127.0.0.1");
+  Set(2, kRice, "9");
+  Save();
+  EXPECT_EQ(
+      Bar(),
+      "شمارش با گوشي درنگ كرده است و با «اصلاح» ادامه مي\u200cيابد: 1 دستگاه، 1 رقم رسيده، 0 رقم وارد نشده.");
+  EXPECT_EQ(Set(2, kRice, "11", "9").state, FigureState::Paused);
+  Edit();
+  EXPECT_EQ(Set(2, kRice, "11", "9").state, FigureState::Stored);
+  EXPECT_EQ(desk->Server()->Url(1, "127.0.0.1"), url);
+  EXPECT_EQ(Bar(), "شمارش با گوشي باز است: 1 دستگاه، 2 رقم رسيده، 0 رقم وارد نشده.");
+}
+
+TEST_F(FloorDeskTest, Registration_closes_it) {
+  OpenInEdit();
+  Set(2, kRice, "10");
+  world.database.Execute("insert into tblPelinUserPermission (UserID,FormPermissionID) values (1,80606)");
+  Tick();
+  ASSERT_TRUE(Counting().cmdIsFinalized.UserClick());
+  ASSERT_TRUE(Counting().IsFinal()) << NewMessages().back();
+  EXPECT_EQ(Bar(), "hidden");
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_FALSE(journals.Has(Owner()));
+}
+
+TEST_F(FloorDeskTest, Cancel_closes_it_and_says_that_the_figures_are_kept_aside) {
+  OpenInEdit();
+  Set(2, kRice, "9");
+  std::string said;
+  const Subscription reported =
+      Counting().CommandReported.Subscribe([&](const std::string& text) { said = text; });
+  world.messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Counting().cmdCancel.UserClick());
+  EXPECT_EQ(NewMessages(), std::vector<std::string>{"آيا مطمئن هستيد؟"}) << "the form's own question";
+  EXPECT_EQ(Bar(), "hidden");
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_NE(said.find("30 روز كنار مي\u200cماند"), std::string::npos) << said;
+}
+
+TEST_F(FloorDeskTest, A_cancelled_entry_without_figures_of_the_floor_says_nothing_about_them) {
+  OpenInEdit();
+  Counting().flexDetail.UserEdit(1, LineColumn::ThirdCounting, "4");
+  std::string said;
+  const Subscription reported =
+      Counting().CommandReported.Subscribe([&](const std::string& text) { said = text; });
+  world.messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Counting().cmdCancel.UserClick());
+  desk->Refresh();
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_EQ(said, "");
+}
+
+TEST_F(FloorDeskTest, What_was_set_aside_can_be_taken_back) {
+  OpenInEdit();
+  Set(2, kRice, "9");
+  world.messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Counting().cmdCancel.UserClick());
+  desk->Refresh();
+  StartAnew();
+  OpenInEdit();
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "");
+  EXPECT_TRUE(WithDialog(
+      "koru::LeftFiguresDialog", [this] { Click(*desk->Dialog(), "floorTakeBack"); },
+      [](QDialog& dialog) { Click(dialog, "takeLeft"); }));
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
+}
+
+TEST_F(FloorDeskTest, Closing_the_dialog_leaves_the_floor_open) {
+  OpenInEdit();
+  const QPointer<FloorDialog> dialog = desk->Dialog();
+  QTest::keyClick(dialog, Qt::Key_Escape);
+  EXPECT_FALSE(dialog->isVisible());
+  EXPECT_TRUE(desk->IsServed());
+  EXPECT_EQ(Set(2, kRice, "9").state, FigureState::Stored);
+  Bar();
+  Click(*window, "floorShow");
+  ASSERT_FALSE(dialog.isNull());
+  EXPECT_TRUE(dialog->isVisible());
+}
+
+TEST_F(FloorDeskTest, The_desk_closes_it_after_a_question_and_may_open_it_again_with_the_same_codes) {
+  OpenInEdit();
+  Set(2, kRice, "9");
+  const std::string code = desk->Session()->Code(1);
+  Bar();
+  world.messages.WillAnswer(Answer::No);
+  Click(*window, "floorStop");
+  EXPECT_TRUE(desk->IsServed());
+  world.messages.WillAnswer(Answer::Yes);
+  Click(*window, "floorStop");
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_EQ(Bar(), "hidden");
+  NewMessages();
+  Find<QAction>("floorCommand").trigger();
+  ASSERT_TRUE(desk->IsServed());
+  EXPECT_EQ(NewMessages(), std::vector<std::string>());
+  EXPECT_EQ(desk->Session()->Code(1), code);
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
+}
+
+TEST_F(FloorDeskTest, A_closed_floor_keeps_its_journal_until_the_save) {
+  const FloorJournalOwner owner = Owner();
+  OpenInEdit();
+  Set(2, kRice, "9");
+  world.messages.WillAnswer(Answer::Yes);
+  desk->Stop();
+  EXPECT_TRUE(journals.Has(owner));
+  Save();
+  EXPECT_EQ(desk->Session(), nullptr);
+  EXPECT_FALSE(journals.Has(owner));
+}
+
+TEST_F(FloorDeskTest, Closing_the_window_ends_the_server_before_the_form) {
+  OpenInEdit();
+  Set(2, kRice, "9");
+  const QPointer<FloorDialog> dialog = desk->Dialog();
+  Counting().Unload();
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_EQ(desk->Session(), nullptr);
+  EXPECT_TRUE(journals.Has(Owner())) << "no save holds the figure";
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(dialog.isNull());
+}
+
+TEST_F(FloorDeskTest, Another_counting_closes_it) {
+  world.database.Execute("insert into tblInventoryCounting (ID,InventoryID,CreatorID) values (2,1,1)");
+  OpenInEdit();
+  Set(2, kRice, "9");
+  Save();
+  ASSERT_TRUE(control.View(2));
+  EXPECT_EQ(Bar(), "hidden");
+  EXPECT_FALSE(desk->IsServed());
+}
+
+TEST_F(FloorDeskTest, A_second_program_on_the_same_counting_is_refused_with_one_sentence) {
+  const auto held = journals.Open(Owner());
+  Edit();
+  Find<QAction>("floorCommand").trigger();
+  const auto messages = NewMessages();
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_NE(messages[0].find("در اختيار برنامة ديگري است"), std::string::npos) << messages[0];
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_EQ(Bar(), "hidden");
+}
+
+TEST_F(FloorDeskTest, An_arriving_figure_tints_its_cell_for_a_moment_and_marks_counts_that_differ_at_once) {
+  OpenInEdit();
+  auto& lines = Find<GridView>("flexDetail");
+  const auto sign = [&] { return lines.model()->headerData(0, Qt::Vertical, Qt::DisplayRole).toString(); };
+  EXPECT_EQ(sign(), QStringLiteral("1"));
+  Set(2, kRice, "9");
+  EXPECT_EQ(sign(), QStringLiteral("≠ 1"));
+  EXPECT_TRUE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::SecondCounting)));
+  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::FirstCounting)));
+  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(2, LineColumn::SecondCounting)));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return lines.Tint().Cells() == 0; }));
+  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::SecondCounting)));
+  Set(2, kRice, "10", "9");
+  EXPECT_EQ(sign(), QStringLiteral("1"));
+}
+
+TEST_F(FloorDeskTest, A_cell_that_the_desk_is_typing_into_keeps_its_text_and_a_hint_says_what_was_sent) {
+  OpenInEdit();
+  desk->Session()->Hello(2, "d2", "تبلت انبار");
+  test::Open(*window);
+  auto& lines = Find<GridView>("flexDetail");
+  lines.setFocus();
+  Counting().flexDetail.UserMoveTo(1, LineColumn::SecondCounting);
+  Type("77");
+  Set(2, kRice, "9");
+  auto* const editor = lines.findChild<QLineEdit*>(QStringLiteral("cellEditor"));
+  ASSERT_NE(editor, nullptr);
+  EXPECT_EQ(editor->text(), QStringLiteral("77"));
+  EXPECT_NE(QToolTip::text().indexOf(QStringLiteral("تبلت انبار")), -1) << FromQt(QToolTip::text());
+  EXPECT_NE(QToolTip::text().indexOf(QStringLiteral("9")), -1);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "77");
+  QToolTip::hideText();
+}
+
+TEST_F(FloorDeskTest, A_figure_for_another_cell_gives_no_hint) {
+  OpenInEdit();
+  test::Open(*window);
+  Find<GridView>("flexDetail").setFocus();
+  Counting().flexDetail.UserMoveTo(1, LineColumn::SecondCounting);
+  Type("77");
+  Set(2, kOil, "9");
+  EXPECT_EQ(QToolTip::text(), QString());
+  Press(Qt::Key_Escape);
+}
+
+TEST_F(FloorDeskTest, In_blind_entry_figures_of_other_counts_are_neither_tinted_nor_in_the_log) {
+  OpenInEdit();
+  Find<QAction>("blindEntry1").trigger();
+  auto& lines = Find<GridView>("flexDetail");
+  Set(2, kRice, "954");
+  Set(1, kRice, "12", "10");
+  desk->Refresh();
+  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::SecondCounting)));
+  EXPECT_TRUE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::FirstCounting)));
+  EXPECT_EQ(desk->Log().Csv().indexOf("954"), -1);
+  EXPECT_NE(desk->Log().Csv().indexOf("12"), -1);
+  Find<QAction>("blindEntry1").trigger();
+  EXPECT_NE(desk->Log().Csv().indexOf("954"), -1);
+}
+
+TEST_F(FloorDeskTest, A_device_takes_part_over_the_network_from_the_code_on_the_screen_to_the_cell) {
+  OpenInEdit();
+  const QUrl url(ToQt(desk->Server()->Url(2, "127.0.0.1")));
+  const std::string code = "Authorization: Bearer " + FromQt(url.fragment()) + "\r\n";
+  const auto ask = [&](const char* target, const std::string& body) {
+    test::HttpClient client(static_cast<std::uint16_t>(url.port()));
+    client.Send(test::RequestText("POST", target, code, body));
+    return client.Receive();
+  };
+  const auto hello = ask("/a/hello", R"({"device":"d2","name":"تبلت انبار"})");
+  EXPECT_EQ(hello.status, 200);
+  EXPECT_EQ(FromQt(hello.Json()["store"].toString()), "انبار مركزي");
+  const std::string figure =
+      R"({"device":"d2","items":[{"seq":1,"barcode":"6261","ordinal":1,"op":"set","text":"۹٫۵","base":""}]})";
+  EXPECT_EQ(ask("/a/figures", figure).status, 200);
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9.5");
+  EXPECT_EQ(Bar(), "شمارش با گوشي باز است: 1 دستگاه، 1 رقم رسيده، 0 رقم وارد نشده.");
+  world.messages.WillAnswer(Answer::Yes);
+  desk->RenewCode(2);
+  EXPECT_EQ(ask("/a/figures", figure).status, 401) << "the old code is out";
+}
+
+/// Journals of a disk that is full.
+class FullJournals : public FloorJournalStore {
+ public:
+  explicit FullJournals(FloorJournalStore& store) : store_(store) {}
+  [[nodiscard]] std::unique_ptr<FloorJournal> Open(const FloorJournalOwner& owner) override {
+    return std::make_unique<Full>(store_.Open(owner));
+  }
+  [[nodiscard]] bool Has(const FloorJournalOwner& owner) const override { return store_.Has(owner); }
+
+ private:
+  class Full : public FloorJournal {
+   public:
+    explicit Full(std::unique_ptr<FloorJournal> journal) : journal_(std::move(journal)) {}
+    [[nodiscard]] std::string Read() const override { return journal_->Read(); }
+    void Begin(std::string_view text) override { journal_->Begin(text); }
+    void Append(std::string_view /*lines*/) override { throw InputError("ديسك پر است."); }
+    void Sync() override { journal_->Sync(); }
+    void SetAside() override { journal_->SetAside(); }
+    [[nodiscard]] std::optional<std::string> ReadSetAside() const override {
+      return journal_->ReadSetAside();
+    }
+    void Remove() override { journal_->Remove(); }
+
+   private:
+    std::unique_ptr<FloorJournal> journal_;
+  };
+
+  FloorJournalStore& store_;
+};
+
+TEST_F(FloorDeskTest, A_journal_that_cannot_be_written_is_reported_once) {
+  FullJournals full(journals);
+  delete desk;
+  FloorServerSettings settings;
+  settings.port = 0;
+  settings.addresses = {"127.0.0.1"};
+  desk = new FloorDesk(dynamic_cast<InvCountingWindow&>(*window), Counting(), full, settings);
+  OpenInEdit();
+  for (const char* const text : {"1", "2"}) {
+    const FloorFigure figure{++sequence, {kRice, 1}, FloorFigure::Operation::Add, text, ""};
+    static_cast<void>(desk->Session()->Enter(2, "d2", {&figure, 1}));
+    EXPECT_FALSE(desk->Session()->Commit());
+  }
+  QApplication::processEvents();
+  const auto messages = NewMessages();
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_EQ(messages[0].find("ديسك پر است."), 0U) << messages[0];
+  EXPECT_NE(Bar().find("دفتر رقم\u200cها نوشته نمي\u200cشود."), std::string::npos);
+  Counting().Unload();
+}
+
+}  // namespace
+}  // namespace koru

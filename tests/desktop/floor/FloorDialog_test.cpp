@@ -1,0 +1,212 @@
+// The dialog of the open floor.
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableView>
+
+#include "desktop/floor/FloorTable.h"
+#include "desktop/floor/QrCodeView.h"
+#include "tests/desktop/floor/FloorDeskTest.h"
+
+namespace koru {
+namespace {
+
+constexpr const char* kRice = "6261";
+
+class FloorDialogTest : public FloorDeskTest {
+ protected:
+  void SetUp() override { OpenInEdit(); }
+
+  template <class Widget>
+  [[nodiscard]] Widget& Part(const char* name) const {
+    return *desk->Dialog()->findChild<Widget*>(QLatin1String(name));
+  }
+  [[nodiscard]] std::vector<QString> RowOf(const char* table, int row) const {
+    std::vector<QString> texts;
+    const auto& items = Part<FloorTable>(table);
+    for (int col = 0; col < items.columnCount(); ++col) texts.push_back(items.item(row, col)->text());
+    return texts;
+  }
+  static void ClickFirst(FloorTable& table) {
+    QApplication::processEvents();  // lays the page out
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualItemRect(table.item(0, 0)).center());
+  }
+  void ShowPage(int page) { Part<QTabWidget>("floorPages").setCurrentIndex(page); }
+};
+
+TEST_F(FloorDialogTest, Each_count_has_its_own_code_address_and_counter) {
+  std::vector<QString> codes;
+  for (int count = 1; count <= kFloorCounts; ++count) {
+    const auto part = [count](const char* name) { return std::string(name) + std::to_string(count); };
+    const QString url = ToQt(desk->Server()->Url(count, "127.0.0.1"));
+    EXPECT_EQ(Part<QrCodeView>(part("floorCode").c_str()).Text(), url);
+    EXPECT_EQ(Part<QLineEdit>(part("floorUrl").c_str()).text(), url);
+    EXPECT_TRUE(url.endsWith(ToQt(desk->Session()->Code(count))));
+    Click(*desk->Dialog(), part("floorCopy").c_str());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), url);
+    codes.push_back(url);
+  }
+  EXPECT_NE(codes[0], codes[1]);
+  EXPECT_NE(codes[1], codes[2]);
+  EXPECT_NE(Part<QLabel>("floorCounter1").text().indexOf(QStringLiteral("مريم احمدي")), -1);
+  EXPECT_NE(Part<QLabel>("floorCounter2").text().indexOf(QStringLiteral("بدون شمارشگر")), -1);
+}
+
+TEST_F(FloorDialogTest, The_user_chooses_among_several_addresses) {
+  auto& addresses = Part<QComboBox>("floorAddress");
+  EXPECT_TRUE(addresses.isEnabled());
+  EXPECT_EQ(addresses.count(), 2);
+  addresses.setCurrentIndex(1);
+  EXPECT_EQ(Part<QrCodeView>("floorCode3").Text(), ToQt(desk->Server()->Url(3, "desk.example")));
+}
+
+TEST_F(FloorDialogTest, The_second_code_is_for_cameras_and_each_kind_has_its_advice) {
+  EXPECT_NE(Part<QLabel>("floorAdvice").text().indexOf(QStringLiteral("رمز نمي\u200cشود")), -1);
+  QTest::mouseClick(&Part<QCheckBox>("floorSecure"), Qt::LeftButton, {}, {5, 8});
+  Part<QCheckBox>("floorSecure").setChecked(true);
+  EXPECT_TRUE(desk->Server()->IsSecure());
+  EXPECT_TRUE(Part<QrCodeView>("floorCode1").Text().startsWith(QStringLiteral("https://127.0.0.1:")));
+  EXPECT_NE(Part<QLabel>("floorAdvice").text().indexOf(QStringLiteral("گواهي")), -1);
+  Part<QCheckBox>("floorSecure").setChecked(false);
+  EXPECT_TRUE(Part<QrCodeView>("floorCode1").Text().startsWith(QStringLiteral("http://127.0.0.1:")));
+}
+
+TEST_F(FloorDialogTest, A_new_code_is_asked_for_and_replaces_that_of_its_count_alone) {
+  const std::string first = desk->Session()->Code(1);
+  const std::string second = desk->Session()->Code(2);
+  world.messages.WillAnswer(Answer::No);
+  Click(*desk->Dialog(), "floorRenew2");
+  EXPECT_EQ(desk->Session()->Code(2), second);
+  world.messages.WillAnswer(Answer::Yes);
+  Click(*desk->Dialog(), "floorRenew2");
+  EXPECT_NE(desk->Session()->Code(2), second);
+  EXPECT_EQ(desk->Session()->Code(1), first);
+  EXPECT_EQ(Part<QrCodeView>("floorCode2").Text(), ToQt(desk->Server()->Url(2, "127.0.0.1")));
+}
+
+TEST_F(FloorDialogTest, Devices_are_listed_with_their_figures) {
+  desk->Session()->Hello(2, "d2", "<b>تبلت</b>");
+  Set(2, kRice, "9");
+  Set(2, kRice, "abc", "9");
+  Set(3, kRice, "10");
+  desk->Refresh();
+  ShowPage(1);
+  std::vector<QString> row = RowOf("floorDevices", 0);
+  EXPECT_FALSE(row[2].isEmpty());
+  row[2].clear();
+  EXPECT_EQ(row, (std::vector<QString>{"شمارش دوم", "<b>تبلت</b>", "", "2", "1"}));
+  EXPECT_EQ(RowOf("floorDevices", 1)[1], QStringLiteral("d3"));
+  EXPECT_NE(Part<QLabel>("floorCounter2").text().indexOf(QStringLiteral("1 دستگاه")), -1);
+}
+
+TEST_F(FloorDialogTest, A_barcode_that_no_line_has_is_added_with_one_click_if_a_good_has_it) {
+  world.database.Execute("insert into tblGood (Barcode,Code,Name) values ('6263','103','شكر')");
+  desk->Session()->NoteUnknown(1, "d1", "6263");
+  desk->Session()->NoteUnknown(1, "d1", "999");
+  desk->Refresh();
+  ShowPage(2);
+  EXPECT_EQ(Part<QTabWidget>("floorPages").tabText(2), QStringLiteral("باركدهاي بي\u200cسطر (2)"));
+  auto& list = Part<FloorTable>("floorUnknown");
+  EXPECT_FALSE(Part<QPushButton>("floorAddUnknown").isEnabled());
+  EXPECT_EQ(RowOf("floorUnknown", 0), (std::vector<QString>{"6263", "شمارش اول", "d1"}));
+  ClickFirst(list);
+  Click(*desk->Dialog(), "floorAddUnknown");
+  EXPECT_EQ(Counting().flexDetail.Rows(), 4);
+  EXPECT_EQ(Cell(3, LineColumn::Barcode), "6263");
+  EXPECT_EQ(list.rowCount(), 1);
+  EXPECT_EQ(Part<QLabel>("floorSaid").text().mid(1), QStringLiteral("كالاي اسكن شده افزوده شد."));
+  ClickFirst(list);
+  Click(*desk->Dialog(), "floorAddUnknown");
+  EXPECT_EQ(Counting().flexDetail.Rows(), 4);
+  EXPECT_EQ(Part<QLabel>("floorSaid").text().mid(1), QStringLiteral("كالايي با اين باركد تعريف نشده است."));
+  EXPECT_FALSE(Counting().cmdAddScanned.Visible()) << "the desk itself was offered nothing";
+}
+
+TEST_F(FloorDialogTest, A_scanned_barcode_that_the_desk_is_offered_stays_offered) {
+  Counting().OfferScanned("777");
+  desk->Session()->NoteUnknown(1, "d1", "999");
+  desk->Refresh();
+  ShowPage(2);
+  ClickFirst(Part<FloorTable>("floorUnknown"));
+  Click(*desk->Dialog(), "floorAddUnknown");
+  EXPECT_TRUE(Counting().cmdAddScanned.Visible());
+  EXPECT_EQ(Counting().ScannedBarcode(), "777");
+}
+
+TEST_F(FloorDialogTest, The_log_has_each_figure_and_what_became_of_it) {
+  desk->Session()->Hello(2, "d2", "تبلت");
+  Set(2, kRice, "9");
+  Set(2, kRice, "8", "7");
+  Set(2, "no such line", "1");
+  Send(2, {++sequence, {kRice, 1}, FloorFigure::Operation::Add, "5", ""});
+  desk->Refresh();
+  const auto text = [this](int row, int column) { return desk->Log().index(row, column).data().toString(); };
+  ASSERT_EQ(desk->Log().rowCount(), 4);
+  EXPECT_EQ(text(0, FloorLog::Count), QStringLiteral("شمارش دوم"));
+  EXPECT_EQ(text(0, FloorLog::Device), QStringLiteral("تبلت"));
+  EXPECT_EQ(text(0, FloorLog::Good), QStringLiteral("برنج"));
+  EXPECT_EQ(text(0, FloorLog::Barcode), QStringLiteral("6261"));
+  EXPECT_EQ(text(0, FloorLog::Figure), QStringLiteral("9"));
+  EXPECT_EQ(text(0, FloorLog::State), QStringLiteral("وارد شد"));
+  EXPECT_EQ(text(1, FloorLog::State),
+            QStringLiteral("وارد نشد: خانه رقم ديگري دارد (9 از \u2068تبلت\u2069)"));
+  EXPECT_EQ(text(2, FloorLog::State), QStringLiteral("وارد نشد: سطر ديگر نيست"));
+  EXPECT_EQ(text(3, FloorLog::Figure), QStringLiteral("\u200E+5"));
+}
+
+TEST_F(FloorDialogTest, The_log_is_saved_as_CSV_without_formulas) {
+  desk->Session()->Hello(2, "d2", "=1+2 \"تبلت\"");
+  Set(2, kRice, "-3");
+  desk->Refresh();
+  const QString file = ToQt(folder.File("log.csv"));
+  ASSERT_TRUE(WithDialog(
+      "QFileDialog",
+      [this] {
+        ShowPage(3);
+        Click(*desk->Dialog(), "floorSaveLog");
+      },
+      [&file](QDialog& dialog) {
+        auto* const choice = qobject_cast<QFileDialog*>(&dialog);
+        ASSERT_NE(choice, nullptr);
+        choice->selectFile(file);
+        choice->findChild<QLineEdit*>()->setText(file);
+        QTest::keyClick(choice->findChild<QLineEdit*>(), Qt::Key_Return);
+      }));
+  QFile written(file);
+  ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+  const QByteArray bytes = written.readAll();
+  EXPECT_TRUE(bytes.startsWith("\xEF\xBB\xBF")) << "spreadsheets know the encoding by it";
+  const QString text = QString::fromUtf8(bytes.mid(3));
+  EXPECT_TRUE(text.startsWith(
+      QStringLiteral("\"زمان\",\"شمارش\",\"دستگاه\",\"كالا\",\"باركد\",\"رقم\",\"وضعيت\"\r\n")));
+  EXPECT_NE(text.indexOf(QStringLiteral("\"'=1+2 \"\"تبلت\"\"\",\"برنج\",\"6261\",\"-3\",\"رد شد: ")), -1)
+      << FromQt(text);
+}
+
+TEST_F(FloorDialogTest, Fits_a_screen_of_1366_by_768_at_150_per_cent_on_each_page) {
+  for (int page = 0; page < 4; ++page) {
+    ShowPage(page);
+    EXPECT_EQ(test::ButtonsCutOff(*desk->Dialog(), test::kSmallWindow), QStringList()) << page;
+    EXPECT_EQ(desk->Dialog()->size(), test::kSmallWindow) << page << ": it does not become smaller";
+    EXPECT_EQ(test::InputsWithoutName(*desk->Dialog()), QStringList()) << page;
+  }
+  ShowPage(0);
+  for (const char* const name : {"floorCode1", "floorCode2", "floorCode3"}) {
+    const auto& code = Part<QrCodeView>(name);
+    EXPECT_GE(code.width(), code.sizeHint().width());
+    EXPECT_GE(code.height(), code.sizeHint().height());
+  }
+}
+
+TEST_F(FloorDialogTest, A_pause_is_shown_in_it) {
+  Save();
+  EXPECT_NE(Part<QLabel>("floorSummary").text().indexOf(QStringLiteral("درنگ")), -1);
+}
+
+}  // namespace
+}  // namespace koru

@@ -1,0 +1,135 @@
+// Figures of the floor that a program has left behind when it ended before a save.
+
+#include "desktop/floor/FloorTable.h"
+#include "tests/desktop/floor/FloorDeskTest.h"
+
+namespace koru {
+namespace {
+
+constexpr const char* kRice = "6261";
+constexpr const char* kOil = "6262";
+
+class FloorLeft : public FloorDeskTest {
+ protected:
+  /// A program has ended with two figures that it has not saved.
+  void SetUp() override {
+    OpenInEdit();
+    desk->Session()->Hello(2, "d2", "تبلت انبار");
+    Set(2, kRice, "9");
+    Set(3, kOil, "8");
+    StartAnew();
+  }
+  /// Presses Edit and answers the offer.
+  [[nodiscard]] bool EditAndChoose(const char* button) {
+    return WithDialog(
+        "koru::LeftFiguresDialog",
+        [this] {
+          Edit();
+          desk->Refresh();
+        },
+        [button](QDialog& dialog) { Click(dialog, button); });
+  }
+};
+
+TEST_F(FloorLeft, Are_offered_by_the_next_Edit_in_a_list_without_a_server) {
+  std::vector<QString> first;
+  EXPECT_TRUE(WithDialog(
+      "koru::LeftFiguresDialog",
+      [this] {
+        Edit();
+        desk->Refresh();
+      },
+      [&](QDialog& dialog) {
+        const auto& table = *dialog.findChild<FloorTable*>(QStringLiteral("leftTable"));
+        EXPECT_EQ(table.rowCount(), 2);
+        for (int col = 0; col < 5; ++col) first.push_back(table.item(0, col)->text());
+        EXPECT_FALSE(table.item(0, 5)->text().isEmpty());
+        Click(dialog, "takeLeft");
+      }));
+  EXPECT_EQ(first, (std::vector<QString>{"شمارش دوم", "برنج", "6261", "9", "تبلت انبار"}));
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
+  EXPECT_EQ(Cell(2, LineColumn::ThirdCounting), "8");
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_EQ(Bar(), "hidden");
+}
+
+TEST_F(FloorLeft, That_were_taken_are_saved_and_offered_no_more) {
+  ASSERT_TRUE(EditAndChoose("takeLeft"));
+  Save();
+  EXPECT_EQ(world.database.Scalar("select SecondCounting from tblInventoryCountingDetail where RowNumber=1"),
+            "9");
+  StartAnew();
+  Edit();
+  desk->Refresh();
+  EXPECT_EQ(desk->Session(), nullptr) << "there is no journal";
+}
+
+TEST_F(FloorLeft, That_nobody_wants_are_kept_aside) {
+  ASSERT_TRUE(EditAndChoose("forgoLeft"));
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "");
+  Find<QAction>("floorCommand").trigger();
+  ASSERT_TRUE(desk->IsServed());
+  EXPECT_TRUE(WithDialog(
+      "koru::LeftFiguresDialog", [this] { Click(*desk->Dialog(), "floorTakeBack"); },
+      [](QDialog& dialog) { Click(dialog, "takeLeft"); }));
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
+}
+
+TEST_F(FloorLeft, Wait_with_a_line_that_says_so_when_the_desk_decides_later) {
+  ASSERT_TRUE(EditAndChoose("decideLater"));
+  EXPECT_EQ(Bar(), "2 رقم گوشي\u200cها در اين شمارش نيست.");
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_TRUE(WithDialog(
+      "koru::LeftFiguresDialog", [this] { Click(*window, "floorLeft"); },
+      [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }));
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "");
+  EXPECT_TRUE(WithDialog(
+      "koru::LeftFiguresDialog", [this] { Click(*window, "floorLeft"); },
+      [](QDialog& dialog) { Click(dialog, "takeLeft"); }));
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
+  EXPECT_EQ(Bar(), "hidden");
+}
+
+TEST_F(FloorLeft, Of_a_count_that_a_blind_desk_may_not_see_have_no_text) {
+  Find<QAction>("blindEntry3").trigger();
+  QString hidden;
+  QString shown;
+  ASSERT_TRUE(WithDialog(
+      "koru::LeftFiguresDialog",
+      [this] {
+        Edit();
+        desk->Refresh();
+      },
+      [&](QDialog& dialog) {
+        const auto& table = *dialog.findChild<FloorTable*>(QStringLiteral("leftTable"));
+        hidden = table.item(0, 3)->text();
+        shown = table.item(1, 3)->text();
+        Click(dialog, "decideLater");
+      }));
+  EXPECT_EQ(hidden, QStringLiteral("پنهان"));
+  EXPECT_EQ(shown, QStringLiteral("8"));
+}
+
+TEST_F(FloorLeft, Are_offered_by_the_command_too) {
+  EXPECT_TRUE(WithDialog(
+      "koru::LeftFiguresDialog",
+      [this] {
+        Tick();
+        world.messages.WillAnswer(Answer::Yes);
+        Find<QAction>("floorCommand").trigger();
+      },
+      [](QDialog& dialog) { Click(dialog, "takeLeft"); }));
+  EXPECT_TRUE(desk->IsServed());
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
+}
+
+TEST_F(FloorLeft, Are_not_offered_while_another_program_has_them) {
+  const auto held = journals.Open(Owner());
+  Edit();
+  desk->Refresh();
+  EXPECT_EQ(desk->Session(), nullptr);
+  EXPECT_EQ(NewMessages(), std::vector<std::string>());
+}
+
+}  // namespace
+}  // namespace koru
