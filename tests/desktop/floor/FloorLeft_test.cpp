@@ -1,4 +1,4 @@
-// Figures of the floor that a program has left behind when it ended before a save.
+// Figures of the floor that a program has left when it ended before a save.
 
 #include "desktop/floor/FloorTable.h"
 #include "tests/desktop/floor/FloorDeskTest.h"
