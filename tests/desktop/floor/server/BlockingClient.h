@@ -3,15 +3,15 @@
 #include <cstdint>
 #include <string>
 
-namespace koru::bench {
+namespace koru::test {
 
 /// A device's connection, which waits for its answers: for threads of their own beside the desk's.
-class FloorClient {
+class BlockingClient {
  public:
-  FloorClient(std::uint16_t port, std::string code);
-  FloorClient(const FloorClient&) = delete;
-  FloorClient& operator=(const FloorClient&) = delete;
-  ~FloorClient();
+  BlockingClient(std::uint16_t port, std::string code);
+  BlockingClient(const BlockingClient&) = delete;
+  BlockingClient& operator=(const BlockingClient&) = delete;
+  ~BlockingClient();
 
   /// The body of the answer, as it comes. Throws unless it is 200.
   std::string Get(const std::string& target);
@@ -25,4 +25,4 @@ class FloorClient {
   std::string read_;
 };
 
-}  // namespace koru::bench
+}  // namespace koru::test

@@ -1,4 +1,4 @@
-#include "benchmarks/FloorClient.h"
+#include "tests/desktop/floor/server/BlockingClient.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -10,9 +10,9 @@
 #include <stdexcept>
 #include <utility>
 
-namespace koru::bench {
+namespace koru::test {
 
-FloorClient::FloorClient(std::uint16_t port, std::string code)
+BlockingClient::BlockingClient(std::uint16_t port, std::string code)
     : socket_(socket(AF_INET, SOCK_STREAM, 0)), code_(std::move(code)) {
   sockaddr_in server{};
   server.sin_family = AF_INET;
@@ -25,19 +25,19 @@ FloorClient::FloorClient(std::uint16_t port, std::string code)
   }
 }
 
-FloorClient::~FloorClient() { close(socket_); }
+BlockingClient::~BlockingClient() { close(socket_); }
 
-std::string FloorClient::Get(const std::string& target) {
+std::string BlockingClient::Get(const std::string& target) {
   return Exchange("GET " + target + " HTTP/1.1\r\nHost: localhost\r\nAccept-Encoding: gzip\r\n" +
                   "Authorization: Bearer " + code_ + "\r\n\r\n");
 }
 
-std::string FloorClient::Post(const std::string& target, const std::string& body) {
+std::string BlockingClient::Post(const std::string& target, const std::string& body) {
   return Exchange("POST " + target + " HTTP/1.1\r\nHost: localhost\r\nAuthorization: Bearer " + code_ +
                   "\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body);
 }
 
-std::string FloorClient::Exchange(const std::string& request) {
+std::string BlockingClient::Exchange(const std::string& request) {
   for (std::size_t sent = 0; sent < request.size();) {
     const ssize_t size = send(socket_, request.data() + sent, request.size() - sent, MSG_NOSIGNAL);
     if (size <= 0) throw std::runtime_error("not sent");
@@ -61,4 +61,4 @@ std::string FloorClient::Exchange(const std::string& request) {
   return body;
 }
 
-}  // namespace koru::bench
+}  // namespace koru::test
