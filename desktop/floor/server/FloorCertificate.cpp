@@ -27,7 +27,7 @@ using Key =
 
 constexpr std::chrono::days kValidity{825};
 constexpr std::chrono::days kLeast{30};
-constexpr std::chrono::days kBefore{1};  ///< telephones whose clock is behind
+constexpr std::chrono::days kBefore{1};  ///< for telephones whose clock is slow
 constexpr unsigned kOnce = 0;            ///< not critical, or no flags
 
 void Require(int code) {

@@ -169,7 +169,7 @@ TEST_F(HttpLimits, Who_does_not_read_the_answer_is_dropped) {
   EXPECT_FALSE(client.IsOpen());
 }
 
-TEST_F(HttpLimits, An_address_has_only_so_many_connections) {
+TEST_F(HttpLimits, An_address_has_a_bounded_number_of_connections) {
   settings_.limits.connectionsOfAddress = 3;
   Serve();
   std::vector<std::unique_ptr<HttpClient>> clients;
@@ -185,7 +185,7 @@ TEST_F(HttpLimits, An_address_has_only_so_many_connections) {
   RunUntil([&] { return Ask(RequestText("GET", "/", "")).status == 200; });
 }
 
-TEST_F(HttpLimits, All_addresses_together_have_only_so_many_connections) {
+TEST_F(HttpLimits, All_addresses_together_have_a_bounded_number_of_connections) {
   settings_.limits.connections = 2;
   Serve();
   std::vector<std::unique_ptr<HttpClient>> clients;
@@ -201,7 +201,7 @@ TEST_F(HttpLimits, All_addresses_together_have_only_so_many_connections) {
   EXPECT_EQ(waits.Receive().status, 200) << "it has its turn when another has ended";
 }
 
-TEST_F(HttpLimits, An_address_has_only_so_many_requests_in_a_second) {
+TEST_F(HttpLimits, An_address_has_a_bounded_number_of_requests_in_a_second) {
   settings_.limits.requestsOfAddress = 3;
   Serve();
   int refused = 0;
@@ -209,7 +209,7 @@ TEST_F(HttpLimits, An_address_has_only_so_many_requests_in_a_second) {
   EXPECT_GT(refused, 0);
 }
 
-TEST_F(HttpLimits, A_session_has_only_so_many_devices_and_unknown_barcodes) {
+TEST_F(HttpLimits, A_session_has_a_bounded_number_of_devices_and_unknown_barcodes) {
   settings_.limits.devices = 2;
   settings_.limits.unknownBarcodes = 1;
   Serve();
