@@ -29,6 +29,7 @@ TEST_F(PageEntry, A_scan_without_any_focus_opens_its_line_and_the_typed_figure_r
   Scan(browser_, kTea);
   WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
   WaitForText(browser_, QStringLiteral("#card dl"), Text(kTea.code));
+  WaitForText(browser_, QStringLiteral("h1"), Text("شمارش اول انبار مركزي"));
   browser_.Keys(QStringLiteral("12.5\n"));
   WaitForDesk(kTea, QStringLiteral("12.5"));
   WaitForState(browser_, kAllArrived);

@@ -130,6 +130,23 @@ INSTANTIATE_TEST_SUITE_P(At, PageLooks, testing::Values(Size{360, 640}, Size{128
 
 class FullPage : public PageWorld {};
 
+TEST_F(FullPage, A_phone_loads_less_than_60_kB_before_it_uses_the_camera) {
+  Browser browser;
+  OpenPage(browser);
+  const QJsonArray sizes =
+      browser
+          .Run(QStringLiteral(
+              "return [...performance.getEntriesByType('resource'),"
+              " ...performance.getEntriesByType('navigation')]"
+              ".filter(({name}) => !name.includes('/a/')).map(entry => entry.encodedBodySize)"))
+          .toArray();
+  double bytes = 0;
+  for (const QJsonValue& size : sizes) bytes += size.toDouble();
+  EXPECT_GT(bytes, 10'000) << "what is measured";
+  EXPECT_LT(bytes, 60'000);
+  RecordProperty("bytes", static_cast<int>(bytes));
+}
+
 TEST_F(FullPage, A_counting_of_32767_lines_is_listed_and_searched_with_few_elements) {
   constexpr int kAdded = 32767 - 7;
   AddGoods(kAdded);

@@ -1,5 +1,7 @@
 // What a counter sees while the network, the desk or the page itself fails, and that no figure is lost by it.
 
+#include <QJsonArray>
+
 #include "tests/desktop/floor/page/PageWorld.h"
 
 namespace koru::test {
@@ -108,6 +110,7 @@ TEST_F(PageNetwork, A_browser_that_is_killed_keeps_its_figures) {
     OpenPage(browser);
     browser.SetOffline(true);
     EnterThree(browser);
+    WaitForState(browser, Left(3));
     browser.Kill();
   }
   EXPECT_EQ(AtDesk(kTea), QString());
@@ -196,6 +199,27 @@ TEST_F(PageNetwork, Figures_that_the_desk_cannot_put_on_its_disk_stay_on_the_dev
   journal_.isFull = false;
   WaitForState(browser, kAllArrived);
   EXPECT_EQ(AtDesk(kTea), QStringLiteral("7"));
+}
+
+TEST_F(PageNetwork, A_page_that_does_not_reach_the_desk_shows_the_lines_that_it_kept) {
+  Browser browser;
+  OpenPage(browser);
+  test::Count(browser, kTea, QStringLiteral("1"));
+  WaitForDesk(kTea, QStringLiteral("1"));
+  WaitForState(browser, kAllArrived);
+  const auto block = [&](const QJsonArray& urls) {
+    browser.Command(QStringLiteral("Network.setBlockedURLs"), {{"urls", urls}});
+  };
+  browser.Command(QStringLiteral("Network.enable"));
+  block({QStringLiteral("*/a/*")});
+  browser.Reload();
+  WaitForState(browser, Text("میز پیدا نیست"));
+  WaitForText(browser, QStringLiteral("#list"), Text(kTea.name));
+  test::Count(browser, kCheese, QStringLiteral("2"));
+  WaitForState(browser, Left(1));
+  block({});
+  WaitForDesk(kCheese, QStringLiteral("2"));
+  WaitForState(browser, kAllArrived);
 }
 
 TEST_F(PageNetwork, An_unknown_barcode_without_network_is_listed_at_the_desk_later) {

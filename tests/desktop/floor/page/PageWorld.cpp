@@ -57,6 +57,7 @@ void PageWorld::Serve() {
   settings.securePort = 0;
   settings.folder = folder_.path().toStdString();
   settings.addresses = {"127.0.0.1"};
+  settings.store = "انبار مركزي";
   server_ = std::make_unique<FloorServer>(*session_, std::move(settings));
   port_ = server_->Port();
 }

@@ -25,10 +25,11 @@ inline constexpr PageGood kLamp{"LED-60-W", "104", "لامپ"};
 inline constexpr PageGood kHostile{"6260100000048", "105", "<img src=x onerror=\"document.title='run'\">"};
 inline constexpr PageGood kTurned{"6260100000055", "106", "\u202Eشکر سفید\u202D 12"};
 inline constexpr PageGood kLong{"6260100000062", "107",
-                                "بیسکویت کرم‌دار با طعم پرتقال در بستهٔ بسیار بزرگ خانوادگی که نامش در "
-                                "دو "
-                                "سطر هم جا نمی‌شود و "
-                                "ABCDEFGHIJKLMNOPQRSTUVWXYZ-0123456789-ABCDEFGHIJKLMNOPQRSTUVWXYZ"};
+                                "بیسکویت کرم‌دار با طعم پرتقال "
+                                "در بستهٔ بسیار بزرگ خانوادگی "
+                                "که نامش در دو سطر جا نمی‌شود "
+                                "ABCDEFGHIJKLMNOPQRSTUVWXYZ-0123456789-"
+                                "ABCDEFGHIJKLMNOPQRSTUVWXYZ"};
 
 /// The page of the floor in a real browser. Counting 20 is being edited at the desk and served in this
 /// process: the goods above, one line each, nothing counted.
@@ -36,7 +37,7 @@ class PageWorld : public FloorWorld {
  protected:
   PageWorld();
 
-  /// Puts so many further goods into the counting, with barcodes that count from 7000000000001.
+  /// Puts a number of further goods into the counting, with barcodes that count from 7000000000001.
   void AddGoods(int number);
   /// Begins to serve; the desk keeps its port when it begins again.
   void Serve();
@@ -58,7 +59,7 @@ class PageWorld : public FloorWorld {
 
 /// Scans a barcode: keys wherever the focus is, then Enter.
 void Scan(Browser& browser, const PageGood& good);
-/// Scans, types a figure into the card and presses Enter; waits until the device has kept it.
+/// Scans, types a figure into the card and presses Enter, which closes the card.
 void Count(Browser& browser, const PageGood& good, const QString& figure);
 /// Waits until the button that says how it is with the figures has a text.
 void WaitForState(Browser& browser, const QString& text);
