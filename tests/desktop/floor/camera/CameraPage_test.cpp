@@ -90,6 +90,14 @@ TEST_F(CameraPage, A_tilted_Code_128_opens_its_card) {
   WaitForCard(phone, kLamp);
 }
 
+TEST_F(CameraPage, The_picture_of_the_camera_is_as_wide_as_a_phone) {
+  CameraBrowser phone({}, kPhone);
+  OpenSecurePage(phone);
+  phone.Click(QStringLiteral("#camera"));
+  phone.WaitFor(QStringLiteral("document.getElementById('video').currentTime > 0"));
+  EXPECT_EQ(phone.Run(QStringLiteral("return document.getElementById('video').clientWidth")).toInt(), 360);
+}
+
 TEST_F(CameraPage, A_barcode_that_no_line_has_is_reported_to_counter_and_desk) {
   CameraBrowser phone({{.bars = Ean13Bars(QStringLiteral("626999999999"))}}, kPhone);
   OpenSecurePage(phone);
