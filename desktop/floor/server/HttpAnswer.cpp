@@ -21,8 +21,8 @@ const char* CacheControl(HttpAnswer::Keep keep) {
   switch (keep) {
     case HttpAnswer::Keep::Never:
       return "no-store";
-    case HttpAnswer::Keep::Revalidate:
-      return "no-cache";
+    case HttpAnswer::Keep::Day:
+      return "max-age=86400";
     case HttpAnswer::Keep::Forever:
       return "max-age=31536000, immutable";
   }

@@ -13,9 +13,9 @@ class HttpAnswer {
  public:
   /// How long browsers may keep the content.
   enum class Keep {
-    Never,       ///< no-store
-    Revalidate,  ///< no-cache
-    Forever      ///< the content of that address never changes
+    Never,   ///< no-store
+    Day,     ///< so that the page opens in a cellar without a network; reading it anew asks the desk
+    Forever  ///< the content of that address never changes
   };
 
   HttpAnswer(unsigned status, const char* type, std::string content, Keep keep = Keep::Never,

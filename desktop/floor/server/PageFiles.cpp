@@ -72,7 +72,7 @@ PageFiles::PageFiles(std::string_view folder) {
   for (auto& [name, content] : contents) {
     const bool isIndex = name == kIndex;
     if (isIndex) content = Replaced(std::move(content), kPlaceholder, version_);
-    const auto keep = isIndex ? HttpAnswer::Keep::Revalidate : HttpAnswer::Keep::Forever;
+    const auto keep = isIndex ? HttpAnswer::Keep::Day : HttpAnswer::Keep::Forever;
     std::string packed = Gzip(content, kGoodCompression);
     files_.emplace(isIndex ? "/" : "/v/" + version_ + "/" + name,
                    File{HttpAnswer(kOk, TypeOf(name), std::move(content), keep),

@@ -222,6 +222,17 @@ TEST_F(PageNetwork, A_page_that_does_not_reach_the_desk_shows_the_lines_that_it_
   WaitForState(browser, kAllArrived);
 }
 
+TEST_F(PageNetwork, A_new_tab_opens_the_page_and_its_lines_while_the_desk_is_away) {
+  Browser browser;
+  OpenPage(browser);
+  const QString url = browser.Url();
+  KillDesk();
+  browser.OpenTab();
+  browser.Open(url);
+  WaitForState(browser, Text("میز پیدا نیست"));
+  WaitForText(browser, QStringLiteral("#list"), Text(kTea.name));
+}
+
 TEST_F(PageNetwork, An_unknown_barcode_without_network_is_listed_at_the_desk_later) {
   Browser browser;
   OpenPage(browser);

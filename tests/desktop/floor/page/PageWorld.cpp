@@ -48,6 +48,7 @@ void PageWorld::AddGoods(int number) {
   database.InsertRows(
       "tblInventoryCountingDetail (CountingID,Barcode,RowNumber,ScaleID,SystemCounting,BaseValue)", 1, number,
       [&](int at) { return "20," + barcode(at) + "," + std::to_string(10 + at) + ",1,4444,3"; });
+  port_ = 0;  // no page has been opened, and another program may have the port by now
   RestartDesk();
 }
 

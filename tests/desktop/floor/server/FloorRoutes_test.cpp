@@ -127,7 +127,7 @@ TEST_F(FloorRoutes, The_page_is_at_the_root_and_its_files_at_addresses_of_their_
   const HttpReply page = Ask(RequestText("GET", "/", ""));
   EXPECT_EQ(page.status, 200);
   EXPECT_EQ(page.Field("content-type"), "text/html; charset=utf-8");
-  EXPECT_EQ(page.Field("cache-control"), "no-cache");
+  EXPECT_EQ(page.Field("cache-control"), "max-age=86400");
   EXPECT_EQ(page.body.find("@VERSION@"), std::string::npos);
   const auto at = page.body.find("v/");
   ASSERT_NE(at, std::string::npos);
