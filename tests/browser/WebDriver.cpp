@@ -18,7 +18,7 @@ namespace koru::test {
 
 WebDriver::WebDriver(const QString& folder) {
   network_.setProxy(QNetworkProxy::NoProxy);
-  address_ = Start(folder);
+  Start(folder);
 }
 
 WebDriver::~WebDriver() {
@@ -28,7 +28,7 @@ WebDriver::~WebDriver() {
   process_.waitForFinished(5'000);
 }
 
-QString WebDriver::Start(const QString& folder) {
+void WebDriver::Start(const QString& folder) {
   const QString program = QStandardPaths::findExecutable(QStringLiteral("chromedriver"));
   if (program.isEmpty())
     throw BrowserError(
@@ -40,8 +40,22 @@ QString WebDriver::Start(const QString& folder) {
   process_.setProcessEnvironment(environment);
   process_.setProcessChannelMode(QProcess::MergedChannels);
   process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
-  process_.start(program, {QStringLiteral("--port=0")});
+  // chromedriver looks for a port that is free for one version of IP; another program may have it for the
+  // other one.
+  constexpr int kAttempts = 10;
+  QString said;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    said = Launch(program);
+    if (!address_.isEmpty()) return;
+    if (!said.contains(QStringLiteral("port not available"))) break;
+  }
+  throw BrowserError(QStringLiteral("chromedriver did not start: ") + said);
+}
 
+/// Sets the address where chromedriver listens; leaves it empty when that does not start. Returns what it
+/// printed.
+QString WebDriver::Launch(const QString& program) {
+  process_.start(program, {QStringLiteral("--port=0")});
   static const QRegularExpression started(QStringLiteral("started successfully on port (\\d+)"));
   QString said;
   QRegularExpressionMatch match;
@@ -52,8 +66,8 @@ QString WebDriver::Start(const QString& folder) {
         return match.hasMatch() || process_.state() == QProcess::NotRunning;
       },
       QStringLiteral("the start of chromedriver"));
-  if (!match.hasMatch()) throw BrowserError(QStringLiteral("chromedriver did not start: ") + said);
-  return QStringLiteral("http://127.0.0.1:") + match.captured(1);
+  if (match.hasMatch()) address_ = QStringLiteral("http://127.0.0.1:") + match.captured(1);
+  return said;
 }
 
 QJsonValue WebDriver::Post(const QString& path, const QJsonObject& body) {

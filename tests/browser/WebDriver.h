@@ -27,7 +27,8 @@ class WebDriver {
 
  private:
   QJsonValue Send(const QByteArray& method, const QString& path, const QByteArray& body);
-  [[nodiscard]] QString Start(const QString& folder);
+  void Start(const QString& folder);
+  [[nodiscard]] QString Launch(const QString& program);
 
   QProcess process_;
   QNetworkAccessManager network_;
