@@ -71,7 +71,7 @@ EntryHistory::EntryHistory(InvCountingControls& controls) : grid_(controls.flexD
 
 /// The form begins to test an edit.
 void EntryHistory::Remember() {
-  if (isPlaying_) return;
+  if (isPlaying_ || grid_.InEditElsewhere()) return;
   const int row = grid_.Row();
   const int col = grid_.Col();
   entered_ = {.line = grid_.RowID(row),
@@ -83,7 +83,7 @@ void EntryHistory::Remember() {
 
 /// The form has accepted the edit and derived what depends on it.
 void EntryHistory::Record() {
-  if (isPlaying_) return;
+  if (isPlaying_ || grid_.InEditElsewhere()) return;
   const int row = grid_.Row();
   Edit edit = std::exchange(entered_, {});
   edit.after = grid_.TextMatrix(row, edit.col);

@@ -17,6 +17,8 @@ namespace koru {
 /// command fills, an imported file. Whoever enters several figures for the user with Grid::UserEdit in a
 /// BatchEdit has one step; nothing else is to be called.
 ///
+/// Figures from elsewhere (Grid::UserEditElsewhere) are none of the user's: undoing leaves them.
+///
 /// A figure belongs to its line (Grid::RowID), wherever sorting has moved it. Undo and redo enter it again
 /// with Grid::UserEdit, so that the form tests it and derives what depends on it. Undo also brings back the
 /// shortage, the surplus and the amounts that the line had, as long as their book stock and rate are the

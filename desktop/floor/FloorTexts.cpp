@@ -33,7 +33,7 @@ QString TitleOfState(FigureState state) {
 
 QString TimeText(std::chrono::sys_seconds time) {
   const QDateTime at = QDateTime::fromSecsSinceEpoch(time.time_since_epoch().count());
-  const QString clock = at.toString(QStringLiteral("HH:mm:ss"));
+  QString clock = at.toString(QStringLiteral("HH:mm:ss"));
   if (at.date() == QDate::currentDate()) return clock;
   const QDate date = at.date();
   const Date day{std::chrono::year(date.year()), std::chrono::month(static_cast<unsigned>(date.month())),

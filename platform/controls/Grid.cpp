@@ -226,7 +226,8 @@ bool Grid::UserEdit(int row, int col, std::string text) {
   return StoreEdit(std::move(text));
 }
 
-/// RAII: until destruction another cell is the current one, and no edit or batch of the user is open.
+/// RAII: until destruction another cell is the current one, no edit or batch of the user is open, and
+/// InEditElsewhere.
 class Grid::EditElsewhere {
  public:
   EditElsewhere(Grid& grid, int row, int col)
@@ -236,7 +237,8 @@ class Grid::EditElsewhere {
         col_(std::exchange(grid.col_, col)),
         editText_(std::move(grid.editText_)),
         editAccepted_(grid.editAccepted_),
-        inBatchEdit_(std::exchange(grid.inBatchEdit_, false)) {}
+        inBatchEdit_(std::exchange(grid.inBatchEdit_, false)),
+        inEditElsewhere_(std::exchange(grid.inEditElsewhere_, true)) {}
   EditElsewhere(const EditElsewhere&) = delete;
   EditElsewhere& operator=(const EditElsewhere&) = delete;
   ~EditElsewhere() {
@@ -251,6 +253,7 @@ class Grid::EditElsewhere {
     grid_.editText_ = std::move(editText_);
     grid_.editAccepted_ = editAccepted_;
     grid_.inBatchEdit_ = inBatchEdit_;
+    grid_.inEditElsewhere_ = inEditElsewhere_;
   }
 
  private:
@@ -261,6 +264,7 @@ class Grid::EditElsewhere {
   std::string editText_;
   bool editAccepted_;
   bool inBatchEdit_;
+  bool inEditElsewhere_;
 };
 
 bool Grid::UserEditElsewhere(int row, int col, std::string text) {

@@ -158,6 +158,8 @@ class Grid : public Control {
   void SetEditAccepted(bool accepted) { editAccepted_ = accepted; }
   /// Whether a BatchEdit exists: more cells may follow the edited one.
   [[nodiscard]] bool InBatchEdit() const { return inBatchEdit_; }
+  /// Whether the text that listeners test or have accepted is not the user's (UserEditElsewhere).
+  [[nodiscard]] bool InEditElsewhere() const { return inEditElsewhere_; }
   void SetDeleteAllowed(bool allowed) { deleteAllowed_ = allowed; }
 
   Event<const GridChange&> RowsChanging;
@@ -223,6 +225,7 @@ class Grid : public Control {
   bool currentUnreported_ = false;  ///< while redraw is off: the current cell is another
   bool editAccepted_ = true;
   bool inBatchEdit_ = false;
+  bool inEditElsewhere_ = false;
   bool deleteAllowed_ = true;
 };
 

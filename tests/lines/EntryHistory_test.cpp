@@ -56,6 +56,29 @@ TEST_F(EntryHistoryTest, Nothing_can_be_undone_before_a_figure_is_entered) {
   EXPECT_EQ(history.Redo().figures, 0);
 }
 
+TEST_F(EntryHistoryTest, A_figure_from_elsewhere_is_not_the_users_to_undo) {
+  Type(2, LineColumn::FirstCounting, "5");
+  EXPECT_TRUE(form.flexDetail.UserEditElsewhere(3, LineColumn::SecondCounting, "42"));
+  EXPECT_EQ(history.Undo().figures, 1);
+  EXPECT_EQ(form.Cell(2, LineColumn::FirstCounting), "");
+  EXPECT_EQ(form.Cell(3, LineColumn::SecondCounting), "42");
+  EXPECT_FALSE(history.CanUndo());
+  EXPECT_TRUE(form.flexDetail.UserEditElsewhere(3, LineColumn::SecondCounting, "43"));
+  EXPECT_EQ(history.Redo().figures, 1);
+  EXPECT_EQ(form.Cell(2, LineColumn::FirstCounting), "5");
+}
+
+TEST_F(EntryHistoryTest, A_figure_from_elsewhere_during_the_test_of_one_leaves_both_right) {
+  bool isFirst = true;
+  const Subscription other = form.flexDetail.ValidateEdit.Subscribe([&] {
+    if (std::exchange(isFirst, false)) form.flexDetail.UserEditElsewhere(3, LineColumn::SecondCounting, "42");
+  });
+  Type(1, LineColumn::FirstCounting, "5");
+  EXPECT_EQ(history.Undo().figures, 1);
+  EXPECT_EQ(form.Cell(1, LineColumn::FirstCounting), "");
+  EXPECT_EQ(form.Cell(3, LineColumn::SecondCounting), "42");
+}
+
 TEST_F(EntryHistoryTest, A_typed_figure_is_undone_and_redone) {
   Type(2, LineColumn::FirstCounting, "7");
   EXPECT_TRUE(history.CanUndo());
