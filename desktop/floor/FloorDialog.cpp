@@ -178,13 +178,10 @@ void FloorDialog::AddCommands(QBoxLayout& layout) {
     bar->addWidget(button);
     return button;
   };
-  const auto run = [this](void (FloorDesk::*command)()) {
-    return [this, command] { desk_.Counting().RunEvent([this, command] { (desk_.*command)(); }); };
-  };
   connect(add("floorDialogStop", QStringLiteral("بستن شمارش با گوشي")), &QPushButton::clicked, this,
-          run(&FloorDesk::Stop));
+          [this] { desk_.Counting().RunEvent([this] { desk_.Stop(); }); });
   connect(add("floorTakeBack", QStringLiteral("بازگرداندن كنارگذاشته\u200cها...")), &QPushButton::clicked,
-          this, run(&FloorDesk::TakeBackSetAside));
+          this, [this] { desk_.Counting().RunEvent([this] { desk_.TakeBackSetAside(); }); });
   said_ = NewSentence(QStringLiteral("floorSaid"), this);
   said_->setProperty("hint", true);
   bar->addWidget(said_, 1);
