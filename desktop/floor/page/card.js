@@ -4,8 +4,10 @@ import { figureText, isolated, isolatedNumber } from './fold.js';
 import { figureOrNone, whoHas } from './rows.js';
 import { alarm, confirmation } from './signals.js';
 
-const maxDigits = 8;
-const shortestBarcode = 6;
+// What is longer is a barcode rather than a figure, where a line has it or where it has as many digits as an EAN-8.
+const maxDigits = 7;
+const shortestBarcode = 4;
+const shortestCode = 6;
 
 function make(name, { text, className, dir, type, id } = {}, ...children) {
   const made = document.createElement(name);
@@ -134,13 +136,18 @@ export class Card {
     }
     const { figure, isPending } = this.#floor.lines.at(line);
     const isChanged = figure !== this.#seen;
-    this.#seen = figure;
+    if (!this.#isBusy()) this.#seen = figure;
     this.#own.classList.toggle('changed', isChanged);
     const state = isPending ? 'هنوز به میز نرسیده' : isChanged ? 'همین حالا عوض شد' : '';
     this.#own.replaceChildren(make('span', { text: 'شمارش شما:' }),
                               make('strong', { text: figureOrNone(figure) }), make('span', { text: state }));
     this.#remove.hidden = figure === '';
     this.#drawNotice(this.#floor.noticeOf(barcode, ordinal));
+  }
+
+  /** The counter types or is asked: what was shown before is what the figure is set against. */
+  #isBusy() {
+    return this.#input.value !== '' || !this.#asked.hidden;
   }
 
   #drawNotice(notice) {
@@ -153,7 +160,7 @@ export class Card {
       texts.push(`در این میان رقم دیگری ثبت شده است. ${whoHas(notice)}: ${theirs}`);
       choices.append(button(`${theirs} بماند`, () => this.#dismiss(notice)),
                      button(notice.mine === '' ? 'رقم پاک شود' : `${isolatedNumber(notice.mine)} ثبت شود`,
-                            () => this.#enter('set', notice.mine)));
+                            () => this.#enter('set', notice.mine, notice.theirs)));
     } else {
       texts.push(notice.message);
       if (notice.state === 'refused') texts.push(`رقم شما ثبت نشد: ${isolatedNumber(notice.mine)}`);
@@ -176,9 +183,8 @@ export class Card {
       this.#ask(['مقدار را بنویسید. برای هیچ، 0 را بنویسید.']);
       return;
     }
-    const isBarcode = typed.trim().length >= shortestBarcode && this.#floor.lines.isBarcode(typed);
     const digits = text === null ? 0 : text.replace(/\..*|\D/g, '').length;
-    if (isBarcode || digits > maxDigits) {
+    if (digits > maxDigits || this.#isOfLine(typed)) {
       this.#askForBarcode(op, text, typed.trim());
     } else if (text === null) {
       alarm();
@@ -186,6 +192,12 @@ export class Card {
     } else {
       this.#enter(op, text);
     }
+  }
+
+  #isOfLine(typed) {
+    const { length } = typed.trim();
+    const { lines } = this.#floor;
+    return (length >= shortestBarcode && lines.isBarcode(typed)) || (length >= shortestCode && lines.isCode(typed));
   }
 
   #askForBarcode(op, text, typed) {
@@ -206,12 +218,11 @@ export class Card {
   }
 
   /** The card is closed at once, so that a scanner's next keys reach the search field. */
-  async #enter(op, text) {
+  async #enter(op, text, base = this.#seen) {
     const line = this.#key;
-    const base = op === 'set' ? this.#seen : '';
     this.close();
     try {
-      await this.#floor.enter(line, op, text, base);
+      await this.#floor.enter(line, op, text, op === 'set' ? base : '');
       confirmation();
     } catch {
       alarm();

@@ -39,6 +39,7 @@ export class Floor extends EventTarget {
   #sender;
   #listener;
   #noticeOf = new Map();
+  #closedCodes = new Set();
 
   constructor(store, code, device) {
     super();
@@ -50,6 +51,11 @@ export class Floor extends EventTarget {
 
   get code() {
     return this.#code;
+  }
+
+  /** Whether the desk has said that it does not know a code, or knows it no more. */
+  isClosed(code) {
+    return this.#closedCodes.has(code);
   }
 
   get name() {
@@ -65,15 +71,18 @@ export class Floor extends EventTarget {
   async begin() {
     await this.readKept();
     const kept = this.#code && await this.#store.keptLines(this.#code);
-    if (kept && !this.areLinesKnown) {
-      this.count = kept.count;
-      this.place = kept.store;
-      this.#takeLines(JSON.parse(kept.text));
-    }
+    if (kept && !this.areLinesKnown) this.#takeKept(kept);
     if (!this.#code) return;
     if (this.queue.length > 0) this.#listener.mark();
     this.#sender.run();
     this.#listener.run();
+  }
+
+  #takeKept({ count, store, text, figures }) {
+    this.count = count;
+    this.place = store;
+    this.#takeLines(JSON.parse(text));
+    this.#setFigures(figures.map(({ barcode, ordinal, figure }) => [barcode, ordinal, figure]), 0);
   }
 
   /** Tries at once what waits for its next time. */
@@ -128,6 +137,8 @@ export class Floor extends EventTarget {
     if ('inFlight' in news) this.inFlight = news.inFlight;
     if (news.away) this.reach = 'away';
     if (news.unanswered) this.#listener.mark();
+    if (news.closed) this.#closedCodes.add(news.closed);
+    if ('open' in news) this.#closedCodes.delete(news.code ?? this.#code);
     if (news.closed === this.#code) this.#setClosed(true);
     if ('open' in news && (news.code ?? this.#code) === this.#code) this.#reached(news.open ?? this.open);
     if (news.hello) this.#greeted(news.hello);
@@ -168,8 +179,14 @@ export class Floor extends EventTarget {
   }
 
   #cellsCame(cells, revision) {
-    for (const [barcode, ordinal, figure] of cells) this.lines.setFigure(barcode, ordinal, figure, revision);
     if (cells.length === 0) return;
+    this.#setFigures(cells, revision);
+    this.#store.keepFigures(cells.map(([barcode, ordinal, figure]) => (
+        { code: this.#code, barcode, ordinal, figure, rev: revision }))).catch(() => {});  // as the lines
+  }
+
+  #setFigures(cells, revision) {
+    for (const [barcode, ordinal, figure] of cells) this.lines.setFigure(barcode, ordinal, figure, revision);
     this.lines.countAnew();
     this.#changed('figures');
   }

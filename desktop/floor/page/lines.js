@@ -112,6 +112,10 @@ export class Lines {
     return this.#byBarcode.has(fold(text.trim()));
   }
 
+  isCode(text) {
+    return this.#byCode.has(fold(text.trim()));
+  }
+
   /** Lines that have each word somewhere in name, code or barcode, and that `isWanted`. */
   search(text, isWanted = () => true) {
     const words = fold(text).split(/\s+/).filter((word) => word !== '');

@@ -3,7 +3,7 @@
 import { CameraView } from './camera-view.js';
 import { Card } from './card.js';
 import { Floor, takeCode } from './floor.js';
-import { isolated, isolatedNumber } from './fold.js';
+import { isolated, isolatedNumber, latinDigits } from './fold.js';
 import { QueueView } from './queue-view.js';
 import { countName, fillLine, fillNotice, makeRow } from './rows.js';
 import { ScanField } from './scan-field.js';
@@ -13,6 +13,8 @@ import { Store } from './store.js';
 import { VirtualList } from './virtual-list.js';
 
 const shortestBarcode = 3;
+
+const isNumber = (text) => /^\d+$/.test(latinDigits(text));
 
 const by = (id) => document.getElementById(id);
 
@@ -205,6 +207,7 @@ class Page {
       this.#choose(this.#current);
     } else {
       this.#scan(readings);
+      if (!this.#card.isOpen) this.#field.focus();
     }
   }
 
@@ -218,11 +221,20 @@ class Page {
     const { lines } = this.#floor;
     const scanned = readings.map((text) => lines.scanned(text)).find((found) => found.length > 0);
     const found = scanned ?? lines.search(readings[0]);
-    if (found.length === 1) {
+    if (!scanned && found.length > 0 && isNumber(readings[0])) {
+      this.#onlyPartFound();
+    } else if (found.length === 1) {
       this.#openFound(found[0]);
     } else if (found.length === 0) {
       this.#nothingFound(readings);
     }
+  }
+
+  /** Lines that have the number within their barcode or code: which one is meant is the counter's to say. */
+  #onlyPartFound() {
+    alarm();
+    this.#say('کالایی درست با این بارکد نیست؛ از فهرست برگزینید.');
+    this.#typed();
   }
 
   #openFound(line) {

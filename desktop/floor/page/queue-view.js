@@ -2,7 +2,7 @@
 
 import { VirtualList } from './virtual-list.js';
 import { fillQueued, makeRow } from './rows.js';
-import { queueText, strangersOf } from './state.js';
+import { movableOf, queueText, strangersOf } from './state.js';
 
 export class QueueView {
   #box;
@@ -24,7 +24,7 @@ export class QueueView {
     close.textContent = 'بستن';
     close.addEventListener('click', onClosed);
     this.#move.textContent = 'فرستادن به این شمارش';
-    this.#move.addEventListener('click', () => floor.moveHere(strangersOf(floor)));
+    this.#move.addEventListener('click', () => floor.moveHere(movableOf(floor)));
     this.#forget.addEventListener('click', () => this.#forgetThem());
     for (const button of [close, this.#move, this.#forget]) button.type = 'button';
     top.append(this.#text, close, this.#move, this.#forget);
@@ -43,7 +43,7 @@ export class QueueView {
     }
     const areStrangers = strangersOf(this.#floor).length > 0;
     this.#text.textContent = queueText(this.#floor);
-    this.#move.hidden = !areStrangers || this.#floor.closed;
+    this.#move.hidden = movableOf(this.#floor).length === 0;
     this.#forget.hidden = !areStrangers;
     this.#forget.textContent = this.#isSure ? 'بله، از گوشی پاک شود' : 'پاک کردن از گوشی';
     this.#list.setLength(this.#floor.queue.length);

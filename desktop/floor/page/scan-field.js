@@ -42,8 +42,10 @@ export class ScanField {
     this.#placed = '';
   }
 
+  /** What is in the field stays readable, and the next key replaces it. */
   focus() {
     this.#input.focus();
+    this.#input.select();
   }
 
   /** The text, and what a scanner meant that types on a keyboard of other letters. */
@@ -56,9 +58,13 @@ export class ScanField {
 
   #note(event) {
     if (event.ctrlKey || event.altKey || event.metaKey) return;
-    const { value, selectionStart } = this.#input;
-    const isAtEnd = selectionStart === value.length && this.#placed.length === value.length;
-    if (event.key.length === 1 && isAtEnd) {
+    const isErasing = event.key === 'Backspace' || event.key === 'Delete';
+    if (event.key.length !== 1 && !isErasing) return;
+    const { value, selectionStart, selectionEnd } = this.#input;
+    const isReplacing = selectionStart === 0 && selectionEnd === value.length;
+    if (isReplacing) this.#placed = '';
+    const isAtEnd = isReplacing || (selectionStart === value.length && this.#placed.length === value.length);
+    if (!isErasing && isAtEnd) {
       this.#placed += characterByPlace(event) || event.key;
     } else if (event.key === 'Backspace' && isAtEnd) {
       this.#placed = this.#placed.slice(0, -1);
@@ -70,7 +76,7 @@ export class ScanField {
     if (event.ctrlKey || event.altKey || event.metaKey || event.key.length !== 1) return;
     if (event.target.closest('input, form')) return;
     if (event.key === ' ' && event.target.closest('button')) return;
-    this.#input.focus();
+    this.focus();
     this.#note(event);
   }
 }

@@ -31,6 +31,13 @@ function noticeOf(item, answer) {
            message: answer.message ?? '', by: answer.by ?? '', time: Date.now() };
 }
 
+/** What the desk has after an answer, for the time without network. */
+function figureOf(item, answer, rev) {
+  if (answer.text === undefined || answer.state === 'gone') return undefined;
+  const { code, barcode, ordinal } = item;
+  return { code, barcode, ordinal, figure: answer.text, rev };
+}
+
 export class Sender {
   #store;
   #device;
@@ -106,7 +113,8 @@ export class Sender {
       const answer = bySeq.get(item.seq);
       if (answer && answer.state !== 'paused') answered.push({ item, answer });
     }
-    await this.#store.settle(answered.map(({ item, answer }) => ({ seq: item.seq, notice: noticeOf(item, answer) })));
+    await this.#store.settle(answered.map(({ item, answer }) => (
+        { seq: item.seq, notice: noticeOf(item, answer), figure: figureOf(item, answer, rev) })));
     this.#report({ answered, code, open, rev });
     return answered.length > 0;
   }

@@ -32,7 +32,12 @@ export function queueText(floor) {
   return `این ${kept} رقم در راه میز است.`;
 }
 
-/** Figures that were entered under another code. */
+/** Figures that were entered under another code, which the desk has closed. */
 export function strangersOf(floor) {
-  return floor.queue.filter(({ code }) => code !== floor.code);
+  return floor.queue.filter(({ code }) => code !== floor.code && floor.isClosed(code));
+}
+
+/** Those of them that are of the same count, and may be sent as figures of this code. */
+export function movableOf(floor) {
+  return floor.closed ? [] : strangersOf(floor).filter(({ count }) => count === floor.count);
 }

@@ -1,5 +1,5 @@
 // What the browser keeps: the id of the device, figures until the desk has answered, its answers until the counter
-// has read them, and the lines for the time without network.
+// has read them, and the lines and their figures for the time without network.
 //
 // The id is in the database with the sequence numbers, not in localStorage: a browser that erases one erases the
 // other, so that a number never comes from the same device a second time. Numbers are those of an autoIncrement
@@ -22,6 +22,18 @@ function result(request) {
   });
 }
 
+/** The keys of all figures of a code. */
+function allOf(code) {
+  return IDBKeyRange.bound([code], [code, []]);
+}
+
+/** Keeps a figure unless a later one is kept: answers overtake each other. */
+function keepFigure(figures, figure) {
+  figures.get([figure.code, figure.barcode, figure.ordinal]).onsuccess = ({ target }) => {
+    if (!(target.result?.rev > figure.rev)) figures.put(figure);
+  };
+}
+
 function randomID() {
   const bytes = crypto.getRandomValues(new Uint8Array(16));
   return btoa(String.fromCharCode(...bytes)).replace(/\+/g, '-').replace(/\//g, '_').replace(/=/g, '');
@@ -33,9 +45,11 @@ export class Store {
 
   /** Throws when the browser keeps nothing, as some do in private windows. */
   static async open(onOtherTab) {
-    const request = indexedDB.open(name, 1);
-    request.onupgradeneeded = () => {
+    const request = indexedDB.open(name, 2);
+    request.onupgradeneeded = ({ oldVersion }) => {
       const database = request.result;
+      database.createObjectStore('figures', { keyPath: ['code', 'barcode', 'ordinal'] });
+      if (oldVersion === 1) return;
       database.createObjectStore('queue', { keyPath: 'seq', autoIncrement: true });
       database.createObjectStore('notices', { keyPath: ['code', 'barcode', 'ordinal'] });
       database.createObjectStore('unknown', { keyPath: ['code', 'barcode'] });
@@ -73,22 +87,26 @@ export class Store {
 
   /**
    * Keeps a figure; when this has returned, it survives whatever happens to the page. An earlier answer for the line
-   * has been read then. Returns the figure with its number.
+   * has been read then, unless the figure is added to what it says. Returns the figure with its number.
    */
   async enter(item) {
     const [transaction, queue, notices] = this.#write('queue', 'notices');
     const kept = { ...item };
     queue.add(kept).onsuccess = (event) => { kept.seq = event.target.result; };
-    notices.delete([item.code, item.barcode, item.ordinal]);
+    if (item.op === 'set') notices.delete([item.code, item.barcode, item.ordinal]);
     await finished(transaction);
     this.#tabs?.postMessage('entered');
     return kept;
   }
 
-  /** Forgets figures that the desk has answered, and keeps notices for them. What another tab settled stays so. */
+  /**
+   * Forgets figures that the desk has answered, and keeps notices for them and what the desk has now. What another tab
+   * settled stays so.
+   */
   async settle(answered) {
-    const [transaction, queue, notices] = this.#write('queue', 'notices');
-    for (const { seq, notice } of answered) {
+    const [transaction, queue, notices, figures] = this.#write('queue', 'notices', 'figures');
+    for (const { seq, notice, figure } of answered) {
+      if (figure) keepFigure(figures, figure);
       queue.get(seq).onsuccess = (event) => {
         if (!event.target.result) return;
         queue.delete(seq);
@@ -133,17 +151,32 @@ export class Store {
     await finished(transaction);
   }
 
+  /** The lines of a code, with the figures that are later than they; undefined when there are none. */
   async keptLines(code) {
-    return result(this.#database.transaction('lines').objectStore('lines').get(code));
+    const transaction = this.#database.transaction(['lines', 'figures']);
+    const [lines, figures] = await Promise.all([result(transaction.objectStore('lines').get(code)),
+                                                result(transaction.objectStore('figures').getAll(allOf(code)))]);
+    return lines && { ...lines, figures };
   }
 
+  async keepFigures(kept) {
+    const [transaction, figures] = this.#write('figures');
+    for (const figure of kept) keepFigure(figures, figure);
+    await finished(transaction);
+  }
+
+  /** The lines have their figures with them. */
   async keepLines(kept) {
-    const [transaction, lines] = this.#write('lines');
+    const [transaction, lines, figures] = this.#write('lines', 'figures');
     lines.put({ ...kept, time: Date.now() });
+    figures.delete(allOf(kept.code));
     lines.openCursor().onsuccess = (event) => {
       const cursor = event.target.result;
       if (!cursor) return;
-      if (cursor.value.time < Date.now() - daysOfLines * 86400000) cursor.delete();
+      if (cursor.value.time < Date.now() - daysOfLines * 86400000) {
+        cursor.delete();
+        figures.delete(allOf(cursor.value.code));
+      }
       cursor.continue();
     };
     await finished(transaction);

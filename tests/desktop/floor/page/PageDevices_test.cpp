@@ -113,5 +113,77 @@ TEST_F(PageDevices, Two_tabs_of_a_device_may_make_two_counts) {
   WaitForDesk(kTea, QStringLiteral("22"), 2);
 }
 
+TEST_F(PageDevices, Figures_of_another_count_that_is_open_are_neither_moved_nor_erased) {
+  Browser browser;
+  OpenPage(browser, 1);
+  Block(browser, {QStringLiteral("*/a/*")});
+  test::Count(browser, kTea, QStringLiteral("5"));
+  browser.Open(QStringLiteral("about:blank"));
+  browser.Open(Url(2));
+  WaitForState(browser, Text("1 در گوشی مانده"));
+  browser.Click(QStringLiteral("#state"));
+  WaitForText(browser, QStringLiteral("#queue"),
+              Text("میز پیدا نیست. این 1 رقم در گوشی می‌ماند"));
+  EXPECT_FALSE(ShowsButton(browser, Text("فرستادن به این شمارش")));
+  EXPECT_FALSE(ShowsButton(browser, Text("پاک کردن از گوشی")));
+  Block(browser, {});
+  WaitForDesk(kTea, QStringLiteral("5"), 1);
+  WaitForState(browser, kAllArrived);
+  EXPECT_EQ(AtDesk(kTea, 2), QString());
+}
+
+TEST_F(PageDevices, Figures_of_another_count_that_is_closed_are_not_moved_into_this_one) {
+  Browser browser;
+  OpenPage(browser, 1);
+  browser.SetOffline(true);
+  test::Count(browser, kTea, QStringLiteral("5"));
+  session_->RenewCode(1);
+  browser.SetOffline(false);
+  browser.Open(QStringLiteral("about:blank"));
+  browser.Open(Url(2));
+  WaitForText(browser, QStringLiteral("#state"), QStringLiteral("1"));
+  browser.Click(QStringLiteral("#state"));
+  WaitForText(browser, QStringLiteral("#queue"), Text("1 رقم از شمارشی است که بسته شده"));
+  EXPECT_FALSE(ShowsButton(browser, Text("فرستادن به این شمارش")));
+  EXPECT_TRUE(ShowsButton(browser, Text("پاک کردن از گوشی")));
+}
+
+TEST_F(PageDevices, A_figure_that_changes_while_the_counter_types_is_a_question) {
+  Browser one;
+  Browser other;
+  OpenPage(one, 1, Text("رضا"));
+  OpenPage(other, 1, Text("حسن"));
+  Scan(one, kTea);
+  one.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  one.Keys(QStringLiteral("7"));
+  test::Count(other, kTea, QStringLiteral("78"));
+  WaitForText(one, QStringLiteral("#card .own"), QStringLiteral("78"));
+  one.Keys(QStringLiteral("\n"));
+  one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '1'"));
+  EXPECT_EQ(AtDesk(kTea), QStringLiteral("78")) << "the first figure holds";
+}
+
+TEST_F(PageDevices, The_own_figure_is_set_against_the_figure_that_the_question_shows) {
+  Browser one;
+  Browser other;
+  MakeConflict(one, other);
+  test::Count(other, kTea, QStringLiteral("79"));
+  WaitForText(one, QStringLiteral("#card .own"), QStringLiteral("79"));
+  ClickButton(one, Text("70 ثبت شود"));
+  WaitForText(one, QStringLiteral("#list"), Text("رقم حسن: 79"));
+  EXPECT_EQ(AtDesk(kTea), QStringLiteral("79"));
+}
+
+TEST_F(PageDevices, Adding_leaves_a_question_that_is_not_answered) {
+  Browser one;
+  Browser other;
+  MakeConflict(one, other);
+  one.Keys(QStringLiteral("2"));
+  ClickButton(one, Text("افزودن"));
+  WaitForDesk(kTea, QStringLiteral("80"));
+  WaitForState(one, kAllArrived);
+  EXPECT_EQ(one.Text(QStringLiteral("#notices-number")), QStringLiteral("1"));
+}
+
 }  // namespace
 }  // namespace koru::test

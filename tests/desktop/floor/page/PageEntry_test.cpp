@@ -233,5 +233,63 @@ TEST_F(PageEntry, The_data_that_is_sent_has_neither_stock_nor_another_count) {
   EXPECT_FALSE(wire.contains(QStringLiteral("4444"))) << "the book stock";
 }
 
+TEST_F(PageEntry, A_scan_after_a_search_replaces_what_was_searched_for) {
+  OpenPage(browser_);
+  browser_.Keys(Text("چای"));
+  WaitForText(browser_, QStringLiteral("#progress-text"), Text("1 کالا"));
+  browser_.Click(QStringLiteral("#list .row"));
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+  browser_.Keys(QStringLiteral("5\n"));
+  browser_.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
+  Scan(browser_, kCheese);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+}
+
+TEST_F(PageEntry, A_scan_after_a_search_that_Enter_ended_replaces_it_on_a_keyboard_of_other_letters_too) {
+  OpenPage(browser_);
+  browser_.Keys(Text("هیچ کالایی\n"));
+  WaitForText(browser_, QStringLiteral("#empty"), Text("کالایی پیدا نشد"));
+  const std::pair<const char*, const char*> keys[] = {{"م", "KeyL"},  {"ث", "KeyE"},   {"ی", "KeyD"},
+                                                      {"-", "Minus"}, {"۶", "Digit6"}, {"۰", "Digit0"},
+                                                      {"-", "Minus"}, {"ص", "KeyW"}};
+  for (const auto& [character, place] : keys) PressPlaced(character, place);
+  browser_.Press(BrowserKey::Enter);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kLamp.name));
+}
+
+TEST_F(PageEntry, A_scanned_barcode_of_8_digits_is_no_figure_before_the_counter_says_so) {
+  OpenPage(browser_);
+  Scan(browser_, kTea);
+  browser_.Keys(QStringLiteral("12345670\n"));
+  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار است یا بارکد"));
+  EXPECT_EQ(AtDesk(kTea), QString());
+  ClickButton(browser_, Text("مقدار است"));
+  WaitForDesk(kTea, QStringLiteral("12345670"));
+}
+
+TEST_F(PageEntry, A_short_barcode_and_a_code_of_another_line_are_no_figures_before_the_counter_says_so) {
+  AddGood({"4711", "108", "نمک"});
+  AddGood({"6260100000079", "200300", "برنج"});
+  OpenPage(browser_);
+  for (const char* scanned : {"4711", "200300"}) {
+    Scan(browser_, kTea);
+    browser_.Keys(Text(scanned) + QLatin1Char('\n'));
+    WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار است یا بارکد"));
+    ClickButton(browser_, Text("بستن"));
+  }
+  test::Count(browser_, kTea, QStringLiteral("102"));
+  WaitForDesk(kTea, QStringLiteral("102"));
+}
+
+TEST_F(PageEntry, A_part_of_a_barcode_opens_no_line_by_itself) {
+  OpenPage(browser_);
+  browser_.Keys(QStringLiteral("0000024\n"));
+  WaitForText(browser_, QStringLiteral("#banner"), Text("کالایی درست با این بارکد نیست؛ از فهرست برگزینید."));
+  EXPECT_FALSE(browser_.Shows(QStringLiteral("#card")));
+  WaitForText(browser_, QStringLiteral("#list"), Text(kCheese.name));
+  Scan(browser_, kTea);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+}
+
 }  // namespace
 }  // namespace koru::test

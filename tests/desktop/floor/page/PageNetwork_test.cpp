@@ -207,17 +207,18 @@ TEST_F(PageNetwork, A_page_that_does_not_reach_the_desk_shows_the_lines_that_it_
   test::Count(browser, kTea, QStringLiteral("1"));
   WaitForDesk(kTea, QStringLiteral("1"));
   WaitForState(browser, kAllArrived);
-  const auto block = [&](const QJsonArray& urls) {
-    browser.Command(QStringLiteral("Network.setBlockedURLs"), {{"urls", urls}});
-  };
-  browser.Command(QStringLiteral("Network.enable"));
-  block({QStringLiteral("*/a/*")});
+  Type(2, LineColumn::FirstCounting, "11");
+  browser.WaitFor(QStringLiteral("document.getElementById('list').textContent.includes('11')"));
+  Block(browser, {QStringLiteral("*/a/*")});
   browser.Reload();
   WaitForState(browser, Text("میز پیدا نیست"));
   WaitForText(browser, QStringLiteral("#list"), Text(kTea.name));
+  EXPECT_EQ(ShownFigure(browser, kTea), QStringLiteral("1")) << "what the desk has answered";
+  EXPECT_EQ(ShownFigure(browser, kCheese), QStringLiteral("11")) << "what the desk has changed";
+  WaitForText(browser, QStringLiteral("#progress-text"), Text("2 از 7"));
   test::Count(browser, kCheese, QStringLiteral("2"));
   WaitForState(browser, Left(1));
-  block({});
+  Block(browser, {});
   WaitForDesk(kCheese, QStringLiteral("2"));
   WaitForState(browser, kAllArrived);
 }

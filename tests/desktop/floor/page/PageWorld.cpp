@@ -13,6 +13,17 @@ std::string Quoted(std::string text) {
   return "'" + text + "'";
 }
 
+/// The statements that put a good into the counting as a line.
+std::string Insertion(const PageGood& good, int row) {
+  return "insert into tblGood (Barcode,Code,Name) values (" + Quoted(good.barcode) + "," + Quoted(good.code) +
+         "," + Quoted(good.name) +
+         ");"
+         "insert into tblInventoryCountingDetail "
+         "(CountingID,Barcode,RowNumber,ScaleID,SystemCounting,BaseValue)"
+         " values (20," +
+         Quoted(good.barcode) + "," + std::to_string(row) + ",1,4444,3);";
+}
+
 QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
 
 /// What a script sees as a text.
@@ -26,17 +37,14 @@ QString Literal(const QString& text) {
 
 PageWorld::PageWorld() {
   std::string goods = "delete from tblInventoryCountingDetail where CountingID=20;";
-  int row = 0;
-  for (const PageGood& good : kGoods) {
-    goods += "insert into tblGood (Barcode,Code,Name) values (" + Quoted(good.barcode) + "," +
-             Quoted(good.code) + "," + Quoted(good.name) + ");";
-    goods +=
-        "insert into tblInventoryCountingDetail "
-        "(CountingID,Barcode,RowNumber,ScaleID,SystemCounting,BaseValue)"
-        " values (20," +
-        Quoted(good.barcode) + "," + std::to_string(++row) + ",1,4444,3);";
-  }
+  for (const PageGood& good : kGoods) goods += Insertion(good, ++rows_);
   database.Execute(goods);
+  RestartDesk();
+}
+
+void PageWorld::AddGood(const PageGood& good) {
+  database.Execute(Insertion(good, ++rows_));
+  port_ = 0;  // no page has been opened, and another program may have the port by now
   RestartDesk();
 }
 
@@ -128,6 +136,19 @@ void ClickButton(Browser& browser, const QString& text) {
       QStringLiteral("[...document.querySelectorAll('button')].find(button => button.offsetParent && "
                      "button.textContent.replace(/[\\u2066-\\u2069]/g, '') === arguments[0]).click()"),
       {text});
+}
+
+bool ShowsButton(Browser& browser, const QString& text) {
+  return browser
+      .Run(QStringLiteral("return [...document.querySelectorAll('button')].some(button => "
+                          "button.offsetParent && button.textContent === arguments[0])"),
+           {text})
+      .toBool();
+}
+
+void Block(Browser& browser, const QJsonArray& patterns) {
+  browser.Command(QStringLiteral("Network.enable"));
+  browser.Command(QStringLiteral("Network.setBlockedURLs"), {{"urls", patterns}});
 }
 
 QString ShownFigure(Browser& browser, const PageGood& good) {

@@ -37,6 +37,8 @@ class PageWorld : public FloorWorld {
  protected:
   PageWorld();
 
+  /// Puts a further good into the counting.
+  void AddGood(const PageGood& good);
   /// Puts a number of further goods into the counting, with barcodes that count from 7000000000001.
   void AddGoods(int number);
   /// Begins to serve; the desk keeps its port when it begins again.
@@ -54,6 +56,7 @@ class PageWorld : public FloorWorld {
 
   QTemporaryDir folder_;
   std::uint16_t port_ = 0;
+  int rows_ = 0;
   std::unique_ptr<FloorServer> server_;
 };
 
@@ -66,6 +69,10 @@ void WaitForState(Browser& browser, const QString& text);
 void WaitForText(Browser& browser, const QString& selector, const QString& part);
 /// Clicks the visible button that has a text.
 void ClickButton(Browser& browser, const QString& text);
+/// Whether a visible button has a text.
+[[nodiscard]] bool ShowsButton(Browser& browser, const QString& text);
+/// Keeps the current tab from loading what matches the patterns, instead of what it was kept from before.
+void Block(Browser& browser, const QJsonArray& patterns);
 /// The figure that the list shows for a good; empty where the list does not show it.
 [[nodiscard]] QString ShownFigure(Browser& browser, const PageGood& good);
 
