@@ -6,20 +6,23 @@ export class CameraView {
   #box;
   #video;
   #onCode;
+  #onFailed;
   #control = null;
   #isWanted = false;
   #last = ''; // the barcode whose card is in front, and which may still be before the camera afterwards
 
-  constructor({ box, video, open, close }, onCode) {
+  /** `onCode` gets each barcode; `onFailed` is called when the camera does not open. */
+  constructor({ box, video, open, close }, { onCode, onFailed }) {
     this.#box = box;
     this.#video = video;
     this.#onCode = onCode;
+    this.#onFailed = onFailed;
     open.addEventListener('click', () => {
       this.pause();
       this.#last = '';
       this.#start();
     });
-    close.addEventListener('click', () => this.#stop());
+    close.addEventListener('click', () => this.stop());
     canScan().then((can) => { open.hidden = !can; });
   }
 
@@ -46,11 +49,14 @@ export class CameraView {
       this.#onCode(code);
     };
     scan(this.#video, take, signal, this.#last).catch(() => {
-      if (!signal.aborted) this.#stop();
+      if (signal.aborted) return;
+      this.stop();
+      this.#onFailed();
     });
   }
 
-  #stop() {
+  /** Closes it, whether it is in front or a card is. */
+  stop() {
     this.#isWanted = false;
     this.pause();
   }

@@ -8,6 +8,7 @@ import { alarm, confirmation } from './signals.js';
 const maxDigits = 7;
 const shortestBarcode = 4;
 const shortestCode = 6;
+const shortestAfterFigure = 8;
 
 function make(name, { text, className, dir, type, id } = {}, ...children) {
   const made = document.createElement(name);
@@ -83,11 +84,35 @@ export class Card {
   /** Opens the card of an answer whose line the counting has no more. */
   openGone(notice) {
     this.#key = null;
-    const text = make('div', { className: 'notice bad' }, make('p', { text: 'این کالا دیگر در شمارش نیست' }),
-                      make('p', { text: `رقم شما: ${figureOrNone(notice.mine)}` }));
-    text.append(make('div', { className: 'choices' }, button('باشد', () => this.#dismiss(notice))));
-    this.#box.replaceChildren(this.#top(notice.name), text, this.#details({ barcode: notice.barcode }));
+    this.#showGone(notice, button('باشد', () => this.#dismiss(notice)));
     this.#box.hidden = false;
+  }
+
+  #showGone({ name, barcode, mine }, read) {
+    const text = make('div', { className: 'notice bad' }, make('p', { text: 'این کالا دیگر در شمارش نیست' }));
+    if (mine !== undefined) text.append(make('p', { text: `رقم شما: ${figureOrNone(mine)}` }));
+    text.append(make('div', { className: 'choices' }, read));
+    this.#box.replaceChildren(this.#top(name), text, this.#details({ barcode }));
+  }
+
+  /** Calls `then` at once, or after the counter has said what becomes of the typed figure. */
+  leave(then) {
+    const typed = this.#key ? this.#input.value.trim() : '';
+    if (typed === '') {
+      then();
+      return;
+    }
+    alarm();
+    const enter = button('ثبت شود', () => {
+      this.#take('set');
+      if (!this.isOpen) then();
+    });
+    const forget = button('ثبت نشود', () => {
+      this.#input.value = '';
+      then();
+    });
+    this.#ask([`مقدار ${isolated(typed)} هنوز ثبت نشده است.`], enter, forget);
+    enter.focus();
   }
 
   close() {
@@ -110,7 +135,9 @@ export class Card {
     this.#input.enterKeyHint = 'done';
     this.#input.setAttribute('aria-label', 'مقدار');
     this.#input.addEventListener('keydown', (event) => {
-      if (event.key !== 'Enter' || event.isComposing) return;
+      if (event.isComposing) return;
+      const isTab = event.key === 'Tab' && this.#isOfLine(this.#input.value);  // of a scanner
+      if (event.key !== 'Enter' && !isTab) return;
       event.preventDefault();
       this.#take('set');
     });
@@ -131,7 +158,7 @@ export class Card {
     const { barcode, ordinal } = this.#key;
     const line = this.#floor.lines.lineOf(barcode, ordinal);
     if (line === undefined) {
-      this.close();
+      this.#lineGone();
       return;
     }
     const { figure, isPending } = this.#floor.lines.at(line);
@@ -143,6 +170,16 @@ export class Card {
                               make('strong', { text: figureOrNone(figure) }), make('span', { text: state }));
     this.#remove.hidden = figure === '';
     this.#drawNotice(this.#floor.noticeOf(barcode, ordinal));
+  }
+
+  #lineGone() {
+    const { name, barcode } = this.#key;
+    const typed = this.#input.value.trim();
+    this.#key = null;
+    alarm();
+    const read = button('باشد', () => this.close());
+    this.#showGone({ name, barcode, mine: typed || undefined }, read);
+    read.focus();
   }
 
   /** The counter types or is asked: what was shown before is what the figure is set against. */
@@ -183,6 +220,7 @@ export class Card {
       this.#ask(['مقدار را بنویسید. برای هیچ، 0 را بنویسید.']);
       return;
     }
+    if (this.#cutOff(typed.trim())) return;
     const digits = text === null ? 0 : text.replace(/\..*|\D/g, '').length;
     if (digits > maxDigits || this.#isOfLine(typed)) {
       this.#askForBarcode(op, text, typed.trim());
@@ -192,6 +230,19 @@ export class Card {
     } else {
       this.#enter(op, text);
     }
+  }
+
+  /** A figure with the next scan after it is two texts. Returns whether it was. */
+  #cutOff(typed) {
+    if (this.#isOfLine(typed)) return false;
+    for (let at = 1; at <= typed.length - shortestAfterFigure; ++at) {
+      const barcode = typed.slice(at);
+      if (!figureText(typed.slice(0, at)) || !this.#floor.lines.isBarcode(barcode)) continue;
+      this.#input.value = typed.slice(0, at);
+      this.leave(() => this.#onScanned(barcode));
+      return true;
+    }
+    return false;
   }
 
   #isOfLine(typed) {

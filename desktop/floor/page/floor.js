@@ -29,6 +29,8 @@ export class Floor extends EventTarget {
   /** Whether the desk takes figures now. */
   open = true;
   closed = false;
+  /** Whether the browser's storage fails, so that nothing is sent. */
+  isStuck = false;
   count = 0;
   place = '';
   /** Whether the lines are those of the desk or those kept from before. */
@@ -69,9 +71,13 @@ export class Floor extends EventTarget {
 
   /** Shows what is kept, then asks the desk. */
   async begin() {
-    await this.readKept();
-    const kept = this.#code && await this.#store.keptLines(this.#code);
-    if (kept && !this.areLinesKnown) this.#takeKept(kept);
+    try {
+      await this.readKept();
+      const kept = this.#code && await this.#store.keptLines(this.#code);
+      if (kept && !this.areLinesKnown) this.#takeKept(kept);
+    } catch {
+      // The sender needs the same storage, and reports what it does not do.
+    }
     if (!this.#code) return;
     if (this.queue.length > 0) this.#listener.mark();
     this.#sender.run();
@@ -106,8 +112,8 @@ export class Floor extends EventTarget {
   /** Enters a figure; when this has returned, it is kept. */
   async enter({ barcode, ordinal, name }, op, text, base) {
     const item = { code: this.#code, count: this.count, barcode, ordinal, name, op, text, base, time: Date.now() };
-    await this.#store.enter(item);
-    await this.readKept();
+    const kept = await this.#store.enter(item);
+    await this.readKept().catch(() => this.#setQueue([...this.queue, kept]));
     this.#sender.wake();
   }
 
@@ -135,6 +141,7 @@ export class Floor extends EventTarget {
 
   #hear(news) {
     if ('inFlight' in news) this.inFlight = news.inFlight;
+    if ('stuck' in news) this.isStuck = news.stuck;
     if (news.away) this.reach = 'away';
     if (news.unanswered) this.#listener.mark();
     if (news.closed) this.#closedCodes.add(news.closed);
@@ -206,7 +213,7 @@ export class Floor extends EventTarget {
     this.#listener.rewind();
     const settled = new Set(answered.map(({ item }) => item.seq));
     this.#setQueue(this.queue.filter(({ seq }) => !settled.has(seq)));
-    this.readKept().then(() => {
+    this.readKept().catch(() => {}).then(() => {
       const asked = answered.filter(({ item, answer }) => item.code === this.#code && answer.state !== 'stored');
       if (asked.length > 0) this.dispatchEvent(new CustomEvent('asked', { detail: asked }));
     });

@@ -99,17 +99,18 @@ export class Lines {
     return figure;
   }
 
-  /** Lines of a scanned barcode; of a code when no barcode is the same. */
+  /** Lines of a scanned barcode; of a code when no barcode is the same; of the barcode in its other form. */
   scanned(text) {
     const folded = fold(text.trim());
-    const found = this.#byBarcode.get(folded) ?? this.#byCode.get(folded) ?? [];
+    const found = this.#byBarcode.get(folded) ?? this.#byCode.get(folded) ?? this.#byBarcode.get(otherForm(folded)) ?? [];
     const exact = found.filter((line) => this.#rows[line][barcodeAt] === text.trim());
     return exact.length > 0 ? exact : found;
   }
 
   /** Whether a barcode is the same, without the codes. */
   isBarcode(text) {
-    return this.#byBarcode.has(fold(text.trim()));
+    const folded = fold(text.trim());
+    return this.#byBarcode.has(folded) || this.#byBarcode.has(otherForm(folded));
   }
 
   isCode(text) {
@@ -138,6 +139,12 @@ export class Lines {
     this.#counted = 0;
     for (let line = 0; line < this.#rows.length; ++line) if (this.figure(line) !== '') ++this.#counted;
   }
+}
+
+/** UPC-A has 12 digits for most scanners, and 13 with a leading 0 for cameras. */
+function otherForm(barcode) {
+  if (/^0\d{12}$/.test(barcode)) return barcode.slice(1);
+  return /^\d{12}$/.test(barcode) ? `0${barcode}` : undefined;
 }
 
 function addTo(map, key, value) {

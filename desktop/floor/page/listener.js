@@ -1,6 +1,6 @@
 // Reads the lines, and hears from the desk what changes.
 
-import { Closed, call } from './desk.js';
+import { Closed, Late, call } from './desk.js';
 import { Wake } from './wake.js';
 
 const pauses = [300, 700, 1500, 3000];
@@ -64,7 +64,8 @@ export class Listener {
         if (this.#control.signal.aborted) continue;
         this.#greeted = false;
         const isClosed = error instanceof Closed;
-        this.#report(isClosed ? { closed: this.#code } : { away: true });
+        if (isClosed) this.#report({ closed: this.#code });
+        else if (!(error instanceof Late)) this.#report({ away: true });
         await this.#wake.wait(isClosed ? pauseWhileClosed : pauses[Math.min(failures++, pauses.length - 1)]);
       }
     }

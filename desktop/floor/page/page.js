@@ -30,6 +30,7 @@ class Page {
   #current = -1;
   #heldScan = null;
   #wasClosed = false;
+  #unread = []; // what the counter must read
 
   constructor(floor) {
     this.#floor = floor;
@@ -41,7 +42,7 @@ class Page {
     this.#card = new Card(by('card'), floor, {
       onClosed: () => this.#cardClosed(),
       onScanned: (text) => this.#scan([text]),
-      onFailed: (line, text) => this.#say(
+      onFailed: (line, text) => this.#sayUntilRead(
           `رقم ${isolatedNumber(text)} برای ${isolated(line.name)} در گوشی نگه داشته نشد. جای خالی گوشی را ببینید.`),
     });
     this.#queueView = new QueueView(by('queue'), floor, () => this.#openTab('all'));
@@ -52,7 +53,8 @@ class Page {
     });
     this.#camera = new CameraView(
         { box: by('camera-view'), video: by('video'), open: by('camera'), close: by('camera-close') },
-        (code) => this.#scan([code]));
+        { onCode: (code) => this.#scan([code]),
+          onFailed: () => this.#say('دوربین باز نشد. اجازهٔ دوربین را در مرورگر ببینید.') });
     this.#listen();
   }
 
@@ -67,7 +69,10 @@ class Page {
       this.#field.focus();
     });
     by('unknown-close').addEventListener('click', () => this.#hideSayings());
-    by('banner').addEventListener('click', () => this.#hideSayings());
+    by('banner').addEventListener('click', () => {
+      this.#unread = [];
+      this.#hideSayings();
+    });
     this.#floor.addEventListener('lines', () => this.#linesCame());
     this.#floor.addEventListener('figures', () => this.#draw());
     this.#floor.addEventListener('state', () => this.#drawState());
@@ -77,14 +82,14 @@ class Page {
       const name = by('name').value.trim();
       if (!/\p{L}/u.test(name)) return;  // a scanned barcode is no name
       this.#floor.name = name;
-      by('naming').hidden = true;
+      this.#ask(false);
       this.#field.focus();
     });
   }
 
   begin() {
     const isNamed = this.#floor.name !== '' || this.#floor.code === '';
-    by('naming').hidden = isNamed;
+    this.#ask(!isNamed);
     if (isNamed) {
       this.#field.focus();
     } else {
@@ -93,13 +98,21 @@ class Page {
     this.#draw();
   }
 
+  /** Asks for the name, or is done with it: nothing else can be reached meanwhile. */
+  #ask(isAsking) {
+    for (const part of document.body.children) part.inert = isAsking && part !== by('naming');
+    by('naming').hidden = !isAsking;
+  }
+
   // The list.
 
   #openTab(tab) {
-    this.#tab = tab;
-    this.#card.close();
-    this.#list.scrollToTop();
-    this.#draw();
+    this.#card.leave(() => {
+      this.#tab = tab;
+      this.#card.close();
+      this.#list.scrollToTop();
+      this.#draw();
+    });
   }
 
   #typed() {
@@ -174,12 +187,18 @@ class Page {
   }
 
   #choose(at) {
-    if (this.#tab !== 'notices') {
-      this.#current = at;
-      this.#open(this.#shown[at]);
-      return;
-    }
-    const notice = this.#shown[at];
+    const chosen = this.#shown[at];
+    this.#card.leave(() => {
+      if (this.#tab === 'notices') {
+        this.#openNotice(chosen);
+      } else {
+        this.#current = at;
+        this.#open(chosen);
+      }
+    });
+  }
+
+  #openNotice(notice) {
     const line = this.#floor.lines.lineOf(notice.barcode, notice.ordinal);
     if (line === undefined) {
       this.#card.openGone(notice);
@@ -213,6 +232,10 @@ class Page {
 
   /** Finds the line of a scan from the lines themselves: the list on the screen may not be drawn yet. */
   #scan(readings) {
+    this.#card.leave(() => this.#find(readings));
+  }
+
+  #find(readings) {
     this.#hideSayings();
     if (!this.#floor.areLinesKnown) {
       this.#heldScan = readings;
@@ -221,20 +244,27 @@ class Page {
     const { lines } = this.#floor;
     const scanned = readings.map((text) => lines.scanned(text)).find((found) => found.length > 0);
     const found = scanned ?? lines.search(readings[0]);
-    if (!scanned && found.length > 0 && isNumber(readings[0])) {
-      this.#onlyPartFound();
-    } else if (found.length === 1) {
-      this.#openFound(found[0]);
-    } else if (found.length === 0) {
+    const isScan = scanned !== undefined || isNumber(readings[0]);
+    if (found.length === 0) {
       this.#nothingFound(readings);
+    } else if (found.length === 1 && (scanned || !isScan)) {
+      this.#openFound(found[0]);
+    } else {
+      if (isScan) this.#tab = 'all';
+      this.#severalFound(readings, isScan && !scanned);
     }
   }
 
-  /** Lines that have the number within their barcode or code: which one is meant is the counter's to say. */
-  #onlyPartFound() {
+  /** Lists what was found: which one is meant is the counter's to say. A part of a barcode may be another barcode. */
+  #severalFound([text], isPart) {
+    this.#camera.stop();
+    this.#card.close();
+    this.#field.take(text);
+    this.#typed();
+    this.#field.focus();
+    if (!isPart) return;
     alarm();
     this.#say('کالایی درست با این بارکد نیست؛ از فهرست برگزینید.');
-    this.#typed();
   }
 
   #openFound(line) {
@@ -260,12 +290,15 @@ class Page {
     by('unknown').hidden = false;
     by('unknown-text').textContent = `بارکد ${isolated(barcode)} در این شمارش نیست. به میز خبر داده می‌شود.`;
     this.#field.focus();
-    this.#floor.noteUnknown(barcode).catch(() => {});
+    this.#floor.noteUnknown(barcode).catch(() => this.#sayUntilRead(
+        `بارکد ${isolated(barcode)} در گوشی نگه داشته نشد. آن را به میز بگویید.`));
   }
 
+  /** Sayings end with the next scan, but what the counter must read stays. */
   #hideSayings() {
     by('unknown').hidden = true;
     by('banner').hidden = true;
+    if (this.#unread.length > 0) this.#say();
   }
 
   #open(line) {
@@ -294,7 +327,7 @@ class Page {
   #drawState() {
     const { text, className } = stateOf(this.#floor);
     const state = by('state');
-    if (state.textContent !== text) state.textContent = text;
+    if (state.textContent !== text) by('state-text').textContent = text;
     state.className = className;
     state.hidden = text === '';
     by('count').textContent = countName(this.#floor.count);
@@ -325,26 +358,26 @@ class Page {
     this.#say(`${isolated(item.name)}: ${isolated(what)}`, answer.state === 'refused');
   }
 
-  #say(text, isBad = true) {
+  #say(text = '', isBad = true) {
     const banner = by('banner');
     banner.hidden = false;
-    banner.className = isBad ? 'bad' : '';
-    banner.textContent = text;
+    banner.className = isBad || this.#unread.length > 0 ? 'bad' : '';
+    banner.textContent = [...this.#unread, text].filter((line) => line !== '').join('\n');
+  }
+
+  /** Says what stays until the counter presses it. */
+  #sayUntilRead(text) {
+    this.#unread.push(text);
+    this.#say();
   }
 }
 
 async function main() {
   const code = takeCode();
   let floor = null;
-  let store;
-  try {
-    store = await Store.open(() => floor?.readKept());
-  } catch {
-    by('empty').hidden = false;
-    by('empty').textContent = 'این مرورگر رقم‌ها را نگه نمی‌دارد. پنجرهٔ خصوصی را ببندید یا مرورگر دیگری را باز کنید.';
-    return;
-  }
+  const store = await Store.open(() => floor?.readKept().catch(() => {}));
   floor = new Floor(store, code, await store.device());
+  navigator.storage?.persist?.().catch(() => {});  // where the browser asks, the counter decides
   new Page(floor).begin();
   addEventListener('online', () => floor.retry());
   addEventListener('hashchange', () => {
@@ -357,4 +390,7 @@ async function main() {
   await floor.begin();
 }
 
-main();
+main().catch(() => {
+  by('empty').hidden = false;
+  by('empty').textContent = 'این مرورگر رقم‌ها را نگه نمی‌دارد. پنجرهٔ خصوصی را ببندید یا مرورگر دیگری را باز کنید.';
+});

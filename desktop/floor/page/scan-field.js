@@ -13,7 +13,7 @@ export class ScanField {
     this.#input = input;
     input.addEventListener('keydown', (event) => {
       if (event.isComposing) return;
-      if (event.key === 'Enter') {
+      if (event.key === 'Enter' || this.#isTabOfScanner(event)) {
         event.preventDefault();
         onEnter(this.readings());
       } else if (event.key === 'ArrowDown' || event.key === 'ArrowUp') {
@@ -48,12 +48,25 @@ export class ScanField {
     this.#input.select();
   }
 
+  /** Puts a text that came from elsewhere into the field. */
+  take(text) {
+    if (text !== this.text) this.#placed = '';
+    this.#input.value = text;
+  }
+
   /** The text, and what a scanner meant that types on a keyboard of other letters. */
   readings() {
     const { text } = this;
     const placed = this.#placed.trim();
     const isPlaced = !isLatin(text) && placed.length === text.length && placed !== text;
     return isPlaced ? [text, placed] : [text];
+  }
+
+  /** Some scanners end with Tab. Text that is selected has been looked for already. */
+  #isTabOfScanner(event) {
+    if (event.key !== 'Tab' || event.shiftKey) return false;
+    const { value, selectionStart, selectionEnd } = this.#input;
+    return value !== '' && selectionEnd - selectionStart !== value.length;
   }
 
   #note(event) {

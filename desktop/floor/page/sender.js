@@ -46,7 +46,7 @@ export class Sender {
 
   /**
    * `report` hears of all that happens: {inFlight}, {answered: [{item, answer}], open}, {away},
-   * {unanswered}, {closed: code}.
+   * {unanswered}, {closed: code}, {stuck: whether the browser's storage fails}.
    */
   constructor(store, device, report) {
     this.#store = store;
@@ -62,11 +62,23 @@ export class Sender {
   async run() {
     for (let failures = 0; ; ) {
       this.#wake.settle();
-      const outcome = await this.#sendAll();
+      const outcome = await this.#trySendAll();
       failures = outcome === 'waits' ? failures + 1 : 0;
       if (outcome === 'sent') await this.#wake.wait();
       if (outcome === 'closed') await this.#wake.wait(pauseWhileClosed);
       if (outcome === 'waits') await this.#wake.wait(pauses[Math.min(failures, pauses.length) - 1]);
+    }
+  }
+
+  /** What the browser's storage does not do now is tried again. */
+  async #trySendAll() {
+    try {
+      const outcome = await this.#sendAll();
+      this.#report({ stuck: false });
+      return outcome;
+    } catch {
+      this.#report({ stuck: true });
+      return 'waits';
     }
   }
 

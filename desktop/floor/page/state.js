@@ -5,6 +5,10 @@ export function stateOf(floor) {
   const kept = floor.queue.length;
   if (!floor.code) return { text: '', className: '' };
   if (floor.closed) return { text: 'این شمارش بسته است', className: 'bad' };
+  if (floor.isStuck) {
+    const left = kept > 0 ? `${kept} در گوشی مانده؛ ` : '';
+    return { text: `${left}صفحه را دوباره باز کنید`, className: 'bad' };
+  }
   if (floor.reach === 'away') {
     return { text: kept > 0 ? `${kept} در گوشی مانده` : 'میز پیدا نیست', className: 'waits' };
   }
@@ -23,6 +27,7 @@ export function queueText(floor) {
   if (floor.closed) {
     return `این شمارش بسته است. این ${kept} رقم به میز نرسیده است؛ آن‌ها را برای میز بخوانید.`;
   }
+  if (floor.isStuck) return `این ${kept} رقم در گوشی مانده است. صفحه را دوباره باز کنید.`;
   const strangers = strangersOf(floor).length;
   if (strangers > 0) return `${strangers} رقم از شمارشی است که بسته شده یا کد آن عوض شده است.`;
   if (floor.reach === 'away') {

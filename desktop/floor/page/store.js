@@ -39,31 +39,42 @@ function randomID() {
   return btoa(String.fromCharCode(...bytes)).replace(/\+/g, '-').replace(/\//g, '_').replace(/=/g, '');
 }
 
+/** `onLost` is called when the connection is closed: by the browser, or for a page of a later version. */
+async function connect(onLost) {
+  const request = indexedDB.open(name, 2);
+  request.onupgradeneeded = ({ oldVersion }) => {
+    const database = request.result;
+    database.createObjectStore('figures', { keyPath: ['code', 'barcode', 'ordinal'] });
+    if (oldVersion === 1) return;
+    database.createObjectStore('queue', { keyPath: 'seq', autoIncrement: true });
+    database.createObjectStore('notices', { keyPath: ['code', 'barcode', 'ordinal'] });
+    database.createObjectStore('unknown', { keyPath: ['code', 'barcode'] });
+    database.createObjectStore('lines', { keyPath: 'code' });
+    database.createObjectStore('meta');
+  };
+  const database = await result(request);
+  database.onclose = onLost;
+  database.onversionchange = () => {
+    database.close();
+    onLost();
+  };
+  return database;
+}
+
 export class Store {
-  #database;
+  #connection = null;
   #tabs = typeof BroadcastChannel === 'undefined' ? null : new BroadcastChannel(name);
 
   /** Throws when the browser keeps nothing, as some do in private windows. */
   static async open(onOtherTab) {
-    const request = indexedDB.open(name, 2);
-    request.onupgradeneeded = ({ oldVersion }) => {
-      const database = request.result;
-      database.createObjectStore('figures', { keyPath: ['code', 'barcode', 'ordinal'] });
-      if (oldVersion === 1) return;
-      database.createObjectStore('queue', { keyPath: 'seq', autoIncrement: true });
-      database.createObjectStore('notices', { keyPath: ['code', 'barcode', 'ordinal'] });
-      database.createObjectStore('unknown', { keyPath: ['code', 'barcode'] });
-      database.createObjectStore('lines', { keyPath: 'code' });
-      database.createObjectStore('meta');
-    };
     const store = new Store();
-    store.#database = await result(request);
+    await store.#connected();
     if (store.#tabs) store.#tabs.onmessage = onOtherTab;
     return store;
   }
 
   async device() {
-    const [transaction, meta] = this.#write('meta');
+    const [transaction, meta] = await this.#write('meta');
     let id = await result(meta.get('device'));
     if (!id) {
       id = randomID();
@@ -75,14 +86,14 @@ export class Store {
 
   /** The figures without an answer, in the order of entry, and what the desk has said, as of one moment. */
   async kept() {
-    const transaction = this.#database.transaction(['queue', 'notices']);
+    const transaction = await this.#begin(['queue', 'notices']);
     const [queue, notices] = await Promise.all(
         ['queue', 'notices'].map((store) => result(transaction.objectStore(store).getAll())));
     return { queue, notices };
   }
 
   async unknown() {
-    return result(this.#database.transaction('unknown').objectStore('unknown').getAll());
+    return result((await this.#begin('unknown')).objectStore('unknown').getAll());
   }
 
   /**
@@ -90,7 +101,7 @@ export class Store {
    * has been read then, unless the figure is added to what it says. Returns the figure with its number.
    */
   async enter(item) {
-    const [transaction, queue, notices] = this.#write('queue', 'notices');
+    const [transaction, queue, notices] = await this.#write('queue', 'notices');
     const kept = { ...item };
     queue.add(kept).onsuccess = (event) => { kept.seq = event.target.result; };
     if (item.op === 'set') notices.delete([item.code, item.barcode, item.ordinal]);
@@ -104,7 +115,7 @@ export class Store {
    * settled stays so.
    */
   async settle(answered) {
-    const [transaction, queue, notices, figures] = this.#write('queue', 'notices', 'figures');
+    const [transaction, queue, notices, figures] = await this.#write('queue', 'notices', 'figures');
     for (const { seq, notice, figure } of answered) {
       if (figure) keepFigure(figures, figure);
       queue.get(seq).onsuccess = (event) => {
@@ -118,7 +129,7 @@ export class Store {
   }
 
   async dismiss(notice) {
-    const [transaction, notices] = this.#write('notices');
+    const [transaction, notices] = await this.#write('notices');
     notices.delete([notice.code, notice.barcode, notice.ordinal]);
     await finished(transaction);
     this.#tabs?.postMessage('settled');
@@ -126,7 +137,7 @@ export class Store {
 
   /** Figures of a count that is closed become those of another code. Their numbers stay, so none counts twice. */
   async move(items, code) {
-    const [transaction, queue] = this.#write('queue');
+    const [transaction, queue] = await this.#write('queue');
     for (const { seq } of items) {
       queue.get(seq).onsuccess = (event) => {
         if (event.target.result) queue.put({ ...event.target.result, code });
@@ -140,34 +151,34 @@ export class Store {
   }
 
   async keepUnknown(entry) {
-    const [transaction, unknown] = this.#write('unknown');
+    const [transaction, unknown] = await this.#write('unknown');
     unknown.put(entry);
     await finished(transaction);
   }
 
   async forgetUnknown(entry) {
-    const [transaction, unknown] = this.#write('unknown');
+    const [transaction, unknown] = await this.#write('unknown');
     unknown.delete([entry.code, entry.barcode]);
     await finished(transaction);
   }
 
   /** The lines of a code, with the figures that are later than they; undefined when there are none. */
   async keptLines(code) {
-    const transaction = this.#database.transaction(['lines', 'figures']);
+    const transaction = await this.#begin(['lines', 'figures']);
     const [lines, figures] = await Promise.all([result(transaction.objectStore('lines').get(code)),
                                                 result(transaction.objectStore('figures').getAll(allOf(code)))]);
     return lines && { ...lines, figures };
   }
 
   async keepFigures(kept) {
-    const [transaction, figures] = this.#write('figures');
+    const [transaction, figures] = await this.#write('figures');
     for (const figure of kept) keepFigure(figures, figure);
     await finished(transaction);
   }
 
   /** The lines have their figures with them. */
   async keepLines(kept) {
-    const [transaction, lines, figures] = this.#write('lines', 'figures');
+    const [transaction, lines, figures] = await this.#write('lines', 'figures');
     lines.put({ ...kept, time: Date.now() });
     figures.delete(allOf(kept.code));
     lines.openCursor().onsuccess = (event) => {
@@ -182,8 +193,35 @@ export class Store {
     await finished(transaction);
   }
 
-  #write(...stores) {
-    const transaction = this.#database.transaction(stores, 'readwrite', { durability: 'strict' });
+  /** The connection, made anew after it was lost. */
+  #connected() {
+    if (this.#connection === null) {
+      const connection = connect(() => this.#lose(connection));
+      connection.catch(() => this.#lose(connection));
+      this.#connection = connection;
+    }
+    return this.#connection;
+  }
+
+  #lose(connection) {
+    if (this.#connection === connection) this.#connection = null;
+  }
+
+  /** Begins a transaction; once more where the connection turns out to be lost. */
+  async #begin(stores, mode = 'readonly') {
+    const connection = this.#connected();
+    const database = await connection;
+    try {
+      return database.transaction(stores, mode, { durability: 'strict' });
+    } catch {
+      database.close();
+      this.#lose(connection);
+      return (await this.#connected()).transaction(stores, mode, { durability: 'strict' });
+    }
+  }
+
+  async #write(...stores) {
+    const transaction = await this.#begin(stores, 'readwrite');
     return [transaction, ...stores.map((store) => transaction.objectStore(store))];
   }
 }

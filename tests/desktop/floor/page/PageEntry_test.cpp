@@ -291,5 +291,78 @@ TEST_F(PageEntry, A_part_of_a_barcode_opens_no_line_by_itself) {
   WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
 }
 
+TEST_F(PageEntry, A_typed_figure_is_asked_for_before_another_good_replaces_it) {
+  OpenPage(browser_);
+  Scan(browser_, kTea);
+  browser_.Keys(QStringLiteral("5"));
+  browser_.Click(QStringLiteral("#search"));
+  Scan(browser_, kCheese);
+  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار 5 هنوز ثبت نشده است."));
+  ClickButton(browser_, Text("ثبت نشود"));
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+  browser_.Keys(QStringLiteral("8"));
+  browser_.Click(QStringLiteral("#search"));
+  Scan(browser_, kOil);
+  ClickButton(browser_, Text("ثبت شود"));
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kOil.name));
+  WaitForDesk(kCheese, QStringLiteral("8"));
+  EXPECT_EQ(AtDesk(kTea), QString());
+}
+
+TEST_F(PageEntry, A_scan_after_a_typed_figure_is_taken_apart_from_it) {
+  OpenPage(browser_);
+  Scan(browser_, kTea);
+  browser_.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  browser_.Keys(QStringLiteral("12"));
+  Scan(browser_, kCheese);
+  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار 12 هنوز ثبت نشده است."));
+  ClickButton(browser_, Text("ثبت شود"));
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+  WaitForDesk(kTea, QStringLiteral("12"));
+}
+
+TEST_F(PageEntry, A_scan_into_the_figure_that_several_lines_have_lists_them) {
+  AddGood({"6260100000079", "300400", "برنج دانه‌بلند"});
+  AddGood({"6260100000086", "300400", "برنج نیم‌دانه"});
+  OpenPage(browser_);
+  Scan(browser_, kTea);
+  browser_.Keys(QStringLiteral("300400\n"));
+  ClickButton(browser_, Text("بارکد است؛ پیدا شود"));
+  browser_.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
+  WaitForText(browser_, QStringLiteral("#progress-text"), Text("2 کالا"));
+  WaitForText(browser_, QStringLiteral("#list"), Text("برنج دانه‌بلند"));
+  Scan(browser_, kCheese);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+}
+
+TEST_F(PageEntry, UPC_A_is_found_with_and_without_its_leading_zero) {
+  AddGood({"012345678905", "108", "شامپو"});
+  AddGood({"0036000291452", "109", "دستمال"});
+  OpenPage(browser_);
+  browser_.Keys(QStringLiteral("0012345678905\n"));
+  WaitForText(browser_, QStringLiteral("#card h2"), Text("شامپو"));
+  browser_.Press(BrowserKey::Escape);
+  browser_.Keys(QStringLiteral("036000291452\n"));
+  WaitForText(browser_, QStringLiteral("#card h2"), Text("دستمال"));
+}
+
+TEST_F(PageEntry, Tab_ends_a_scan_as_Enter_does) {
+  OpenPage(browser_);
+  browser_.Keys(Text(kTea.barcode));
+  browser_.Press(BrowserKey::Tab);
+  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+}
+
+TEST_F(PageEntry, Nothing_but_the_name_can_be_reached_while_it_is_asked_for) {
+  browser_.Open(Url(1));
+  browser_.WaitFor(QStringLiteral("!document.getElementById('naming').hidden"));
+  const QString reached = QStringLiteral(
+      "return [...document.querySelectorAll('input, button')].filter(one => !one.closest('[inert]'))"
+      ".every(one => one.closest('#naming'))");
+  EXPECT_TRUE(browser_.Run(reached).toBool());
+  OpenPage(browser_);
+  EXPECT_EQ(browser_.Run(QStringLiteral("return document.querySelectorAll('[inert]').length")).toInt(), 0);
+}
+
 }  // namespace
 }  // namespace koru::test

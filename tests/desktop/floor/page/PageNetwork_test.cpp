@@ -21,6 +21,14 @@ class PageNetwork : public PageWorld {
     WaitForDesk(kCheese, QStringLiteral("2"));
     WaitForDesk(kOil, QStringLiteral("3"));
   }
+  static void BreakStorage(Browser& browser) {
+    browser.Run(QStringLiteral(
+        "window.begin = IDBDatabase.prototype.transaction;"
+        "IDBDatabase.prototype.transaction = () => { throw new DOMException('', 'UnknownError'); }"));
+  }
+  static void MendStorage(Browser& browser) {
+    browser.Run(QStringLiteral("IDBDatabase.prototype.transaction = window.begin"));
+  }
   [[nodiscard]] static QString Left(int number) { return Text("%1 در گوشی مانده").arg(number); }
 };
 
@@ -244,6 +252,60 @@ TEST_F(PageNetwork, An_unknown_barcode_without_network_is_listed_at_the_desk_lat
   browser.SetOffline(false);
   browser.Open(Url(1));
   WaitUntil([&] { return session_->Unknown().size() == 1; }, QStringLiteral("the desk does not know of it"));
+}
+
+TEST_F(PageNetwork, Storage_that_fails_for_a_while_ends_no_sending) {
+  Browser browser;
+  OpenPage(browser);
+  browser.SetOffline(true);
+  test::Count(browser, kTea, QStringLiteral("5"));
+  WaitForState(browser, Left(1));
+  BreakStorage(browser);
+  browser.SetOffline(false);
+  WaitForState(browser, Text("1 در گوشی مانده؛ صفحه را دوباره باز کنید"));
+  MendStorage(browser);
+  WaitForDesk(kTea, QStringLiteral("5"));
+  WaitForState(browser, kAllArrived);
+}
+
+TEST_F(PageNetwork, A_figure_that_the_device_cannot_keep_is_said_until_the_counter_has_read_it) {
+  Browser browser;
+  OpenPage(browser);
+  BreakStorage(browser);
+  test::Count(browser, kTea, QStringLiteral("5"));
+  WaitForText(browser, QStringLiteral("#banner"), Text("رقم 5 برای چای ممتاز در گوشی نگه داشته نشد"));
+  MendStorage(browser);
+  Scan(browser, kCheese);
+  WaitForText(browser, QStringLiteral("#card h2"), Text(kCheese.name));
+  EXPECT_TRUE(browser.Shows(QStringLiteral("#banner")));
+  browser.Click(QStringLiteral("#banner"));
+  browser.WaitFor(QStringLiteral("document.getElementById('banner').hidden"));
+}
+
+TEST_F(PageNetwork, A_page_that_a_browser_cannot_begin_says_so) {
+  Browser browser;
+  browser.Command(
+      QStringLiteral("Page.addScriptToEvaluateOnNewDocument"),
+      {{"source", "IDBFactory.prototype.open = () => { throw new DOMException('', 'SecurityError'); }"}});
+  browser.Open(Url(1));
+  WaitForText(browser, QStringLiteral("#empty"),
+              Text("این مرورگر رقم‌ها را نگه نمی‌دارد"));
+  EXPECT_TRUE(browser.Shows(QStringLiteral("#empty")));
+}
+
+TEST_F(PageNetwork, A_line_that_is_deleted_while_the_counter_types_says_so_with_the_typed_figure) {
+  Browser browser;
+  OpenPage(browser);
+  Scan(browser, kTea);
+  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  browser.Keys(QStringLiteral("6"));
+  Lines().UserMoveTo(1, LineColumn::Barcode);
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Lines().UserDeleteRow());
+  WaitForText(browser, QStringLiteral("#card"), Text("این کالا دیگر در شمارش نیست"));
+  WaitForText(browser, QStringLiteral("#card"), Text("رقم شما: 6"));
+  ClickButton(browser, Text("باشد"));
+  browser.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
 }
 
 }  // namespace
