@@ -17,11 +17,6 @@ inline constexpr PageGood kMilk{"6260000001238", "108", "شیر"};  // with a ri
 class CameraPage : public PageWorld {
  protected:
   CameraPage() {
-    FloorServerSettings settings;
-    settings.port = 0;
-    settings.securePort = 0;
-    settings.folder = folder_.path().toStdString();
-    settings.addresses = {kHost.toStdString()};
     database.Execute(std::string("insert into tblGood (Barcode,Code,Name) values ('") + kMilk.barcode +
                      "','" + kMilk.code + "','" + kMilk.name +
                      "');"
@@ -29,10 +24,26 @@ class CameraPage : public PageWorld {
                      "(CountingID,Barcode,RowNumber,ScaleID,SystemCounting,BaseValue)"
                      " values (20,'" +
                      kMilk.barcode + "',8,1,10,3);");
+    ServeSecurely();
+  }
+
+  void ServeSecurely() {
+    FloorServerSettings settings;
+    settings.port = 0;
+    settings.securePort = 0;
+    settings.folder = folder_.path().toStdString();
+    settings.addresses = {kHost.toStdString()};
     RestartDesk();
     server_.reset();
     server_ = std::make_unique<FloorServer>(*session_, std::move(settings));
     server_->OpenSecure();
+  }
+  void AddSecondLineOf(const PageGood& good) {
+    database.Execute(std::string("insert into tblInventoryCountingDetail "
+                                 "(CountingID,Barcode,RowNumber,ScaleID,SystemCounting,BaseValue)"
+                                 " values (20,'") +
+                     good.barcode + "',9,1,10,3);");
+    ServeSecurely();
   }
 
   [[nodiscard]] QString Address(bool secure) {
@@ -139,6 +150,27 @@ TEST_F(CameraPage, After_the_browsers_warning_the_code_is_still_known_and_the_ca
   Begin(phone);
   phone.Click(QStringLiteral("#camera"));
   WaitForCard(phone, kMilk);
+}
+
+TEST_F(CameraPage, A_camera_that_does_not_open_is_reported) {
+  CameraBrowser phone({}, kPhone);
+  OpenSecurePage(phone);
+  phone.Run(
+      QStringLiteral("navigator.mediaDevices.getUserMedia ="
+                     " () => Promise.reject(new DOMException('', 'NotAllowedError'))"));
+  phone.Click(QStringLiteral("#camera"));
+  WaitForText(phone, QStringLiteral("#banner"),
+              QStringLiteral("دوربین باز نشد. اجازهٔ دوربین را در مرورگر ببینید."));
+  EXPECT_FALSE(phone.Shows(QStringLiteral("#video")));
+}
+
+TEST_F(CameraPage, A_barcode_that_several_lines_have_lists_them_for_choosing) {
+  AddSecondLineOf(kMilk);
+  CameraBrowser phone({{.bars = Ean13Of(kMilk)}}, kPhone);
+  OpenSecurePage(phone);
+  phone.Click(QStringLiteral("#camera"));
+  WaitForText(phone, QStringLiteral("#progress-text"), QStringLiteral("2 کالا"));
+  EXPECT_FALSE(phone.Shows(QStringLiteral("#video")));
 }
 
 }  // namespace
