@@ -208,8 +208,10 @@ export class Card {
   }
 
   #dismiss(notice) {
-    this.close();
-    return this.#floor.dismiss(notice);
+    this.leave(() => {
+      this.close();
+      this.#floor.dismiss(notice);
+    });
   }
 
   /** Takes the typed figure; asks back where it is more likely a barcode. */

@@ -118,6 +118,7 @@ TEST_F(PageDevices, Figures_of_another_count_that_is_open_are_neither_moved_nor_
   OpenPage(browser, 1);
   Block(browser, {QStringLiteral("*/a/*")});
   test::Count(browser, kTea, QStringLiteral("5"));
+  WaitForState(browser, Text("1 در گوشی مانده"));
   browser.Open(QStringLiteral("about:blank"));
   browser.Open(Url(2));
   WaitForState(browser, Text("1 در گوشی مانده"));
@@ -137,6 +138,7 @@ TEST_F(PageDevices, Figures_of_another_count_that_is_closed_are_not_moved_into_t
   OpenPage(browser, 1);
   browser.SetOffline(true);
   test::Count(browser, kTea, QStringLiteral("5"));
+  WaitForState(browser, Text("1 در گوشی مانده"));
   session_->RenewCode(1);
   browser.SetOffline(false);
   browser.Open(QStringLiteral("about:blank"));
@@ -183,6 +185,18 @@ TEST_F(PageDevices, Adding_leaves_a_question_that_is_not_answered) {
   WaitForDesk(kTea, QStringLiteral("80"));
   WaitForState(one, kAllArrived);
   EXPECT_EQ(one.Text(QStringLiteral("#notices-number")), QStringLiteral("1"));
+}
+
+TEST_F(PageDevices, Answering_a_question_does_not_lose_the_figure_that_is_being_typed) {
+  Browser one;
+  Browser other;
+  MakeConflict(one, other);
+  one.Keys(QStringLiteral("5"));
+  ClickButton(one, Text("78 بماند"));
+  WaitForText(one, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار 5 هنوز ثبت نشده است."));
+  ClickButton(one, Text("ثبت شود"));
+  WaitForDesk(kTea, QStringLiteral("5"));
+  one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
 }
 
 }  // namespace
