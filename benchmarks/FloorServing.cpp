@@ -61,7 +61,7 @@ class FloorBench {
     journal_->Remove();
     session_ = std::make_unique<FloorSession>(
         program_.Form(), program_.Control().Shared(),
-        FloorSurroundings{*journal_, [this] { return program_.Form().LinesAreStored(); }});
+        FloorSurroundings{*journal_, [this] { return program_.Form().EntryIsWritten(); }});
     for (int count = 1; count <= kFloorCounts; ++count) lines_ = session_->Lines(count);
     Serve();
   }

@@ -170,6 +170,7 @@ bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
 void frmInvCounting::FillInvCounterDetailData(std::int32_t id) {
   lines_.FillInvCounterDetailData(id);
   linesAreStored_ = true;
+  entryIsWritten_ = false;
   finder_.Apply();
 }
 
@@ -249,7 +250,9 @@ void frmInvCounting::ConnectEvents() {
   cmdReadLines.Click.Always([this] { ReadStoredLines(); });
   cmdAddScanned.Click.Always([this] { AddScannedGood(); });
   flexDetail.RowsChanged.Always([this](const GridChange&) {
-    if (IsBeingEntered()) linesAreStored_ = false;
+    if (!IsBeingEntered()) return;
+    linesAreStored_ = false;
+    entryIsWritten_ = false;
   });
   cmdInvExit.Click.Always([this] { linkedDocuments_.OpenDispatch(); });
   cmdInvReceipt.Click.Always([this] { linkedDocuments_.OpenReceipt(); });
@@ -329,6 +332,7 @@ void frmInvCounting::Enter(const std::function<void()>& command) {
   if (shared_.DocMode == before) return;
   storeOfFigures_.StoreHasChanged();
   history_.Clear();
+  entryIsWritten_ = false;
   if (shared_.DocMode == DocumentMode::New) figuresAge_.Forget();
   drafts_.Begin();
 }
@@ -355,6 +359,7 @@ void frmInvCounting::Save(const std::function<std::string()>& command) {
   std::string report;
   RunAndTick([&] {
     report = command();
+    entryIsWritten_ = !report.empty();
     if (shared_.DocMode != DocumentMode::Viewing) return;
     linesAreStored_ = true;
     flexDetail.KeepOrder();

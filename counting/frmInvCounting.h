@@ -73,6 +73,9 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// Whether the lines on the form are those in the database, in the same order. They are not while they are
   /// being entered, nor after Cancel, which keeps what was typed on the form.
   [[nodiscard]] bool LinesAreStored() const { return linesAreStored_; }
+  /// Whether the entry that has ended last was written, by a save or a registration. False once lines are read
+  /// or entered anew: lines that are stored may be another station's.
+  [[nodiscard]] bool EntryIsWritten() const { return entryIsWritten_; }
   /// The form's ready flag, kept for the suite (ViewReport::Ready).
   [[nodiscard]] bool Ready() const { return viewReport_.Ready(); }
 
@@ -139,6 +142,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   bool started_ = false;
   int idleTicks_ = 0;  ///< ticks since the last command
   bool linesAreStored_ = true;
+  bool entryIsWritten_ = false;
   bool enterGoesDown_ = false;
   std::string scannedBarcode_;
   CountingLines lines_;

@@ -2,7 +2,9 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "floor/FloorFigures.h"
@@ -21,8 +23,14 @@ class LeftFigures {
     LineKey line;
     std::string text;                ///< the last one of it, of the floor or the desk
     std::string device;              ///< the id of the last device that entered a figure
+    std::int64_t sequence = 0;       ///< of that figure
     std::vector<std::string> known;  ///< what the cell has held in between, and before
     std::chrono::sys_seconds time;   ///< of the last figure
+
+    /// Whether the cell may take it: with that text, nobody has entered anything later.
+    [[nodiscard]] bool MayReplace(std::string_view now) const;
+    /// The journal's figure for its entry into the cell, which had the text `before`.
+    [[nodiscard]] JournalFigure Entered(const std::string& before, const std::string& message) const;
   };
 
   LeftFigures() = default;
@@ -30,10 +38,16 @@ class LeftFigures {
   LeftFigures(const std::vector<JournalFigure>& journal, const Grid& grid, FloorLines& lines);
 
   [[nodiscard]] const std::vector<Cell>& Cells() const { return cells_; }
+  /// Whether one of them could be entered now.
+  [[nodiscard]] bool CanBeEntered(const Grid& grid, FloorLines& lines) const;
 
  private:
   std::vector<Cell> cells_;
 };
+
+/// The figures of a journal whose cells hold the last one of theirs.
+[[nodiscard]] std::vector<JournalFigure> FiguresInPlace(const std::vector<JournalFigure>& journal,
+                                                        const Grid& grid, FloorLines& lines);
 
 /// What became of left figures.
 struct ReplayedFigures {

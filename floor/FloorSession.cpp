@@ -64,35 +64,8 @@ FloorSession::FloorSession(InvCountingControls& controls, const SharedState& sha
   subscriptions_.push_back(controls.form.Unloaded.Subscribe([this] { Finish(End::Unloaded); }));
 }
 
-/// A journal of another counting, or without its beginning, is no journal of this session.
-void FloorSession::ReadLeft(std::string_view text) {
-  std::optional<JournalContents> contents;
-  try {
-    contents = ReadJournal(text);
-  } catch (const InputError&) {
-    contents.reset();
-  }
-  if (!contents || contents->start.countingID != countingID_) {
-    around_.journal.SetAside();
-    around_.journal.Begin(JournalText(StartNow()));
-    return;
-  }
-  // What is appended must not follow half a line.
-  if (contents->whole < text.size()) around_.journal.Begin(text.substr(0, contents->whole));
-  Continue(*contents);
-}
-
-void FloorSession::Continue(const JournalContents& contents) {
-  codes_ = AccessCodes(around_.random, contents.start.codes);
-  members_ = FloorMembers(contents.start);
-  unknown_ = contents.start.unknown;
-  leftStart_ = contents.start;
-  lines_.SetStored(contents.start.ordinals);
-  for (const JournalFigure& figure : contents.figures) {
-    members_.Take(figure);
-    hasUnsaved_ = hasUnsaved_ || figure.IsEntered();
-  }
-  left_ = LeftFigures(contents.figures, controls_.flexDetail, lines_);
+FloorSession::~FloorSession() {
+  if (!subscriptions_.empty()) Flush();
 }
 
 bool FloorSession::IsEdited() const {
@@ -190,15 +163,16 @@ void FloorSession::Follow(bool settled) {
     Finish(End::OtherCounting);
   } else if (shared_.DocMode == DocumentMode::Editing) {
     wasEdited_ = true;
+    if (settled) Flush();
   } else if (settled && wasEdited_) {
     wasEdited_ = false;
-    if (!around_.linesAreStored()) {
+    if (!around_.entryIsWritten()) {
       Finish(End::Cancelled);
     } else if (controls_.IsFinal()) {
-      hasUnsaved_ = HasUndecided();
+      hasUnsaved_ = false;
       Finish(End::Registered);
     } else if (end_ == End::Stopped) {
-      hasUnsaved_ = HasUndecided();
+      hasUnsaved_ = false;
       Finish(End::Stopped);
     } else {
       ForgetSaved();
@@ -213,22 +187,28 @@ void FloorSession::Finish(End end) {
   } else if (end_ != End::Stopped || subscriptions_.empty()) {
     return;
   }
+  Flush();
   subscriptions_.clear();
-  if (!hasUnsaved_) {
+  if (!hasUnsaved_ && !holdsLeft_) {
     keeper_.Remove();
   } else if (end != End::Unloaded) {
-    keeper_.SetAside();
+    static_cast<void>(keeper_.SetAside());  // otherwise the next session finds it where it is
   }
   Changed.Raise();
 }
 
-/// The database holds all figures: the journal is begun anew without them. Left figures that the desk has not
-/// decided about are set aside.
+/// What the desk has entered last reaches the disk even if no device asks any more.
+void FloorSession::Flush() {
+  if (IsEdited()) static_cast<void>(lines_.Revision());
+  static_cast<void>(Commit());
+}
+
+/// The database holds the figures: the journal is begun anew without them. Left figures that are not in the
+/// counting are set aside; while that fails, the journal remains as it is.
 void FloorSession::ForgetSaved() {
-  if (HasUndecided()) keeper_.SetAside();
   hasUnsaved_ = false;
   lines_.KeepStored();
-  keeper_.BeginAnew();
+  if (!holdsLeft_ || SetLeftAside()) keeper_.BeginAnew();
 }
 
 JournalStart FloorSession::StartNow() {
@@ -329,7 +309,7 @@ FloorSession::Entered FloorSession::EnterCell(int row, int count, const std::str
 /// The desk's own figure: the journal shows later that it came after those of the floor.
 void FloorSession::NoteDesk(const LineKey& line, int count, const std::string& before,
                             const std::string& text) {
-  if (isEntering_ || end_ != End::None || !IsEdited()) return;
+  if (isEntering_ || !IsEdited()) return;
   JournalFigure record;
   record.count = count;
   record.figure = {0, line, FloorFigure::Operation::Set, text, {}};
@@ -337,64 +317,6 @@ void FloorSession::NoteDesk(const LineKey& line, int count, const std::string& b
   record.before = before;
   record.time = around_.now();
   keeper_.Add(JournalLine(record));
-}
-
-ReplayedFigures FloorSession::Replay() {
-  ReplayedFigures replayed;
-  Follow(false);
-  if (end_ != End::None || !IsEdited() || IsCommandAtWork()) return replayed;
-  for (const LeftFigures::Cell& cell : left_.Cells()) {
-    const int row = lines_.RowOf(cell.line);
-    if (row == 0) {
-      replayed.gone.push_back(cell);
-      continue;
-    }
-    const std::string_view now = controls_.flexDetail.TextMatrix(row, FloorLines::ColumnOf(cell.count));
-    if (std::find(cell.known.begin(), cell.known.end(), now) == cell.known.end()) {
-      replayed.replaced.push_back(cell);
-    } else if (EnterCell(row, cell.count, cell.text, members_.Of(cell.count, cell.device).ShownName())
-                   .stored) {
-      ++replayed.entered;
-    } else {
-      replayed.refused.push_back(cell);
-    }
-  }
-  left_ = {};
-  for (const JournalFigure& figure : std::exchange(leftJournal_, {})) {
-    members_.Take(figure);
-    keeper_.Add(JournalLine(figure));
-  }
-  hasUnsaved_ = hasUnsaved_ || replayed.entered > 0;
-  static_cast<void>(Commit());
-  Changed.Raise();
-  return replayed;
-}
-
-void FloorSession::ForgoLeft() {
-  if (left_.Cells().empty()) return;
-  left_ = {};
-  if (std::exchange(leftJournal_, {}).empty()) {
-    keeper_.SetAside();
-    // The figures that nobody wants have not reached the counting: a device that still has one sends it anew.
-    members_ = FloorMembers(leftStart_);
-    hasUnsaved_ = false;
-    keeper_.BeginAnew();
-  }
-  Changed.Raise();
-}
-
-bool FloorSession::TakeBackSetAside() {
-  Follow(false);
-  if (end_ != End::None || !left_.Cells().empty()) return false;
-  const auto text = around_.journal.ReadSetAside();
-  if (!text) return false;
-  JournalContents contents = ReadJournal(*text);
-  if (contents.start.countingID != countingID_) return false;
-  left_ = LeftFigures(contents.figures, controls_.flexDetail, lines_);
-  if (left_.Cells().empty()) return false;
-  leftJournal_ = std::move(contents.figures);
-  Changed.Raise();
-  return true;
 }
 
 }  // namespace koru

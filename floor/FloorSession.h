@@ -25,8 +25,8 @@ namespace koru {
 /// What a session needs beside the form.
 struct FloorSurroundings {
   FloorJournal& journal;  ///< of the counting on the form
-  /// Whether the lines on the form are those in the database (frmInvCounting::LinesAreStored).
-  std::function<bool()> linesAreStored;
+  /// Whether the entry that has ended last was written (frmInvCounting::EntryIsWritten).
+  std::function<bool()> entryIsWritten;
   RandomBits random = SystemRandomBits();
   std::function<std::chrono::sys_seconds()> now = [] {
     return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
@@ -47,7 +47,7 @@ class FloorSession {
   enum class End {
     None,           ///< the session has not ended
     Registered,     ///< the journal is removed
-    Cancelled,      ///< the entry was cancelled: the journal is set aside
+    Cancelled,      ///< the entry was not written, or the stored lines were read: the journal is set aside
     OtherCounting,  ///< the form shows another counting or none
     Unloaded,       ///< the form is closed; a journal with figures that no save holds remains
     Stopped         ///< by the desk; the journal is kept until the entry has ended
@@ -67,7 +67,7 @@ class FloorSession {
   FloorSession(InvCountingControls& controls, const SharedState& shared, FloorSurroundings surroundings);
   FloorSession(const FloorSession&) = delete;
   FloorSession& operator=(const FloorSession&) = delete;
-  ~FloorSession() = default;
+  ~FloorSession();
 
   // The state.
 
@@ -119,10 +119,11 @@ class FloorSession {
   /// Enters them as devices do. Cells in which the desk has entered something else since keep it. Does
   /// nothing unless the counting is being edited.
   ReplayedFigures Replay();
-  /// The desk does without them; the journal is set aside, the codes hold.
-  void ForgoLeft();
-  /// Makes the figures of the journal that was set aside last the left ones. Returns whether the counting
-  /// lacks some of them.
+  /// The desk does without them; the journal is set aside, the codes hold. False when that fails: they are
+  /// still left.
+  bool ForgoLeft();
+  /// Makes the figures of a journal that was set aside the left ones: of the last one with figures that the
+  /// counting lacks and that could be entered, or else with any that it lacks. Returns whether there is one.
   bool TakeBackSetAside();
 
   /// Something may have changed for devices: ask ChangesSince. Listeners must not enter figures.
@@ -144,9 +145,10 @@ class FloorSession {
   [[nodiscard]] bool IsEdited() const;
   void Follow(bool settled);
   void Finish(End end);
+  void Flush();
   void ForgetSaved();
-  /// Whether the journal has left figures that the desk has not decided about.
-  [[nodiscard]] bool HasUndecided() const { return !left_.Cells().empty() && leftJournal_.empty(); }
+  bool SetLeftAside();
+  void Take(const std::vector<JournalFigure>& figures);
   [[nodiscard]] JournalStart StartNow();
   FloorMembers::Member& MemberInContact(int count, const std::string& device);
   FloorAnswer Decide(FloorMembers::Member& member, const FloorFigure& figure);
@@ -165,9 +167,10 @@ class FloorSession {
   FloorMembers members_;
   std::vector<UnknownBarcode> unknown_;
   LeftFigures left_;
-  std::vector<JournalFigure>
-      leftJournal_;         ///< the figures that left_ comes from, when they are another journal's
-  JournalStart leftStart_;  ///< what the journal of left_ began with
+  std::vector<JournalFigure> leftJournal_;  ///< the figures that left_ comes from
+  bool leftIsTakenBack_ = false;            ///< they are another journal's
+  bool holdsLeft_ = false;                  ///< the journal has left figures that are not in the counting
+  JournalStart leftStart_;                  ///< what the journal began with
   End end_ = End::None;
   bool wasEdited_ = true;    ///< the counting was being edited when it was looked at last
   bool isEntering_ = false;  ///< a figure of the floor is being entered

@@ -35,8 +35,8 @@ void JournalKeeper::BeginAnew() {
   static_cast<void>(Commit());
 }
 
-void JournalKeeper::SetAside() {
-  Try([this] { journal_.SetAside(); });
+bool JournalKeeper::SetAside() {
+  return Try([this] { journal_.SetAside(); });
 }
 
 void JournalKeeper::Remove() {

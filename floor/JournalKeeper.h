@@ -27,7 +27,8 @@ class JournalKeeper {
   [[nodiscard]] bool Commit();
   /// Replaces the journal by its start, now or by a later Commit; what was added is forgotten.
   void BeginAnew();
-  void SetAside();
+  /// False when that failed: the journal is where it was.
+  [[nodiscard]] bool SetAside();
   void Remove();
 
   /// The journal cannot be written; raised once until it can be again.

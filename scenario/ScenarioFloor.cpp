@@ -14,7 +14,7 @@ void ScenarioFloor::Open(comInvCounting& counting) {
   Crash();
   journal_ = journals_.Open({"scenario", static_cast<std::int32_t>(form->CountingID())});
   session_ = std::make_unique<FloorSession>(
-      *form, counting.Shared(), FloorSurroundings{*journal_, [form] { return form->LinesAreStored(); }});
+      *form, counting.Shared(), FloorSurroundings{*journal_, [form] { return form->EntryIsWritten(); }});
   session_->Arrived.Always([this](const FloorArrival& arrival) { arrivals.push_back(arrival); });
   formClosed_ = form->Unloaded.Subscribe([this] { isFormClosed_ = true; });
 }

@@ -99,10 +99,15 @@ class JournalFile : public FloorJournal {
     SyncFolder(stem_.parent_path());
   }
 
-  [[nodiscard]] std::optional<std::string> ReadSetAside() const override {
+  [[nodiscard]] std::vector<std::string> ReadSetAside() const override {
     const auto aside = Aside();
-    if (aside.empty()) return {};
-    return ReadJournalFile(aside.rbegin()->second);
+    std::vector<std::string> texts;
+    for (auto kept = aside.rbegin(); kept != aside.rend(); ++kept) {
+      std::error_code error;
+      std::string text = ReadWhole(kept->second, error);
+      if (!error) texts.push_back(std::move(text));
+    }
+    return texts;
   }
 
   void Remove() override {

@@ -146,7 +146,7 @@ void FloorDesk::Begin() {
   try {
     session_ = std::make_unique<FloorSession>(
         form_, form_.Shared(),
-        FloorSurroundings{.journal = *journal_, .linesAreStored = [this] { return form_.LinesAreStored(); }});
+        FloorSurroundings{.journal = *journal_, .entryIsWritten = [this] { return form_.EntryIsWritten(); }});
   } catch (...) {
     journal_.reset();
     throw;
@@ -197,7 +197,7 @@ void FloorDesk::Follow() {
   const bool isEdited = FloorSession::MayBegin(form_, form_.Shared());
   const FloorSession::End end = session_->Ended();
   if (end != FloorSession::End::None && end != FloorSession::End::Stopped) return End(end);
-  if (end == FloorSession::End::Stopped && !isEdited) return form_.LinesAreStored() ? Close() : End(end);
+  if (end == FloorSession::End::Stopped && !isEdited) return form_.EntryIsWritten() ? Close() : End(end);
   if (!isOpen && !isEdited) sinceSave_ = 0;
   log_.ShowNew();
   emit changed();

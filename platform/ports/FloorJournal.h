@@ -2,9 +2,9 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace koru {
 
@@ -35,8 +35,8 @@ class FloorJournal {
   virtual void Sync() = 0;
   /// Keeps the text aside for 30 days, where Read does not find it; the next Begin makes the journal anew.
   virtual void SetAside() = 0;
-  /// The text that was set aside last, if it is still kept.
-  [[nodiscard]] virtual std::optional<std::string> ReadSetAside() const = 0;
+  /// The texts that were set aside and are still kept, the last one first, without those that cannot be read.
+  [[nodiscard]] virtual std::vector<std::string> ReadSetAside() const = 0;
   /// Removes the text; the next Begin makes it anew.
   virtual void Remove() = 0;
 };

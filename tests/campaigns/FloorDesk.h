@@ -20,7 +20,7 @@ class FloorDesk {
     if (!station_.Open(kCounting) || !Form().cmdEdit.UserClick()) throw std::runtime_error("no counting");
     session_ = std::make_unique<FloorSession>(
         Form(), station_.Control().Shared(),
-        FloorSurroundings{*journal_, [this] { return Form().LinesAreStored(); }});
+        FloorSurroundings{*journal_, [this] { return Form().EntryIsWritten(); }});
     lines_ = session_->Lines(1);
   }
 

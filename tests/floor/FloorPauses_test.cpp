@@ -79,7 +79,7 @@ TEST_F(FloorPauses, Registration_ends_the_session_and_removes_the_journal) {
   EXPECT_EQ(session_->CountOf(code), std::nullopt);
   EXPECT_EQ(Set(1, kTea, "13", "12").state, FigureState::Paused);
   EXPECT_EQ(journal_.Read(), "");
-  EXPECT_FALSE(journal_.aside);
+  EXPECT_TRUE(journal_.aside.empty());
 }
 
 TEST_F(FloorPauses, Cancel_ends_the_session_and_keeps_the_journal_aside) {
@@ -91,8 +91,8 @@ TEST_F(FloorPauses, Cancel_ends_the_session_and_keeps_the_journal_aside) {
   Desk().cmdCancel.UserClick();
   EXPECT_EQ(session_->Ended(), FloorSession::End::Cancelled);
   EXPECT_EQ(journal_.Read(), "");
-  ASSERT_TRUE(journal_.aside);
-  EXPECT_EQ(ReadJournal(*journal_.aside).figures.size(), 1U);
+  ASSERT_EQ(journal_.aside.size(), 1U);
+  EXPECT_EQ(ReadJournal(journal_.aside[0]).figures.size(), 1U);
 
   Start();
   EXPECT_EQ(CellOf(1, LineColumn::FirstCounting), "");
@@ -103,7 +103,7 @@ TEST_F(FloorPauses, Cancel_ends_the_session_and_keeps_the_journal_aside) {
   EXPECT_EQ(session_->Replay().entered, 1U);
   EXPECT_TRUE(session_->IsOpen());
   EXPECT_EQ(Count(kTea, 1), "12");
-  EXPECT_EQ(Journalled().size(), 1U) << "they are figures of this session now";
+  EXPECT_EQ(Journalled().size(), 2U) << "the figure and its replay are this session's now";
   EXPECT_EQ(Send(1, {1, kTea, FloorFigure::Operation::Set, "12", ""}).state, FigureState::Stored)
       << "a device that never had its answer";
 }
@@ -115,7 +115,7 @@ TEST_F(FloorPauses, Another_counting_ends_the_session) {
   EXPECT_FALSE(session_->IsOpen());
   EXPECT_EQ(session_->Ended(), FloorSession::End::OtherCounting);
   EXPECT_EQ(journal_.Read(), "") << "all is saved";
-  EXPECT_FALSE(journal_.aside);
+  EXPECT_TRUE(journal_.aside.empty());
   EXPECT_TRUE(session_->Lines(1).empty());
 }
 
@@ -229,7 +229,7 @@ TEST_F(FloorPauses, Left_figures_that_the_desk_does_without_are_set_aside_and_ma
   EXPECT_TRUE(session_->IsOpen());
   EXPECT_EQ(session_->Code(1), code);
   EXPECT_EQ(Count(kTea, 1), "");
-  ASSERT_TRUE(journal_.aside);
+  ASSERT_EQ(journal_.aside.size(), 1U);
   EXPECT_EQ(Send(1, figure).state, FigureState::Stored);
   EXPECT_EQ(Count(kTea, 1), "12");
 }
@@ -239,8 +239,8 @@ TEST_F(FloorPauses, Left_figures_that_the_desk_has_not_decided_about_are_set_asi
   Crash();
   StartAndOpen();
   SaveAndEdit();
-  ASSERT_TRUE(journal_.aside);
-  EXPECT_EQ(ReadJournal(*journal_.aside).figures.size(), 1U);
+  ASSERT_EQ(journal_.aside.size(), 1U);
+  EXPECT_EQ(ReadJournal(journal_.aside[0]).figures.size(), 1U);
   EXPECT_EQ(session_->Left().Cells().size(), 1U) << "still to be decided";
   Crash();
   StartAndOpen();
@@ -273,7 +273,7 @@ TEST_F(FloorPauses, A_journal_that_is_cut_off_is_read_as_far_as_it_is_whole_and_
   EXPECT_EQ(session_->Replay().entered, 1U);
   EXPECT_EQ(Set(1, kSugar, "14").state, FigureState::Stored);
   EXPECT_EQ(ReadJournal(journal_.synced).damaged, 0U);
-  EXPECT_EQ(Journalled().size(), 2U);
+  EXPECT_EQ(Journalled().size(), 3U) << "with the replay";
 }
 
 TEST_F(FloorPauses, A_file_that_is_no_journal_is_set_aside) {
@@ -281,7 +281,7 @@ TEST_F(FloorPauses, A_file_that_is_no_journal_is_set_aside) {
   journal_.synced = "چيز ديگر\n";
   StartAndOpen();
   EXPECT_TRUE(session_->IsOpen());
-  EXPECT_EQ(journal_.aside, "چيز ديگر\n");
+  EXPECT_EQ(journal_.aside.at(0), "چيز ديگر\n");
   EXPECT_NO_THROW(static_cast<void>(ReadJournal(journal_.synced)));
 }
 

@@ -33,7 +33,7 @@ void FloorWorld::Start() {
 void FloorWorld::Open() {
   session_ = std::make_unique<FloorSession>(
       Desk(), program_->Shared(),
-      FloorSurroundings{journal_, [this] { return Desk().LinesAreStored(); },
+      FloorSurroundings{journal_, [this] { return Desk().EntryIsWritten(); },
                         [this] { return random_ = random_ * 1664525U + 1013904223U; },
                         [this] { return std::chrono::sys_seconds(std::chrono::seconds(++now_)); }});
   session_->Arrived.Always([this](const FloorArrival& arrival) { arrivals_.push_back(arrival); });
@@ -41,7 +41,9 @@ void FloorWorld::Open() {
 }
 
 void FloorWorld::Crash() {
+  journal_.isFull = true;  // what is not there by now never will be
   session_.reset();
+  journal_.isFull = false;
   program_.reset();
   journal_.LosePower();
   NewMessages();

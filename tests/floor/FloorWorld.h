@@ -50,12 +50,12 @@ class FloorWorld : public CountingWorld {
 
   MemoryJournal journal_;
   std::unique_ptr<comInvCounting> program_;
-  std::unique_ptr<FloorSession> session_;
   std::vector<FloorArrival> arrivals_;
   std::vector<std::string> failures_;
   std::int64_t sequence_ = 0;
   std::uint32_t random_ = 1;
   std::int64_t now_ = 1'770'000'000;
+  std::unique_ptr<FloorSession> session_;
 };
 
 }  // namespace koru::test

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/ports/FloorJournal.h"
 #include "platform/text/Errors.h"
@@ -31,10 +31,10 @@ class MemoryJournal : public FloorJournal {
   }
   void SetAside() override {
     Try();
-    aside = Read();
+    if (!Read().empty()) aside.insert(aside.begin(), Read());
     Clear();
   }
-  [[nodiscard]] std::optional<std::string> ReadSetAside() const override { return aside; }
+  [[nodiscard]] std::vector<std::string> ReadSetAside() const override { return aside; }
   void Remove() override {
     Try();
     Clear();
@@ -45,7 +45,7 @@ class MemoryJournal : public FloorJournal {
 
   std::string synced;
   std::string appended;
-  std::optional<std::string> aside;
+  std::vector<std::string> aside;  ///< the last one first
   int begun = 0;
   int syncs = 0;
   bool isFull = false;
