@@ -158,6 +158,7 @@ bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
   if (isNew && !CheckPermission(shared_, FormPermission::OpenForNew)) return false;
   if (!CheckPermission(shared_, isNew ? FormPermission::New : FormPermission::Edit)) return false;
   drafts_.Continue(draft);
+  entryIsWritten_ = false;
   history_.Clear();
   finder_.Apply();
   storeOfFigures_.Follow();
@@ -332,7 +333,7 @@ void frmInvCounting::Enter(const std::function<void()>& command) {
   if (shared_.DocMode == before) return;
   storeOfFigures_.StoreHasChanged();
   history_.Clear();
-  entryIsWritten_ = false;
+  entryIsWritten_ = linesAreStored_;
   if (shared_.DocMode == DocumentMode::New) figuresAge_.Forget();
   drafts_.Begin();
 }

@@ -73,8 +73,8 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// Whether the lines on the form are those in the database, in the same order. They are not while they are
   /// being entered, nor after Cancel, which keeps what was typed on the form.
   [[nodiscard]] bool LinesAreStored() const { return linesAreStored_; }
-  /// Whether the entry that has ended last was written, by a save or a registration. False once lines are read
-  /// or entered anew: lines that are stored may be another station's.
+  /// Whether the database has all of the entry that was begun last: nothing has been entered yet, or a save
+  /// or a registration has written it. False once lines are read: those may be another station's.
   [[nodiscard]] bool EntryIsWritten() const { return entryIsWritten_; }
   /// The form's ready flag, kept for the suite (ViewReport::Ready).
   [[nodiscard]] bool Ready() const { return viewReport_.Ready(); }

@@ -7,7 +7,7 @@ namespace koru {
 void FloorMembers::Member::Keep(const FloorAnswer& answer) {
   const bool isEntered = answer.state == FigureState::Stored || answer.state == FigureState::Warned;
   if (isEntered) entered.Add(answer.sequence);
-  if (!answers.insert_or_assign(answer.sequence, answer).second) return;
+  if (!answers.try_emplace(answer.sequence, answer).second) return;
   ++device.received;
   if (!isEntered) ++device.refused;
 }

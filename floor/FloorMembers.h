@@ -23,7 +23,7 @@ class FloorMembers {
     Sequences entered;
     std::unordered_map<std::int64_t, FloorAnswer> answers;  ///< by sequence number
 
-    /// Keeps the answer to a figure that was decided.
+    /// Keeps the answer to a figure that was decided; the first one remains.
     void Keep(const FloorAnswer& answer);
     /// The name of the device for others: its own name, or its id while it has none.
     [[nodiscard]] const std::string& ShownName() const {

@@ -25,7 +25,7 @@ namespace koru {
 /// What a session needs beside the form.
 struct FloorSurroundings {
   FloorJournal& journal;  ///< of the counting on the form
-  /// Whether the entry that has ended last was written (frmInvCounting::EntryIsWritten).
+  /// Whether the database has all that was entered (frmInvCounting::EntryIsWritten).
   std::function<bool()> entryIsWritten;
   RandomBits random = SystemRandomBits();
   std::function<std::chrono::sys_seconds()> now = [] {

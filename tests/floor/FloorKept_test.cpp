@@ -74,6 +74,13 @@ TEST_F(FloorKept, When_an_earlier_save_was_followed_by_an_edit_that_is_cancelled
   ExpectTakenBack();
 }
 
+TEST_F(FloorKept, A_cancel_of_an_entry_without_a_change_is_a_pause) {
+  Cancel();
+  EXPECT_EQ(session_->Ended(), FloorSession::End::None);
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  EXPECT_TRUE(session_->IsOpen());
+}
+
 TEST_F(FloorKept, When_a_replay_finds_no_line_and_the_rest_is_saved) {
   Set(1, kSugar, "13");
   Crash();
