@@ -127,7 +127,7 @@ QWidget* FloorDialog::NewUnknownPage() {
   layout->addLayout(bar);
   connect(addUnknown_, &QPushButton::clicked, this, [this] { Run(&FloorDialog::AddChosenUnknown); });
   connect(unknown_, &QTableWidget::itemSelectionChanged, this,
-          [this] { addUnknown_->setEnabled(unknown_->ChosenRow() >= 0); });
+          [this] { addUnknown_->setEnabled(!ChosenUnknown().isEmpty()); });
   addUnknown_->setEnabled(false);
   return page;
 }
@@ -273,15 +273,19 @@ void FloorDialog::ShowUnknown() {
     }
     rows.push_back({ToQt(unknown.barcode), TitleOfCount(unknown.count), name});
   }
+  const QString chosen = ChosenUnknown();
   unknown_->ShowRows(rows);
-  addUnknown_->setEnabled(unknown_->ChosenRow() >= 0);
+  unknown_->Choose(kUnknownBarcode, chosen);
+  addUnknown_->setEnabled(!ChosenUnknown().isEmpty());
   pages_->setTabText(2, rows.empty() ? QStringLiteral("باركدهاي بي\u200cسطر")
                                      : QStringLiteral("باركدهاي بي\u200cسطر (%1)").arg(rows.size()));
 }
 
+QString FloorDialog::ChosenUnknown() const { return unknown_->Chosen(kUnknownBarcode); }
+
 void FloorDialog::AddChosenUnknown() {
-  const QTableWidgetItem* const chosen = unknown_->item(unknown_->ChosenRow(), kUnknownBarcode);
-  if (chosen != nullptr) desk_.AddUnknown(FromQt(chosen->text()));
+  const QString chosen = ChosenUnknown();
+  if (!chosen.isEmpty()) desk_.AddUnknown(FromQt(chosen));
 }
 
 void FloorDialog::SaveLog() {

@@ -44,6 +44,8 @@ class FloorDialog : public QDialog {
   void ShowDevices();
   void ShowUnknown();
   void SwitchToSecure(bool secure);
+  /// The selected barcode that no line has; empty when none is.
+  [[nodiscard]] QString ChosenUnknown() const;
   void AddChosenUnknown();
   void SaveLog();
   void Run(void (FloorDialog::*command)());

@@ -38,9 +38,17 @@ void FloorTable::ShowRows(const std::vector<QStringList>& rows) {
   if (isOther) resizeColumnsToContents();
 }
 
-int FloorTable::ChosenRow() const {
-  const QModelIndexList rows = selectionModel()->selectedRows();
-  return rows.isEmpty() ? -1 : rows.front().row();
+QString FloorTable::Chosen(int col) const {
+  const QModelIndexList rows = selectionModel()->selectedRows(col);
+  return rows.isEmpty() ? QString() : rows.front().data().toString();
+}
+
+void FloorTable::Choose(int col, const QString& text) {
+  if (Chosen(col) == text) return;
+  for (int row = 0; row < rowCount(); ++row) {
+    if (item(row, col)->text() == text) return setCurrentCell(row, col);
+  }
+  clearSelection();
 }
 
 }  // namespace koru

@@ -14,10 +14,14 @@ class FloorTable : public QTableWidget {
   /// `stretched`: the column that takes the remaining width.
   FloorTable(const QStringList& titles, int stretched, QWidget* parent);
 
-  /// Shows these rows; cells whose text is the same are left alone, and so is the current row.
+  /// Shows these rows; cells whose text is the same are left alone. The selection stays at the number of
+  /// its row, whatever that row shows then: see Choose.
   void ShowRows(const std::vector<QStringList>& rows);
-  /// The selected row; -1 if none is.
-  [[nodiscard]] int ChosenRow() const;
+  /// The text of the selected row in that column; empty when none is selected.
+  [[nodiscard]] QString Chosen(int col) const;
+  /// Selects the first row with that text in the column, unless the selected one has it; clears the selection
+  /// when there is no such row.
+  void Choose(int col, const QString& text);
 };
 
 }  // namespace koru

@@ -32,9 +32,10 @@ class FloorDialogTest : public FloorDeskTest {
     for (int col = 0; col < items.columnCount(); ++col) texts.push_back(items.item(row, col)->text());
     return texts;
   }
-  static void ClickFirst(FloorTable& table) {
+  static void ClickRow(FloorTable& table, int row) {
     QApplication::processEvents();  // lays the page out
-    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualItemRect(table.item(0, 0)).center());
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {},
+                      table.visualItemRect(table.item(row, 0)).center());
   }
   void ShowPage(int page) { Part<QTabWidget>("floorPages").setCurrentIndex(page); }
 };
@@ -114,17 +115,62 @@ TEST_F(FloorDialogTest, A_barcode_that_no_line_has_is_added_with_one_click_if_a_
   auto& list = Part<FloorTable>("floorUnknown");
   EXPECT_FALSE(Part<QPushButton>("floorAddUnknown").isEnabled());
   EXPECT_EQ(RowOf("floorUnknown", 0), (std::vector<QString>{"6263", "شمارش اول", "d1"}));
-  ClickFirst(list);
+  ClickRow(list, 0);
   Click(*desk->Dialog(), "floorAddUnknown");
   EXPECT_EQ(Counting().flexDetail.Rows(), 4);
   EXPECT_EQ(Cell(3, LineColumn::Barcode), "6263");
   EXPECT_EQ(list.rowCount(), 1);
   EXPECT_EQ(Part<QLabel>("floorSaid").text().mid(1), QStringLiteral("كالاي اسكن شده افزوده شد."));
-  ClickFirst(list);
+  ClickRow(list, 0);
   Click(*desk->Dialog(), "floorAddUnknown");
   EXPECT_EQ(Counting().flexDetail.Rows(), 4);
   EXPECT_EQ(Part<QLabel>("floorSaid").text().mid(1), QStringLiteral("كالايي با اين باركد تعريف نشده است."));
   EXPECT_FALSE(Counting().cmdAddScanned.Visible()) << "the desk itself was offered nothing";
+}
+
+TEST_F(FloorDialogTest, The_chosen_barcode_stays_chosen_when_an_earlier_one_has_a_line_by_now) {
+  for (const char* const barcode : {"900", "901", "902"}) desk->Session()->NoteUnknown(1, "d1", barcode);
+  desk->Refresh();
+  ShowPage(2);
+  auto& list = Part<FloorTable>("floorUnknown");
+  ClickRow(list, 1);
+  ASSERT_EQ(list.Chosen(0), QStringLiteral("901"));
+  Counting().flexDetail.SetTextMatrix(1, LineColumn::Barcode, "900");
+  desk->Refresh();
+  ASSERT_EQ(list.rowCount(), 2);
+  EXPECT_EQ(list.Chosen(0), QStringLiteral("901"));
+  EXPECT_TRUE(Part<QPushButton>("floorAddUnknown").isEnabled());
+  Counting().flexDetail.SetTextMatrix(2, LineColumn::Barcode, "901");
+  desk->Refresh();
+  ASSERT_EQ(list.rowCount(), 1);
+  EXPECT_EQ(list.Chosen(0), QString()) << "the chosen one is gone";
+  EXPECT_FALSE(Part<QPushButton>("floorAddUnknown").isEnabled());
+}
+
+TEST_F(FloorDialogTest, A_second_click_does_not_add_the_next_barcode) {
+  world.database.Execute(
+      "insert into tblGood (Barcode,Code,Name) values ('6263','103','شكر'),('6264','104','چاي')");
+  desk->Session()->NoteUnknown(1, "d1", "6263");
+  desk->Session()->NoteUnknown(1, "d1", "6264");
+  desk->Refresh();
+  ShowPage(2);
+  ClickRow(Part<FloorTable>("floorUnknown"), 0);
+  auto& add = Part<QPushButton>("floorAddUnknown");
+  QTest::mouseClick(&add, Qt::LeftButton);
+  ASSERT_EQ(Counting().flexDetail.Rows(), 4);
+  EXPECT_FALSE(add.isEnabled());
+  QTest::mouseClick(&add, Qt::LeftButton);
+  EXPECT_EQ(Counting().flexDetail.Rows(), 4);
+}
+
+TEST_F(FloorDialogTest, A_barcode_of_two_counts_stays_chosen_in_the_row_that_was_clicked) {
+  for (const int count : {1, 2}) desk->Session()->NoteUnknown(count, "d1", "900");
+  desk->Refresh();
+  ShowPage(2);
+  auto& list = Part<FloorTable>("floorUnknown");
+  ClickRow(list, 1);
+  desk->Refresh();
+  EXPECT_EQ(list.Chosen(1), QStringLiteral("شمارش دوم"));
 }
 
 TEST_F(FloorDialogTest, A_scanned_barcode_that_the_desk_is_offered_stays_offered) {
@@ -132,7 +178,7 @@ TEST_F(FloorDialogTest, A_scanned_barcode_that_the_desk_is_offered_stays_offered
   desk->Session()->NoteUnknown(1, "d1", "999");
   desk->Refresh();
   ShowPage(2);
-  ClickFirst(Part<FloorTable>("floorUnknown"));
+  ClickRow(Part<FloorTable>("floorUnknown"), 0);
   Click(*desk->Dialog(), "floorAddUnknown");
   EXPECT_TRUE(Counting().cmdAddScanned.Visible());
   EXPECT_EQ(Counting().ScannedBarcode(), "777");
