@@ -30,12 +30,13 @@ constexpr int kSoonMs = 200;  ///< figures that come one after the other are sho
 // The widgets are owned by their Qt parents.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 FloorDesk::FloorDesk(InvCountingWindow& window, frmInvCounting& form, FloorJournalStore& journals,
-                     FloorServerSettings server)
+                     FloorServerSettings server, std::function<std::vector<std::string>()> addresses)
     : QObject(&window),
       window_(window),
       form_(form),
       journals_(journals),
       settings_(std::move(server)),
+      addresses_(std::move(addresses)),
       names_(form.flexDetail),
       log_(names_, [this](int count) { return Hides(count); }) {
   follow_.setSingleShot(true);
@@ -172,6 +173,7 @@ void FloorDesk::ConnectSession() {
 
 void FloorDesk::Serve() {
   settings_.store = FromQt(NameIn(form_.gmpInventory));
+  settings_.addresses = addresses_();
   server_ = std::make_unique<FloorServer>(*session_, settings_);
   refresh_.start();
 }
@@ -180,13 +182,22 @@ void FloorDesk::OpenSecure() {
   if (server_ != nullptr && !server_->IsSecure()) server_->OpenSecure();
 }
 
+/// A wireless network may come up later, and a router may give another address.
+void FloorDesk::FollowAddresses() {
+  if (server_ == nullptr) return;
+  auto addresses = addresses_();
+  if (addresses != server_->Addresses()) server_->SetAddresses(std::move(addresses));
+}
+
 void FloorDesk::FollowLater() {
   if (!isUnloaded_ && !follow_.isActive()) follow_.start(session_ == nullptr ? 0 : kSoonMs);
 }
 
 void FloorDesk::Refresh() {
   follow_.stop();
-  if (!isUnloaded_) Follow();
+  if (isUnloaded_) return;
+  FollowAddresses();
+  Follow();
 }
 
 void FloorDesk::Follow() {

@@ -3,12 +3,14 @@
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "desktop/floor/FloorLog.h"
 #include "desktop/floor/server/FloorServer.h"
+#include "desktop/floor/server/MachineAddresses.h"
 #include "floor/FloorSession.h"
 #include "platform/ports/FloorJournal.h"
 
@@ -35,8 +37,11 @@ class FloorDesk : public QObject {
 
  public:
   /// Adds the command and the bar to the window, which owns the object. `journals` must outlive the window.
+  /// `addresses` gives the names and addresses of the machine at that moment, the likeliest first: they are
+  /// asked for when the floor is opened, and once a second while it is open.
   FloorDesk(InvCountingWindow& window, frmInvCounting& form, FloorJournalStore& journals,
-            FloorServerSettings server);
+            FloorServerSettings server,
+            std::function<std::vector<std::string>()> addresses = MachineAddresses);
   ~FloorDesk() override;
 
   /// The command: opens the floor, after questions where the counting is not being changed, and shows the
@@ -73,7 +78,7 @@ class FloorDesk : public QObject {
   /// Whether who is at the desk may not see the figures of that count.
   [[nodiscard]] bool Hides(int count) const;
 
-  /// Shows what has come since the last time: what the timers do.
+  /// Shows what has come since the last time, and where devices reach the machine now: what the timers do.
   void Refresh();
 
  signals:
@@ -93,6 +98,7 @@ class FloorDesk : public QObject {
   void Begin();
   void ConnectSession();
   void Serve();
+  void FollowAddresses();
   void FollowLater();
   void Follow();
   void OfferAtEdit();
@@ -109,6 +115,7 @@ class FloorDesk : public QObject {
   frmInvCounting& form_;
   FloorJournalStore& journals_;
   FloorServerSettings settings_;
+  std::function<std::vector<std::string>()> addresses_;
   GoodNames names_;
   FloorLog log_;
   QAction* command_ = nullptr;

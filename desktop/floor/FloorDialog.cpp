@@ -12,6 +12,7 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "counting/frmInvCounting.h"
 #include "desktop/fields/Fields.h"
@@ -214,15 +215,25 @@ void FloorDialog::Show() {
   QString text = desk_.Summary();
   if (!desk_.JournalFailure().isEmpty()) text += QChar(u' ') + desk_.JournalFailure();
   summary_->setText(RightToLeft(text));
+  ShowAddresses();
   ShowCodes();
   ShowDevices();
   ShowUnknown();
 }
 
+/// The likeliest address is shown, unless the user has chosen another one that the machine still has.
 void FloorDialog::ShowAddresses() {
-  if (!desk_.IsServed() || addresses_->count() > 0) return;
+  if (!desk_.IsServed()) return;
+  QStringList now;
+  for (const std::string& address : desk_.Server()->Addresses()) now.push_back(ToQt(address));
+  QStringList shown;
+  for (int at = 0; at < addresses_->count(); ++at) shown.push_back(addresses_->itemText(at));
+  if (now == shown) return;
+  const QString chosen = addresses_->currentIndex() > 0 ? addresses_->currentText() : QString();
   const QSignalBlocker quiet(addresses_);
-  for (const std::string& address : desk_.Server()->Addresses()) addresses_->addItem(ToQt(address));
+  addresses_->clear();
+  addresses_->addItems(now);
+  addresses_->setCurrentIndex(std::max(0, static_cast<int>(now.indexOf(chosen))));
   addresses_->setEnabled(addresses_->count() > 1);
 }
 

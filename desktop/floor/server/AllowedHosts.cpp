@@ -14,7 +14,8 @@ std::string SmallLetters(std::string_view text) {
 
 }  // namespace
 
-AllowedHosts::AllowedHosts(const std::vector<std::string>& addresses) : names_{"127.0.0.1", "localhost"} {
+void AllowedHosts::SetNames(const std::vector<std::string>& addresses) {
+  names_ = {"127.0.0.1", "localhost"};
   for (const std::string& address : addresses) names_.insert(SmallLetters(address));
 }
 

@@ -13,8 +13,10 @@ namespace koru {
 class AllowedHosts {
  public:
   /// Names and addresses of the machine; 127.0.0.1 and localhost are allowed besides.
-  explicit AllowedHosts(const std::vector<std::string>& addresses);
+  explicit AllowedHosts(const std::vector<std::string>& addresses) { SetNames(addresses); }
 
+  /// Replaces the names and addresses.
+  void SetNames(const std::vector<std::string>& addresses);
   /// Devices reach the machine by this port, too.
   void AddPort(std::uint16_t port) { ports_.insert(std::to_string(port)); }
   /// Whether the header field Host names the machine, alone or with one of the ports.

@@ -60,6 +60,7 @@ class FloorServer::Service : public HttpService {
   ~Service() override;
 
   void OpenSecure();
+  void SetAddresses(std::vector<std::string> addresses);
 
   [[nodiscard]] const FloorServerSettings& Settings() const { return settings_; }
   [[nodiscard]] FloorSession& Session() { return session_; }
@@ -131,6 +132,11 @@ void FloorServer::Service::OpenSecure() {
   secure_ = std::make_unique<HttpServer>(
       *this, settings_.securePort, Limits(), [this] { TakeTurn(); }, identity);
   routes_.Hosts().AddPort(secure_->Port());
+}
+
+void FloorServer::Service::SetAddresses(std::vector<std::string> addresses) {
+  settings_.addresses = std::move(addresses);
+  routes_.Hosts().SetNames(settings_.addresses);
 }
 
 void FloorServer::Service::SetWaiting(bool waits) {
@@ -255,6 +261,9 @@ FloorServer::~FloorServer() = default;
 
 void FloorServer::OpenSecure() { service_->OpenSecure(); }
 bool FloorServer::IsSecure() const { return service_->Secure() != nullptr; }
+void FloorServer::SetAddresses(std::vector<std::string> addresses) {
+  service_->SetAddresses(std::move(addresses));
+}
 std::uint16_t FloorServer::Port() const { return service_->Plain()->Port(); }
 std::uint16_t FloorServer::SecurePort() const { return IsSecure() ? service_->Secure()->Port() : 0; }
 const std::vector<std::string>& FloorServer::Addresses() const { return service_->Settings().addresses; }

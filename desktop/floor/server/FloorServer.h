@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "desktop/floor/server/MachineAddresses.h"
 #include "floor/FloorSession.h"
 
 namespace koru {
@@ -35,8 +34,8 @@ struct FloorServerSettings {
   std::uint16_t securePort = 47816;  ///< of https; 0 takes a free one
   std::filesystem::path folder;      ///< keeps certificate and key, readable by the user of the machine alone
   /// Names and addresses by which devices reach this machine, the likeliest first. 127.0.0.1 and localhost
-  /// are served besides.
-  std::vector<std::string> addresses = MachineAddresses();
+  /// are served besides. SetAddresses gives others.
+  std::vector<std::string> addresses;
   std::string store;  ///< the name of the counting's store, for counters
   FloorServerLimits limits;
 };
@@ -58,6 +57,10 @@ class FloorServer {
   /// when it listens already. Throws InputError when it cannot.
   void OpenSecure();
   [[nodiscard]] bool IsSecure() const;
+
+  /// The machine has other names and addresses by now: devices reach it by these alone. Https that listens
+  /// already keeps its certificate; the next OpenSecure makes one for them.
+  void SetAddresses(std::vector<std::string> addresses);
 
   /// The ports that devices reach; the second is 0 without https.
   [[nodiscard]] std::uint16_t Port() const;

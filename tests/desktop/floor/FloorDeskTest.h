@@ -34,8 +34,8 @@ class FloorDeskTest : public InvCountingWindowTest {
     settings.port = 0;
     settings.securePort = 0;
     settings.folder = folder.Path() / "floor";
-    settings.addresses = {"127.0.0.1", "desk.example"};
-    desk = new FloorDesk(dynamic_cast<InvCountingWindow&>(*window), Counting(), journals, settings);
+    desk = new FloorDesk(dynamic_cast<InvCountingWindow&>(*window), Counting(), journals, settings,
+                         [this] { return addresses; });
   }
   /// The program ends, and the counting is opened by another one.
   void StartAnew() {
@@ -111,6 +111,7 @@ class FloorDeskTest : public InvCountingWindowTest {
 
   test::TemporaryFolder folder;
   FloorJournalFiles journals{folder.Path() / "floor"};
+  std::vector<std::string> addresses = {"127.0.0.1", "desk.example"};  ///< of the machine, now
   FloorDesk* desk = nullptr;
   std::int64_t sequence = 0;
 };

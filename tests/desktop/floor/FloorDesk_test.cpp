@@ -348,8 +348,8 @@ TEST_F(FloorDeskTest, A_journal_that_cannot_be_written_is_reported_once) {
   delete desk;
   FloorServerSettings settings;
   settings.port = 0;
-  settings.addresses = {"127.0.0.1"};
-  desk = new FloorDesk(dynamic_cast<InvCountingWindow&>(*window), Counting(), full, settings);
+  desk = new FloorDesk(dynamic_cast<InvCountingWindow&>(*window), Counting(), full, settings,
+                       [this] { return addresses; });
   OpenInEdit();
   for (const char* const text : {"1", "2"}) {
     const FloorFigure figure{++sequence, {kRice, 1}, FloorFigure::Operation::Add, text, ""};

@@ -12,6 +12,7 @@
 #include "desktop/floor/FloorTable.h"
 #include "desktop/floor/QrCodeView.h"
 #include "tests/desktop/floor/FloorDeskTest.h"
+#include "tests/desktop/floor/server/HttpClient.h"
 
 namespace koru {
 namespace {
@@ -59,11 +60,49 @@ TEST_F(FloorDialogTest, Each_count_has_its_own_code_address_and_counter) {
 }
 
 TEST_F(FloorDialogTest, The_user_chooses_among_several_addresses) {
-  auto& addresses = Part<QComboBox>("floorAddress");
-  EXPECT_TRUE(addresses.isEnabled());
-  EXPECT_EQ(addresses.count(), 2);
-  addresses.setCurrentIndex(1);
+  auto& list = Part<QComboBox>("floorAddress");
+  EXPECT_TRUE(list.isEnabled());
+  EXPECT_EQ(list.count(), 2);
+  list.setCurrentIndex(1);
   EXPECT_EQ(Part<QrCodeView>("floorCode3").Text(), ToQt(desk->Server()->Url(3, "desk.example")));
+}
+
+TEST_F(FloorDialogTest, An_address_that_the_machine_gets_later_is_in_the_code_and_is_served) {
+  const auto status = [this](const std::string& host) {
+    test::HttpClient client(desk->Server()->Port());
+    client.Send("GET / HTTP/1.1\r\nHost: " + host + "\r\n\r\n");
+    return client.Receive().status;
+  };
+  EXPECT_EQ(status("192.0.2.7"), 421);
+  addresses = {"192.0.2.7", "desk.example"};
+  desk->Refresh();
+  EXPECT_EQ(Part<QrCodeView>("floorCode2").Text(), ToQt(desk->Server()->Url(2, "192.0.2.7")));
+  EXPECT_EQ(Part<QLineEdit>("floorUrl2").text(), ToQt(desk->Server()->Url(2, "192.0.2.7")));
+  EXPECT_EQ(status("192.0.2.7"), 200);
+  addresses = {"192.0.2.8", "desk.example"};
+  desk->Refresh();
+  EXPECT_EQ(Part<QrCodeView>("floorCode2").Text(), ToQt(desk->Server()->Url(2, "192.0.2.8")));
+  EXPECT_EQ(status("192.0.2.8"), 200);
+  EXPECT_EQ(status("192.0.2.7"), 421) << "another machine may have it now";
+}
+
+TEST_F(FloorDialogTest, The_address_that_the_user_has_chosen_stays_while_the_machine_has_it) {
+  Part<QComboBox>("floorAddress").setCurrentIndex(1);
+  addresses = {"192.0.2.7", "192.0.2.8", "desk.example"};
+  desk->Refresh();
+  EXPECT_EQ(Part<QComboBox>("floorAddress").count(), 3);
+  EXPECT_EQ(Part<QrCodeView>("floorCode1").Text(), ToQt(desk->Server()->Url(1, "desk.example")));
+  addresses = {"192.0.2.7"};
+  desk->Refresh();
+  EXPECT_EQ(Part<QrCodeView>("floorCode1").Text(), ToQt(desk->Server()->Url(1, "192.0.2.7")));
+}
+
+TEST_F(FloorDialogTest, The_addresses_are_those_of_the_moment_when_the_floor_is_opened) {
+  world.messages.WillAnswer(Answer::Yes);
+  desk->Stop();
+  addresses = {"192.0.2.7"};
+  desk->Open();
+  EXPECT_EQ(desk->Server()->Addresses(), std::vector<std::string>{"192.0.2.7"});
 }
 
 TEST_F(FloorDialogTest, The_second_code_is_for_cameras_and_each_kind_has_its_advice) {

@@ -126,6 +126,15 @@ TEST_F(FloorSecure, The_certificate_is_kept_until_30_days_of_it_remain_or_the_ad
   EXPECT_NE(Made(kNow + std::chrono::days(795), {"192.0.2.8", "desk"}).certificate, later.certificate);
 }
 
+TEST_F(FloorSecure, The_certificate_is_for_the_addresses_that_the_machine_has_when_https_is_opened) {
+  server_->SetAddresses({"192.0.2.8"});
+  EXPECT_EQ(server_->Addresses(), Addresses{"192.0.2.8"});
+  server_->OpenSecure();
+  const auto names = Read(File("certificate.pem")).subjectAlternativeNames();
+  EXPECT_EQ(names.values(QSsl::IpAddressEntry), QStringList{"192.0.2.8"});
+  EXPECT_EQ(names.values(QSsl::DnsEntry), QStringList());
+}
+
 TEST_F(FloorSecure, A_damaged_or_foreign_key_is_made_anew) {
   const HttpIdentity first = Made(kNow);
   std::ofstream(folder_.Path() / "key.pem") << "nothing";
