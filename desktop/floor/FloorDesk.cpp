@@ -140,6 +140,8 @@ bool FloorDesk::MakeReady() {
 void FloorDesk::Begin() {
   if (session_ != nullptr && session_->Ended() == FloorSession::End::None) return;
   isOffered_ = true;
+  const auto counting = static_cast<std::int32_t>(form_.CountingID());
+  if (std::exchange(countingOfLog_, counting) != counting) log_.Clear();
   ofSession_.clear();
   session_.reset();
   journal_.reset();
@@ -221,12 +223,10 @@ void FloorDesk::OfferAtEdit() {
     return;
   }
   if (std::exchange(isOffered_, true) || !journals_.Has(Owner())) return;
-  try {
+  form_.RunEvent([this] {
     Begin();
-  } catch (const InputError&) {
-    return;  // another program has it, and offers them
-  }
-  if (!session_->Left().Cells().empty()) OfferLeft();
+    OfferLeft();
+  });
 }
 
 void FloorDesk::OfferLeft() {

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -118,6 +119,7 @@ class FloorDesk : public QObject {
   std::function<std::vector<std::string>()> addresses_;
   GoodNames names_;
   FloorLog log_;
+  std::int32_t countingOfLog_ = 0;  ///< the ID
   QAction* command_ = nullptr;
   QTimer follow_;            ///< runs once after something has changed
   QTimer refresh_;           ///< while the floor is open: last contacts and figures

@@ -68,6 +68,13 @@ void FloorLog::ShowNew() {
   endRemoveRows();
 }
 
+void FloorLog::Clear() {
+  beginResetModel();
+  entries_.clear();
+  new_.clear();
+  endResetModel();
+}
+
 void FloorLog::HiddenChanged() {
   if (!entries_.empty()) emit dataChanged(index(0, Figure), index(rowCount() - 1, State));
 }

@@ -30,7 +30,7 @@ class GoodNames {
   Subscription rowsChanged_;
 };
 
-/// The log of a session: each figure of the floor and what became of it, the latest at the end. Figures of
+/// The log of a counting: each figure of the floor and what became of it, the latest at the end. Figures of
 /// counts that who is at the desk may not see have no text.
 class FloorLog : public QAbstractTableModel {
   Q_OBJECT
@@ -45,6 +45,8 @@ class FloorLog : public QAbstractTableModel {
   /// Notes a figure. It is shown by the next ShowNew, so that many at once lay views out once.
   void Add(const JournalFigure& figure, const std::string& device);
   void ShowNew();
+  /// Removes all figures.
+  void Clear();
   /// What is hidden is another.
   void HiddenChanged();
   /// The log as CSV in UTF-8 with a byte order mark and a line of titles. Texts that a spreadsheet would take

@@ -219,6 +219,22 @@ TEST_F(FloorDeskTest, Another_counting_closes_it) {
   EXPECT_FALSE(desk->IsServed());
 }
 
+TEST_F(FloorDeskTest, The_log_is_that_of_one_counting) {
+  OpenInEdit();
+  Set(2, kRice, "954");
+  Save();
+  desk->Refresh();
+  world.database.Execute("insert into tblInventoryCounting (ID,InventoryID,CreatorID) values (2,1,1)");
+  ASSERT_TRUE(control.View(1));
+  OpenInEdit();
+  EXPECT_NE(desk->Log().Csv().indexOf("954"), -1) << "the same counting";
+  Save();
+  ASSERT_TRUE(control.View(2));
+  desk->Refresh();
+  OpenInEdit();
+  EXPECT_EQ(desk->Log().Csv().indexOf("954"), -1);
+}
+
 TEST_F(FloorDeskTest, A_second_program_on_the_same_counting_is_refused_with_one_sentence) {
   const auto held = journals.Open(Owner());
   Edit();

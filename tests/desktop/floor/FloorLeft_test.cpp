@@ -123,12 +123,31 @@ TEST_F(FloorLeft, Are_offered_by_the_command_too) {
   EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
 }
 
-TEST_F(FloorLeft, Are_not_offered_while_another_program_has_them) {
+TEST_F(FloorLeft, Are_not_offered_while_another_program_has_them_which_is_said_once) {
   const auto held = journals.Open(Owner());
   Edit();
   desk->Refresh();
+  desk->Refresh();
   EXPECT_EQ(desk->Session(), nullptr);
-  EXPECT_EQ(NewMessages(), std::vector<std::string>());
+  const auto messages = NewMessages();
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_NE(messages[0].find("در اختيار برنامة ديگري است"), std::string::npos) << messages[0];
+}
+
+TEST_F(FloorLeft, In_a_journal_that_cannot_be_read_are_reported_once_by_Edit) {
+  std::filesystem::path journal;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.Path() / "floor")) {
+    if (entry.path().extension() == ".journal") journal = entry.path();
+  }
+  ASSERT_TRUE(std::filesystem::remove(journal));
+  std::filesystem::create_directory(journal);
+  Edit();
+  desk->Refresh();
+  desk->Refresh();
+  EXPECT_EQ(desk->Session(), nullptr);
+  const auto messages = NewMessages();
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_EQ(messages[0].find("دفتر ارقام گوشي\u200cها خوانده نشد: "), 0U) << messages[0];
 }
 
 }  // namespace
