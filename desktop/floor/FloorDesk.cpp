@@ -237,8 +237,9 @@ void FloorDesk::OfferLeft() {
   if (dialog.Chosen() == LeftFiguresDialog::Choice::Take) {
     SayReplayed(session_->Replay());
   } else if (dialog.Chosen() == LeftFiguresDialog::Choice::Forgo) {
-    session_->ForgoLeft();
-    Say(QStringLiteral("رقم\u200cهاي مانده وارد نشد و 30 روز كنار مي\u200cماند."));
+    Say(session_->ForgoLeft()
+            ? QStringLiteral("رقم\u200cهاي مانده وارد نشد و 30 روز كنار مي\u200cماند.")
+            : QStringLiteral("رقم\u200cهاي مانده كنار گذاشته نشد، چون روي ديسك نوشته نشد؛ هنوز مانده است."));
   }
   emit changed();
 }

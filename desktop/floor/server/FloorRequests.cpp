@@ -99,7 +99,7 @@ std::optional<FiguresRequest> ReadFigures(std::string_view json) {
   if (static_cast<std::size_t>(array.size()) > kMaxItems) return std::nullopt;
   FiguresRequest request{std::move(*device), {}};
   request.figures.reserve(static_cast<std::size_t>(array.size()));
-  for (const QJsonValue& item : array) {
+  for (const auto& item : array) {
     auto figure = FigureOf(item.toObject());
     if (!figure) return std::nullopt;
     request.figures.push_back(std::move(*figure));

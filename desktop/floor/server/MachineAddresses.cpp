@@ -59,6 +59,7 @@ std::vector<std::string> MachineAddresses() {
   std::stable_sort(ranked.begin(), ranked.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<std::string> addresses;
+  addresses.reserve(ranked.size() + 1);
   for (auto& [rank, address] : ranked) addresses.push_back(std::move(address));
   if (addresses.empty()) addresses.emplace_back("127.0.0.1");
   if (std::string name = HostName(); !name.empty()) addresses.push_back(std::move(name));

@@ -37,9 +37,10 @@ PageFiles::PageFiles() {
     const bool isIndex = name == kIndex;
     const auto keep = isIndex ? HttpAnswer::Keep::Day : HttpAnswer::Keep::Forever;
     std::string packed = Gzip(content, kGoodCompression);
-    files_.emplace(isIndex ? "/" : "/v/" + version + "/" + name,
-                   File{HttpAnswer(kOk, TypeOf(name), std::move(content), keep),
-                        HttpAnswer(kOk, TypeOf(name), std::move(packed), keep, true)});
+    std::string path = "/";
+    if (!isIndex) path.append("v/").append(version).append("/").append(name);
+    files_.emplace(std::move(path), File{HttpAnswer(kOk, TypeOf(name), std::move(content), keep),
+                                         HttpAnswer(kOk, TypeOf(name), std::move(packed), keep, true)});
   }
 }
 

@@ -347,9 +347,7 @@ class FullJournals : public FloorJournalStore {
     void Append(std::string_view /*lines*/) override { throw InputError("ديسك پر است."); }
     void Sync() override { journal_->Sync(); }
     void SetAside() override { journal_->SetAside(); }
-    [[nodiscard]] std::vector<std::string> ReadSetAside() const override {
-      return journal_->ReadSetAside();
-    }
+    [[nodiscard]] std::vector<std::string> ReadSetAside() const override { return journal_->ReadSetAside(); }
     void Remove() override { journal_->Remove(); }
 
    private:
