@@ -88,6 +88,7 @@ TEST_F(PageEntry, Figures_are_set_and_added_by_two_buttons_and_zero_is_not_nothi
   browser_.Keys(QStringLiteral("7"));
   ClickButton(browser_, Text("افزودن"));
   WaitForDesk(kTea, QStringLiteral("12"));
+  WaitForState(browser_, kAllArrived);
   test::Count(browser_, kTea, QStringLiteral("0"));
   WaitForDesk(kTea, QStringLiteral("0"));
   Scan(browser_, kTea);
