@@ -1,5 +1,6 @@
 #include "adapters/system/FloorJournalFiles.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -102,11 +103,12 @@ class JournalFile : public FloorJournal {
   [[nodiscard]] std::vector<std::string> ReadSetAside() const override {
     const auto aside = Aside();
     std::vector<std::string> texts;
-    for (auto kept = aside.rbegin(); kept != aside.rend(); ++kept) {
+    for (const auto& kept : aside) {
       std::error_code error;
-      std::string text = ReadWhole(kept->second, error);
+      std::string text = ReadWhole(kept.second, error);
       if (!error) texts.push_back(std::move(text));
     }
+    std::reverse(texts.begin(), texts.end());
     return texts;
   }
 
