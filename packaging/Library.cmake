@@ -59,4 +59,5 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KoruCountingConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/KoruCountingConfigVersion.cmake ${CMAKE_SOURCE_DIR}/cmake/FindXlsxwriter.cmake
               ${CMAKE_SOURCE_DIR}/cmake/FindLibzip.cmake ${CMAKE_SOURCE_DIR}/cmake/FindMicrohttpd.cmake
               ${CMAKE_SOURCE_DIR}/cmake/FindQrencode.cmake
+              ${CMAKE_SOURCE_DIR}/cmake/KoruFindLibrary.cmake
         DESTINATION ${package} COMPONENT development)
