@@ -20,32 +20,29 @@ class FloorLeft : public FloorDeskTest {
     StartAnew();
   }
   /// Presses Edit and answers the offer.
-  [[nodiscard]] bool EditAndChoose(const char* button) {
+  [[nodiscard]] bool EditAndAnswer(const std::function<void(QDialog&)>& answer) {
     return WithDialog(
         "koru::LeftFiguresDialog",
         [this] {
           Edit();
           desk->Refresh();
         },
-        [button](QDialog& dialog) { Click(dialog, button); });
+        answer);
+  }
+  [[nodiscard]] bool EditAndChoose(const char* button) {
+    return EditAndAnswer([button](QDialog& dialog) { Click(dialog, button); });
   }
 };
 
 TEST_F(FloorLeft, Are_offered_by_the_next_Edit_in_a_list_without_a_server) {
   std::vector<QString> first;
-  EXPECT_TRUE(WithDialog(
-      "koru::LeftFiguresDialog",
-      [this] {
-        Edit();
-        desk->Refresh();
-      },
-      [&](QDialog& dialog) {
-        const auto& table = *dialog.findChild<FloorTable*>(QStringLiteral("leftTable"));
-        EXPECT_EQ(table.rowCount(), 2);
-        for (int col = 0; col < 5; ++col) first.push_back(table.item(0, col)->text());
-        EXPECT_FALSE(table.item(0, 5)->text().isEmpty());
-        Click(dialog, "takeLeft");
-      }));
+  EXPECT_TRUE(EditAndAnswer([&](QDialog& dialog) {
+    const auto& table = *dialog.findChild<FloorTable*>(QStringLiteral("leftTable"));
+    EXPECT_EQ(table.rowCount(), 2);
+    for (int col = 0; col < 5; ++col) first.push_back(table.item(0, col)->text());
+    EXPECT_FALSE(table.item(0, 5)->text().isEmpty());
+    Click(dialog, "takeLeft");
+  }));
   EXPECT_EQ(first, (std::vector<QString>{"شمارش دوم", "برنج", "6261", "9", "تبلت انبار"}));
   EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
   EXPECT_EQ(Cell(2, LineColumn::ThirdCounting), "8");
@@ -94,18 +91,12 @@ TEST_F(FloorLeft, Of_a_count_that_a_blind_desk_may_not_see_have_no_text) {
   Find<QAction>("blindEntry3").trigger();
   QString hidden;
   QString shown;
-  ASSERT_TRUE(WithDialog(
-      "koru::LeftFiguresDialog",
-      [this] {
-        Edit();
-        desk->Refresh();
-      },
-      [&](QDialog& dialog) {
-        const auto& table = *dialog.findChild<FloorTable*>(QStringLiteral("leftTable"));
-        hidden = table.item(0, 3)->text();
-        shown = table.item(1, 3)->text();
-        Click(dialog, "decideLater");
-      }));
+  ASSERT_TRUE(EditAndAnswer([&](QDialog& dialog) {
+    const auto& table = *dialog.findChild<FloorTable*>(QStringLiteral("leftTable"));
+    hidden = table.item(0, 3)->text();
+    shown = table.item(1, 3)->text();
+    Click(dialog, "decideLater");
+  }));
   EXPECT_EQ(hidden, QStringLiteral("پنهان"));
   EXPECT_EQ(shown, QStringLiteral("8"));
 }

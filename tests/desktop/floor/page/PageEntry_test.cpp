@@ -20,6 +20,15 @@ class PageEntry : public PageWorld {
                      {{"type", "keyUp"}, {"key", Text(character)}, {"code", place}});
   }
 
+  /// Scans LED-60-W as a Persian layout gives it.
+  void ScanLampInPersianLayout() {
+    const std::pair<const char*, const char*> keys[] = {{"م", "KeyL"},  {"ث", "KeyE"},   {"ی", "KeyD"},
+                                                        {"-", "Minus"}, {"۶", "Digit6"}, {"۰", "Digit0"},
+                                                        {"-", "Minus"}, {"ص", "KeyW"}};
+    for (const auto& [character, place] : keys) PressPlaced(character, place);
+    browser_.Press(BrowserKey::Enter);
+  }
+
   Browser browser_;
 };
 
@@ -69,12 +78,7 @@ TEST_F(PageEntry, Digits_of_Persian_and_Arabic_keyboards_are_figures) {
 
 TEST_F(PageEntry, Letters_of_a_scanner_on_a_Persian_keyboard_are_read_by_the_places_of_their_keys) {
   OpenPage(browser_);
-  // LED-60-W as a Persian layout gives it.
-  const std::pair<const char*, const char*> keys[] = {{"م", "KeyL"},  {"ث", "KeyE"},   {"ی", "KeyD"},
-                                                      {"-", "Minus"}, {"۶", "Digit6"}, {"۰", "Digit0"},
-                                                      {"-", "Minus"}, {"ص", "KeyW"}};
-  for (const auto& [character, place] : keys) PressPlaced(character, place);
-  browser_.Press(BrowserKey::Enter);
+  ScanLampInPersianLayout();
   WaitForText(browser_, QStringLiteral("#card h2"), Text(kLamp.name));
 }
 
@@ -250,11 +254,7 @@ TEST_F(PageEntry, A_scan_after_a_search_that_Enter_ended_replaces_it_on_a_keyboa
   OpenPage(browser_);
   browser_.Keys(Text("هیچ کالایی\n"));
   WaitForText(browser_, QStringLiteral("#empty"), Text("کالایی پیدا نشد"));
-  const std::pair<const char*, const char*> keys[] = {{"م", "KeyL"},  {"ث", "KeyE"},   {"ی", "KeyD"},
-                                                      {"-", "Minus"}, {"۶", "Digit6"}, {"۰", "Digit0"},
-                                                      {"-", "Minus"}, {"ص", "KeyW"}};
-  for (const auto& [character, place] : keys) PressPlaced(character, place);
-  browser_.Press(BrowserKey::Enter);
+  ScanLampInPersianLayout();
   WaitForText(browser_, QStringLiteral("#card h2"), Text(kLamp.name));
 }
 

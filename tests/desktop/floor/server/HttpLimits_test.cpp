@@ -219,7 +219,7 @@ TEST_F(HttpLimits, A_session_has_a_bounded_number_of_devices_and_unknown_barcode
   EXPECT_EQ(hello("d1"), 200);
   EXPECT_EQ(hello("d2"), 200);
   EXPECT_EQ(hello("d3"), 429);
-  EXPECT_EQ(hello("d1"), 200) << "who takes part goes on";
+  EXPECT_EQ(hello("d1"), 200) << "who takes part already is served";
   EXPECT_EQ(Get(Changes("0", "d3")).status, 429);
   EXPECT_EQ(Post("/a/unknown", R"({"device":"d1","barcode":"X1"})").status, 200);
   EXPECT_EQ(Post("/a/unknown", R"({"device":"d1","barcode":"X2"})").status, 429);
