@@ -88,7 +88,9 @@ export class Floor extends EventTarget {
     this.count = count;
     this.place = store;
     this.#takeLines(JSON.parse(text));
-    this.#setFigures(figures.map(({ barcode, ordinal, figure }) => [barcode, ordinal, figure]), 0);
+    for (const { barcode, ordinal, figure } of figures) this.lines.setFigure(barcode, ordinal, figure, 0);
+    this.lines.countAnew();
+    this.#changed('figures');
   }
 
   /** Tries at once what waits for its next time. */
@@ -187,15 +189,12 @@ export class Floor extends EventTarget {
 
   #cellsCame(cells, revision) {
     if (cells.length === 0) return;
-    this.#setFigures(cells, revision);
-    this.#store.keepFigures(cells.map(([barcode, ordinal, figure]) => (
-        { code: this.#code, barcode, ordinal, figure, rev: revision }))).catch(() => {});  // as the lines
-  }
-
-  #setFigures(cells, revision) {
-    for (const [barcode, ordinal, figure] of cells) this.lines.setFigure(barcode, ordinal, figure, revision);
+    for (const [barcode, ordinal, figure] of cells) this.lines.hear(barcode, ordinal, figure, revision);
     this.lines.countAnew();
     this.#changed('figures');
+    const kept = cells.filter(([barcode, ordinal]) => !this.lines.isAdding(barcode, ordinal))
+        .map(([barcode, ordinal, figure]) => ({ code: this.#code, barcode, ordinal, figure, rev: revision }));
+    this.#store.keepFigures(kept).catch(() => {});  // as the lines
   }
 
   #setQueue(queue) {

@@ -21,6 +21,7 @@ export class Lines {
   #texts = null;
   #revisions = [];
   #pending = new Map();
+  #heard = new Map();
   #counted = 0;
 
   get size() {
@@ -36,6 +37,7 @@ export class Lines {
   setRows(rows) {
     this.#rows = rows;
     this.#revisions = new Float64Array(rows.length);
+    this.#heard.clear();
     this.#texts = null;
     this.#byKey = new Map();
     this.#byBarcode = new Map();
@@ -56,7 +58,26 @@ export class Lines {
   setPending(items) {
     this.#pending = new Map();
     for (const item of items) addTo(this.#pending, keyOf(item.barcode, item.ordinal), item);
+    for (const [key, { barcode, ordinal, figure, revision }] of this.#heard) {
+      if (this.isAdding(barcode, ordinal)) continue;
+      this.#heard.delete(key);
+      this.setFigure(barcode, ordinal, figure, revision);
+    }
     this.#count();
+  }
+
+  /** Whether an addition to the line has no answer yet: what the desk says of it meanwhile may include that. */
+  isAdding(barcode, ordinal) {
+    return (this.#pending.get(keyOf(barcode, ordinal)) ?? []).some(({ op }) => op === 'add');
+  }
+
+  /** The desk has said a figure without being asked. Where an addition is under way, it counts after the answer. */
+  hear(barcode, ordinal, figure, revision) {
+    if (this.isAdding(barcode, ordinal)) {
+      this.#heard.set(keyOf(barcode, ordinal), { barcode, ordinal, figure, revision });
+    } else {
+      this.setFigure(barcode, ordinal, figure, revision);
+    }
   }
 
   /** The desk had a figure at a revision, which may be before one that is known here: answers overtake each other. */

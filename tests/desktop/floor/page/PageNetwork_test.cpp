@@ -66,6 +66,8 @@ TEST_F(PageNetwork, An_answer_that_is_lost_while_adding_adds_once) {
   ClickButton(browser, Text("افزودن"));
   WaitForDesk(kTea, QStringLiteral("12"));
   browser.WaitFor(QStringLiteral("window.lost > 1"), QStringLiteral("sent again"));
+  EXPECT_EQ(ShownFigure(browser, kTea), QStringLiteral("12"))
+      << "what the desk has by now is not added to again";
   Type(1, LineColumn::FirstCounting, "100");  // meanwhile, the desk
   browser.Run(QStringLiteral("window.isLosing = false"));
   WaitForState(browser, kAllArrived);
