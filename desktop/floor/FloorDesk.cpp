@@ -308,7 +308,7 @@ void FloorDesk::AddUnknown(const std::string& barcode) {
 
 /// The session has ended with the entry.
 void FloorDesk::End(FloorSession::End end) {
-  const bool isKept = end != FloorSession::End::Registered && std::exchange(sinceSave_, 0) > 0;
+  const bool isKept = end != FloorSession::End::Registered && sinceSave_ > 0;
   Close();
   if (!isKept) return;
   Say(
@@ -318,6 +318,7 @@ void FloorDesk::End(FloorSession::End end) {
 
 void FloorDesk::Close() {
   refresh_.stop();
+  sinceSave_ = 0;
   if (!dialog_.isNull()) dialog_->Leave();
   server_.reset();
   ofSession_.clear();

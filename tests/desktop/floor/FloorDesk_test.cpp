@@ -137,6 +137,24 @@ TEST_F(FloorDeskTest, A_cancelled_entry_without_figures_of_the_floor_says_nothin
   EXPECT_EQ(said, "");
 }
 
+TEST_F(FloorDeskTest, Figures_saved_after_the_floor_was_closed_are_none_of_a_later_cancel) {
+  OpenInEdit();
+  Set(2, kRice, "9");
+  world.messages.WillAnswer(Answer::Yes);
+  desk->Stop();
+  Save();
+  OpenInEdit();
+  Counting().flexDetail.UserEdit(1, LineColumn::ThirdCounting, "4");
+  std::string said;
+  const Subscription reported =
+      Counting().CommandReported.Subscribe([&](const std::string& text) { said = text; });
+  world.messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Counting().cmdCancel.UserClick());
+  desk->Refresh();
+  EXPECT_FALSE(desk->IsServed());
+  EXPECT_EQ(said, "");
+}
+
 TEST_F(FloorDeskTest, What_was_set_aside_can_be_taken_back) {
   OpenInEdit();
   Set(2, kRice, "9");
