@@ -61,6 +61,17 @@ class FloorDeskTest : public InvCountingWindowTest {
     desk->Refresh();
   }
 
+  /// Cancels the entry and answers yes; returns the sentence that is reported then.
+  std::string SaidAtCancel() {
+    std::string said;
+    const Subscription reported =
+        Counting().CommandReported.Subscribe([&](const std::string& text) { said = text; });
+    world.messages.WillAnswer(Answer::Yes);
+    EXPECT_TRUE(Counting().cmdCancel.UserClick());
+    desk->Refresh();
+    return said;
+  }
+
   FloorAnswer Send(int count, const FloorFigure& figure) {
     const auto answers = desk->Session()->Enter(count, "d" + std::to_string(count), {&figure, 1});
     EXPECT_TRUE(desk->Session()->Commit());

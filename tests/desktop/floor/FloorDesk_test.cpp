@@ -113,11 +113,7 @@ TEST_F(FloorDeskTest, Registration_closes_it) {
 TEST_F(FloorDeskTest, Cancel_closes_it_and_says_that_the_figures_are_kept_aside) {
   OpenInEdit();
   Set(2, kRice, "9");
-  std::string said;
-  const Subscription reported =
-      Counting().CommandReported.Subscribe([&](const std::string& text) { said = text; });
-  world.messages.WillAnswer(Answer::Yes);
-  ASSERT_TRUE(Counting().cmdCancel.UserClick());
+  const std::string said = SaidAtCancel();
   EXPECT_EQ(NewMessages(), std::vector<std::string>{"آيا مطمئن هستيد؟"}) << "the form's own question";
   EXPECT_EQ(Bar(), "hidden");
   EXPECT_FALSE(desk->IsServed());
@@ -127,14 +123,8 @@ TEST_F(FloorDeskTest, Cancel_closes_it_and_says_that_the_figures_are_kept_aside)
 TEST_F(FloorDeskTest, A_cancelled_entry_without_figures_of_the_floor_says_nothing_about_them) {
   OpenInEdit();
   Counting().flexDetail.UserEdit(1, LineColumn::ThirdCounting, "4");
-  std::string said;
-  const Subscription reported =
-      Counting().CommandReported.Subscribe([&](const std::string& text) { said = text; });
-  world.messages.WillAnswer(Answer::Yes);
-  ASSERT_TRUE(Counting().cmdCancel.UserClick());
-  desk->Refresh();
+  EXPECT_EQ(SaidAtCancel(), "");
   EXPECT_FALSE(desk->IsServed());
-  EXPECT_EQ(said, "");
 }
 
 TEST_F(FloorDeskTest, Figures_saved_after_the_floor_was_closed_are_none_of_a_later_cancel) {
@@ -145,14 +135,8 @@ TEST_F(FloorDeskTest, Figures_saved_after_the_floor_was_closed_are_none_of_a_lat
   Save();
   OpenInEdit();
   Counting().flexDetail.UserEdit(1, LineColumn::ThirdCounting, "4");
-  std::string said;
-  const Subscription reported =
-      Counting().CommandReported.Subscribe([&](const std::string& text) { said = text; });
-  world.messages.WillAnswer(Answer::Yes);
-  ASSERT_TRUE(Counting().cmdCancel.UserClick());
-  desk->Refresh();
+  EXPECT_EQ(SaidAtCancel(), "");
   EXPECT_FALSE(desk->IsServed());
-  EXPECT_EQ(said, "");
 }
 
 TEST_F(FloorDeskTest, What_was_set_aside_can_be_taken_back) {
