@@ -1,7 +1,5 @@
 #include "desktop/grid/CellTint.h"
 
-#include <algorithm>
-
 #include "desktop/grid/GridView.h"
 
 namespace koru {
@@ -12,31 +10,53 @@ CellTint::CellTint(GridView& view) : view_(view) {
   QObject::connect(&timer_, &QTimer::timeout, &view, [this] { End(); });
 }
 
+CellTint::Key CellTint::KeyOf(const Grid& grid, int row, int col) {
+  constexpr unsigned kBitsOfColumn = 32;
+  return Key{grid.RowID(row)} << kBitsOfColumn | static_cast<std::uint32_t>(col);
+}
+
 void CellTint::Show(int gridRow, int col) {
   const Grid* const grid = view_.Rows().Source();
   const QModelIndex cell = view_.Rows().CellIndex(gridRow, col);
   if (grid == nullptr || !cell.isValid() || view_.Rows().StyleOf(col).concealed) return;
-  std::erase_if(cells_, [&](const Tinted& tinted) { return tinted.cell == cell; });
-  cells_.push_back({cell, grid->RowID(gridRow), clock_.elapsed() + kShownMs});
+  const Key key = KeyOf(*grid, gridRow, col);
+  const qint64 until = clock_.elapsed() + kShownMs;
+  until_[key] = until;
+  shown_.push_back({key, gridRow, until});
   view_.update(cell);
   if (!timer_.isActive()) timer_.start(kShownMs);
 }
 
 bool CellTint::Has(const QModelIndex& cell) const {
   const Grid* const grid = view_.Rows().Source();
-  return grid != nullptr && std::any_of(cells_.begin(), cells_.end(), [&](const Tinted& tinted) {
-           return tinted.cell == cell && grid->RowID(view_.Rows().GridRowOf(cell)) == tinted.rowID;
-         });
+  if (grid == nullptr || until_.empty()) return false;
+  return until_.contains(KeyOf(*grid, view_.Rows().GridRowOf(cell), cell.column()));
 }
 
 void CellTint::End() {
   const qint64 now = clock_.elapsed();
-  const auto over =
-      std::find_if(cells_.begin(), cells_.end(), [now](const Tinted& tinted) { return tinted.until > now; });
-  std::vector<Tinted> ended(cells_.begin(), over);
-  cells_.erase(cells_.begin(), over);
-  for (const Tinted& tinted : ended) view_.update(tinted.cell);
-  if (!cells_.empty()) timer_.start(static_cast<int>(cells_.front().until - now));
+  while (!shown_.empty() && shown_.front().until <= now) {
+    const Shown shown = shown_.front();
+    shown_.pop_front();
+    const auto tinted = until_.find(shown.cell);
+    if (tinted == until_.end() || tinted->second != shown.until) continue;
+    until_.erase(tinted);
+    Repaint(shown);
+  }
+  if (!shown_.empty()) timer_.start(static_cast<int>(shown_.front().until - now));
+}
+
+/// Where the cell is now is known if rows were not sorted, deleted or inserted since.
+void CellTint::Repaint(const Shown& shown) {
+  const Grid* const grid = view_.Rows().Source();
+  const auto col = static_cast<int>(static_cast<std::uint32_t>(shown.cell));
+  const bool isThere =
+      grid != nullptr && shown.row < grid->Rows() && KeyOf(*grid, shown.row, col) == shown.cell;
+  if (isThere) {
+    view_.update(view_.Rows().CellIndex(shown.row, col));
+  } else {
+    view_.viewport()->update();
+  }
 }
 
 }  // namespace koru

@@ -1,18 +1,22 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QPersistentModelIndex>
 #include <QTimer>
+#include <cstddef>
 #include <cstdint>
-#include <vector>
+#include <deque>
+#include <unordered_map>
+
+class QModelIndex;
 
 namespace koru {
 
+class Grid;
 class GridView;
 
-/// Tints cells of a GridView for a moment: texts that others have entered. The tint is steady and ends by
-/// itself; a cell that is sorted away loses it. One timer serves all cells, and a tint repaints its own cell
-/// alone, when it begins and when it ends.
+/// Tints cells of a GridView for a moment: texts that others have entered. The tint is steady, ends by
+/// itself, and moves with its row when rows are sorted. One timer serves all cells, and a tint repaints its
+/// own cell alone, when it begins and when it ends.
 class CellTint {
  public:
   static constexpr int kShownMs = 1500;
@@ -24,21 +28,25 @@ class CellTint {
   void Show(int gridRow, int col);
   [[nodiscard]] bool Has(const QModelIndex& cell) const;
   /// The number of tinted cells.
-  [[nodiscard]] std::size_t Cells() const { return cells_.size(); }
+  [[nodiscard]] std::size_t Cells() const { return until_.size(); }
 
  private:
-  struct Tinted {
-    QPersistentModelIndex cell;
-    std::uint32_t rowID = 0;
+  using Key = std::uint64_t;  ///< the ID of the row, and the column
+  struct Shown {
+    Key cell = 0;
+    int row = 0;  ///< that it had
     qint64 until = 0;
   };
 
+  static Key KeyOf(const Grid& grid, int row, int col);
   void End();
+  void Repaint(const Shown& shown);
 
   GridView& view_;
   QElapsedTimer clock_;
   QTimer timer_;
-  std::vector<Tinted> cells_;  ///< in the order in which they end
+  std::unordered_map<Key, qint64> until_;  ///< of each tinted cell
+  std::deque<Shown> shown_;                ///< in the order in which they end; some have begun anew since
 };
 
 }  // namespace koru
