@@ -67,7 +67,9 @@ void CheckWritten(std::string_view text) {
   const QString whole = QString::fromUtf8(bytes);
   if (whole.toUtf8() == bytes) Require(meant == whole, "a text arrives as it is");
   const koru::FloorLine line{{std::string(text), 1}, std::string(text), std::string(text), {}, {}};
-  const std::string lines = koru::LinesJson(1, 1, true, {&line, 1});
+  std::string lines = koru::LinesJson(1, 1, true);
+  koru::AppendLines(lines, {&line, 1}, true);
+  lines += koru::kLinesEnd;
   Require(QJsonDocument::fromJson(QByteArray::fromStdString(lines)).isObject(), "lines of any text are JSON");
 }
 

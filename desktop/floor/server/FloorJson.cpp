@@ -1,6 +1,6 @@
 #include "desktop/floor/server/FloorJson.h"
 
-#include <cstddef>
+#include <utility>
 
 #include "desktop/floor/server/JsonText.h"
 
@@ -54,15 +54,15 @@ std::string HelloJson(int count, std::string_view store, bool open) {
   return json + '}';
 }
 
-std::string LinesJson(std::int64_t revision, int count, bool open, std::span<const FloorLine> lines) {
-  constexpr std::size_t kUsualLine = 96;
-  std::string json;
-  json.reserve(kUsualLine * (lines.size() + 1));
-  json += R"({"rev":)" + std::to_string(revision) + R"(,"count":)" + std::to_string(count);
+std::string LinesJson(std::int64_t revision, int count, bool open) {
+  std::string json = R"({"rev":)" + std::to_string(revision) + R"(,"count":)" + std::to_string(count);
   AppendOpen(json, open);
-  json += R"(,"lines":[)";
+  return json + R"(,"lines":[)";
+}
+
+void AppendLines(std::string& json, std::span<const FloorLine> lines, bool isFirst) {
   for (const FloorLine& line : lines) {
-    if (&line != lines.data()) json += ',';
+    if (!std::exchange(isFirst, false)) json += ',';
     AppendKey(json, line.key);
     AppendElement(json, line.code);
     AppendElement(json, line.name);
@@ -70,8 +70,6 @@ std::string LinesJson(std::int64_t revision, int count, bool open, std::span<con
     AppendElement(json, line.figure);
     json += ']';
   }
-  json += "]}";
-  return json;
 }
 
 std::string FiguresJson(std::int64_t revision, bool open, std::span<const FloorAnswer> answers) {

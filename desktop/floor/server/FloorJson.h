@@ -12,8 +12,11 @@ namespace koru {
 // second where a counting has 32,767 lines.
 
 [[nodiscard]] std::string HelloJson(int count, std::string_view store, bool open);
-[[nodiscard]] std::string LinesJson(std::int64_t revision, int count, bool open,
-                                    std::span<const FloorLine> lines);
+/// The beginning of an answer with lines; AppendLines appends them, and kLinesEnd ends it.
+[[nodiscard]] std::string LinesJson(std::int64_t revision, int count, bool open);
+/// `isFirst`: no lines have been appended before.
+void AppendLines(std::string& json, std::span<const FloorLine> lines, bool isFirst);
+inline constexpr std::string_view kLinesEnd = "]}";
 [[nodiscard]] std::string FiguresJson(std::int64_t revision, bool open, std::span<const FloorAnswer> answers);
 [[nodiscard]] std::string ChangesJson(const FloorChanges& changes);
 

@@ -81,13 +81,6 @@ std::optional<HttpAnswer> FloorRoutes::Admit(const HttpRequest& head) {
   return HttpAnswer::Refusal(kNotFound, "پيدا نشد.");
 }
 
-bool FloorRoutes::IsLong(const FloorTask& task) {
-  const HttpRequest& request = task.exchange->Request();
-  if (request.path != "/a/lines") return false;
-  const auto count = session_.CountOf(CodeOf(request));
-  return count && lines_.IsToBeMade(*count);
-}
-
 /// The code is looked at again: it may have been renewed since the head was read.
 void FloorRoutes::Advance(FloorTask& task) {
   const HttpRequest& request = task.exchange->Request();

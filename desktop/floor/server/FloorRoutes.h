@@ -42,9 +42,7 @@ class FloorRoutes {
 
   /// The page's files, and refusals that the head of a request calls for.
   [[nodiscard]] std::optional<HttpAnswer> Admit(const HttpRequest& head);
-  /// Whether the next step of the task takes long.
-  [[nodiscard]] bool IsLong(const FloorTask& task);
-  /// Takes the task a step further: one figure, or all that another request asks for.
+  /// Takes the task a step further: one figure, some lines, or all that another request asks for.
   void Advance(FloorTask& task);
   /// The answer to a request for changes; nothing while it is to be held. `since` is advanced over what
   /// does not matter to the device.

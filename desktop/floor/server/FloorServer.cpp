@@ -170,15 +170,12 @@ void FloorServer::Service::TakeTurn() {
   if (!tasks_.empty()) again_.start(0);
 }
 
-/// A request that needs more than the time of a turn waits at the end of the queue for the next one, and one
-/// that takes long has a turn of its own.
+/// A request that needs more than the time of a turn waits at the end of the queue for the next one.
 void FloorServer::Service::Work() {
   const auto until = SteadyClock::now() + settings_.limits.round;
   bool isFirst = true;
   while (!tasks_.empty() && (isFirst || SteadyClock::now() < until)) {
     FloorTask& task = tasks_.front();
-    const bool isLong = routes_.IsLong(task);
-    if (isLong && !isFirst) break;
     while (!task.IsDecided() && (isFirst || SteadyClock::now() < until)) {
       Advance(task);
       isFirst = false;
@@ -189,7 +186,6 @@ void FloorServer::Service::Work() {
       (task.answer ? decided_ : tasks_).push_back(std::move(task));
     }
     tasks_.pop_front();
-    if (isLong) break;
   }
 }
 

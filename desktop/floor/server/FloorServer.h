@@ -26,7 +26,7 @@ struct FloorServerLimits {
   std::chrono::milliseconds poll{25'000};     ///< a request for changes while nothing changes
   std::chrono::milliseconds gather{20};       ///< changes that come together are sent together
   std::chrono::milliseconds command{30};      ///< between two looks whether a command has ended
-  std::chrono::milliseconds round{15};        ///< of work for devices before the desk has its turn
+  std::chrono::milliseconds round{8};         ///< of work for devices before the desk has its turn
 };
 
 struct FloorServerSettings {

@@ -1,8 +1,10 @@
 #include "desktop/floor/server/KeptLines.h"
 
-#include <cstddef>
+#include <algorithm>
+#include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "desktop/floor/server/Compression.h"
 #include "desktop/floor/server/FloorJson.h"
@@ -13,26 +15,60 @@ namespace {
 constexpr unsigned kOk = 200;
 constexpr const char* kJson = "application/json";
 constexpr std::size_t kMaxLeftToChanges = 500;  ///< figures that a device may read as changes
+constexpr std::size_t kLinesAtOnce = 1000;
 constexpr int kFastCompression = 1;
 
 }  // namespace
 
-bool KeptLines::IsToBeMade(int count) {
-  const auto& kept = kept_.at(static_cast<std::size_t>(count - 1));
-  if (!kept) return true;
+/// Lines on their way to a Kept: those of one revision, however long it takes.
+struct KeptLines::Making {
+  Making(FloorSession& session, int count)
+      : now(session.ChangesSince(0, count)), lines(session.Lines(count)) {
+    text = LinesJson(now.revision, count, now.open);
+    packed.Add(text);
+  }
+
+  /// Adds some lines, the end after the last of them. False when all had been added before.
+  bool Add() {
+    if (isWhole) return false;
+    const std::size_t before = text.size();
+    const auto next = std::span<const FloorLine>(lines).subspan(first);
+    AppendLines(text, next.first(std::min(next.size(), kLinesAtOnce)), first == 0);
+    first += std::min(next.size(), kLinesAtOnce);
+    isWhole = first == lines.size();
+    if (isWhole) text += kLinesEnd;
+    packed.Add(std::string_view(text).substr(before));
+    return true;
+  }
+
+  FloorChanges now;
+  std::vector<FloorLine> lines;
+  std::size_t first = 0;  ///< of those that have not been added
+  bool isWhole = false;
+  std::string text;
+  GzipText packed{kFastCompression};
+};
+
+KeptLines::KeptLines(FloorSession& session) : session_(session) {}
+KeptLines::~KeptLines() = default;
+
+bool KeptLines::Serves(const std::optional<Kept>& kept, int count) {
+  if (!kept) return false;
   const FloorChanges changes = session_.ChangesSince(kept->revision, count);
-  return changes.linesChanged || changes.open != kept->open || changes.cells.size() > kMaxLeftToChanges;
+  return !changes.linesChanged && changes.open == kept->open && changes.cells.size() <= kMaxLeftToChanges;
 }
 
-HttpAnswer KeptLines::Answer(int count, bool acceptsGzip) {
-  auto& kept = kept_.at(static_cast<std::size_t>(count - 1));
-  if (IsToBeMade(count)) {
-    const FloorChanges now = session_.ChangesSince(0, count);
-    const auto lines = session_.Lines(count);
-    std::string text = LinesJson(now.revision, count, now.open, lines);
-    std::string packed = Gzip(text, kFastCompression);
-    kept = Kept{now.revision, now.open, HttpAnswer(kOk, kJson, std::move(text)),
-                HttpAnswer(kOk, kJson, std::move(packed), HttpAnswer::Keep::Never, true)};
+std::optional<HttpAnswer> KeptLines::Answer(int count, bool acceptsGzip) {
+  auto& [making, kept] = counts_.at(static_cast<std::size_t>(count - 1));
+  if (making == nullptr && !Serves(kept, count)) {
+    making = std::make_unique<Making>(session_, count);
+    return std::nullopt;
+  }
+  if (making != nullptr) {
+    if (making->Add()) return std::nullopt;
+    kept = Kept{making->now.revision, making->now.open, HttpAnswer(kOk, kJson, std::move(making->text)),
+                HttpAnswer(kOk, kJson, making->packed.Finish(), HttpAnswer::Keep::Never, true)};
+    making.reset();
   }
   return acceptsGzip ? kept->packed : kept->plain;
 }

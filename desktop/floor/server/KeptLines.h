@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 #include "desktop/floor/server/HttpAnswer.h"
@@ -14,22 +16,32 @@ namespace koru {
 /// which begins with the revision of the lines.
 class KeptLines {
  public:
-  explicit KeptLines(FloorSession& session) : session_(session) {}
+  explicit KeptLines(FloorSession& session);
+  KeptLines(const KeptLines&) = delete;
+  KeptLines& operator=(const KeptLines&) = delete;
+  ~KeptLines();
 
-  /// Whether Answer has to make them, which takes as long as all else that the desk does for devices.
-  [[nodiscard]] bool IsToBeMade(int count);
-  [[nodiscard]] HttpAnswer Answer(int count, bool acceptsGzip);
+  /// The answer with the lines; nothing while they are being made, of which each call does a part: all of it
+  /// would hold the desk.
+  [[nodiscard]] std::optional<HttpAnswer> Answer(int count, bool acceptsGzip);
 
  private:
+  struct Making;
   struct Kept {
     std::int64_t revision = 0;
     bool open = false;
     HttpAnswer plain;
     HttpAnswer packed;
   };
+  struct OfCount {
+    std::unique_ptr<Making> making;
+    std::optional<Kept> kept;
+  };
+
+  [[nodiscard]] bool Serves(const std::optional<Kept>& kept, int count);
 
   FloorSession& session_;
-  std::array<std::optional<Kept>, kFloorCounts> kept_;
+  std::array<OfCount, kFloorCounts> counts_;
 };
 
 }  // namespace koru
