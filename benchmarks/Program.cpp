@@ -19,9 +19,11 @@ Program::Program(const std::string& file, std::int32_t counting, const std::stri
   Draw();
 }
 
-GridView& Program::Lines() const {
-  return *screen_.WindowOf(Form())->findChild<GridView*>(QStringLiteral("flexDetail"));
+InvCountingWindow& Program::Window() const {
+  return dynamic_cast<InvCountingWindow&>(*screen_.WindowOf(Form()));
 }
+
+GridView& Program::Lines() const { return *Window().findChild<GridView*>(QStringLiteral("flexDetail")); }
 
 void Program::Edit() {
   if (!control_.View(counting_)) throw std::runtime_error("no such counting");

@@ -9,6 +9,7 @@
 #include "component/comInvCounting.h"
 #include "desktop/fields/SelectorRecords.h"
 #include "desktop/forms/DesktopScreen.h"
+#include "desktop/forms/InvCountingWindow.h"
 #include "desktop/grid/GridView.h"
 #include "tests/support/FakeMessages.h"
 
@@ -25,6 +26,7 @@ class Program : private ControlHost {
   ~Program() override = default;
 
   [[nodiscard]] frmInvCounting& Form() const { return *control_.CountingForm(); }
+  [[nodiscard]] InvCountingWindow& Window() const;
   [[nodiscard]] GridView& Lines() const;
   [[nodiscard]] comInvCounting& Control() { return control_; }
 

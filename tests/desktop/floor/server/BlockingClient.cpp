@@ -37,9 +37,15 @@ std::string BlockingClient::Post(const std::string& target, const std::string& b
                   "\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body);
 }
 
+std::ptrdiff_t BlockingClient::Send(const char* data, std::size_t size) {
+  return send(socket_, data, size, MSG_NOSIGNAL);
+}
+
+std::ptrdiff_t BlockingClient::Receive(char* data, std::size_t size) { return recv(socket_, data, size, 0); }
+
 std::string BlockingClient::Exchange(const std::string& request) {
   for (std::size_t sent = 0; sent < request.size();) {
-    const ssize_t size = send(socket_, request.data() + sent, request.size() - sent, MSG_NOSIGNAL);
+    const std::ptrdiff_t size = Send(request.data() + sent, request.size() - sent);
     if (size <= 0) throw std::runtime_error("not sent");
     sent += static_cast<std::size_t>(size);
   }
@@ -47,7 +53,7 @@ std::string BlockingClient::Exchange(const std::string& request) {
   std::size_t whole = 0;
   while (head == std::string::npos || read_.size() < whole) {
     std::array<char, 65536> piece{};
-    const ssize_t size = recv(socket_, piece.data(), piece.size(), 0);
+    const std::ptrdiff_t size = Receive(piece.data(), piece.size());
     if (size <= 0) throw std::runtime_error("no answer");
     read_.append(piece.data(), static_cast<std::size_t>(size));
     if (head != std::string::npos || (head = read_.find("\r\n\r\n")) == std::string::npos) continue;

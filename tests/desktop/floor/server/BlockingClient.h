@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -11,11 +12,17 @@ class BlockingClient {
   BlockingClient(std::uint16_t port, std::string code);
   BlockingClient(const BlockingClient&) = delete;
   BlockingClient& operator=(const BlockingClient&) = delete;
-  ~BlockingClient();
+  virtual ~BlockingClient();
 
   /// The body of the answer, as it comes. Throws unless it is 200.
   std::string Get(const std::string& target);
   std::string Post(const std::string& target, const std::string& body);
+
+ protected:
+  // On the connection, as send and recv return.
+  virtual std::ptrdiff_t Send(const char* data, std::size_t size);
+  virtual std::ptrdiff_t Receive(char* data, std::size_t size);
+  [[nodiscard]] int Socket() const { return socket_; }
 
  private:
   std::string Exchange(const std::string& request);
