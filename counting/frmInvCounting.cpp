@@ -234,7 +234,7 @@ void frmInvCounting::ConnectEvents() {
     if (commands_.Delete()) CommandReported.Raise(DeletedSentence(id));
   });
   cmdDeleteAll.Click.Always([this] { commands_.DeleteAll(); });
-  cmdCancel.Click.Always([this] { RunAndTick([this] { commands_.Cancel(); }); });
+  cmdCancel.Click.Always([this] { Cancel(); });
   cmdExit.Click.Always([this] { Exit(); });
   cmdSearch.Click.Always([this] { ShowInvSearch(); });
   cmdGoods.Click.Always([this] { AddSearchedGoods(); });
@@ -306,11 +306,14 @@ void frmInvCounting::Tick() {
   shared_.data.Idle();
 }
 
+void frmInvCounting::Cancel() {
+  bool isKept = false;
+  CancelWanted.Raise(isKept);
+  if (!isKept) RunAndTick([this] { commands_.Cancel(); });
+}
+
 void frmInvCounting::Exit() {
-  if (IsBeingEntered()) {
-    RunAndTick([this] { commands_.Cancel(); });
-    return;
-  }
+  if (IsBeingEntered()) return Cancel();
   Unload();
 }
 
@@ -320,7 +323,7 @@ bool frmInvCounting::IsBeingEntered() const {
 
 /// Asks before a document that is being entered is lost.
 bool frmInvCounting::OpenFound(std::int32_t id) {
-  if (IsBeingEntered()) RunAndTick([this] { commands_.Cancel(); });
+  if (IsBeingEntered()) Cancel();
   if (IsBeingEntered()) return false;
   const Hourglass hourglass(shared_.services.screen);
   return ViewInvCounting(id);

@@ -100,6 +100,9 @@ class frmInvCounting : public Form, public InvCountingControls {
   Event<std::string> CommandReported;
   /// Raised after a goods search, with the count of added lines, which may be 0.
   Event<int> GoodsAdded;
+  /// Raised before Cancel asks whether the entry is to be given up, whatever command wants it. A listener
+  /// that sets the flag keeps the entry, and Cancel does not ask.
+  Event<bool&> CancelWanted;
 
   /// A scanned barcode has no line: offers cmdAddScanned, which adds the good. Only while a document is
   /// entered.
@@ -129,6 +132,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   void AddScannedGood();
   void ReadStoredLines();
   void CheckMovedStock();
+  void Cancel();
   void Exit();
   bool OpenFound(std::int32_t id);
   void RunAndTick(const std::function<void()>& command);

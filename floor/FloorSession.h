@@ -74,6 +74,8 @@ class FloorSession {
   /// Whether figures are taken now.
   [[nodiscard]] bool IsOpen();
   [[nodiscard]] End Ended() const { return end_; }
+  /// Whether the journal has figures of devices that no save holds.
+  [[nodiscard]] bool HasUnsaved() const { return hasUnsaved_; }
   /// Whether a command works: nothing may be read from devices meanwhile, since windows serve sockets when
   /// they draw its progress.
   [[nodiscard]] bool IsCommandAtWork() const;

@@ -72,6 +72,7 @@ void FloorDesk::FollowForm() {
         static_cast<Control*>(&form_.cmdEdit), static_cast<Control*>(&form_.cmdTmpSave)}) {
     ofForm_.push_back(shown->StateChanged.Subscribe([this] { FollowLater(); }));
   }
+  ofForm_.push_back(form_.CancelWanted.Subscribe([this](bool& isKept) { isKept = isKept || KeepsEntry(); }));
   ofForm_.push_back(form_.Unloaded.Subscribe([this] {
     isUnloaded_ = true;
     follow_.stop();
@@ -88,7 +89,7 @@ void FloorDesk::ShowCommand() {
                                               : form_.cmdEdit.Enabled());
 }
 
-bool FloorDesk::Asks(const char* question) const {
+bool FloorDesk::Asks(const std::string& question) const {
   return form_.Shared().messages.AskQuestion(kTitle, question) == kAnswerYes;
 }
 
@@ -143,6 +144,7 @@ void FloorDesk::Begin() {
   const auto counting = static_cast<std::int32_t>(form_.CountingID());
   if (std::exchange(countingOfLog_, counting) != counting) log_.Clear();
   ofSession_.clear();
+  unsaved_.reset();
   session_.reset();
   journal_.reset();
   journal_ = journals_.Open(Owner());
@@ -154,6 +156,7 @@ void FloorDesk::Begin() {
     journal_.reset();
     throw;
   }
+  unsaved_.emplace(form_, *session_);
   ConnectSession();
 }
 
@@ -164,7 +167,6 @@ void FloorDesk::ConnectSession() {
   ofSession_.push_back(
       session_->Decided.Subscribe([this](const JournalFigure& figure, const std::string& device) {
         log_.Add(figure, device);
-        sinceSave_ += figure.IsEntered() ? 1 : 0;
         FollowLater();
       }));
   ofSession_.push_back(
@@ -206,12 +208,11 @@ void FloorDesk::Follow() {
   ShowCommand();
   if (session_ == nullptr) return OfferAtEdit();
   if (session_->IsCommandAtWork()) return FollowLater();
-  const bool isOpen = session_->IsOpen();  // looks at the form
+  static_cast<void>(session_->IsOpen());  // looks at the form
   const bool isEdited = FloorSession::MayBegin(form_, form_.Shared());
   const FloorSession::End end = session_->Ended();
   if (end != FloorSession::End::None && end != FloorSession::End::Stopped) return End(end);
   if (end == FloorSession::End::Stopped && !isEdited) return form_.EntryIsWritten() ? Close() : End(end);
-  if (!isOpen && !isEdited) sinceSave_ = 0;
   log_.ShowNew();
   emit changed();
 }
@@ -229,13 +230,16 @@ void FloorDesk::OfferAtEdit() {
   });
 }
 
+/// A session that the desk has stopped would enter nothing: another one continues its journal.
 void FloorDesk::OfferLeft() {
   if (session_ == nullptr || session_->Left().Cells().empty()) return;
+  if (FloorSession::MayBegin(form_, form_.Shared())) Begin();
+  if (session_->Left().Cells().empty() && !session_->TakeBackSetAside()) return;
   LeftFiguresDialog dialog(session_->Left().Cells(), names_, *this);
   dialog.exec();
   if (session_ == nullptr) return;  // the form was closed meanwhile
   if (dialog.Chosen() == LeftFiguresDialog::Choice::Take) {
-    SayReplayed(session_->Replay());
+    Replay();
   } else if (dialog.Chosen() == LeftFiguresDialog::Choice::Forgo) {
     Say(session_->ForgoLeft()
             ? QStringLiteral("رقم\u200cهاي مانده وارد نشد و 30 روز كنار مي\u200cماند.")
@@ -244,16 +248,11 @@ void FloorDesk::OfferLeft() {
   emit changed();
 }
 
-void FloorDesk::SayReplayed(const ReplayedFigures& replayed) {
-  sinceSave_ += static_cast<int>(replayed.entered);
-  QString sentence = QStringLiteral("%1 رقم از گوشي\u200cها بازگردانده شد.").arg(replayed.entered);
-  const auto add = [&sentence](const std::vector<LeftFigures::Cell>& cells, const QString& why) {
-    if (!cells.empty()) sentence += QChar(u' ') + why.arg(cells.size());
-  };
-  add(replayed.gone, QStringLiteral("%1 رقم سطري ندارد."));
-  add(replayed.replaced, QStringLiteral("%1 خانه نوشتة تازه\u200cتر ميز را نگه داشت."));
-  add(replayed.refused, QStringLiteral("%1 رقم را فرم نپذيرفت."));
-  Say(sentence);
+/// The entry may have ended while the figures were offered: then they are still left.
+void FloorDesk::Replay() {
+  const ReplayedFigures replayed = session_->Replay();
+  if (session_->Left().Cells().empty()) return Say(SentenceOn(replayed));
+  Say(QStringLiteral("رقم\u200cهاي مانده وارد نشد: اين شمارش اكنون در حال اصلاح نيست."));
 }
 
 void FloorDesk::TakeBackSetAside() {
@@ -273,7 +272,7 @@ void FloorDesk::Stop() {
   server_.reset();
   session_->Stop();
   refresh_.stop();
-  if (!dialog_.isNull()) dialog_->Leave();
+  LeaveDialog();
   emit closed();
   emit changed();
 }
@@ -306,9 +305,29 @@ void FloorDesk::AddUnknown(const std::string& barcode) {
   emit changed();
 }
 
+/// The dialog may be the one whose button is being pressed.
+void FloorDesk::LeaveDialog() {
+  if (!dialog_.isNull()) dialog_->Leave();
+  dialog_.clear();
+}
+
+/// Before an entry is cancelled: the user learns what becomes of the counters' figures while it can still be
+/// saved. Returns whether the user keeps it.
+bool FloorDesk::KeepsEntry() const {
+  const std::int64_t unsaved = unsaved_ ? unsaved_->SetAsideByCancel() : 0;
+  if (unsaved <= 0) return false;
+  const QString question =
+      QStringLiteral(
+          "%1 رقم گوشي\u200cها در اين شمارش ذخيره نشده است. با انصراف 30 روز كنار مي\u200cماند و پس "
+          "از «اصلاح» همين شمارش، در «شمارش با گوشي» با «بازگرداندن كنارگذاشته\u200cها...» "
+          "برمي\u200cگردد. آيا انصراف ادامه يابد؟")
+          .arg(unsaved);
+  return !Asks(FromQt(question));
+}
+
 /// The session has ended with the entry.
 void FloorDesk::End(FloorSession::End end) {
-  const bool isKept = end != FloorSession::End::Registered && sinceSave_ > 0;
+  const bool isKept = end != FloorSession::End::Registered && session_->HasUnsaved();
   Close();
   if (!isKept) return;
   Say(
@@ -318,10 +337,10 @@ void FloorDesk::End(FloorSession::End end) {
 
 void FloorDesk::Close() {
   refresh_.stop();
-  sinceSave_ = 0;
-  if (!dialog_.isNull()) dialog_->Leave();
+  LeaveDialog();
   server_.reset();
   ofSession_.clear();
+  unsaved_.reset();
   session_.reset();
   journal_.reset();
   journalFailure_.clear();
@@ -369,24 +388,7 @@ QString FloorDesk::NameIn(const Control& selector) const {
 
 QString FloorDesk::Summary() const {
   if (session_ == nullptr) return QStringLiteral("شمارش با گوشي بسته است.");
-  if (!session_->Left().Cells().empty()) {
-    return QStringLiteral("%1 رقم گوشي\u200cها در اين شمارش نيست.").arg(session_->Left().Cells().size());
-  }
-  std::int64_t received = 0;
-  std::int64_t refused = 0;
-  const std::vector<FloorDevice> devices = session_->Devices();
-  for (const FloorDevice& device : devices) {
-    received += device.received;
-    refused += device.refused;
-  }
-  const QString state = session_->IsOpen()
-                            ? QStringLiteral("شمارش با گوشي باز است")
-                            : QStringLiteral("شمارش با گوشي درنگ كرده است و با «اصلاح» ادامه مي\u200cيابد");
-  return QStringLiteral("%1: %2 دستگاه، %3 رقم رسيده، %4 رقم وارد نشده.")
-      .arg(state)
-      .arg(devices.size())
-      .arg(received)
-      .arg(refused);
+  return SentenceOn(*session_);
 }
 
 }  // namespace koru

@@ -6,10 +6,12 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "desktop/floor/FloorLog.h"
+#include "desktop/floor/UnsavedFigures.h"
 #include "desktop/floor/server/FloorServer.h"
 #include "desktop/floor/server/MachineAddresses.h"
 #include "floor/FloorSession.h"
@@ -107,10 +109,12 @@ class FloorDesk : public QObject {
   void End(FloorSession::End end);
   void Arrived(const FloorArrival& arrival);
   void JournalFailed(const std::string& sentence);
-  void SayReplayed(const ReplayedFigures& replayed);
+  void LeaveDialog();
+  [[nodiscard]] bool KeepsEntry() const;
+  void Replay();
   void Say(const QString& sentence);
   [[nodiscard]] QString NameIn(const Control& selector) const;
-  [[nodiscard]] bool Asks(const char* question) const;
+  [[nodiscard]] bool Asks(const std::string& question) const;
 
   InvCountingWindow& window_;
   frmInvCounting& form_;
@@ -125,10 +129,10 @@ class FloorDesk : public QObject {
   QTimer refresh_;           ///< while the floor is open: last contacts and figures
   bool isUnloaded_ = false;  ///< the form must not be used any more
   bool isOffered_ = false;   ///< the left figures of this entry have been offered
-  int sinceSave_ = 0;        ///< figures of the floor that no save holds
   QString journalFailure_;
   std::unique_ptr<FloorJournal> journal_;
   std::unique_ptr<FloorSession> session_;
+  std::optional<UnsavedFigures> unsaved_;  ///< while there is a session
   std::unique_ptr<FloorServer> server_;
   QPointer<FloorBar> bar_;  // of the window, as the dialog is: both use the desk
   QPointer<FloorDialog> dialog_;

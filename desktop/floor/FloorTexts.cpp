@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <array>
 
+#include "desktop/floor/UnsavedFigures.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/text/Date.h"
 
@@ -29,6 +30,33 @@ QString TitleOfState(FigureState state) {
       break;
   }
   return QStringLiteral("منتظر");
+}
+
+QString SentenceOn(FloorSession& session) {
+  if (!session.Left().Cells().empty()) {
+    return QStringLiteral("%1 رقم گوشي\u200cها در اين شمارش نيست.").arg(session.Left().Cells().size());
+  }
+  const std::vector<FloorDevice> devices = session.Devices();
+  const SentFigures sent(devices);
+  const QString state = session.IsOpen()
+                            ? QStringLiteral("شمارش با گوشي باز است")
+                            : QStringLiteral("شمارش با گوشي درنگ كرده است و با «اصلاح» ادامه مي\u200cيابد");
+  return QStringLiteral("%1: %2 دستگاه، %3 رقم رسيده، %4 رقم وارد نشده.")
+      .arg(state)
+      .arg(devices.size())
+      .arg(sent.received)
+      .arg(sent.refused);
+}
+
+QString SentenceOn(const ReplayedFigures& replayed) {
+  QString sentence = QStringLiteral("%1 رقم از گوشي\u200cها بازگردانده شد.").arg(replayed.entered);
+  const auto add = [&sentence](const std::vector<LeftFigures::Cell>& cells, const QString& why) {
+    if (!cells.empty()) sentence += QChar(u' ') + why.arg(cells.size());
+  };
+  add(replayed.gone, QStringLiteral("%1 رقم سطري ندارد."));
+  add(replayed.replaced, QStringLiteral("%1 خانه نوشتة تازه\u200cتر ميز را نگه داشت."));
+  add(replayed.refused, QStringLiteral("%1 رقم را فرم نپذيرفت."));
+  return sentence;
 }
 
 QString TimeText(std::chrono::sys_seconds time) {

@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "floor/FloorFigures.h"
+#include "floor/FloorSession.h"
 
 namespace koru {
 
@@ -11,6 +12,11 @@ namespace koru {
 [[nodiscard]] QString TitleOfCount(int count);
 /// What became of a figure, in a few words.
 [[nodiscard]] QString TitleOfState(FigureState state);
+/// Whether a session is open, how many devices take part, how many figures have come; or how many figures are
+/// left.
+[[nodiscard]] QString SentenceOn(FloorSession& session);
+/// What became of left figures.
+[[nodiscard]] QString SentenceOn(const ReplayedFigures& replayed);
 /// A time of the machine's time zone as 14:05:09; the date before it when it is not today's.
 [[nodiscard]] QString TimeText(std::chrono::sys_seconds time);
 /// A text from outside, whose direction does not reach what is around it.

@@ -139,6 +139,29 @@ TEST_F(NewEditCancel,
   EXPECT_FALSE(Form().cmdIsFinalized.UserClick()) << "before the timer's next tick";
 }
 
+TEST_F(NewEditCancel, A_listener_that_keeps_the_entry_is_asked_before_every_way_to_cancel) {
+  ViewAndEdit(10);
+  Form().txtNotes.UserType("typed");
+  screen.OnModal = [&](koru::Form& shown) {
+    auto& search = dynamic_cast<frmInvSearch&>(shown);
+    search.cmdSearch.UserClick();
+    search.flexSearch.UserDoubleClick(1, 1);
+  };
+  int asked = 0;
+  const Subscription keeps = Form().CancelWanted.Subscribe([&](bool& isKept) {
+    ++asked;
+    isKept = true;
+  });
+  Click(Form().cmdCancel);
+  Click(Form().cmdExit);
+  Form().UserClose();
+  Click(Form().cmdSearch);
+  EXPECT_EQ(asked, 4);
+  EXPECT_EQ(NewMessages(), Texts());
+  EXPECT_EQ(Mode(), DocumentMode::Editing);
+  EXPECT_EQ(Form().txtNotes.Text(), "typed");
+}
+
 TEST_F(NewEditCancel, Any_answer_but_yes_keeps_the_document) {
   ViewAndEdit(10);
   Form().txtGNO.UserType("B-1");

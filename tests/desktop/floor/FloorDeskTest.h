@@ -61,13 +61,14 @@ class FloorDeskTest : public InvCountingWindowTest {
     desk->Refresh();
   }
 
-  /// Cancels the entry and answers yes; returns the sentence that is reported then.
-  std::string SaidAtCancel() {
+  /// Cancels the entry and answers yes to as many questions; returns the sentence that is reported then.
+  std::string SaidAtCancel(int questions = 1) {
     std::string said;
     const Subscription reported =
         Counting().CommandReported.Subscribe([&](const std::string& text) { said = text; });
-    world.messages.WillAnswer(Answer::Yes);
+    for (int i = 0; i < questions; ++i) world.messages.WillAnswer(Answer::Yes);
     EXPECT_TRUE(Counting().cmdCancel.UserClick());
+    EXPECT_EQ(world.messages.UnusedAnswers(), 0U);
     desk->Refresh();
     return said;
   }

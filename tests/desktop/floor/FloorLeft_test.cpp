@@ -87,6 +87,39 @@ TEST_F(FloorLeft, Wait_with_a_line_that_says_so_when_the_desk_decides_later) {
   EXPECT_EQ(Bar(), "hidden");
 }
 
+TEST_F(FloorLeft, Are_not_said_to_be_restored_when_the_entry_has_ended_meanwhile) {
+  std::vector<std::string> said;
+  const Subscription reported =
+      Counting().CommandReported.Subscribe([&](const std::string& text) { said.push_back(text); });
+  EXPECT_TRUE(EditAndAnswer([&](QDialog& dialog) {
+    EXPECT_TRUE(Counting().cmdTmpSave.UserClick());
+    Click(dialog, "takeLeft");
+  }));
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "");
+  ASSERT_FALSE(said.empty());
+  EXPECT_EQ(said.back(), "رقم\u200cهاي مانده وارد نشد: اين شمارش اكنون در حال اصلاح نيست.");
+}
+
+TEST_F(FloorLeft, Can_be_taken_after_the_floor_was_closed_too) {
+  ASSERT_TRUE(EditAndChoose("decideLater"));
+  world.messages.WillAnswer(Answer::Yes);
+  desk->Stop();
+  Bar();
+  EXPECT_TRUE(WithDialog(
+      "koru::LeftFiguresDialog", [this] { Click(*window, "floorLeft"); },
+      [](QDialog& dialog) { Click(dialog, "takeLeft"); }));
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
+}
+
+TEST_F(FloorLeft, Are_named_before_a_cancel_while_the_desk_has_not_decided) {
+  ASSERT_TRUE(EditAndChoose("decideLater"));
+  NewMessages();
+  SaidAtCancel(2);
+  const auto messages = NewMessages();
+  ASSERT_EQ(messages.size(), 2U);
+  EXPECT_EQ(messages[0].find("2 رقم گوشي\u200cها"), 0U) << messages[0];
+}
+
 TEST_F(FloorLeft, Of_a_count_that_a_blind_desk_may_not_see_have_no_text) {
   Find<QAction>("blindEntry3").trigger();
   QString hidden;
