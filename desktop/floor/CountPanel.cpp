@@ -1,10 +1,10 @@
 #include "desktop/floor/CountPanel.h"
 
 #include <QClipboard>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -17,6 +17,19 @@
 #include "desktop/toolkit/QtText.h"
 
 namespace koru {
+namespace {
+
+/// A line may end after each part of the machine's name and before the code, not in the code: a hyphen there
+/// would be taken for one that the line has added.
+QString Breakable(const QString& url) {
+  constexpr QChar kBreak(0x200B);
+  constexpr QChar kJoin(0x2060);
+  const auto code = url.indexOf(u'#');
+  return url.left(code).replace(u'.', QString(u'.') + kBreak) + kBreak +
+         url.mid(code).replace(u'-', QString(u'-') + kJoin);
+}
+
+}  // namespace
 
 // The widgets are owned by their Qt parents.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
@@ -26,7 +39,7 @@ CountPanel::CountPanel(FloorDesk& desk, int count, QWidget* parent)
       count_(count),
       counter_(new QLabel(this)),
       code_(new QrCodeView(this)),
-      url_(new QLineEdit(this)),
+      url_(new QLabel(this)),
       copy_(new QPushButton(QStringLiteral("رونوشت نشاني"), this)),
       renew_(new QPushButton(QStringLiteral("كد تازه..."), this)) {
   const auto name = [count](const char* part) {
@@ -39,15 +52,17 @@ CountPanel::CountPanel(FloorDesk& desk, int count, QWidget* parent)
   code_->setObjectName(name("floorCode"));
   code_->setAccessibleName(QStringLiteral("كد %1").arg(TitleOfCount(count)));
   url_->setObjectName(name("floorUrl"));
-  url_->setAccessibleName(QStringLiteral("نشاني %1").arg(TitleOfCount(count)));
-  url_->setReadOnly(true);
+  url_->setProperty("value", true);
+  url_->setTextFormat(Qt::PlainText);
+  url_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));  // l, I and 1 are different
+  url_->setWordWrap(true);
   url_->setLayoutDirection(Qt::LeftToRight);
   url_->setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
   copy_->setObjectName(name("floorCopy"));
   renew_->setObjectName(name("floorRenew"));
   auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(6, 4, 6, 4);
-  layout->setSpacing(4);
+  layout->setContentsMargins(6, 0, 6, 0);
+  layout->setSpacing(3);
   layout->addWidget(counter_);
   layout->addWidget(code_, 1);
   layout->addWidget(url_);
@@ -65,10 +80,8 @@ CountPanel::CountPanel(FloorDesk& desk, int count, QWidget* parent)
 void CountPanel::ShowAddress(const QString& address, bool secure) {
   const QString url = ToQt(desk_.Server()->Url(count_, FromQt(address), secure));
   code_->SetText(url);
-  if (url_->text() == url) return;
-  url_->setText(url);
-  url_->setCursorPosition(0);
-  url_->setToolTip(url);
+  const QString shown = Breakable(url);
+  if (url_->text() != shown) url_->setText(shown);
 }
 
 void CountPanel::ShowCounter() {

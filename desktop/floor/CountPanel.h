@@ -3,7 +3,6 @@
 #include <QGroupBox>
 
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace koru {
@@ -11,8 +10,9 @@ namespace koru {
 class FloorDesk;
 class QrCodeView;
 
-/// What the counter of one count needs to take part: the QR code of the address, the address to read out and
-/// to copy, and the commands for a new code. It also has the name of the counter and the number of devices.
+/// What the counter of one count needs to take part: the QR code of the address, the whole address to type
+/// and to copy, and the commands for a new code. It also has the name of the counter and the number of
+/// devices.
 class CountPanel : public QGroupBox {
   Q_OBJECT
 
@@ -30,7 +30,7 @@ class CountPanel : public QGroupBox {
   int count_;
   QLabel* counter_;
   QrCodeView* code_;
-  QLineEdit* url_;
+  QLabel* url_;
   QPushButton* copy_;
   QPushButton* renew_;
 };

@@ -38,6 +38,13 @@ class FloorDialogTest : public FloorDeskTest {
     QTest::mouseClick(table.viewport(), Qt::LeftButton, {},
                       table.visualItemRect(table.item(row, 0)).center());
   }
+  /// The address that is shown for a count, without the marks where a line may end and where it may not.
+  [[nodiscard]] QString ShownUrl(int count) const {
+    return Part<QLabel>(("floorUrl" + std::to_string(count)).c_str())
+        .text()
+        .remove(QChar(0x200B))
+        .remove(QChar(0x2060));
+  }
   void ShowPage(int page) { Part<QTabWidget>("floorPages").setCurrentIndex(page); }
 };
 
@@ -47,7 +54,7 @@ TEST_F(FloorDialogTest, Each_count_has_its_own_code_address_and_counter) {
     const auto part = [count](const char* name) { return std::string(name) + std::to_string(count); };
     const QString url = ToQt(desk->Server()->Url(count, "127.0.0.1"));
     EXPECT_EQ(Part<QrCodeView>(part("floorCode").c_str()).Text(), url);
-    EXPECT_EQ(Part<QLineEdit>(part("floorUrl").c_str()).text(), url);
+    EXPECT_EQ(ShownUrl(count), url);
     EXPECT_TRUE(url.endsWith(ToQt(desk->Session()->Code(count))));
     Click(*desk->Dialog(), part("floorCopy").c_str());
     EXPECT_EQ(QGuiApplication::clipboard()->text(), url);
@@ -77,7 +84,7 @@ TEST_F(FloorDialogTest, An_address_that_the_machine_gets_later_is_in_the_code_an
   addresses = {"192.0.2.7", "desk.example"};
   desk->Refresh();
   EXPECT_EQ(Part<QrCodeView>("floorCode2").Text(), ToQt(desk->Server()->Url(2, "192.0.2.7")));
-  EXPECT_EQ(Part<QLineEdit>("floorUrl2").text(), ToQt(desk->Server()->Url(2, "192.0.2.7")));
+  EXPECT_EQ(ShownUrl(2), ToQt(desk->Server()->Url(2, "192.0.2.7")));
   EXPECT_EQ(status("192.0.2.7"), 200);
   addresses = {"192.0.2.8", "desk.example"};
   desk->Refresh();
@@ -285,6 +292,26 @@ TEST_F(FloorDialogTest, Fits_a_screen_of_1366_by_768_at_150_per_cent_on_each_pag
     const auto& code = Part<QrCodeView>(name);
     EXPECT_GE(code.width(), code.sizeHint().width());
     EXPECT_GE(code.height(), code.sizeHint().height());
+  }
+}
+
+TEST_F(FloorDialogTest, The_whole_address_with_its_code_can_be_read_and_typed) {
+  addresses = {"192.168.100.200", "desk-of-the-warehouse.example.local"};
+  desk->Refresh();
+  for (const int address : {0, 1}) {
+    Part<QComboBox>("floorAddress").setCurrentIndex(address);
+    desk->Dialog()->resize(test::kSmallWindow);
+    QApplication::processEvents();
+    EXPECT_EQ(desk->Dialog()->size(), test::kSmallWindow) << address;
+    for (int count = 1; count <= kFloorCounts; ++count) {
+      const auto& url = Part<QLabel>(("floorUrl" + std::to_string(count)).c_str());
+      EXPECT_GE(url.height(), url.heightForWidth(url.width())) << address;
+      const QMargins frame(6, 3, 6, 3);
+      for (const QString& part : url.text().split(QChar(0x200B))) {
+        EXPECT_LE(url.fontMetrics().horizontalAdvance(part), url.rect().marginsRemoved(frame).width())
+            << address;
+      }
+    }
   }
 }
 

@@ -4,8 +4,12 @@
 #include <qrencode.h>
 
 #include <QApplication>
+#include <QGroupBox>
 #include <QImage>
 #include <memory>
+
+#include "desktop/toolkit/Colors.h"
+#include "tests/desktop/Contrast.h"
 
 namespace koru {
 namespace {
@@ -13,7 +17,7 @@ namespace {
 const QString kUrl = QStringLiteral("http://192.168.1.20:47815/#AbCdEfGhIjKlMnOpQrStUv");
 
 /// The code as it is on the screen: whether each module is dark, with the quiet zone. Fails where a module is
-/// not of one colour.
+/// not wholly black or white.
 std::vector<bool> ModulesOf(QrCodeView& view, int modules) {
   const QImage image = view.grab().toImage();
   const int module = std::min(view.width(), view.height()) / modules;
@@ -55,6 +59,24 @@ TEST(QrCodeView, Paints_each_module_of_the_encoder_in_whole_pixels_with_a_quiet_
       }
     }
   }
+}
+
+TEST(QrCodeView, Is_dark_on_white_with_a_white_quiet_zone_on_a_dark_desktop_too) {
+  QrCodeView onLight;
+  onLight.SetText(kUrl);
+  onLight.resize(onLight.minimumSize());
+  const int modules = onLight.minimumWidth() / QrCodeView::kMinModule;
+  const std::vector<bool> dark = ModulesOf(onLight, modules);
+  SetColors(*qApp, test::DesktopPalette(true));
+  QGroupBox panel;
+  auto* const onDark = new QrCodeView(&panel);  // NOLINT(cppcoreguidelines-owning-memory)
+  onDark->SetText(kUrl);
+  onDark->resize(onDark->minimumSize());
+  panel.resize(400, 400);
+  panel.grab();
+  EXPECT_LT(panel.palette().color(QPalette::Window).lightness(), 128);
+  EXPECT_EQ(ModulesOf(*onDark, modules), dark);
+  SetColors(*qApp, test::DesktopPalette(false));
 }
 
 TEST(QrCodeView, Of_no_text_and_of_a_text_that_is_too_long_there_is_no_code) {
