@@ -49,6 +49,12 @@ foreach(box IN LISTS boxes)
   install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/koru-counting/${folder} COMPONENT development)
 endforeach()
 
+set(modules FindXlsxwriter FindLibzip KoruFindLibrary)
+if(KORU_FLOOR)
+  list(APPEND modules FindMicrohttpd FindQrencode)
+endif()
+list(TRANSFORM modules PREPEND ${CMAKE_SOURCE_DIR}/cmake/)
+list(TRANSFORM modules APPEND .cmake)
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/KoruCounting)
 configure_package_config_file(KoruCountingConfig.cmake.in KoruCountingConfig.cmake INSTALL_DESTINATION ${package}
                               PATH_VARS KORU_INSTALL_DATA)
@@ -56,8 +62,5 @@ write_basic_package_version_file(KoruCountingConfigVersion.cmake COMPATIBILITY S
 install(EXPORT KoruCounting NAMESPACE KoruCounting:: FILE KoruCountingTargets.cmake DESTINATION ${package}
         COMPONENT development)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KoruCountingConfig.cmake
-              ${CMAKE_CURRENT_BINARY_DIR}/KoruCountingConfigVersion.cmake ${CMAKE_SOURCE_DIR}/cmake/FindXlsxwriter.cmake
-              ${CMAKE_SOURCE_DIR}/cmake/FindLibzip.cmake ${CMAKE_SOURCE_DIR}/cmake/FindMicrohttpd.cmake
-              ${CMAKE_SOURCE_DIR}/cmake/FindQrencode.cmake
-              ${CMAKE_SOURCE_DIR}/cmake/KoruFindLibrary.cmake
+              ${CMAKE_CURRENT_BINARY_DIR}/KoruCountingConfigVersion.cmake ${modules}
         DESTINATION ${package} COMPONENT development)

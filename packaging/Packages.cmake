@@ -46,7 +46,11 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 Headers, static libraries and the CMake package KoruCounting, with one target
 for each part: the stock-taking component alone, its embedded database, its
 connection to SQL Server, and its windows as a Qt widget.")
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "koru-counting (= ${PROJECT_VERSION}), libgnutls28-dev, libmicrohttpd-dev, libqrencode-dev, libsqlite3-dev, libxlsxwriter-dev, libzip-dev, qt6-base-dev, unixodbc-dev, zlib1g-dev")
+set(depends "koru-counting (= ${PROJECT_VERSION})" libsqlite3-dev libxlsxwriter-dev libzip-dev qt6-base-dev unixodbc-dev
+    zlib1g-dev)
+if(KORU_FLOOR)
+  list(APPEND depends libgnutls28-dev libmicrohttpd-dev libqrencode-dev)
+endif()
+list(JOIN depends ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS)
 
 include(CPack)
