@@ -44,6 +44,7 @@ LeftFiguresDialog::LeftFiguresDialog(const std::vector<LeftFigures::Cell>& cells
           "مي\u200cدارد."),
       this);
   sentence->setWordWrap(true);
+  sentence->setMargin(2);  // some letters reach beyond their line
   layout->addWidget(sentence);
   auto* const table =
       new FloorTable({QStringLiteral("شمارش"), QStringLiteral("كالا"), QStringLiteral("باركد"),

@@ -105,6 +105,11 @@ QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled {
 QLineEdit[missing="true"]:enabled { border: 1px solid #B26A00; background: #FFF3DC; }
 QLineEdit[marked="true"] { border: 2px solid #B3261E; background: #FDF1F0; }
 QLineEdit[cell="true"] { border: 2px solid #2F5D8C; border-radius: 0; padding: 0 2px; }
+QCheckBox::indicator:unchecked, QRadioButton::indicator:unchecked { width: 12px; height: 12px; background: #FFFFFF;
+  border: 1px solid #7A8798; }
+QRadioButton::indicator:unchecked { border-radius: 7px; }
+QCheckBox::indicator:unchecked:disabled, QRadioButton::indicator:unchecked:disabled { background: #F1F3F7;
+  border-color: #C3CCD8; }
 QLabel[value="true"] { background: #F4F6F9; border: 1px solid #B4BFCD; border-radius: 3px; padding: 2px 5px; }
 QGroupBox { border: 1px solid #C9D1DC; border-radius: 5px; margin-top: 9px; padding: 6px 6px 4px 6px;
   background: #F7F9FC; }

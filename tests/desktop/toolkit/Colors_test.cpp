@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QVBoxLayout>
+#include <map>
 
 #include "tests/desktop/Contrast.h"
 #include "tests/desktop/WindowTools.h"
@@ -71,6 +75,22 @@ TEST_P(ColorsOfAllWindows, What_a_field_shows_can_be_read) {
     EXPECT_EQ(shown.ground.lightness() < 128, GetParam() != (field == &mainButton))
         << field->metaObject()->className();
     EXPECT_GE(Contrast(shown.text, shown.ground), 4.5) << field->metaObject()->className();
+  }
+}
+
+TEST_P(ColorsOfAllWindows, A_box_that_is_not_ticked_has_an_edge_with_a_contrast_of_three) {
+  QCheckBox box;
+  QRadioButton choice;
+  const std::map<QAbstractButton*, QStyle::SubElement> indicators = {
+      {&box, QStyle::SE_CheckBoxIndicator}, {&choice, QStyle::SE_RadioButtonIndicator}};
+  for (const auto& [button, indicator] : indicators) {
+    button->show();
+    QStyleOptionButton option;
+    option.initFrom(button);
+    const QRect place = button->style()->subElementRect(indicator, &option, button);
+    const Grounds shown = GroundsOf(button->grab(place).toImage());
+    EXPECT_GE(Contrast(shown.text, shown.ground), 3);
+    EXPECT_GE(Contrast(shown.text, QApplication::palette().color(QPalette::Window)), 3);
   }
 }
 
