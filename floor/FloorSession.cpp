@@ -60,6 +60,10 @@ FloorSession::FloorSession(InvCountingControls& controls, const SharedState& sha
       }));
   subscriptions_.push_back(lines_.Changed.Subscribe([this] { Changed.Raise(); }));
   subscriptions_.push_back(controls.Timer1.Tick.Subscribe([this] { Follow(true); }));
+  // Before a save has stored figures, the disk has them as applied: a device may send them again.
+  subscriptions_.push_back(controls.pgbStatus.StateChanged.Subscribe([this] {
+    if (controls_.pgbStatus.Visible()) static_cast<void>(EndCommit());
+  }));
   subscriptions_.push_back(controls.flexDetail.StateChanged.Subscribe([this] { Changed.Raise(); }));
   subscriptions_.push_back(controls.form.Unloaded.Subscribe([this] { Finish(End::Unloaded); }));
 }
@@ -153,7 +157,8 @@ FloorChanges FloorSession::ChangesSince(std::int64_t revision, int count) {
 
 /// The mode is looked at whenever something is asked. Whether an entry has been saved, registered or
 /// cancelled is known when the form's timer ticks, which it does at the end of each of these commands; in
-/// between a save may still fail.
+/// between a save may still fail. With each tick, what the desk has entered begins to reach the disk, even if
+/// no device asks any more.
 void FloorSession::Follow(bool settled) {
   const bool isFollowed = end_ == End::None || end_ == End::Stopped;
   if (!isFollowed) return;
@@ -163,7 +168,9 @@ void FloorSession::Follow(bool settled) {
     Finish(End::OtherCounting);
   } else if (shared_.DocMode == DocumentMode::Editing) {
     wasEdited_ = true;
-    if (settled) Flush();
+    if (!settled) return;
+    static_cast<void>(lines_.Revision());
+    BeginCommit();
   } else if (settled && wasEdited_) {
     wasEdited_ = false;
     if (!around_.entryIsWritten()) {
@@ -197,7 +204,7 @@ void FloorSession::Finish(End end) {
   Changed.Raise();
 }
 
-/// What the desk has entered last reaches the disk even if no device asks any more.
+/// What the desk has entered last reaches the disk before the session ends.
 void FloorSession::Flush() {
   if (IsEdited()) static_cast<void>(lines_.Revision());
   static_cast<void>(Commit());

@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "counting/controls/InvCountingControls.h"
@@ -96,14 +97,23 @@ class FloorSession {
   [[nodiscard]] static bool IsDeviceID(std::string_view text);
   /// The device gives its name; at most kMaxNameLength of it is kept.
   void Hello(int count, const std::string& device, std::string_view name);
-  /// Decides figures in their order. The answers must not be sent before Commit returns true.
+  /// Decides figures in their order. The answers must not be sent before a commit that began later is on the
+  /// disk.
   [[nodiscard]] std::vector<FloorAnswer> Enter(int count, const std::string& device,
                                                std::span<const FloorFigure> figures);
   /// Notes a scanned barcode that no line has; once for each count.
   void NoteUnknown(int count, const std::string& device, const std::string& barcode);
-  /// Puts on the disk what was decided since the last time: once for all requests of a loop round. False when
-  /// that failed: nothing of it may be acknowledged, and the next Commit tries all of it again.
+  /// Puts on the disk what was decided since the last time, for all requests at once, and waits for that.
+  /// False when it failed: nothing of it may be acknowledged, and the next commit tries all of it again.
   [[nodiscard]] bool Commit() { return keeper_.Commit(); }
+  /// What runs the writes of BeginCommit from now on, one at a time; empty: they run at once. A write must
+  /// have ended before the session's journal is destroyed.
+  void SetJournalRunner(JournalKeeper::Runner runner) { keeper_.SetRunner(std::move(runner)); }
+  /// Commit without the wait. Does nothing while a write is under way: call it again when that has ended.
+  void BeginCommit() { keeper_.BeginCommit(); }
+  [[nodiscard]] bool IsCommitting() const { return keeper_.IsCommitting(); }
+  /// Waits for the write that is under way. False when the last commit failed.
+  [[nodiscard]] bool EndCommit() { return keeper_.EndCommit(); }
   /// The lines as the devices of that count see them.
   [[nodiscard]] std::vector<FloorLine> Lines(int count);
   /// What has changed for them since a revision; 0 asks for everything.

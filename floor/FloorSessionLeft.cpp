@@ -125,6 +125,7 @@ bool FloorSession::TakeBackSetAside() {
   Follow(false);
   if (end_ != End::None || !left_.Cells().empty()) return false;
   const Grid& grid = controls_.flexDetail;
+  static_cast<void>(EndCommit());
   for (const std::string& text : around_.journal.ReadSetAside()) {
     auto contents = ContentsOf(text, countingID_);
     if (!contents) continue;

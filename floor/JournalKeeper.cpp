@@ -1,13 +1,18 @@
 #include "floor/JournalKeeper.h"
 
+#include <chrono>
+
 #include "platform/text/Errors.h"
 
 namespace koru {
 
+JournalKeeper::~JournalKeeper() {
+  if (underWay_.valid()) underWay_.wait();
+}
+
 bool JournalKeeper::Try(const std::function<void()>& write) {
   try {
     write();
-    failureIsKnown_ = false;
     return true;
   } catch (const InputError& failure) {
     if (!std::exchange(failureIsKnown_, true)) Failed.Raise(failure.what());
@@ -15,31 +20,74 @@ bool JournalKeeper::Try(const std::function<void()>& write) {
   }
 }
 
-bool JournalKeeper::Commit() {
-  if (pending_.empty() && !beginsAnew_) return true;
-  return Try([this] {
-    if (beginsAnew_) {
-      journal_.Begin(start_());
-      beginsAnew_ = false;
-    }
-    if (pending_.empty()) return;
-    journal_.Append(pending_);
-    journal_.Sync();
-    pending_.clear();
+/// The rest of the write of all that is not on the disk, after the one that is under way; an invalid one when
+/// there is none. The lines are in the file at once, so that they outlive this program. A journal begins anew
+/// with the lines that came later, in one step: its start has their figures as applied.
+std::packaged_task<void()> JournalKeeper::NextWrite() {
+  while (underWay_.valid()) static_cast<void>(EndCommit());
+  isOnDisk_ = unsynced_.empty() && !beginsAnew_;
+  if (isOnDisk_) return {};
+  if (!beginsAnew_ && !Try([this] { journal_.Append(unsynced_); })) return {};
+  written_ = unsynced_.size();
+  std::packaged_task<void()> write(
+      [&journal = journal_, begins = beginsAnew_, text = beginsAnew_ ? start_() + unsynced_ : std::string()] {
+        if (begins) {
+          journal.Begin(text);
+        } else {
+          journal.Sync();
+        }
+      });
+  underWay_ = write.get_future();
+  return write;
+}
+
+void JournalKeeper::BeginCommit() {
+  if (IsCommitting()) return;
+  std::packaged_task<void()> write = NextWrite();
+  if (!write.valid()) return;
+  if (runner_) {
+    runner_(std::move(write));
+  } else {
+    write();
+  }
+  if (!IsCommitting()) static_cast<void>(EndCommit());
+}
+
+bool JournalKeeper::IsCommitting() const {
+  return underWay_.valid() && underWay_.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+bool JournalKeeper::EndCommit() {
+  if (!underWay_.valid()) return isOnDisk_;
+  isOnDisk_ = Try([this] {
+    underWay_.get();
+    unsynced_.erase(0, written_);
+    beginsAnew_ = false;
+    failureIsKnown_ = false;
   });
+  return isOnDisk_;
+}
+
+bool JournalKeeper::Commit() {
+  std::packaged_task<void()> write = NextWrite();
+  if (write.valid()) write();
+  return EndCommit();
 }
 
 void JournalKeeper::BeginAnew() {
+  static_cast<void>(EndCommit());
   beginsAnew_ = true;
-  pending_.clear();
+  unsynced_.clear();
   static_cast<void>(Commit());
 }
 
 bool JournalKeeper::SetAside() {
+  static_cast<void>(EndCommit());
   return Try([this] { journal_.SetAside(); });
 }
 
 void JournalKeeper::Remove() {
+  static_cast<void>(EndCommit());
   Try([this] { journal_.Remove(); });
 }
 

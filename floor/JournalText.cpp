@@ -101,7 +101,9 @@ bool TakeUnknown(const Fields& fields, JournalContents& contents) {
   if (fields.size() != 4) return false;
   const auto count = CountIn(fields[1]);
   if (!count) return false;
-  contents.start.unknown.push_back({fields[3], *count, fields[2]});
+  auto& unknown = contents.start.unknown;
+  const UnknownBarcode barcode{fields[3], *count, fields[2]};  // once more after a failed write
+  if (std::find(unknown.begin(), unknown.end(), barcode) == unknown.end()) unknown.push_back(barcode);
   return true;
 }
 

@@ -15,7 +15,8 @@ struct FloorJournalOwner {
 };
 
 /// A text of lines on the machine, beyond the end of the program, to which lines are appended. While the
-/// object exists, no other program has the same journal; its destruction leaves the text. Everything throws
+/// object exists, no other program has the same journal; its destruction leaves the text. Begin and Sync
+/// may run in another thread; nothing else of the journal is called meanwhile. Everything throws
 /// InputError when it cannot be done.
 class FloorJournal {
  public:

@@ -28,7 +28,7 @@ struct FloorTask {
   std::optional<ChangesRequest> poll;     ///< it is to be held until something changes
   std::optional<HttpAnswer> answer;
   int count = 0;
-  bool needsCommit = false;  ///< the answer must not be sent before the session's Commit
+  bool needsCommit = false;  ///< the answer must not be sent before a commit that began later is on the disk
 
   [[nodiscard]] bool IsDecided() const { return answer.has_value() || poll.has_value(); }
 };
@@ -42,6 +42,10 @@ class FloorRoutes {
 
   /// The page's files, and refusals that the head of a request calls for.
   [[nodiscard]] std::optional<HttpAnswer> Admit(const HttpRequest& head);
+  /// Whether the task adds to the journal of the session.
+  [[nodiscard]] static bool IsForJournal(const FloorTask& task) {
+    return task.exchange->Request().method == "POST";
+  }
   /// Takes the task a step further: one figure, some lines, or all that another request asks for.
   void Advance(FloorTask& task);
   /// The answer to a request for changes; nothing while it is to be held. `since` is advanced over what

@@ -4,6 +4,10 @@
 #include <algorithm>
 #include <deque>
 #include <exception>
+#include <future>
+#include <iterator>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 #include "desktop/floor/server/FloorCertificate.h"
@@ -50,8 +54,8 @@ struct HeldPoll {
 
 }  // namespace
 
-/// Takes turns in the event loop: reads requests, lets the session decide them, puts that on the disk, and
-/// sends the answers.
+/// Takes turns in the event loop: reads requests, lets the session decide them, and sends the answers, those
+/// to what is to be on the disk after a thread has put it there.
 class FloorServer::Service : public HttpService {
  public:
   Service(FloorSession& session, FloorServerSettings settings);
@@ -82,15 +86,19 @@ class FloorServer::Service : public HttpService {
   void Hold(const FloorTask& task);
   [[nodiscard]] std::optional<HttpAnswer> ChangesNow(const HeldPoll& held);
   void AnswerHeld();
-  void Send(bool isOnDisk);
+  void Commit();
+  void AnswerWritten(bool isOnDisk);
+  void Write(std::packaged_task<void()> write);
 
   FloorSession& session_;
   FloorServerSettings settings_;
   FloorRoutes routes_;
   std::unique_ptr<HttpServer> plain_;
   std::unique_ptr<HttpServer> secure_;
-  std::deque<FloorTask> tasks_;    ///< requests that are not decided
-  std::deque<FloorTask> decided_;  ///< those whose answer is to be sent
+  std::deque<FloorTask> tasks_;      ///< requests that are not decided
+  std::deque<FloorTask> waiting_;    ///< those of them that wait for the end of a write
+  std::deque<FloorTask> unwritten_;  ///< those that are to be on the disk before they are answered
+  std::deque<FloorTask> written_;    ///< those that the last commit puts there
   std::deque<HeldPoll> held_;
   bool hasChanged_ = false;  ///< since held requests were looked at
   bool isAtTurn_ = false;
@@ -98,6 +106,7 @@ class FloorServer::Service : public HttpService {
   QTimer gather_;  ///< runs while changes gather
   QTimer expire_;  ///< held requests whose time is over
   Subscription changed_;
+  std::jthread writer_;  ///< of the journal
 };
 
 FloorServer::Service::Service(FloorSession& session, FloorServerSettings settings)
@@ -112,10 +121,13 @@ FloorServer::Service::Service(FloorSession& session, FloorServerSettings setting
     hasChanged_ = true;
     if (!gather_.isActive()) gather_.start(settings_.limits.gather);
   });
+  session_.SetJournalRunner([this](std::packaged_task<void()> write) { Write(std::move(write)); });
 }
 
-/// The servers end first: nothing answers what they have.
+/// The write that is under way ends first, then the servers: nothing answers what they have.
 FloorServer::Service::~Service() {
+  session_.SetJournalRunner({});
+  if (writer_.joinable()) writer_.join();
   secure_.reset();
   plain_.reset();
 }
@@ -163,27 +175,44 @@ void FloorServer::Service::TakeTurn() {
     RunServers();
     Work();
     AnswerHeld();
-    Send(session_.Commit());
+    Commit();
     RunServers();
   }
   SetWaiting(true);
   if (!tasks_.empty()) again_.start(0);
 }
 
-/// A request that needs more than the time of a turn waits at the end of the queue for the next one.
+/// A request that needs more than the time of a turn waits at the end of the queue for the next one. While
+/// the journal is being written, requests that would add to it wait: whatever a device has changed on the
+/// form is in the journal before anything else keeps it.
 void FloorServer::Service::Work() {
+  const bool isWriting = session_.IsCommitting();
+  if (!isWriting) {
+    tasks_.insert(tasks_.begin(), std::make_move_iterator(waiting_.begin()),
+                  std::make_move_iterator(waiting_.end()));
+    waiting_.clear();
+  }
   const auto until = SteadyClock::now() + settings_.limits.round;
   bool isFirst = true;
   while (!tasks_.empty() && (isFirst || SteadyClock::now() < until)) {
     FloorTask& task = tasks_.front();
+    if (isWriting && FloorRoutes::IsForJournal(task)) {
+      waiting_.push_back(std::move(task));
+      tasks_.pop_front();
+      continue;
+    }
     while (!task.IsDecided() && (isFirst || SteadyClock::now() < until)) {
       Advance(task);
       isFirst = false;
     }
     if (task.poll) {
       Hold(task);
+    } else if (!task.answer) {
+      tasks_.push_back(std::move(task));
+    } else if (task.needsCommit) {
+      unwritten_.push_back(std::move(task));
     } else {
-      (task.answer ? decided_ : tasks_).push_back(std::move(task));
+      task.exchange->Answer(std::move(*task.answer));
     }
     tasks_.pop_front();
   }
@@ -234,11 +263,21 @@ void FloorServer::Service::AnswerHeld() {
   }
 }
 
-void FloorServer::Service::Send(bool isOnDisk) {
-  while (!decided_.empty()) {
-    FloorTask task = std::move(decided_.front());
-    decided_.pop_front();
-    if (task.needsCommit && !isOnDisk) {
+/// Answers what is on the disk by now, and begins to write what was decided since. A disk that fails is tried
+/// again for the next request.
+void FloorServer::Service::Commit() {
+  while (!session_.IsCommitting()) {
+    const bool isOnDisk = session_.EndCommit();
+    AnswerWritten(isOnDisk);
+    written_.swap(unwritten_);
+    if (isOnDisk || !written_.empty()) session_.BeginCommit();
+    if (written_.empty()) break;
+  }
+}
+
+void FloorServer::Service::AnswerWritten(bool isOnDisk) {
+  for (FloorTask& task : std::exchange(written_, {})) {
+    if (!isOnDisk) {
       task.answer = HttpAnswer::Refusal(
           kUnavailable,
           "ميز نمي‌تواند عددها را روي ديسك نگه دارد. آن‌ها "
@@ -247,6 +286,20 @@ void FloorServer::Service::Send(bool isOnDisk) {
           "مي‌شوند.");
     }
     task.exchange->Answer(std::move(*task.answer));
+  }
+}
+
+/// Runs a write of the journal beside the event loop, which takes the next turn when it has ended.
+void FloorServer::Service::Write(std::packaged_task<void()> write) {
+  const auto run = [this, write = std::make_shared<std::packaged_task<void()>>(std::move(write))] {
+    (*write)();
+    QMetaObject::invokeMethod(
+        &again_, [this] { TakeTurn(); }, Qt::QueuedConnection);
+  };
+  try {
+    writer_ = std::jthread(run);
+  } catch (const std::system_error&) {  // the system has no thread to spare: the desk waits
+    run();
   }
 }
 

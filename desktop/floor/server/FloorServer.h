@@ -42,7 +42,8 @@ struct FloorServerSettings {
 
 /// Serves the page of the floor and what it asks of a session, by HTTP, from the event loop of the thread
 /// that made it. While a command is at work at the desk, nothing is read. What devices did is on the disk
-/// before they have the answer: once for all requests of a turn of the event loop.
+/// before they have the answer. A thread syncs it, once for all requests of a turn, and the event loop does
+/// not wait for the disk; requests that would add to the journal meanwhile wait for the next turn.
 class FloorServer {
  public:
   /// Listens on http. Throws InputError when it cannot. The session must outlive the server; it may end.
@@ -51,6 +52,7 @@ class FloorServer {
   FloorServer(FloorSession& session, FloorServerSettings settings);
   FloorServer(const FloorServer&) = delete;
   FloorServer& operator=(const FloorServer&) = delete;
+  /// Waits for the write that is under way. Requests that have no answer by then are not answered.
   ~FloorServer();
 
   /// Listens on https too, for cameras; makes the certificate when there is none that serves. Does nothing

@@ -285,9 +285,7 @@ TEST_F(FloorRoutes, No_stock_rate_money_or_other_count_is_in_anything_that_is_se
       "FirstCounting=71717, "
       "SecondCounting=72727, ThirdCounting=73737, AcceptedCounting=72727, ContradictionCounting=14927.25 "
       "where CountingID=20");
-  Start();
-  Open();
-  Serve();
+  StartAnew();
   std::string wire;
   const std::string revision = Revision();
   for (const HttpReply& reply :
@@ -318,9 +316,7 @@ TEST_F(FloorRoutes, Names_of_goods_arrive_as_they_are_whatever_is_in_them) {
   for (const std::string& name : names) {
     std::string sql = "update tblGood set Name='";
     database.Execute(sql + name + "' where Barcode='G2'");
-    Start();
-    Open();
-    Serve();
+    StartAnew();
     const QJsonArray line = Get("/a/lines").Json()["lines"].toArray().at(1).toArray();
     EXPECT_EQ(line[3].toString().toStdString(), name);
   }

@@ -28,6 +28,12 @@ class ServerWorld : public FloorWorld {
     server_.reset();
     server_ = std::make_unique<FloorServer>(*session_, settings_);
   }
+  /// The program begins anew, and serves.
+  void StartAnew() {
+    server_.reset();
+    StartAndOpen();
+    Serve();
+  }
   [[nodiscard]] std::string Authorized(int count) const {
     return "Authorization: Bearer " + session_->Code(count) + "\r\n";
   }
