@@ -36,6 +36,7 @@ export class Card {
   #key = null;
   #gone = null;
   #seen = '';
+  #putBack = null;
   #input;
   #asked;
   #own;
@@ -44,7 +45,7 @@ export class Card {
 
   /**
    * `onScanned` gets a barcode that was scanned into the figure; `onClosed` is called when the card is closed;
-   * `onFailed` gets the line and the figure that could not be kept.
+   * `onFailed` gets {line, op, text, base} of a figure that could not be kept.
    */
   constructor(box, floor, { onClosed, onScanned, onFailed }) {
     this.#box = box;
@@ -68,6 +69,7 @@ export class Card {
     const { barcode, ordinal, code, name, unit, figure } = this.#floor.lines.at(line);
     this.#key = { barcode, ordinal, name };
     this.#seen = figure;
+    this.#putBack = null;
     this.#own = make('div', { className: 'own' });
     this.#asked = make('div', { className: 'notice' });
     this.#asked.hidden = true;
@@ -79,6 +81,21 @@ export class Card {
     this.#box.scrollTop = 0;
     this.#draw();
     this.#input.focus();
+  }
+
+  /** On the card of its line, writes a figure again that could not be kept. */
+  putBack({ op, text, base }, sentence) {
+    this.#putBack = { op, text };
+    this.#seen = base;
+    this.#input.value = text;
+    const again = button('دوباره ثبت شود', () => (text === '' ? this.#enter(op, text) : this.#take(op)));
+    this.#ask([sentence], again);
+    again.focus();
+  }
+
+  /** What Enter does with the typed figure. */
+  #usual() {
+    return this.#putBack?.text === this.#input.value ? this.#putBack.op : 'set';
   }
 
   /** Opens the card of an answer whose line the counting has no more. */
@@ -104,7 +121,7 @@ export class Card {
     }
     alarm();
     const enter = button('ثبت شود', () => {
-      this.#take('set');
+      this.#take(this.#usual());
       if (!this.isOpen) then();
     });
     const forget = button('ثبت نشود', () => {
@@ -139,7 +156,7 @@ export class Card {
       const isTab = event.key === 'Tab' && this.#isOfLine(this.#input.value);  // of a scanner
       if (event.key !== 'Enter' && !isTab) return;
       event.preventDefault();
-      this.#take('set');
+      this.#take(this.#usual());
     });
     return make('div', { className: 'entry' }, this.#input, button('ثبت', () => this.#take('set'), 'main'),
                 button('افزودن', () => this.#take('add')));
@@ -276,10 +293,11 @@ export class Card {
     this.close();
     try {
       await this.#floor.enter(line, op, text, op === 'set' ? base : '');
-      confirmation();
     } catch {
       alarm();
-      this.#onFailed(line, text);
+      this.#onFailed({ line, op, text, base });
+      return;
     }
+    confirmation();
   }
 }

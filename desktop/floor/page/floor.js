@@ -18,6 +18,15 @@ export function takeCode() {
   return sessionStorage.getItem(codeKey) ?? localStorage.getItem(codeKey) ?? '';
 }
 
+/** Keeps a short text, where the browser does. */
+function keepText(key, text) {
+  try {
+    localStorage.setItem(key, text);
+  } catch {
+    // This page knows it.
+  }
+}
+
 export class Floor extends EventTarget {
   lines = new Lines();
   /** Figures without an answer, of all counts, in their order. */
@@ -40,6 +49,7 @@ export class Floor extends EventTarget {
   #code;
   #sender;
   #listener;
+  #name = localStorage.getItem(nameKey) ?? '';
   #noticeOf = new Map();
   #closedCodes = new Set();
 
@@ -61,11 +71,12 @@ export class Floor extends EventTarget {
   }
 
   get name() {
-    return localStorage.getItem(nameKey) ?? '';
+    return this.#name;
   }
 
   set name(name) {
-    localStorage.setItem(nameKey, name);
+    this.#name = name;
+    keepText(nameKey, name);
     this.#listener.greetAnew();
   }
 
@@ -119,21 +130,35 @@ export class Floor extends EventTarget {
     this.#sender.wake();
   }
 
+  /** The browser has erased what it kept; figures and notices that are shown are kept again. */
+  erased() {
+    keepText(nameKey, this.#name);
+    keepText(codeKey, this.#code);
+    if (this.queue.length > 0) this.#changed('erased');
+  }
+
   async dismiss(notice) {
-    await this.#store.dismiss(notice);
-    await this.readKept();
+    await this.#change(() => this.#store.dismiss(notice));
   }
 
   /** Figures whose count is closed: they become those of this count, or are forgotten. */
   async moveHere(items) {
-    await this.#store.move(items, this.#code);
-    await this.readKept();
+    await this.#change(() => this.#store.move(items, this.#code));
     this.#sender.wake();
   }
 
   async forget(items) {
-    await this.#store.forget(items);
-    await this.readKept();
+    await this.#change(() => this.#store.forget(items));
+  }
+
+  /** Changes what is kept; reports when the browser's storage does not do it. */
+  async #change(change) {
+    try {
+      await change();
+      await this.readKept();
+    } catch {
+      this.#changed('failed');
+    }
   }
 
   async noteUnknown(barcode) {

@@ -4,8 +4,10 @@ import { CameraView } from './camera-view.js';
 import { Card } from './card.js';
 import { Floor, takeCode } from './floor.js';
 import { isolated, isolatedNumber, latinDigits } from './fold.js';
+import { Questions } from './questions.js';
 import { QueueView } from './queue-view.js';
 import { countName, fillLine, fillNotice, makeRow } from './rows.js';
+import { Sayings } from './sayings.js';
 import { ScanField } from './scan-field.js';
 import { alarm } from './signals.js';
 import { stateOf } from './state.js';
@@ -30,7 +32,8 @@ class Page {
   #current = -1;
   #heldScan = null;
   #wasClosed = false;
-  #unread = []; // what the counter must read
+  #sayings = new Sayings({ banner: by('banner'), unknown: by('unknown'), unknownText: by('unknown-text'),
+                           unknownClose: by('unknown-close') });
 
   constructor(floor) {
     this.#floor = floor;
@@ -42,8 +45,7 @@ class Page {
     this.#card = new Card(by('card'), floor, {
       onClosed: () => this.#cardClosed(),
       onScanned: (text) => this.#scan([text]),
-      onFailed: (line, text) => this.#sayUntilRead(
-          `رقم ${isolatedNumber(text)} برای ${isolated(line.name)} در گوشی نگه داشته نشد. جای خالی گوشی را ببینید.`),
+      onFailed: (failed) => this.#notKept(failed),
     });
     this.#queueView = new QueueView(by('queue'), floor, () => this.#openTab('all'));
     this.#field = new ScanField(by('search'), {
@@ -54,7 +56,7 @@ class Page {
     this.#camera = new CameraView(
         { box: by('camera-view'), video: by('video'), open: by('camera'), close: by('camera-close') },
         { onCode: (code) => this.#scan([code]),
-          onFailed: () => this.#say('دوربین باز نشد. اجازهٔ دوربین را در مرورگر ببینید.') });
+          onFailed: () => this.#sayings.say('دوربین باز نشد. اجازهٔ دوربین را در مرورگر ببینید.') });
     this.#listen();
   }
 
@@ -68,40 +70,20 @@ class Page {
       this.#typed();
       this.#field.focus();
     });
-    by('unknown-close').addEventListener('click', () => this.#hideSayings());
-    by('banner').addEventListener('click', () => {
-      this.#unread = [];
-      this.#hideSayings();
-    });
     this.#floor.addEventListener('lines', () => this.#linesCame());
     this.#floor.addEventListener('figures', () => this.#draw());
     this.#floor.addEventListener('state', () => this.#drawState());
     this.#floor.addEventListener('asked', ({ detail }) => this.#asked(detail));
-    by('naming').addEventListener('submit', (event) => {
-      event.preventDefault();
-      const name = by('name').value.trim();
-      if (!/\p{L}/u.test(name)) return;  // a scanned barcode is no name
-      this.#floor.name = name;
-      this.#ask(false);
-      this.#field.focus();
-    });
+    this.#floor.addEventListener('failed', () => this.#sayings.sayUntilRead(
+        'گوشی این تغییر را نگه نداشت. جای خالی گوشی را ببینید و دوباره بزنید.'));
+    this.#floor.addEventListener('erased', () => this.#sayings.sayUntilRead(
+        'داده‌های این صفحه از مرورگر پاک شد. رقم‌های نرسیده دوباره در گوشی نگه داشته شد.'));
   }
 
   begin() {
-    const isNamed = this.#floor.name !== '' || this.#floor.code === '';
-    this.#ask(!isNamed);
-    if (isNamed) {
-      this.#field.focus();
-    } else {
-      by('name').focus();
-    }
+    new Questions({ naming: by('naming'), name: by('name'), arrived: by('arrived'), plain: by('plain') }, this.#floor,
+                  () => this.#field.focus()).ask();
     this.#draw();
-  }
-
-  /** Asks for the name, or is done with it: nothing else can be reached meanwhile. */
-  #ask(isAsking) {
-    for (const part of document.body.children) part.inert = isAsking && part !== by('naming');
-    by('naming').hidden = !isAsking;
   }
 
   // The list.
@@ -236,7 +218,7 @@ class Page {
   }
 
   #find(readings) {
-    this.#hideSayings();
+    this.#sayings.hide();
     if (!this.#floor.areLinesKnown) {
       this.#heldScan = readings;
       return;
@@ -264,7 +246,7 @@ class Page {
     this.#field.focus();
     if (!isPart) return;
     alarm();
-    this.#say('کالایی درست با این بارکد نیست؛ از فهرست برگزینید.');
+    this.#sayings.say('کالایی درست با این بارکد نیست؛ از فهرست برگزینید.');
   }
 
   #openFound(line) {
@@ -287,26 +269,33 @@ class Page {
     this.#card.close();
     this.#field.clear();
     this.#draw();
-    by('unknown').hidden = false;
-    by('unknown-text').textContent = `بارکد ${isolated(barcode)} در این شمارش نیست. به میز خبر داده می‌شود.`;
+    this.#sayings.sayUnknown(barcode);
     this.#field.focus();
-    this.#floor.noteUnknown(barcode).catch(() => this.#sayUntilRead(
+    this.#floor.noteUnknown(barcode).catch(() => this.#sayings.sayUntilRead(
         `بارکد ${isolated(barcode)} در گوشی نگه داشته نشد. آن را به میز بگویید.`));
   }
 
-  /** Sayings end with the next scan, but what the counter must read stays. */
-  #hideSayings() {
-    by('unknown').hidden = true;
-    by('banner').hidden = true;
-    if (this.#unread.length > 0) this.#say();
-  }
-
   #open(line) {
-    this.#hideSayings();
+    this.#sayings.hide();
     this.#camera.pause();
     this.#card.open(line);
     document.body.classList.add('with-card');
     this.#list.draw();
+  }
+
+  /** A figure that the browser does not keep is written again on its card, unless the counter has gone on. */
+  #notKept(failed) {
+    const { line, text } = failed;
+    const name = isolated(line.name);
+    const why = 'چون گوشی آن را نگه نداشت. جای خالی گوشی را ببینید.';
+    const sentence = text === '' ? `رقم ${name} پاک نشد، ${why}` : `رقم ${isolatedNumber(text)} برای ${name} ثبت نشد، ${why}`;
+    const at = this.#floor.lines.lineOf(line.barcode, line.ordinal);
+    if (at === undefined || this.#card.isOpen || this.#field.text !== '') {
+      this.#sayings.sayUntilRead(sentence);
+    } else {
+      this.#open(at);
+      this.#card.putBack(failed, sentence);
+    }
   }
 
   #cardClosed() {
@@ -341,7 +330,7 @@ class Page {
   }
 
   #closed() {
-    this.#say('این شمارش بسته است. رقم‌های تازه به میز نمی‌رسد.');
+    this.#sayings.say('این شمارش بسته است. رقم‌های تازه به میز نمی‌رسد.');
     if (this.#floor.queue.length > 0) this.#openTab('queue');
   }
 
@@ -355,27 +344,18 @@ class Page {
       conflict: 'در این میان رقم دیگری ثبت شده است.',
       gone: 'این کالا دیگر در شمارش نیست',
     }[answer.state];
-    this.#say(`${isolated(item.name)}: ${isolated(what)}`, answer.state === 'refused');
-  }
-
-  #say(text = '', isBad = true) {
-    const banner = by('banner');
-    banner.hidden = false;
-    banner.className = isBad || this.#unread.length > 0 ? 'bad' : '';
-    banner.textContent = [...this.#unread, text].filter((line) => line !== '').join('\n');
-  }
-
-  /** Says what stays until the counter presses it. */
-  #sayUntilRead(text) {
-    this.#unread.push(text);
-    this.#say();
+    this.#sayings.say(`${isolated(item.name)}: ${isolated(what)}`, answer.state === 'refused');
   }
 }
 
 async function main() {
   const code = takeCode();
   let floor = null;
-  const store = await Store.open(() => floor?.readKept().catch(() => {}));
+  const store = await Store.open({
+    otherTab: () => floor?.readKept().catch(() => {}),
+    known: () => ({ queue: floor?.queue ?? [], notices: floor?.notices ?? [] }),
+    erased: () => floor?.erased(),
+  });
   floor = new Floor(store, code, await store.device());
   navigator.storage?.persist?.().catch(() => {});  // where the browser asks, the counter decides
   new Page(floor).begin();

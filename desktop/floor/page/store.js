@@ -3,7 +3,8 @@
 //
 // The id is in the database with the sequence numbers, not in localStorage: a browser that erases one erases the
 // other, so that a number never comes from the same device a second time. Numbers are those of an autoIncrement
-// key, which two tabs cannot be given twice.
+// key, which two tabs cannot be given twice. A page that is open while they are erased keeps its id and goes on above all
+// numbers that it can have given: what it had sent before is known at the desk by its numbers.
 
 const name = 'koru-floor';
 const daysOfLines = 30;
@@ -39,8 +40,11 @@ function randomID() {
   return btoa(String.fromCharCode(...bytes)).replace(/\+/g, '-').replace(/\//g, '_').replace(/=/g, '');
 }
 
-/** `onLost` is called when the connection is closed: by the browser, or for a page of a later version. */
-async function connect(onLost) {
+/**
+ * `onLost` is called when the connection is closed: by the browser, or for a page of a later version. `onMade` gets the
+ * transaction in which a database is made that was not there.
+ */
+async function connect(onLost, onMade) {
   const request = indexedDB.open(name, 2);
   request.onupgradeneeded = ({ oldVersion }) => {
     const database = request.result;
@@ -51,6 +55,7 @@ async function connect(onLost) {
     database.createObjectStore('unknown', { keyPath: ['code', 'barcode'] });
     database.createObjectStore('lines', { keyPath: 'code' });
     database.createObjectStore('meta');
+    onMade(request.transaction);
   };
   const database = await result(request);
   database.onclose = onLost;
@@ -63,13 +68,20 @@ async function connect(onLost) {
 
 export class Store {
   #connection = null;
+  #page;
+  #device = null;
   #tabs = typeof BroadcastChannel === 'undefined' ? null : new BroadcastChannel(name);
 
-  /** Throws when the browser keeps nothing, as some do in private windows. */
-  static async open(onOtherTab) {
+  /**
+   * Throws when the browser keeps nothing, as some do in private windows. `page` hears `otherTab()` when another tab has
+   * changed something, gives as `known()` the {queue, notices} that it shows, and hears `erased()` when these are all that
+   * is left of what was kept, and are kept again.
+   */
+  static async open(page) {
     const store = new Store();
+    store.#page = page;
     await store.#connected();
-    if (store.#tabs) store.#tabs.onmessage = onOtherTab;
+    if (store.#tabs) store.#tabs.onmessage = () => page.otherTab();
     return store;
   }
 
@@ -81,6 +93,7 @@ export class Store {
       meta.put(id, 'device');
     }
     await finished(transaction);
+    this.#device = id;
     return id;
   }
 
@@ -196,11 +209,25 @@ export class Store {
   /** The connection, made anew after it was lost. */
   #connected() {
     if (this.#connection === null) {
-      const connection = connect(() => this.#lose(connection));
+      const connection = connect(() => this.#lose(connection), (transaction) => this.#made(transaction));
       connection.catch(() => this.#lose(connection));
       this.#connection = connection;
     }
     return this.#connection;
+  }
+
+  /** A database that is made while the page is open: the browser has erased the one before. */
+  #made(transaction) {
+    if (this.#device === null) return;
+    const { queue, notices } = this.#page.known();
+    const figures = transaction.objectStore('queue');
+    const above = Date.now();  // numbers count from 1, or from the time when the one before was made
+    figures.add({ seq: above });
+    figures.delete(above);
+    for (const figure of queue) figures.put(figure);
+    for (const notice of notices) transaction.objectStore('notices').put(notice);
+    transaction.objectStore('meta').put(this.#device, 'device');
+    transaction.addEventListener('complete', () => this.#page.erased());
   }
 
   #lose(connection) {

@@ -270,31 +270,6 @@ TEST_F(PageNetwork, Storage_that_fails_for_a_while_ends_no_sending) {
   WaitForState(browser, kAllArrived);
 }
 
-TEST_F(PageNetwork, A_figure_that_the_device_cannot_keep_is_said_until_the_counter_has_read_it) {
-  Browser browser;
-  OpenPage(browser);
-  BreakStorage(browser);
-  test::Count(browser, kTea, QStringLiteral("5"));
-  WaitForText(browser, QStringLiteral("#banner"), Text("رقم 5 برای چای ممتاز در گوشی نگه داشته نشد"));
-  MendStorage(browser);
-  Scan(browser, kCheese);
-  WaitForText(browser, QStringLiteral("#card h2"), Text(kCheese.name));
-  EXPECT_TRUE(browser.Shows(QStringLiteral("#banner")));
-  browser.Click(QStringLiteral("#banner"));
-  browser.WaitFor(QStringLiteral("document.getElementById('banner').hidden"));
-}
-
-TEST_F(PageNetwork, A_page_that_a_browser_cannot_begin_says_so) {
-  Browser browser;
-  browser.Command(
-      QStringLiteral("Page.addScriptToEvaluateOnNewDocument"),
-      {{"source", "IDBFactory.prototype.open = () => { throw new DOMException('', 'SecurityError'); }"}});
-  browser.Open(Url(1));
-  WaitForText(browser, QStringLiteral("#empty"),
-              Text("این مرورگر رقم‌ها را نگه نمی‌دارد"));
-  EXPECT_TRUE(browser.Shows(QStringLiteral("#empty")));
-}
-
 TEST_F(PageNetwork, A_line_that_is_deleted_while_the_counter_types_says_so_with_the_typed_figure) {
   Browser browser;
   OpenPage(browser);

@@ -60,15 +60,39 @@ void PageWorld::AddGoods(int number) {
   RestartDesk();
 }
 
-void PageWorld::Serve() {
+FloorServerSettings PageWorld::Settings() const {
   FloorServerSettings settings;
   settings.port = port_;
   settings.securePort = 0;
   settings.folder = folder_.path().toStdString();
   settings.addresses = {"127.0.0.1"};
   settings.store = "انبار مركزي";
-  server_ = std::make_unique<FloorServer>(*session_, std::move(settings));
+  return settings;
+}
+
+void PageWorld::Serve() {
+  server_ = std::make_unique<FloorServer>(*session_, Settings());
   port_ = server_->Port();
+}
+
+void PageWorld::ServeSecurely() {
+  constexpr int kAttempts = 20;  // another program may have the next port
+  for (int attempt = 1;; ++attempt) {
+    FloorServerSettings settings = Settings();
+    settings.port = port_;
+    settings.securePort = static_cast<std::uint16_t>(port_ + 1);
+    server_.reset();
+    try {
+      server_ = std::make_unique<FloorServer>(*session_, std::move(settings));
+      server_->OpenSecure();
+      return;
+    } catch (const InputError&) {
+      if (attempt == kAttempts) throw;
+      server_.reset();
+      port_ = 0;
+      Serve();
+    }
+  }
 }
 
 void PageWorld::KillDesk() {
@@ -82,7 +106,9 @@ void PageWorld::RestartDesk() {
   Serve();
 }
 
-QString PageWorld::Url(int count) { return QString::fromStdString(server_->Url(count, "127.0.0.1")); }
+QString PageWorld::Url(int count, bool secure) {
+  return QString::fromStdString(server_->Url(count, "127.0.0.1", secure));
+}
 
 void PageWorld::OpenPage(Browser& browser, int count, const QString& name) {
   browser.Open(Url(count));

@@ -43,16 +43,21 @@ class PageWorld : public FloorWorld {
   void AddGoods(int number);
   /// Begins to serve; the desk keeps its port when it begins again.
   void Serve();
+  /// Serves https too, on the port after that of http, as the desk does by default.
+  void ServeSecurely();
   /// The program ends without warning and begins again.
   void KillDesk();
   void RestartDesk();
 
-  [[nodiscard]] QString Url(int count);
+  [[nodiscard]] QString Url(int count, bool secure = false);
   /// Opens the page of a count on a device that has given its name, and waits until it shows the lines.
   void OpenPage(Browser& browser, int count = 1, const QString& name = QStringLiteral("رضا"));
   /// What the desk has of a good in a count.
   [[nodiscard]] QString AtDesk(const PageGood& good, int count = 1);
   void WaitForDesk(const PageGood& good, const QString& figure, int count = 1);
+
+  /// What the server is served with.
+  [[nodiscard]] FloorServerSettings Settings() const;
 
   QTemporaryDir folder_;
   std::uint16_t port_ = 0;
