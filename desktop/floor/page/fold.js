@@ -13,6 +13,7 @@ export function fold(text) {
 const places = { Minus: '-_', Equal: '=+', Period: '.>', Comma: ',<', Slash: '/?', Semicolon: ';:', Space: '  ',
                  NumpadSubtract: '--', NumpadAdd: '++', NumpadDecimal: '..', NumpadDivide: '//' };
 const overDigits = ')!@#$%^&*(';
+const maxLetters = 40;
 
 /** The Latin character of a key by its place, whatever layout the keyboard has; empty for other keys. */
 export function characterByPlace(event) {
@@ -52,4 +53,10 @@ export function isolated(text) {
 /** The same for a number: its sign is left of it. */
 export function isolatedNumber(text) {
   return isolated(text).replace('\u2068', '\u2066');
+}
+
+/** The beginning of a long name, for a sentence whose end must be seen too. */
+export function shortName(name) {
+  const letters = [...name];
+  return isolated(letters.length > maxLetters ? `${letters.slice(0, maxLetters).join('')}…` : name);
 }

@@ -3,7 +3,7 @@
 import { CameraView } from './camera-view.js';
 import { Card } from './card.js';
 import { Floor, takeCode } from './floor.js';
-import { isolated, isolatedNumber, latinDigits } from './fold.js';
+import { isolated, isolatedNumber, latinDigits, shortName } from './fold.js';
 import { Questions } from './questions.js';
 import { QueueView } from './queue-view.js';
 import { countName, fillLine, fillNotice, makeRow } from './rows.js';
@@ -286,7 +286,7 @@ class Page {
   /** A figure that the browser does not keep is written again on its card, unless the counter has gone on. */
   #notKept(failed) {
     const { line, text } = failed;
-    const name = isolated(line.name);
+    const name = shortName(line.name);
     const why = 'چون گوشی آن را نگه نداشت. جای خالی گوشی را ببینید.';
     const sentence = text === '' ? `رقم ${name} پاک نشد، ${why}` : `رقم ${isolatedNumber(text)} برای ${name} ثبت نشد، ${why}`;
     const at = this.#floor.lines.lineOf(line.barcode, line.ordinal);
@@ -344,7 +344,7 @@ class Page {
       conflict: 'در این میان رقم دیگری ثبت شده است.',
       gone: 'این کالا دیگر در شمارش نیست',
     }[answer.state];
-    this.#sayings.say(`${isolated(item.name)}: ${isolated(what)}`, answer.state === 'refused');
+    this.#sayings.say(`${shortName(item.name)}: ${isolated(what)}`, answer.state === 'refused');
   }
 }
 

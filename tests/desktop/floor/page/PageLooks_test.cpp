@@ -1,5 +1,6 @@
-// The page at the sizes of a phone and of a screen: nothing is cut off, and targets are large enough for a
-// thumb. KORU_PAGE_PICTURES names a folder that gets the pictures.
+// The page at the sizes of a phone and of a screen, light and dark: nothing is cut off, targets are large
+// enough for a thumb, and texts differ enough from what is below them. KORU_PAGE_PICTURES names a folder that
+// gets the pictures.
 
 #include <QJsonArray>
 #include <cstdlib>
@@ -11,12 +12,26 @@ namespace {
 
 QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
 
-/// What is outside the window, wider than its box or too small for a thumb. Names in lists are shortened to
-/// two lines, with the whole name on the card.
+/// What is outside the window, wider than its box, too small for a thumb or hard to read (a contrast of less
+/// than 4.5). Names in lists are shortened to two lines, with the whole name on the card.
 constexpr const char* kFaults = R"(
   const faults = [];
   const name = element => element.tagName + '#' + element.id + '.' + element.className;
   const root = document.documentElement;
+  const colour = text => text.match(/[\d.]+/g).map(Number);
+  const luminance = text => {
+    const [red, green, blue] = colour(text).slice(0, 3).map(part => part / 255)
+        .map(part => part <= 0.04045 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4);
+    return 0.2126 * red + 0.7152 * green + 0.0722 * blue;
+  };
+  const isOpaque = element => (colour(getComputedStyle(element).backgroundColor)[3] ?? 1) > 0;
+  const contrast = (element, part) => {
+    let below = element;
+    while (below !== root && !isOpaque(below)) below = below.parentElement;
+    const [weaker, stronger] = [luminance(getComputedStyle(element, part).color),
+                                luminance(getComputedStyle(below).backgroundColor)].sort((a, b) => a - b);
+    return (stronger + 0.05) / (weaker + 0.05);
+  };
   if (root.scrollWidth > innerWidth || root.scrollHeight > innerHeight) faults.push('the page scrolls');
   for (const element of document.querySelectorAll('body *')) {
     const box = element.getBoundingClientRect();
@@ -28,20 +43,33 @@ constexpr const char* kFaults = R"(
     const scrolls = /auto|scroll/.test(getComputedStyle(element).overflowY);
     if (isBlock && !isShortened && !scrolls && element.scrollHeight > element.clientHeight + 2) faults.push(name(element) + ' is higher than its box');
     if (element.matches('button, input') && (box.height < 44 || box.width < 44)) faults.push(name(element) + ' is small');
+    const hasText = [...element.childNodes].some(node => node.nodeType === Node.TEXT_NODE && node.data.trim() !== '');
+    if ((hasText || element.matches('input')) && contrast(element) < 4.5) {
+      faults.push(name(element) + ' is hard to read: ' + contrast(element).toFixed(1));
+    }
+    if (element.placeholder && contrast(element, '::placeholder') < 4.5) faults.push(name(element) + ' has a weak placeholder');
     const isFixed = element.matches('header *, #tabs *, #search-row *, #card .entry *');
     if (isFixed && box.bottom > innerHeight + 0.5) faults.push(name(element) + ' is below the window');
   }
   return faults;
 )";
 
-struct Size {
+struct Display {
   int width;
   int height;
+  const char* scheme;  ///< of the device's colours
 };
 
-class PageLooks : public PageWorld, public testing::WithParamInterface<Size> {
+std::string NameOf(const Display& screen) { return std::to_string(screen.width) + "_" + screen.scheme; }
+
+class PageLooks : public PageWorld, public testing::WithParamInterface<Display> {
  protected:
-  PageLooks() : browser_({QSize(GetParam().width, GetParam().height)}) {}
+  PageLooks()
+      : browser_(
+            {.window = QSize(GetParam().width, GetParam().height), .acceptsInsecureCertificates = true}) {
+    const QJsonObject scheme{{"name", "prefers-color-scheme"}, {"value", GetParam().scheme}};
+    browser_.Command(QStringLiteral("Emulation.setEmulatedMedia"), {{"features", QJsonArray{scheme}}});
+  }
 
   /// Looks at what the page shows now.
   void Look(const char* what) {
@@ -49,12 +77,27 @@ class PageLooks : public PageWorld, public testing::WithParamInterface<Size> {
     browser_.Run(QStringLiteral(
         "return new Promise(done => requestAnimationFrame(() => requestAnimationFrame(done)))"));
     ASSERT_EQ(browser_.Run(QStringLiteral("return innerWidth")).toInt(), GetParam().width);
+    ASSERT_TRUE(browser_
+                    .Run(QStringLiteral("return matchMedia('(prefers-color-scheme: %1)').matches")
+                             .arg(Text(GetParam().scheme)))
+                    .toBool());
     const QJsonArray faults = browser_.Run(Text(kFaults)).toArray();
     for (const QJsonValue& fault : faults) ADD_FAILURE() << fault.toString().toStdString();
     const char* const folder = std::getenv("KORU_PAGE_PICTURES");
     if (folder != nullptr)
       browser_.Picture(
-          QStringLiteral("%1/%2-%3.png").arg(Text(folder)).arg(GetParam().width).arg(Text(what)));
+          QStringLiteral("%1/%2-%3.png").arg(Text(folder), Text(NameOf(GetParam()).c_str()), Text(what)));
+  }
+  void BreakStorage() {
+    browser_.Run(QStringLiteral(
+        "window.begin = IDBDatabase.prototype.transaction;"
+        "IDBDatabase.prototype.transaction = () => { throw new DOMException('', 'UnknownError'); }"));
+  }
+  void MendStorage() { browser_.Run(QStringLiteral("IDBDatabase.prototype.transaction = window.begin")); }
+  void TypeFigure(const PageGood& good, const char* figure) {
+    Scan(browser_, good);
+    browser_.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+    browser_.Keys(Text(figure));
   }
 
   Browser browser_;
@@ -127,8 +170,64 @@ TEST_P(PageLooks, Nothing_is_cut_off_wherever_the_counter_is) {
   Look("closed");
 }
 
-INSTANTIATE_TEST_SUITE_P(At, PageLooks, testing::Values(Size{360, 640}, Size{1280, 800}),
-                         [](const auto& size) { return std::to_string(size.param.width); });
+TEST_P(PageLooks, Nothing_is_cut_off_whatever_fails) {
+  ServeSecurely();
+  browser_.Open(Url(1, true));
+  browser_.Click(QStringLiteral("#name"));
+  browser_.Keys(Text("رضا\n"));
+  browser_.WaitFor(QStringLiteral("!document.getElementById('arrived').hidden"));
+  Look("change-from-http");
+  ClickButton(browser_, Text("نشمرده‌ام یا همه رسیده است"));
+  WaitForState(browser_, kAllArrived);
+  BreakStorage();
+  TypeFigure(kLong, "12.5\n");
+  WaitForText(browser_, QStringLiteral("#card"), Text("ثبت نشد، چون گوشی آن را نگه نداشت"));
+  Look("not-kept");
+  MendStorage();
+  browser_.Click(QStringLiteral("#search"));
+  Scan(browser_, kCheese);
+  BreakStorage();
+  ClickButton(browser_, Text("ثبت شود"));
+  WaitForText(browser_, QStringLiteral("#banner"), Text("ثبت نشد، چون گوشی آن را نگه نداشت"));
+  Look("not-kept-after-going-on");
+  MendStorage();
+  ClickButton(browser_, Text("بستن"));
+  browser_.SetOffline(true);
+  test::Count(browser_, kTea, QStringLiteral("70"));
+  test::Count(browser_, kCheese, QStringLiteral("71"));
+  WaitForState(browser_, Text("2 در گوشی مانده"));
+  browser_.Click(QStringLiteral("#banner"));
+  browser_.Command(QStringLiteral("Storage.clearDataForOrigin"),
+                   {{"origin", Url(1, true).section(QLatin1Char('/'), 0, 2)}, {"storageTypes", "indexeddb"}});
+  WaitForText(browser_, QStringLiteral("#banner"),
+              Text("داده‌های این صفحه از مرورگر پاک شد"));
+  Look("erased");
+  browser_.Click(QStringLiteral("#banner"));
+  Desk().Timer1.Fire();
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Desk().cmdDeleteAll.UserClick());
+  TypeFigure(kLong, "5");
+  browser_.SetOffline(false);
+  WaitForText(browser_, QStringLiteral("#card"), Text("این کالا دیگر در شمارش نیست"));
+  browser_.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '2'"));
+  Look("all-lines-deleted-card");
+  ClickButton(browser_, Text("باشد"));
+  Look("all-lines-deleted");
+  browser_.Click(QStringLiteral("[data-tab=notices]"));
+  browser_.WaitFor(QStringLiteral("document.querySelector('#list .row:not([hidden]) .below')"));
+  Look("all-lines-deleted-notices");
+  browser_.Click(QStringLiteral("#list .row"));
+  WaitForText(browser_, QStringLiteral("#card"), Text("رقم شما"));
+  BreakStorage();
+  ClickButton(browser_, Text("باشد"));
+  WaitForText(browser_, QStringLiteral("#banner"), Text("گوشی این تغییر را نگه نداشت"));
+  Look("change-not-kept");
+}
+
+INSTANTIATE_TEST_SUITE_P(At, PageLooks,
+                         testing::Values(Display{360, 640, "light"}, Display{360, 640, "dark"},
+                                         Display{1280, 800, "light"}, Display{1280, 800, "dark"}),
+                         [](const auto& screen) { return NameOf(screen.param); });
 
 class FullPage : public PageWorld {};
 
