@@ -8,12 +8,6 @@ namespace {
 
 QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
 
-void EnterThree(Browser& browser) {
-  test::Count(browser, kTea, QStringLiteral("1"));
-  test::Count(browser, kCheese, QStringLiteral("2"));
-  test::Count(browser, kOil, QStringLiteral("3"));
-}
-
 class PageDesk : public PageWorld {
  protected:
   void DeleteAllLines() {
@@ -38,9 +32,7 @@ TEST_F(PageDesk, Figures_are_under_way_while_the_desk_is_busy_and_arrive_once_af
   OpenPage(browser);
   {
     const Hourglass hourglass(screen);
-    Scan(browser, kTea);
-    browser.Keys(QStringLiteral("5"));
-    ClickButton(browser, Text("افزودن"));
+    test::Add(browser, kTea, QStringLiteral("5"));
     WaitForState(browser, Text("1 در راه"));
     browser.WaitFor(QStringLiteral("window.sent > 2"), QStringLiteral("it is sent again"));
     test::Count(browser, kCheese, QStringLiteral("2"));
@@ -59,7 +51,7 @@ TEST_F(PageDesk, Deleting_all_lines_leaves_an_empty_list_and_each_waiting_figure
   Browser browser;
   OpenPage(browser);
   browser.SetOffline(true);
-  EnterThree(browser);
+  CountThree(browser);
   DeleteAllLines();
   browser.SetOffline(false);
   WaitForState(browser, kAllArrived);
@@ -81,8 +73,7 @@ TEST_F(PageDesk, Deleting_all_lines_leaves_an_empty_list_and_each_waiting_figure
 TEST_F(PageDesk, Deleting_all_lines_while_the_counter_types_leaves_the_typed_figure_to_be_read) {
   Browser browser;
   OpenPage(browser);
-  Scan(browser, kTea);
-  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  OpenCard(browser, kTea);
   browser.Keys(QStringLiteral("6"));
   DeleteAllLines();
   WaitForText(browser, QStringLiteral("#card"), Text("این کالا دیگر در شمارش نیست"));
@@ -143,7 +134,7 @@ TEST_P(PageEnding, Shows_that_the_counting_is_closed_and_lists_what_has_not_arri
   WaitForDesk(kLamp, QStringLiteral("9"));
   WaitForState(browser, kAllArrived);
   browser.SetOffline(true);
-  EnterThree(browser);
+  CountThree(browser);
   WaitForState(browser, Text("3 در گوشی مانده"));
   End();
   browser.SetOffline(false);

@@ -53,25 +53,6 @@ class DeskProcess {
   QStringList said_;
 };
 
-/// From now on the page notes what it sends, and hears no answer to figures while window.isDeaf is true.
-void MakeDeaf(Browser& browser) {
-  browser.Run(
-      QStringLiteral("const ask = window.fetch; window.sent = []; window.lost = 0; window.isDeaf = true;"
-                     "window.fetch = async (path, options) => {"
-                     "  if (path === 'a/figures') window.sent.push(options.body);"
-                     "  const answer = await ask(path, options);"
-                     "  if (path !== 'a/figures' || !window.isDeaf) return answer;"
-                     "  window.lost += 1; throw new TypeError('the answer is lost'); }"));
-}
-
-void Add(Browser& browser, const PageGood& good, const QString& figure) {
-  Scan(browser, good);
-  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
-  browser.Keys(figure);
-  ClickButton(browser, Text("افزودن"));
-  browser.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
-}
-
 /// The figures of the desk, as it sends them now.
 QString FiguresOfDesk(Browser& browser) {
   return browser

@@ -82,24 +82,12 @@ class PageLooks : public PageWorld, public testing::WithParamInterface<Display> 
                              .arg(Text(GetParam().scheme)))
                     .toBool());
     const QJsonArray faults = browser_.Run(Text(kFaults)).toArray();
-    for (const QJsonValue& fault : faults) ADD_FAILURE() << fault.toString().toStdString();
+    for (const auto& fault : faults) ADD_FAILURE() << fault.toString().toStdString();
     const char* const folder = std::getenv("KORU_PAGE_PICTURES");
     if (folder != nullptr)
       browser_.Picture(
           QStringLiteral("%1/%2-%3.png").arg(Text(folder), Text(NameOf(GetParam()).c_str()), Text(what)));
   }
-  void BreakStorage() {
-    browser_.Run(QStringLiteral(
-        "window.begin = IDBDatabase.prototype.transaction;"
-        "IDBDatabase.prototype.transaction = () => { throw new DOMException('', 'UnknownError'); }"));
-  }
-  void MendStorage() { browser_.Run(QStringLiteral("IDBDatabase.prototype.transaction = window.begin")); }
-  void TypeFigure(const PageGood& good, const char* figure) {
-    Scan(browser_, good);
-    browser_.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
-    browser_.Keys(Text(figure));
-  }
-
   Browser browser_;
 };
 
@@ -179,18 +167,19 @@ TEST_P(PageLooks, Nothing_is_cut_off_whatever_fails) {
   Look("change-from-http");
   ClickButton(browser_, Text("نشمرده‌ام یا همه رسیده است"));
   WaitForState(browser_, kAllArrived);
-  BreakStorage();
-  TypeFigure(kLong, "12.5\n");
+  BreakStorage(browser_);
+  OpenCard(browser_, kLong);
+  browser_.Keys(QStringLiteral("12.5\n"));
   WaitForText(browser_, QStringLiteral("#card"), Text("ثبت نشد، چون گوشی آن را نگه نداشت"));
   Look("not-kept");
-  MendStorage();
+  MendStorage(browser_);
   browser_.Click(QStringLiteral("#search"));
   Scan(browser_, kCheese);
-  BreakStorage();
+  BreakStorage(browser_);
   ClickButton(browser_, Text("ثبت شود"));
   WaitForText(browser_, QStringLiteral("#banner"), Text("ثبت نشد، چون گوشی آن را نگه نداشت"));
   Look("not-kept-after-going-on");
-  MendStorage();
+  MendStorage(browser_);
   ClickButton(browser_, Text("بستن"));
   browser_.SetOffline(true);
   test::Count(browser_, kTea, QStringLiteral("70"));
@@ -206,7 +195,8 @@ TEST_P(PageLooks, Nothing_is_cut_off_whatever_fails) {
   Desk().Timer1.Fire();
   messages.WillAnswer(Answer::Yes);
   ASSERT_TRUE(Desk().cmdDeleteAll.UserClick());
-  TypeFigure(kLong, "5");
+  OpenCard(browser_, kLong);
+  browser_.Keys(QStringLiteral("5"));
   browser_.SetOffline(false);
   WaitForText(browser_, QStringLiteral("#card"), Text("این کالا دیگر در شمارش نیست"));
   browser_.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '2'"));
@@ -218,7 +208,7 @@ TEST_P(PageLooks, Nothing_is_cut_off_whatever_fails) {
   Look("all-lines-deleted-notices");
   browser_.Click(QStringLiteral("#list .row"));
   WaitForText(browser_, QStringLiteral("#card"), Text("رقم شما"));
-  BreakStorage();
+  BreakStorage(browser_);
   ClickButton(browser_, Text("باشد"));
   WaitForText(browser_, QStringLiteral("#banner"), Text("گوشی این تغییر را نگه نداشت"));
   Look("change-not-kept");
@@ -242,7 +232,7 @@ TEST_F(FullPage, A_phone_loads_less_than_60_kB_before_it_uses_the_camera) {
               ".filter(({name}) => !name.includes('/a/')).map(entry => entry.encodedBodySize)"))
           .toArray();
   double bytes = 0;
-  for (const QJsonValue& size : sizes) bytes += size.toDouble();
+  for (const auto& size : sizes) bytes += size.toDouble();
   EXPECT_GT(bytes, 10'000) << "what is measured";
   EXPECT_LT(bytes, 60'000);
   RecordProperty("bytes", static_cast<int>(bytes));

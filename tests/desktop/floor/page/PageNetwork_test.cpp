@@ -11,23 +11,10 @@ QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
 
 class PageNetwork : public PageWorld {
  protected:
-  void EnterThree(Browser& browser) {
-    test::Count(browser, kTea, QStringLiteral("1"));
-    test::Count(browser, kCheese, QStringLiteral("2"));
-    test::Count(browser, kOil, QStringLiteral("3"));
-  }
   void WaitForThree() {
     WaitForDesk(kTea, QStringLiteral("1"));
     WaitForDesk(kCheese, QStringLiteral("2"));
     WaitForDesk(kOil, QStringLiteral("3"));
-  }
-  static void BreakStorage(Browser& browser) {
-    browser.Run(QStringLiteral(
-        "window.begin = IDBDatabase.prototype.transaction;"
-        "IDBDatabase.prototype.transaction = () => { throw new DOMException('', 'UnknownError'); }"));
-  }
-  static void MendStorage(Browser& browser) {
-    browser.Run(QStringLiteral("IDBDatabase.prototype.transaction = window.begin"));
   }
   [[nodiscard]] static QString Left(int number) { return Text("%1 در گوشی مانده").arg(number); }
 };
@@ -36,7 +23,7 @@ TEST_F(PageNetwork, Figures_without_network_stay_readable_on_the_device_and_arri
   Browser browser;
   OpenPage(browser);
   browser.SetOffline(true);
-  EnterThree(browser);
+  CountThree(browser);
   WaitForState(browser, Left(3));
   EXPECT_EQ(ShownFigure(browser, kCheese), QStringLiteral("2")) << "counting continues";
   browser.Click(QStringLiteral("#state"));
@@ -55,21 +42,14 @@ TEST_F(PageNetwork, An_answer_that_is_lost_while_adding_adds_once) {
   test::Count(browser, kTea, QStringLiteral("5"));
   WaitForDesk(kTea, QStringLiteral("5"));
   WaitForState(browser, kAllArrived);
-  browser.Run(
-      QStringLiteral("const ask = window.fetch; window.lost = 0; window.isLosing = true;"
-                     "window.fetch = async (path, ...others) => {"
-                     "  const answer = await ask(path, ...others);"
-                     "  if (path !== 'a/figures' || !window.isLosing) return answer;"
-                     "  window.lost += 1; throw new TypeError('the answer is lost'); }"));
-  Scan(browser, kTea);
-  browser.Keys(QStringLiteral("7"));
-  ClickButton(browser, Text("افزودن"));
+  MakeDeaf(browser);
+  test::Add(browser, kTea, QStringLiteral("7"));
   WaitForDesk(kTea, QStringLiteral("12"));
   browser.WaitFor(QStringLiteral("window.lost > 1"), QStringLiteral("sent again"));
   EXPECT_EQ(ShownFigure(browser, kTea), QStringLiteral("12"))
       << "what the desk has by now is not added to again";
   Type(1, LineColumn::FirstCounting, "100");  // meanwhile, the desk
-  browser.Run(QStringLiteral("window.isLosing = false"));
+  browser.Run(QStringLiteral("window.isDeaf = false"));
   WaitForState(browser, kAllArrived);
   EXPECT_EQ(AtDesk(kTea), QStringLiteral("100")) << "not added again";
   browser.WaitFor(QStringLiteral("document.querySelector('#list .number').textContent === '100'"),
@@ -99,7 +79,7 @@ TEST_F(PageNetwork, A_closed_tab_keeps_its_figures_for_the_next_one) {
   OpenPage(browser);
   const QString first = browser.CurrentTab();
   browser.SetOffline(true);
-  EnterThree(browser);
+  CountThree(browser);
   WaitForState(browser, Left(3));
   browser.OpenTab();
   const QString second = browser.CurrentTab();
@@ -119,7 +99,7 @@ TEST_F(PageNetwork, A_browser_that_is_killed_keeps_its_figures) {
     Browser browser(settings);
     OpenPage(browser);
     browser.SetOffline(true);
-    EnterThree(browser);
+    CountThree(browser);
     WaitForState(browser, Left(3));
     browser.Kill();
   }
@@ -166,7 +146,7 @@ TEST_F(PageNetwork, A_closed_counting_lists_what_has_not_arrived_and_keeps_it) {
   Browser browser;
   OpenPage(browser);
   browser.SetOffline(true);
-  EnterThree(browser);
+  CountThree(browser);
   WaitForState(browser, Left(3));
   session_->Stop();
   browser.SetOffline(false);
@@ -182,7 +162,7 @@ TEST_F(PageNetwork, Figures_of_a_code_that_was_renewed_are_sent_under_the_new_on
   Browser browser;
   OpenPage(browser);
   browser.SetOffline(true);
-  EnterThree(browser);
+  CountThree(browser);
   session_->RenewCode(1);
   browser.SetOffline(false);
   WaitForState(browser, Text("این شمارش بسته است"));
@@ -201,9 +181,7 @@ TEST_F(PageNetwork, Figures_that_the_desk_cannot_put_on_its_disk_stay_on_the_dev
   Browser browser;
   OpenPage(browser);
   journal_.isFull = true;
-  Scan(browser, kTea);
-  browser.Keys(QStringLiteral("7"));
-  ClickButton(browser, Text("افزودن"));
+  test::Add(browser, kTea, QStringLiteral("7"));
   WaitUntil([&] { return !failures_.empty(); }, QStringLiteral("the desk has tried"));
   browser.WaitFor(QStringLiteral("document.getElementById('state').textContent.startsWith('1 ')"));
   journal_.isFull = false;

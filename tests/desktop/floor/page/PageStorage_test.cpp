@@ -11,14 +11,6 @@ QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
 
 class PageStorage : public PageWorld {
  protected:
-  static void Break(Browser& browser) {
-    browser.Run(QStringLiteral(
-        "window.begin = IDBDatabase.prototype.transaction;"
-        "IDBDatabase.prototype.transaction = () => { throw new DOMException('', 'UnknownError'); }"));
-  }
-  static void Mend(Browser& browser) {
-    browser.Run(QStringLiteral("IDBDatabase.prototype.transaction = window.begin"));
-  }
   /// The user of the device erases the data of the page.
   void Erase(Browser& browser) {
     browser.Command(QStringLiteral("Storage.clearDataForOrigin"),
@@ -41,10 +33,7 @@ class PageStorage : public PageWorld {
   void LeaveTwoWaiting(Browser& browser) {
     Block(browser, {QStringLiteral("*/a/*")});
     test::Count(browser, kCheese, QStringLiteral("2"));
-    Scan(browser, kOil);
-    browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
-    browser.Keys(QStringLiteral("3"));
-    ClickButton(browser, Text("افزودن"));
+    test::Add(browser, kOil, QStringLiteral("3"));
     WaitForState(browser, kTwoLeft);
   }
   /// On the card of a line, what the page says of a figure that is not kept, with the figure in its field.
@@ -61,8 +50,7 @@ TEST_F(PageStorage, A_figure_that_does_not_fit_into_the_device_is_not_entered_an
   Browser browser;
   OpenPage(browser);
   Fill(browser);
-  Scan(browser, kTea);
-  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  OpenCard(browser, kTea);
   browser.Keys(QStringLiteral("5\n"));
   WaitForPutBack(browser, "رقم 5 برای چای ممتاز ثبت نشد، چون گوشی آن را نگه نداشت.", "5");
   WaitForText(browser, QStringLiteral("#card .own"), Text("شمرده نشده"));
@@ -81,13 +69,10 @@ TEST_F(PageStorage, A_figure_to_be_added_that_is_not_kept_is_added_by_the_next_E
   OpenPage(browser);
   test::Count(browser, kTea, QStringLiteral("5"));
   WaitForDesk(kTea, QStringLiteral("5"));
-  Break(browser);
-  Scan(browser, kTea);
-  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
-  browser.Keys(QStringLiteral("7"));
-  ClickButton(browser, Text("افزودن"));
+  BreakStorage(browser);
+  test::Add(browser, kTea, QStringLiteral("7"));
   WaitForPutBack(browser, "رقم 7 برای چای ممتاز ثبت نشد", "7");
-  Mend(browser);
+  MendStorage(browser);
   browser.Click(QStringLiteral("#figure"));
   browser.Press(BrowserKey::Enter);
   WaitForDesk(kTea, QStringLiteral("12"));
@@ -99,12 +84,12 @@ TEST_F(PageStorage, A_figure_that_is_not_taken_away_stays_shown) {
   test::Count(browser, kTea, QStringLiteral("5"));
   WaitForDesk(kTea, QStringLiteral("5"));
   WaitForState(browser, kAllArrived);
-  Break(browser);
+  BreakStorage(browser);
   Scan(browser, kTea);
   ClickButton(browser, Text("پاک کردن رقم"));
   WaitForPutBack(browser, "رقم چای ممتاز پاک نشد، چون گوشی آن را نگه نداشت.", "");
   WaitForText(browser, QStringLiteral("#card .own"), QStringLiteral("5"));
-  Mend(browser);
+  MendStorage(browser);
   ClickButton(browser, Text("دوباره ثبت شود"));
   WaitForDesk(kTea, QString());
 }
@@ -112,17 +97,16 @@ TEST_F(PageStorage, A_figure_that_is_not_taken_away_stays_shown) {
 TEST_F(PageStorage, A_figure_that_is_not_kept_after_the_counter_went_on_is_named_until_it_has_been_read) {
   Browser browser;
   OpenPage(browser);
-  Scan(browser, kTea);
-  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  OpenCard(browser, kTea);
   browser.Keys(QStringLiteral("5"));
   browser.Click(QStringLiteral("#search"));
   Scan(browser, kCheese);
-  Break(browser);
+  BreakStorage(browser);
   ClickButton(browser, Text("ثبت شود"));
   WaitForText(browser, QStringLiteral("#banner"),
               Text("رقم 5 برای چای ممتاز ثبت نشد، چون گوشی آن را نگه نداشت."));
   WaitForText(browser, QStringLiteral("#card h2"), Text(kCheese.name));
-  Mend(browser);
+  MendStorage(browser);
   ClickButton(browser, Text("بستن"));
   Scan(browser, kOil);
   WaitForText(browser, QStringLiteral("#card h2"), Text(kOil.name));
@@ -135,8 +119,7 @@ TEST_F(PageStorage, A_browser_in_which_the_page_cannot_begin_reports_that_it_kee
   const char* const failures[] = {
       "IDBFactory.prototype.open = () => { throw new DOMException('', 'SecurityError'); }",
       "IDBObjectStore.prototype.put = () => { throw new DOMException('', 'QuotaExceededError'); }",
-      "Object.defineProperty(window, 'localStorage', {get() { throw new DOMException('', 'SecurityError'); "
-      "}})"};
+      "Storage.prototype.getItem = () => { throw new DOMException('', 'SecurityError'); }"};
   for (const char* const failure : failures) {
     SCOPED_TRACE(failure);
     Browser browser;
@@ -187,16 +170,8 @@ TEST_F(PageStorage, Figures_that_are_entered_after_data_were_erased_are_new_to_t
 TEST_F(PageStorage, An_answer_that_was_not_heard_before_data_were_erased_is_not_entered_again) {
   Browser browser;
   OpenPage(browser);
-  browser.Run(
-      QStringLiteral("const ask = window.fetch; window.lost = 0; window.isDeaf = true;"
-                     "window.fetch = async (path, ...others) => {"
-                     "  const answer = await ask(path, ...others);"
-                     "  if (path !== 'a/figures' || !window.isDeaf) return answer;"
-                     "  window.lost += 1; throw new TypeError('the answer is lost'); }"));
-  Scan(browser, kTea);
-  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
-  browser.Keys(QStringLiteral("5"));
-  ClickButton(browser, Text("افزودن"));
+  MakeDeaf(browser);
+  test::Add(browser, kTea, QStringLiteral("5"));
   browser.WaitFor(QStringLiteral("window.lost > 0"));
   Erase(browser);
   WaitForText(browser, QStringLiteral("#banner"),
@@ -212,11 +187,11 @@ TEST_F(PageStorage, A_message_whose_reading_cannot_be_kept_stays_and_the_counter
   test::Count(browser, kTea, QStringLiteral("-3"));
   browser.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '1'"));
   Scan(browser, kTea);
-  Break(browser);
+  BreakStorage(browser);
   ClickButton(browser, Text("خواندم"));
   WaitForText(browser, QStringLiteral("#banner"), Text("گوشی این تغییر را نگه نداشت."));
   EXPECT_EQ(browser.Text(QStringLiteral("#notices-number")), QStringLiteral("1"));
-  Mend(browser);
+  MendStorage(browser);
   Scan(browser, kTea);
   ClickButton(browser, Text("خواندم"));
   browser.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
@@ -237,12 +212,12 @@ TEST_F(PageStorage, Figures_of_a_closed_count_that_cannot_be_moved_or_forgotten_
   WaitForText(browser, QStringLiteral("#queue"), Text("1 رقم از شمارشی است که بسته شده"));
   for (const char* const button : {"فرستادن به این شمارش", "پاک کردن از گوشی"}) {
     SCOPED_TRACE(button);
-    Break(browser);
+    BreakStorage(browser);
     ClickButton(browser, Text(button));
     if (ShowsButton(browser, Text("بله، از گوشی پاک شود")))
       ClickButton(browser, Text("بله، از گوشی پاک شود"));
     WaitForText(browser, QStringLiteral("#banner"), Text("گوشی این تغییر را نگه نداشت."));
-    Mend(browser);
+    MendStorage(browser);
     browser.Click(QStringLiteral("#banner"));
     browser.WaitFor(QStringLiteral("document.getElementById('banner').hidden"));
     WaitForText(browser, QStringLiteral("#queue"), Text(kTea.name));

@@ -133,11 +133,27 @@ void PageWorld::WaitForDesk(const PageGood& good, const QString& figure, int cou
 
 void Scan(Browser& browser, const PageGood& good) { browser.Keys(Text(good.barcode) + QLatin1Char('\n')); }
 
-void Count(Browser& browser, const PageGood& good, const QString& figure) {
+void OpenCard(Browser& browser, const PageGood& good) {
   Scan(browser, good);
   browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+}
+
+void Count(Browser& browser, const PageGood& good, const QString& figure) {
+  OpenCard(browser, good);
   browser.Keys(figure + QLatin1Char('\n'));
   browser.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
+}
+
+void Add(Browser& browser, const PageGood& good, const QString& figure) {
+  OpenCard(browser, good);
+  browser.Keys(figure);
+  ClickButton(browser, Text("افزودن"));
+}
+
+void CountThree(Browser& browser) {
+  Count(browser, kTea, QStringLiteral("1"));
+  Count(browser, kCheese, QStringLiteral("2"));
+  Count(browser, kOil, QStringLiteral("3"));
 }
 
 void WaitForState(Browser& browser, const QString& text) {
@@ -177,11 +193,34 @@ void Block(Browser& browser, const QJsonArray& patterns) {
   browser.Command(QStringLiteral("Network.setBlockedURLs"), {{"urls", patterns}});
 }
 
+void BreakStorage(Browser& browser) {
+  browser.Run(QStringLiteral(
+      "window.begin = IDBDatabase.prototype.transaction;"
+      "IDBDatabase.prototype.transaction = () => { throw new DOMException('', 'UnknownError'); }"));
+}
+
+void MendStorage(Browser& browser) {
+  browser.Run(QStringLiteral("IDBDatabase.prototype.transaction = window.begin"));
+}
+
+void MakeDeaf(Browser& browser) {
+  browser.Run(
+      QStringLiteral("const ask = window.fetch; window.sent = []; window.lost = 0; window.isDeaf = true;"
+                     "window.fetch = async (path, options) => {"
+                     "  if (path === 'a/figures') window.sent.push(options.body);"
+                     "  const answer = await ask(path, options);"
+                     "  if (path !== 'a/figures' || !window.isDeaf) return answer;"
+                     "  window.lost += 1; throw new TypeError('the answer is lost'); }"));
+}
+
 QString ShownFigure(Browser& browser, const PageGood& good) {
+  // The list is drawn with the next frame.
   return browser
-      .Run(QStringLiteral("return [...document.querySelectorAll('#list .row')].find(row => !row.hidden && "
-                          "row.querySelector('.name').textContent === arguments[0])"
-                          "?.querySelector('.number').textContent ?? ''"),
+      .Run(QStringLiteral(
+               "return new Promise(done => requestAnimationFrame(() => requestAnimationFrame(done)))"
+               ".then(() => [...document.querySelectorAll('#list .row')].find(row => !row.hidden && "
+               "row.querySelector('.name').textContent === arguments[0])"
+               "?.querySelector('.number').textContent ?? '')"),
            {Text(good.name)})
       .toString();
 }

@@ -69,6 +69,12 @@ class PageWorld : public FloorWorld {
 void Scan(Browser& browser, const PageGood& good);
 /// Scans, types a figure into the card and presses Enter, which closes the card.
 void Count(Browser& browser, const PageGood& good, const QString& figure);
+/// Scans and waits until the card takes a figure.
+void OpenCard(Browser& browser, const PageGood& good);
+/// Scans, types a figure into the card and adds it.
+void Add(Browser& browser, const PageGood& good, const QString& figure);
+/// Figures 1 of the tea, 2 of the cheese and 3 of the oil.
+void CountThree(Browser& browser);
 /// Waits until the button that says how it is with the figures has a text.
 void WaitForState(Browser& browser, const QString& text);
 void WaitForText(Browser& browser, const QString& selector, const QString& part);
@@ -78,6 +84,12 @@ void ClickButton(Browser& browser, const QString& text);
 [[nodiscard]] bool ShowsButton(Browser& browser, const QString& text);
 /// Keeps the current tab from loading what matches the patterns, instead of what it was kept from before.
 void Block(Browser& browser, const QJsonArray& patterns);
+/// From now on, all that the page wants of the storage of its loaded page fails; and no longer.
+void BreakStorage(Browser& browser);
+void MendStorage(Browser& browser);
+/// From now on the loaded page notes in window.sent which figures it sends, and while window.isDeaf is true
+/// it hears no answers to them: window.lost is their number.
+void MakeDeaf(Browser& browser);
 /// The figure that the list shows for a good; empty where the list does not show it.
 [[nodiscard]] QString ShownFigure(Browser& browser, const PageGood& good);
 
