@@ -95,6 +95,7 @@ void FloorLines::Refresh() {
   ForgetWithout(present);
   if (!added.empty()) AddLines(std::move(added));
   areRead_ = false;
+  isOrderOfRows_ = false;
 }
 
 void FloorLines::ForgetWithout(const std::unordered_set<std::uint32_t>& present) {
@@ -109,7 +110,8 @@ void FloorLines::ForgetWithout(const std::unordered_set<std::uint32_t>& present)
 /// Gives keys to the lines of these rows, in the order in which the rows were appended: that of the stored
 /// lines, however they are sorted now.
 void FloorLines::AddLines(std::vector<int> rows) {
-  std::sort(rows.begin(), rows.end(), [this](int a, int b) { return grid_.RowID(a) < grid_.RowID(b); });
+  if (!isOrderOfRows_)
+    std::sort(rows.begin(), rows.end(), [this](int a, int b) { return grid_.RowID(a) < grid_.RowID(b); });
   struct Ordinals {
     std::vector<int> stored;  ///< of lines that are read anew, in their order
     std::size_t used = 0;

@@ -44,6 +44,9 @@ class FloorLines {
   void SetStored(StoredOrdinals stored) { stored_ = std::move(stored); }
   /// The lines have been stored as they are now.
   void KeepStored();
+  /// The rows are in the order of the stored lines, which need not be the one in which they were appended. To
+  /// be called before the lines are looked at.
+  void TakeOrderOfRows() { isOrderOfRows_ = true; }
 
   /// The name of the device whose figure is in the cell; empty when the desk has changed it since.
   [[nodiscard]] const std::string& EnteredBy(int row, int count);
@@ -91,6 +94,7 @@ class FloorLines {
   std::unordered_map<std::string, int> ofBarcode_;      ///< the number of lines of each barcode
   StoredOrdinals stored_;
   bool areRead_ = true;         ///< the lines that have come since the last Refresh are the stored ones
+  bool isOrderOfRows_ = false;  ///< and their rows are in that order
   std::deque<Change> changes_;  ///< the latest, in order of their revisions
   std::int64_t forgotten_;      ///< changes up to this revision are not in `changes_`
   Subscription subscription_;

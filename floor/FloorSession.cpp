@@ -46,8 +46,10 @@ FloorSession::FloorSession(InvCountingControls& controls, const SharedState& sha
     throw InputError(
         "شمارش با گوشي براي شمارشي است كه ذخيره شده و در حال اصلاح است. نخست ثبت موقت و سپس اصلاح را بزنيد.");
   }
+  if (around_.entryIsWritten()) lines_.TakeOrderOfRows();
   const std::string text = around_.journal.Read();
   if (text.empty()) {
+    TakeOrdinalsSetAside();
     around_.journal.Begin(JournalText(StartNow()));
   } else {
     ReadLeft(text);
@@ -89,6 +91,15 @@ void FloorSession::Stop() {
   if (end_ != End::None) return;
   end_ = End::Stopped;
   Changed.Raise();
+}
+
+bool FloorSession::Reopen() {
+  Follow(false);
+  if (end_ == End::None) return true;
+  if (end_ != End::Stopped || subscriptions_.empty()) return false;
+  end_ = End::None;
+  Changed.Raise();
+  return true;
 }
 
 void FloorSession::RenewCode(int count) {

@@ -82,6 +82,9 @@ class FloorSession {
   [[nodiscard]] bool IsCommandAtWork() const;
   /// The desk stops the session: all codes are void.
   void Stop();
+  /// The desk opens the session that it has stopped again: the codes, the keys of the lines and the answers
+  /// are those of before. False when the entry has ended since; a new session begins with the next Edit.
+  bool Reopen();
 
   // The codes.
 
@@ -153,6 +156,7 @@ class FloorSession {
   };
 
   void Continue(const JournalContents& contents);
+  void TakeOrdinalsSetAside();
   void ReadLeft(std::string_view text);
   [[nodiscard]] bool IsEdited() const;
   void Follow(bool settled);

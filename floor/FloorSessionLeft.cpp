@@ -21,6 +21,16 @@ std::optional<JournalContents> ContentsOf(std::string_view text, std::int32_t co
 
 }  // namespace
 
+/// Figures of a journal that was set aside find their lines again when these have the keys that they had.
+void FloorSession::TakeOrdinalsSetAside() {
+  for (const std::string& text : around_.journal.ReadSetAside()) {
+    auto contents = ContentsOf(text, countingID_);
+    if (!contents) continue;
+    lines_.SetStored(std::move(contents->start.ordinals));
+    return;
+  }
+}
+
 /// A journal of another counting, or without its beginning, is no journal of this session.
 void FloorSession::ReadLeft(std::string_view text) {
   const auto contents = ContentsOf(text, countingID_);
@@ -78,7 +88,7 @@ ReplayedFigures FloorSession::Replay() {
   const auto journal = std::exchange(leftJournal_, {});
   if (std::exchange(leftIsTakenBack_, false)) {
     Take(FiguresInPlace(journal, controls_.flexDetail, lines_));
-  } else if (replayed.gone.empty() && replayed.refused.empty()) {
+  } else if (replayed.entered == left.Cells().size()) {
     holdsLeft_ = false;
   }
   Take(entered);

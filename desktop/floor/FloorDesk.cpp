@@ -137,9 +137,9 @@ bool FloorDesk::MakeReady() {
   return binding.Press(form_.cmdEdit, BlockedBy::Figures) && FloorSession::MayBegin(form_, form_.Shared());
 }
 
-/// Begins a session, unless one follows the counting already. One that the desk has stopped is replaced.
+/// Begins a session, unless one follows the counting already. One that the desk has stopped is opened again.
 void FloorDesk::Begin() {
-  if (session_ != nullptr && session_->Ended() == FloorSession::End::None) return;
+  if (session_ != nullptr && session_->Reopen()) return;
   isOffered_ = true;
   const auto counting = static_cast<std::int32_t>(form_.CountingID());
   if (std::exchange(countingOfLog_, counting) != counting) log_.Clear();

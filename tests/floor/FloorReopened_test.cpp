@@ -1,0 +1,119 @@
+// A session that the desk opens again, and one that follows another: figures find the lines that they were
+// counted for.
+
+#include "tests/floor/FloorWorld.h"
+
+namespace koru::test {
+namespace {
+
+const LineKey kTea{"G1", 1};
+const LineKey kOtherTea{"G1", 2};
+const LineKey kSugar{"G2", 1};
+
+class FloorReopened : public FloorWorld {
+ protected:
+  void Delete(int row) {
+    Lines().UserMoveTo(row, LineColumn::FirstCounting);
+    messages.WillAnswer(Answer::Yes);
+    ASSERT_TRUE(Lines().UserDeleteRow());
+  }
+  void StopAndReopen() {
+    session_->Stop();
+    ASSERT_TRUE(session_->Reopen());
+  }
+};
+
+TEST_F(FloorReopened, Takes_figures_with_the_codes_and_answers_of_before) {
+  const std::string code = session_->Code(1);
+  const FloorFigure add{7, kTea, FloorFigure::Operation::Add, "5", {}};
+  Send(1, add);
+  StopAndReopen();
+  EXPECT_TRUE(session_->IsOpen());
+  EXPECT_EQ(session_->CountOf(code), 1);
+  EXPECT_EQ(Send(1, add).state, FigureState::Stored);
+  EXPECT_EQ(Count(kTea, 1), "5");
+  EXPECT_EQ(Set(2, kTea, "6").state, FigureState::Stored);
+}
+
+TEST_F(FloorReopened, Lines_of_one_barcode_keep_their_keys_when_the_desk_has_deleted_one_meanwhile) {
+  Set(1, kOtherTea, "8");
+  session_->Stop();
+  Delete(1);
+  ASSERT_TRUE(session_->Reopen());
+  EXPECT_EQ(Count(kOtherTea, 1), "8");
+  EXPECT_EQ(Add(1, kTea, "5").state, FigureState::Gone) << "the figure of the deleted line";
+  EXPECT_EQ(Count(kOtherTea, 1), "8");
+}
+
+TEST_F(FloorReopened, Figures_of_a_line_that_the_desk_has_deleted_meanwhile_are_not_left) {
+  Set(1, kSugar, "8");
+  session_->Stop();
+  Delete(2);
+  ASSERT_TRUE(session_->Reopen());
+  EXPECT_TRUE(session_->Left().Cells().empty());
+  EXPECT_TRUE(session_->IsOpen());
+}
+
+TEST_F(FloorReopened, Left_figures_are_still_to_be_decided) {
+  Set(1, kTea, "12");
+  Crash();
+  StartAndOpen();
+  StopAndReopen();
+  EXPECT_FALSE(session_->IsOpen());
+  EXPECT_EQ(session_->Replay().entered, 1U);
+}
+
+TEST_F(FloorReopened, Is_not_possible_after_the_entry_has_ended) {
+  Set(1, kTea, "12");
+  session_->Stop();
+  SaveAndEdit();
+  EXPECT_FALSE(session_->Reopen());
+  EXPECT_EQ(session_->Ended(), FloorSession::End::Stopped);
+}
+
+TEST_F(FloorReopened, Figures_that_are_taken_back_find_their_lines_after_another_one_was_deleted_and_saved) {
+  Delete(1);
+  SaveAndEdit();
+  Set(1, kOtherTea, "8");
+  ASSERT_TRUE(program_->View(20));
+  Desk().Timer1.Fire();
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  session_.reset();
+  Open();
+  ASSERT_TRUE(session_->TakeBackSetAside());
+  EXPECT_EQ(session_->Replay().entered, 1U);
+  EXPECT_EQ(Count(kOtherTea, 1), "8");
+}
+
+TEST_F(FloorReopened, A_session_after_a_save_in_another_order_finds_its_lines_after_a_crash) {
+  Set(1, kTea, "1");
+  Set(1, kOtherTea, "2");
+  session_->Stop();
+  Lines().UserSort({LineColumn::FirstCounting, RowOrder::Descending});
+  SaveAndEdit();
+  session_.reset();
+  Open();
+  for (const int ordinal : {1, 2}) {
+    const std::string first = Count({"G1", ordinal}, 1);
+    EXPECT_EQ(Set(2, {"G1", ordinal}, first).state, FigureState::Stored);
+  }
+  Crash();
+  StartAndOpen();
+  EXPECT_EQ(session_->Replay().entered, 2U);
+  for (const int ordinal : {1, 2}) EXPECT_EQ(Count({"G1", ordinal}, 1), Count({"G1", ordinal}, 2));
+}
+
+TEST_F(FloorReopened, Figures_that_a_replay_has_not_entered_are_kept_aside_by_the_save) {
+  Set(1, kTea, "12");
+  Crash();
+  database.Execute(
+      "update tblInventoryCountingDetail set FirstCounting=9 where CountingID=20 and RowNumber=1");
+  StartAndOpen();
+  EXPECT_EQ(session_->Replay().replaced.size(), 1U);
+  Save();
+  ASSERT_EQ(journal_.aside.size(), 1U);
+  EXPECT_EQ(ReadJournal(journal_.aside[0]).figures.at(0).answer.text, "12");
+}
+
+}  // namespace
+}  // namespace koru::test
