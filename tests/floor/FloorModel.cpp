@@ -1,0 +1,247 @@
+#include "tests/floor/FloorModel.h"
+
+#include <algorithm>
+
+#include "platform/text/Numbers.h"
+#include "platform/text/Text.h"
+
+namespace koru::test {
+FloorModel::FloorModel(std::vector<StoredLine> lines) : stored_(std::move(lines)) { ReadStored(); }
+
+FloorModel::Line* FloorModel::Find(int id) {
+  const auto found =
+      std::find_if(lines_.begin(), lines_.end(), [id](const Line& line) { return line.id == id; });
+  return found == lines_.end() ? nullptr : &*found;
+}
+
+FloorModel::Line* FloorModel::Find(const LineKey& key) {
+  const auto found =
+      std::find_if(lines_.begin(), lines_.end(), [&key](const Line& line) { return line.key == key; });
+  return found == lines_.end() ? nullptr : &*found;
+}
+
+int FloorModel::FreeOrdinal(const std::string& barcode) {
+  int ordinal = 1;
+  while (Find(LineKey{barcode, ordinal}) != nullptr) ++ordinal;
+  return ordinal;
+}
+
+// What the desk does.
+
+void FloorModel::DeskEnters(int id, int count, const std::string& text) {
+  Line& line = *Find(id);
+  const std::string before = std::exchange(line.counts.at(Place(count)), text);
+  if (before == text) return;
+  acknowledged_.erase({id, count});
+  if (state_ == State::Ended) return;
+  journal_.records.push_back({count,
+                              false,
+                              {0, line.key, FloorFigure::Operation::Set, text, {}},
+                              before,
+                              {0, FigureState::Stored, text, {}, {}},
+                              id});
+}
+
+void FloorModel::DeskAdds(int id, const std::string& barcode) {
+  lines_.push_back({id, {barcode, FreeOrdinal(barcode)}, {}, ++lastAppended_});
+}
+
+void FloorModel::DeskDeletes(int id) {
+  std::erase_if(lines_, [id](const Line& line) { return line.id == id; });
+  std::erase_if(acknowledged_, [id](const auto& figure) { return figure.first.first == id; });
+}
+
+void FloorModel::Save(const std::vector<int>& order) {
+  std::vector<StoredLine> saved;
+  saved.reserve(order.size());
+  for (const int id : order) saved.push_back({id, Find(id)->key.barcode, Find(id)->counts});
+  stored_ = std::move(saved);
+  isChangedElsewhere_ = false;
+  const auto place = [&order](const Line& line) { return std::find(order.begin(), order.end(), line.id); };
+  std::sort(lines_.begin(), lines_.end(),
+            [&place](const Line& a, const Line& b) { return place(a) < place(b); });
+  KeepOrdinals(order);
+  Settle(true);
+  isSavedSinceAside_ = true;
+}
+
+void FloorModel::Cancel(bool isWritten, const std::vector<int>& order) {
+  if (isWritten) KeepOrdinals(order);
+  Settle(isWritten);
+}
+
+void FloorModel::Edit() {
+  if (isChangedElsewhere_) ReadStored();
+  isEdited_ = true;
+}
+
+void FloorModel::ShowStored() {
+  if (isEdited_) Settle(false);
+  ReadStored();
+}
+
+/// What another station has changed is its own: figures of devices that the database had are superseded.
+void FloorModel::OtherStationWrites(std::vector<StoredLine> lines) {
+  Supersede(lines);
+  stored_ = std::move(lines);
+  isChangedElsewhere_ = true;
+}
+
+void FloorModel::Supersede(const std::vector<StoredLine>& lines) {
+  for (const StoredLine& before : stored_) {
+    const auto now = std::find_if(lines.begin(), lines.end(),
+                                  [&before](const StoredLine& line) { return line.id == before.id; });
+    for (int count = 1; count <= kFloorCounts; ++count) {
+      const bool isSame =
+          now != lines.end() && now->counts.at(Place(count)) == before.counts.at(Place(count));
+      if (!isSame) acknowledged_.erase({before.id, count});
+    }
+  }
+}
+
+void FloorModel::ReadStored() {
+  isChangedElsewhere_ = false;
+  lines_.clear();
+  for (const StoredLine& line : stored_)
+    lines_.push_back({line.id, {line.barcode, 0}, line.counts, ++lastAppended_});
+  GiveKeys();
+}
+
+/// Lines that are read have the ordinals of the stored ones of their barcode, in their order; others, and
+/// those that another station has added, the lowest free ones.
+void FloorModel::GiveKeys() {
+  std::map<std::string, std::size_t> used;
+  for (Line& line : lines_) line.key.ordinal = 0;
+  for (Line& line : lines_) {
+    const auto ordinals = ordinals_.find(line.key.barcode);
+    std::size_t& next = used[line.key.barcode];
+    const bool isStored = ordinals != ordinals_.end() && next < ordinals->second.size();
+    line.key.ordinal = isStored ? ordinals->second[next++] : FreeOrdinal(line.key.barcode);
+  }
+}
+
+// The session.
+
+void FloorModel::Begin(bool onStored) {
+  state_ = State::Running;
+  answered_.clear();
+  leftIsTakenBack_ = false;
+  if (!hasJournal_) {
+    hasJournal_ = true;
+    ++codes_;
+    beganOnChanged_ = !onStored;
+    journal_ = {};
+    if (!aside_.empty()) journal_.ordinals = aside_.front().ordinals;
+  }
+  ordinals_ = journal_.ordinals;
+  if (!onStored) {
+    std::sort(lines_.begin(), lines_.end(),
+              [](const Line& a, const Line& b) { return a.appended < b.appended; });
+  }
+  GiveKeys();
+  entered_ = journal_.entered;
+  enteredBeforeLeft_ = journal_.entered;
+  hasUnsaved_ = false;
+  for (const Record& record : journal_.records) {
+    hasUnsaved_ = hasUnsaved_ || record.IsEntered();
+    Keep(record);
+  }
+  left_ = Lacking(journal_.records);
+  leftRecords_ = journal_.records;
+  holdsLeft_ = !left_.empty();
+}
+
+/// A device that sends the figure again gets the answer that it had.
+void FloorModel::Keep(const Record& record) {
+  if (!record.ofFloor) return;
+  const FigureKey figure{record.count, record.figure.sequence};
+  answered_.try_emplace(figure, record.answer);
+  if (record.IsEntered()) entered_.insert(figure);
+}
+
+FloorAnswer FloorModel::Take(int count, const FloorFigure& figure) {
+  const FigureKey key{count, figure.sequence};
+  if (const auto known = answered_.find(key); known != answered_.end()) return known->second;
+  FloorAnswer answer{figure.sequence, FigureState::Paused, {}, {}, {}};
+  if (!IsOpen()) return answer;
+  Line* const line = Find(figure.line);
+  Record record{count,  true,
+                figure, line == nullptr ? "" : line->counts.at(Place(count)),
+                {},     line == nullptr ? 0 : line->id};
+  answer.text = record.before;
+  answer.state = FigureState::Stored;
+  if (entered_.contains(key)) return answer;  // its answer has been forgotten
+  const bool adds = figure.operation == FloorFigure::Operation::Add;
+  const double number = Val(figure.text) + (adds ? Val(record.before) : 0);
+  if (line == nullptr) {
+    answer.state = FigureState::Gone;
+  } else if (!adds && record.before != figure.base) {
+    if (record.before != figure.text) answer.state = FigureState::Conflict;
+  } else if (number < 0) {
+    answer.state = FigureState::Refused;
+  } else {
+    answer.text = figure.text.empty() ? "" : NumberText(number);
+    line->counts.at(Place(count)) = answer.text;
+  }
+  record.answer = answer;
+  if (record.IsEntered()) Acknowledge(*line, count);
+  hasUnsaved_ = hasUnsaved_ || record.IsEntered();
+  journal_.records.push_back(record);
+  Keep(record);
+  return answer;
+}
+
+/// The same figure of a line that the form has lost is this line's now.
+void FloorModel::Acknowledge(const Line& line, int count) {
+  const Acknowledged now{line.key.barcode, line.counts.at(Place(count))};
+  std::erase_if(acknowledged_, [&](const auto& known) {
+    const bool isSame =
+        known.first.second == count && known.second.barcode == now.barcode && known.second.text == now.text;
+    return isSame && Find(known.first.first) == nullptr;
+  });
+  acknowledged_[{line.id, count}] = now;
+}
+
+/// The entry has ended.
+void FloorModel::Settle(bool isWritten) {
+  const bool wasEdited = std::exchange(isEdited_, false);
+  if (state_ == State::Ended || !wasEdited) return;
+  if (!isWritten) return End();
+  hasUnsaved_ = false;
+  if (state_ == State::Stopped) return End();
+  if (std::exchange(holdsLeft_, false)) aside_.insert(aside_.begin(), journal_);
+  BeginJournalAnew();
+}
+
+void FloorModel::End() {
+  state_ = State::Ended;
+  if (hasUnsaved_ || holdsLeft_) {
+    aside_.insert(aside_.begin(), journal_);
+    isSavedSinceAside_ = false;
+  }
+  hasJournal_ = false;
+  journal_ = {};
+  left_.clear();
+}
+
+/// The lines of the form, in the order of its rows, are the stored ones.
+void FloorModel::KeepOrdinals(const std::vector<int>& order) {
+  ordinals_.clear();
+  for (const int id : order) ordinals_[Find(id)->key.barcode].push_back(Find(id)->key.ordinal);
+}
+
+void FloorModel::BeginJournalAnew() {
+  journal_.entered = entered_;
+  journal_.ordinals = ordinals_;
+  journal_.records.clear();
+}
+
+void FloorModel::Crash(std::size_t kept) {
+  journal_.records.resize(kept);
+  ordinals_ = journal_.ordinals;
+  ReadStored();
+  isEdited_ = true;
+  Begin(true);
+}
+
+}  // namespace koru::test

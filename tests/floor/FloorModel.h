@@ -1,0 +1,168 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "floor/FloorFigures.h"
+
+namespace koru::test {
+
+/// What simulated sessions of the floor must come to: the lines of one counting at the desk and in the
+/// database, and the figures of devices in its journals. Plain lists, without a form, a grid or a file.
+class FloorModel {
+ public:
+  using Counts = std::array<std::string, kFloorCounts>;
+
+  struct Line {
+    int id = 0;  ///< its own, whatever key and row it has
+    LineKey key;
+    Counts counts;
+    int appended = 0;  ///< its place in the order in which the form got its lines
+  };
+  struct StoredLine {
+    int id = 0;
+    std::string barcode;
+    Counts counts;
+  };
+  /// A figure of a device or the desk as a journal keeps it.
+  struct Record {
+    int count = 1;
+    bool ofFloor = false;
+    FloorFigure figure;
+    std::string before;
+    FloorAnswer answer;
+    int id = 0;  ///< of the line
+
+    [[nodiscard]] bool IsEntered() const { return answer.state == FigureState::Stored; }
+  };
+  /// The count and the sequence number of a device's figure; each count has one device.
+  using FigureKey = std::pair<int, std::int64_t>;
+  using Ordinals = std::map<std::string, std::vector<int>>;  ///< of all stored lines of a barcode
+  struct Journal {
+    std::set<FigureKey> entered;  ///< before the records
+    Ordinals ordinals;
+    std::vector<Record> records;
+  };
+  struct LeftCell {
+    int count = 1;
+    LineKey line;
+    std::set<std::string> known;
+    std::string last;
+    std::int64_t sequence = 0;
+    bool ofFloor = false;
+    int id = 0;  ///< of the line that had it last
+  };
+  enum class State { Running, Stopped, Ended };
+
+  /// The counting has these lines, and no journal.
+  explicit FloorModel(std::vector<StoredLine> lines);
+
+  // The form.
+
+  [[nodiscard]] const std::vector<Line>& Lines() const { return lines_; }
+  [[nodiscard]] const std::vector<StoredLine>& Stored() const { return stored_; }
+  [[nodiscard]] bool IsEdited() const { return isEdited_; }
+  [[nodiscard]] Line* Find(int id);
+  [[nodiscard]] Line* Find(const LineKey& key);
+  [[nodiscard]] std::string Cell(int id, int count) { return Find(id)->counts.at(Place(count)); }
+  [[nodiscard]] int FreeOrdinal(const std::string& barcode);
+
+  /// The desk types, undoes or redoes: the cell has the text.
+  void DeskEnters(int id, int count, const std::string& text);
+  void DeskAdds(int id, const std::string& barcode);
+  void DeskDeletes(int id);
+  /// The rows, whose lines are in this order, are saved.
+  void Save(const std::vector<int>& order);
+  /// The desk leaves the entry, in that order of the lines. `isWritten`: nothing had been entered.
+  void Cancel(bool isWritten, const std::vector<int>& order);
+  /// Edit; lines that another station has changed are read anew.
+  void Edit();
+  /// The stored lines are shown instead of those on the form.
+  void ShowStored();
+  /// Another station writes.
+  void OtherStationWrites(std::vector<StoredLine> lines);
+  /// Whether another station has written since the form has read or written the lines.
+  [[nodiscard]] bool IsChangedElsewhere() const { return isChangedElsewhere_; }
+
+  // The floor.
+
+  [[nodiscard]] State SessionState() const { return state_; }
+  [[nodiscard]] bool IsOpen() const { return state_ == State::Running && left_.empty() && isEdited_; }
+  /// The number of journals that were begun without an earlier one: each has its own codes.
+  [[nodiscard]] int Codes() const { return codes_; }
+  [[nodiscard]] const std::vector<LeftCell>& Left() const { return left_; }
+  [[nodiscard]] const std::vector<Journal>& Aside() const { return aside_; }
+  [[nodiscard]] std::size_t Journalled() const { return journal_.records.size(); }
+
+  void Begin(bool onStored);
+  void Stop() { state_ = State::Stopped; }
+  void Reopen() { state_ = State::Running; }
+  FloorAnswer Take(int count, const FloorFigure& figure);
+  void Replay();
+  void Forgo();
+  bool TakeBackSetAside();
+  /// The program ends and is started anew; the journal has that number of records.
+  void Crash(std::size_t kept);
+
+  /// An acknowledged figure that nobody has entered anything after, and that is nowhere; empty if there is
+  /// none.
+  [[nodiscard]] std::string Lost() const;
+  /// Figures that a replay has entered into another line than theirs, which was on the form.
+  [[nodiscard]] const std::vector<std::string>& Misplaced() const { return misplaced_; }
+
+ private:
+  struct Acknowledged {
+    std::string barcode;
+    std::string text;
+  };
+
+  [[nodiscard]] static std::size_t Place(int count) { return static_cast<std::size_t>(count - 1); }
+  void ReadStored();
+  void GiveKeys();
+  void Settle(bool isWritten);
+  void End();
+  void KeepOrdinals(const std::vector<int>& order);
+  void BeginJournalAnew();
+  void Keep(const Record& record);
+  void Acknowledge(const Line& line, int count);
+  void NotePlace(const LeftCell& cell, const Line& line);
+  void Supersede(const std::vector<StoredLine>& lines);
+  [[nodiscard]] std::vector<LeftCell> Lacking(const std::vector<Record>& records);
+  [[nodiscard]] std::vector<Record> InPlace(const std::vector<Record>& records);
+  [[nodiscard]] bool CanBeEntered(const std::vector<LeftCell>& cells);
+  [[nodiscard]] bool IsSomewhere(int id, int count, const Acknowledged& figure) const;
+
+  std::vector<Line> lines_;  // in the order of the stored ones, then those that were added since
+  int lastAppended_ = 0;
+  std::vector<StoredLine> stored_;
+  bool isEdited_ = true;
+  bool isChangedElsewhere_ = false;
+
+  State state_ = State::Ended;
+  int codes_ = 0;
+  bool hasJournal_ = false;
+  Journal journal_;
+  Ordinals ordinals_;
+  std::vector<Journal> aside_;  // the last one first
+  std::map<FigureKey, FloorAnswer> answered_;
+  std::set<FigureKey> entered_;
+  std::vector<LeftCell> left_;
+  std::vector<Record> leftRecords_;
+  std::set<FigureKey> enteredBeforeLeft_;
+  bool leftIsTakenBack_ = false;
+  bool holdsLeft_ = false;
+  bool hasUnsaved_ = false;
+  std::vector<std::string> misplaced_;
+  bool beganOnChanged_ = false;
+  bool isSavedSinceAside_ = false;
+  std::map<std::pair<int, int>, Acknowledged> acknowledged_;  // by line and count: the last of a device
+};
+
+}  // namespace koru::test

@@ -1,0 +1,170 @@
+// FloorModel's part about figures that are left or set aside, and those that nobody may lose.
+
+#include <algorithm>
+#include <iterator>
+#include <tuple>
+
+#include "tests/floor/FloorModel.h"
+
+namespace koru::test {
+namespace {
+
+const std::string& BarcodeOf(const FloorModel::Line& line) { return line.key.barcode; }
+const std::string& BarcodeOf(const FloorModel::StoredLine& line) { return line.barcode; }
+
+}  // namespace
+
+std::vector<FloorModel::LeftCell> FloorModel::Lacking(const std::vector<Record>& records) {
+  std::vector<LeftCell> cells;
+  for (const Record& record : records) {
+    if (!record.IsEntered()) continue;
+    auto cell = std::find_if(cells.begin(), cells.end(), [&record](const LeftCell& known) {
+      return known.count == record.count && known.line == record.figure.line;
+    });
+    if (cell == cells.end())
+      cell = cells.insert(cell, {record.count, record.figure.line, {}, {}, 0, false, 0});
+    cell->known.insert(record.before);
+    cell->known.insert(record.answer.text);
+    cell->last = record.answer.text;
+    cell->id = record.id;
+    if (!record.ofFloor) continue;
+    cell->ofFloor = true;
+    cell->sequence = record.figure.sequence;
+  }
+  std::erase_if(cells, [this](const LeftCell& cell) {
+    const Line* const line = Find(cell.line);
+    return !cell.ofFloor || (line != nullptr && line->counts.at(Place(cell.count)) == cell.last);
+  });
+  return cells;
+}
+
+std::vector<FloorModel::Record> FloorModel::InPlace(const std::vector<Record>& records) {
+  std::map<std::tuple<int, std::string, int>, bool> inPlace;
+  const auto of = [](const Record& record) {
+    return std::tuple(record.count, record.figure.line.barcode, record.figure.line.ordinal);
+  };
+  for (const Record& record : records) {
+    const Line* const line = Find(record.figure.line);
+    if (record.IsEntered())
+      inPlace[of(record)] = line != nullptr && line->counts.at(Place(record.count)) == record.answer.text;
+  }
+  std::vector<Record> found;
+  std::copy_if(records.begin(), records.end(), std::back_inserter(found),
+               [&](const Record& record) { return record.IsEntered() && inPlace.at(of(record)); });
+  return found;
+}
+
+void FloorModel::Replay() {
+  const std::vector<LeftCell> left = std::exchange(left_, {});
+  const bool isTakenBack = std::exchange(leftIsTakenBack_, false);
+  bool isWhole = true;
+  std::vector<Record> entered;
+  for (const LeftCell& cell : left) {
+    Line* const line = Find(cell.line);
+    const bool isEntered = line != nullptr && cell.known.contains(line->counts.at(Place(cell.count)));
+    isWhole = isWhole && isEntered;
+    if (!isEntered) continue;
+    const std::string before = std::exchange(line->counts.at(Place(cell.count)), cell.last);
+    Acknowledge(*line, cell.count);
+    entered.push_back({cell.count,
+                       true,
+                       {cell.sequence, cell.line, FloorFigure::Operation::Set, cell.last, {}},
+                       before,
+                       {cell.sequence, FigureState::Stored, cell.last, {}, {}},
+                       line->id});
+    if (isTakenBack && isSavedSinceAside_) continue;
+    NotePlace(cell, *line);
+  }
+  std::vector<Record> taken;
+  if (isTakenBack) {
+    taken = InPlace(leftRecords_);
+  } else if (isWhole) {
+    holdsLeft_ = false;
+  }
+  taken.insert(taken.end(), entered.begin(), entered.end());
+  leftRecords_.clear();
+  for (const Record& record : taken) Keep(record);
+  journal_.records.insert(journal_.records.end(), taken.begin(), taken.end());
+  hasUnsaved_ = hasUnsaved_ || !taken.empty();
+}
+
+/// Lines of one barcode can be taken for each other where the desk has deleted or sorted some that were not
+/// stored so when the session began, or has saved since the journal was set aside.
+void FloorModel::NotePlace(const LeftCell& cell, const Line& line) {
+  if (beganOnChanged_ || line.id == cell.id || Find(cell.id) == nullptr) return;
+  misplaced_.push_back(cell.last + " of line " + std::to_string(cell.id) + " in line " +
+                       std::to_string(line.id));
+}
+
+/// The devices may send what is not in the counting anew.
+void FloorModel::Forgo() {
+  left_.clear();
+  const bool isTakenBack = std::exchange(leftIsTakenBack_, false);
+  const bool isHeld = holdsLeft_ && !isTakenBack;
+  const std::vector<Record> records = std::exchange(leftRecords_, {});
+  if (!isHeld) return;
+  holdsLeft_ = false;
+  aside_.insert(aside_.begin(), journal_);
+  answered_.clear();
+  entered_ = enteredBeforeLeft_;
+  BeginJournalAnew();
+  journal_.records = InPlace(records);
+  hasUnsaved_ = !journal_.records.empty();
+  for (const Record& record : journal_.records) Keep(record);
+}
+
+bool FloorModel::CanBeEntered(const std::vector<LeftCell>& cells) {
+  return std::any_of(cells.begin(), cells.end(), [this](const LeftCell& cell) {
+    const Line* const line = Find(cell.line);
+    return line != nullptr && cell.known.contains(line->counts.at(Place(cell.count)));
+  });
+}
+
+/// The last journal with figures that could be entered, or else with figures that are nowhere.
+bool FloorModel::TakeBackSetAside() {
+  const Journal* found = nullptr;
+  for (const Journal& journal : aside_) {
+    const auto lacking = Lacking(journal.records);
+    if (lacking.empty()) continue;
+    if (found == nullptr || CanBeEntered(lacking)) found = &journal;
+    if (CanBeEntered(lacking)) break;
+  }
+  if (found == nullptr) return false;
+  left_ = Lacking(found->records);
+  leftRecords_ = found->records;
+  leftIsTakenBack_ = true;
+  return true;
+}
+
+std::string FloorModel::Lost() const {
+  for (const auto& [cell, figure] : acknowledged_) {
+    if (!IsSomewhere(cell.first, cell.second, figure)) {
+      return figure.text + " in count " + std::to_string(cell.second) + " of line " +
+             std::to_string(cell.first) + ", " + figure.barcode;
+    }
+  }
+  return {};
+}
+
+bool FloorModel::IsSomewhere(int id, int count, const Acknowledged& figure) const {
+  const auto holds = [&](const auto& lines) {
+    return std::any_of(lines.begin(), lines.end(), [&](const auto& line) {
+      const bool isSame = line.id == id || BarcodeOf(line) == figure.barcode;
+      return isSame && line.counts.at(Place(count)) == figure.text;
+    });
+  };
+  const auto keeps = [&](const Journal& journal) {
+    return std::any_of(journal.records.begin(), journal.records.end(), [&](const Record& record) {
+      return record.count == count && record.figure.line.barcode == figure.barcode &&
+             record.answer.text == figure.text;
+    });
+  };
+  const bool isLeft = std::any_of(left_.begin(), left_.end(), [&](const LeftCell& cell) {
+    return cell.count == count && cell.line.barcode == figure.barcode && cell.last == figure.text;
+  });
+  const bool isHeld = (holdsLeft_ || state_ != State::Running) && keeps(journal_);
+  return holds(lines_) || holds(stored_) || isLeft || isHeld ||
+         std::any_of(aside_.begin(), aside_.end(), keeps);
+}
+
+}  // namespace koru::test

@@ -1,0 +1,235 @@
+// The simulated desk: each step does on the form what the model is said.
+
+#include <algorithm>
+
+#include "tests/floor/FloorSimulation.h"
+
+namespace koru::test {
+
+std::vector<int> FloorSimulation::Order() {
+  std::vector<int> order;
+  for (int row = 1; row < Lines().Rows(); ++row) order.push_back(LineIn(row));
+  return order;
+}
+
+void FloorSimulation::TypeAtDesk() {
+  if (!HasLines()) return;
+  const int row = 1 + Any(Lines().Rows() - 1);
+  const int id = LineIn(row);
+  const int count = 1 + Any(kFloorCounts);
+  const std::string text = Any(6) == 0 ? std::string() : std::to_string(Any(20));
+  const std::string before = model_.Cell(id, count);
+  ASSERT_TRUE(Type(row, FloorLines::ColumnOf(count), text));
+  model_.DeskEnters(id, count, text);
+  if (before == text) return;
+  history_.resize(done_);
+  history_.push_back({id, count, before, text});
+  ++done_;
+}
+
+/// Takes the desk's last figure back, unless the floor has entered another one since.
+void FloorSimulation::UndoAtDesk() {
+  ASSERT_EQ(Desk().mnuUndo.UserClick(), done_ > 0);
+  while (done_ > 0) {
+    const DeskStep step = history_[--done_];
+    if (model_.Find(step.id) != nullptr) {
+      if (model_.Cell(step.id, step.count) == step.after) model_.DeskEnters(step.id, step.count, step.before);
+      return;
+    }
+    history_.erase(history_.begin() + static_cast<std::ptrdiff_t>(done_));
+  }
+}
+
+void FloorSimulation::RedoAtDesk() {
+  ASSERT_EQ(Desk().mnuRedo.UserClick(), done_ < history_.size());
+  while (done_ < history_.size()) {
+    const DeskStep step = history_[done_];
+    if (model_.Find(step.id) != nullptr) {
+      if (model_.Cell(step.id, step.count) == step.before) model_.DeskEnters(step.id, step.count, step.after);
+      ++done_;
+      return;
+    }
+    history_.erase(history_.begin() + static_cast<std::ptrdiff_t>(done_));
+  }
+}
+
+void FloorSimulation::DeleteAtDesk() {
+  if (!HasLines()) return;
+  const int row = 1 + Any(Lines().Rows() - 1);
+  const int id = LineIn(row);
+  Lines().UserMoveTo(row, LineColumn::FirstCounting);
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Lines().UserDeleteRow());
+  model_.DeskDeletes(id);
+}
+
+void FloorSimulation::AddAtDesk() {
+  const std::string barcode = AnyBarcode();
+  if (model_.FreeOrdinal(barcode) > 3) return;
+  std::vector<std::string> texts(kLineColumns);
+  texts[LineColumn::RowNumber] = std::to_string(Lines().Rows());
+  texts[LineColumn::Barcode] = barcode;
+  texts[LineColumn::GoodName] = "كالا";
+  texts[LineColumn::ScaleID] = "-1";
+  texts[LineColumn::SystemCounting] = std::to_string(++lastLine_);
+  Lines().AddRow(texts);
+  model_.DeskAdds(lastLine_, barcode);
+}
+
+/// Where another station has written in between, the desk overwrites that, sees it instead of its own entry,
+/// or does neither.
+void FloorSimulation::SaveAtDesk() {
+  if (!HasLines()) return;  // a counting without lines is not saved
+  const std::vector<int> order = Order();
+  const int choice = model_.IsChangedElsewhere() ? Any(3) : 0;
+  if (choice > 0) messages.WillAnswer(Answer::No);
+  if (model_.IsChangedElsewhere()) messages.WillAnswer(choice == 1 ? Answer::No : Answer::Yes);
+  Desk().Timer1.Fire();
+  ASSERT_TRUE(Desk().cmdTmpSave.UserClick());
+  ASSERT_EQ(messages.UnusedAnswers(), 0U);
+  if (choice == 1) return;
+  HasReadOrSaved();
+  if (choice == 0) return model_.Save(order);
+  model_.ShowStored();
+}
+
+/// The form has the lines that are stored.
+void FloorSimulation::HasReadOrSaved() {
+  ForgetHistory();
+  isGuarded_ = true;
+}
+
+void FloorSimulation::ForgetHistory() {
+  history_.clear();
+  done_ = 0;
+}
+
+void FloorSimulation::FailToSave() {
+  if (!HasLines()) return;
+  Desk().Timer1.Fire();
+  // A save that has failed in the middle of writing has forgotten what it could overwrite.
+  const bool isInWrite = !model_.IsChangedElsewhere() && Any(2) == 0;
+  isGuarded_ = isGuarded_ && !isInWrite;
+  failing.Plan().FailAt(isInWrite ? 2 : 1);
+  Desk().cmdTmpSave.UserClick();
+  failing.Plan().FailAt(0);
+  ASSERT_EQ(DeskMode(), DocumentMode::Editing);
+}
+
+void FloorSimulation::Edit() {
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  ASSERT_EQ(DeskMode(), DocumentMode::Editing);
+  model_.Edit();
+  BeginIfEnded();
+}
+
+/// A session that begins with a new journal has other codes: devices keep what they have not sent, for the
+/// counters to read.
+void FloorSimulation::BeginIfEnded() {
+  if (model_.SessionState() != FloorModel::State::Ended) return;
+  const bool onStored = Desk().EntryIsWritten();
+  session_.reset();
+  Open();
+  model_.Begin(onStored);
+  for (SimulatedDevice& device : devices_) device = {device.count, device.lastSequence, {}, {}, 0};
+}
+
+void FloorSimulation::Cancel() {
+  const bool isWritten = Desk().EntryIsWritten();
+  const std::vector<int> order = Order();
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Desk().cmdCancel.UserClick());
+  ASSERT_EQ(DeskMode(), DocumentMode::Viewing);
+  model_.Cancel(isWritten, order);
+  ForgetHistory();
+}
+
+/// The host shows the counting again, which takes the place of what is on the form.
+void FloorSimulation::ShowAgain() {
+  ASSERT_TRUE(program_->View(20));
+  Desk().Timer1.Fire();
+  model_.ShowStored();
+  HasReadOrSaved();
+}
+
+void FloorSimulation::StopOrReopen() {
+  if (model_.SessionState() == FloorModel::State::Running) {
+    session_->Stop();
+    model_.Stop();
+  } else if (model_.SessionState() == FloorModel::State::Stopped) {
+    ASSERT_TRUE(session_->Reopen());
+    model_.Reopen();
+  }
+}
+
+/// What an earlier program or a journal that was set aside has left is entered, or done without.
+void FloorSimulation::DecideLeft() {
+  if (model_.SessionState() != FloorModel::State::Running || model_.Left().empty()) return;
+  if (Any(3) > 0) {
+    session_->Replay();
+    model_.Replay();
+    return;
+  }
+  ASSERT_TRUE(session_->Commit());
+  ASSERT_TRUE(session_->ForgoLeft());
+  model_.Forgo();
+}
+
+void FloorSimulation::TakeBack() {
+  if (model_.SessionState() != FloorModel::State::Running || !model_.Left().empty()) return;
+  ASSERT_EQ(session_->TakeBackSetAside(), model_.TakeBackSetAside());
+  if (Any(3) > 0) DecideLeft();
+}
+
+void FloorSimulation::CrashDesk() {
+  const bool isAgain = Any(4) == 0;
+  for (int crash = 0; crash < (isAgain ? 2 : 1); ++crash) {
+    if (Any(2) == 0) {
+      ASSERT_TRUE(session_->Commit());
+    } else if (model_.IsOpen()) {  // what was taken and not acknowledged is sent again
+      const SimulatedDevice& device = AnyDevice();
+      static_cast<void>(session_->Enter(device.count, Device(device.count), Batch(device)));
+    }
+    const bool hasJournal = !journal_.Read().empty();
+    Crash();
+    const std::size_t kept = hasJournal ? ReadJournal(journal_.synced).figures.size() : 0;
+    ASSERT_LE(kept, model_.Journalled());
+    StartAndOpen();
+    model_.Crash(kept);
+    HasReadOrSaved();
+    if (Any(3) > 0) DecideLeft();
+  }
+}
+
+void FloorSimulation::OtherStationWrites() {
+  if (model_.IsChangedElsewhere() || !isGuarded_) return;
+  auto lines = model_.Stored();
+  const std::size_t at = static_cast<std::size_t>(Any(static_cast<int>(lines.size())));
+  const int kind = Any(4);
+  const auto number = [&lines](const std::string& barcode) {
+    return std::count_if(lines.begin(), lines.end(),
+                         [&](const FloorModel::StoredLine& line) { return line.barcode == barcode; });
+  };
+  const std::string barcode = AnyBarcode();
+  // Which of several lines of a barcode another station has removed or added, nobody can know afterwards.
+  if (kind == 0 && lines.size() > 1 && number(lines[at].barcode) == 1) {
+    database.Execute("delete from tblInventoryCountingDetail where CountingID=20 and SystemCounting=" +
+                     std::to_string(lines[at].id));
+    lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(at));
+  } else if (kind == 1 && number(barcode) == 0) {
+    lines.push_back({++lastLine_, barcode, {}});
+    database.Execute(
+        "insert into tblInventoryCountingDetail "
+        "(CountingID,Barcode,RowNumber,ScaleID,SystemCounting,BaseValue) "
+        "values (20,'" +
+        barcode + "'," + std::to_string(lastLine_) + ",1," + std::to_string(lastLine_) + ",3)");
+  } else {
+    const std::string text = std::to_string(2000 + Any(1000));
+    lines[at].counts[1] = text;
+    database.Execute("update tblInventoryCountingDetail set SecondCounting=" + text +
+                     " where CountingID=20 and SystemCounting=" + std::to_string(lines[at].id));
+  }
+  model_.OtherStationWrites(std::move(lines));
+}
+
+}  // namespace koru::test
