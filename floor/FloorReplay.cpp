@@ -19,27 +19,70 @@ bool Holds(const Grid& grid, int row, int count, const std::string& text) {
   return row != 0 && grid.TextMatrix(row, FloorLines::ColumnOf(count)) == text;
 }
 
+/// What a cell has gone through.
+class Trail {
+ public:
+  explicit Trail(const JournalFigure& first) {
+    cell_.count = first.count;
+    cell_.line = first.figure.line;
+  }
+
+  void Add(const JournalFigure& figure) {
+    if (!figure.IsOfDesk()) {
+      overLeft_.clear();
+      cell_.device = figure.device;
+      cell_.sequence = figure.figure.sequence;
+    } else if (!cell_.known.empty() && figure.before != cell_.text) {
+      overLeft_.push_back({figure.before, cell_.text, cell_.known.size()});
+    }
+    cell_.known.push_back(figure.before);
+    cell_.known.push_back(figure.answer.text);
+    cell_.text = figure.answer.text;
+    cell_.time = figure.time;
+    if (!overLeft_.empty() && cell_.text == overLeft_.back().before) TakeDeskBack();
+  }
+
+  [[nodiscard]] const LeftFigures::Cell& Cell() const { return cell_; }
+
+ private:
+  /// The desk has begun to enter something into a cell that did not hold its last figure: that was left.
+  struct OverLeft {
+    std::string before;
+    std::string left;
+    std::size_t known = 0;
+  };
+
+  /// The desk has taken its own back: the figure is left as before.
+  void TakeDeskBack() {
+    cell_.text = overLeft_.back().left;
+    cell_.known.resize(overLeft_.back().known);
+    overLeft_.pop_back();
+  }
+
+  LeftFigures::Cell cell_;
+  std::vector<OverLeft> overLeft_;
+};
+
+/// The trails of all cells, in the order of their first figures.
+std::vector<Trail> TrailsOf(const std::vector<JournalFigure>& journal) {
+  std::map<CellKey, std::size_t> places;
+  std::vector<Trail> trails;
+  for (const JournalFigure& figure : journal) {
+    if (!figure.IsEntered()) continue;
+    const auto [place, isNew] = places.try_emplace(KeyOf(figure), trails.size());
+    if (isNew) trails.emplace_back(figure);
+    trails[place->second].Add(figure);
+  }
+  return trails;
+}
+
 }  // namespace
 
 LeftFigures::LeftFigures(const std::vector<JournalFigure>& journal, const Grid& grid, FloorLines& lines) {
-  std::map<CellKey, std::size_t> places;
-  std::vector<Cell> cells;
-  for (const JournalFigure& figure : journal) {
-    if (!figure.IsEntered()) continue;
-    const auto [place, isNew] = places.try_emplace(KeyOf(figure), cells.size());
-    if (isNew) cells.push_back({figure.count, figure.figure.line, {}, {}, 0, {}, {}});
-    Cell& cell = cells[place->second];
-    cell.known.push_back(figure.before);
-    cell.known.push_back(figure.answer.text);
-    cell.text = figure.answer.text;
-    cell.time = figure.time;
-    if (figure.IsOfDesk()) continue;
-    cell.device = figure.device;
-    cell.sequence = figure.figure.sequence;
-  }
-  for (Cell& cell : cells) {
+  for (const Trail& trail : TrailsOf(journal)) {
+    const Cell& cell = trail.Cell();
     if (cell.device.empty()) continue;  // the desk's own figures are in its draft
-    if (!Holds(grid, lines.RowOf(cell.line), cell.count, cell.text)) cells_.push_back(std::move(cell));
+    if (!Holds(grid, lines.RowOf(cell.line), cell.count, cell.text)) cells_.push_back(cell);
   }
 }
 
@@ -68,9 +111,10 @@ bool LeftFigures::CanBeEntered(const Grid& grid, FloorLines& lines) const {
 std::vector<JournalFigure> FiguresInPlace(const std::vector<JournalFigure>& journal, const Grid& grid,
                                           FloorLines& lines) {
   std::map<CellKey, bool> inPlace;
-  for (const JournalFigure& figure : journal) {
-    if (!figure.IsEntered()) continue;
-    inPlace[KeyOf(figure)] = Holds(grid, lines.RowOf(figure.figure.line), figure.count, figure.answer.text);
+  for (const Trail& trail : TrailsOf(journal)) {
+    const LeftFigures::Cell& cell = trail.Cell();
+    inPlace[{cell.count, cell.line.barcode, cell.line.ordinal}] =
+        Holds(grid, lines.RowOf(cell.line), cell.count, cell.text);
   }
   std::vector<JournalFigure> figures;
   std::copy_if(journal.begin(), journal.end(), std::back_inserter(figures),

@@ -118,6 +118,50 @@ TEST_F(FloorKept, When_the_desk_has_typed_and_cleared_a_cell_before_the_replay) 
   EXPECT_EQ(Count(kTea, 1), "12");
 }
 
+TEST_F(FloorKept, When_the_desk_has_typed_and_cleared_a_cell_whose_figure_is_left_before_a_crash) {
+  Set(1, kTea, "12");
+  Crash();
+  StartAndOpen();
+  Type(1, LineColumn::FirstCounting, "9");
+  Type(1, LineColumn::FirstCounting, "");
+  ASSERT_TRUE(session_->Commit());
+  Crash();
+  StartAndOpen();
+  EXPECT_EQ(session_->Replay().entered, 1U);
+  EXPECT_EQ(Count(kTea, 1), "12");
+}
+
+TEST_F(FloorKept, When_the_desk_does_without_a_figure_over_which_it_has_typed_and_cleared_before_a_crash) {
+  const FloorFigure figure{7, kTea, FloorFigure::Operation::Set, "12", ""};
+  Send(1, figure);
+  Crash();
+  StartAndOpen();
+  Type(1, LineColumn::FirstCounting, "9");
+  Type(1, LineColumn::FirstCounting, "");
+  ASSERT_TRUE(session_->Commit());
+  Crash();
+  StartAndOpen();
+  session_->ForgoLeft();
+  EXPECT_EQ(SetAside(), 3U);
+  EXPECT_EQ(Send(1, figure).state, FigureState::Stored);
+  EXPECT_EQ(Count(kTea, 1), "12");
+}
+
+TEST_F(FloorKept, What_another_station_has_stored_stays_where_the_desk_has_typed_over_it_and_back) {
+  Set(1, kTea, "12");
+  Crash();
+  database.Execute(
+      "update tblInventoryCountingDetail set FirstCounting=8 where CountingID=20 and RowNumber=1");
+  StartAndOpen();
+  Type(1, LineColumn::FirstCounting, "9");
+  Type(1, LineColumn::FirstCounting, "8");
+  ASSERT_TRUE(session_->Commit());
+  Crash();
+  StartAndOpen();
+  EXPECT_EQ(session_->Replay().replaced.size(), 1U);
+  EXPECT_EQ(Count(kTea, 1), "8");
+}
+
 TEST_F(FloorKept, When_older_figures_that_were_set_aside_come_back_where_a_newer_one_is) {
   Set(1, kTea, "5");
   Set(1, kSugar, "3");

@@ -32,7 +32,7 @@ void FloorModel::DeskEnters(int id, int count, const std::string& text) {
   Line& line = *Find(id);
   const std::string before = std::exchange(line.counts.at(Place(count)), text);
   if (before == text) return;
-  acknowledged_.erase({id, count});
+  Supersede(line, count, before, text);
   if (state_ == State::Ended) return;
   journal_.records.push_back({count,
                               false,
@@ -193,7 +193,7 @@ FloorAnswer FloorModel::Take(int count, const FloorFigure& figure) {
 
 /// The same figure of a line that the form has lost is this line's now.
 void FloorModel::Acknowledge(const Line& line, int count) {
-  const Acknowledged now{line.key.barcode, line.counts.at(Place(count))};
+  const Acknowledged now{line.key.barcode, line.counts.at(Place(count)), {}};
   std::erase_if(acknowledged_, [&](const auto& known) {
     const bool isSame =
         known.first.second == count && known.second.barcode == now.barcode && known.second.text == now.text;
@@ -238,6 +238,7 @@ void FloorModel::BeginJournalAnew() {
 
 void FloorModel::Crash(std::size_t kept) {
   journal_.records.resize(kept);
+  std::erase_if(acknowledged_, [](const auto& figure) { return !figure.second.under.empty(); });
   ordinals_ = journal_.ordinals;
   ReadStored();
   isEdited_ = true;

@@ -57,7 +57,9 @@ class FloorModel {
     std::string last;
     std::int64_t sequence = 0;
     bool ofFloor = false;
-    int id = 0;  ///< of the line that had it last
+    int id = 0;                     ///< of the line that had it last
+    std::string missing;            ///< what the cell held when the desk entered something over `covered`
+    std::vector<LeftCell> covered;  ///< what was left then: one or none
   };
   enum class State { Running, Stopped, Ended };
 
@@ -121,6 +123,7 @@ class FloorModel {
   struct Acknowledged {
     std::string barcode;
     std::string text;
+    std::vector<std::string> under;  ///< while the desk has typed where it is left: what the cell held
   };
 
   [[nodiscard]] static std::size_t Place(int count) { return static_cast<std::size_t>(count - 1); }
@@ -134,6 +137,9 @@ class FloorModel {
   void Acknowledge(const Line& line, int count);
   void NotePlace(const LeftCell& cell, const Line& line);
   void Supersede(const std::vector<StoredLine>& lines);
+  void Supersede(const Line& line, int count, const std::string& before, const std::string& text);
+  [[nodiscard]] bool IsLeft(const LineKey& line, int count) const;
+  [[nodiscard]] static std::vector<LeftCell> Trails(const std::vector<Record>& records);
   [[nodiscard]] std::vector<LeftCell> Lacking(const std::vector<Record>& records);
   [[nodiscard]] std::vector<Record> InPlace(const std::vector<Record>& records);
   [[nodiscard]] bool CanBeEntered(const std::vector<LeftCell>& cells);

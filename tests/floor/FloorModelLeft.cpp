@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <tuple>
 
 #include "tests/floor/FloorModel.h"
 
@@ -14,23 +13,40 @@ const std::string& BarcodeOf(const FloorModel::StoredLine& line) { return line.b
 
 }  // namespace
 
-std::vector<FloorModel::LeftCell> FloorModel::Lacking(const std::vector<Record>& records) {
+/// Each cell after all of its figures. What the desk enters where a figure is left covers it until the desk
+/// takes that back.
+std::vector<FloorModel::LeftCell> FloorModel::Trails(const std::vector<Record>& records) {
   std::vector<LeftCell> cells;
   for (const Record& record : records) {
     if (!record.IsEntered()) continue;
     auto cell = std::find_if(cells.begin(), cells.end(), [&record](const LeftCell& known) {
       return known.count == record.count && known.line == record.figure.line;
     });
-    if (cell == cells.end())
-      cell = cells.insert(cell, {record.count, record.figure.line, {}, {}, 0, false, 0});
+    if (cell == cells.end()) {
+      cell = cells.insert(cell, {record.count, record.figure.line, {}, {}, 0, false, 0, {}, {}});
+    } else if (!record.ofFloor && record.before != cell->last) {
+      LeftCell covered = *cell;
+      cell->missing = record.before;
+      cell->covered = {std::move(covered)};
+    }
     cell->known.insert(record.before);
     cell->known.insert(record.answer.text);
     cell->last = record.answer.text;
     cell->id = record.id;
-    if (!record.ofFloor) continue;
-    cell->ofFloor = true;
-    cell->sequence = record.figure.sequence;
+    if (record.ofFloor) {
+      cell->ofFloor = true;
+      cell->sequence = record.figure.sequence;
+      cell->covered.clear();
+    } else if (!cell->covered.empty() && cell->last == cell->missing) {
+      LeftCell covered = cell->covered.front();
+      *cell = std::move(covered);
+    }
   }
+  return cells;
+}
+
+std::vector<FloorModel::LeftCell> FloorModel::Lacking(const std::vector<Record>& records) {
+  std::vector<LeftCell> cells = Trails(records);
   std::erase_if(cells, [this](const LeftCell& cell) {
     const Line* const line = Find(cell.line);
     return !cell.ofFloor || (line != nullptr && line->counts.at(Place(cell.count)) == cell.last);
@@ -38,19 +54,17 @@ std::vector<FloorModel::LeftCell> FloorModel::Lacking(const std::vector<Record>&
   return cells;
 }
 
+/// The figures of the cells that hold the last one of theirs.
 std::vector<FloorModel::Record> FloorModel::InPlace(const std::vector<Record>& records) {
-  std::map<std::tuple<int, std::string, int>, bool> inPlace;
-  const auto of = [](const Record& record) {
-    return std::tuple(record.count, record.figure.line.barcode, record.figure.line.ordinal);
-  };
-  for (const Record& record : records) {
-    const Line* const line = Find(record.figure.line);
-    if (record.IsEntered())
-      inPlace[of(record)] = line != nullptr && line->counts.at(Place(record.count)) == record.answer.text;
-  }
+  const std::vector<LeftCell> cells = Trails(records);
   std::vector<Record> found;
-  std::copy_if(records.begin(), records.end(), std::back_inserter(found),
-               [&](const Record& record) { return record.IsEntered() && inPlace.at(of(record)); });
+  std::copy_if(records.begin(), records.end(), std::back_inserter(found), [&](const Record& record) {
+    const auto cell = std::find_if(cells.begin(), cells.end(), [&record](const LeftCell& of) {
+      return of.count == record.count && of.line == record.figure.line;
+    });
+    const Line* const line = Find(record.figure.line);
+    return record.IsEntered() && line != nullptr && line->counts.at(Place(record.count)) == cell->last;
+  });
   return found;
 }
 
@@ -136,9 +150,28 @@ bool FloorModel::TakeBackSetAside() {
   return true;
 }
 
+bool FloorModel::IsLeft(const LineKey& line, int count) const {
+  return std::any_of(left_.begin(), left_.end(),
+                     [&](const LeftCell& cell) { return cell.line == line && cell.count == count; });
+}
+
+/// The desk has entered something later. Where the figure is still left, it may take that back.
+void FloorModel::Supersede(const Line& line, int count, const std::string& before, const std::string& text) {
+  const auto found = acknowledged_.find({line.id, count});
+  if (found == acknowledged_.end()) return;
+  std::vector<std::string>& under = found->second.under;
+  if (!IsLeft(line.key, count)) {
+    acknowledged_.erase(found);
+  } else if (under.empty()) {
+    under = {before};
+  } else if (text == under.front()) {
+    under.clear();
+  }
+}
+
 std::string FloorModel::Lost() const {
   for (const auto& [cell, figure] : acknowledged_) {
-    if (!IsSomewhere(cell.first, cell.second, figure)) {
+    if (figure.under.empty() && !IsSomewhere(cell.first, cell.second, figure)) {
       return figure.text + " in count " + std::to_string(cell.second) + " of line " +
              std::to_string(cell.first) + ", " + figure.barcode;
     }
