@@ -128,9 +128,8 @@ void FloorModel::Begin(bool onStored) {
   leftIsTakenBack_ = false;
   if (!hasJournal_) {
     hasJournal_ = true;
-    ++codes_;
-    beganOnChanged_ = !onStored;
     journal_ = {};
+    journal_.isOfStored = onStored;
     if (!aside_.empty()) journal_.ordinals = aside_.front().ordinals;
   }
   ordinals_ = journal_.ordinals;
@@ -147,6 +146,7 @@ void FloorModel::Begin(bool onStored) {
     Keep(record);
   }
   left_ = Lacking(journal_.records);
+  leftIsOfStored_ = journal_.isOfStored;
   leftRecords_ = journal_.records;
   holdsLeft_ = !left_.empty();
 }
@@ -210,6 +210,7 @@ void FloorModel::Settle(bool isWritten) {
   hasUnsaved_ = false;
   if (state_ == State::Stopped) return End();
   if (std::exchange(holdsLeft_, false)) aside_.insert(aside_.begin(), journal_);
+  journal_.isOfStored = true;
   BeginJournalAnew();
 }
 

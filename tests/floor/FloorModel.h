@@ -49,6 +49,7 @@ class FloorModel {
     std::set<FigureKey> entered;  ///< before the records
     Ordinals ordinals;
     std::vector<Record> records;
+    bool isOfStored = true;  ///< its session began with the stored lines, or they have been stored since
   };
   struct LeftCell {
     int count = 1;
@@ -97,12 +98,11 @@ class FloorModel {
 
   [[nodiscard]] State SessionState() const { return state_; }
   [[nodiscard]] bool IsOpen() const { return state_ == State::Running && left_.empty() && isEdited_; }
-  /// The number of journals that were begun without an earlier one: each has its own codes.
-  [[nodiscard]] int Codes() const { return codes_; }
   [[nodiscard]] const std::vector<LeftCell>& Left() const { return left_; }
   [[nodiscard]] const std::vector<Journal>& Aside() const { return aside_; }
   [[nodiscard]] std::size_t Journalled() const { return journal_.records.size(); }
 
+  /// A session begins, or continues the journal. `onStored`: the lines are those of the database.
   void Begin(bool onStored);
   void Stop() { state_ = State::Stopped; }
   void Reopen() { state_ = State::Running; }
@@ -152,7 +152,6 @@ class FloorModel {
   bool isChangedElsewhere_ = false;
 
   State state_ = State::Ended;
-  int codes_ = 0;
   bool hasJournal_ = false;
   Journal journal_;
   Ordinals ordinals_;
@@ -166,7 +165,7 @@ class FloorModel {
   bool holdsLeft_ = false;
   bool hasUnsaved_ = false;
   std::vector<std::string> misplaced_;
-  bool beganOnChanged_ = false;
+  bool leftIsOfStored_ = true;  ///< Journal::isOfStored of the journal that left_ comes from
   bool isSavedSinceAside_ = false;
   std::map<std::pair<int, int>, Acknowledged> acknowledged_;  // by line and count: the last of a device
 };

@@ -105,7 +105,8 @@ void FloorModel::Replay() {
 /// Lines of one barcode can be taken for each other where the desk has deleted or sorted some that were not
 /// stored so when the session began, or has saved since the journal was set aside.
 void FloorModel::NotePlace(const LeftCell& cell, const Line& line) {
-  if (beganOnChanged_ || line.id == cell.id || Find(cell.id) == nullptr) return;
+  const bool isKnown = leftIsOfStored_ && journal_.isOfStored;
+  if (!isKnown || line.id == cell.id || Find(cell.id) == nullptr) return;
   misplaced_.push_back(cell.last + " of line " + std::to_string(cell.id) + " in line " +
                        std::to_string(line.id));
 }
@@ -146,6 +147,7 @@ bool FloorModel::TakeBackSetAside() {
   if (found == nullptr) return false;
   left_ = Lacking(found->records);
   leftRecords_ = found->records;
+  leftIsOfStored_ = found->isOfStored;
   leftIsTakenBack_ = true;
   return true;
 }

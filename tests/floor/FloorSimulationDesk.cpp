@@ -1,4 +1,4 @@
-// The simulated desk: each step does on the form what the model is said.
+// The simulated desk: each step is made on the form and in the model.
 
 #include <algorithm>
 
