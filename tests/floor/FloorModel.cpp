@@ -191,15 +191,19 @@ FloorAnswer FloorModel::Take(int count, const FloorFigure& figure) {
   return answer;
 }
 
-/// The same figure of a line that the form has lost is this line's now.
 void FloorModel::Acknowledge(const Line& line, int count) {
-  const Acknowledged now{line.key.barcode, line.counts.at(Place(count)), {}};
+  DropSame(line, count);
+  acknowledged_[{line.id, count}] = {line.key.barcode, line.counts.at(Place(count)), {}};
+}
+
+/// The same figure of a line that the form has lost is in this line.
+void FloorModel::DropSame(const Line& line, int count) {
+  const std::string& text = line.counts.at(Place(count));
   std::erase_if(acknowledged_, [&](const auto& known) {
-    const bool isSame =
-        known.first.second == count && known.second.barcode == now.barcode && known.second.text == now.text;
-    return isSame && Find(known.first.first) == nullptr;
+    const auto& [cell, figure] = known;
+    const bool isSame = cell.second == count && figure.barcode == line.key.barcode && figure.text == text;
+    return isSame && Find(cell.first) == nullptr;
   });
-  acknowledged_[{line.id, count}] = now;
 }
 
 /// The entry has ended.
@@ -242,6 +246,9 @@ void FloorModel::Crash(std::size_t kept) {
   std::erase_if(acknowledged_, [](const auto& figure) { return !figure.second.under.empty(); });
   ordinals_ = journal_.ordinals;
   ReadStored();
+  for (const Line& line : lines_) {
+    for (int count = 1; count <= kFloorCounts; ++count) DropSame(line, count);
+  }
   isEdited_ = true;
   Begin(true);
 }

@@ -135,6 +135,7 @@ class FloorModel {
   void BeginJournalAnew();
   void Keep(const Record& record);
   void Acknowledge(const Line& line, int count);
+  void DropSame(const Line& line, int count);
   void NotePlace(const LeftCell& cell, const Line& line);
   void Supersede(const std::vector<StoredLine>& lines);
   void Supersede(const Line& line, int count, const std::string& before, const std::string& text);
