@@ -269,8 +269,8 @@ void FloorDesk::Stop() {
     return;
   }
   if (session_ == nullptr) return;
-  server_.reset();
   session_->Stop();
+  server_.reset();
   refresh_.stop();
   LeaveDialog();
   emit closed();

@@ -81,6 +81,7 @@ class FloorServer::Service : public HttpService {
   void TakeTurn();
   void SetWaiting(bool waits);
   void RunServers();
+  void SayLast();
   void Work();
   void Advance(FloorTask& task);
   void Hold(const FloorTask& task);
@@ -124,12 +125,26 @@ FloorServer::Service::Service(FloorSession& session, FloorServerSettings setting
   session_.SetJournalRunner([this](std::packaged_task<void()> write) { Write(std::move(write)); });
 }
 
-/// The write that is under way ends first, then the servers: nothing answers what they have.
+/// The write that is under way ends first, then the servers.
 FloorServer::Service::~Service() {
   session_.SetJournalRunner({});
   if (writer_.joinable()) writer_.join();
+  SayLast();
   secure_.reset();
   plain_.reset();
+}
+
+/// What was written meanwhile is acknowledged. After the end of the session, devices that wait for changes
+/// hear of it; a form that is closed may be opened again, and its devices go on waiting.
+void FloorServer::Service::SayLast() {
+  AnswerWritten(session_.EndCommit());
+  const FloorSession::End end = session_.Ended();
+  if (end != FloorSession::End::None && end != FloorSession::End::Unloaded) {
+    for (const HeldPoll& held : std::exchange(held_, {})) {
+      held.exchange->Answer(*OrError([&] { return ChangesNow(held); }));
+    }
+  }
+  RunServers();
 }
 
 HttpLimits FloorServer::Service::Limits() const {

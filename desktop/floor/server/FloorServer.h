@@ -52,7 +52,8 @@ class FloorServer {
   FloorServer(FloorSession& session, FloorServerSettings settings);
   FloorServer(const FloorServer&) = delete;
   FloorServer& operator=(const FloorServer&) = delete;
-  /// Waits for the write that is under way. Requests that have no answer by then are not answered.
+  /// Waits for the write that is under way and acknowledges it. Devices that wait for changes hear that the
+  /// session has ended, unless its form was closed. No other request is answered.
   ~FloorServer();
 
   /// Listens on https too, for cameras; makes the certificate when there is none that serves. Does nothing

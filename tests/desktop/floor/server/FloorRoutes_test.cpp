@@ -54,6 +54,18 @@ TEST_F(FloorRoutes, A_poll_is_answered_when_a_figure_comes) {
   EXPECT_EQ(changes["cells"].toArray(), QJsonArray({QJsonArray({"G2", 1, "12"})}));
 }
 
+TEST_F(FloorRoutes,
+       A_device_that_waits_hears_that_the_counting_is_closed_when_the_desk_ends_session_and_server) {
+  HttpClient poll(server_->Port());
+  poll.Send(RequestText("GET", Changes(Revision()), Authorized(1)));
+  EXPECT_EQ(poll.Receive().status, 200) << "the first answer says whether it is open";
+  poll.Send(RequestText("GET", Changes(Revision()), Authorized(1)));
+  EXPECT_FALSE(poll.HasAnswer());
+  session_->Stop();
+  server_.reset();
+  EXPECT_EQ(poll.Receive().status, 401);
+}
+
 TEST_F(FloorRoutes, A_poll_is_answered_when_its_time_is_over_although_nothing_has_changed) {
   settings_.limits.poll = std::chrono::milliseconds(1);
   Serve();
