@@ -78,6 +78,7 @@ class FloorServer::Service : public HttpService {
 
  private:
   [[nodiscard]] HttpLimits Limits() const;
+  void Wake() { turn_.start(0); }
   void TakeTurn();
   void SetWaiting(bool waits);
   void RunServers();
@@ -103,7 +104,7 @@ class FloorServer::Service : public HttpService {
   std::deque<HeldPoll> held_;
   bool hasChanged_ = false;  ///< since held requests were looked at
   bool isAtTurn_ = false;
-  QTimer again_;   ///< requests wait for the next turn, or for the end of a command
+  QTimer turn_;    ///< runs until the next turn
   QTimer gather_;  ///< runs while changes gather
   QTimer expire_;  ///< held requests whose time is over
   Subscription changed_;
@@ -112,11 +113,12 @@ class FloorServer::Service : public HttpService {
 
 FloorServer::Service::Service(FloorSession& session, FloorServerSettings settings)
     : session_(session), settings_(std::move(settings)), routes_(session, settings_) {
-  plain_ = std::make_unique<HttpServer>(*this, settings_.port, Limits(), [this] { TakeTurn(); });
+  plain_ = std::make_unique<HttpServer>(*this, settings_.port, Limits(), [this] { Wake(); });
   routes_.Hosts().AddPort(plain_->Port());
-  for (QTimer* const timer : {&again_, &gather_, &expire_}) {
-    timer->setSingleShot(true);
-    QObject::connect(timer, &QTimer::timeout, timer, [this] { TakeTurn(); });
+  for (QTimer* const timer : {&turn_, &gather_, &expire_}) timer->setSingleShot(true);
+  QObject::connect(&turn_, &QTimer::timeout, &turn_, [this] { TakeTurn(); });
+  for (QTimer* const timer : {&gather_, &expire_}) {
+    QObject::connect(timer, &QTimer::timeout, timer, [this] { Wake(); });
   }
   changed_ = session_.Changed.Subscribe([this] {
     hasChanged_ = true;
@@ -157,7 +159,7 @@ void FloorServer::Service::OpenSecure() {
   const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
   const HttpIdentity identity = FloorCertificate(settings_.folder, settings_.addresses, now);
   secure_ = std::make_unique<HttpServer>(
-      *this, settings_.securePort, Limits(), [this] { TakeTurn(); }, identity);
+      *this, settings_.securePort, Limits(), [this] { Wake(); }, identity);
   routes_.Hosts().AddPort(secure_->Port());
 }
 
@@ -176,13 +178,14 @@ void FloorServer::Service::RunServers() {
   if (secure_) secure_->Run();
 }
 
-/// While a command works, and while a turn runs that has come to an event loop of its own, requests wait in
-/// their sockets.
+/// One turn in each pass of the event loop, whatever calls for it: the desk has its own between two. While a
+/// command works, and while a turn runs that has come to an event loop of its own, requests wait in their
+/// sockets.
 void FloorServer::Service::TakeTurn() {
   if (isAtTurn_) return;
   SetWaiting(false);
   if (session_.IsCommandAtWork()) {
-    again_.start(settings_.limits.command);
+    turn_.start(settings_.limits.command);
     return;
   }
   {
@@ -194,7 +197,7 @@ void FloorServer::Service::TakeTurn() {
     RunServers();
   }
   SetWaiting(true);
-  if (!tasks_.empty()) again_.start(0);
+  if (!tasks_.empty()) Wake();
 }
 
 /// A request that needs more than the time of a turn waits at the end of the queue for the next one. While
@@ -309,7 +312,7 @@ void FloorServer::Service::Write(std::packaged_task<void()> write) {
   const auto run = [this, write = std::make_shared<std::packaged_task<void()>>(std::move(write))] {
     (*write)();
     QMetaObject::invokeMethod(
-        &again_, [this] { TakeTurn(); }, Qt::QueuedConnection);
+        &turn_, [this] { Wake(); }, Qt::QueuedConnection);
   };
   try {
     writer_ = std::jthread(run);
