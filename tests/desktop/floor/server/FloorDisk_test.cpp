@@ -122,7 +122,7 @@ TEST_F(FloorDisk, The_desk_and_other_devices_go_on_while_a_figure_waits_for_the_
   bool isHandled = false;
   QTimer::singleShot(0, [&] { isHandled = true; });
   EXPECT_TRUE(RunUntil([&] { return isHandled; }));
-  EXPECT_EQ(poll.Receive().Json()["cells"].toArray(), QJsonArray({QJsonArray({"G2", 1, "5"})}));
+  EXPECT_EQ(poll.Receive().Json()["cells"].toArray(), Cells({"G2", 1, "5"}));
   EXPECT_EQ(Ask(RequestText("GET", "/", "")).status, 200);
   EXPECT_EQ(Get("/a/lines").status, 200);
   EXPECT_FALSE(device.HasAnswer());

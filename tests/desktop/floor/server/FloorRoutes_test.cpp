@@ -51,7 +51,7 @@ TEST_F(FloorRoutes, A_poll_is_answered_when_a_figure_comes) {
   EXPECT_FALSE(poll.HasAnswer());
   EXPECT_EQ(StateOf(Post("/a/figures", Figure(1, "G2", "12"))), "stored");
   const QJsonObject changes = poll.Receive().Json();
-  EXPECT_EQ(changes["cells"].toArray(), QJsonArray({QJsonArray({"G2", 1, "12"})}));
+  EXPECT_EQ(changes["cells"].toArray(), Cells({"G2", 1, "12"}));
 }
 
 TEST_F(FloorRoutes,
@@ -117,7 +117,7 @@ TEST_F(FloorRoutes, Kept_lines_with_an_earlier_revision_are_brought_up_to_date_b
   const std::string revision = Revision();
   Post("/a/figures", Figure(1, "G2", "12"));
   EXPECT_EQ(Revision(), revision) << "the lines are those that were made before";
-  EXPECT_EQ(Get(Changes(revision)).Json()["cells"].toArray(), QJsonArray({QJsonArray({"G2", 1, "12"})}));
+  EXPECT_EQ(Get(Changes(revision)).Json()["cells"].toArray(), Cells({"G2", 1, "12"}));
 }
 
 TEST_F(FloorRoutes, Lines_are_compressed_where_the_device_reads_that) {

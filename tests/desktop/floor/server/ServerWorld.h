@@ -64,6 +64,12 @@ class ServerWorld : public FloorWorld {
   std::string Revision(int count = 1) {
     return std::to_string(Get("/a/lines", count).Json()["rev"].toInteger());
   }
+  /// The cells of an answer with one change. Compilers differ in what QJsonArray({QJsonArray()}) is.
+  static QJsonArray Cells(const QJsonArray& cell) {
+    QJsonArray cells;
+    cells.append(cell);
+    return cells;
+  }
   static std::string Changes(const std::string& since, const std::string& device = "d1") {
     return "/a/changes?since=" + since + "&device=" + device;
   }
