@@ -181,10 +181,15 @@ std::vector<FloorLine> FloorLines::All(int count) {
   Refresh();
   std::vector<FloorLine> all;
   all.reserve(lines_.size());
-  for (int row = 1; row < grid_.Rows(); ++row) {
-    const auto found = lines_.find(grid_.RowID(row));
+  // Not as the desk has sorted them, which can tell of another count.
+  std::vector<std::pair<std::uint32_t, int>> rows;
+  rows.reserve(lines_.size());
+  for (int row = 1; row < grid_.Rows(); ++row) rows.emplace_back(grid_.RowID(row), row);
+  std::sort(rows.begin(), rows.end());
+  for (const auto& [id, place] : rows) {
+    const auto found = lines_.find(id);
     if (found == lines_.end()) continue;
-    const auto text = [&](int col) { return std::string(grid_.TextMatrix(row, col)); };
+    const auto text = [this, row = place](int col) { return std::string(grid_.TextMatrix(row, col)); };
     all.push_back({found->second.key, text(LineColumn::GoodCode), text(LineColumn::GoodName),
                    text(LineColumn::UnitName), text(ColumnOf(count))});
   }

@@ -120,6 +120,19 @@ TEST_F(FloorEntry, A_counter_who_saw_another_count_is_asked_and_nothing_is_store
   EXPECT_EQ(Set(1, kTea, "1", "0").state, FigureState::Conflict) << "nothing counted is not 0 counted";
 }
 
+TEST_F(FloorEntry, Devices_do_not_learn_from_the_order_of_the_lines_what_the_desk_has_sorted_by) {
+  const auto keys = [this] {
+    std::vector<std::string> all;
+    for (const FloorLine& line : session_->Lines(2)) all.push_back(line.key.barcode);
+    return all;
+  };
+  const auto before = keys();
+  Set(1, {"G3", 1}, "9");
+  Lines().UserSort({LineColumn::FirstCounting, RowOrder::Descending});
+  ASSERT_EQ(CellOf(1, LineColumn::Barcode), "G3");
+  EXPECT_EQ(keys(), before);
+}
+
 TEST_F(FloorEntry, A_line_is_found_wherever_it_has_been_sorted_and_what_is_deleted_is_gone) {
   Set(1, kTea, "1");
   Set(1, kOtherTea, "2");
