@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <filesystem>
 #include <mutex>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
@@ -93,8 +95,10 @@ bool RunMinute(FloorBench& floor) {
       std::this_thread::sleep_until(begin +
                                     std::chrono::milliseconds(1000 * second + device * 1000 / kDevices));
       const auto sent = SteadyClock::now();
-      client->Post("/a/figures", floor.Figures(device, sequence + second, 1));
+      const std::string answer = client->Post("/a/figures", floor.Figures(device, sequence + second, 1));
       answers.Note(sent);
+      if (answer.find(R"("state":"stored")") == std::string::npos)
+        throw std::runtime_error("not stored: " + answer);
     }
   });
   const auto applied = static_cast<long>(floor.Sum() - before);

@@ -14,6 +14,10 @@ void FloorMembers::Member::Keep(const FloorAnswer& answer) {
 
 FloorMembers::FloorMembers(const JournalStart& start) {
   for (const JournalStart::Device& kept : start.devices) {
+    if (kept.name.empty()) {  // of an earlier session, and not heard of since
+      earlier_[{kept.count, kept.id}] = kept.entered;
+      continue;
+    }
     Member& member = Of(kept.count, kept.id);
     member.device.name = kept.name;
     member.entered = kept.entered;
@@ -25,8 +29,21 @@ FloorMembers::Member& FloorMembers::Of(int count, const std::string& id) {
   if (isNew) {
     found->second.device.count = count;
     found->second.device.id = id;
+    if (const auto earlier = earlier_.extract({count, id})) found->second.entered = earlier.mapped();
   }
   return found->second;
+}
+
+void FloorMembers::TakeEntered(const JournalStart& earlier) {
+  for (const JournalStart::Device& kept : earlier.devices) {
+    if (!kept.entered.IsEmpty()) earlier_[{kept.count, kept.id}] = kept.entered;
+  }
+}
+
+bool FloorMembers::HaveEntered() const {
+  return !earlier_.empty() || std::any_of(members_.begin(), members_.end(), [](const auto& member) {
+    return !member.second.entered.IsEmpty();
+  });
 }
 
 void FloorMembers::Take(const JournalFigure& figure) {
@@ -49,6 +66,7 @@ std::vector<JournalStart::Device> FloorMembers::ForJournal() const {
   for (const auto& [key, member] : members_) {
     devices.push_back({member.device.count, member.device.id, member.device.name, member.entered});
   }
+  for (const auto& [key, entered] : earlier_) devices.push_back({key.first, key.second, {}, entered});
   return devices;
 }
 

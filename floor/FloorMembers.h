@@ -35,6 +35,12 @@ class FloorMembers {
   /// Those of a journal.
   explicit FloorMembers(const JournalStart& start);
 
+  /// Takes from an earlier session which figures have reached the counting: a device whose answer was lost
+  /// may send them again. Its devices are no members until they are heard of.
+  void TakeEntered(const JournalStart& earlier);
+  /// Whether any figure has reached the counting.
+  [[nodiscard]] bool HaveEntered() const;
+
   /// The device of that count with that id, which is new when nothing was heard of it before.
   Member& Of(int count, const std::string& id);
   /// Takes a figure and its answer from a journal.
@@ -45,7 +51,10 @@ class FloorMembers {
   [[nodiscard]] std::vector<JournalStart::Device> ForJournal() const;
 
  private:
-  std::map<std::pair<int, std::string>, Member> members_;
+  using Key = std::pair<int, std::string>;  ///< count and id
+
+  std::map<Key, Member> members_;
+  std::map<Key, Sequences> earlier_;  ///< of devices that are no members yet
 };
 
 }  // namespace koru

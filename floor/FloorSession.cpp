@@ -49,7 +49,7 @@ FloorSession::FloorSession(InvCountingControls& controls, const SharedState& sha
   if (around_.entryIsWritten()) lines_.TakeOrderOfRows();
   const std::string text = around_.journal.Read();
   if (text.empty()) {
-    TakeOrdinalsSetAside();
+    TakeFromSetAside();
     around_.journal.Begin(JournalText(StartNow()));
   } else {
     ReadLeft(text);
@@ -208,7 +208,7 @@ void FloorSession::Finish(End end) {
   Flush();
   subscriptions_.clear();
   if (!hasUnsaved_ && !holdsLeft_) {
-    keeper_.Remove();
+    RemoveJournal();
   } else if (end != End::Unloaded) {
     static_cast<void>(keeper_.SetAside());  // otherwise the next session finds it where it is
   }

@@ -47,7 +47,7 @@ class FloorSession {
  public:
   enum class End {
     None,           ///< the session has not ended
-    Registered,     ///< the journal is removed
+    Registered,     ///< the journal is removed but for the numbers of applied figures
     Cancelled,      ///< the entry was not written, or the stored lines were read: the journal is set aside
     OtherCounting,  ///< the form shows another counting or none
     Unloaded,       ///< the form is closed; a journal with figures that no save holds remains
@@ -80,7 +80,7 @@ class FloorSession {
   /// Whether a command works: nothing may be read from devices meanwhile, since windows serve sockets when
   /// they draw its progress.
   [[nodiscard]] bool IsCommandAtWork() const;
-  /// The desk stops the session: all codes are void.
+  /// The desk stops the session: all codes are void until it is opened again.
   void Stop();
   /// The desk opens the session that it has stopped again: the codes, the keys of the lines and the answers
   /// are those of before. False when the entry has ended since; a new session begins with the next Edit.
@@ -117,7 +117,9 @@ class FloorSession {
   [[nodiscard]] bool IsCommitting() const { return keeper_.IsCommitting(); }
   /// Waits for the write that is under way. False when the last commit failed.
   [[nodiscard]] bool EndCommit() { return keeper_.EndCommit(); }
-  /// The lines as the devices of that count see them.
+  /// Whether the journal could not be written the last time.
+  [[nodiscard]] bool JournalIsFailing() const { return keeper_.IsFailing(); }
+  /// The lines as the devices of that count see them, in an order that the desk's sorting does not change.
   [[nodiscard]] std::vector<FloorLine> Lines(int count);
   /// What has changed for them since a revision; 0 asks for everything.
   [[nodiscard]] FloorChanges ChangesSince(std::int64_t revision, int count);
@@ -156,7 +158,8 @@ class FloorSession {
   };
 
   void Continue(const JournalContents& contents);
-  void TakeOrdinalsSetAside();
+  void TakeFromSetAside();
+  void RemoveJournal();
   void ReadLeft(std::string_view text);
   [[nodiscard]] bool IsEdited() const;
   void Follow(bool settled);

@@ -21,14 +21,26 @@ std::optional<JournalContents> ContentsOf(std::string_view text, std::int32_t co
 
 }  // namespace
 
-/// Figures of a journal that was set aside find their lines again when these have the keys that they had.
-void FloorSession::TakeOrdinalsSetAside() {
+/// What has reached the counting is in the journal that was set aside last. Figures that were set aside find
+/// their lines again when these have the keys that they had.
+void FloorSession::TakeFromSetAside() {
+  bool isLast = true;
   for (const std::string& text : around_.journal.ReadSetAside()) {
     auto contents = ContentsOf(text, countingID_);
     if (!contents) continue;
+    if (std::exchange(isLast, false)) members_.TakeEntered(contents->start);
+    if (contents->figures.empty()) continue;
     lines_.SetStored(std::move(contents->start.ordinals));
     return;
   }
+}
+
+/// A save holds all figures of the session. A device whose answer was lost still has some of them, and can
+/// bring them to a later session of the counting: their numbers are set aside.
+void FloorSession::RemoveJournal() {
+  if (!members_.HaveEntered()) return keeper_.Remove();
+  keeper_.BeginAnew();
+  static_cast<void>(keeper_.SetAside());
 }
 
 /// A journal of another counting, or without its beginning, is no journal of this session.

@@ -48,6 +48,9 @@ class JournalKeeper {
   [[nodiscard]] bool SetAside();
   void Remove();
 
+  /// Whether the last write has failed.
+  [[nodiscard]] bool IsFailing() const { return failureIsKnown_; }
+
   /// The journal cannot be written; raised once until it can be again.
   Event<std::string> Failed;
 

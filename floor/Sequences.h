@@ -14,6 +14,7 @@ class Sequences {
   /// Adds the numbers `first` to `last`.
   void Add(std::int64_t first, std::int64_t last);
   [[nodiscard]] bool Contains(std::int64_t number) const;
+  [[nodiscard]] bool IsEmpty() const { return ranges_.empty(); }
   [[nodiscard]] const Ranges& All() const { return ranges_; }
 
  private:

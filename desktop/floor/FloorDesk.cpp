@@ -213,6 +213,7 @@ void FloorDesk::Follow() {
   const FloorSession::End end = session_->Ended();
   if (end != FloorSession::End::None && end != FloorSession::End::Stopped) return End(end);
   if (end == FloorSession::End::Stopped && !isEdited) return form_.EntryIsWritten() ? Close() : End(end);
+  if (!session_->JournalIsFailing()) journalFailure_.clear();
   log_.ShowNew();
   emit changed();
 }
@@ -230,7 +231,7 @@ void FloorDesk::OfferAtEdit() {
   });
 }
 
-/// A session that the desk has stopped would enter nothing: another one continues its journal.
+/// A session that the desk has stopped would enter nothing: it is opened again.
 void FloorDesk::OfferLeft() {
   if (session_ == nullptr || session_->Left().Cells().empty()) return;
   if (FloorSession::MayBegin(form_, form_.Shared())) Begin();
@@ -363,14 +364,21 @@ void FloorDesk::Arrived(const FloorArrival& arrival) {
 /// The server is in the middle of a request.
 void FloorDesk::JournalFailed(const std::string& sentence) {
   journalFailure_ = ToQt(sentence);
-  QTimer::singleShot(0, this, [this, sentence] {
-    if (isUnloaded_) return;
-    form_.Shared().messages.ShowMessage(
-        sentences::kError, sentence +
-                               "\nتا اين كار نشود رقم\u200cهاي تازه در گوشي\u200cها مي\u200cماند و "
-                               "دوباره فرستاده مي\u200cشود.");
-  });
+  QTimer::singleShot(0, this, [this, sentence] { ShowFailure(sentence); });
   FollowLater();
+}
+
+/// A command that is at work is not stopped by a message.
+void FloorDesk::ShowFailure(const std::string& sentence) {
+  if (isUnloaded_) return;
+  if (session_ != nullptr && session_->IsCommandAtWork()) {
+    QTimer::singleShot(kSoonMs, this, [this, sentence] { ShowFailure(sentence); });
+    return;
+  }
+  form_.Shared().messages.ShowMessage(
+      sentences::kError, sentence +
+                             "\nتا اين كار نشود رقم\u200cهاي تازه در گوشي\u200cها مي\u200cماند و "
+                             "دوباره فرستاده مي\u200cشود.");
 }
 
 QString FloorDesk::CounterOf(int count) const {

@@ -109,6 +109,7 @@ class FloorDesk : public QObject {
   void End(FloorSession::End end);
   void Arrived(const FloorArrival& arrival);
   void JournalFailed(const std::string& sentence);
+  void ShowFailure(const std::string& sentence);
   void LeaveDialog();
   [[nodiscard]] bool KeepsEntry() const;
   void Replay();

@@ -30,7 +30,7 @@ class FloorJournal {
   /// Replaces the whole text, which is on the disk afterwards; a power cut meanwhile leaves the old or the
   /// new one.
   virtual void Begin(std::string_view text) = 0;
-  /// Appends whole lines. After a failure nothing of them is there.
+  /// Appends whole lines. After a failure the journal has none of them.
   virtual void Append(std::string_view lines) = 0;
   /// Puts on the disk what was appended.
   virtual void Sync() = 0;

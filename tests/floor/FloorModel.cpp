@@ -130,6 +130,7 @@ void FloorModel::Begin(bool onStored) {
     hasJournal_ = true;
     journal_ = {};
     journal_.isOfStored = onStored;
+    journal_.entered = enteredAtEnd_;
     if (!aside_.empty()) journal_.ordinals = aside_.front().ordinals;
   }
   ordinals_ = journal_.ordinals;
@@ -220,7 +221,9 @@ void FloorModel::Settle(bool isWritten) {
 
 void FloorModel::End() {
   state_ = State::Ended;
+  enteredAtEnd_ = entered_;
   if (hasUnsaved_ || holdsLeft_) {
+    enteredAtEnd_ = journal_.entered;
     aside_.insert(aside_.begin(), journal_);
     isSavedSinceAside_ = false;
   }

@@ -159,6 +159,7 @@ class FloorModel {
   std::vector<Journal> aside_;  // the last one first
   std::map<FigureKey, FloorAnswer> answered_;
   std::set<FigureKey> entered_;
+  std::set<FigureKey> enteredAtEnd_;  // of the session that has ended last
   std::vector<LeftCell> left_;
   std::vector<Record> leftRecords_;
   std::set<FigureKey> enteredBeforeLeft_;

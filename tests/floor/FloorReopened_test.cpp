@@ -35,6 +35,34 @@ TEST_F(FloorReopened, Takes_figures_with_the_codes_and_answers_of_before) {
   EXPECT_EQ(Set(2, kTea, "6").state, FigureState::Stored);
 }
 
+TEST_F(FloorReopened, An_addition_whose_answer_was_lost_is_not_applied_again_by_a_later_session) {
+  const std::string code = session_->Code(1);
+  const FloorFigure add{7, kTea, FloorFigure::Operation::Add, "5", {}};
+  Send(1, add);
+  for (int session = 0; session < 2; ++session) {
+    Save();
+    ASSERT_TRUE(program_->View(10));
+    ASSERT_FALSE(session_->IsOpen());
+    ASSERT_EQ(session_->Ended(), FloorSession::End::OtherCounting);
+    StartAndOpen();
+    EXPECT_NE(session_->Code(1), code);
+    EXPECT_TRUE(session_->Devices().empty());
+  }
+  EXPECT_EQ(Send(1, add).state, FigureState::Stored);
+  EXPECT_EQ(Count(kTea, 1), "5");
+}
+
+TEST_F(FloorReopened, An_addition_that_a_cancel_has_taken_back_is_applied_by_a_later_session) {
+  const FloorFigure add{7, kTea, FloorFigure::Operation::Add, "5", {}};
+  Send(1, add);
+  messages.WillAnswer(Answer::Yes);
+  Desk().cmdCancel.UserClick();
+  ASSERT_EQ(session_->Ended(), FloorSession::End::Cancelled);
+  StartAndOpen();
+  EXPECT_EQ(Send(1, add).state, FigureState::Stored);
+  EXPECT_EQ(Count(kTea, 1), "5");
+}
+
 TEST_F(FloorReopened, Lines_of_one_barcode_keep_their_keys_when_the_desk_has_deleted_one_meanwhile) {
   Set(1, kOtherTea, "8");
   session_->Stop();

@@ -20,7 +20,7 @@ const FORMATS = new Map([
 /** zxing-wasm reads along rows and columns alone, so each frame is turned by the next of these angles, in degrees. */
 const TURNS = [0, 30, 60];
 
-/** A barcode must be the same in so many rows of a frame. With fewer, noise is now and then read as a barcode. */
+/** A barcode must be the same in this number of rows of a frame. With fewer, noise is now and then read as a barcode. */
 const ROWS = 6;
 
 /** The formats of goods that the browser's own detector reads. Some browsers have a detector that reads none. */

@@ -42,7 +42,7 @@ function randomID() {
 
 /**
  * `onLost` is called when the connection is closed: by the browser, or for a page of a later version. `onMade` gets the
- * transaction in which a database is made that was not there.
+ * transaction in which a missing database is made.
  */
 async function connect(onLost, onMade) {
   const request = indexedDB.open(name, 2);

@@ -397,22 +397,28 @@ TEST_F(FloorDeskTest, A_device_takes_part_over_the_network_from_the_code_on_the_
   EXPECT_EQ(ask("/a/figures", figure).status, 401) << "the old code is out";
 }
 
-/// Journals of a disk that is full.
+/// Journals of a disk that is full until it has room.
 class FullJournals : public FloorJournalStore {
  public:
   explicit FullJournals(FloorJournalStore& store) : store_(store) {}
   [[nodiscard]] std::unique_ptr<FloorJournal> Open(const FloorJournalOwner& owner) override {
-    return std::make_unique<Full>(store_.Open(owner));
+    return std::make_unique<Full>(store_.Open(owner), hasRoom);
   }
   [[nodiscard]] bool Has(const FloorJournalOwner& owner) const override { return store_.Has(owner); }
+
+  bool hasRoom = false;
 
  private:
   class Full : public FloorJournal {
    public:
-    explicit Full(std::unique_ptr<FloorJournal> journal) : journal_(std::move(journal)) {}
+    Full(std::unique_ptr<FloorJournal> journal, const bool& hasRoom)
+        : journal_(std::move(journal)), hasRoom_(hasRoom) {}
     [[nodiscard]] std::string Read() const override { return journal_->Read(); }
     void Begin(std::string_view text) override { journal_->Begin(text); }
-    void Append(std::string_view /*lines*/) override { throw InputError("ديسك پر است."); }
+    void Append(std::string_view lines) override {
+      if (!hasRoom_) throw InputError("ديسك پر است.");
+      journal_->Append(lines);
+    }
     void Sync() override { journal_->Sync(); }
     void SetAside() override { journal_->SetAside(); }
     [[nodiscard]] std::vector<std::string> ReadSetAside() const override { return journal_->ReadSetAside(); }
@@ -420,12 +426,13 @@ class FullJournals : public FloorJournalStore {
 
    private:
     std::unique_ptr<FloorJournal> journal_;
+    const bool& hasRoom_;
   };
 
   FloorJournalStore& store_;
 };
 
-TEST_F(FloorDeskTest, A_journal_that_cannot_be_written_is_reported_once) {
+TEST_F(FloorDeskTest, A_journal_that_cannot_be_written_is_reported_once_and_until_it_can_be) {
   FullJournals full(journals);
   delete desk;
   FloorServerSettings settings;
@@ -443,6 +450,9 @@ TEST_F(FloorDeskTest, A_journal_that_cannot_be_written_is_reported_once) {
   ASSERT_EQ(messages.size(), 1U);
   EXPECT_EQ(messages[0].find("ديسك پر است."), 0U) << messages[0];
   EXPECT_NE(Bar().find("دفتر رقم\u200cها نوشته نمي\u200cشود."), std::string::npos);
+  full.hasRoom = true;
+  EXPECT_TRUE(desk->Session()->Commit());
+  EXPECT_EQ(Bar().find("دفتر رقم\u200cها نوشته نمي\u200cشود."), std::string::npos);
   Counting().Unload();
 }
 
