@@ -13,6 +13,16 @@ class FloorKept : public FloorWorld {
   [[nodiscard]] std::size_t Journalled() const {
     return journal_.Read().empty() ? 0 : ReadJournal(journal_.Read()).figures.size();
   }
+  /// While a figure is left, the desk types over its cell and clears it.
+  void CrashTypeOverAndCrash() {
+    Crash();
+    StartAndOpen();
+    Type(1, LineColumn::FirstCounting, "9");
+    Type(1, LineColumn::FirstCounting, "");
+    ASSERT_TRUE(session_->Commit());
+    Crash();
+    StartAndOpen();
+  }
   /// The figures of the journal that was set aside last.
   [[nodiscard]] std::size_t SetAside() const {
     return journal_.aside.empty() ? 0 : ReadJournal(journal_.aside[0]).figures.size();
@@ -120,13 +130,7 @@ TEST_F(FloorKept, When_the_desk_has_typed_and_cleared_a_cell_before_the_replay) 
 
 TEST_F(FloorKept, When_the_desk_has_typed_and_cleared_a_cell_whose_figure_is_left_before_a_crash) {
   Set(1, kTea, "12");
-  Crash();
-  StartAndOpen();
-  Type(1, LineColumn::FirstCounting, "9");
-  Type(1, LineColumn::FirstCounting, "");
-  ASSERT_TRUE(session_->Commit());
-  Crash();
-  StartAndOpen();
+  CrashTypeOverAndCrash();
   EXPECT_EQ(session_->Replay().entered, 1U);
   EXPECT_EQ(Count(kTea, 1), "12");
 }
@@ -134,13 +138,7 @@ TEST_F(FloorKept, When_the_desk_has_typed_and_cleared_a_cell_whose_figure_is_lef
 TEST_F(FloorKept, When_the_desk_does_without_a_figure_over_which_it_has_typed_and_cleared_before_a_crash) {
   const FloorFigure figure{7, kTea, FloorFigure::Operation::Set, "12", ""};
   Send(1, figure);
-  Crash();
-  StartAndOpen();
-  Type(1, LineColumn::FirstCounting, "9");
-  Type(1, LineColumn::FirstCounting, "");
-  ASSERT_TRUE(session_->Commit());
-  Crash();
-  StartAndOpen();
+  CrashTypeOverAndCrash();
   session_->ForgoLeft();
   EXPECT_EQ(SetAside(), 3U);
   EXPECT_EQ(Send(1, figure).state, FigureState::Stored);
