@@ -1,22 +1,14 @@
 // When the floor is open, paused and closed, as who is at the desk sees it.
 
-#include <QLineEdit>
-#include <QToolTip>
 #include <QUrl>
 
-#include "desktop/grid/RowNumbers.h"
-#include "floor/JournalText.h"
 #include "tests/desktop/floor/FloorDeskTest.h"
 #include "tests/desktop/floor/server/HttpClient.h"
 
 namespace koru {
 namespace {
 
-using test::Press;
-using test::Type;
-
 constexpr const char* kRice = "6261";
-constexpr const char* kOil = "6262";
 
 TEST_F(FloorDeskTest, Nothing_listens_and_nothing_is_shown_before_the_desk_opens_it) {
   Edit();
@@ -108,97 +100,6 @@ TEST_F(FloorDeskTest, Registration_closes_it) {
   EXPECT_EQ(Bar(), "hidden");
   EXPECT_FALSE(desk->IsServed());
   EXPECT_FALSE(journals.Has(Owner()));
-}
-
-constexpr const char* kFormsQuestion = "آيا مطمئن هستيد؟";
-
-TEST_F(FloorDeskTest, Cancel_says_first_that_the_figures_are_kept_aside_and_closes_it) {
-  OpenInEdit();
-  Set(2, kRice, "9");
-  Set(3, kOil, "8");
-  Set(3, kOil, "abc", "8");
-  const std::string said = SaidAtCancel(2);
-  const auto messages = NewMessages();
-  ASSERT_EQ(messages.size(), 2U);
-  EXPECT_EQ(messages[0].find("2 رقم گوشي\u200cها در اين شمارش ذخيره نشده است."), 0U) << messages[0];
-  EXPECT_NE(messages[0].find("30 روز كنار مي\u200cماند"), std::string::npos) << messages[0];
-  EXPECT_NE(messages[0].find("«بازگرداندن كنارگذاشته\u200cها...»"), std::string::npos) << messages[0];
-  EXPECT_EQ(messages[1], kFormsQuestion);
-  EXPECT_EQ(Bar(), "hidden");
-  EXPECT_FALSE(desk->IsServed());
-  EXPECT_NE(said.find("30 روز كنار مي\u200cماند"), std::string::npos) << said;
-}
-
-TEST_F(FloorDeskTest, No_to_the_floors_question_cancels_nothing_whatever_would_have_cancelled) {
-  OpenInEdit();
-  Set(2, kRice, "9");
-  const auto cancels = std::vector<std::function<void()>>{[this] { Counting().cmdCancel.UserClick(); },
-                                                          [this] { Counting().cmdExit.UserClick(); },
-                                                          [this] { window->close(); }};
-  for (const auto& cancel : cancels) {
-    world.messages.WillAnswer(Answer::No);
-    cancel();
-    const auto messages = NewMessages();
-    ASSERT_EQ(messages.size(), 1U);
-    EXPECT_NE(messages[0], kFormsQuestion);
-    EXPECT_TRUE(Counting().IsBeingEntered());
-    EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
-    EXPECT_EQ(Set(3, kOil, "8").state, FigureState::Stored) << "the floor is open";
-    Set(3, kOil, "", "8");
-  }
-}
-
-TEST_F(FloorDeskTest, A_cancelled_entry_without_figures_of_the_floor_says_nothing_about_them) {
-  OpenInEdit();
-  Counting().flexDetail.UserEdit(1, LineColumn::ThirdCounting, "4");
-  EXPECT_EQ(SaidAtCancel(), "");
-  EXPECT_EQ(NewMessages(), std::vector<std::string>{kFormsQuestion});
-  EXPECT_FALSE(desk->IsServed());
-}
-
-TEST_F(FloorDeskTest, A_cancel_that_changes_nothing_in_the_counting_asks_nothing_about_the_floor) {
-  OpenInEdit();
-  EXPECT_EQ(Set(1, kRice, "10").state, FigureState::Stored) << "it is in the cell already";
-  EXPECT_EQ(SaidAtCancel(), "");
-  EXPECT_EQ(NewMessages(), std::vector<std::string>{kFormsQuestion});
-}
-
-TEST_F(FloorDeskTest, A_save_that_Edit_follows_at_once_leaves_no_unsaved_figures) {
-  OpenInEdit();
-  Set(2, kRice, "9");
-  Tick();
-  ASSERT_TRUE(Counting().cmdTmpSave.UserClick());
-  ASSERT_TRUE(Counting().cmdEdit.UserClick());
-  Set(3, kOil, "8");
-  SaidAtCancel(2);
-  const auto messages = NewMessages();
-  ASSERT_EQ(messages.size(), 2U);
-  EXPECT_EQ(messages[0].find("1 رقم گوشي\u200cها"), 0U) << messages[0];
-}
-
-TEST_F(FloorDeskTest, Figures_saved_after_the_floor_was_closed_are_none_of_a_later_cancel) {
-  OpenInEdit();
-  Set(2, kRice, "9");
-  world.messages.WillAnswer(Answer::Yes);
-  desk->Stop();
-  Save();
-  OpenInEdit();
-  Counting().flexDetail.UserEdit(1, LineColumn::ThirdCounting, "4");
-  EXPECT_EQ(SaidAtCancel(), "");
-  EXPECT_FALSE(desk->IsServed());
-}
-
-TEST_F(FloorDeskTest, What_was_set_aside_can_be_taken_back) {
-  OpenInEdit();
-  Set(2, kRice, "9");
-  SaidAtCancel(2);
-  StartAnew();
-  OpenInEdit();
-  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "");
-  EXPECT_TRUE(WithDialog(
-      "koru::LeftFiguresDialog", [this] { Click(*desk->Dialog(), "floorTakeBack"); },
-      [](QDialog& dialog) { Click(dialog, "takeLeft"); }));
-  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
 }
 
 TEST_F(FloorDeskTest, Closing_the_dialog_leaves_the_floor_open) {
@@ -312,67 +213,6 @@ TEST_F(FloorDeskTest, A_second_program_on_the_same_counting_is_refused_with_one_
   EXPECT_NE(messages[0].find("در اختيار برنامة ديگري است"), std::string::npos) << messages[0];
   EXPECT_FALSE(desk->IsServed());
   EXPECT_EQ(Bar(), "hidden");
-}
-
-TEST_F(FloorDeskTest, An_arriving_figure_tints_its_cell_for_a_moment_and_marks_counts_that_differ_at_once) {
-  OpenInEdit();
-  auto& lines = Find<GridView>("flexDetail");
-  const auto sign = [&] { return lines.model()->headerData(0, Qt::Vertical, Qt::DisplayRole).toString(); };
-  EXPECT_EQ(sign(), QStringLiteral("1"));
-  Set(2, kRice, "9");
-  EXPECT_EQ(sign(), QStringLiteral("≠ 1"));
-  EXPECT_TRUE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::SecondCounting)));
-  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::FirstCounting)));
-  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(2, LineColumn::SecondCounting)));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return lines.Tint().Cells() == 0; }));
-  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::SecondCounting)));
-  Set(2, kRice, "10", "9");
-  EXPECT_EQ(sign(), QStringLiteral("1"));
-}
-
-TEST_F(FloorDeskTest, A_cell_that_the_desk_is_typing_into_keeps_its_text_and_a_hint_says_what_was_sent) {
-  OpenInEdit();
-  desk->Session()->Hello(2, "d2", "تبلت انبار");
-  test::Open(*window);
-  auto& lines = Find<GridView>("flexDetail");
-  lines.setFocus();
-  Counting().flexDetail.UserMoveTo(1, LineColumn::SecondCounting);
-  Type("77");
-  Set(2, kRice, "9");
-  auto* const editor = lines.findChild<QLineEdit*>(QStringLiteral("cellEditor"));
-  ASSERT_NE(editor, nullptr);
-  EXPECT_EQ(editor->text(), QStringLiteral("77"));
-  EXPECT_NE(QToolTip::text().indexOf(QStringLiteral("تبلت انبار")), -1) << FromQt(QToolTip::text());
-  EXPECT_NE(QToolTip::text().indexOf(QStringLiteral("9")), -1);
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "77");
-  QToolTip::hideText();
-}
-
-TEST_F(FloorDeskTest, A_figure_for_another_cell_gives_no_hint) {
-  OpenInEdit();
-  test::Open(*window);
-  Find<GridView>("flexDetail").setFocus();
-  Counting().flexDetail.UserMoveTo(1, LineColumn::SecondCounting);
-  Type("77");
-  Set(2, kOil, "9");
-  EXPECT_EQ(QToolTip::text(), QString());
-  Press(Qt::Key_Escape);
-}
-
-TEST_F(FloorDeskTest, In_blind_entry_figures_of_other_counts_are_neither_tinted_nor_in_the_log) {
-  OpenInEdit();
-  Find<QAction>("blindEntry1").trigger();
-  auto& lines = Find<GridView>("flexDetail");
-  Set(2, kRice, "954");
-  Set(1, kRice, "12", "10");
-  desk->Refresh();
-  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::SecondCounting)));
-  EXPECT_TRUE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::FirstCounting)));
-  EXPECT_EQ(desk->Log().Csv().indexOf("954"), -1);
-  EXPECT_NE(desk->Log().Csv().indexOf("12"), -1);
-  Find<QAction>("blindEntry1").trigger();
-  EXPECT_NE(desk->Log().Csv().indexOf("954"), -1);
 }
 
 TEST_F(FloorDeskTest, A_device_takes_part_over_the_network_from_the_code_on_the_screen_to_the_cell) {

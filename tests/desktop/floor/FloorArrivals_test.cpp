@@ -1,0 +1,79 @@
+// Figures of the floor that arrive while the desk works in the lines.
+
+#include <QLineEdit>
+#include <QToolTip>
+
+#include "tests/desktop/floor/FloorDeskTest.h"
+
+namespace koru {
+namespace {
+
+using test::Press;
+using test::Type;
+
+constexpr const char* kRice = "6261";
+constexpr const char* kOil = "6262";
+
+TEST_F(FloorDeskTest, An_arriving_figure_tints_its_cell_for_a_moment_and_marks_counts_that_differ_at_once) {
+  OpenInEdit();
+  auto& lines = Find<GridView>("flexDetail");
+  const auto sign = [&] { return lines.model()->headerData(0, Qt::Vertical, Qt::DisplayRole).toString(); };
+  EXPECT_EQ(sign(), QStringLiteral("1"));
+  Set(2, kRice, "9");
+  EXPECT_EQ(sign(), QStringLiteral("≠ 1"));
+  EXPECT_TRUE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::SecondCounting)));
+  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::FirstCounting)));
+  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(2, LineColumn::SecondCounting)));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return lines.Tint().Cells() == 0; }));
+  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::SecondCounting)));
+  Set(2, kRice, "10", "9");
+  EXPECT_EQ(sign(), QStringLiteral("1"));
+}
+
+TEST_F(FloorDeskTest, A_cell_that_the_desk_is_typing_into_keeps_its_text_and_a_hint_says_what_was_sent) {
+  OpenInEdit();
+  desk->Session()->Hello(2, "d2", "تبلت انبار");
+  test::Open(*window);
+  auto& lines = Find<GridView>("flexDetail");
+  lines.setFocus();
+  Counting().flexDetail.UserMoveTo(1, LineColumn::SecondCounting);
+  Type("77");
+  Set(2, kRice, "9");
+  auto* const editor = lines.findChild<QLineEdit*>(QStringLiteral("cellEditor"));
+  ASSERT_NE(editor, nullptr);
+  EXPECT_EQ(editor->text(), QStringLiteral("77"));
+  EXPECT_NE(QToolTip::text().indexOf(QStringLiteral("تبلت انبار")), -1) << FromQt(QToolTip::text());
+  EXPECT_NE(QToolTip::text().indexOf(QStringLiteral("9")), -1);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "77");
+  QToolTip::hideText();
+}
+
+TEST_F(FloorDeskTest, A_figure_for_another_cell_gives_no_hint) {
+  OpenInEdit();
+  test::Open(*window);
+  Find<GridView>("flexDetail").setFocus();
+  Counting().flexDetail.UserMoveTo(1, LineColumn::SecondCounting);
+  Type("77");
+  Set(2, kOil, "9");
+  EXPECT_EQ(QToolTip::text(), QString());
+  Press(Qt::Key_Escape);
+}
+
+TEST_F(FloorDeskTest, In_blind_entry_figures_of_other_counts_are_neither_tinted_nor_in_the_log) {
+  OpenInEdit();
+  Find<QAction>("blindEntry1").trigger();
+  auto& lines = Find<GridView>("flexDetail");
+  Set(2, kRice, "954");
+  Set(1, kRice, "12", "10");
+  desk->Refresh();
+  EXPECT_FALSE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::SecondCounting)));
+  EXPECT_TRUE(lines.Tint().Has(lines.Rows().CellIndex(1, LineColumn::FirstCounting)));
+  EXPECT_EQ(desk->Log().Csv().indexOf("954"), -1);
+  EXPECT_NE(desk->Log().Csv().indexOf("12"), -1);
+  Find<QAction>("blindEntry1").trigger();
+  EXPECT_NE(desk->Log().Csv().indexOf("954"), -1);
+}
+
+}  // namespace
+}  // namespace koru
