@@ -1,7 +1,9 @@
 #include "draft/CountingDraft.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <numeric>
 #include <span>
 
 #include "draft/DraftText.h"
@@ -18,6 +20,7 @@ constexpr std::string_view kField = "field";
 constexpr std::string_view kStored = "stored";
 constexpr std::string_view kStoredHeader = "storedheader";
 constexpr std::string_view kLine = "line";
+constexpr std::string_view kPlaces = "places";
 }  // namespace record
 
 constexpr std::size_t kFields = 16;  ///< the key, and the boxes below
@@ -81,6 +84,34 @@ void AddLines(DraftWriter& draft, const Grid& lines) {
   }
 }
 
+/// The rows below the header in their order of entry.
+std::vector<int> RowsInOrderOfEntry(const Grid& lines) {
+  std::vector<int> rows(static_cast<std::size_t>(lines.Rows() - 1));
+  std::iota(rows.begin(), rows.end(), 1);
+  std::ranges::sort(rows, {}, [&lines](int row) { return lines.Entry(row); });
+  return rows;
+}
+
+void AddPlaces(DraftWriter& draft, const Grid& lines) {
+  const std::vector<int> rows = RowsInOrderOfEntry(lines);
+  if (std::ranges::is_sorted(rows)) return;
+  std::vector<int> places(rows.size());
+  int place = 0;
+  for (const int row : rows) places[static_cast<std::size_t>(row - 1)] = ++place;
+  draft.Record(record::kPlaces);
+  for (const int of : places) draft.Field(of);
+}
+
+/// Fails unless the places are those of all lines.
+void CheckPlaces(const CountingDraft& draft) {
+  if (draft.places.empty()) return;
+  std::vector<std::size_t> sorted = draft.places;
+  std::ranges::sort(sorted);
+  std::vector<std::size_t> all(draft.Lines());
+  std::iota(all.begin(), all.end(), 1U);
+  if (sorted != all) DraftReader::Fail();
+}
+
 void ReadStored(const DraftReader& reader, CountingDraft& draft) {
   CountingSnapshot stored;
   draft.storedKey = reader.Number(0);
@@ -95,6 +126,8 @@ void ReadRecord(const DraftReader& reader, CountingDraft& draft) {
   if (reader.Name() == record::kLine) {
     if (reader.Count() != kLineColumns) DraftReader::Fail();
     for (std::size_t col = 0; col < kLineColumns; ++col) draft.cells.push_back(reader.Text(col));
+  } else if (reader.Name() == record::kPlaces) {
+    for (std::size_t i = 0; i < reader.Count(); ++i) draft.places.push_back(reader.LongNumber(i));
   } else if (reader.Name() == record::kField) {
     draft.fields[reader.Text(0)] = reader.Text(1);
   } else if (reader.Name() == record::kOwner) {
@@ -127,14 +160,23 @@ std::int32_t KeyIn(const std::string& text) {
   return key;
 }
 
+/// Appends the lines in their order of entry, then shows them in their own.
+void AppendLines(const CountingDraft& draft, Grid& grid) {
+  const std::span<const std::string> cells(draft.cells);
+  std::vector<std::size_t> order(draft.Lines() + 1);  // of the rows, the header included
+  std::iota(order.begin(), order.end(), 0U);
+  std::copy(draft.places.begin(), draft.places.end(), order.begin() + 1);
+  std::vector<std::size_t> lines(draft.Lines());
+  for (std::size_t line = 0; line < lines.size(); ++line) lines[order[line + 1] - 1] = line;
+  for (const std::size_t line : lines) grid.AddRow(cells.subspan(line * kLineColumns, kLineColumns));
+  if (!draft.places.empty()) grid.Arrange(order);
+}
+
 void ShowLines(const CountingDraft& draft, Grid& grid, CountingLines& lines) {
   grid.SetRows(1);
   {
     const GridRedrawOff redrawOff(grid);
-    const std::span<const std::string> cells(draft.cells);
-    for (std::size_t line = 0; line < draft.Lines(); ++line) {
-      grid.AddRow(cells.subspan(line * kLineColumns, kLineColumns));
-    }
+    AppendLines(draft, grid);
   }
   lines.ColorRows();
   grid.SetSorted(draft.sortedCol, draft.sortedDescending);
@@ -168,6 +210,7 @@ std::string EncodeDraft(InvCountingControls& controls, const DraftOwner& owner, 
   AddFields(draft, controls);
   AddStored(draft, stored);
   AddLines(draft, lines);
+  AddPlaces(draft, lines);
   return draft.Finish();
 }
 
@@ -177,6 +220,7 @@ CountingDraft DecodeDraft(std::string_view text) {
   if (draft.mode != DocumentMode::New && draft.mode != DocumentMode::Editing) DraftReader::Fail();
   if (draft.fields.size() != kFields || draft.Lines() > static_cast<std::size_t>(kMaxLines))
     DraftReader::Fail();
+  CheckPlaces(draft);
   return draft;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -16,15 +17,17 @@
 namespace koru {
 
 /// A counting that is being entered, as the form shows it: every text, key and date of the header, every cell
-/// of every line in their order, the sums, and what is remembered of the stored counting that is being
-/// edited.
+/// of every line in their order, their order of entry, the sums, and what is remembered of the stored
+/// counting that is being edited.
 struct CountingDraft {
   DraftOwner owner;
   DocumentMode mode = DocumentMode::New;                   ///< New or Editing
   std::string title;                                       ///< the form's
   std::map<std::string, std::string, std::less<>> fields;  ///< by the names of the controls
   std::vector<std::string> cells;                          ///< row by row, kLineColumns for each line
-  int row = 0;                                             ///< the current cell
+  /// The place of each line in the order of entry, from 1; empty where that is the order of the lines.
+  std::vector<std::size_t> places;
+  int row = 0;  ///< the current cell
   int col = 0;
   int sortedCol = -1;  ///< Grid::SortedCol
   bool sortedDescending = false;

@@ -1,5 +1,6 @@
 #include "draft/DraftKeeper.h"
 
+#include <chrono>
 #include <exception>
 #include <initializer_list>
 #include <utility>
@@ -34,12 +35,15 @@ DraftKeeper::DraftKeeper(InvCountingControls& controls, SharedState& shared, Cou
       controls.flexDetail.RowsChanged.Subscribe([this](const GridChange& /*change*/) { Changed(); }));
 }
 
+DraftKeeper::~DraftKeeper() { Wait(); }
+
 void DraftKeeper::Changed() {
   changed_ = true;
   quietTicks_ = 0;
 }
 
 void DraftKeeper::Begin() {
+  Wait();
   // An entry that failed to be stored may be continued; another one does not take its draft.
   if (held_ && heldKey_ != controls_.lblIDVal.Caption()) draft_.reset();
   held_ = false;
@@ -52,34 +56,74 @@ void DraftKeeper::Tick() {
     if (!held_) Remove();
     return;
   }
+  if (IsWriting()) return;
+  Try(&DraftKeeper::EndWrite);
   if (!changed_ || shared_.services.drafts == nullptr) return;
   ++quietTicks_;
   if (++waitingTicks_ < kMaxTicksUnwritten && quietTicks_ < kPauseTicks) return;
   waitingTicks_ = 0;
-  const bool isKnown = std::exchange(failed_, true);
+  Try(&DraftKeeper::BeginWrite);
+  if (!IsWriting()) Try(&DraftKeeper::EndWrite);
+}
+
+/// The user knows of a failure until a write has succeeded.
+void DraftKeeper::Try(void (DraftKeeper::*part)()) {
   try {
-    Write();
-    failed_ = false;
+    (this->*part)();
   } catch (...) {
-    if (!isKnown) throw;
+    if (!std::exchange(failed_, true)) throw;
   }
 }
 
 void DraftKeeper::WriteIfPossible() noexcept {
+  Wait();
   if (!changed_ || shared_.services.drafts == nullptr || !IsEntry(shared_.DocMode)) return;
   try {
-    Write();
+    BeginWrite();
   } catch (const std::exception&) {
-    changed_ = true;
+    return;
+  }
+  Wait();
+}
+
+void DraftKeeper::BeginWrite() {
+  const DraftOwner owner = OwnerOfDrafts(shared_.data.ConnectionString(), shared_.user.userID);
+  if (!draft_) draft_ = shared_.services.drafts->Begin(owner);
+  std::packaged_task<void()> write(
+      [&draft = *draft_, text = EncodeDraft(controls_, owner, shared_.DocMode, guard_.Stored())] {
+        draft.Write(text);
+      });
+  underWay_ = write.get_future();
+  changed_ = false;
+  waitingTicks_ = 0;
+  if (shared_.services.runDraftWrite) {
+    shared_.services.runDraftWrite(std::move(write));
+  } else {
+    write();
   }
 }
 
-void DraftKeeper::Write() {
-  const DraftOwner owner = OwnerOfDrafts(shared_.data.ConnectionString(), shared_.user.userID);
-  if (!draft_) draft_ = shared_.services.drafts->Begin(owner);
-  draft_->Write(EncodeDraft(controls_, owner, shared_.DocMode, guard_.Stored()));
-  changed_ = false;
-  waitingTicks_ = 0;
+bool DraftKeeper::IsWriting() const {
+  return underWay_.valid() && underWay_.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+/// Waits for the write that is under way, and throws what it has thrown: it is to be tried again.
+void DraftKeeper::EndWrite() {
+  if (!underWay_.valid()) return;
+  try {
+    underWay_.get();
+    failed_ = false;
+  } catch (...) {
+    changed_ = true;
+    throw;
+  }
+}
+
+void DraftKeeper::Wait() noexcept {
+  try {
+    EndWrite();
+  } catch (const std::exception&) {  // a later write reports it if it fails, too
+  }
 }
 
 void DraftKeeper::Hold() {
@@ -88,6 +132,7 @@ void DraftKeeper::Hold() {
 }
 
 void DraftKeeper::Remove() {
+  Wait();
   changed_ = false;
   waitingTicks_ = 0;
   if (const auto draft = std::exchange(draft_, nullptr)) draft->Remove();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <future>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,8 +21,8 @@ class LeftDraft;
 
 /// Keeps a draft of the counting that is being entered, where the host has a store of drafts: after each
 /// pause of the user, and every few seconds while there is none. Time is counted in ticks of the form's
-/// timer. When the entry has ended, because it was saved or given up, the draft is removed; a form that is
-/// destroyed before leaves it.
+/// timer. One write is under way at a time, where the host runs it. When the entry has ended, because it was
+/// saved or given up, the draft is removed; a form that is destroyed before leaves it.
 class DraftKeeper {
  public:
   static constexpr int kPauseTicks = 5;  ///< a second without a change
@@ -33,13 +34,16 @@ class DraftKeeper {
               StoredCountingGuard& guard);
   DraftKeeper(const DraftKeeper&) = delete;
   DraftKeeper& operator=(const DraftKeeper&) = delete;
-  ~DraftKeeper() = default;
+  /// Waits for the write that is under way.
+  ~DraftKeeper();
 
   /// An entry begins: what is on the form is not worth a draft before the user changes it.
   void Begin();
-  /// The form's timer ticks. Throws InputError the first time that a draft cannot be written.
+  /// The form's timer ticks. Throws InputError the first time that a draft cannot be written, when the write
+  /// has ended.
   void Tick();
-  /// Writes what the draft does not hold yet; a draft that cannot be written is no reason not to save.
+  /// Writes what the draft does not hold yet, and waits for that; a draft that cannot be written is no reason
+  /// not to save.
   void WriteIfPossible() noexcept;
   /// A command has failed: the draft stays even if the entry has ended, since nobody knows what was stored.
   void Hold();
@@ -48,7 +52,11 @@ class DraftKeeper {
 
  private:
   void Changed();
-  void Write();
+  void Try(void (DraftKeeper::*part)());
+  void BeginWrite();
+  [[nodiscard]] bool IsWriting() const;
+  void EndWrite();
+  void Wait() noexcept;
   void Remove();
 
   InvCountingControls& controls_;
@@ -56,6 +64,7 @@ class DraftKeeper {
   CountingLines& lines_;
   StoredCountingGuard& guard_;
   std::unique_ptr<Draft> draft_;  ///< nothing before the first write
+  std::future<void> underWay_;    ///< of a write of the draft whose outcome has not been looked at
   bool changed_ = false;          ///< since the draft was written
   int quietTicks_ = 0;            ///< since the last change
   int waitingTicks_ = 0;          ///< since the first change that is not in the draft

@@ -1,5 +1,8 @@
 #include "host/HostSession.h"
 
+#include <future>
+#include <utility>
+
 #include "host/ProgramConnector.h"
 #include "platform/text/Text.h"
 
@@ -16,6 +19,7 @@ HostSession::HostSession(const std::filesystem::path& settings)
 HostServices HostSession::Services() {
   HostServices services = suite_.Services();
   services.drafts = &drafts_;
+  services.runDraftWrite = [this](std::packaged_task<void()> write) { draftWriter_.Run(std::move(write)); };
   services.preferences = &settings_.FormPreferences();
   return services;
 }

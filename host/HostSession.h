@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "adapters/system/DraftFiles.h"
+#include "adapters/system/WriterThread.h"
 #include "database/sqlserver/CheckDatabase.h"
 #include "desktop/suite/DesktopSuite.h"
 #include "host/BackgroundWork.h"
@@ -57,6 +58,7 @@ class HostSession {
   HostSettings settings_;
   DesktopSuite suite_;
   DraftFiles drafts_;
+  WriterThread draftWriter_;
   BackgroundWork background_;  // uses the suite until it has ended
 };
 

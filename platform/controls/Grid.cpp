@@ -160,10 +160,13 @@ void Grid::Sort(int col, SortMode mode) {
 void Grid::SortByEntry() {
   std::vector<std::size_t> order(rows_.size());
   std::iota(order.begin(), order.end(), 0U);
-  std::sort(order.begin(), order.end(),
-            [this](std::size_t a, std::size_t b) { return entries_[a] < entries_[b]; });
-  ReorderRows(rows_, order);
+  std::ranges::sort(order, {}, [this](std::size_t row) { return entries_[row]; });
   sortedCol_ = -1;
+  Arrange(order);
+}
+
+void Grid::Arrange(const std::vector<std::size_t>& order) {
+  ReorderRows(rows_, order);
   FollowOrder(order);
 }
 
@@ -179,9 +182,8 @@ void Grid::FollowOrder(const std::vector<std::size_t>& order) {
   };
   follow(entries_);
   follow(ids_);
-  const int before = row_;
   const auto at = std::find(order.begin(), order.end(), static_cast<std::size_t>(row_));
-  row_ = static_cast<int>(at - order.begin());
+  const int before = std::exchange(row_, static_cast<int>(at - order.begin()));
   ReportTexts({GridChange::Kind::AllTexts});
   if (row_ != before) ReportCurrent();
 }

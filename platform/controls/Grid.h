@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -109,6 +110,11 @@ class Grid : public Control {
   void Sort(int col, SortMode mode);
   /// Brings back the order in which the rows were appended, or which KeepOrder has kept since.
   void SortByEntry();
+  /// Shows the rows in another order: the row at index i becomes the one that has the index order[i]. The
+  /// header stays first; the order of entry is not changed.
+  void Arrange(const std::vector<std::size_t>& order);
+  /// A number that grows with the place of the row in the order of entry.
+  [[nodiscard]] std::uint32_t Entry(int row) const { return entries_.at(static_cast<std::size_t>(row)); }
   /// Makes the present order the order of entry.
   void KeepOrder();
   /// The column that the rows were last sorted by; -1 if they never were, or rows were added or removed

@@ -18,7 +18,8 @@ struct DraftOwner {
 };
 
 /// A text that is kept on the machine beyond the end of the program. While the object exists, no other
-/// program and no other form finds the draft; its destruction leaves the text for them.
+/// program and no other form finds the draft; its destruction leaves the text for them. Write may run in
+/// another thread; nothing else of the draft is called meanwhile.
 class Draft {
  public:
   /// Local time.

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <future>
 #include <string>
 
 #include "platform/ports/Components.h"
@@ -46,6 +47,9 @@ struct HostServices {
   FileSystem& files;
   SpreadsheetStarter& spreadsheets;
   DraftStore* drafts = nullptr;  ///< without one, no draft of an entry is kept
+  /// Runs a write of a draft once, in any thread, so that the user does not wait for the disk. Empty: it runs
+  /// at once.
+  std::function<void(std::packaged_task<void()> write)> runDraftWrite = {};
   /// Asked before a final registration, after the user's right to it: false, and it does not begin. A host
   /// can take a backup here. Not asked when empty.
   std::function<bool()> beforeRegistration = {};

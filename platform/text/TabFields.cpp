@@ -1,10 +1,13 @@
 #include "platform/text/TabFields.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
 namespace koru {
 namespace {
+
+bool IsEscaped(char c) { return c == '\\' || c == '\t' || c == '\n'; }
 
 bool Unescape(std::string_view written, std::string& text) {
   text.reserve(written.size());
@@ -25,12 +28,12 @@ bool Unescape(std::string_view written, std::string& text) {
 
 void AppendTabField(std::string& line, std::string_view text) {
   line += '\t';
-  if (text.find_first_of("\\\t\n") == std::string_view::npos) {
+  if (std::none_of(text.begin(), text.end(), IsEscaped)) {
     line += text;
     return;
   }
   for (const char c : text) {
-    if (c == '\\' || c == '\t' || c == '\n') line += '\\';
+    if (IsEscaped(c)) line += '\\';
     line += c == '\t' ? 't' : c == '\n' ? 'n' : c;
   }
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <future>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "adapters/system/DraftFiles.h"
@@ -20,6 +22,11 @@ class Drafts : public CountingWorld {
   void Start() {
     HostServices services = Services();
     services.drafts = &store_;
+    if (hasWriter_) {
+      services.runDraftWrite = [this](std::packaged_task<void()> write) {
+        writes_.push_back(std::move(write));
+      };
+    }
     program_ = std::make_unique<comInvCounting>(*this, services);
     program_->SetOLEConnectionString(database.ConnectionText());
     program_->SetUserID(7);
@@ -67,6 +74,8 @@ class Drafts : public CountingWorld {
 
   TemporaryFolder folder_;
   DraftFiles store_{folder_.Path() / "drafts"};
+  bool hasWriter_ = false;                          ///< writes are run by the test, in the next program
+  std::vector<std::packaged_task<void()>> writes_;  ///< those that wait for it
   std::unique_ptr<comInvCounting> program_;
 };
 

@@ -4,10 +4,15 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <thread>
+#include <utility>
 
 #include "adapters/system/LocalTime.h"
+#include "draft/CountingDraft.h"
 #include "lines/LineColumns.h"
 #include "platform/sql/ConnectionText.h"
+#include "platform/text/Errors.h"
+#include "platform/text/Fingerprint.h"
 #include "tests/counting/DraftsTest.h"
 
 namespace koru::test {
@@ -79,6 +84,57 @@ TEST_F(Drafts, Bring_back_the_form_exactly_as_it_was) {
     EXPECT_EQ(Files(), 0U);
     Crash();
   }
+}
+
+TEST_F(Drafts, Bring_back_the_order_of_entry_of_sorted_lines) {
+  EnterNew();
+  Grid* grid = &Counting().flexDetail;
+  grid->UserMoveTo(1, LineColumn::Barcode);
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(grid->UserDeleteRow());
+  for (const char* barcode : {"G9", "G1"}) {
+    grid->AddItem("");
+    grid->SetTextMatrix(grid->Rows() - 1, LineColumn::Barcode, barcode);
+  }
+  const auto barcodes = [&grid] {
+    std::string all;
+    for (int row = 1; row < grid->Rows(); ++row)
+      all += std::string(grid->TextMatrix(row, LineColumn::Barcode));
+    return all;
+  };
+  grid->UserSort({LineColumn::Barcode, RowOrder::Descending});
+  for (int crash = 0; crash < 2; ++crash) {
+    Counting().txtNotes.UserType("يادداشت " + std::to_string(crash));
+    Pause();
+    Crash();
+    ASSERT_TRUE(program_->FindDraft());
+    ASSERT_TRUE(program_->RestoreDraft());
+    grid = &Counting().flexDetail;
+    EXPECT_EQ(barcodes(), "G9G3G2G1");
+  }
+  EXPECT_EQ(DecodeDraft(ContentOf(OnlyFile())).places, (std::vector<std::size_t>{3, 2, 1, 4}));
+  grid->UserSort({LineColumn::Barcode, RowOrder::Entry});
+  EXPECT_EQ(barcodes(), "G2G3G9G1");
+  grid->AddItem("");
+  grid->UserSort({LineColumn::Barcode, RowOrder::Descending});
+  grid->UserSort({LineColumn::Barcode, RowOrder::Entry});
+  EXPECT_EQ(barcodes(), "G2G3G9G1") << "a line that is added is the last one";
+}
+
+TEST_F(Drafts, Whose_order_of_entry_is_not_that_of_their_lines_are_damaged) {
+  EnterNew();
+  Counting().flexDetail.UserSort({LineColumn::Barcode, RowOrder::Descending});
+  Pause();
+  const std::string draft = ContentOf(OnlyFile());
+  const std::string places = "\nplaces\t3\t2\t1";
+  ASSERT_NE(draft.find(places), std::string::npos);
+  for (const char* const wrong : {"3\t2\t2", "3\t2", "4\t2\t1", "0\t2\t1", "3\t2\t1\t4"}) {
+    std::string text = draft.substr(0, draft.rfind("\nend\t"));
+    text.replace(text.find(places), places.size(), std::string("\nplaces\t") + wrong);
+    text += "\nend\t" + std::to_string(Fingerprint(text)) + "\n";
+    EXPECT_THROW(static_cast<void>(DecodeDraft(text)), InputError) << wrong;
+  }
+  EXPECT_EQ(DecodeDraft(draft).places, (std::vector<std::size_t>{3, 2, 1}));
 }
 
 TEST_F(Drafts, Say_what_they_are_and_when_they_were_written) {
@@ -238,6 +294,70 @@ TEST_F(Drafts, That_cannot_be_written_are_reported_once) {
   std::filesystem::remove(folder_.Path() / "drafts");
   Tick(100);
   EXPECT_EQ(Files(), 1U) << "tried again";
+}
+
+/// The writes of drafts are run by the test.
+class DraftsInAnotherThread : public Drafts {
+ protected:
+  DraftsInAnotherThread() {
+    hasWriter_ = true;
+    Start();
+    Edit(10);
+    Type("7");
+    Pause();
+  }
+  ~DraftsInAnotherThread() override { writes_.clear(); }
+
+  void RunWrite() {
+    ASSERT_EQ(writes_.size(), 1U);
+    std::exchange(writes_, {}).front()();
+  }
+  /// The write that waits runs while the desk waits for it.
+  [[nodiscard]] std::jthread RunSoon() {
+    return std::jthread([write = std::move(writes_.at(0))]() mutable { write(); });
+  }
+  void BreakFolder() { std::ofstream(folder_.Path() / "drafts") << "no folder"; }
+};
+
+TEST_F(DraftsInAnotherThread, Are_written_one_at_a_time_with_what_was_there_when_each_began) {
+  EXPECT_EQ(Files(), 0U);
+  Type("8");
+  Tick(DraftKeeper::kMaxTicksUnwritten);
+  RunWrite();
+  EXPECT_EQ(DecodeDraft(ContentOf(OnlyFile())).cells.at(LineColumn::AcceptedCounting), "7");
+  Pause();
+  RunWrite();
+  EXPECT_EQ(DecodeDraft(ContentOf(OnlyFile())).cells.at(LineColumn::AcceptedCounting), "8");
+  Tick(DraftKeeper::kMaxTicksUnwritten);
+  EXPECT_TRUE(writes_.empty());
+}
+
+TEST_F(DraftsInAnotherThread, That_could_not_be_written_are_reported_once_and_tried_again) {
+  BreakFolder();
+  RunWrite();
+  Pause();
+  const Texts reported = NewMessages();
+  ASSERT_EQ(reported.size(), 1U);
+  EXPECT_TRUE(reported[0].starts_with("پيش\u200cنويس نوشته نشد: ")) << reported[0];
+  RunWrite();
+  Pause();
+  EXPECT_EQ(NewMessages(), Texts{});
+  std::filesystem::remove(folder_.Path() / "drafts");
+  RunWrite();
+  EXPECT_EQ(Files(), 1U);
+}
+
+TEST_F(DraftsInAnotherThread, Are_gone_with_a_cancel_that_comes_before_their_end) {
+  const std::jthread writer = RunSoon();
+  messages.WillAnswer(Answer::Yes);
+  Click(Counting().cmdCancel);
+  EXPECT_EQ(Files(), 0U);
+}
+
+TEST_F(DraftsInAnotherThread, Are_whole_after_the_form_was_closed_before_their_end) {
+  const std::jthread writer = RunSoon();
+  program_.reset();
+  EXPECT_EQ(DecodeDraft(ContentOf(OnlyFile())).Key(), "10");
 }
 
 }  // namespace
