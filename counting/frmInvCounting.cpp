@@ -263,10 +263,12 @@ void frmInvCounting::ConnectEvents() {
     figuresAge_.CalculatedAt(figuresAge_.Now());
     CommandReported.Raise(CalculatedSentence(*this));
   });
-  cmdTmpSave.Click.Always(
-      [this] { Save([this] { return temporarySave_.Run() ? SavedSentence(*this) : std::string(); }); });
+  cmdTmpSave.Click.Always([this] {
+    Save(WantedSave::Temporary,
+         [this] { return temporarySave_.Run() ? SavedSentence(*this) : std::string(); });
+  });
   cmdIsFinalized.Click.Always([this] {
-    Save([this] {
+    Save(WantedSave::Final, [this] {
       const auto documents = finalRegistration_.Run();
       return documents ? RegisteredSentence(*this, *documents) : std::string();
     });
@@ -357,8 +359,11 @@ void frmInvCounting::RunAndTick(const std::function<void()>& command) {
 
 /// A saved document has its save commands disabled; the keyboard focus moves to the likely next command,
 /// never to one that writes. `command` returns the sentence about what it did; empty: nothing was written.
-void frmInvCounting::Save(const std::function<std::string()>& command) {
+void frmInvCounting::Save(WantedSave wanted, const std::function<std::string()>& command) {
   if (!storeOfFigures_.MayBeStored()) return;
+  bool isKept = false;
+  SaveWanted.Raise(wanted, isKept);
+  if (isKept) return;
   drafts_.WriteIfPossible();
   std::string report;
   RunAndTick([&] {

@@ -34,6 +34,9 @@
 
 namespace koru {
 
+/// The two commands that write an entry.
+enum class WantedSave { Temporary, Final };
+
 /// The counting form: one counting document at a time, with its lines, its commands and its totals.
 class frmInvCounting : public Form, public InvCountingControls {
  public:
@@ -103,6 +106,9 @@ class frmInvCounting : public Form, public InvCountingControls {
   /// Raised before Cancel asks whether the entry is to be given up, whatever command wants it. A listener
   /// that sets the flag keeps the entry, and Cancel does not ask.
   Event<bool&> CancelWanted;
+  /// Raised before the entry is saved or registered. A listener that sets the flag keeps the entry as it is:
+  /// the command does nothing.
+  Event<WantedSave, bool&> SaveWanted;
 
   /// A scanned barcode has no line: offers cmdAddScanned, which adds the good. Only while a document is
   /// entered.
@@ -137,7 +143,7 @@ class frmInvCounting : public Form, public InvCountingControls {
   bool OpenFound(std::int32_t id);
   void RunAndTick(const std::function<void()>& command);
   void Enter(const std::function<void()>& command);
-  void Save(const std::function<std::string()>& command);
+  void Save(WantedSave wanted, const std::function<std::string()>& command);
   void ReadPreferences();
   void ShowHistory();
   void Tick();

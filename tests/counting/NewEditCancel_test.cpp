@@ -162,6 +162,27 @@ TEST_F(NewEditCancel, A_listener_that_keeps_the_entry_is_asked_before_every_way_
   EXPECT_EQ(Form().txtNotes.Text(), "typed");
 }
 
+TEST_F(NewEditCancel, A_listener_that_keeps_the_entry_is_asked_before_both_saves_which_then_do_nothing) {
+  ViewAndEdit(10);
+  Form().Timer1.Fire();
+  Form().txtNotes.UserType("typed");
+  std::vector<WantedSave> asked;
+  Subscription keeps = Form().SaveWanted.Subscribe([&](WantedSave wanted, bool& isKept) {
+    asked.push_back(wanted);
+    isKept = true;
+  });
+  NewStatements();
+  Click(Form().cmdTmpSave);
+  Click(Form().cmdIsFinalized);
+  EXPECT_EQ(asked, (std::vector{WantedSave::Temporary, WantedSave::Final}));
+  EXPECT_EQ(NewStatements(), Texts());
+  EXPECT_EQ(Mode(), DocumentMode::Editing);
+  EXPECT_EQ(Form().txtNotes.Text(), "typed");
+  keeps.End();
+  Click(Form().cmdTmpSave);
+  EXPECT_EQ(Mode(), DocumentMode::Viewing);
+}
+
 TEST_F(NewEditCancel, Any_answer_but_yes_keeps_the_document) {
   ViewAndEdit(10);
   Form().txtGNO.UserType("B-1");
