@@ -75,7 +75,10 @@ void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
   auto* const edit = qobject_cast<QLineEdit*>(editor);
   if (edit == nullptr || edit->isModified())
     return;  // a changed row does not replace a text that is being typed
-  edit->setText(index.data(Qt::EditRole).toString());
+  const QString text = index.data(Qt::EditRole).toString();
+  if (edit->text() == text) return;  // the change is another cell's: selection and cursor stay
+  edit->setText(text);
+  edit->selectAll();  // a figure typed now replaces the new text, as it would have the old one
 }
 
 void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

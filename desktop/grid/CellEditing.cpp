@@ -47,6 +47,11 @@ CellEditing::State CellEditing::CurrentState() const {
   return Editor() == nullptr ? State::Closed : openedBy_;
 }
 
+bool CellEditing::HoldsTyped() const {
+  const QLineEdit* const editor = Editor();
+  return editor != nullptr && editor->isModified();
+}
+
 /// Returns true if the edit is over: the text was stored, or the cell can no longer be edited.
 bool CellEditing::Store(QLineEdit& editor) {
   const GridModel& rows = view_.Rows();
@@ -122,7 +127,9 @@ bool CellEditing::HoldsScan() const { return view_.Scanning().HasScanColumn() &&
 /// Takes the barcode out of the editor and returns it.
 QString CellEditing::RemoveScan(QLineEdit& editor) {
   QString barcode = view_.Pace().Text();
-  editor.setText(view_.Pace().Before().value_or(cell_.data(Qt::EditRole).toString()));
+  const auto typed = view_.Pace().Before();
+  editor.setText(typed.value_or(cell_.data(Qt::EditRole).toString()));
+  editor.setModified(typed.has_value());
   view_.Pace().Forget();
   return barcode;
 }

@@ -29,6 +29,8 @@ class CellEditing {
   explicit CellEditing(GridView& view) : view_(view) {}
 
   [[nodiscard]] State CurrentState() const;
+  /// Whether the open editor holds what the user has typed, and not the text of its cell, which it follows.
+  [[nodiscard]] bool HoldsTyped() const;
   /// The view has opened an editor in `cell`.
   void Begin(const QModelIndex& cell, QAbstractItemView::EditTrigger trigger);
   /// Stores the text of the open editor, if any, and closes it. Returns false if the form refused the text.

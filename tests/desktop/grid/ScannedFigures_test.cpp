@@ -179,6 +179,14 @@ TEST_F(ScannedFiguresTest, A_refused_figure_keeps_its_cell_and_the_scan_has_no_e
   EXPECT_EQ(Figures(), "2,3=5 ");
 }
 
+TEST_F(ScannedFiguresTest, A_figure_that_was_refused_at_a_scan_stays_while_others_come_from_elsewhere) {
+  keys.Type("-1");
+  keys.Scan("6261234567890");
+  ASSERT_TRUE(view->IsTypedInto());
+  EXPECT_TRUE(grid.UserEditElsewhere(2, Second, "4"));
+  EXPECT_EQ(view->findChild<QLineEdit*>("cellEditor")->text(), "-1");
+}
+
 TEST_F(ScannedFiguresTest, A_scan_never_leads_to_the_rate) {
   grid.SetCurrent(2, Rate);
   keys.Type("3");
