@@ -87,6 +87,9 @@ struct FloorDevice {
   std::chrono::sys_seconds lastContact;
   std::int64_t received = 0;  ///< figures that were decided, each once
   std::int64_t refused = 0;   ///< those of them that are not in the counting
+
+  /// The name for people: its own, or its id while it has none.
+  [[nodiscard]] const std::string& ShownName() const { return name.empty() ? id : name; }
 };
 
 /// A barcode that a device scanned and no line has.

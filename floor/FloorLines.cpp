@@ -1,6 +1,7 @@
 #include "floor/FloorLines.h"
 
 #include <algorithm>
+#include <numeric>
 #include <unordered_set>
 #include <utility>
 
@@ -9,20 +10,19 @@
 namespace koru {
 namespace {
 
-/// A device that has not asked for longer reads all lines anew.
-constexpr std::size_t kMaxChanges = 100'000;
-
 std::string TextOf(const LineKey& key) { return std::to_string(key.ordinal) + '\n' + key.barcode; }
+
+constexpr std::uint32_t kDrawn = 1'000'000'000;  ///< ordinals that can be drawn
 
 std::size_t PlaceOf(int count) { return static_cast<std::size_t>(count - 1); }
 
 }  // namespace
 
-FloorLines::FloorLines(Grid& grid, std::int64_t revision)
+FloorLines::FloorLines(Grid& grid, std::int64_t revision, RandomBits random)
     : grid_(grid),
       revision_(revision),
       linesRevision_(revision),
-      forgotten_(revision),
+      random_(std::move(random)),
       subscription_(grid.RowsChanged.Subscribe([this](const GridChange& change) { Follow(change); })) {}
 
 int FloorLines::ColumnOf(int count) { return LineColumn::FirstCounting + count - 1; }
@@ -44,6 +44,9 @@ void FloorLines::Follow(const GridChange& change) {
   stale_ = true;
   // While the grid is locked nobody adds lines: they are read.
   areRead_ = areRead_ || (change.kind == GridChange::Kind::RowsInserted && grid_.Locked());
+  // Counts that the desk enters into many lines at once, as an import does, are taken within its command: to
+  // take them later would hold the desk in the middle of something else.
+  if (change.kind == GridChange::Kind::AllTexts && !grid_.Locked()) Refresh();
   Changed.Raise();
 }
 
@@ -61,17 +64,18 @@ void FloorLines::TakeFigures(Line& line, std::uint32_t id) {
 }
 
 void FloorLines::LogFigure(std::uint32_t id, int count) {
-  changes_.push_back({++revision_, id, count});
-  if (changes_.size() <= kMaxChanges) return;
-  forgotten_ = changes_.front().revision;
-  changes_.pop_front();
+  auto& [latest, forgotten] = changes_.at(PlaceOf(count));
+  latest.push_back({++revision_, id});
+  if (latest.size() <= kMaxChanges) return;
+  forgotten = latest.front().revision;
+  latest.pop_front();
 }
 
 void FloorLines::Forget(std::uint32_t id) {
   const auto found = lines_.find(id);
   const LineKey& key = found->second.key;
   ids_.erase(TextOf(key));
-  if (const auto number = ofBarcode_.find(key.barcode); --number->second == 0) ofBarcode_.erase(number);
+  if (const auto of = barcodes_.find(key.barcode); --of->second.lines == 0) barcodes_.erase(of);
   lines_.erase(found);
   linesRevision_ = ++revision_;
 }
@@ -95,7 +99,6 @@ void FloorLines::Refresh() {
   ForgetWithout(present);
   if (!added.empty()) AddLines(std::move(added));
   areRead_ = false;
-  isOrderOfRows_ = false;
 }
 
 void FloorLines::ForgetWithout(const std::unordered_set<std::uint32_t>& present) {
@@ -107,32 +110,34 @@ void FloorLines::ForgetWithout(const std::unordered_set<std::uint32_t>& present)
   for (const std::uint32_t id : gone) Forget(id);
 }
 
-/// Gives keys to the lines of these rows, in the order in which the rows were appended: that of the stored
-/// lines, however they are sorted now.
+void FloorLines::SortByEntry(std::vector<int>& rows) const {
+  std::ranges::sort(rows, {}, [this](int row) { return grid_.Entry(row); });
+}
+
+/// Gives keys to the lines of these rows, in their order of entry: that of the stored lines, however they are
+/// sorted now.
 void FloorLines::AddLines(std::vector<int> rows) {
-  if (!isOrderOfRows_)
-    std::sort(rows.begin(), rows.end(), [this](int a, int b) { return grid_.RowID(a) < grid_.RowID(b); });
-  struct Ordinals {
-    std::vector<int> stored;  ///< of lines that are read anew, in their order
-    std::size_t used = 0;
-    int last = 0;  ///< the ordinals up to this one are taken
+  SortByEntry(rows);
+  struct Added {
+    std::size_t number = 0;
+    std::vector<int> ordinals;  ///< of lines that are read
+    std::size_t used = 0;       ///< of the ordinals
+    int last = 0;               ///< the lowest ordinals, up to this one, are taken
   };
-  std::unordered_map<std::string, Ordinals> ordinals;
+  std::unordered_map<std::string, Added> added;
+  for (const int row : rows) ++added[std::string(grid_.TextMatrix(row, LineColumn::Barcode))].number;
   for (const int row : rows) {
     const std::uint32_t id = grid_.RowID(row);
-    LineKey key{std::string(grid_.TextMatrix(row, LineColumn::Barcode)), 1};
-    const auto [found, isFirst] = ordinals.try_emplace(key.barcode);
-    Ordinals& of = found->second;
-    const auto stored = stored_.find(key.barcode);
-    if (areRead_ && isFirst && stored != stored_.end()) of.stored = stored->second;
-    const bool isStored = of.used < of.stored.size();
-    if (isStored) key.ordinal = of.stored[of.used++];
-    if (!isStored || ids_.contains(TextOf(key))) {
-      do key.ordinal = ++of.last;
-      while (ids_.contains(TextOf(key)));
-    }
+    LineKey key{std::string(grid_.TextMatrix(row, LineColumn::Barcode)), 0};
+    Added& of = added.at(key.barcode);
+    if (areRead_ && of.used == 0) of.ordinals = OrdinalsOfRead(key.barcode, of.number);
+    if (of.used < of.ordinals.size()) key.ordinal = of.ordinals[of.used++];
+    if (key.ordinal == 0 || ids_.contains(TextOf(key)))
+      key.ordinal = of.last = NextOrdinal(key.barcode, of.last);
     ids_.emplace(TextOf(key), id);
-    ++ofBarcode_[key.barcode];
+    auto& [lines, isDrawn] = barcodes_[key.barcode];
+    ++lines;
+    isDrawn = key.ordinal >= kFirstDrawn;
     Line line{std::move(key), row, {}, {}};
     for (int count = 1; count <= kFloorCounts; ++count) {
       line.figures.at(PlaceOf(count)) = grid_.TextMatrix(row, ColumnOf(count));
@@ -142,21 +147,75 @@ void FloorLines::AddLines(std::vector<int> rows) {
   linesRevision_ = ++revision_;
 }
 
+/// The ordinals of lines that are read, which are all that a barcode has.
+std::vector<int> FloorLines::OrdinalsOfRead(const std::string& barcode, std::size_t number) {
+  std::vector<int> ordinals(number);
+  std::iota(ordinals.begin(), ordinals.end(), 1);
+  if (!isContinued_) return ordinals;
+  const auto stored = stored_.find(barcode);
+  const bool isSingle = stored == stored_.end();
+  if (areStored_ && number == (isSingle ? 1 : stored->second.size())) {
+    return isSingle ? ordinals : stored->second;
+  }
+  if (!areStored_ && number == 1 && isSingle && !several_.contains(barcode)) return ordinals;
+  // Which line is which, nobody knows: the desk has deleted or added some, or another station has.
+  std::iota(ordinals.begin(), ordinals.end(), Draw());
+  if (areStored_) StoredDrawn.Raise(barcode, stored_[barcode] = ordinals);
+  return ordinals;
+}
+
+int FloorLines::Draw() { return kFirstDrawn + static_cast<int>(random_() % kDrawn); }
+
+/// The lowest ordinal above `after` that is free. Beside ordinals that were drawn, low ones are those of
+/// lines that nobody knows any more.
+int FloorLines::NextOrdinal(const std::string& barcode, int after) {
+  const auto of = barcodes_.find(barcode);
+  const bool draws = of != barcodes_.end() && of->second.isDrawn;
+  do after = draws ? Draw() : after + 1;
+  while (ids_.contains(TextOf({barcode, after})));
+  return after;
+}
+
+void FloorLines::Continue(StoredOrdinals stored, std::set<std::string> several) {
+  stored_ = std::move(stored);
+  several_ = std::move(several);
+  isContinued_ = true;
+}
+
+void FloorLines::Begin(bool areStored) {
+  areStored_ = areStored;
+  Refresh();
+  areStored_ = true;
+  if (areStored) {
+    KeepStored();
+  } else if (!isContinued_) {
+    for (const auto& [barcode, of] : barcodes_) {
+      if (of.lines > 1) stored_[barcode].clear();
+    }
+  }
+  isContinued_ = true;
+}
+
+bool FloorLines::ArePlain() const {
+  return std::ranges::all_of(stored_, [](const auto& of) {
+    int expected = 0;
+    const std::vector<int>& ordinals = of.second;
+    return !ordinals.empty() &&
+           std::ranges::all_of(ordinals, [&expected](int ordinal) { return ordinal == ++expected; });
+  });
+}
+
 void FloorLines::KeepStored() {
   Refresh();
   stored_.clear();
-  StoredOrdinals several;
-  for (int row = 1; row < grid_.Rows(); ++row) {
+  std::vector<int> rows(static_cast<std::size_t>(grid_.Rows() - 1));
+  std::iota(rows.begin(), rows.end(), 1);
+  SortByEntry(rows);
+  for (const int row : rows) {
     const auto found = lines_.find(grid_.RowID(row));
     if (found == lines_.end()) continue;
     const LineKey& key = found->second.key;
-    if (key.ordinal > 1 || ofBarcode_.at(key.barcode) > 1) several[key.barcode].push_back(key.ordinal);
-  }
-  for (auto& [barcode, ordinals] : several) {
-    int expected = 0;
-    const bool isPlain = std::all_of(ordinals.begin(), ordinals.end(),
-                                     [&expected](int ordinal) { return ordinal == ++expected; });
-    if (!isPlain) stored_.emplace(barcode, std::move(ordinals));
+    if (key.ordinal > 1 || barcodes_.at(key.barcode).lines > 1) stored_[key.barcode].push_back(key.ordinal);
   }
 }
 
@@ -168,7 +227,7 @@ int FloorLines::RowOf(const LineKey& key) {
 
 bool FloorLines::HasBarcode(const std::string& barcode) {
   Refresh();
-  return ofBarcode_.contains(barcode);
+  return barcodes_.contains(barcode);
 }
 
 FloorLines::Line* FloorLines::LineAt(int row) {
@@ -215,11 +274,12 @@ FloorChanges FloorLines::Since(std::int64_t revision, int count) {
   Refresh();
   FloorChanges changes;
   changes.revision = revision_;
-  changes.linesChanged = revision < linesRevision_ || revision < forgotten_ || revision > revision_;
+  const auto& [latest, forgotten] = changes_.at(PlaceOf(count));
+  changes.linesChanged = revision < linesRevision_ || revision < forgotten || revision > revision_;
   if (changes.linesChanged) return changes;
   std::unordered_set<std::uint32_t> seen;
-  for (auto change = changes_.rbegin(); change != changes_.rend() && change->revision > revision; ++change) {
-    if (change->count != count || !seen.insert(change->id).second) continue;
+  for (auto change = latest.rbegin(); change != latest.rend() && change->revision > revision; ++change) {
+    if (!seen.insert(change->id).second) continue;
     const auto line = lines_.find(change->id);
     if (line == lines_.end()) continue;
     changes.cells.push_back({line->second.key, line->second.figures.at(PlaceOf(count))});

@@ -46,6 +46,16 @@ bool FloorMembers::HaveEntered() const {
   });
 }
 
+void FloorMembers::ForgetFigures(const JournalStart& start) {
+  FloorMembers before(start);
+  for (auto& [key, member] : members_) {
+    member.entered = before.Of(key.first, key.second).entered;
+    member.answers.clear();
+    member.device.received = 0;
+    member.device.refused = 0;
+  }
+}
+
 void FloorMembers::Take(const JournalFigure& figure) {
   if (figure.IsOfDesk()) return;
   Member& member = Of(figure.count, figure.device);
@@ -58,6 +68,11 @@ std::vector<FloorDevice> FloorMembers::Devices() const {
   devices.reserve(members_.size());
   for (const auto& [key, member] : members_) devices.push_back(member.device);
   return devices;
+}
+
+std::string FloorMembers::ShownName(int count, const std::string& id) const {
+  const auto found = members_.find({count, id});
+  return found == members_.end() ? id : found->second.device.ShownName();
 }
 
 std::vector<JournalStart::Device> FloorMembers::ForJournal() const {

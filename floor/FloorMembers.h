@@ -25,10 +25,6 @@ class FloorMembers {
 
     /// Keeps the answer to a figure that was decided; the first one remains.
     void Keep(const FloorAnswer& answer);
-    /// The name of the device for others: its own name, or its id while it has none.
-    [[nodiscard]] const std::string& ShownName() const {
-      return device.name.empty() ? device.id : device.name;
-    }
   };
 
   FloorMembers() = default;
@@ -43,10 +39,15 @@ class FloorMembers {
 
   /// The device of that count with that id, which is new when nothing was heard of it before.
   Member& Of(int count, const std::string& id);
+  /// The figures that came after that start of a journal have not reached the counting: their devices may
+  /// send them again.
+  void ForgetFigures(const JournalStart& start);
   /// Takes a figure and its answer from a journal.
   void Take(const JournalFigure& figure);
 
   [[nodiscard]] std::vector<FloorDevice> Devices() const;
+  /// FloorDevice::ShownName of a device, which need not be a member.
+  [[nodiscard]] std::string ShownName(int count, const std::string& id) const;
   /// What a journal begins with.
   [[nodiscard]] std::vector<JournalStart::Device> ForJournal() const;
 

@@ -49,12 +49,19 @@ class LeftFigures {
 [[nodiscard]] std::vector<JournalFigure> FiguresInPlace(const std::vector<JournalFigure>& journal,
                                                         const Grid& grid, FloorLines& lines);
 
+/// A left figure that was not entered.
+struct NotEntered : LeftFigures::Cell {
+  std::string now;      ///< the cell's text; empty when the line is gone
+  std::string message;  ///< the form's own sentences
+};
+
 /// What became of left figures.
 struct ReplayedFigures {
   std::size_t entered = 0;
-  std::vector<LeftFigures::Cell> gone;      ///< the counting has no such line
-  std::vector<LeftFigures::Cell> replaced;  ///< the desk has entered something else since: it stays
-  std::vector<LeftFigures::Cell> refused;   ///< by the form
+  std::vector<NotEntered> gone;      ///< the counting has no such line
+  bool hasBarcodeOfGone = false;     ///< but it has others of the barcode of one, which may hold the figure
+  std::vector<NotEntered> replaced;  ///< the desk has entered something else since: it stays
+  std::vector<NotEntered> refused;   ///< by the form
 };
 
 }  // namespace koru

@@ -40,25 +40,28 @@ FloorSession::FloorSession(InvCountingControls& controls, const SharedState& sha
       around_(std::move(surroundings)),
       countingID_(static_cast<std::int32_t>(controls.CountingID())),
       codes_(around_.random),
-      lines_(controls.flexDetail, around_.now().time_since_epoch().count() * kRevisionsPerSecond),
+      lines_(controls.flexDetail, around_.now().time_since_epoch().count() * kRevisionsPerSecond,
+             around_.random),
       keeper_(around_.journal, [this] { return JournalText(StartNow()); }) {
   if (!MayBegin(controls, shared)) {
     throw InputError(
         "شمارش با گوشي براي شمارشي است كه ذخيره شده و در حال اصلاح است. نخست ثبت موقت و سپس اصلاح را بزنيد.");
   }
-  if (around_.entryIsWritten()) lines_.TakeOrderOfRows();
   const std::string text = around_.journal.Read();
   if (text.empty()) {
     TakeFromSetAside();
-    around_.journal.Begin(JournalText(StartNow()));
+    BeginJournal();
   } else {
     ReadLeft(text);
   }
-  static_cast<void>(lines_.Revision());  // from now on, what the desk changes is seen
   keeper_.Failed.Always([this](const std::string& sentence) { JournalFailed.Raise(sentence); });
   subscriptions_.push_back(lines_.FigureChanged.Subscribe(
       [this](const LineKey& line, int count, const std::string& before, const std::string& text) {
         NoteDesk(line, count, before, text);
+      }));
+  subscriptions_.push_back(
+      lines_.StoredDrawn.Subscribe([this](const std::string& barcode, const std::vector<int>& ordinals) {
+        keeper_.Add(JournalLine(barcode, ordinals));
       }));
   subscriptions_.push_back(lines_.Changed.Subscribe([this] { Changed.Raise(); }));
   subscriptions_.push_back(controls.Timer1.Tick.Subscribe([this] { Follow(true); }));
@@ -71,7 +74,7 @@ FloorSession::FloorSession(InvCountingControls& controls, const SharedState& sha
 }
 
 FloorSession::~FloorSession() {
-  if (!subscriptions_.empty()) Flush();
+  if (!IsFinished()) Flush();
 }
 
 bool FloorSession::IsEdited() const {
@@ -96,7 +99,7 @@ void FloorSession::Stop() {
 bool FloorSession::Reopen() {
   Follow(false);
   if (end_ == End::None) return true;
-  if (end_ != End::Stopped || subscriptions_.empty()) return false;
+  if (end_ != End::Stopped || IsFinished()) return false;
   end_ = End::None;
   Changed.Raise();
   return true;
@@ -184,17 +187,12 @@ void FloorSession::Follow(bool settled) {
     BeginCommit();
   } else if (settled && wasEdited_) {
     wasEdited_ = false;
-    if (!around_.entryIsWritten()) {
-      Finish(End::Cancelled);
-    } else if (controls_.IsFinal()) {
-      hasUnsaved_ = false;
-      Finish(End::Registered);
-    } else if (end_ == End::Stopped) {
-      hasUnsaved_ = false;
-      Finish(End::Stopped);
-    } else {
-      ForgetSaved();
-    }
+    if (!around_.entryIsWritten()) return Finish(End::Cancelled);
+    hasUnsaved_ = false;
+    lines_.KeepStored();
+    if (controls_.IsFinal()) return Finish(End::Registered);
+    if (end_ == End::Stopped) return Finish(End::Stopped);
+    ForgetSaved();
   }
 }
 
@@ -202,16 +200,14 @@ void FloorSession::Follow(bool settled) {
 void FloorSession::Finish(End end) {
   if (end_ == End::None) {
     end_ = end;
-  } else if (end_ != End::Stopped || subscriptions_.empty()) {
+  } else if (end_ != End::Stopped || IsFinished()) {
     return;
   }
   Flush();
   subscriptions_.clear();
-  if (!hasUnsaved_ && !holdsLeft_) {
-    RemoveJournal();
-  } else if (end != End::Unloaded) {
-    static_cast<void>(keeper_.SetAside());  // otherwise the next session finds it where it is
-  }
+  const bool remains = end == End::Unloaded && (hasUnsaved_ || holdsLeft_);  // for the next session
+  if (!remains && hasUnsaved_) static_cast<void>(keeper_.SetAside());
+  if (!remains && !hasUnsaved_ && (!holdsLeft_ || SetLeftAside())) RemoveJournal();
   Changed.Raise();
 }
 
@@ -224,8 +220,6 @@ void FloorSession::Flush() {
 /// The database holds the figures: the journal is begun anew without them. Left figures that are not in the
 /// counting are set aside; while that fails, the journal remains as it is.
 void FloorSession::ForgetSaved() {
-  hasUnsaved_ = false;
-  lines_.KeepStored();
   if (!holdsLeft_ || SetLeftAside()) keeper_.BeginAnew();
 }
 
@@ -273,7 +267,7 @@ FloorAnswer FloorSession::Decide(FloorMembers::Member& member, const FloorFigure
   record.time = member.device.lastContact;
   hasUnsaved_ = hasUnsaved_ || record.IsEntered();
   keeper_.Add(JournalLine(record));
-  Decided.Raise(record, member.ShownName());
+  Decided.Raise(record, member.device.ShownName());
   return answer;
 }
 
@@ -295,7 +289,7 @@ FloorAnswer FloorSession::Apply(FloorMembers::Member& member, const FloorFigure&
     if (answer.state == FigureState::Conflict) answer.by = lines_.EnteredBy(row, count);
     return answer;
   }
-  const Entered entered = EnterCell(row, count, text, member.ShownName());
+  const Entered entered = EnterCell(row, count, text, member.device.ShownName());
   answer.message = entered.message;
   if (entered.stored) {
     answer.state = entered.message.empty() ? FigureState::Stored : FigureState::Warned;

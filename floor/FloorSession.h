@@ -17,6 +17,7 @@
 #include "floor/FloorLines.h"
 #include "floor/FloorMembers.h"
 #include "floor/FloorReplay.h"
+#include "floor/JournalDamage.h"
 #include "floor/JournalKeeper.h"
 #include "platform/ports/FloorJournal.h"
 #include "services/SharedState.h"
@@ -64,7 +65,8 @@ class FloorSession {
 
   /// Begins a session, or continues the one of the journal with its codes, devices and answers. Everything
   /// must outlive the session, except that the form may be unloaded before. Throws InputError when MayBegin
-  /// is false or the journal cannot be read or written. A journal that is damaged is set aside.
+  /// is false or the journal cannot be read or written. A journal that is damaged is set aside, and what can
+  /// be read of it is used; TakeDamage says so.
   FloorSession(InvCountingControls& controls, const SharedState& shared, FloorSurroundings surroundings);
   FloorSession(const FloorSession&) = delete;
   FloorSession& operator=(const FloorSession&) = delete;
@@ -126,13 +128,25 @@ class FloorSession {
 
   // What the desk sees.
 
+  /// What was wrong with the journal that the session has found, for the desk to show; nothing after the
+  /// first call.
+  [[nodiscard]] std::optional<JournalDamage> TakeDamage() { return std::exchange(damage_, std::nullopt); }
+
   [[nodiscard]] std::vector<FloorDevice> Devices() const { return members_.Devices(); }
+  /// FloorDevice::ShownName of the device of that count with that id, of which nothing need have been heard.
+  [[nodiscard]] std::string ShownName(int count, const std::string& id) const {
+    return members_.ShownName(count, id);
+  }
   /// In the order of their first scan, without those that have a line by now.
   [[nodiscard]] std::vector<UnknownBarcode> Unknown();
 
   /// The figures of the journal that the counting lacks, since the program ended before a save. While there
   /// are some, the session is paused until the desk has decided.
   [[nodiscard]] const LeftFigures& Left() const { return left_; }
+  /// Whether a save or a registration would set them aside; those that were taken back are already.
+  [[nodiscard]] bool SaveSetsLeftAside() const {
+    return holdsLeft_ && !leftIsTakenBack_ && !left_.Cells().empty();
+  }
   /// Enters them as devices do. Cells in which the desk has entered something else since keep it. Does
   /// nothing unless the counting is being edited.
   ReplayedFigures Replay();
@@ -157,13 +171,18 @@ class FloorSession {
     std::string message;
   };
 
-  void Continue(const JournalContents& contents);
+  void Continue(JournalContents contents);
   void TakeFromSetAside();
+  void BeginJournal();
+  void ContinueLines(const JournalContents& earlier);
   void RemoveJournal();
   void ReadLeft(std::string_view text);
+  [[nodiscard]] bool SetDamagedAside(const JournalContents& contents);
   [[nodiscard]] bool IsEdited() const;
   void Follow(bool settled);
   void Finish(End end);
+  /// Whether the session has ended and its journal is settled.
+  [[nodiscard]] bool IsFinished() const { return subscriptions_.empty(); }
   void Flush();
   void ForgetSaved();
   bool SetLeftAside();
@@ -190,6 +209,7 @@ class FloorSession {
   bool leftIsTakenBack_ = false;            ///< they are another journal's
   bool holdsLeft_ = false;                  ///< the journal has left figures that are not in the counting
   JournalStart leftStart_;                  ///< what the journal began with
+  std::optional<JournalDamage> damage_;
   End end_ = End::None;
   bool wasEdited_ = true;    ///< the counting was being edited when it was looked at last
   bool isEntering_ = false;  ///< a figure of the floor is being entered

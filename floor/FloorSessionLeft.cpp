@@ -1,6 +1,7 @@
 // The figures that an earlier session has left: FloorSession's part that offers, replays and forgoes them.
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "floor/FloorSession.h"
@@ -9,59 +10,100 @@
 namespace koru {
 namespace {
 
-/// The contents of a journal of that counting; nothing when the text is none.
-std::optional<JournalContents> ContentsOf(std::string_view text, std::int32_t countingID) {
+/// The contents of a journal; nothing when the text is none.
+std::optional<JournalContents> ContentsOf(std::string_view text) {
   try {
-    JournalContents contents = ReadJournal(text);
-    if (contents.start.countingID == countingID) return contents;
+    return ReadJournal(text);
   } catch (const InputError&) {  // damaged
+    return {};
   }
-  return {};
+}
+
+/// The contents of a journal of that counting.
+std::optional<JournalContents> ContentsOf(std::string_view text, std::int32_t countingID) {
+  auto contents = ContentsOf(text);
+  return contents && contents->start.countingID == countingID ? std::move(contents) : std::nullopt;
 }
 
 }  // namespace
 
-/// What has reached the counting is in the journal that was set aside last. Figures that were set aside find
-/// their lines again when these have the keys that they had.
+/// What has reached the counting, and the keys of its lines, are in the journal that was set aside last.
 void FloorSession::TakeFromSetAside() {
-  bool isLast = true;
   for (const std::string& text : around_.journal.ReadSetAside()) {
-    auto contents = ContentsOf(text, countingID_);
+    const auto contents = ContentsOf(text, countingID_);
     if (!contents) continue;
-    if (std::exchange(isLast, false)) members_.TakeEntered(contents->start);
-    if (contents->figures.empty()) continue;
-    lines_.SetStored(std::move(contents->start.ordinals));
-    return;
+    members_.TakeEntered(contents->start);
+    return ContinueLines(*contents);
   }
 }
 
-/// A save holds all figures of the session. A device whose answer was lost still has some of them, and can
-/// bring them to a later session of the counting: their numbers are set aside.
+void FloorSession::ContinueLines(const JournalContents& earlier) {
+  std::set<std::string> several;
+  for (const JournalFigure& figure : earlier.figures) {
+    const bool hasLine = figure.answer.state != FigureState::Gone;
+    if (hasLine && figure.figure.line.ordinal > 1) several.insert(figure.figure.line.barcode);
+  }
+  lines_.Continue(earlier.start.ordinals, std::move(several));
+}
+
+void FloorSession::BeginJournal() {
+  lines_.Begin(around_.entryIsWritten());
+  around_.journal.Begin(JournalText(StartNow()));
+}
+
+/// A save holds all figures of the session. A device whose answer was lost, or that has figures which it has
+/// not sent, can bring them to a later session of the counting: the numbers of the figures that have reached
+/// it, and the keys of its lines, are set aside.
 void FloorSession::RemoveJournal() {
-  if (!members_.HaveEntered()) return keeper_.Remove();
+  const bool isNeeded =
+      members_.HaveEntered() || !lines_.ArePlain() || !around_.journal.ReadSetAside().empty();
+  if (!isNeeded) return keeper_.Remove();
   keeper_.BeginAnew();
   static_cast<void>(keeper_.SetAside());
 }
 
-/// A journal of another counting, or without its beginning, is no journal of this session.
+/// A journal of another counting, or without its beginning, is no journal of this session. Which keys its
+/// lines have had is not known then.
 void FloorSession::ReadLeft(std::string_view text) {
-  const auto contents = ContentsOf(text, countingID_);
-  if (!contents) {
-    around_.journal.SetAside();
-    around_.journal.Begin(JournalText(StartNow()));
-    return;
+  auto contents = ContentsOf(text);
+  if (!contents || contents->start.countingID != countingID_) {
+    using Kind = JournalDamage::Kind;
+    TakeFromSetAside();
+    lines_.Continue({}, {});
+    damage_ = {contents ? Kind::OtherCounting : Kind::Unreadable, 0, around_.journal.SetAside()};
+    return BeginJournal();
   }
-  // What is appended must not follow half a line.
-  if (contents->whole < text.size()) around_.journal.Begin(text.substr(0, contents->whole));
-  Continue(*contents);
+  if (contents->damaged > 0 && SetDamagedAside(*contents)) {
+    around_.journal.Begin(JournalText(*contents));
+  } else if (contents->whole < text.size()) {  // what is appended must not follow half a line
+    around_.journal.Begin(text.substr(0, contents->whole));
+  }
+  Continue(std::move(*contents));
 }
 
-void FloorSession::Continue(const JournalContents& contents) {
+/// A save begins the journal anew, and the damaged lines may be of use to somebody. False when it stays where
+/// it is.
+bool FloorSession::SetDamagedAside(const JournalContents& contents) {
+  damage_ = {JournalDamage::Kind::Lines, contents.damaged, {}};
+  try {
+    damage_->file = around_.journal.SetAside();
+    return true;
+  } catch (const InputError&) {
+    return false;
+  }
+}
+
+void FloorSession::Continue(JournalContents contents) {
   codes_ = AccessCodes(around_.random, contents.start.codes);
   members_ = FloorMembers(contents.start);
   unknown_ = contents.start.unknown;
   leftStart_ = contents.start;
-  lines_.SetStored(contents.start.ordinals);
+  ContinueLines(contents);
+  lines_.Begin(around_.entryIsWritten());
+  if (lines_.Stored() != contents.start.ordinals) {
+    contents.start.ordinals = lines_.Stored();
+    around_.journal.Begin(JournalText(contents));
+  }
   for (const JournalFigure& figure : contents.figures) {
     members_.Take(figure);
     hasUnsaved_ = hasUnsaved_ || figure.IsEntered();
@@ -80,20 +122,21 @@ ReplayedFigures FloorSession::Replay() {
   for (const LeftFigures::Cell& cell : left.Cells()) {
     const int row = lines_.RowOf(cell.line);
     if (row == 0) {
-      replayed.gone.push_back(cell);
+      replayed.gone.push_back({cell, {}, {}});
+      replayed.hasBarcodeOfGone = replayed.hasBarcodeOfGone || lines_.HasBarcode(cell.line.barcode);
       continue;
     }
     const std::string now(controls_.flexDetail.TextMatrix(row, FloorLines::ColumnOf(cell.count)));
     if (!cell.MayReplace(now)) {
-      replayed.replaced.push_back(cell);
+      replayed.replaced.push_back({cell, now, {}});
       continue;
     }
     const Entered outcome =
-        EnterCell(row, cell.count, cell.text, members_.Of(cell.count, cell.device).ShownName());
+        EnterCell(row, cell.count, cell.text, members_.ShownName(cell.count, cell.device));
     if (outcome.stored) {
       entered.push_back(cell.Entered(now, outcome.message));
     } else {
-      replayed.refused.push_back(cell);
+      replayed.refused.push_back({cell, now, outcome.message});
     }
   }
   replayed.entered = entered.size();
@@ -132,9 +175,9 @@ bool FloorSession::ForgoLeft() {
   left_ = {};
   leftIsTakenBack_ = false;
   const auto journal = std::exchange(leftJournal_, {});
-  if (isHeld) {
+  if (isHeld && !IsFinished()) {
     // The figures that nobody wants have not reached the counting: a device that still has one sends it anew.
-    members_ = FloorMembers(leftStart_);
+    members_.ForgetFigures(leftStart_);
     hasUnsaved_ = false;
     keeper_.BeginAnew();
     Take(FiguresInPlace(journal, controls_.flexDetail, lines_));

@@ -26,7 +26,7 @@ bool JournalKeeper::Try(const std::function<void()>& write) {
 std::packaged_task<void()> JournalKeeper::NextWrite() {
   while (underWay_.valid()) static_cast<void>(EndCommit());
   isOnDisk_ = unsynced_.empty() && !beginsAnew_;
-  if (isOnDisk_) return {};
+  if (isOnDisk_ || isGone_) return {};
   if (!beginsAnew_ && !Try([this] { journal_.Append(unsynced_); })) return {};
   written_ = unsynced_.size();
   std::packaged_task<void()> write(
@@ -77,18 +77,24 @@ bool JournalKeeper::Commit() {
 void JournalKeeper::BeginAnew() {
   static_cast<void>(EndCommit());
   beginsAnew_ = true;
+  isGone_ = false;
   unsynced_.clear();
   static_cast<void>(Commit());
 }
 
 bool JournalKeeper::SetAside() {
   static_cast<void>(EndCommit());
-  return Try([this] { journal_.SetAside(); });
+  if (!Try([this] { static_cast<void>(journal_.SetAside()); })) return false;
+  beginsAnew_ = false;
+  isGone_ = true;
+  return true;
 }
 
 void JournalKeeper::Remove() {
   static_cast<void>(EndCommit());
-  Try([this] { journal_.Remove(); });
+  beginsAnew_ = false;
+  unsynced_.clear();
+  isGone_ = Try([this] { journal_.Remove(); });
 }
 
 }  // namespace koru

@@ -13,7 +13,8 @@
 namespace koru {
 
 /// Writes the journal of a session. What cannot be written is kept and tried again; the desk is informed
-/// once. One write is under way at a time: whatever else concerns the journal waits for its end.
+/// once. One write is under way at a time: whatever else concerns the journal waits for its end. A journal
+/// that was set aside or removed is not written to, and comes to be again by BeginAnew alone.
 class JournalKeeper {
  public:
   /// Runs a write once, in any thread. A write that is under way does not use the keeper, but the journal.
@@ -42,10 +43,13 @@ class JournalKeeper {
   [[nodiscard]] bool EndCommit();
   /// Puts on the disk what was added, and waits for that. False when it failed.
   [[nodiscard]] bool Commit();
-  /// Replaces the journal by its start, now or by a later commit; what was added is forgotten.
+  /// Replaces the journal by its start, now or by a later commit; what was added is forgotten. The journal
+  /// exists then.
   void BeginAnew();
-  /// False when that failed: the journal is where it was.
+  /// False when that failed: the journal is where it was. What was added and is not on the disk never will
+  /// be.
   [[nodiscard]] bool SetAside();
+  /// Nothing of the journal is needed any more, nor what was added.
   void Remove();
 
   /// Whether the last write has failed.
@@ -66,6 +70,7 @@ class JournalKeeper {
   std::future<void> underWay_;  ///< of a write whose outcome has not been looked at
   bool isOnDisk_ = true;        ///< the outcome of the last commit
   bool beginsAnew_ = false;
+  bool isGone_ = false;  ///< the journal was set aside or removed
   bool failureIsKnown_ = false;
 };
 

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "platform/text/Errors.h"
@@ -24,11 +26,31 @@ constexpr std::string_view kFigure = "figure";
 constexpr std::array<std::string_view, 5> kStates = {"stored", "warned", "refused", "conflict", "gone"};
 constexpr std::array<std::string_view, 2> kOperations = {"set", "add"};
 
-std::string Line(std::string_view name, const std::vector<std::string>& fields) {
-  std::string record(name);
-  for (const std::string& field : fields) AppendTabField(record, field);
-  return std::to_string(Fingerprint(record)) + '\t' + record + '\n';
-}
+/// A record on its way to a line of the journal.
+class Record {
+ public:
+  explicit Record(std::string_view name) : text_(name) {}
+
+  Record& Add(std::string_view field) {
+    AppendTabField(text_, field);
+    return *this;
+  }
+  Record& Add(std::int64_t number) {
+    std::array<char, 20> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    text_.append(1, '\t').append(digits.data(), end.ptr);
+    return *this;
+  }
+
+  [[nodiscard]] std::string Line() const {
+    std::string line = std::to_string(Fingerprint(text_));
+    line.append(1, '\t').append(text_).append(1, '\n');
+    return line;
+  }
+
+ private:
+  std::string text_;
+};
 
 template <class Number>
 std::optional<Number> NumberIn(std::string_view text) {
@@ -108,14 +130,14 @@ bool TakeUnknown(const Fields& fields, JournalContents& contents) {
 }
 
 bool TakeOrdinals(const Fields& fields, JournalContents& contents) {
-  if (fields.size() < 3) return false;
+  if (fields.size() < 2) return false;
   std::vector<int> ordinals;
   for (std::size_t field = 2; field < fields.size(); ++field) {
     const auto ordinal = NumberIn<int>(fields[field]);
-    const bool isNew = ordinal && std::find(ordinals.begin(), ordinals.end(), *ordinal) == ordinals.end();
-    if (!isNew || *ordinal < 1) return false;
+    if (!ordinal || *ordinal < 1) return false;
     ordinals.push_back(*ordinal);
   }
+  if (std::set(ordinals.begin(), ordinals.end()).size() < ordinals.size()) return false;
   contents.start.ordinals.insert_or_assign(fields[1], std::move(ordinals));
   return true;
 }
@@ -162,45 +184,55 @@ bool TakeFirst(const std::optional<Fields>& fields, JournalStart& start) {
 }  // namespace
 
 std::string JournalText(const JournalStart& start) {
-  Fields first = {std::to_string(start.countingID)};
-  first.insert(first.end(), start.codes.begin(), start.codes.end());
-  std::string text = Line(kJournal, first);
+  Record first(kJournal);
+  first.Add(start.countingID);
+  for (const std::string& code : start.codes) first.Add(code);
+  std::string text = first.Line();
   for (const JournalStart::Device& device : start.devices) {
     text += JournalLine(device);
     for (const auto& [from, to] : device.entered.All()) {
-      text +=
-          Line(kEntered, {std::to_string(device.count), device.id, std::to_string(from), std::to_string(to)});
+      text += Record(kEntered).Add(device.count).Add(device.id).Add(from).Add(to).Line();
     }
   }
   for (const UnknownBarcode& barcode : start.unknown) text += JournalLine(barcode);
-  for (const auto& [barcode, ordinals] : start.ordinals) {
-    Fields fields = {barcode};
-    for (const int ordinal : ordinals) fields.push_back(std::to_string(ordinal));
-    text += Line(kOrdinals, fields);
-  }
+  for (const auto& [barcode, ordinals] : start.ordinals) text += JournalLine(barcode, ordinals);
+  return text;
+}
+
+std::string JournalText(const JournalContents& contents) {
+  std::string text = JournalText(contents.start);
+  for (const JournalFigure& figure : contents.figures) text += JournalLine(figure);
   return text;
 }
 
 std::string JournalLine(const JournalFigure& figure) {
   const FloorFigure& entry = figure.figure;
   const FloorAnswer& answer = figure.answer;
-  return Line(kFigure, {std::to_string(figure.count), figure.device, std::to_string(entry.sequence),
-                        std::string(kOperations.at(static_cast<std::size_t>(entry.operation))),
-                        entry.line.barcode, std::to_string(entry.line.ordinal), entry.text, figure.before,
-                        answer.text, std::string(kStates.at(static_cast<std::size_t>(answer.state))),
-                        answer.message, answer.by, std::to_string(figure.time.time_since_epoch().count())});
+  Record record(kFigure);
+  record.Add(figure.count).Add(figure.device).Add(entry.sequence);
+  record.Add(kOperations.at(static_cast<std::size_t>(entry.operation)));
+  record.Add(entry.line.barcode).Add(entry.line.ordinal).Add(entry.text).Add(figure.before).Add(answer.text);
+  record.Add(kStates.at(static_cast<std::size_t>(answer.state))).Add(answer.message).Add(answer.by);
+  return record.Add(figure.time.time_since_epoch().count()).Line();
 }
 
 std::string JournalLine(const UnknownBarcode& barcode) {
-  return Line(kUnknown, {std::to_string(barcode.count), barcode.device, barcode.barcode});
+  return Record(kUnknown).Add(barcode.count).Add(barcode.device).Add(barcode.barcode).Line();
+}
+
+std::string JournalLine(const std::string& barcode, const std::vector<int>& ordinals) {
+  Record several(kOrdinals);
+  several.Add(barcode);
+  for (const int ordinal : ordinals) several.Add(ordinal);
+  return several.Line();
 }
 
 std::string JournalLine(const JournalStart::Device& device) {
-  return Line(kDevice, {std::to_string(device.count), device.id, device.name});
+  return Record(kDevice).Add(device.count).Add(device.id).Add(device.name).Line();
 }
 
 std::string JournalLine(int count, std::string_view code) {
-  return Line(kCode, {std::to_string(count), std::string(code)});
+  return Record(kCode).Add(count).Add(code).Line();
 }
 
 JournalContents ReadJournal(std::string_view text) {

@@ -59,10 +59,14 @@ struct JournalContents {
 // damaged or cut off is recognised; the second names the record.
 
 [[nodiscard]] std::string JournalText(const JournalStart& start);
+/// A journal with all that was read of another one.
+[[nodiscard]] std::string JournalText(const JournalContents& contents);
 [[nodiscard]] std::string JournalLine(const JournalFigure& figure);
 [[nodiscard]] std::string JournalLine(const UnknownBarcode& barcode);
 /// The name that a device has from now on.
 [[nodiscard]] std::string JournalLine(const JournalStart::Device& device);
+/// The ordinals of the stored lines of a barcode, as in JournalStart.
+[[nodiscard]] std::string JournalLine(const std::string& barcode, const std::vector<int>& ordinals);
 /// The code that a count has from now on.
 [[nodiscard]] std::string JournalLine(int count, std::string_view code);
 

@@ -82,22 +82,22 @@ class JournalFile : public FloorJournal {
     if (error) Fail(kNotWritten, With(kJournal), error);
   }
 
-  void SetAside() override {
+  std::string SetAside() override {
     file_.Close();
     std::error_code error;
+    // After all that are there, whatever the clock says: the last one is the one that counts.
     auto time = Now();
-    fs::path kept;
-    do {
-      kept = stem_;
-      kept += "-" + std::to_string(time.time_since_epoch().count());
-      kept += kAside;
-      time += std::chrono::seconds(1);
-    } while (fs::exists(kept, error));
-    fs::rename(With(kJournal), kept, error);
-    if (error && error != std::errc::no_such_file_or_directory) {
-      Fail("دفتر ارقام گوشي\u200cها كنار گذاشته نشد: ", With(kJournal), error);
+    if (const auto aside = Aside(); !aside.empty()) {
+      time = std::max(time, aside.rbegin()->first + std::chrono::seconds(1));
     }
+    fs::path kept = stem_;
+    kept += "-" + std::to_string(time.time_since_epoch().count());
+    kept += kAside;
+    fs::rename(With(kJournal), kept, error);
+    if (error == std::errc::no_such_file_or_directory) return {};
+    if (error) Fail("دفتر ارقام گوشي\u200cها كنار گذاشته نشد: ", With(kJournal), error);
     SyncFolder(stem_.parent_path());
+    return TextOf(kept);
   }
 
   [[nodiscard]] std::vector<std::string> ReadSetAside() const override {

@@ -30,7 +30,7 @@ FloorBar::FloorBar(FloorDesk& desk, QWidget* parent)
   layout->addWidget(left_);
   layout->addWidget(show_);
   layout->addWidget(stop_);
-  const auto run = [&desk](void (FloorDesk::*command)()) {
+  const auto run = [&desk](auto command) {
     return [&desk, command] { desk.Counting().RunEvent([&desk, command] { (desk.*command)(); }); };
   };
   connect(left_, &QPushButton::clicked, this, run(&FloorDesk::OfferLeft));

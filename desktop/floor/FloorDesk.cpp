@@ -2,6 +2,9 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <array>
+#include <cinttypes>
+#include <cstdio>
 #include <utility>
 
 #include "counting/frmInvCounting.h"
@@ -16,6 +19,7 @@
 #include "floor/FloorLines.h"
 #include "platform/sql/ConnectionText.h"
 #include "platform/text/Errors.h"
+#include "platform/text/Fingerprint.h"
 
 namespace koru {
 namespace {
@@ -23,6 +27,15 @@ namespace {
 constexpr const char* kTitle = "شمارش با گوشي";
 constexpr int kRefreshMs = 1000;
 constexpr int kSoonMs = 200;  ///< figures that come one after the other are shown together
+
+/// FloorServerSettings::counting: 16 hexadecimal digits.
+std::string MarkOf(const FloorJournalOwner& owner) {
+  const std::uint64_t mark =
+      Fingerprint(std::to_string(owner.countingID), Fingerprint("\n", Fingerprint(owner.database)));
+  std::array<char, 17> digits{};
+  std::snprintf(digits.data(), digits.size(), "%016" PRIx64, mark);
+  return digits.data();
+}
 
 }  // namespace
 
@@ -72,6 +85,8 @@ void FloorDesk::FollowForm() {
     ofForm_.push_back(shown->StateChanged.Subscribe([this] { FollowLater(); }));
   }
   ofForm_.push_back(form_.CancelWanted.Subscribe([this](bool& isKept) { isKept = isKept || KeepsEntry(); }));
+  ofForm_.push_back(form_.SaveWanted.Subscribe(
+      [this](WantedSave wanted, bool& isKept) { isKept = isKept || KeepsUnsaved(wanted); }));
   ofForm_.push_back(form_.Unloaded.Subscribe([this] {
     isUnloaded_ = true;
     follow_.stop();
@@ -108,7 +123,7 @@ void FloorDesk::Open() {
   if (!MakeReady()) return;
   if (!IsServed()) {
     Begin();
-    if (!session_->Left().Cells().empty()) OfferLeft();
+    OfferLeft();
     if (session_ == nullptr) return;
     Serve();
   }
@@ -136,16 +151,16 @@ bool FloorDesk::MakeReady() {
   return binding.Press(form_.cmdEdit, BlockedBy::Figures) && FloorSession::MayBegin(form_, form_.Shared());
 }
 
-/// Begins a session, unless one follows the counting already. One that the desk has stopped is opened again.
+/// Begins a session, unless one follows the counting already. One that the desk has stopped is opened again;
+/// one that has ended is closed first, with the server that may still serve it.
 void FloorDesk::Begin() {
-  if (session_ != nullptr && session_->Reopen()) return;
+  if (session_ != nullptr) {
+    if (session_->Reopen()) return;
+    Close();
+  }
   isOffered_ = true;
   const auto counting = static_cast<std::int32_t>(form_.CountingID());
   if (std::exchange(countingOfLog_, counting) != counting) log_.Clear();
-  ofSession_.clear();
-  unsaved_.reset();
-  session_.reset();
-  journal_.reset();
   journal_ = journals_.Open(Owner());
   try {
     session_ = std::make_unique<FloorSession>(
@@ -176,6 +191,7 @@ void FloorDesk::ConnectSession() {
 
 void FloorDesk::Serve() {
   settings_.store = FromQt(NameIn(form_.gmpInventory));
+  settings_.counting = MarkOf(Owner());
   settings_.addresses = addresses_();
   server_ = std::make_unique<FloorServer>(*session_, settings_);
   refresh_.start();
@@ -205,7 +221,7 @@ void FloorDesk::Refresh() {
 
 void FloorDesk::Follow() {
   ShowCommand();
-  if (session_ == nullptr) return OfferAtEdit();
+  if (session_ == nullptr) return static_cast<void>(OfferAtEdit());
   if (session_->IsCommandAtWork()) return FollowLater();
   static_cast<void>(session_->IsOpen());  // looks at the form
   const bool isEdited = FloorSession::MayBegin(form_, form_.Shared());
@@ -290,16 +306,16 @@ void FloorDesk::Close() {
   emit changed();
 }
 
-/// The desk's own text in an open editor stays, whatever comes.
+/// What the desk has typed into an open editor stays, whatever comes; an editor in which nothing was typed
+/// shows what came.
 void FloorDesk::Arrived(const FloorArrival& arrival) {
   GridView& lines = window_.Lines();
   lines.Tint().Show(arrival.row, arrival.col);
   const Grid& grid = form_.flexDetail;
   if (!lines.IsTypedInto() || grid.Row() != arrival.row || grid.Col() != arrival.col) return;
-  ShowCellHint(lines, lines.currentIndex(),
-               QStringLiteral("%1 در اين خانه %2 فرستاد. نوشتة شما مي\u200cماند؛ Esc رقم فرستاده را "
-                              "نگه مي\u200cدارد.")
-                   .arg(Isolated(ToQt(arrival.device)), Isolated(ToQt(arrival.text))));
+  const bool isTyped = lines.Editing().HoldsTyped();
+  if (!isTyped && arrival.text == arrival.before) return;
+  ShowCellHint(lines, lines.currentIndex(), SentenceOn(arrival, isTyped));
 }
 
 /// The server is in the middle of a request.
@@ -337,7 +353,12 @@ QString FloorDesk::NameIn(const Control& selector) const {
 
 QString FloorDesk::Summary() const {
   if (session_ == nullptr) return QStringLiteral("شمارش با گوشي بسته است.");
-  return SentenceOn(*session_);
+  QString sentence = SentenceOn(*session_);
+  if (!IsServed() || session_->Left().Cells().empty()) return sentence;
+  return sentence + QChar(u' ') +
+         (FloorSession::MayBegin(form_, form_.Shared())
+              ? QStringLiteral("گوشي\u200cها تا تصميم شما درنگ كرده\u200cاند.")
+              : QStringLiteral("گوشي\u200cها تا «اصلاح» و تصميم شما درنگ كرده\u200cاند."));
 }
 
 }  // namespace koru

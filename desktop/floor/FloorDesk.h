@@ -25,6 +25,7 @@ class FloorBar;
 class FloorDialog;
 class frmInvCounting;
 class InvCountingWindow;
+enum class WantedSave;
 
 /// Counting on the floor at the desk, for one counting window: its command, the bar that says that the floor
 /// is open, and the dialog. It opens and closes the floor: the journal, the session on it and the server that
@@ -56,8 +57,8 @@ class FloorDesk : public QObject {
   void RenewCode(int count);
   /// Adds a line for the good with a barcode that was scanned on the floor, by the form's own command.
   void AddUnknown(const std::string& barcode);
-  /// Shows the left figures with the choice to take or to forgo them.
-  void OfferLeft();
+  /// Shows the left figures with the choice to take or to forgo them. False when there are none.
+  bool OfferLeft();
   /// The figures that a Cancel or a refusal has set aside become left ones, which are offered.
   void TakeBackSetAside();
   /// Serves https, too. Throws InputError.
@@ -72,7 +73,8 @@ class FloorDesk : public QObject {
   [[nodiscard]] frmInvCounting& Counting() const { return form_; }
   [[nodiscard]] InvCountingWindow& Window() const { return window_; }
   [[nodiscard]] FloorDialog* Dialog() const;
-  /// A sentence about the floor: whether it is open, how many devices take part, how many figures have come.
+  /// A sentence about the floor: whether it is open, how many devices take part, how many figures have come;
+  /// or how many are left, and that the devices wait for the decision.
   [[nodiscard]] QString Summary() const;
   /// The name of the counter of a count as the form shows it; empty when none is chosen.
   [[nodiscard]] QString CounterOf(int count) const;
@@ -104,7 +106,8 @@ class FloorDesk : public QObject {
   void FollowAddresses();
   void FollowLater();
   void Follow();
-  void OfferAtEdit();
+  bool OfferAtEdit();
+  void ShowDamage();
   void Close();
   void End(FloorSession::End end);
   void Arrived(const FloorArrival& arrival);
@@ -112,7 +115,9 @@ class FloorDesk : public QObject {
   void ShowFailure(const std::string& sentence);
   void LeaveDialog();
   [[nodiscard]] bool KeepsEntry() const;
+  [[nodiscard]] bool KeepsUnsaved(WantedSave wanted);
   void Replay();
+  void ShowNotEntered(const ReplayedFigures& replayed);
   void Say(const QString& sentence);
   [[nodiscard]] QString NameIn(const Control& selector) const;
   [[nodiscard]] bool Asks(const std::string& question) const;

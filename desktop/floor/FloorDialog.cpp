@@ -3,14 +3,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QSaveFile>
 #include <QScrollBar>
 #include <QStandardPaths>
 #include <QTabWidget>
-#include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -20,9 +18,9 @@
 #include "desktop/floor/FloorDesk.h"
 #include "desktop/floor/FloorTable.h"
 #include "desktop/floor/FloorTexts.h"
+#include "desktop/floor/LogView.h"
 #include "desktop/toolkit/FileChoice.h"
 #include "desktop/toolkit/QtText.h"
-#include "desktop/toolkit/WholeTextTip.h"
 #include "desktop/toolkit/WindowPlace.h"
 #include "platform/text/Errors.h"
 #include "platform/text/Text.h"
@@ -137,19 +135,9 @@ QWidget* FloorDialog::NewLogPage() {
   auto* const page = new QWidget(this);
   auto* const layout = new QVBoxLayout(page);
   layout->setContentsMargins(6, 6, 6, 6);
-  log_ = new QTableView(page);
+  log_ = new LogView(desk_.Log(), page);
   log_->setObjectName(QStringLiteral("floorLog"));
   log_->setAccessibleName(QStringLiteral("رويدادها"));
-  log_->setModel(&desk_.Log());
-  log_->setItemDelegate(new WholeTextTip(log_));
-  log_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  log_->setTabKeyNavigation(false);
-  log_->setWordWrap(false);
-  log_->verticalHeader()->hide();
-  log_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  log_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-  log_->horizontalHeader()->setSectionResizeMode(FloorLog::Good, QHeaderView::Stretch);
-  log_->setColumnWidth(FloorLog::State, 2 * log_->columnWidth(FloorLog::Time));
   layout->addWidget(log_, 1);
   auto* const save = new QPushButton(QStringLiteral("ذخيره در پرونده..."), page);
   save->setObjectName(QStringLiteral("floorSaveLog"));
@@ -266,23 +254,18 @@ void FloorDialog::SwitchToSecure(bool secure) {
 void FloorDialog::ShowDevices() {
   std::vector<QStringList> rows;
   for (const FloorDevice& device : desk_.Session()->Devices()) {
-    rows.push_back({TitleOfCount(device.count), ToQt(device.name.empty() ? device.id : device.name),
-                    TimeText(device.lastContact), QString::number(device.received),
-                    QString::number(device.refused)});
+    rows.push_back({TitleOfCount(device.count), ToQt(device.ShownName()), TimeText(device.lastContact),
+                    QString::number(device.received), QString::number(device.refused)});
   }
   devices_->ShowRows(rows);
 }
 
 void FloorDialog::ShowUnknown() {
-  const std::vector<FloorDevice> devices = desk_.Session()->Devices();
+  FloorSession& session = *desk_.Session();
   std::vector<QStringList> rows;
-  for (const UnknownBarcode& unknown : desk_.Session()->Unknown()) {
-    QString name = ToQt(unknown.device);
-    for (const FloorDevice& device : devices) {
-      if (device.count == unknown.count && device.id == unknown.device && !device.name.empty())
-        name = ToQt(device.name);
-    }
-    rows.push_back({ToQt(unknown.barcode), TitleOfCount(unknown.count), name});
+  for (const UnknownBarcode& unknown : session.Unknown()) {
+    rows.push_back({ToQt(unknown.barcode), TitleOfCount(unknown.count),
+                    ToQt(session.ShownName(unknown.count, unknown.device))});
   }
   const QString chosen = ChosenUnknown();
   unknown_->ShowRows(rows);

@@ -9,13 +9,13 @@ class QComboBox;
 class QLabel;
 class QPushButton;
 class QTabWidget;
-class QTableView;
 
 namespace koru {
 
 class CountPanel;
 class FloorDesk;
 class FloorTable;
+class LogView;
 
 /// The dialog of the open floor: a page for the codes of the three counts, one for the devices, one for
 /// barcodes that no line has, and one for the log. It does not block the counting window, and closing it
@@ -60,7 +60,7 @@ class FloorDialog : public QDialog {
   FloorTable* devices_ = nullptr;
   FloorTable* unknown_ = nullptr;
   QPushButton* addUnknown_ = nullptr;
-  QTableView* log_ = nullptr;
+  LogView* log_ = nullptr;
   QLabel* said_ = nullptr;
   bool isOver_ = false;
 };

@@ -106,7 +106,8 @@ QString FloorLog::StateOf(const Entry& entry) const {
   if (hides_(entry.figure.count)) return text;
   if (answer.state == FigureState::Conflict) {
     const QString by = answer.by.empty() ? QStringLiteral("ميز") : Isolated(ToQt(answer.by));
-    text += QStringLiteral(" (%1 از %2)").arg(ToQt(answer.text), by);
+    const QString now = answer.text.empty() ? QStringLiteral("خالي") : ToQt(answer.text);
+    text += QStringLiteral(" (%1 از %2)").arg(now, by);
   }
   if (!answer.message.empty()) text += QStringLiteral(": ") + ToQt(answer.message);
   return text;

@@ -6,6 +6,7 @@
 #include "desktop/floor/UnsavedFigures.h"
 #include "desktop/toolkit/QtText.h"
 #include "platform/text/Date.h"
+#include "platform/text/Text.h"
 
 namespace koru {
 
@@ -50,13 +51,53 @@ QString SentenceOn(FloorSession& session) {
 
 QString SentenceOn(const ReplayedFigures& replayed) {
   QString sentence = QStringLiteral("%1 رقم از گوشي\u200cها بازگردانده شد.").arg(replayed.entered);
-  const auto add = [&sentence](const std::vector<LeftFigures::Cell>& cells, const QString& why) {
+  const auto add = [&sentence](const std::vector<NotEntered>& cells, const QString& why) {
     if (!cells.empty()) sentence += QChar(u' ') + why.arg(cells.size());
   };
   add(replayed.gone, QStringLiteral("%1 رقم سطري ندارد."));
+  if (replayed.hasBarcodeOfGone) {
+    sentence += QStringLiteral(
+        " باركد برخي از آن\u200cها هنوز در شمارش هست و شايد رقم در سطر آن باشد: پيش از وارد كردن بسنجيد.");
+  }
   add(replayed.replaced, QStringLiteral("%1 خانه نوشتة تازه\u200cتر ميز را نگه داشت."));
   add(replayed.refused, QStringLiteral("%1 رقم را فرم نپذيرفت."));
   return sentence;
+}
+
+QString SentenceOn(const FloorArrival& arrival, bool isTyped) {
+  const bool isEmptied = arrival.text.empty();
+  const QString device = Isolated(ToQt(arrival.device));
+  QString came = isEmptied
+                     ? QStringLiteral("%1 اين خانه را خالي كرد.").arg(device)
+                     : QStringLiteral("%1 در اين خانه %2 فرستاد.").arg(device, Isolated(ToQt(arrival.text)));
+  if (isTyped)
+    return came + QStringLiteral(" نوشتة شما مي\u200cماند؛ Esc آنچه را آمده است نگه مي\u200cدارد.");
+  if (isEmptied) return came;
+  return came + QStringLiteral(" اكنون رقم خانه همين است؛ آنچه بنويسيد جاي آن را مي\u200cگيرد.");
+}
+
+QString SentenceOn(const JournalDamage& damage) {
+  QString sentence;
+  switch (damage.kind) {
+    case JournalDamage::Kind::Unreadable:
+      sentence = QStringLiteral(
+          "دفتر ارقام گوشي\u200cهاي اين شمارش آسيب ديده است و خوانده نشد: رقم\u200cهايي كه ذخيره نشده بود "
+          "بازگردانده نمي\u200cشود و بايد از شمارندگان پرسيده شود.");
+      break;
+    case JournalDamage::Kind::OtherCounting:
+      sentence = QStringLiteral(
+          "دفتري كه به نام ارقام گوشي\u200cهاي اين شمارش پيدا شد از شمارش ديگري است و به كار نرفت.");
+      break;
+    case JournalDamage::Kind::Lines:
+      sentence = QStringLiteral(
+                     "دفتر ارقام گوشي\u200cهاي اين شمارش آسيب ديده است: %1 سطر آن، كه هر كدام مي\u200cتواند "
+                     "يك رقم باشد، خوانده نشد و بازگردانده نمي\u200cشود.")
+                     .arg(damage.lines);
+      break;
+  }
+  if (damage.file.empty()) return sentence + QStringLiteral("\nاين دفتر سر جاي خود مانده است.");
+  return sentence +
+         QStringLiteral(" دفتر 30 روز نگه داشته مي\u200cشود:\n%1").arg(ToQt(LeftToRight(damage.file)));
 }
 
 QString TimeText(std::chrono::sys_seconds time) {

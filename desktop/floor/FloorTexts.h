@@ -17,6 +17,10 @@ namespace koru {
 [[nodiscard]] QString SentenceOn(FloorSession& session);
 /// What became of left figures.
 [[nodiscard]] QString SentenceOn(const ReplayedFigures& replayed);
+/// What has reached a cell whose editor is open; `isTyped`: the desk has typed into it, and its text stays.
+[[nodiscard]] QString SentenceOn(const FloorArrival& arrival, bool isTyped);
+/// What could not be read of a journal, and where it is.
+[[nodiscard]] QString SentenceOn(const JournalDamage& damage);
 /// A time of the machine's time zone as 14:05:09; the date before it when it is not today's.
 [[nodiscard]] QString TimeText(std::chrono::sys_seconds time);
 /// A text from outside, whose direction does not reach what is around it.

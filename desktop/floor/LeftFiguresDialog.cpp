@@ -20,15 +20,6 @@ namespace {
 constexpr QSize kDefaultSize(760, 420);
 constexpr int kGood = 1;  ///< the column of the names
 
-/// The name that a device has given, or its id while it is not known.
-QString NameOf(const LeftFigures::Cell& cell, const std::vector<FloorDevice>& devices) {
-  for (const FloorDevice& device : devices) {
-    if (device.count == cell.count && device.id == cell.device && !device.name.empty())
-      return ToQt(device.name);
-  }
-  return ToQt(cell.device);
-}
-
 }  // namespace
 
 LeftFiguresDialog::LeftFiguresDialog(const std::vector<LeftFigures::Cell>& cells, GoodNames& names,
@@ -52,13 +43,12 @@ LeftFiguresDialog::LeftFiguresDialog(const std::vector<LeftFigures::Cell>& cells
                      kGood, this);
   table->setObjectName(QStringLiteral("leftTable"));
   table->setAccessibleName(QStringLiteral("رقم\u200cهاي مانده"));
-  const std::vector<FloorDevice> devices = desk.Session()->Devices();
   std::vector<QStringList> rows;
   rows.reserve(cells.size());
   for (const LeftFigures::Cell& cell : cells) {
     rows.push_back({TitleOfCount(cell.count), ToQt(names.Of(cell.line.barcode)), ToQt(cell.line.barcode),
-                    desk.Hides(cell.count) ? QStringLiteral("پنهان") : ToQt(cell.text), NameOf(cell, devices),
-                    TimeText(cell.time)});
+                    desk.Hides(cell.count) ? QStringLiteral("پنهان") : ToQt(cell.text),
+                    ToQt(desk.Session()->ShownName(cell.count, cell.device)), TimeText(cell.time)});
   }
   table->ShowRows(rows);
   layout->addWidget(table, 1);

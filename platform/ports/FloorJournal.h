@@ -35,7 +35,8 @@ class FloorJournal {
   /// Puts on the disk what was appended.
   virtual void Sync() = 0;
   /// Keeps the text aside for 30 days, where Read does not find it; the next Begin makes the journal anew.
-  virtual void SetAside() = 0;
+  /// Returns where it is, for people; empty when there was no text.
+  virtual std::string SetAside() = 0;
   /// The texts that were set aside and are still kept, the last one first, without those that cannot be read.
   [[nodiscard]] virtual std::vector<std::string> ReadSetAside() const = 0;
   /// Removes the text; the next Begin makes it anew.

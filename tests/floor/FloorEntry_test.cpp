@@ -228,6 +228,23 @@ TEST_F(FloorEntry, A_device_hears_of_true_changes_of_its_own_count) {
   EXPECT_TRUE(session_->ChangesSince(revision + 1'000'000'000, 1).linesChanged) << "of another session";
 }
 
+TEST_F(FloorEntry, A_device_that_has_missed_many_changes_of_its_count_is_to_read_the_lines_anew) {
+  constexpr int kMany = 500;
+  const std::int64_t revision = session_->ChangesSince(0, 1).revision;
+  const auto change = [this](int count, int times) {
+    for (int i = 0; i < times; ++i) Type(2, FloorLines::ColumnOf(count), i % 2 == 0 ? "1" : "2");
+  };
+  change(1, kMany);
+  EXPECT_FALSE(session_->ChangesSince(revision, 1).linesChanged);
+  EXPECT_EQ(session_->ChangesSince(revision, 1).cells, (std::vector<FloorChanges::Cell>{{kSugar, "2"}}));
+  change(2, kMany + 1);
+  EXPECT_FALSE(session_->ChangesSince(revision, 1).linesChanged) << "not its count";
+  const FloorChanges many = session_->ChangesSince(revision, 2);
+  EXPECT_TRUE(many.linesChanged);
+  EXPECT_TRUE(many.cells.empty());
+  EXPECT_FALSE(session_->ChangesSince(many.revision, 2).linesChanged);
+}
+
 TEST_F(FloorEntry, Devices_are_listed_with_their_names_and_last_contact) {
   session_->Hello(3, "d3", "  " + std::string(200, 'x'));
   const auto before = session_->Devices().at(0);

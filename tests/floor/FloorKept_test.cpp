@@ -225,6 +225,27 @@ TEST_F(FloorKept, A_figure_that_the_desk_takes_back_is_not_added_again_by_its_de
   EXPECT_EQ(Count(kTea, 1), "7");
 }
 
+TEST_F(FloorKept, When_the_desk_does_without_them_the_devices_keep_the_names_that_they_have_given_since) {
+  session_->Hello(1, "d1", "گوشي");
+  Set(1, kTea, "12");
+  Crash();
+  StartAndOpen();
+  session_->Hello(1, "d1", "گوشي سارا");
+  session_->Hello(2, "d2", "تبلت");
+  const auto names = [this] {
+    Texts all;
+    for (const FloorDevice& device : session_->Devices()) all.push_back(device.name);
+    return all;
+  };
+  ASSERT_TRUE(session_->ForgoLeft());
+  EXPECT_EQ(names(), (Texts{"گوشي سارا", "تبلت"}));
+  EXPECT_EQ(session_->Devices()[0].received, 0);
+  Set(2, kTea, "1");
+  Crash();
+  StartAndOpen();
+  EXPECT_EQ(names(), (Texts{"گوشي سارا", "تبلت"}));
+}
+
 TEST_F(FloorKept, When_the_desk_does_without_them_and_the_disk_is_full) {
   Set(1, kTea, "12");
   Crash();
@@ -257,12 +278,22 @@ TEST_F(FloorKept, When_undecided_ones_cannot_be_set_aside_by_a_save) {
 }
 
 TEST_F(FloorKept, What_the_desk_does_after_it_has_stopped_the_session_is_not_offered_to_be_undone) {
-  Set(1, kTea, "5");
+  Set(1, kSugar, "5");
   session_->Stop();
-  Type(1, LineColumn::FirstCounting, "");
+  Type(2, LineColumn::FirstCounting, "");
   session_.reset();
   Open();
   EXPECT_TRUE(session_->Left().Cells().empty());
+}
+
+TEST_F(FloorKept, What_the_desk_imports_is_on_the_disk_with_the_next_commit) {
+  {
+    const GridRedrawOff redrawOff(Lines());
+    const BatchEdit batch(Lines());
+    for (int row = 1; row < Lines().Rows(); ++row) Type(row, LineColumn::SecondCounting, "7");
+  }
+  ASSERT_TRUE(session_->Commit());
+  EXPECT_EQ(Journalled(), 4U);
 }
 
 TEST_F(FloorKept, What_the_desk_does_after_it_has_stopped_the_session_is_on_the_disk_with_the_next_tick) {

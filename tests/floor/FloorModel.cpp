@@ -6,6 +6,20 @@
 #include "platform/text/Text.h"
 
 namespace koru::test {
+namespace {
+
+/// The barcodes of which there are figures of several lines.
+std::set<std::string> Several(const std::vector<FloorModel::Record>& records) {
+  std::set<std::string> several;
+  for (const FloorModel::Record& record : records) {
+    const bool hasLine = record.answer.state != FigureState::Gone;
+    if (hasLine && record.figure.line.ordinal > 1) several.insert(record.figure.line.barcode);
+  }
+  return several;
+}
+
+}  // namespace
+
 FloorModel::FloorModel(std::vector<StoredLine> lines) : stored_(std::move(lines)) { ReadStored(); }
 
 FloorModel::Line* FloorModel::Find(int id) {
@@ -43,7 +57,15 @@ void FloorModel::DeskEnters(int id, int count, const std::string& text) {
 }
 
 void FloorModel::DeskAdds(int id, const std::string& barcode) {
-  lines_.push_back({id, {barcode, FreeOrdinal(barcode)}, {}, ++lastAppended_});
+  const bool isDrawn = std::any_of(lines_.begin(), lines_.end(), [&barcode](const Line& line) {
+    return line.key.barcode == barcode && (line.key.ordinal < 0 || line.key.ordinal >= kFirstDrawn);
+  });
+  lines_.push_back({id, {barcode, isDrawn ? Draw() : FreeOrdinal(barcode)}, {}});
+}
+
+std::ptrdiff_t FloorModel::Number(const std::string& barcode) const {
+  return std::count_if(lines_.begin(), lines_.end(),
+                       [&barcode](const Line& line) { return line.key.barcode == barcode; });
 }
 
 void FloorModel::DeskDeletes(int id) {
@@ -60,13 +82,12 @@ void FloorModel::Save(const std::vector<int>& order) {
   const auto place = [&order](const Line& line) { return std::find(order.begin(), order.end(), line.id); };
   std::sort(lines_.begin(), lines_.end(),
             [&place](const Line& a, const Line& b) { return place(a) < place(b); });
-  KeepOrdinals(order);
+  KeepOrdinals();
   Settle(true);
-  isSavedSinceAside_ = true;
 }
 
-void FloorModel::Cancel(bool isWritten, const std::vector<int>& order) {
-  if (isWritten) KeepOrdinals(order);
+void FloorModel::Cancel(bool isWritten) {
+  if (isWritten) KeepOrdinals();
   Settle(isWritten);
 }
 
@@ -102,21 +123,43 @@ void FloorModel::Supersede(const std::vector<StoredLine>& lines) {
 void FloorModel::ReadStored() {
   isChangedElsewhere_ = false;
   lines_.clear();
-  for (const StoredLine& line : stored_)
-    lines_.push_back({line.id, {line.barcode, 0}, line.counts, ++lastAppended_});
-  GiveKeys();
+  for (const StoredLine& line : stored_) lines_.push_back({line.id, {line.barcode, 0}, line.counts});
+  if (state_ != State::Ended) GiveKeys(true);
 }
 
-/// Lines that are read have the ordinals of the stored ones of their barcode, in their order; others, and
-/// those that another station has added, the lowest free ones.
-void FloorModel::GiveKeys() {
-  std::map<std::string, std::size_t> used;
-  for (Line& line : lines_) line.key.ordinal = 0;
+/// Lines that are read have the ordinals of the stored ones of their barcode, in their order. Where their
+/// number is another one, and on a form whose lines are not the stored ones, several lines of a barcode have
+/// new ordinals.
+void FloorModel::GiveKeys(bool onStored) {
+  std::map<std::string, std::vector<Line*>> barcodes;
+  for (Line& line : lines_) barcodes[line.key.barcode].push_back(&line);
+  for (auto& [barcode, lines] : barcodes) {
+    const auto stored = ordinals_.find(barcode);
+    const bool isOne = stored == ordinals_.end() || stored->second == std::vector{1};
+    std::vector<int> ordinals;
+    if (!isContinued_) {
+      for (int next = 1; ordinals.size() < lines.size(); ++next) ordinals.push_back(next);
+    } else if (isOne && lines.size() == 1 && (onStored || !several_.contains(barcode))) {
+      ordinals = {1};
+    } else if (onStored && !isOne && stored->second.size() == lines.size()) {
+      ordinals = stored->second;
+    } else {
+      while (ordinals.size() < lines.size()) ordinals.push_back(Draw());
+      if (onStored) ordinals_[barcode] = ordinals;
+    }
+    for (std::size_t at = 0; at < lines.size(); ++at) lines[at]->key.ordinal = ordinals[at];
+  }
+}
+
+void FloorModel::TakeDrawn(const std::map<int, int>& ordinalsByLine) {
   for (Line& line : lines_) {
-    const auto ordinals = ordinals_.find(line.key.barcode);
-    std::size_t& next = used[line.key.barcode];
-    const bool isStored = ordinals != ordinals_.end() && next < ordinals->second.size();
-    line.key.ordinal = isStored ? ordinals->second[next++] : FreeOrdinal(line.key.barcode);
+    if (line.key.ordinal > 0) continue;
+    const int drawn = ordinalsByLine.at(line.id);
+    for (Ordinals* const ordinals : {&ordinals_, &journal_.ordinals}) {
+      for (auto& [barcode, ofLines] : *ordinals)
+        std::replace(ofLines.begin(), ofLines.end(), line.key.ordinal, drawn);
+    }
+    line.key.ordinal = drawn;
   }
 }
 
@@ -126,19 +169,27 @@ void FloorModel::Begin(bool onStored) {
   state_ = State::Running;
   answered_.clear();
   leftIsTakenBack_ = false;
+  isContinued_ = hasJournal_ || last_;
   if (!hasJournal_) {
     hasJournal_ = true;
     journal_ = {};
-    journal_.isOfStored = onStored;
     journal_.entered = enteredAtEnd_;
-    if (!aside_.empty()) journal_.ordinals = aside_.front().ordinals;
+    if (last_) journal_.ordinals = *last_;
+    several_ = last_ ? lastSeveral_ : std::set<std::string>();
+  } else {
+    several_ = Several(journal_.records);
   }
   ordinals_ = journal_.ordinals;
-  if (!onStored) {
-    std::sort(lines_.begin(), lines_.end(),
-              [](const Line& a, const Line& b) { return a.appended < b.appended; });
+  GiveKeys(onStored);
+  if (onStored) {
+    KeepOrdinals();
+  } else if (!isContinued_) {
+    for (const Line& line : lines_) {
+      if (line.key.ordinal > 1) ordinals_[line.key.barcode].clear();
+    }
   }
-  GiveKeys();
+  isContinued_ = true;
+  journal_.ordinals = ordinals_;
   entered_ = journal_.entered;
   enteredBeforeLeft_ = journal_.entered;
   hasUnsaved_ = false;
@@ -147,7 +198,6 @@ void FloorModel::Begin(bool onStored) {
     Keep(record);
   }
   left_ = Lacking(journal_.records);
-  leftIsOfStored_ = journal_.isOfStored;
   leftRecords_ = journal_.records;
   holdsLeft_ = !left_.empty();
 }
@@ -214,28 +264,45 @@ void FloorModel::Settle(bool isWritten) {
   if (!isWritten) return End();
   hasUnsaved_ = false;
   if (state_ == State::Stopped) return End();
-  if (std::exchange(holdsLeft_, false)) aside_.insert(aside_.begin(), journal_);
-  journal_.isOfStored = true;
+  if (std::exchange(holdsLeft_, false)) SetJournalAside();
   BeginJournalAnew();
 }
 
 void FloorModel::End() {
   state_ = State::Ended;
   enteredAtEnd_ = entered_;
-  if (hasUnsaved_ || holdsLeft_) {
+  if (!hasUnsaved_ && std::exchange(holdsLeft_, false)) SetJournalAside();
+  if (hasUnsaved_) {
     enteredAtEnd_ = journal_.entered;
-    aside_.insert(aside_.begin(), journal_);
-    isSavedSinceAside_ = false;
+    SetJournalAside();
+  } else {
+    atEnd_ = ordinals_;
+    if (last_ || !entered_.empty() || !ArePlain()) last_ = ordinals_;
+    lastSeveral_.clear();
   }
   hasJournal_ = false;
   journal_ = {};
   left_.clear();
 }
 
-/// The lines of the form, in the order of its rows, are the stored ones.
-void FloorModel::KeepOrdinals(const std::vector<int>& order) {
+void FloorModel::SetJournalAside() {
+  aside_.insert(aside_.begin(), journal_);
+  last_ = journal_.ordinals;
+  lastSeveral_ = Several(journal_.records);
+}
+
+/// The lines of the form, in their order of entry, are the stored ones.
+void FloorModel::KeepOrdinals() {
   ordinals_.clear();
-  for (const int id : order) ordinals_[Find(id)->key.barcode].push_back(Find(id)->key.ordinal);
+  for (const Line& line : lines_) ordinals_[line.key.barcode].push_back(line.key.ordinal);
+}
+
+bool FloorModel::ArePlain() const {
+  return std::all_of(ordinals_.begin(), ordinals_.end(), [](const auto& of) {
+    int expected = 0;
+    return !of.second.empty() && std::all_of(of.second.begin(), of.second.end(),
+                                             [&](int ordinal) { return ordinal == ++expected; });
+  });
 }
 
 void FloorModel::BeginJournalAnew() {
@@ -245,10 +312,10 @@ void FloorModel::BeginJournalAnew() {
 }
 
 void FloorModel::Crash(std::size_t kept) {
+  state_ = State::Ended;
+  ReadStored();
   journal_.records.resize(kept);
   std::erase_if(acknowledged_, [](const auto& figure) { return !figure.second.under.empty(); });
-  ordinals_ = journal_.ordinals;
-  ReadStored();
   for (const Line& line : lines_) {
     for (int count = 1; count <= kFloorCounts; ++count) DropSame(line, count);
   }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
@@ -24,7 +25,6 @@ class FloorModel {
     int id = 0;  ///< its own, whatever key and row it has
     LineKey key;
     Counts counts;
-    int appended = 0;  ///< its place in the order in which the form got its lines
   };
   struct StoredLine {
     int id = 0;
@@ -42,14 +42,14 @@ class FloorModel {
 
     [[nodiscard]] bool IsEntered() const { return answer.state == FigureState::Stored; }
   };
-  /// The count and the sequence number of a device's figure; each count has one device.
+  /// The count and the sequence number of a device's figure: the devices of a count have different numbers.
   using FigureKey = std::pair<int, std::int64_t>;
-  using Ordinals = std::map<std::string, std::vector<int>>;  ///< of all stored lines of a barcode
+  /// Of the stored lines of a barcode; one line with the ordinal 1 where there are none of it.
+  using Ordinals = std::map<std::string, std::vector<int>>;
   struct Journal {
     std::set<FigureKey> entered;  ///< before the records
     Ordinals ordinals;
     std::vector<Record> records;
-    bool isOfStored = true;  ///< its session began with the stored lines, or they have been stored since
   };
   struct LeftCell {
     int count = 1;
@@ -75,7 +75,8 @@ class FloorModel {
   [[nodiscard]] Line* Find(int id);
   [[nodiscard]] Line* Find(const LineKey& key);
   [[nodiscard]] std::string Cell(int id, int count) { return Find(id)->counts.at(Place(count)); }
-  [[nodiscard]] int FreeOrdinal(const std::string& barcode);
+  /// The number of lines of a barcode.
+  [[nodiscard]] std::ptrdiff_t Number(const std::string& barcode) const;
 
   /// The desk types, undoes or redoes: the cell has the text.
   void DeskEnters(int id, int count, const std::string& text);
@@ -83,8 +84,8 @@ class FloorModel {
   void DeskDeletes(int id);
   /// The rows, whose lines are in this order, are saved.
   void Save(const std::vector<int>& order);
-  /// The desk leaves the entry, in that order of the lines. `isWritten`: nothing had been entered.
-  void Cancel(bool isWritten, const std::vector<int>& order);
+  /// The desk leaves the entry. `isWritten`: nothing had been entered.
+  void Cancel(bool isWritten);
   /// Edit; lines that another station has changed are read anew.
   void Edit();
   /// The stored lines are shown instead of those on the form.
@@ -104,14 +105,22 @@ class FloorModel {
 
   /// A session begins, or continues the journal. `onStored`: the lines are those of the database.
   void Begin(bool onStored);
+  /// A journal has been set aside, with figures or without.
+  void NoteAside() {
+    if (!last_) last_ = atEnd_;
+  }
   void Stop() { state_ = State::Stopped; }
   void Reopen() { state_ = State::Running; }
   FloorAnswer Take(int count, const FloorFigure& figure);
   void Replay();
   void Forgo();
   bool TakeBackSetAside();
-  /// The program ends and is started anew; the journal has that number of records.
+  /// The program ends and is started anew, with the stored lines; the journal has that number of records.
   void Crash(std::size_t kept);
+  /// The lines that have drawn ordinals, with these ones. Until then, each has one below 0.
+  void TakeDrawn(const std::map<int, int>& ordinalsByLine);
+
+  static constexpr int kFirstDrawn = 1'000'000'001;  // FloorLines::kFirstDrawn
 
   /// An acknowledged figure that nobody has entered anything after, and that is nowhere; empty if there is
   /// none.
@@ -126,12 +135,16 @@ class FloorModel {
     std::vector<std::string> under;  ///< while the desk has typed where it is left: what the cell held
   };
 
+  [[nodiscard]] int FreeOrdinal(const std::string& barcode);
   [[nodiscard]] static std::size_t Place(int count) { return static_cast<std::size_t>(count - 1); }
   void ReadStored();
-  void GiveKeys();
+  void GiveKeys(bool onStored);
+  [[nodiscard]] int Draw() { return --lastDrawn_; }
+  [[nodiscard]] bool ArePlain() const;
+  void SetJournalAside();
   void Settle(bool isWritten);
   void End();
-  void KeepOrdinals(const std::vector<int>& order);
+  void KeepOrdinals();
   void BeginJournalAnew();
   void Keep(const Record& record);
   void Acknowledge(const Line& line, int count);
@@ -147,7 +160,6 @@ class FloorModel {
   [[nodiscard]] bool IsSomewhere(int id, int count, const Acknowledged& figure) const;
 
   std::vector<Line> lines_;  // in the order of the stored ones, then those that were added since
-  int lastAppended_ = 0;
   std::vector<StoredLine> stored_;
   bool isEdited_ = true;
   bool isChangedElsewhere_ = false;
@@ -156,6 +168,12 @@ class FloorModel {
   bool hasJournal_ = false;
   Journal journal_;
   Ordinals ordinals_;
+  bool isContinued_ = false;       // the counting has had a session
+  std::set<std::string> several_;  // barcodes of which the journal has figures of several lines
+  std::optional<Ordinals> last_;   // of the journal that was set aside last, with figures or without
+  std::set<std::string> lastSeveral_;
+  Ordinals atEnd_;  // of the session that has ended last
+  int lastDrawn_ = 0;
   std::vector<Journal> aside_;  // the last one first
   std::map<FigureKey, FloorAnswer> answered_;
   std::set<FigureKey> entered_;
@@ -167,8 +185,6 @@ class FloorModel {
   bool holdsLeft_ = false;
   bool hasUnsaved_ = false;
   std::vector<std::string> misplaced_;
-  bool leftIsOfStored_ = true;  ///< Journal::isOfStored of the journal that left_ comes from
-  bool isSavedSinceAside_ = false;
   std::map<std::pair<int, int>, Acknowledged> acknowledged_;  // by line and count: the last of a device
 };
 

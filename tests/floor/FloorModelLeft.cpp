@@ -86,7 +86,6 @@ void FloorModel::Replay() {
                        before,
                        {cell.sequence, FigureState::Stored, cell.last, {}, {}},
                        line->id});
-    if (isTakenBack && isSavedSinceAside_) continue;
     NotePlace(cell, *line);
   }
   std::vector<Record> taken;
@@ -102,11 +101,8 @@ void FloorModel::Replay() {
   hasUnsaved_ = hasUnsaved_ || !taken.empty();
 }
 
-/// Lines of one barcode can be taken for each other where the desk has deleted or sorted some that were not
-/// stored so when the session began, or has saved since the journal was set aside.
 void FloorModel::NotePlace(const LeftCell& cell, const Line& line) {
-  const bool isKnown = leftIsOfStored_ && journal_.isOfStored;
-  if (!isKnown || line.id == cell.id || Find(cell.id) == nullptr) return;
+  if (line.id == cell.id || Find(cell.id) == nullptr) return;
   misplaced_.push_back(cell.last + " of line " + std::to_string(cell.id) + " in line " +
                        std::to_string(line.id));
 }
@@ -119,7 +115,7 @@ void FloorModel::Forgo() {
   const std::vector<Record> records = std::exchange(leftRecords_, {});
   if (!isHeld) return;
   holdsLeft_ = false;
-  aside_.insert(aside_.begin(), journal_);
+  SetJournalAside();
   answered_.clear();
   entered_ = enteredBeforeLeft_;
   BeginJournalAnew();
@@ -147,7 +143,6 @@ bool FloorModel::TakeBackSetAside() {
   if (found == nullptr) return false;
   left_ = Lacking(found->records);
   leftRecords_ = found->records;
-  leftIsOfStored_ = found->isOfStored;
   leftIsTakenBack_ = true;
   return true;
 }

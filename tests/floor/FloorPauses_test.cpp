@@ -190,22 +190,23 @@ TEST_F(FloorPauses, After_a_crash_the_figures_that_no_save_holds_are_replayed_on
 }
 
 TEST_F(FloorPauses, A_replay_leaves_what_the_desk_has_entered_later_and_names_what_it_cannot_enter) {
-  Set(1, kTea, "12");
-  Set(1, kSugar, "13");
+  Set(1, kSugar, "12");
+  Set(2, kSugar, "13");
   Set(1, {"G3", 1}, "14");
   Crash();
   Start();
-  Type(1, LineColumn::FirstCounting, "99");  // as from a draft
-  Lines().RemoveItem(2);
+  Type(2, LineColumn::FirstCounting, "99");  // as from a draft
+  Lines().RemoveItem(3);
   Open();
   const ReplayedFigures replayed = session_->Replay();
   EXPECT_EQ(replayed.entered, 1U);
   ASSERT_EQ(replayed.replaced.size(), 1U);
-  EXPECT_EQ(replayed.replaced[0].line, kTea);
+  EXPECT_EQ(replayed.replaced[0].line, kSugar);
   EXPECT_EQ(replayed.replaced[0].text, "12");
   ASSERT_EQ(replayed.gone.size(), 1U);
-  EXPECT_EQ(replayed.gone[0].line, kSugar);
-  EXPECT_EQ(Count(kTea, 1), "99");
+  EXPECT_EQ(replayed.gone[0].line, (LineKey{"G3", 1}));
+  EXPECT_EQ(Count(kSugar, 1), "99");
+  EXPECT_EQ(Count(kSugar, 2), "13");
 }
 
 TEST_F(FloorPauses, A_replay_knows_what_the_desk_had_entered_before_and_after_a_figure) {

@@ -131,6 +131,42 @@ TEST_F(FloorReopened, A_session_after_a_save_in_another_order_finds_its_lines_af
   for (const int ordinal : {1, 2}) EXPECT_EQ(Count({"G1", ordinal}, 1), Count({"G1", ordinal}, 2));
 }
 
+TEST_F(FloorReopened, A_session_after_sorting_a_counting_that_was_viewed_finds_its_lines_after_a_crash) {
+  Type(1, LineColumn::ThirdCounting, "100");
+  Type(4, LineColumn::ThirdCounting, "400");
+  session_->Stop();
+  Save();
+  session_.reset();
+  Lines().UserSort({LineColumn::ThirdCounting, RowOrder::Descending});
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  Open();
+  const std::string third = Count(kTea, 3);
+  EXPECT_EQ(Set(1, kTea, "7").state, FigureState::Stored);
+  Crash();
+  StartAndOpen();
+  EXPECT_EQ(session_->Replay().entered, 1U);
+  EXPECT_EQ(Count(kTea, 1), "7");
+  EXPECT_EQ(Count(kTea, 3), third);
+}
+
+TEST_F(FloorReopened, A_cancel_after_sorting_a_counting_that_was_viewed_keeps_the_keys) {
+  Type(1, LineColumn::ThirdCounting, "100");
+  Type(4, LineColumn::ThirdCounting, "400");
+  Save();
+  Lines().UserSort({LineColumn::ThirdCounting, RowOrder::Descending});
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  ASSERT_TRUE(session_->IsOpen());
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Desk().cmdCancel.UserClick());
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  ASSERT_EQ(Count(kTea, 3), "100");
+  EXPECT_EQ(Set(1, kTea, "7").state, FigureState::Stored);
+  Crash();
+  StartAndOpen();
+  EXPECT_EQ(session_->Replay().entered, 1U);
+  EXPECT_EQ(Count(kTea, 3), "100");
+}
+
 TEST_F(FloorReopened, Figures_that_a_replay_has_not_entered_are_kept_aside_by_the_save) {
   Set(1, kTea, "12");
   Crash();
@@ -141,6 +177,23 @@ TEST_F(FloorReopened, Figures_that_a_replay_has_not_entered_are_kept_aside_by_th
   Save();
   ASSERT_EQ(journal_.aside.size(), 1U);
   EXPECT_EQ(ReadJournal(journal_.aside[0]).figures.at(0).answer.text, "12");
+}
+
+TEST_F(FloorReopened,
+       An_addition_that_is_saved_beside_left_figures_after_a_stop_is_known_to_the_next_session) {
+  Set(1, {"G3", 1}, "7");
+  Crash();
+  StartAndOpen();
+  Delete(3);
+  EXPECT_EQ(session_->Replay().gone.size(), 1U);
+  const FloorFigure add{40, kSugar, FloorFigure::Operation::Add, "5", {}};
+  ASSERT_EQ(Send(1, add).state, FigureState::Stored);
+  session_->Stop();
+  SaveAndEdit();
+  session_.reset();
+  Open();
+  EXPECT_EQ(Send(1, add).state, FigureState::Stored);
+  EXPECT_EQ(Count(kSugar, 1), "5");
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <array>
 #include <deque>
 #include <map>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -14,15 +16,16 @@ namespace koru::test {
 /// A device with its queue, which survives its crashes, and what it believes the counts to be.
 struct SimulatedDevice {
   int count = 1;
+  std::string id;
   std::int64_t lastSequence = 0;
   std::deque<FloorFigure> queue;
   std::map<std::pair<std::string, int>, std::string> seen;
   std::int64_t revision = 0;
 };
 
-/// Sessions by chance: three devices over a network that loses, doubles and reorders, a desk that types,
-/// undoes, sorts, deletes, adds, saves and cancels, another station that writes in between, and crashes of
-/// either side. A line is known by its book stock, which no other line has.
+/// Sessions by chance: two devices for each count over a network that loses, doubles and reorders, a desk
+/// that types, undoes, sorts, deletes, adds, saves and cancels, another station that writes in between, and
+/// crashes of either side. A line is known by its book stock, which no other line has.
 class FloorSimulation : public FloorWorld {
  protected:
   FloorSimulation() : FloorWorld(TestDatabase::Kind::File) {}
@@ -54,6 +57,7 @@ class FloorSimulation : public FloorWorld {
   void TypeAtDesk();
   void UndoAtDesk();
   void RedoAtDesk();
+  void SortAtDesk();
   void DeleteAtDesk();
   void AddAtDesk();
   void SaveAtDesk();
@@ -65,6 +69,9 @@ class FloorSimulation : public FloorWorld {
   void DecideLeft();
   void TakeBack();
   void CrashDesk();
+  void StartAfterCrash(std::size_t kept);
+  void RenewCode();
+  void NoteCodes();
   void OtherStationWrites();
   void BeginIfEnded();
   void HasReadOrSaved();
@@ -73,12 +80,15 @@ class FloorSimulation : public FloorWorld {
   // What must be (FloorSimulation_test.cpp).
   void ExpectModel();
   void ExpectSession();
+  void ExpectKeys();
   void ExpectStored();
   void ExpectSameAsTyped();
 
   [[nodiscard]] int Any(int below) { return static_cast<int>(chance_() % static_cast<unsigned>(below)); }
   [[nodiscard]] std::string AnyBarcode() { return "G" + std::to_string(1 + Any(3)); }
-  [[nodiscard]] SimulatedDevice& AnyDevice() { return devices_[static_cast<std::size_t>(Any(kFloorCounts))]; }
+  [[nodiscard]] SimulatedDevice& AnyDevice() {
+    return devices_[static_cast<std::size_t>(Any(2 * kFloorCounts))];
+  }
   [[nodiscard]] bool HasLines() { return Lines().Rows() > 1; }
   /// The line in a row, by its book stock.
   [[nodiscard]] int LineIn(int row) { return std::stoi(CellOf(row, LineColumn::SystemCounting)); }
@@ -87,6 +97,8 @@ class FloorSimulation : public FloorWorld {
   std::mt19937 chance_;
   FloorModel model_{{}};
   std::vector<SimulatedDevice> devices_;
+  std::array<std::string, kFloorCounts> codes_;
+  std::set<int> drawn_;  ///< the ordinals that have been drawn
   std::vector<DeskStep> history_;
   std::size_t done_ = 0;  ///< the steps of the history that are not undone
   int lastLine_ = 0;

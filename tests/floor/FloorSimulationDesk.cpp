@@ -1,6 +1,7 @@
 // The simulated desk: each step is made on the form and in the model.
 
 #include <algorithm>
+#include <array>
 
 #include "tests/floor/FloorSimulation.h"
 
@@ -53,6 +54,11 @@ void FloorSimulation::RedoAtDesk() {
   }
 }
 
+void FloorSimulation::SortAtDesk() {
+  constexpr std::array kOrders = {RowOrder::Ascending, RowOrder::Descending, RowOrder::Entry};
+  Lines().UserSort({Any(kLineColumns), kOrders.at(static_cast<std::size_t>(Any(3)))});
+}
+
 void FloorSimulation::DeleteAtDesk() {
   if (!HasLines()) return;
   const int row = 1 + Any(Lines().Rows() - 1);
@@ -65,7 +71,7 @@ void FloorSimulation::DeleteAtDesk() {
 
 void FloorSimulation::AddAtDesk() {
   const std::string barcode = AnyBarcode();
-  if (model_.FreeOrdinal(barcode) > 3) return;
+  if (model_.Number(barcode) >= 3) return;
   std::vector<std::string> texts(kLineColumns);
   texts[LineColumn::RowNumber] = std::to_string(Lines().Rows());
   texts[LineColumn::Barcode] = barcode;
@@ -128,19 +134,22 @@ void FloorSimulation::Edit() {
 void FloorSimulation::BeginIfEnded() {
   if (model_.SessionState() != FloorModel::State::Ended) return;
   const bool onStored = Desk().EntryIsWritten();
+  const bool hasAside = !journal_.aside.empty();
   session_.reset();
   Open();
+  if (hasAside) model_.NoteAside();
   model_.Begin(onStored);
-  for (SimulatedDevice& device : devices_) device = {device.count, device.lastSequence, {}, {}, 0};
+  for (SimulatedDevice& device : devices_) device = {device.count, device.id, device.lastSequence, {}, {}, 0};
+  NoteCodes();
+  ExpectKeys();
 }
 
 void FloorSimulation::Cancel() {
   const bool isWritten = Desk().EntryIsWritten();
-  const std::vector<int> order = Order();
   messages.WillAnswer(Answer::Yes);
   ASSERT_TRUE(Desk().cmdCancel.UserClick());
   ASSERT_EQ(DeskMode(), DocumentMode::Viewing);
-  model_.Cancel(isWritten, order);
+  model_.Cancel(isWritten);
   ForgetHistory();
 }
 
@@ -188,17 +197,38 @@ void FloorSimulation::CrashDesk() {
       ASSERT_TRUE(session_->Commit());
     } else if (model_.IsOpen()) {  // what was taken and not acknowledged is sent again
       const SimulatedDevice& device = AnyDevice();
-      static_cast<void>(session_->Enter(device.count, Device(device.count), Batch(device)));
+      static_cast<void>(session_->Enter(device.count, device.id, Batch(device)));
     }
     const bool hasJournal = !journal_.Read().empty();
     Crash();
     const std::size_t kept = hasJournal ? ReadJournal(journal_.synced).figures.size() : 0;
     ASSERT_LE(kept, model_.Journalled());
-    StartAndOpen();
-    model_.Crash(kept);
-    HasReadOrSaved();
+    ASSERT_NO_FATAL_FAILURE(StartAfterCrash(kept));
+    if (!hasJournal) NoteCodes();
+    ASSERT_NO_FATAL_FAILURE(ExpectKeys());
     if (Any(3) > 0) DecideLeft();
   }
+}
+
+void FloorSimulation::StartAfterCrash(std::size_t kept) {
+  StartAndOpen();
+  if (!journal_.aside.empty()) model_.NoteAside();
+  model_.Crash(kept);
+  HasReadOrSaved();
+}
+
+void FloorSimulation::NoteCodes() {
+  for (int count = 1; count <= kFloorCounts; ++count)
+    codes_.at(static_cast<std::size_t>(count - 1)) = session_->Code(count);
+}
+
+void FloorSimulation::RenewCode() {
+  if (model_.SessionState() != FloorModel::State::Running) return;
+  const int count = 1 + Any(kFloorCounts);
+  std::string& code = codes_.at(static_cast<std::size_t>(count - 1));
+  session_->RenewCode(count);
+  ASSERT_EQ(session_->CountOf(code), std::nullopt);
+  code = session_->Code(count);
 }
 
 void FloorSimulation::OtherStationWrites() {

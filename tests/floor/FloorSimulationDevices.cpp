@@ -1,6 +1,7 @@
 // Simulated devices: what they enter, send and read.
 
 #include <algorithm>
+#include <iterator>
 
 #include "tests/floor/FloorSimulation.h"
 
@@ -8,7 +9,11 @@ namespace koru::test {
 
 void FloorSimulation::EnterOnDevice() {
   SimulatedDevice& device = AnyDevice();
-  const LineKey line{AnyBarcode(), 1 + Any(3)};
+  LineKey line{AnyBarcode(), 1 + Any(3)};
+  if (Any(2) == 0 && !device.seen.empty()) {
+    const auto seen = std::next(device.seen.begin(), Any(static_cast<int>(device.seen.size())));
+    line = {seen->first.first, seen->first.second};
+  }
   const auto operation = Any(3) == 0 ? FloorFigure::Operation::Add : FloorFigure::Operation::Set;
   std::string text = std::to_string(Any(4) == 0 ? Any(20) : Any(1000));
   if (Any(12) == 0) text = operation == FloorFigure::Operation::Set ? "" : "-" + text;
@@ -34,7 +39,7 @@ std::vector<FloorFigure> FloorSimulation::Batch(const SimulatedDevice& device) {
 void FloorSimulation::Deliver() {
   SimulatedDevice& device = AnyDevice();
   const std::vector<FloorFigure> batch = Batch(device);
-  const auto answers = session_->Enter(device.count, Device(device.count), batch);
+  const auto answers = session_->Enter(device.count, device.id, batch);
   ASSERT_EQ(answers.size(), batch.size());
   for (std::size_t at = 0; at < answers.size(); ++at) {
     const FloorAnswer expected = model_.Take(device.count, batch[at]);

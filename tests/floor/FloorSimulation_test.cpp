@@ -8,6 +8,7 @@ namespace {
 constexpr unsigned kSessions = 1000;
 constexpr unsigned kParts = 4;
 constexpr int kSteps = 60;
+constexpr std::int64_t kSequencesOfDevice = 1'000'000;  ///< so that both of a count have their own
 constexpr int kFirstLine = 101;
 constexpr int kLastLine = 104;
 
@@ -19,6 +20,7 @@ void FloorSimulation::Reset(unsigned seed) {
   program_.reset();
   journal_.Remove();
   journal_.aside.clear();
+  drawn_.clear();
   database.Execute(
       "delete from tblInventoryCountingDetail where CountingID=20;"
       "insert into tblInventoryCountingDetail "
@@ -29,7 +31,11 @@ void FloorSimulation::Reset(unsigned seed) {
   model_.Begin(true);
   StartAndOpen();
   devices_.clear();
-  for (int count = 1; count <= kFloorCounts; ++count) devices_.push_back({count, 0, {}, {}, 0});
+  NoteCodes();
+  for (int count = 1; count <= kFloorCounts; ++count) {
+    devices_.push_back({count, Device(count), 0, {}, {}, 0});
+    devices_.push_back({count, Device(count) + "b", kSequencesOfDevice, {}, {}, 0});
+  }
   HasReadOrSaved();
 }
 
@@ -60,11 +66,9 @@ void FloorSimulation::StepOfDesk() {
   const int step = Any(24);
   if (step == 0) return CrashDesk();
   if (step == 1) return OtherStationWrites();
+  if (step == 2) return SortAtDesk();
   if (!model_.IsEdited()) return step < 4 ? ShowAgain() : Edit();
   switch (step) {
-    case 2:
-      Lines().UserSort({Any(kLineColumns), Any(2) == 0 ? RowOrder::Ascending : RowOrder::Descending});
-      return;
     case 3:
       return DeleteAtDesk();
     case 4:
@@ -87,6 +91,10 @@ void FloorSimulation::StepOfDesk() {
       return DecideLeft();
     case 15:
       return TakeBack();
+    case 19:
+      return Desk().Timer1.Fire();
+    case 20:
+      return RenewCode();
     case 16:
     case 17:
       return UndoAtDesk();
@@ -121,6 +129,9 @@ void FloorSimulation::ExpectSession() {
                                          [](const auto& text) { return !ReadJournal(text).figures.empty(); });
   ASSERT_EQ(static_cast<std::size_t>(withFigures), model_.Aside().size());
   if (state != State::Running) return;
+  ASSERT_NO_FATAL_FAILURE(ExpectKeys());
+  for (int count = 1; count <= kFloorCounts; ++count)
+    ASSERT_EQ(session_->CountOf(codes_.at(static_cast<std::size_t>(count - 1))), count);
   std::map<std::tuple<int, std::string, int>, std::string> left;
   for (const LeftFigures::Cell& cell : session_->Left().Cells())
     left[{cell.count, cell.line.barcode, cell.line.ordinal}] = cell.text;
@@ -137,6 +148,28 @@ void FloorSimulation::ExpectSession() {
       expected[{line.key.barcode, line.key.ordinal}] = model_.Cell(line.id, count);
     ASSERT_EQ(shown, expected) << "count " << count;
   }
+}
+
+/// Each line has the key that it has in the model, or one that no line had before.
+void FloorSimulation::ExpectKeys() {
+  std::map<std::uint32_t, int> rows;  // in the order in which devices see them
+  for (int row = 1; row < Lines().Rows(); ++row) rows[Lines().RowID(row)] = LineIn(row);
+  const std::vector<FloorLine> shown = session_->Lines(1);
+  ASSERT_EQ(shown.size(), rows.size());
+  std::map<int, int> ordinals;
+  auto line = shown.begin();
+  for (const auto& [row, id] : rows) {
+    const LineKey& key = (line++)->key;
+    ordinals[id] = key.ordinal;
+    const LineKey& expected = model_.Find(id)->key;
+    if (expected.ordinal > 0) {
+      ASSERT_EQ(key.ordinal, expected.ordinal) << "line " << id;
+    } else {
+      ASSERT_GE(key.ordinal, FloorModel::kFirstDrawn);
+      ASSERT_TRUE(drawn_.insert(key.ordinal).second) << "line " << id;
+    }
+  }
+  model_.TakeDrawn(ordinals);
 }
 
 void FloorSimulation::ExpectStored() {

@@ -19,11 +19,18 @@ FloorWorld::FloorWorld(TestDatabase::Kind kind) : CountingWorld(kind) {
   StartAndOpen();
 }
 
-void FloorWorld::Start() {
+void FloorWorld::StartProgram() {
   session_.reset();
-  program_ = std::make_unique<comInvCounting>(*this, Services());
+  program_.reset();
+  HostServices services = Services();
+  services.drafts = drafts_;
+  program_ = std::make_unique<comInvCounting>(*this, services);
   program_->SetOLEConnectionString(database.ConnectionText());
   program_->SetUserID(7);
+}
+
+void FloorWorld::Start() {
+  StartProgram();
   ASSERT_TRUE(program_->View(20));
   Desk().Timer1.Fire();
   ASSERT_TRUE(Desk().cmdEdit.UserClick());

@@ -23,6 +23,8 @@ class FloorWorld : public CountingWorld {
 
   /// Starts the program and opens counting 20; Open begins its session, or continues that of the journal.
   void Start();
+  /// Starts the program alone.
+  void StartProgram();
   void Open();
   void StartAndOpen() {
     Start();
@@ -49,6 +51,7 @@ class FloorWorld : public CountingWorld {
   [[nodiscard]] static std::string Device(int count) { return "d" + std::to_string(count); }
 
   MemoryJournal journal_;
+  DraftStore* drafts_ = nullptr;  ///< of the programs that are started from now on
   std::unique_ptr<comInvCounting> program_;
   std::vector<FloorArrival> arrivals_;
   std::vector<std::string> failures_;

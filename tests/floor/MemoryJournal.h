@@ -14,13 +14,14 @@ class MemoryJournal : public FloorJournal {
  public:
   [[nodiscard]] std::string Read() const override { return synced + appended; }
   void Begin(std::string_view text) override {
-    Try();
+    TryToWrite();
     synced = text;
     appended.clear();
     ++begun;
   }
   void Append(std::string_view lines) override {
-    Try();
+    TryToWrite();
+    if (Read().empty()) throw InputError("دفتري نيست.");
     appended += lines;
   }
   void Sync() override {
@@ -29,10 +30,12 @@ class MemoryJournal : public FloorJournal {
     appended.clear();
     ++syncs;
   }
-  void SetAside() override {
+  std::string SetAside() override {
     Try();
-    if (!Read().empty()) aside.insert(aside.begin(), Read());
+    if (Read().empty()) return {};
+    aside.insert(aside.begin(), Read());
     Clear();
+    return "aside " + std::to_string(aside.size());
   }
   [[nodiscard]] std::vector<std::string> ReadSetAside() const override { return aside; }
   void Remove() override {
@@ -48,11 +51,16 @@ class MemoryJournal : public FloorJournal {
   std::vector<std::string> aside;  ///< the last one first
   int begun = 0;
   int syncs = 0;
-  bool isFull = false;
+  bool isFull = false;  ///< nothing can be done
+  bool hasRoom = true;  ///< for a text; without room, the journal can still be set aside and removed
 
  private:
   void Try() const {
     if (isFull) throw InputError("ديسك پر است.");
+  }
+  void TryToWrite() const {
+    if (!hasRoom) throw InputError("جا نيست.");
+    Try();
   }
   void Clear() {
     synced.clear();

@@ -47,9 +47,10 @@ void AppendField(std::string& json, std::string_view name, std::string_view text
 
 }  // namespace
 
-std::string HelloJson(int count, std::string_view store, bool open) {
+std::string HelloJson(int count, std::string_view store, std::string_view counting, bool open) {
   std::string json = R"({"count":)" + std::to_string(count);
   AppendField(json, R"(,"store":)", store);
+  AppendField(json, R"(,"counting":)", counting);
   AppendOpen(json, open);
   return json + '}';
 }

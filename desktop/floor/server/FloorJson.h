@@ -11,7 +11,7 @@ namespace koru {
 // The answers to devices, as JSON. It is written by hand, since QJsonDocument holds the desk for a tenth of a
 // second where a counting has 32,767 lines.
 
-[[nodiscard]] std::string HelloJson(int count, std::string_view store, bool open);
+[[nodiscard]] std::string HelloJson(int count, std::string_view store, std::string_view counting, bool open);
 /// The beginning of an answer with lines; AppendLines appends them, and kLinesEnd ends it.
 [[nodiscard]] std::string LinesJson(std::int64_t revision, int count, bool open);
 /// `isFirst`: no lines have been appended before.

@@ -7,6 +7,7 @@
 #include <QJsonValue>
 #include <QString>
 #include <charconv>
+#include <limits>
 #include <system_error>
 #include <utility>
 
@@ -56,7 +57,7 @@ std::optional<std::string> BarcodeOf(const QJsonObject& object) {
 }
 
 std::optional<FloorFigure> FigureOf(const QJsonObject& item) {
-  constexpr std::int64_t kMaxOrdinal = 1'000'000;
+  constexpr std::int64_t kMaxOrdinal = std::numeric_limits<int>::max();
   const auto sequence = NumberOf(item, QLatin1String("seq"), 0, kMaxExact);
   const auto ordinal = NumberOf(item, QLatin1String("ordinal"), 1, kMaxOrdinal);
   auto barcode = BarcodeOf(item);

@@ -47,6 +47,7 @@ FloorRoutes::FloorRoutes(FloorSession& session, const FloorServerSettings& setti
     : session_(session),
       limits_(settings.limits),
       store_(settings.store),
+      counting_(settings.counting),
       hosts_(settings.addresses),
       lines_(session),
       rate_(settings.limits.requestsOfAddress) {
@@ -81,11 +82,12 @@ std::optional<HttpAnswer> FloorRoutes::Admit(const HttpRequest& head) {
   return HttpAnswer::Refusal(kNotFound, "پيدا نشد.");
 }
 
-/// The code is looked at again: it may have been renewed since the head was read.
+/// The code is looked at again: it may have been renewed since the head was read, or between two figures.
 void FloorRoutes::Advance(FloorTask& task) {
   const HttpRequest& request = task.exchange->Request();
   const auto count = session_.CountOf(CodeOf(request));
   if (!count) {
+    if (IsHalfDecided(task)) return AnswerFigures(task);
     task.answer = Unauthorized();
     return;
   }
@@ -120,12 +122,12 @@ void FloorRoutes::Hello(FloorTask& task) {
   } else {
     session_.Hello(task.count, hello->device, hello->name);
     task.needsCommit = true;
-    task.answer = Json(HelloJson(task.count, store_, session_.IsOpen()));
+    task.answer = Json(HelloJson(task.count, store_, counting_, session_.IsOpen()));
   }
 }
 
 void FloorRoutes::Lines(FloorTask& task) {
-  task.answer = lines_.Answer(task.count, task.exchange->Request().acceptsGzip);
+  task.answer = lines_.Answer(task.count, task.exchange->Request().acceptsGzip, task.linesMade);
 }
 
 void FloorRoutes::Figures(FloorTask& task) {
@@ -147,9 +149,16 @@ void FloorRoutes::Figures(FloorTask& task) {
     const auto answers = session_.Enter(task.count, task.figures->device, next);
     task.answers.insert(task.answers.end(), answers.begin(), answers.end());
   }
-  if (task.answers.size() < figures.size()) return;
-  const FloorChanges now = session_.ChangesSince(std::numeric_limits<std::int64_t>::max(), task.count);
-  task.answer = Json(FiguresJson(now.revision, now.open, task.answers));
+  task.revision = session_.ChangesSince(std::numeric_limits<std::int64_t>::max(), task.count).revision;
+  if (task.answers.size() == figures.size()) AnswerFigures(task);
+}
+
+void FloorRoutes::AnswerFigures(FloorTask& task) {
+  const auto& figures = task.figures->figures;
+  for (std::size_t next = task.answers.size(); next < figures.size(); ++next) {
+    task.answers.push_back({figures[next].sequence, FigureState::Paused, {}, {}, {}});
+  }
+  task.answer = Json(FiguresJson(task.revision, session_.IsOpen(), task.answers));
 }
 
 void FloorRoutes::AskForChanges(FloorTask& task) {
@@ -204,7 +213,8 @@ void FloorRoutes::Unknown(FloorTask& task) {
   } else if (!Admits(task.count, unknown->device)) {
     task.answer = TooManyDevices();
   } else if (session_.Unknown().size() >= limits_.unknownBarcodes) {
-    task.answer = HttpAnswer::Refusal(kTooMany, "باركدهاي ناشناختهٔ بسياري در ميز مانده است.");
+    // Not kTooMany, after which the device would send it again and again.
+    task.answer = HttpAnswer::Refusal(kBadRequest, "باركدهاي ناشناختهٔ بسياري در ميز مانده است.");
   } else {
     session_.NoteUnknown(task.count, unknown->device, unknown->barcode);
     task.needsCommit = true;

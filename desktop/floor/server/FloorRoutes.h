@@ -20,11 +20,13 @@ namespace koru {
 
 /// A request of a device on its way through the session.
 struct FloorTask {
-  explicit FloorTask(HttpExchange& asked) : exchange(&asked) {}
+  FloorTask(HttpExchange& asked, std::int64_t made) : exchange(&asked), linesMade(made) {}
 
   HttpExchange* exchange;
+  std::int64_t linesMade;                 ///< how often, when the request came
   std::optional<FiguresRequest> figures;  ///< once it has been read
   std::vector<FloorAnswer> answers;       ///< to the first of them
+  std::int64_t revision = 0;              ///< of the lines with these
   std::optional<ChangesRequest> poll;     ///< it is to be held until something changes
   std::optional<HttpAnswer> answer;
   int count = 0;
@@ -42,12 +44,21 @@ class FloorRoutes {
 
   /// The page's files, and refusals that the head of a request calls for.
   [[nodiscard]] std::optional<HttpAnswer> Admit(const HttpRequest& head);
+  /// A request that was read whole.
+  [[nodiscard]] FloorTask TaskOf(HttpExchange& exchange) const { return {exchange, lines_.Made()}; }
   /// Whether the task adds to the journal of the session.
   [[nodiscard]] static bool IsForJournal(const FloorTask& task) {
     return task.exchange->Request().method == "POST";
   }
   /// Takes the task a step further: one figure, some lines, or all that another request asks for.
   void Advance(FloorTask& task);
+  /// Whether some figures of the task were decided, and others not yet.
+  [[nodiscard]] static bool IsHalfDecided(const FloorTask& task) {
+    return !task.answer && !task.answers.empty();
+  }
+  /// Answers figures: what was decided, and that the others are paused. What is in the counting is never
+  /// denied to its device.
+  void AnswerFigures(FloorTask& task);
   /// The answer to a request for changes; nothing while it is to be held. `since` is advanced over what
   /// does not matter to the device.
   [[nodiscard]] std::optional<HttpAnswer> Changes(const std::string& code, ChangesRequest& poll);
@@ -71,6 +82,7 @@ class FloorRoutes {
   FloorSession& session_;
   const FloorServerLimits limits_;
   const std::string store_;
+  const std::string counting_;
   AllowedHosts hosts_;
   PageFiles page_;
   KeptLines lines_;

@@ -6,10 +6,9 @@
 #include <exception>
 #include <future>
 #include <iterator>
-#include <system_error>
-#include <thread>
 #include <utility>
 
+#include "adapters/system/WriterThread.h"
 #include "desktop/floor/server/FloorCertificate.h"
 #include "desktop/floor/server/FloorRoutes.h"
 #include "desktop/floor/server/HttpServer.h"
@@ -50,6 +49,7 @@ struct HeldPoll {
   int count;
   ChangesRequest poll;
   SteadyClock::time_point until;
+  bool isDue = false;  ///< something has changed that may be for the device
 };
 
 }  // namespace
@@ -74,7 +74,7 @@ class FloorServer::Service : public HttpService {
   [[nodiscard]] std::optional<HttpAnswer> Admit(const HttpRequest& head) override {
     return routes_.Admit(head);
   }
-  void Receive(HttpExchange& exchange) override { tasks_.emplace_back(exchange); }
+  void Receive(HttpExchange& exchange) override { tasks_.push_back(routes_.TaskOf(exchange)); }
 
  private:
   [[nodiscard]] HttpLimits Limits() const;
@@ -108,7 +108,7 @@ class FloorServer::Service : public HttpService {
   QTimer gather_;  ///< runs while changes gather
   QTimer expire_;  ///< held requests whose time is over
   Subscription changed_;
-  std::jthread writer_;  ///< of the journal
+  WriterThread writer_;  ///< of the journal
 };
 
 FloorServer::Service::Service(FloorSession& session, FloorServerSettings settings)
@@ -127,19 +127,29 @@ FloorServer::Service::Service(FloorSession& session, FloorServerSettings setting
   session_.SetJournalRunner([this](std::packaged_task<void()> write) { Write(std::move(write)); });
 }
 
-/// The write that is under way ends first, then the servers.
+/// What was decided is answered first, then the servers end; the write that is under way is waited for.
 FloorServer::Service::~Service() {
   session_.SetJournalRunner({});
-  if (writer_.joinable()) writer_.join();
   SayLast();
   secure_.reset();
   plain_.reset();
 }
 
-/// What was written meanwhile is acknowledged. After the end of the session, devices that wait for changes
-/// hear of it; a form that is closed may be opened again, and its devices go on waiting.
+/// What was written meanwhile is acknowledged, and so is all that was decided, as far as the journal of the
+/// session takes it. After the end of the session, devices that wait for changes hear of it; a form that is
+/// closed may be opened again, and its devices go on waiting.
 void FloorServer::Service::SayLast() {
   AnswerWritten(session_.EndCommit());
+  for (std::deque<FloorTask>* const tasks : {&waiting_, &tasks_}) {
+    for (FloorTask& task : *tasks) {
+      if (!FloorRoutes::IsHalfDecided(task)) continue;
+      routes_.AnswerFigures(task);
+      unwritten_.push_back(std::move(task));
+    }
+    tasks->clear();
+  }
+  written_.swap(unwritten_);
+  if (!written_.empty()) AnswerWritten(session_.Commit());
   const FloorSession::End end = session_.Ended();
   if (end != FloorSession::End::None && end != FloorSession::End::Unloaded) {
     for (const HeldPoll& held : std::exchange(held_, {})) {
@@ -260,24 +270,42 @@ std::optional<HttpAnswer> FloorServer::Service::ChangesNow(const HeldPoll& held)
   return routes_.ChangesNow(FloorRoutes::CodeOf(held.exchange->Request()), held.poll);
 }
 
+/// After a change, looks at each held request once, and answers those that it concerns and those whose time
+/// is over. As with tasks, those for which a turn has no time wait for the next one, and so does a later
+/// change.
 void FloorServer::Service::AnswerHeld() {
-  const bool looks = hasChanged_ && !gather_.isActive();
-  if (looks) hasChanged_ = false;
+  const bool isLookedAt =
+      std::none_of(held_.begin(), held_.end(), [](const HeldPoll& held) { return held.isDue; });
+  if (hasChanged_ && !gather_.isActive() && isLookedAt) {
+    hasChanged_ = false;
+    for (HeldPoll& held : held_) held.isDue = true;
+  }
   const auto now = SteadyClock::now();
+  const auto until = now + settings_.limits.round;
+  bool isFirst = true;
+  bool isLeft = false;
   std::erase_if(held_, [&](HeldPoll& held) {
     const bool isOver = held.until <= now;
+    if (!held.isDue && !isOver) return false;
+    if (!std::exchange(isFirst, false) && SteadyClock::now() >= until) {
+      isLeft = true;
+      return false;
+    }
     const auto answer = OrError([&] {
-      auto changes =
-          looks ? routes_.Changes(FloorRoutes::CodeOf(held.exchange->Request()), held.poll) : std::nullopt;
+      auto changes = std::exchange(held.isDue, false)
+                         ? routes_.Changes(FloorRoutes::CodeOf(held.exchange->Request()), held.poll)
+                         : std::nullopt;
       return !changes && isOver ? ChangesNow(held) : changes;
     });
     if (answer) held.exchange->Answer(*answer);
     return answer.has_value();
   });
+  if (isLeft || (hasChanged_ && !gather_.isActive())) Wake();
   if (held_.empty()) {
     expire_.stop();
   } else {
-    expire_.start(std::chrono::ceil<std::chrono::milliseconds>(held_.front().until - now));
+    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(held_.front().until - now);
+    expire_.start(std::max(wait, std::chrono::milliseconds(0)));
   }
 }
 
@@ -309,16 +337,10 @@ void FloorServer::Service::AnswerWritten(bool isOnDisk) {
 
 /// Runs a write of the journal beside the event loop, which takes the next turn when it has ended.
 void FloorServer::Service::Write(std::packaged_task<void()> write) {
-  const auto run = [this, write = std::make_shared<std::packaged_task<void()>>(std::move(write))] {
-    (*write)();
+  writer_.Run(std::move(write), [this] {
     QMetaObject::invokeMethod(
         &turn_, [this] { Wake(); }, Qt::QueuedConnection);
-  };
-  try {
-    writer_ = std::jthread(run);
-  } catch (const std::system_error&) {  // the system has no thread to spare: the desk waits
-    run();
-  }
+  });
 }
 
 FloorServer::FloorServer(FloorSession& session, FloorServerSettings settings)

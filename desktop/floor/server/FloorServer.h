@@ -14,8 +14,10 @@ namespace koru {
 
 /// What devices may take of the desk. The default values suit a shop; tests choose smaller ones.
 struct FloorServerLimits {
-  unsigned connections = 256;           ///< at a time, for http and for https
-  unsigned connectionsOfAddress = 48;   ///< of them from one address
+  unsigned connections = 256;  ///< at a time, for http and for https
+  /// Of them from one address. Devices after a router that translates addresses have one in common, and each
+  /// page has up to three connections: some 40 devices, and half of all is left to other addresses.
+  unsigned connectionsOfAddress = 128;
   std::size_t requestsOfAddress = 500;  ///< in a second; the next ones are answered with 429
   std::size_t devices = 200;            ///< that take part in a session
   std::size_t unknownBarcodes = 1000;   ///< that the desk has not seen to
@@ -26,7 +28,9 @@ struct FloorServerLimits {
   std::chrono::milliseconds poll{25'000};     ///< a request for changes while nothing changes
   std::chrono::milliseconds gather{20};       ///< changes that come together are sent together
   std::chrono::milliseconds command{30};      ///< between two looks whether a command has ended
-  std::chrono::milliseconds round{8};         ///< of work for devices before the desk has its turn
+  /// Of work for devices before the desk has its turn: for what they send, and again for those that wait for
+  /// changes.
+  std::chrono::milliseconds round{8};
 };
 
 struct FloorServerSettings {
@@ -37,6 +41,9 @@ struct FloorServerSettings {
   /// are served besides. SetAddresses gives others.
   std::vector<std::string> addresses;
   std::string store;  ///< the name of the counting's store, for counters
+  /// Distinguishes the counting from all others: devices send no figure of one to another. Says nothing else
+  /// to them. Empty: devices keep figures of earlier codes apart from those of this one.
+  std::string counting;
   FloorServerLimits limits;
 };
 
@@ -52,8 +59,9 @@ class FloorServer {
   FloorServer(FloorSession& session, FloorServerSettings settings);
   FloorServer(const FloorServer&) = delete;
   FloorServer& operator=(const FloorServer&) = delete;
-  /// Waits for the write that is under way and acknowledges it. Devices that wait for changes hear that the
-  /// session has ended, unless its form was closed. No other request is answered.
+  /// Writes what was decided and acknowledges it; of a request of which some figures were decided, the others
+  /// are paused. Devices that wait for changes hear that the session has ended, unless its form was closed.
+  /// No other request is answered.
   ~FloorServer();
 
   /// Listens on https too, for cameras; makes the certificate when there is none that serves. Does nothing

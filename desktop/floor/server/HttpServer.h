@@ -65,7 +65,7 @@ struct HttpIdentity {
 
 struct HttpLimits {
   unsigned connections = 256;
-  unsigned connectionsOfAddress = 48;
+  unsigned connectionsOfAddress = 128;
   std::chrono::milliseconds request{10'000};  ///< from the first line to the end of the body
   std::chrono::milliseconds answer{60'000};   ///< until it has been read
   std::chrono::milliseconds idle{60'000};     ///< between two requests

@@ -14,7 +14,6 @@ namespace {
 
 constexpr unsigned kOk = 200;
 constexpr const char* kJson = "application/json";
-constexpr std::size_t kMaxLeftToChanges = 500;  ///< figures that a device may read as changes
 constexpr std::size_t kLinesAtOnce = 1000;
 constexpr int kFastCompression = 1;
 
@@ -52,22 +51,23 @@ struct KeptLines::Making {
 KeptLines::KeptLines(FloorSession& session) : session_(session) {}
 KeptLines::~KeptLines() = default;
 
-bool KeptLines::Serves(const std::optional<Kept>& kept, int count) {
-  if (!kept) return false;
-  const FloorChanges changes = session_.ChangesSince(kept->revision, count);
-  return !changes.linesChanged && changes.open == kept->open && changes.cells.size() <= kMaxLeftToChanges;
+bool KeptLines::Serves(const Kept& kept, int count) {
+  const FloorChanges changes = session_.ChangesSince(kept.revision, count);
+  return !changes.linesChanged && changes.open == kept.open;
 }
 
-std::optional<HttpAnswer> KeptLines::Answer(int count, bool acceptsGzip) {
+std::optional<HttpAnswer> KeptLines::Answer(int count, bool acceptsGzip, std::int64_t madeBefore) {
   auto& [making, kept] = counts_.at(static_cast<std::size_t>(count - 1));
-  if (making == nullptr && !Serves(kept, count)) {
+  const bool serves = kept && (kept->number > madeBefore || (making == nullptr && Serves(*kept, count)));
+  if (!serves && making == nullptr) {
     making = std::make_unique<Making>(session_, count);
     return std::nullopt;
   }
-  if (making != nullptr) {
+  if (!serves) {
     if (making->Add()) return std::nullopt;
-    kept = Kept{making->now.revision, making->now.open, HttpAnswer(kOk, kJson, std::move(making->text)),
-                HttpAnswer(kOk, kJson, making->packed.Finish(), HttpAnswer::Keep::Never, true)};
+    kept =
+        Kept{++made_, making->now.revision, making->now.open, HttpAnswer(kOk, kJson, std::move(making->text)),
+             HttpAnswer(kOk, kJson, making->packed.Finish(), HttpAnswer::Keep::Never, true)};
     making.reset();
   }
   return acceptsGzip ? kept->packed : kept->plain;

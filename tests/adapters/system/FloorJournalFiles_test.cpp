@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -87,13 +88,14 @@ TEST_F(FloorJournals, That_are_set_aside_are_found_there_the_last_one_first_and_
   auto journal = store_.Open(kOwner);
   EXPECT_EQ(journal->ReadSetAside(), Texts{});
   journal->Begin("1\n");
-  journal->SetAside();
+  const std::string first = journal->SetAside();
+  EXPECT_EQ(first, TextOf(File(".aside"))) << "for people to find it";
   EXPECT_EQ(journal->Read(), "");
   EXPECT_EQ(journal->ReadSetAside(), Texts{"1\n"});
   journal->Begin("2\n");
   journal->SetAside();
   EXPECT_EQ(journal->ReadSetAside(), (Texts{"2\n", "1\n"}));
-  journal->SetAside();
+  EXPECT_EQ(journal->SetAside(), "");
   EXPECT_EQ(journal->ReadSetAside(), (Texts{"2\n", "1\n"})) << "there was nothing to set aside";
   EXPECT_EQ(otherProgram_.Open({"a database", 2})->ReadSetAside(), Texts{}) << "20 begins with 2";
 
@@ -113,6 +115,22 @@ TEST_F(FloorJournals, That_are_set_aside_are_found_there_the_last_one_first_and_
   journal = store_.Open(kOwner);
   EXPECT_TRUE(fs::exists(kept));
   EXPECT_FALSE(fs::exists(removed));
+}
+
+TEST_F(FloorJournals, That_are_set_aside_after_the_clock_was_set_back_are_the_last_ones) {
+  auto journal = store_.Open(kOwner);
+  journal->Begin("1\n");
+  journal->SetAside();
+  const fs::path first = File(".aside");
+  const std::string name = TextOf(first.filename());
+  const std::size_t at = name.rfind('-') + 1;
+  const std::int64_t time = std::stoll(name.substr(at));
+  fs::rename(first, first.parent_path() / (name.substr(0, at) + std::to_string(time + 86'400) + ".aside"));
+  for (const char* const text : {"2\n", "3\n"}) {
+    journal->Begin(text);
+    journal->SetAside();
+  }
+  EXPECT_EQ(journal->ReadSetAside(), (Texts{"3\n", "2\n", "1\n"}));
 }
 
 TEST_F(FloorJournals, That_are_removed_leave_nothing) {

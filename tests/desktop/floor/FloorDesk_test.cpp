@@ -227,6 +227,7 @@ TEST_F(FloorDeskTest, A_device_takes_part_over_the_network_from_the_code_on_the_
   const auto hello = ask("/a/hello", R"({"device":"d2","name":"تبلت انبار"})");
   EXPECT_EQ(hello.status, 200);
   EXPECT_EQ(FromQt(hello.Json()["store"].toString()), "انبار مركزي");
+  EXPECT_EQ(hello.Json().keys(), QStringList({"count", "counting", "open", "store"}));
   const std::string figure =
       R"({"device":"d2","items":[{"seq":1,"barcode":"6261","ordinal":1,"op":"set","text":"۹٫۵","base":""}]})";
   EXPECT_EQ(ask("/a/figures", figure).status, 200);
@@ -235,6 +236,31 @@ TEST_F(FloorDeskTest, A_device_takes_part_over_the_network_from_the_code_on_the_
   world.messages.WillAnswer(Answer::Yes);
   desk->RenewCode(2);
   EXPECT_EQ(ask("/a/figures", figure).status, 401) << "the old code is out";
+}
+
+TEST_F(FloorDeskTest,
+       Devices_know_a_counting_again_and_read_nothing_of_the_database_in_what_they_know_it_by) {
+  const auto mark = [&] {
+    const QUrl url(ToQt(desk->Server()->Url(1, "127.0.0.1")));
+    test::HttpClient client(static_cast<std::uint16_t>(url.port()));
+    const std::string code = "Authorization: Bearer " + FromQt(url.fragment()) + "\r\n";
+    client.Send(test::RequestText("POST", "/a/hello", code, R"({"device":"d2","name":"n"})"));
+    return FromQt(client.Receive().Json()["counting"].toString());
+  };
+  OpenInEdit();
+  const std::string first = mark();
+  EXPECT_EQ(first.size(), 16U);
+  EXPECT_EQ(first.find_first_not_of("0123456789abcdef"), std::string::npos) << first;
+  world.messages.WillAnswer(Answer::Yes);
+  desk->RenewCode(1);
+  EXPECT_EQ(mark(), first) << "of the same counting";
+  Save();
+  world.database.Execute("insert into tblInventoryCounting (ID,InventoryID,CreatorID) values (2,1,1)");
+  ASSERT_TRUE(control.View(2));
+  desk->Refresh();
+  OpenInEdit();
+  EXPECT_EQ(mark().size(), 16U);
+  EXPECT_NE(mark(), first) << "of another counting";
 }
 
 /// Journals of a disk that is full until it has room.
@@ -260,7 +286,7 @@ class FullJournals : public FloorJournalStore {
       journal_->Append(lines);
     }
     void Sync() override { journal_->Sync(); }
-    void SetAside() override { journal_->SetAside(); }
+    std::string SetAside() override { return journal_->SetAside(); }
     [[nodiscard]] std::vector<std::string> ReadSetAside() const override { return journal_->ReadSetAside(); }
     void Remove() override { journal_->Remove(); }
 

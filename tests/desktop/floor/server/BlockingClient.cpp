@@ -27,6 +27,8 @@ BlockingClient::BlockingClient(std::uint16_t port, std::string code)
 
 BlockingClient::~BlockingClient() { close(socket_); }
 
+void BlockingClient::HangUp() { shutdown(socket_, SHUT_RDWR); }
+
 std::string BlockingClient::Get(const std::string& target) {
   return Exchange("GET " + target + " HTTP/1.1\r\nHost: localhost\r\nAccept-Encoding: gzip\r\n" +
                   "Authorization: Bearer " + code_ + "\r\n\r\n");

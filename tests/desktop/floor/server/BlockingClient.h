@@ -17,6 +17,8 @@ class BlockingClient {
   /// The body of the answer, as it comes. Throws unless it is 200.
   std::string Get(const std::string& target);
   std::string Post(const std::string& target, const std::string& body);
+  /// Ends the connection, also from another thread: a request that waits for its answer throws.
+  void HangUp();
 
  protected:
   // On the connection, as send and recv return.

@@ -37,9 +37,9 @@ class SlowJournal : public MemoryJournal {
     isSyncing_ = false;
     if (fails) throw InputError("ديسك خراب است.");
   }
-  void SetAside() override {
+  std::string SetAside() override {
     Touch();
-    MemoryJournal::SetAside();
+    return MemoryJournal::SetAside();
   }
   void Remove() override {
     Touch();
@@ -276,6 +276,27 @@ TEST_F(FloorDisk, The_desk_stops_while_a_sync_is_under_way) {
   session_.reset();
   EXPECT_EQ(Journalled(), 2U) << "the device was not answered, and nothing is lost";
   EXPECT_TRUE(device.WaitForEnd());
+}
+
+TEST_F(FloorDisk, The_server_ends_while_half_of_a_request_waits_for_a_sync_that_fails_once) {
+  settings_.limits.round = std::chrono::milliseconds(0);
+  Serve();
+  HttpClient device(server_->Port());
+  const std::string item = R"("barcode":"G2","ordinal":1,"op":"add","text":"5"})";
+  const std::string body = R"({"device":"d1","items":[{"seq":1,)" + item + R"(,{"seq":2,)" + item + "]}";
+  device.Send(RequestText("POST", "/a/figures", Authorized(1), body));
+  slow_.WaitForSync();
+  EXPECT_FALSE(device.HasAnswer());
+  slow_.LetFail();
+  slow_.LetPass();
+  server_.reset();
+  EXPECT_EQ(failures_.size(), 1U);
+  const QJsonArray answers = device.Receive().Json()["items"].toArray();
+  ASSERT_EQ(answers.size(), 2);
+  EXPECT_EQ(answers.at(0).toObject()["state"].toString(), "stored");
+  EXPECT_EQ(answers.at(1).toObject()["state"].toString(), "paused");
+  EXPECT_EQ(Journalled(), 1U);
+  EXPECT_EQ(Count({"G2", 1}, 1), "5");
 }
 
 TEST_F(FloorDisk, A_server_that_begins_again_after_a_sync_that_failed_at_its_end_tries_it_again) {

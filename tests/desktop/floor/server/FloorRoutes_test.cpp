@@ -11,10 +11,10 @@ namespace {
 
 class FloorRoutes : public ServerWorld {};
 
-TEST_F(FloorRoutes, A_device_is_answered_its_count_its_store_and_whether_figures_are_taken) {
+TEST_F(FloorRoutes, A_device_is_answered_its_count_its_store_its_counting_and_whether_figures_are_taken) {
   const HttpReply reply = Post("/a/hello", R"({"device":"d1","name":"Sara"})", 2);
   EXPECT_EQ(reply.status, 200);
-  EXPECT_EQ(reply.body, R"({"count":2,"store":"انبار مركزي","open":true})");
+  EXPECT_EQ(reply.body, R"({"count":2,"store":"انبار مركزي","counting":"00c0ffee00c0ffee","open":true})");
   ASSERT_EQ(session_->Devices().size(), 1U);
   EXPECT_EQ(session_->Devices()[0].name, "Sara");
   EXPECT_EQ(session_->Devices()[0].count, 2);

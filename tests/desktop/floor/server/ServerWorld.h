@@ -20,6 +20,7 @@ class ServerWorld : public FloorWorld {
     settings_.folder = folder_.Path();
     settings_.addresses = {"192.0.2.7", "desk.example"};
     settings_.store = "انبار مركزي";
+    settings_.counting = "00c0ffee00c0ffee";
     Serve();
   }
 

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDialog>
+
+class QString;
+
+namespace koru {
+
+class FloorLog;
+
+/// Lists the left figures that were not entered, each with the reason, until the user closes it.
+class NotEnteredDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// `sentence`: what became of all of them. `figures` must outlive the dialog.
+  NotEnteredDialog(const QString& sentence, FloorLog& figures, QWidget* parent);
+};
+
+}  // namespace koru
