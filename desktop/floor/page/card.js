@@ -1,10 +1,11 @@
 // The card of a line: its own figure, the field for another one, and what the desk has said about it.
 
 import { figureText, isolated, isolatedNumber } from './fold.js';
-import { figureOrNone, whoHas } from './rows.js';
+import { earlierCode, figureOrNone, goneText, mineText, noticeText } from './notices.js';
 import { alarm, confirmation } from './signals.js';
 
-// What is longer is a barcode rather than a figure, where a line has it or where it has as many digits as an EAN-8.
+// What is longer is a barcode rather than a figure, where a line has it or where it has as many digits as an EAN-8; so
+// is a number with an exponent.
 const maxDigits = 7;
 const shortestBarcode = 4;
 const shortestCode = 6;
@@ -27,6 +28,12 @@ function button(text, press, className = '') {
   return made;
 }
 
+function noticeBox({ texts, isBad }, ...choices) {
+  return make('div', { className: isBad ? 'notice bad' : 'notice' },
+              ...texts.map((text) => make('p', { text, dir: 'auto' })),
+              make('div', { className: 'choices' }, ...choices));
+}
+
 export class Card {
   #box;
   #floor;
@@ -34,13 +41,13 @@ export class Card {
   #onScanned;
   #onFailed;
   #key = null;
-  #gone = null;
   #seen = '';
   #putBack = null;
   #input;
   #asked;
   #own;
-  #notice;
+  #notices;
+  #drawn = '';
   #remove;
 
   /**
@@ -73,9 +80,10 @@ export class Card {
     this.#own = make('div', { className: 'own' });
     this.#asked = make('div', { className: 'notice' });
     this.#asked.hidden = true;
-    this.#notice = make('div', { className: 'notice' });
+    this.#notices = make('div');
+    this.#drawn = '';
     this.#remove = button('پاک کردن رقم', () => this.#enter('set', ''));
-    this.#box.replaceChildren(this.#top(name), this.#own, this.#entry(), this.#asked, this.#notice,
+    this.#box.replaceChildren(this.#top(name), this.#own, this.#entry(), this.#asked, this.#notices,
                               this.#details({ barcode, code, unit }), this.#remove);
     this.#box.hidden = false;
     this.#box.scrollTop = 0;
@@ -98,18 +106,23 @@ export class Card {
     return this.#putBack?.text === this.#input.value ? this.#putBack.op : 'set';
   }
 
-  /** Opens the card of an answer whose line the counting has no more. */
-  openGone(notice) {
+  /** Opens the card of an answer whose line is not in the lines of the page: the answer is read and no more. */
+  openAlone(notice) {
     this.#key = null;
-    this.#showGone(notice, button('باشد', () => this.#dismiss(notice)));
+    const isOther = !this.#floor.isOfThisCode(notice);
+    const isGone = notice.state === 'gone' || (!isOther && this.#floor.areLinesKnown);
+    const texts = [mineText(notice)];
+    if (notice.state !== 'gone') texts.unshift(noticeText(notice));
+    if (isGone) texts.unshift(goneText);
+    if (isOther) texts.unshift(`${earlierCode(notice)}.`);
+    if (isOther && notice.state !== 'warned') texts.push('اگر رقم شما درست است، آن را به میز بگویید.');
+    const isBad = isGone || notice.state === 'refused';
+    this.#showAlone(notice, { texts, isBad }, button('باشد', () => this.#dismiss(notice)));
     this.#box.hidden = false;
   }
 
-  #showGone({ name, barcode, mine }, read) {
-    const text = make('div', { className: 'notice bad' }, make('p', { text: 'این کالا دیگر در شمارش نیست' }));
-    if (mine !== undefined) text.append(make('p', { text: `رقم شما: ${figureOrNone(mine)}` }));
-    text.append(make('div', { className: 'choices' }, read));
-    this.#box.replaceChildren(this.#top(name), text, this.#details({ barcode }));
+  #showAlone({ name, barcode }, said, read) {
+    this.#box.replaceChildren(this.#top(name), noticeBox(said, read), this.#details({ barcode }));
   }
 
   /** Calls `then` at once, or after the counter has said what becomes of the typed figure. */
@@ -186,16 +199,17 @@ export class Card {
     this.#own.replaceChildren(make('span', { text: 'شمارش شما:' }),
                               make('strong', { text: figureOrNone(figure) }), make('span', { text: state }));
     this.#remove.hidden = figure === '';
-    this.#drawNotice(this.#floor.noticeOf(barcode, ordinal));
+    this.#drawNotices(this.#floor.noticesOf(barcode, ordinal), figure);
   }
 
   #lineGone() {
-    const { name, barcode } = this.#key;
+    const line = this.#key;
     const typed = this.#input.value.trim();
     this.#key = null;
     alarm();
     const read = button('باشد', () => this.close());
-    this.#showGone({ name, barcode, mine: typed || undefined }, read);
+    const texts = typed === '' ? [goneText] : [goneText, `رقم شما: ${isolatedNumber(typed)}`];
+    this.#showAlone(line, { texts, isBad: true }, read);
     read.focus();
   }
 
@@ -204,27 +218,34 @@ export class Card {
     return this.#input.value !== '' || !this.#asked.hidden;
   }
 
-  #drawNotice(notice) {
-    this.#notice.hidden = notice === undefined;
-    if (!notice) return;
-    const choices = make('div', { className: 'choices' });
-    const texts = [];
-    if (notice.state === 'conflict') {
-      const theirs = figureOrNone(notice.theirs);
-      texts.push(`در این میان رقم دیگری ثبت شده است. ${whoHas(notice)}: ${theirs}`);
-      choices.append(button(`${theirs} بماند`, () => this.#dismiss(notice)),
-                     button(notice.mine === '' ? 'رقم پاک شود' : `${isolatedNumber(notice.mine)} ثبت شود`,
-                            () => this.#enter('set', notice.mine, notice.theirs)));
-    } else {
-      texts.push(notice.message);
-      if (notice.state === 'refused') texts.push(`رقم شما ثبت نشد: ${isolatedNumber(notice.mine)}`);
-      choices.append(button('خواندم', () => this.#dismiss(notice)));
-    }
-    this.#notice.classList.toggle('bad', notice.state === 'refused');
-    this.#notice.replaceChildren(...texts.map((text) => make('p', { text, dir: 'auto' })), choices);
+  /** Draws what is new alone: a button that is being pressed stays. The desk has `now` of the line. */
+  #drawNotices(notices, now) {
+    const drawn = JSON.stringify([notices, now]);
+    if (drawn === this.#drawn) return;
+    this.#drawn = drawn;
+    this.#notices.replaceChildren(...notices.map((notice) => this.#noticeOfLine(notice, now)));
   }
 
+  #noticeOfLine(notice, now) {
+    const isBad = notice.state === 'refused' || notice.state === 'gone';
+    if (notice.state === 'conflict') {
+      const keep = button(`${figureOrNone(now)} بماند`, () => this.#dismiss(notice));
+      const enter = button(notice.mine === '' ? 'رقم پاک شود' : `${isolatedNumber(notice.mine)} ثبت شود`,
+                           () => this.#enter('set', notice.mine, now));
+      return noticeBox({ texts: [noticeText(notice, now)], isBad }, keep, enter);
+    }
+    const texts = [noticeText(notice)];
+    if (isBad || notice.op === 'add') texts.push(mineText(notice));
+    return noticeBox({ texts, isBad }, button('خواندم', () => this.#dismiss(notice)));
+  }
+
+  /** The card stays open while it has another notice. */
   #dismiss(notice) {
+    if (this.#key && this.#floor.noticesOf(this.#key.barcode, this.#key.ordinal).length > 1) {
+      this.#input.focus();
+      this.#floor.dismiss(notice);
+      return;
+    }
     this.leave(() => {
       this.close();
       this.#floor.dismiss(notice);
@@ -241,7 +262,7 @@ export class Card {
     }
     if (this.#cutOff(typed.trim())) return;
     const digits = text === null ? 0 : text.replace(/\..*|\D/g, '').length;
-    if (digits > maxDigits || this.#isOfLine(typed)) {
+    if (digits > maxDigits || /e/i.test(text ?? '') || this.#isOfLine(typed)) {
       this.#askForBarcode(op, text, typed.trim());
     } else if (text === null) {
       alarm();

@@ -1,36 +1,50 @@
 // The state of the page: which count it is, its lines, what is queued and what the desk has said.
 
-import { Lines, keyOf } from './lines.js';
+import { sum } from './fold.js';
+import { Lines, addTo, keyOf } from './lines.js';
 import { Listener } from './listener.js';
 import { Sender } from './sender.js';
+import { numberOf } from './store.js';
 
 const nameKey = 'koru.name';
 const codeKey = 'koru.code';
 
-/** Takes the code off the address bar. A tab keeps its count when another tab opens another one. */
-export function takeCode() {
-  const typed = decodeURIComponent(location.hash.slice(1));
-  if (typed) {
-    history.replaceState(null, '', location.pathname);
-    sessionStorage.setItem(codeKey, typed);
-    localStorage.setItem(codeKey, typed);
-  }
-  return sessionStorage.getItem(codeKey) ?? localStorage.getItem(codeKey) ?? '';
-}
-
-/** Keeps a short text, where the browser does. */
-function keepText(key, text) {
+/** Keeps a short text, where the browser does: what fits nowhere is known until the page is closed. */
+export function keepText(key, text, storage = localStorage) {
   try {
-    localStorage.setItem(key, text);
+    storage.setItem(key, text);
   } catch {
     // This page knows it.
   }
+}
+
+/** What follows # in the address: as it is where it is not the encoding of a text. */
+function typedCode() {
+  const typed = location.hash.slice(1);
+  try {
+    return decodeURIComponent(typed);
+  } catch {
+    return typed;
+  }
+}
+
+/** Takes the code off the address bar. A tab keeps its count when another tab opens another one. */
+export function takeCode() {
+  const typed = typedCode();
+  if (!typed) return sessionStorage.getItem(codeKey) ?? localStorage.getItem(codeKey) ?? '';
+  history.replaceState(null, '', location.pathname);
+  keepText(codeKey, typed, sessionStorage);
+  keepText(codeKey, typed);
+  return typed;
 }
 
 export class Floor extends EventTarget {
   lines = new Lines();
   /** Figures without an answer, of all counts, in their order. */
   queue = [];
+  /** Barcodes that no line has, until the desk has seen to them. */
+  unknown = [];
+  /** What the desk has said, under all codes, and the counter has not read, the newest first. */
   notices = [];
   inFlight = 0;
   /** 'unknown' until the desk was tried, then 'reached' or 'away'. */
@@ -41,7 +55,9 @@ export class Floor extends EventTarget {
   /** Whether the browser's storage fails, so that nothing is sent. */
   isStuck = false;
   count = 0;
+  /** The name of the store, and what distinguishes the counting from others; empty while the desk has not said it. */
   place = '';
+  counting = '';
   /** Whether the lines are those of the desk or those kept from before. */
   areLinesKnown = false;
 
@@ -50,15 +66,18 @@ export class Floor extends EventTarget {
   #sender;
   #listener;
   #name = localStorage.getItem(nameKey) ?? '';
-  #noticeOf = new Map();
+  #refusals = { sender: '', listener: '' };
+  #noticesOf = new Map();
   #closedCodes = new Set();
 
-  constructor(store, code, device) {
+  constructor(store, code) {
     super();
     this.#store = store;
     this.#code = code;
-    this.#sender = new Sender(store, device, (news) => this.#hear(news));
-    this.#listener = new Listener(code, device, () => this.name, (news) => this.#hear(news));
+    this.#sender = new Sender(store, () => ({ ...this.#here(), name: this.name }),
+                              (news) => this.#hear(news, 'sender'));
+    this.#listener = new Listener(code, () => ({ device: store.device, name: this.name }),
+                                  (news) => this.#hear(news, 'listener'));
   }
 
   get code() {
@@ -68,6 +87,11 @@ export class Floor extends EventTarget {
   /** Whether the desk has said that it does not know a code, or knows it no more. */
   isClosed(code) {
     return this.#closedCodes.has(code);
+  }
+
+  /** Why the desk cannot do now what it is asked for, in its words; empty while it does. */
+  get refusal() {
+    return this.reach === 'away' ? '' : this.#refusals.sender || this.#refusals.listener;
   }
 
   get name() {
@@ -95,9 +119,10 @@ export class Floor extends EventTarget {
     this.#listener.run();
   }
 
-  #takeKept({ count, store, text, figures }) {
+  #takeKept({ count, place, store, counting = '', text, figures }) {
     this.count = count;
-    this.place = store;
+    this.place = place ?? store;  // pages before this one kept it under that name
+    this.counting = counting;
     this.#takeLines(JSON.parse(text));
     for (const { barcode, ordinal, figure } of figures) this.lines.setFigure(barcode, ordinal, figure, 0);
     this.lines.countAnew();
@@ -112,26 +137,55 @@ export class Floor extends EventTarget {
 
   /** Reads queue and notices anew: another tab may have changed them. */
   async readKept() {
-    const { queue, notices } = await this.#store.kept();
-    this.notices = notices.filter(({ code }) => code === this.#code).sort((a, b) => b.time - a.time);
-    this.#noticeOf = new Map(this.notices.map((notice) => [keyOf(notice.barcode, notice.ordinal), notice]));
+    const [{ queue, notices }, unknown] = await Promise.all([this.#store.kept(), this.#store.unknown()]);
+    this.unknown = unknown;
+    const inOrder = notices.sort((a, b) => a.time - b.time || a.seq - b.seq);
+    this.#noticesOf = new Map();
+    for (const notice of inOrder) {
+      if (this.isOfThisCode(notice)) addTo(this.#noticesOf, keyOf(notice.barcode, notice.ordinal), notice);
+    }
+    this.notices = inOrder.reverse();
     this.#setQueue(queue);
   }
 
-  noticeOf(barcode, ordinal) {
-    return this.#noticeOf.get(keyOf(barcode, ordinal));
+  /** Whether a figure or a notice is of the count that the page shows. */
+  isOfThisCode({ code }) {
+    return code === this.#code;
   }
 
-  /** Enters a figure; when this has returned, it is kept. */
+  /** The line of a notice, where the page has it. */
+  lineOf(notice) {
+    return this.isOfThisCode(notice) ? this.lines.lineOf(notice.barcode, notice.ordinal) : undefined;
+  }
+
+  /** What the desk has said about figures of a line, the oldest first. */
+  noticesOf(barcode, ordinal) {
+    return this.#noticesOf.get(keyOf(barcode, ordinal)) ?? [];
+  }
+
+  /**
+   * Enters a figure; when this has returned, it is kept. One that is added to a figure which is set and has no answer
+   * yet is set with it: whatever the desk has instead, it is not added to that.
+   */
   async enter({ barcode, ordinal, name }, op, text, base) {
-    const item = { code: this.#code, count: this.count, barcode, ordinal, name, op, text, base, time: Date.now() };
+    const before = op === 'add' ? this.lines.unansweredSet(barcode, ordinal) : undefined;
+    const entered = before === undefined ? { op, text, base } : { op: 'set', text: sum(before, text), base: before };
+    const item = { ...this.#here(), barcode, ordinal, name, ...entered };
     const kept = await this.#store.enter(item);
-    await this.readKept().catch(() => this.#setQueue([...this.queue, kept]));
+    this.#setQueue([...this.queue, kept]);  // known from now on, should the browser erase it
+    await this.readKept().catch(() => {});
     this.#sender.wake();
   }
 
-  /** The browser has erased what it kept; figures and notices that are shown are kept again. */
+  /** Where something is entered, which is kept with it. */
+  #here() {
+    const { count, place, counting } = this;
+    return { code: this.#code, count, place, counting };
+  }
+
+  /** The browser has erased what it kept; figures and notices that are shown are kept again, and the id is another. */
   erased() {
+    this.#listener.greetAnew();
     keepText(nameKey, this.#name);
     keepText(codeKey, this.#code);
     if (this.queue.length > 0) this.#changed('erased');
@@ -147,8 +201,11 @@ export class Floor extends EventTarget {
     this.#sender.wake();
   }
 
-  async forget(items) {
-    await this.#change(() => this.#store.forget(items));
+  async forget({ figures, barcodes }) {
+    await this.#change(async () => {
+      await this.#store.forget(figures);
+      for (const entry of barcodes) await this.#store.forgetUnknown(entry);
+    });
   }
 
   /** Changes what is kept; reports when the browser's storage does not do it. */
@@ -162,24 +219,36 @@ export class Floor extends EventTarget {
   }
 
   async noteUnknown(barcode) {
-    await this.#store.keepUnknown({ code: this.#code, barcode });
+    await this.#store.keepUnknown({ ...this.#here(), barcode, time: Date.now() });
+    await this.readKept().catch(() => {});
     this.#sender.wake();
   }
 
-  #hear(news) {
+  /** `from` is who reports: the desk may answer the one and refuse the other. */
+  #hear(news, from) {
     if ('inFlight' in news) this.inFlight = news.inFlight;
     if ('stuck' in news) this.isStuck = news.stuck;
     if (news.away) this.reach = 'away';
+    if (news.busy) this.reach = 'reached';
+    if (news.busy || news.away || news.closed || news.isDone || 'open' in news) this.#refusals[from] = news.busy ?? '';
     if (news.unanswered) this.#listener.mark();
     if (news.closed) this.#closedCodes.add(news.closed);
-    if ('open' in news) this.#closedCodes.delete(news.code ?? this.#code);
     if (news.closed === this.#code) this.#setClosed(true);
-    if ('open' in news && (news.code ?? this.#code) === this.#code) this.#reached(news.open ?? this.open);
+    if ('open' in news) this.#admitted(news.code ?? this.#code, news);
     if (news.hello) this.#greeted(news.hello);
     if (news.lines) this.#linesCame(news.lines);
     if (news.cells) this.#cellsCame(news.cells, news.rev);
     if (news.answered) this.#answersCame(news.answered, news.rev);
+    if (news.noted) this.readKept().catch(() => {});
+    if (news.unlisted) this.dispatchEvent(new CustomEvent('unlisted', { detail: news }));
     this.#changed('state');
+  }
+
+  /** The desk knows a code. Figures that it decided before it closed the code may be answered after that. */
+  #admitted(code, { open, answered }) {
+    if (answered && !open && this.isClosed(code)) return;
+    this.#closedCodes.delete(code);
+    if (code === this.#code) this.#reached(open);
   }
 
   #setClosed(closed) {
@@ -192,17 +261,27 @@ export class Floor extends EventTarget {
     this.reach = 'reached';
     this.open = open;
     this.#setClosed(false);
-    if (isBack && this.queue.length > 0) this.#sender.wake();
+    if (isBack && this.queue.length + this.unknown.length > 0) this.#sender.wake();
   }
 
-  #greeted({ count, store }) {
+  #greeted({ count, store, counting = '' }) {
+    if (this.areLinesKnown && counting !== this.counting) this.#forgetLines();
     this.count = count;
     this.place = store;
+    if (counting !== this.counting && this.unknown.length > 0) this.#sender.wake();
+    this.counting = counting;
+  }
+
+  /** They are of another counting. */
+  #forgetLines() {
+    this.#takeLines([]);
+    this.areLinesKnown = false;
+    this.#listener.readLinesAnew();
   }
 
   #linesCame(rows) {
     this.#takeLines(rows);
-    this.#store.keepLines({ code: this.#code, count: this.count, store: this.place, text: JSON.stringify(rows) })
+    this.#store.keepLines({ ...this.#here(), text: JSON.stringify(rows) })
         .catch(() => {});  // the lines are a convenience; the queue is what must be kept
   }
 
@@ -235,10 +314,10 @@ export class Floor extends EventTarget {
       this.lines.setFigure(item.barcode, item.ordinal, answer.text, revision);
     }
     this.#listener.rewind();
-    const settled = new Set(answered.map(({ item }) => item.seq));
-    this.#setQueue(this.queue.filter(({ seq }) => !settled.has(seq)));
+    const settled = new Set(answered.map(({ item }) => numberOf(item)));
+    this.#setQueue(this.queue.filter((item) => !settled.has(numberOf(item))));
     this.readKept().catch(() => {}).then(() => {
-      const asked = answered.filter(({ item, answer }) => item.code === this.#code && answer.state !== 'stored');
+      const asked = answered.filter(({ answer }) => answer.state !== 'stored');
       if (asked.length > 0) this.dispatchEvent(new CustomEvent('asked', { detail: asked }));
     });
   }

@@ -27,17 +27,22 @@ export function characterByPlace(event) {
   return code in places ? places[code][event.shiftKey ? 1 : 0] : '';
 }
 
+/** Separators that group the integer part into thousands, as in 1,200; others stay, since 12,5 may mean 12.5. */
+function withoutGroups(text) {
+  return text.replace(/\d+(?:[,\u060c\u066c]\d+)+/g, (run, at) => (
+      /^[1-9]\d{0,2}(?:\D\d{3})+$/.test(run) && text[at - 1] !== '.' ? run.replace(/\D/g, '') : run));
+}
+
 /**
- * A typed figure as plain text with a point; empty for an empty field, null for what is no number. The desk has
- * the last word.
+ * A typed figure as the desk reads it (platform/text/TypedNumber): empty for an empty field, null for what is no
+ * number. Only what is around it is cut off: 12 5 is no number.
  */
 export function figureText(typed) {
-  let text = latinDigits(typed).replace(/[\u200e\u200f\u2066-\u2069\s]/g, '').replace(/\u2212/g, '-')
-      .replace(/\u066b/g, '.');
-  if (/^[+-]?\d{1,3}([,\u060c\u066c]\d{3})+(\.\d*)?$/.test(text)) text = text.replace(/[,\u060c\u066c]/g, '');
-  if (/^[+-]?\d+\/\d+$/.test(text)) text = text.replace('/', '.');
-  if (text === '' || /^[+-]?(\d+\.?\d*|\.\d+)$/.test(text)) return text;
-  return null;
+  const latin = latinDigits(typed).replace(/[\u200e\u200f\u061c\u202a-\u202e\u2066-\u2069]/g, '')
+      .replace(/\u2212/g, '-').replace(/\u066b/g, '.');
+  let text = withoutGroups(latin.replace(/^ +| +$/g, ''));
+  if (/^[^/.]*\d\/\d[^/.]*$/.test(text)) text = text.replace('/', '.');
+  return text === '' || /^[ \t]*[+-]?(\d+\.?\d*|\.\d+)(e[+-]?\d+)?$/i.test(text) ? text : null;
 }
 
 /** What a count is after a figure was added, with the digits that the desk keeps. */

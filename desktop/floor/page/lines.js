@@ -71,6 +71,16 @@ export class Lines {
     return (this.#pending.get(keyOf(barcode, ordinal)) ?? []).some(({ op }) => op === 'add');
   }
 
+  /** What a line has once the desk has its waiting figures; undefined unless one of them is set. */
+  unansweredSet(barcode, ordinal) {
+    let figure;
+    for (const { op, text } of this.#pending.get(keyOf(barcode, ordinal)) ?? []) {
+      if (op === 'set') figure = text;
+      else if (figure !== undefined) figure = sum(figure, text);
+    }
+    return figure;
+  }
+
   /** The desk has said a figure without being asked. Where an addition is under way, it counts after the answer. */
   hear(barcode, ordinal, figure, revision) {
     if (this.isAdding(barcode, ordinal)) {
@@ -168,7 +178,8 @@ function otherForm(barcode) {
   return /^\d{12}$/.test(barcode) ? `0${barcode}` : undefined;
 }
 
-function addTo(map, key, value) {
+/** Adds a value to those of a key. */
+export function addTo(map, key, value) {
   const values = map.get(key);
   if (values) {
     values.push(value);

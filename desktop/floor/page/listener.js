@@ -1,6 +1,6 @@
 // Reads the lines, and hears from the desk what changes.
 
-import { Closed, Late, call } from './desk.js';
+import { Closed, call, newsOf } from './desk.js';
 import { Wake } from './wake.js';
 
 const pauses = [300, 700, 1500, 3000];
@@ -9,8 +9,7 @@ const shortestRound = 300;
 
 export class Listener {
   #code;
-  #device;
-  #name;
+  #who;
   #report;
   #wake = new Wake();
   #control = new AbortController();
@@ -18,11 +17,10 @@ export class Listener {
   #greeted = false;
   #mark;
 
-  /** `report` hears {hello}, {lines}, {cells}, {open}, {closed}, {away}. `name` gives the name of the device. */
-  constructor(code, device, name, report) {
+  /** `report` hears {hello}, {lines}, {cells}, {open}, {closed}, {away}, {busy}. `who` gives {device, name}. */
+  constructor(code, who, report) {
     this.#code = code;
-    this.#device = device;
-    this.#name = name;
+    this.#who = who;
     this.#report = report;
   }
 
@@ -45,7 +43,13 @@ export class Listener {
     this.wake();
   }
 
-  /** The name has changed: the desk is to hear it. */
+  /** What is known of the lines is not of this counting. */
+  readLinesAnew() {
+    this.#revision = null;
+    this.#mark = undefined;
+  }
+
+  /** The name or the id has changed: the desk is to hear it. */
   greetAnew() {
     this.#greeted = false;
     this.wake();
@@ -64,8 +68,7 @@ export class Listener {
         if (this.#control.signal.aborted) continue;
         this.#greeted = false;
         const isClosed = error instanceof Closed;
-        if (isClosed) this.#report({ closed: this.#code });
-        else if (!(error instanceof Late)) this.#report({ away: true });
+        this.#report(isClosed ? { closed: this.#code } : newsOf(error));
         await this.#wake.wait(isClosed ? pauseWhileClosed : pauses[Math.min(failures++, pauses.length - 1)]);
       }
     }
@@ -74,7 +77,7 @@ export class Listener {
   async #round() {
     const { signal } = this.#control;
     if (!this.#greeted) {
-      const body = JSON.stringify({ device: this.#device, name: this.#name() });
+      const body = JSON.stringify(this.#who());
       const hello = await call('a/hello', this.#code, { body, signal });
       this.#greeted = true;
       this.#report({ hello, open: hello.open });
@@ -86,7 +89,7 @@ export class Listener {
       this.#report({ lines, open });
       return true;
     }
-    const path = `a/changes?since=${this.#revision}&device=${encodeURIComponent(this.#device)}`;
+    const path = `a/changes?since=${this.#revision}&device=${encodeURIComponent(this.#who().device)}`;
     const changes = await call(path, this.#code, { signal, seconds: 40 });
     const isNews = changes.lines || changes.cells.length > 0;
     this.#revision = changes.lines ? null : changes.rev;

@@ -4,17 +4,20 @@ import { CameraView } from './camera-view.js';
 import { Card } from './card.js';
 import { Floor, takeCode } from './floor.js';
 import { isolated, isolatedNumber, latinDigits, shortName } from './fold.js';
+import { countName, saidText } from './notices.js';
 import { Questions } from './questions.js';
 import { QueueView } from './queue-view.js';
-import { countName, fillLine, fillNotice, makeRow } from './rows.js';
+import { fillLine, fillNotice, makeRow } from './rows.js';
 import { Sayings } from './sayings.js';
 import { ScanField } from './scan-field.js';
 import { alarm } from './signals.js';
-import { stateOf } from './state.js';
+import { hasStrangers, stateOf } from './state.js';
 import { Store } from './store.js';
 import { VirtualList } from './virtual-list.js';
 
 const shortestBarcode = 3;
+const ofEarlierCode =
+    'در گوشی رقم یا بارکدی با کد پیشین مانده است که خودبه‌خود فرستاده نمی‌شود. دکمهٔ سرخ بالای صفحه را بزنید.';
 
 const isNumber = (text) => /^\d+$/.test(latinDigits(text));
 
@@ -74,6 +77,8 @@ class Page {
     this.#floor.addEventListener('figures', () => this.#draw());
     this.#floor.addEventListener('state', () => this.#drawState());
     this.#floor.addEventListener('asked', ({ detail }) => this.#asked(detail));
+    this.#floor.addEventListener('unlisted', ({ detail: { unlisted, message } }) => this.#sayings.sayUntilRead(
+        `بارکد ${isolated(unlisted)} در میز ثبت نشد${message === '' ? '.' : `: ${isolated(message)}`}`));
     this.#floor.addEventListener('failed', () => this.#sayings.sayUntilRead(
         'گوشی این تغییر را نگه نداشت. جای خالی گوشی را ببینید و دوباره بزنید.'));
     this.#floor.addEventListener('erased', () => this.#sayings.sayUntilRead(
@@ -93,6 +98,7 @@ class Page {
       this.#tab = tab;
       this.#card.close();
       this.#list.scrollToTop();
+      if (tab === 'queue') this.#sayings.takeBack(ofEarlierCode);  // it says so itself
       this.#draw();
     });
   }
@@ -152,7 +158,8 @@ class Page {
     }
     if (this.#tab === 'notices') return 'پیامی نیست.';
     if (!this.#floor.areLinesKnown) {
-      return this.#floor.closed ? 'این شمارش بسته است.' : 'در حال خواندن کالاها…';
+      if (this.#floor.closed) return 'این شمارش بسته است.';
+      return this.#floor.refusal === '' ? 'در حال خواندن کالاها…' : 'کالاها هنوز خوانده نشده است.';
     }
     if (this.#field.text !== '') return 'کالایی پیدا نشد.';
     if (this.#floor.lines.size === 0) return 'این شمارش کالایی ندارد.';
@@ -161,11 +168,13 @@ class Page {
 
   #fillRow(row, at) {
     if (this.#tab === 'notices') {
-      fillNotice(row, this.#shown[at]);
+      const notice = this.#shown[at];
+      const line = this.#floor.lineOf(notice);
+      fillNotice(row, notice, this.#floor.isOfThisCode(notice), line === undefined ? line : this.#floor.lines.figure(line));
       return;
     }
     const line = this.#floor.lines.at(this.#shown[at]);
-    fillLine(row, line, this.#floor.noticeOf(line.barcode, line.ordinal), at === this.#current);
+    fillLine(row, line, this.#floor.noticesOf(line.barcode, line.ordinal), at === this.#current);
   }
 
   #choose(at) {
@@ -181,9 +190,9 @@ class Page {
   }
 
   #openNotice(notice) {
-    const line = this.#floor.lines.lineOf(notice.barcode, notice.ordinal);
+    const line = this.#floor.lineOf(notice);
     if (line === undefined) {
-      this.#card.openGone(notice);
+      this.#card.openAlone(notice);
       document.body.classList.add('with-card');
     } else {
       this.#open(line);
@@ -319,32 +328,31 @@ class Page {
     if (state.textContent !== text) by('state-text').textContent = text;
     state.className = className;
     state.hidden = text === '';
+    const { refusal } = this.#floor;
+    const said = refusal === '' || this.#floor.closed ? '' : `میز می‌گوید: ${isolated(refusal)}`;
+    if (by('refusal').textContent !== said) by('refusal').textContent = said;
+    by('refusal').hidden = said === '';
     by('count').textContent = countName(this.#floor.count);
     by('place').textContent = this.#floor.place;
     document.title = `${countName(this.#floor.count)} ${isolated(this.#floor.place)}`;
     const isNewlyClosed = this.#floor.closed && !this.#wasClosed;
     this.#wasClosed = this.#floor.closed;
     if (isNewlyClosed) this.#closed();
+    this.#sayings.sayWhile(!this.#floor.closed && hasStrangers(this.#floor), ofEarlierCode);
     this.#queueView.draw();
     if (this.#floor.lines.size === 0) this.#drawEmpty();
   }
 
   #closed() {
     this.#sayings.say('این شمارش بسته است. رقم‌های تازه به میز نمی‌رسد.');
-    if (this.#floor.queue.length > 0) this.#openTab('queue');
+    if (this.#floor.queue.length + this.#floor.unknown.length > 0) this.#openTab('queue');
   }
 
   #asked(answered) {
     const worst = answered.some(({ answer }) => answer.state !== 'warned');
     if (worst) alarm();
-    const { item, answer } = answered[answered.length - 1];
-    const what = {
-      warned: answer.message,
-      refused: answer.message,
-      conflict: 'در این میان رقم دیگری ثبت شده است.',
-      gone: 'این کالا دیگر در شمارش نیست',
-    }[answer.state];
-    this.#sayings.say(`${shortName(item.name)}: ${isolated(what)}`, answer.state === 'refused');
+    const last = answered[answered.length - 1];
+    this.#sayings.say(saidText(last, this.#floor.isOfThisCode(last.item)), last.answer.state === 'refused');
   }
 }
 
@@ -352,11 +360,11 @@ async function main() {
   const code = takeCode();
   let floor = null;
   const store = await Store.open({
-    otherTab: () => floor?.readKept().catch(() => {}),
+    changed: () => floor?.readKept().catch(() => {}),
     known: () => ({ queue: floor?.queue ?? [], notices: floor?.notices ?? [] }),
     erased: () => floor?.erased(),
   });
-  floor = new Floor(store, code, await store.device());
+  floor = new Floor(store, code);
   navigator.storage?.persist?.().catch(() => {});  // where the browser asks, the counter decides
   new Page(floor).begin();
   addEventListener('online', () => floor.retry());

@@ -1,5 +1,7 @@
 // What a device is asked once, before the first figure.
 
+import { keepText } from './floor.js';
+
 const arrivedKey = 'koru.arrived';
 
 /**
@@ -18,6 +20,7 @@ function plainAddress() {
 export class Questions {
   #naming;
   #arrived;
+  #hasArrived = false;
   #floor;
   #onDone;
 
@@ -36,7 +39,8 @@ export class Questions {
     });
     arrived.addEventListener('submit', (event) => {
       event.preventDefault();
-      localStorage.setItem(arrivedKey, 'yes');
+      this.#hasArrived = true;
+      keepText(arrivedKey, 'yes');
       this.ask();
     });
     plain.href = plainAddress();
@@ -57,6 +61,6 @@ export class Questions {
   #next() {
     if (this.#floor.code === '') return undefined;
     if (this.#floor.name === '') return this.#naming;
-    return asksForPlain() ? this.#arrived : undefined;
+    return !this.#hasArrived && asksForPlain() ? this.#arrived : undefined;
   }
 }

@@ -1,8 +1,8 @@
-// The figures that the desk has not answered, as a list that can be read out.
+// The figures that the desk has not answered, and the barcodes that it has not seen to, as a list that can be read out.
 
 import { VirtualList } from './virtual-list.js';
-import { fillQueued, makeRow } from './rows.js';
-import { movableOf, queueText, strangersOf } from './state.js';
+import { fillQueued, fillUnknown, makeRow } from './rows.js';
+import { hasStrangers, movableOf, queueText, strangersOf } from './state.js';
 
 export class QueueView {
   #box;
@@ -31,7 +31,7 @@ export class QueueView {
     box.append(top, rows);
     this.#list = new VirtualList(rows, {
       make: makeRow,
-      fill: (row, at) => fillQueued(row, floor.queue[at], floor.queue[at].code !== floor.code),
+      fill: (row, at) => this.#fill(row, at),
       choose: () => {},
     });
   }
@@ -41,15 +41,20 @@ export class QueueView {
       this.#isSure = false;
       return;
     }
-    const areStrangers = strangersOf(this.#floor).length > 0;
     this.#text.textContent = queueText(this.#floor);
     this.#move.hidden = movableOf(this.#floor).length === 0;
-    this.#forget.hidden = !areStrangers;
+    this.#forget.hidden = !hasStrangers(this.#floor);
     this.#forget.textContent = this.#isSure ? 'بله، از گوشی پاک شود' : 'پاک کردن از گوشی';
-    this.#list.setLength(this.#floor.queue.length);
+    this.#list.setLength(this.#floor.queue.length + this.#floor.unknown.length);
   }
 
-  /** Only figures of a count that this code does not open, and only when pressed twice. */
+  #fill(row, at) {
+    const { code, queue, unknown } = this.#floor;
+    const [fill, entry] = at < queue.length ? [fillQueued, queue[at]] : [fillUnknown, unknown[at - queue.length]];
+    fill(row, entry, entry.code !== code);
+  }
+
+  /** Only what is of a code that is closed, and only when pressed twice. */
   async #forgetThem() {
     if (this.#isSure) await this.#floor.forget(strangersOf(this.#floor));
     this.#isSure = !this.#isSure;

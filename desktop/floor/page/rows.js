@@ -1,6 +1,7 @@
 // Rows of the lists. All texts are set as text, and each is isolated from the direction of its surroundings.
 
-import { isolated, isolatedNumber } from './fold.js';
+import { isolated } from './fold.js';
+import { countName, earlierCode, entered, shortNotice, shortNotices } from './notices.js';
 
 function element(name, className, parent) {
   const made = document.createElement(name);
@@ -23,9 +24,12 @@ export function makeRow() {
   return row;
 }
 
-function fill(row, { name, below, number, unit = '', isNone = false, asks = false, isCurrent = false }) {
+/** `origin` is a second line below the name. */
+function fill(row, { name, below, origin = '', number, unit = '', isNone = false, asks = false, isCurrent = false }) {
   row.querySelector('.name').textContent = name;
-  row.querySelector('.below').textContent = below;
+  row.querySelector('.name').classList.toggle('one', origin !== '');
+  row.querySelector('.below').textContent = origin === '' ? below : `${below}\n${origin}`;
+  row.querySelector('.below').classList.toggle('two', origin !== '');
   row.querySelector('.number').textContent = number;
   row.querySelector('.unit').textContent = unit;
   row.querySelector('.figure').classList.toggle('none', isNone);
@@ -33,58 +37,62 @@ function fill(row, { name, below, number, unit = '', isNone = false, asks = fals
   row.classList.toggle('current', isCurrent);
 }
 
-export function fillLine(row, line, notice, isCurrent) {
+export function fillLine(row, line, notices, isCurrent) {
   const isNone = line.figure === '';
   fill(row, {
     name: line.name,
-    below: notice ? shortNotice(notice) : isolatedAll(line.barcode, line.code),
+    below: notices.length > 0 ? shortNotices(notices, line.figure) : isolatedAll(line.barcode, line.code),
     number: isNone ? 'شمرده نشده' : line.figure,
     unit: isNone ? '' : line.isPending ? 'در گوشی' : line.unit,
     isNone,
-    asks: notice !== undefined,
+    asks: notices.length > 0,
     isCurrent,
   });
 }
 
 export function fillQueued(row, item, isOfOtherCode) {
-  const time = new Date(item.time).toLocaleTimeString('fa-IR-u-nu-latn', { hour: '2-digit', minute: '2-digit' });
   fill(row, {
     name: item.name,
-    below: `${isolatedAll(item.barcode)}  ·  ${time}${isOfOtherCode ? `، ${countName(item.count)}` : ''}`,
-    number: `${item.op === 'add' ? '+' : ''}${item.text === '' ? '—' : item.text}`,
+    below: isolatedAll(item.barcode, isOfOtherCode ? '' : timeOf(item)),
+    origin: isOfOtherCode ? whenAndWhere(item) : '',
+    number: entered(item.op, item.text) || '—',
     unit: item.text === '' ? 'پاک شود' : item.op === 'add' ? 'افزودن' : 'ثبت',
   });
 }
 
-export function fillNotice(row, notice) {
+export function fillUnknown(row, entry, isOfOtherCode) {
+  fill(row, {
+    name: entry.barcode,
+    below: 'بارکدی که در شمارش نبود',
+    origin: isOfOtherCode ? whenAndWhere(entry) : '',
+    number: '',
+  });
+}
+
+/** When, in which count and in which store something was entered. */
+function whenAndWhere({ time, count, place = '' }) {
+  const [date, today] = [new Date(time), new Date()].map((day) => (
+      day.toLocaleDateString('fa-IR-u-nu-latn', { month: 'numeric', day: 'numeric' })));
+  const when = time ? `${date === today ? '' : `${date} `}${timeOf({ time })}` : '';
+  return [when, countName(count), place].filter((text) => text !== '').map(isolated).join(' · ');
+}
+
+function timeOf({ time }) {
+  return new Date(time).toLocaleTimeString('fa-IR-u-nu-latn', { hour: '2-digit', minute: '2-digit' });
+}
+
+/** `now` is what the counting has of the line by now, where that is known. */
+export function fillNotice(row, notice, isOfThisCode, now) {
+  const short = shortNotice(notice, now);
   fill(row, {
     name: notice.name,
-    below: shortNotice(notice),
-    number: `${notice.op === 'add' ? '+' : ''}${notice.mine === '' ? '—' : notice.mine}`,
+    below: isOfThisCode ? short : `${earlierCode(notice)}  ·  ${short}`,
+    number: entered(notice.op, notice.mine) || '—',
     unit: 'رقم شما',
     asks: true,
   });
 }
 
-function shortNotice(notice) {
-  if (notice.state === 'conflict') return `${whoHas(notice)}: ${figureOrNone(notice.theirs)}`;
-  if (notice.state === 'gone') return 'این کالا دیگر در شمارش نیست';
-  return notice.message;
-}
-
-export function figureOrNone(figure) {
-  return figure === '' ? 'شمرده نشده' : isolatedNumber(figure);
-}
-
 function isolatedAll(...texts) {
   return texts.filter((text) => text !== '').map(isolated).join('  ·  ');
-}
-
-/** Whose figure is in the counting. */
-export function whoHas(notice) {
-  return notice.by === '' ? 'رقم میز' : `رقم ${isolated(notice.by)}`;
-}
-
-export function countName(count) {
-  return ['شمارش', 'شمارش اول', 'شمارش دوم', 'شمارش سوم'][count] ?? 'شمارش';
 }

@@ -7,6 +7,7 @@ export class Sayings {
   #unknown;
   #unknownText;
   #unread = [];
+  #holding = new Set();
 
   /** `banner` is a box that is pressed; `unknown` is one with `unknownText` and the button `unknownClose`. */
   constructor({ banner, unknown, unknownText, unknownClose }) {
@@ -29,6 +30,26 @@ export class Sayings {
   sayUntilRead(text) {
     if (!this.#unread.includes(text)) this.#unread.push(text);
     this.#show(this.#unread, true);
+  }
+
+  /** Says once what has begun to hold; takes it back when it holds no more. */
+  sayWhile(holds, text) {
+    if (holds === this.#holding.has(text)) return;
+    if (holds) {
+      this.#holding.add(text);
+      this.sayUntilRead(text);
+    } else {
+      this.#holding.delete(text);
+      this.takeBack(text);
+    }
+  }
+
+  /** What was to be read need not be any more. */
+  takeBack(text) {
+    if (!this.#unread.includes(text)) return;
+    this.#unread = this.#unread.filter((unread) => unread !== text);
+    this.#banner.hidden = true;
+    if (this.#unread.length > 0) this.#show(this.#unread, true);
   }
 
   sayUnknown(barcode) {

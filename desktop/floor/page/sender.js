@@ -1,6 +1,7 @@
 // Sends what is queued until the desk has answered, in the order of entry.
 
-import { Away, Closed, Late, NotTaken, call } from './desk.js';
+import { Away, Closed, NotTaken, call, newsOf } from './desk.js';
+import { isOfThisCount } from './state.js';
 import { Wake } from './wake.js';
 
 const maxItems = 500;
@@ -8,7 +9,7 @@ const maxLength = 200000;
 const pauses = [300, 700, 1500, 2000];
 const pauseWhileClosed = 20000;
 
-/** The first figures of one code that fit into a request. */
+/** The first figures, of one device, that fit into a request. */
 function nextBatch(items, atMost) {
   const bytes = new TextEncoder();
   const batch = [];
@@ -17,7 +18,7 @@ function nextBatch(items, atMost) {
     const { seq, barcode, ordinal, op, text, base } = item;
     const wire = JSON.stringify({ seq, barcode, ordinal, op, text, base });
     length += bytes.encode(wire).length + 1;
-    if (batch.length === atMost || (batch.length > 0 && length > maxLength)) break;
+    if (batch.length === atMost || item.device !== items[0].device || (batch.length > 0 && length > maxLength)) break;
     batch.push({ item, wire });
   }
   return batch;
@@ -26,8 +27,8 @@ function nextBatch(items, atMost) {
 /** What the counter is to read about an answer; nothing where the figure is simply in the counting. */
 function noticeOf(item, answer) {
   if (answer.state === 'stored') return undefined;
-  const { code, barcode, ordinal, name, op, text } = item;
-  return { code, barcode, ordinal, name, op, mine: text, state: answer.state, theirs: answer.text ?? '',
+  const { device, seq, code, count, barcode, ordinal, name, op, text } = item;
+  return { device, seq, code, count, barcode, ordinal, name, op, mine: text, state: answer.state, theirs: answer.text ?? '',
            message: answer.message ?? '', by: answer.by ?? '', time: Date.now() };
 }
 
@@ -40,17 +41,20 @@ function figureOf(item, answer, rev) {
 
 export class Sender {
   #store;
-  #device;
+  #here;
+  #introduced = new Set();
   #wake = new Wake();
   #report;
 
   /**
-   * `report` hears of all that happens: {inFlight}, {answered: [{item, answer}], open}, {away},
-   * {unanswered}, {closed: code}, {stuck: whether the browser's storage fails}.
+   * `report` hears of all that happens: {inFlight}, {answered: [{item, answer}], open}, {away}, {busy: what the desk
+   * says}, {unanswered}, {closed: code}, {unlisted: barcode, message}, {isDone} when nothing is left, {stuck: whether the
+   * browser's storage fails}, {noted: barcode that the desk has seen to}. `here` gives {name of the device, code, count,
+   * counting} of the page.
    */
-  constructor(store, device, report) {
+  constructor(store, here, report) {
     this.#store = store;
-    this.#device = device;
+    this.#here = here;
     this.#report = report;
   }
 
@@ -74,7 +78,7 @@ export class Sender {
   async #trySendAll() {
     try {
       const outcome = await this.#sendAll();
-      this.#report({ stuck: false });
+      this.#report({ stuck: false, isDone: outcome === 'sent' });
       return outcome;
     } catch {
       this.#report({ stuck: true });
@@ -101,7 +105,7 @@ export class Sender {
           if (batch.length === 1) await this.#refuse(batch[0].item, error.message);
           atMost = 1;
         } else if (error instanceof Away) {
-          this.#report({ unanswered: true, ...(!(error instanceof Late) && { away: true }) });
+          this.#report({ unanswered: true, ...newsOf(error) });
           return 'waits';
         } else {
           throw error;
@@ -117,7 +121,9 @@ export class Sender {
   /** Returns false when the desk takes no figures now. */
   async #send(code, batch) {
     this.#report({ inFlight: batch.length });
-    const body = `{"device":${JSON.stringify(this.#device)},"items":[${batch.map(({ wire }) => wire).join(',')}]}`;
+    const { device } = batch[0].item;
+    await this.#introduce(code, device);
+    const body = `{"device":${JSON.stringify(device)},"items":[${batch.map(({ wire }) => wire).join(',')}]}`;
     const { items, open, rev } = await call('a/figures', code, { body });
     const bySeq = new Map(items.map((answer) => [answer.seq, answer]));
     const answered = [];
@@ -126,35 +132,66 @@ export class Sender {
       if (answer && answer.state !== 'paused') answered.push({ item, answer });
     }
     await this.#store.settle(answered.map(({ item, answer }) => (
-        { seq: item.seq, notice: noticeOf(item, answer), figure: figureOf(item, answer, rev) })));
+        { item, notice: noticeOf(item, answer), figure: figureOf(item, answer, rev) })));
     this.#report({ answered, code, open, rev });
     return answered.length > 0;
   }
 
+  /** The desk shows the counter's name with figures of an id that this browser had before, too. */
+  async #introduce(code, device) {
+    const key = `${code}\n${device}`;
+    const { name } = this.#here();
+    if (device === this.#store.device || name === '' || this.#introduced.has(key)) return;
+    try {
+      await call('a/hello', code, { body: JSON.stringify({ device, name }) });
+      this.#introduced.add(key);
+    } catch {
+      // The figures come without it.
+    }
+  }
+
   async #refuse(item, message) {
     const answer = { state: 'refused', message };
-    await this.#store.settle([{ seq: item.seq, notice: noticeOf(item, answer) }]);
+    await this.#store.settle([{ item, notice: noticeOf(item, answer) }]);
     this.#report({ answered: [{ item, answer }], code: item.code });
   }
 
   async #sendUnknown(closed) {
     for (const entry of await this.#store.unknown()) {
-      if (closed.has(entry.code)) continue;
       try {
-        const body = JSON.stringify({ device: this.#device, barcode: entry.barcode });
-        await call('a/unknown', entry.code, { body });
+        if (!await this.#sendBarcode(entry, closed)) continue;
       } catch (error) {
         if (error instanceof Away) {
-          this.#report({ away: true });
+          this.#report(newsOf(error));
           return false;
         }
-        if (error instanceof Closed) {
-          closed.add(entry.code);
-          continue;
-        }
+        if (!(error instanceof NotTaken)) throw error;
+        this.#report({ unlisted: entry.barcode, message: error.message });
       }
       await this.#store.forgetUnknown(entry);
+      this.#report({ noted: entry });
     }
     return true;
+  }
+
+  /**
+   * Sends a barcode under its code. If that is closed, it is one of this code, where both are of the same count. Returns
+   * false when it waits for the counter.
+   */
+  async #sendBarcode(entry, closed) {
+    const here = this.#here();
+    const body = JSON.stringify({ device: this.#store.device, barcode: entry.barcode });
+    for (const code of isOfThisCount(entry, here) ? [entry.code, here.code] : [entry.code]) {
+      if (closed.has(code)) continue;
+      try {
+        await call('a/unknown', code, { body });
+        return true;
+      } catch (error) {
+        if (!(error instanceof Closed)) throw error;
+        closed.add(code);
+        this.#report({ closed: code });
+      }
+    }
+    return false;
   }
 }

@@ -51,8 +51,7 @@ class CameraPage : public PageWorld {
   }
   /// Gives the device a name, answers what the https page asks and waits until it shows the lines.
   static void Begin(Browser& phone) {
-    phone.Click(QStringLiteral("#name"));
-    phone.Keys(QStringLiteral("رضا\n"));
+    GiveName(phone, QStringLiteral("رضا"));
     if (phone.Url().startsWith(QLatin1String("https:"))) {
       phone.Click(QStringLiteral("#arrived button"));
     }
@@ -61,10 +60,6 @@ class CameraPage : public PageWorld {
   void OpenSecurePage(Browser& phone) {
     phone.Open(Address(true));
     Begin(phone);
-  }
-  static void WaitForCard(Browser& phone, const PageGood& good) {
-    phone.WaitFor(QStringLiteral("!document.getElementById('card').hidden"), QStringLiteral("the card"));
-    WaitForText(phone, QStringLiteral("#card"), QString::fromUtf8(good.name));
   }
 };
 

@@ -6,29 +6,19 @@
 namespace koru::test {
 namespace {
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
-class PageDesk : public PageWorld {
- protected:
-  void DeleteAllLines() {
-    Desk().Timer1.Fire();  // the commands are those of what is on the form
-    messages.WillAnswer(Answer::Yes);
-    ASSERT_TRUE(Desk().cmdDeleteAll.UserClick());
-    ASSERT_EQ(Lines().Rows(), 1);
-  }
-};
+class PageDesk : public PageWorld {};
 
 TEST_F(PageDesk, Figures_are_under_way_while_the_desk_is_busy_and_arrive_once_afterwards) {
   Browser browser;
   // The page waits less long for an answer before it sends again.
-  browser.Command(
-      QStringLiteral("Page.addScriptToEvaluateOnNewDocument"),
-      {{"source",
-        "const wait = window.setTimeout;"
-        "window.setTimeout = (then, time, ...others) => wait(then, time === 15000 ? 200 : time, ...others);"
-        "const ask = window.fetch; window.sent = 0;"
-        "window.fetch = (path, ...others) => {"
-        "  if (path === 'a/figures') window.sent += 1; return ask(path, ...others); }"}});
+  RunBeforePages(
+      browser,
+      Text(
+          "const wait = window.setTimeout;"
+          "window.setTimeout = (then, time, ...others) => wait(then, time === 15000 ? 200 : time, ...others);"
+          "const ask = window.fetch; window.sent = 0;"
+          "window.fetch = (path, ...others) => {"
+          "  if (path === 'a/figures') window.sent += 1; return ask(path, ...others); }"));
   OpenPage(browser);
   {
     const Hourglass hourglass(screen);
@@ -38,13 +28,33 @@ TEST_F(PageDesk, Figures_are_under_way_while_the_desk_is_busy_and_arrive_once_af
     test::Count(browser, kCheese, QStringLiteral("2"));
     WaitForState(browser, Text("2 در راه"));
     EXPECT_EQ(ShownFigure(browser, kCheese), QStringLiteral("2")) << "counting continues";
-    browser.Click(QStringLiteral("#state"));
-    WaitForText(browser, QStringLiteral("#queue"), Text("این 2 رقم در راه میز است."));
+    OpenQueue(browser, Text("این 2 رقم در راه میز است."));
     EXPECT_EQ(AtDesk(kTea), QString());
   }
   WaitForState(browser, kAllArrived);
   EXPECT_EQ(AtDesk(kTea), QStringLiteral("5"));
   EXPECT_EQ(AtDesk(kCheese), QStringLiteral("2"));
+}
+
+TEST_F(PageDesk, An_answer_that_comes_after_the_count_was_closed_does_not_show_it_as_open) {
+  Browser browser;
+  OpenPage(browser);
+  browser.Run(
+      QStringLiteral("const ask = window.fetch; window.fetch = async (path, options) => {"
+                     "  const answer = await ask(path, options);"
+                     "  if (path !== 'a/figures') return answer;"
+                     "  const decided = await answer.json();"
+                     "  await new Promise((go) => { window.letGo = go; });"
+                     "  return new Response(JSON.stringify({ ...decided, open: false })); }"));
+  test::Count(browser, kTea, QStringLiteral("5"));
+  browser.WaitFor(QStringLiteral("window.letGo"), QStringLiteral("an answer on its way"));
+  session_->Stop();
+  WaitForState(browser, Text("این شمارش بسته است"));
+  OpenQueue(browser, Text("این 1 رقم به میز نرسیده است"));
+  browser.Run(QStringLiteral("window.letGo()"));
+  browser.WaitFor(QStringLiteral("document.getElementById('queue').hidden"),
+                  QStringLiteral("an empty queue"));
+  WaitForState(browser, Text("این شمارش بسته است"));
 }
 
 TEST_F(PageDesk, Deleting_all_lines_leaves_an_empty_list_and_each_waiting_figure_as_a_message) {
@@ -55,7 +65,7 @@ TEST_F(PageDesk, Deleting_all_lines_leaves_an_empty_list_and_each_waiting_figure
   DeleteAllLines();
   browser.SetOffline(false);
   WaitForState(browser, kAllArrived);
-  browser.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '3'"));
+  WaitForNotices(browser, 3);
   WaitForText(browser, QStringLiteral("#empty"), Text("این شمارش کالایی ندارد."));
   WaitForText(browser, QStringLiteral("#progress-text"), Text("0 از 0 شمرده"));
   browser.Click(QStringLiteral("[data-tab=notices]"));
@@ -64,7 +74,7 @@ TEST_F(PageDesk, Deleting_all_lines_leaves_an_empty_list_and_each_waiting_figure
     browser.WaitFor(
         QStringLiteral("[...document.querySelectorAll('#list .row')].some(row => !row.hidden"
                        " && row.querySelector('.name').textContent === '%1'"
-                       " && row.querySelector('.below').textContent === 'این کالا دیگر در شمارش نیست'"
+                       " && row.querySelector('.below').textContent === 'سطر این کالا دیگر در شمارش نیست'"
                        " && row.querySelector('.number').textContent === '%2')")
             .arg(Text(good.name), Text(figure)));
   }
@@ -76,7 +86,7 @@ TEST_F(PageDesk, Deleting_all_lines_while_the_counter_types_leaves_the_typed_fig
   OpenCard(browser, kTea);
   browser.Keys(QStringLiteral("6"));
   DeleteAllLines();
-  WaitForText(browser, QStringLiteral("#card"), Text("این کالا دیگر در شمارش نیست"));
+  WaitForText(browser, QStringLiteral("#card"), Text("سطر این کالا دیگر در شمارش نیست"));
   WaitForText(browser, QStringLiteral("#card"), Text("رقم شما: 6"));
   ClickButton(browser, Text("باشد"));
   WaitForText(browser, QStringLiteral("#empty"), Text("این شمارش کالایی ندارد."));
@@ -130,12 +140,10 @@ class PageEnding : public PageWorld, public testing::WithParamInterface<Ending> 
 TEST_P(PageEnding, Shows_that_the_counting_is_closed_and_lists_what_has_not_arrived) {
   Browser browser;
   OpenPage(browser);
-  test::Count(browser, kLamp, QStringLiteral("9"));
-  WaitForDesk(kLamp, QStringLiteral("9"));
-  WaitForState(browser, kAllArrived);
+  CountArrives(browser, kLamp, QStringLiteral("9"));
   browser.SetOffline(true);
   CountThree(browser);
-  WaitForState(browser, Text("3 در گوشی مانده"));
+  WaitForLeft(browser, 3);
   End();
   browser.SetOffline(false);
   WaitForListOfThree(browser);
@@ -147,13 +155,10 @@ TEST_P(PageEnding, Shows_that_the_counting_is_closed_and_lists_what_has_not_arri
 TEST_P(PageEnding, Is_seen_by_a_page_that_has_sent_everything) {
   Browser browser;
   OpenPage(browser);
-  test::Count(browser, kLamp, QStringLiteral("9"));
-  WaitForDesk(kLamp, QStringLiteral("9"));
-  WaitForState(browser, kAllArrived);
+  CountArrives(browser, kLamp, QStringLiteral("9"));
   End();
   WaitForState(browser, Text("این شمارش بسته است"));
-  WaitForText(browser, QStringLiteral("#banner"),
-              Text("رقم‌های تازه به میز نمی‌رسد."));
+  WaitForBanner(browser, Text("رقم‌های تازه به میز نمی‌رسد."));
 }
 
 INSTANTIATE_TEST_SUITE_P(By, PageEnding,

@@ -5,8 +5,6 @@
 namespace koru::test {
 namespace {
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 class PageDevices : public PageWorld {
  protected:
   /// One device has 70 without network, another one's 78 is at the desk.
@@ -15,10 +13,9 @@ class PageDevices : public PageWorld {
     OpenPage(other, 1, Text("حسن"));
     one.SetOffline(true);
     test::Count(one, kTea, QStringLiteral("70"));
-    test::Count(other, kTea, QStringLiteral("78"));
-    WaitForDesk(kTea, QStringLiteral("78"));
+    CountArrives(other, kTea, QStringLiteral("78"));
     one.SetOffline(false);
-    one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '1'"));
+    WaitForNotices(one, 1);
     EXPECT_EQ(AtDesk(kTea), QStringLiteral("78")) << "the first figure holds";
     Scan(one, kTea);
     WaitForText(one, QStringLiteral("#card"), Text("رقم حسن: 78"));
@@ -41,7 +38,7 @@ TEST_F(PageDevices, Two_devices_on_a_line_are_a_question_and_the_other_figure_ma
   Browser other;
   MakeConflict(one, other);
   ClickButton(one, Text("78 بماند"));
-  one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
+  WaitForNotices(one, 0);
   WaitForState(one, kAllArrived);
   EXPECT_EQ(AtDesk(kTea), QStringLiteral("78"));
 }
@@ -51,9 +48,8 @@ TEST_F(PageDevices, Two_devices_on_a_line_are_a_question_and_the_own_figure_may_
   Browser other;
   MakeConflict(one, other);
   ClickButton(one, Text("70 ثبت شود"));
-  WaitForDesk(kTea, QStringLiteral("70"));
-  WaitForState(one, kAllArrived);
-  one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
+  WaitForArrival(one, kTea, QStringLiteral("70"));
+  WaitForNotices(one, 0);
 }
 
 TEST_F(PageDevices, Three_devices_make_three_counts_and_see_their_own_alone) {
@@ -79,20 +75,16 @@ TEST_F(PageDevices, Three_devices_make_three_counts_and_see_their_own_alone) {
 TEST_F(PageDevices, Two_tabs_of_a_device_give_no_number_twice_and_send_each_figure_once) {
   Browser browser;
   OpenPage(browser);
-  const QString first = browser.CurrentTab();
-  const QString second = browser.OpenTab();
-  OpenPage(browser);
+  const QStringList tabs = OpenSecondTab(browser);
   for (int round = 0; round < 3; ++round) {
-    for (const QString& tab : {first, second}) {
+    for (const QString& tab : tabs) {
       browser.SwitchTo(tab);
-      Scan(browser, kTea);
-      browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+      OpenCard(browser, kTea);
       browser.Keys(QStringLiteral("1"));
       ClickButton(browser, Text("افزودن"));
     }
   }
-  WaitForDesk(kTea, QStringLiteral("6"));
-  WaitForState(browser, kAllArrived);
+  WaitForArrival(browser, kTea, QStringLiteral("6"));
   EXPECT_EQ(session_->Devices().size(), 1U) << "two tabs are one device";
   EXPECT_EQ(session_->Devices().front().received, 6);
 }
@@ -100,11 +92,9 @@ TEST_F(PageDevices, Two_tabs_of_a_device_give_no_number_twice_and_send_each_figu
 TEST_F(PageDevices, Two_tabs_of_a_device_may_make_two_counts) {
   Browser browser;
   OpenPage(browser, 1);
-  const QString first = browser.CurrentTab();
-  browser.OpenTab();
-  OpenPage(browser, 2);
+  const QStringList tabs = OpenSecondTab(browser, 2);
   test::Count(browser, kTea, QStringLiteral("22"));
-  browser.SwitchTo(first);
+  browser.SwitchTo(tabs.front());
   browser.Reload();
   WaitForState(browser, kAllArrived);
   WaitForText(browser, QStringLiteral("h1"), Text("شمارش اول"));
@@ -118,13 +108,10 @@ TEST_F(PageDevices, Figures_of_another_count_that_is_open_are_neither_moved_nor_
   OpenPage(browser, 1);
   Block(browser, {QStringLiteral("*/a/*")});
   test::Count(browser, kTea, QStringLiteral("5"));
-  WaitForState(browser, Text("1 در گوشی مانده"));
-  browser.Open(QStringLiteral("about:blank"));
-  browser.Open(Url(2));
-  WaitForState(browser, Text("1 در گوشی مانده"));
-  browser.Click(QStringLiteral("#state"));
-  WaitForText(browser, QStringLiteral("#queue"),
-              Text("میز پیدا نیست. این 1 رقم در گوشی می‌ماند"));
+  WaitForLeft(browser, 1);
+  OpenAnew(browser, 2);
+  WaitForLeft(browser, 1);
+  OpenQueue(browser, Text("میز پیدا نیست. این 1 رقم در گوشی می‌ماند"));
   EXPECT_FALSE(ShowsButton(browser, Text("فرستادن به این شمارش")));
   EXPECT_FALSE(ShowsButton(browser, Text("پاک کردن از گوشی")));
   Block(browser, {});
@@ -138,14 +125,12 @@ TEST_F(PageDevices, Figures_of_another_count_that_is_closed_are_not_moved_into_t
   OpenPage(browser, 1);
   browser.SetOffline(true);
   test::Count(browser, kTea, QStringLiteral("5"));
-  WaitForState(browser, Text("1 در گوشی مانده"));
+  WaitForLeft(browser, 1);
   session_->RenewCode(1);
   browser.SetOffline(false);
-  browser.Open(QStringLiteral("about:blank"));
-  browser.Open(Url(2));
-  WaitForText(browser, QStringLiteral("#state"), QStringLiteral("1"));
-  browser.Click(QStringLiteral("#state"));
-  WaitForText(browser, QStringLiteral("#queue"), Text("1 رقم از شمارشی است که بسته شده"));
+  OpenAnew(browser, 2);
+  WaitForState(browser, Text("1 رقم با کد پیشین، فرستاده نشده"));
+  OpenQueue(browser, Text("1 رقم از شمارش دیگری است"));
   EXPECT_FALSE(ShowsButton(browser, Text("فرستادن به این شمارش")));
   EXPECT_TRUE(ShowsButton(browser, Text("پاک کردن از گوشی")));
 }
@@ -155,25 +140,27 @@ TEST_F(PageDevices, A_figure_that_changes_while_the_counter_types_is_a_question)
   Browser other;
   OpenPage(one, 1, Text("رضا"));
   OpenPage(other, 1, Text("حسن"));
-  Scan(one, kTea);
-  one.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  OpenCard(one, kTea);
   one.Keys(QStringLiteral("7"));
   test::Count(other, kTea, QStringLiteral("78"));
   WaitForText(one, QStringLiteral("#card .own"), QStringLiteral("78"));
   one.Keys(QStringLiteral("\n"));
-  one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '1'"));
+  WaitForNotices(one, 1);
   EXPECT_EQ(AtDesk(kTea), QStringLiteral("78")) << "the first figure holds";
 }
 
-TEST_F(PageDevices, The_own_figure_is_set_against_the_figure_that_the_question_shows) {
+TEST_F(PageDevices, The_question_names_what_the_desk_has_by_now_and_the_own_figure_is_set_against_that) {
   Browser one;
   Browser other;
   MakeConflict(one, other);
   test::Count(other, kTea, QStringLiteral("79"));
   WaitForText(one, QStringLiteral("#card .own"), QStringLiteral("79"));
+  WaitForText(one, QStringLiteral("#card"), Text("در این میان رقم دیگری ثبت شده است. رقم کنونی: 79"));
+  WaitForText(one, QStringLiteral("#list"), Text("رقم کنونی: 79"));
+  EXPECT_FALSE(ShowsButton(one, Text("78 بماند")));
   ClickButton(one, Text("70 ثبت شود"));
-  WaitForText(one, QStringLiteral("#list"), Text("رقم حسن: 79"));
-  EXPECT_EQ(AtDesk(kTea), QStringLiteral("79"));
+  WaitForArrival(one, kTea, QStringLiteral("70"));
+  WaitForNotices(one, 0);
 }
 
 TEST_F(PageDevices, Adding_leaves_a_question_that_is_not_answered) {
@@ -182,8 +169,7 @@ TEST_F(PageDevices, Adding_leaves_a_question_that_is_not_answered) {
   MakeConflict(one, other);
   one.Keys(QStringLiteral("2"));
   ClickButton(one, Text("افزودن"));
-  WaitForDesk(kTea, QStringLiteral("80"));
-  WaitForState(one, kAllArrived);
+  WaitForArrival(one, kTea, QStringLiteral("80"));
   EXPECT_EQ(one.Text(QStringLiteral("#notices-number")), QStringLiteral("1"));
 }
 
@@ -193,10 +179,10 @@ TEST_F(PageDevices, Answering_a_question_does_not_lose_the_figure_that_is_being_
   MakeConflict(one, other);
   one.Keys(QStringLiteral("5"));
   ClickButton(one, Text("78 بماند"));
-  WaitForText(one, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار 5 هنوز ثبت نشده است."));
+  WaitForAsked(one, Text("مقدار 5 هنوز ثبت نشده است."));
   ClickButton(one, Text("ثبت شود"));
   WaitForDesk(kTea, QStringLiteral("5"));
-  one.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
+  WaitForNotices(one, 0);
 }
 
 }  // namespace

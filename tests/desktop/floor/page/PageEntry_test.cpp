@@ -7,8 +7,6 @@
 namespace koru::test {
 namespace {
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 class PageEntry : public PageWorld {
  protected:
   /// Presses a key as a keyboard of another layout does: a character, and the place of its key.
@@ -35,13 +33,11 @@ class PageEntry : public PageWorld {
 TEST_F(PageEntry, A_scan_without_any_focus_opens_its_line_and_the_typed_figure_reaches_the_desk) {
   OpenPage(browser_);
   browser_.Run(QStringLiteral("document.activeElement.blur()"));
-  Scan(browser_, kTea);
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+  OpenCard(browser_, kTea);
   WaitForText(browser_, QStringLiteral("#card dl"), Text(kTea.code));
   WaitForText(browser_, QStringLiteral("h1"), Text("شمارش اول انبار مركزي"));
   browser_.Keys(QStringLiteral("12.5\n"));
-  WaitForDesk(kTea, QStringLiteral("12.5"));
-  WaitForState(browser_, kAllArrived);
+  WaitForArrival(browser_, kTea, QStringLiteral("12.5"));
   EXPECT_EQ(ShownFigure(browser_, kTea), QStringLiteral("12.5"));
   EXPECT_EQ(CellOf(1, LineColumn::SecondCounting), "") << "the count of another code";
 }
@@ -52,6 +48,14 @@ TEST_F(PageEntry, The_code_leaves_the_address_bar_at_once) {
       << browser_.Url().toStdString();
   browser_.Reload();
   WaitForState(browser_, kAllArrived);
+}
+
+TEST_F(PageEntry,
+       A_code_that_is_cut_off_in_the_middle_of_an_encoded_letter_is_one_that_the_desk_does_not_know) {
+  browser_.Open(Url(1).section(QLatin1Char('#'), 0, 0) + QStringLiteral("#abc%D"));
+  GiveName(browser_, Text("رضا"));
+  WaitForState(browser_, Text("این شمارش بسته است"));
+  WaitForText(browser_, QStringLiteral("#empty"), Text("این شمارش بسته است."));
 }
 
 TEST_F(PageEntry, The_desk_knows_the_device_by_the_name_that_it_was_asked_for_once) {
@@ -73,13 +77,13 @@ TEST_F(PageEntry, Digits_of_Persian_and_Arabic_keyboards_are_figures) {
   test::Count(browser_, kOil, Text("۱٬۵۰۰"));
   WaitForDesk(kOil, QStringLiteral("1500"));
   browser_.Keys(Text("۶۲۶۰۱۰۰۰۰۰۰۱۷\n"));
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+  WaitForCard(browser_, kTea);
 }
 
 TEST_F(PageEntry, Letters_of_a_scanner_on_a_Persian_keyboard_are_read_by_the_places_of_their_keys) {
   OpenPage(browser_);
   ScanLampInPersianLayout();
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kLamp.name));
+  WaitForCard(browser_, kLamp);
 }
 
 TEST_F(PageEntry, Figures_are_set_and_added_by_two_buttons_and_zero_is_not_nothing) {
@@ -91,13 +95,11 @@ TEST_F(PageEntry, Figures_are_set_and_added_by_two_buttons_and_zero_is_not_nothi
   Scan(browser_, kTea);
   browser_.Keys(QStringLiteral("7"));
   ClickButton(browser_, Text("افزودن"));
-  WaitForDesk(kTea, QStringLiteral("12"));
-  WaitForState(browser_, kAllArrived);
-  test::Count(browser_, kTea, QStringLiteral("0"));
-  WaitForDesk(kTea, QStringLiteral("0"));
+  WaitForArrival(browser_, kTea, QStringLiteral("12"));
+  CountArrives(browser_, kTea, QStringLiteral("0"));
   Scan(browser_, kTea);
   browser_.Press(BrowserKey::Enter);
-  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار را بنویسید"));
+  WaitForAsked(browser_, Text("مقدار را بنویسید"));
   EXPECT_EQ(AtDesk(kTea), QStringLiteral("0")) << "Enter in an empty field takes nothing away";
   ClickButton(browser_, Text("پاک کردن رقم"));
   WaitForDesk(kTea, QString());
@@ -105,13 +107,11 @@ TEST_F(PageEntry, Figures_are_set_and_added_by_two_buttons_and_zero_is_not_nothi
 
 TEST_F(PageEntry, A_barcode_that_no_line_has_is_shown_in_red_and_listed_at_the_desk) {
   OpenPage(browser_);
-  browser_.Keys(QStringLiteral("6269999999994\n"));
-  browser_.WaitFor(QStringLiteral("!document.getElementById('unknown').hidden"));
+  ScanUnknown(browser_, QStringLiteral("6269999999994"));
   WaitForText(browser_, QStringLiteral("#unknown"), QStringLiteral("6269999999994"));
   WaitUntil([&] { return session_->Unknown().size() == 1; }, QStringLiteral("the desk does not know of it"));
   EXPECT_EQ(session_->Unknown().front().barcode, "6269999999994");
-  Scan(browser_, kTea);
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+  OpenCard(browser_, kTea);
   EXPECT_FALSE(browser_.Shows(QStringLiteral("#unknown"))) << "the next scan is ready at once";
   ClickButton(browser_, Text("بستن"));
   browser_.Keys(Text("هیچ کالایی\n"));
@@ -123,9 +123,9 @@ TEST_F(PageEntry, A_barcode_in_the_field_of_the_figure_is_asked_back_and_found) 
   OpenPage(browser_);
   Scan(browser_, kTea);
   Scan(browser_, kCheese);
-  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار است یا بارکد"));
+  WaitForAsked(browser_, Text("مقدار است یا بارکد"));
   browser_.Press(BrowserKey::Enter);
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+  WaitForCard(browser_, kCheese);
   browser_.Keys(QStringLiteral("3\n"));
   WaitForDesk(kCheese, QStringLiteral("3"));
   EXPECT_EQ(AtDesk(kTea), QString());
@@ -139,20 +139,20 @@ TEST_F(PageEntry, What_is_no_number_is_not_sent) {
   OpenPage(browser_);
   Scan(browser_, kTea);
   browser_.Keys(QStringLiteral("12x\n"));
-  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("عدد نیست"));
+  WaitForAsked(browser_, Text("عدد نیست"));
   EXPECT_EQ(AtDesk(kTea), QString());
 }
 
 TEST_F(PageEntry, A_refusal_and_a_warning_of_the_form_are_read_on_the_line) {
   OpenPage(browser_);
   test::Count(browser_, kTea, QStringLiteral("-3"));
-  WaitForText(browser_, QStringLiteral("#banner"), Text("تعداد كمتر از اندازة مجاز است."));
+  WaitForBanner(browser_, Text("تعداد كمتر از اندازة مجاز است."));
   WaitForText(browser_, QStringLiteral("#list"), Text("تعداد كمتر از اندازة مجاز است."));
   EXPECT_EQ(AtDesk(kTea), QString());
   Scan(browser_, kTea);
   WaitForText(browser_, QStringLiteral("#card .notice.bad"), QStringLiteral("-3"));
   ClickButton(browser_, Text("خواندم"));
-  browser_.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
+  WaitForNotices(browser_, 0);
   Scan(browser_, kCheese);
   browser_.Keys(QStringLiteral("1000000001\n"));
   ClickButton(browser_, Text("مقدار است"));
@@ -209,9 +209,8 @@ TEST_F(PageEntry, Names_are_text_whatever_they_contain) {
   OpenPage(browser_);
   test::Count(browser_, kHostile, QStringLiteral("1"));
   test::Count(browser_, kTurned, QStringLiteral("-3"));
-  WaitForText(browser_, QStringLiteral("#banner"), Text("تعداد كمتر از اندازة مجاز است."));
-  Scan(browser_, kHostile);
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kHostile.name));
+  WaitForBanner(browser_, Text("تعداد كمتر از اندازة مجاز است."));
+  OpenCard(browser_, kHostile);
   EXPECT_EQ(browser_.Run(QStringLiteral("return document.querySelectorAll('img').length")).toInt(), 0);
   EXPECT_FALSE(browser_.Title().contains(QStringLiteral("run")));
   // An override ends with the name: the figure beside it keeps its direction.
@@ -243,11 +242,10 @@ TEST_F(PageEntry, A_scan_after_a_search_replaces_what_was_searched_for) {
   browser_.Keys(Text("چای"));
   WaitForText(browser_, QStringLiteral("#progress-text"), Text("1 کالا"));
   browser_.Click(QStringLiteral("#list .row"));
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+  WaitForCard(browser_, kTea);
   browser_.Keys(QStringLiteral("5\n"));
-  browser_.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
-  Scan(browser_, kCheese);
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+  WaitUntilHidden(browser_, "card");
+  OpenCard(browser_, kCheese);
 }
 
 TEST_F(PageEntry, A_scan_after_a_search_that_Enter_ended_replaces_it_on_a_keyboard_of_other_letters_too) {
@@ -255,14 +253,14 @@ TEST_F(PageEntry, A_scan_after_a_search_that_Enter_ended_replaces_it_on_a_keyboa
   browser_.Keys(Text("هیچ کالایی\n"));
   WaitForText(browser_, QStringLiteral("#empty"), Text("کالایی پیدا نشد"));
   ScanLampInPersianLayout();
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kLamp.name));
+  WaitForCard(browser_, kLamp);
 }
 
 TEST_F(PageEntry, A_scanned_barcode_of_8_digits_is_no_figure_before_the_counter_says_so) {
   OpenPage(browser_);
   Scan(browser_, kTea);
   browser_.Keys(QStringLiteral("12345670\n"));
-  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار است یا بارکد"));
+  WaitForAsked(browser_, Text("مقدار است یا بارکد"));
   EXPECT_EQ(AtDesk(kTea), QString());
   ClickButton(browser_, Text("مقدار است"));
   WaitForDesk(kTea, QStringLiteral("12345670"));
@@ -275,21 +273,19 @@ TEST_F(PageEntry, A_short_barcode_and_a_code_of_another_line_are_no_figures_befo
   for (const char* scanned : {"4711", "200300"}) {
     Scan(browser_, kTea);
     browser_.Keys(Text(scanned) + QLatin1Char('\n'));
-    WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار است یا بارکد"));
+    WaitForAsked(browser_, Text("مقدار است یا بارکد"));
     ClickButton(browser_, Text("بستن"));
   }
-  test::Count(browser_, kTea, QStringLiteral("102"));
-  WaitForDesk(kTea, QStringLiteral("102"));
+  CountArrives(browser_, kTea, QStringLiteral("102"));
 }
 
 TEST_F(PageEntry, A_part_of_a_barcode_opens_no_line_by_itself) {
   OpenPage(browser_);
   browser_.Keys(QStringLiteral("0000024\n"));
-  WaitForText(browser_, QStringLiteral("#banner"), Text("کالایی درست با این بارکد نیست؛ از فهرست برگزینید."));
+  WaitForBanner(browser_, Text("کالایی درست با این بارکد نیست؛ از فهرست برگزینید."));
   EXPECT_FALSE(browser_.Shows(QStringLiteral("#card")));
   WaitForText(browser_, QStringLiteral("#list"), Text(kCheese.name));
-  Scan(browser_, kTea);
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+  OpenCard(browser_, kTea);
 }
 
 TEST_F(PageEntry, A_typed_figure_is_asked_for_before_another_good_replaces_it) {
@@ -298,27 +294,26 @@ TEST_F(PageEntry, A_typed_figure_is_asked_for_before_another_good_replaces_it) {
   browser_.Keys(QStringLiteral("5"));
   browser_.Click(QStringLiteral("#search"));
   Scan(browser_, kCheese);
-  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار 5 هنوز ثبت نشده است."));
+  WaitForAsked(browser_, Text("مقدار 5 هنوز ثبت نشده است."));
   ClickButton(browser_, Text("ثبت نشود"));
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+  WaitForCard(browser_, kCheese);
   browser_.Keys(QStringLiteral("8"));
   browser_.Click(QStringLiteral("#search"));
   Scan(browser_, kOil);
   ClickButton(browser_, Text("ثبت شود"));
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kOil.name));
+  WaitForCard(browser_, kOil);
   WaitForDesk(kCheese, QStringLiteral("8"));
   EXPECT_EQ(AtDesk(kTea), QString());
 }
 
 TEST_F(PageEntry, A_scan_after_a_typed_figure_is_taken_apart_from_it) {
   OpenPage(browser_);
-  Scan(browser_, kTea);
-  browser_.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  OpenCard(browser_, kTea);
   browser_.Keys(QStringLiteral("12"));
   Scan(browser_, kCheese);
-  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("مقدار 12 هنوز ثبت نشده است."));
+  WaitForAsked(browser_, Text("مقدار 12 هنوز ثبت نشده است."));
   ClickButton(browser_, Text("ثبت شود"));
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+  WaitForCard(browser_, kCheese);
   WaitForDesk(kTea, QStringLiteral("12"));
 }
 
@@ -329,11 +324,10 @@ TEST_F(PageEntry, A_scan_into_the_figure_that_several_lines_have_lists_them) {
   Scan(browser_, kTea);
   browser_.Keys(QStringLiteral("300400\n"));
   ClickButton(browser_, Text("بارکد است؛ پیدا شود"));
-  browser_.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
+  WaitUntilHidden(browser_, "card");
   WaitForText(browser_, QStringLiteral("#progress-text"), Text("2 کالا"));
   WaitForText(browser_, QStringLiteral("#list"), Text("برنج دانه‌بلند"));
-  Scan(browser_, kCheese);
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kCheese.name));
+  OpenCard(browser_, kCheese);
 }
 
 TEST_F(PageEntry, UPC_A_is_found_with_and_without_its_leading_zero) {
@@ -351,12 +345,12 @@ TEST_F(PageEntry, Tab_ends_a_scan_as_Enter_does) {
   OpenPage(browser_);
   browser_.Keys(Text(kTea.barcode));
   browser_.Press(BrowserKey::Tab);
-  WaitForText(browser_, QStringLiteral("#card h2"), Text(kTea.name));
+  WaitForCard(browser_, kTea);
 }
 
 TEST_F(PageEntry, Nothing_but_the_name_can_be_reached_while_it_is_asked_for) {
   browser_.Open(Url(1));
-  browser_.WaitFor(QStringLiteral("!document.getElementById('naming').hidden"));
+  WaitForShown(browser_, "naming");
   const QString reached = QStringLiteral(
       "return [...document.querySelectorAll('input, button')].filter(one => !one.closest('[inert]'))"
       ".every(one => one.closest('#naming'))");

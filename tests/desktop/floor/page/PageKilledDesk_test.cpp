@@ -15,8 +15,6 @@ inline constexpr PageGood kUnheard{"G2", "102", "قند"};
 inline constexpr PageGood kSent{"G3", "103", "شكر"};
 inline constexpr PageGood kLater{"G4", "104", "برنج"};
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 /// A desk in a process of its own.
 class DeskProcess {
  public:
@@ -68,24 +66,21 @@ TEST(PageKilledDesk, Keeps_what_it_acknowledged_and_gets_once_what_it_had_not_an
   const QString port = desk->Port();
   Browser browser;
   browser.Open(desk->Url());
-  browser.Click(QStringLiteral("#name"));
-  browser.Keys(Text("رضا\n"));
+  GiveName(browser, Text("رضا"));
   WaitForState(browser, kAllArrived);
   Count(browser, kAcknowledged, QStringLiteral("7"));
   browser.WaitFor(QStringLiteral("document.getElementById('progress-text').textContent.startsWith('1 ')"));
   WaitForState(browser, kAllArrived);
 
-  MakeDeaf(browser);
-  Add(browser, kUnheard, QStringLiteral("5"));
-  browser.WaitFor(QStringLiteral("window.lost > 0"), QStringLiteral("an answer that is not heard"));
+  AddUnheard(browser, kUnheard, QStringLiteral("5"));
   desk->Freeze();
   Add(browser, kSent, QStringLiteral("3"));
   browser.WaitFor(QStringLiteral("window.sent.some(body => body.includes('G3'))"),
                   QStringLiteral("it is sent"));
   desk->Kill();
   Count(browser, kLater, QStringLiteral("4"));
-  WaitForState(browser, Text("3 در گوشی مانده"));
-  browser.Run(QStringLiteral("window.isDeaf = false"));
+  WaitForLeft(browser, 3);
+  HearAgain(browser);
 
   desk = std::make_unique<DeskProcess>(folder, port);
   EXPECT_EQ(desk->Left(), 2) << "what was acknowledged, and what was answered without being heard";

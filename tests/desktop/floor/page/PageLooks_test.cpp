@@ -10,8 +10,6 @@
 namespace koru::test {
 namespace {
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 /// What is outside the window, wider than its box, too small for a thumb or hard to read (a contrast of less
 /// than 4.5). Names in lists are shortened to two lines, with the whole name on the card.
 constexpr const char* kFaults = R"(
@@ -95,10 +93,17 @@ TEST_P(PageLooks, Nothing_is_cut_off_wherever_the_counter_is) {
   browser_.Open(QString::fromStdString(server_->Url(1, "127.0.0.1")).section(QLatin1Char('#'), 0, 0));
   WaitForText(browser_, QStringLiteral("#empty"), Text("کد شمارش ندارد"));
   Look("no-code");
-  browser_.Open(QStringLiteral("about:blank"));
-  browser_.Open(Url(1));
-  browser_.WaitFor(QStringLiteral("!document.getElementById('naming').hidden"));
+  FloorServerLimits limits;
+  limits.devices = 0;
+  ServeWithin(limits);
+  OpenAnew(browser_, 1);
+  WaitForShown(browser_, "naming");
   Look("name");
+  GiveName(browser_, Text("رضا"));
+  WaitForText(browser_, QStringLiteral("#refusal"),
+              Text("شمار دستگاه‌هاي اين شمارش كامل است."));
+  Look("device-too-many");
+  ServeWithin({});
   OpenPage(browser_);
   Look("list");
   browser_.Click(QStringLiteral("[data-tab=done]"));
@@ -112,14 +117,13 @@ TEST_P(PageLooks, Nothing_is_cut_off_wherever_the_counter_is) {
   }
   Scan(browser_, kLong);
   Scan(browser_, kTea);
-  WaitForText(browser_, QStringLiteral("#card .notice:not([hidden])"), Text("بارکد"));
+  WaitForAsked(browser_, Text("بارکد"));
   Look("asked-back");
   ClickButton(browser_, Text("بستن"));
-  browser_.Keys(QStringLiteral("626999999999400000000000000000000000000000000000000000000000000\n"));
-  browser_.WaitFor(QStringLiteral("!document.getElementById('unknown').hidden"));
+  ScanUnknown(browser_, QStringLiteral("626999999999400000000000000000000000000000000000000000000000000"));
   Look("unknown");
   test::Count(browser_, kLong, QStringLiteral("-3"));
-  WaitForText(browser_, QStringLiteral("#banner"), Text("تعداد"));
+  WaitForBanner(browser_, Text("تعداد"));
   Look("refused");
   Scan(browser_, kLong);
   Look("refused-card");
@@ -134,24 +138,32 @@ TEST_P(PageLooks, Nothing_is_cut_off_wherever_the_counter_is) {
   Scan(browser_, kLong);
   browser_.Keys(QStringLiteral("12345678\n"));
   ClickButton(browser_, Text("مقدار است"));
-  WaitForState(browser_, Text("3 در گوشی مانده"));
+  WaitForLeft(browser_, 3);
   Set(1, {kTea.barcode, 1}, "78");
-  browser_.Click(QStringLiteral("#state"));
-  WaitForText(browser_, QStringLiteral("#queue"), Text("میز پیدا نیست"));
+  OpenQueue(browser_, Text("میز پیدا نیست"));
   Look("queue");
   browser_.SetOffline(false);
   WaitForState(browser_, kAllArrived);
-  browser_.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '1'"));
+  WaitForNotices(browser_, 1);
   browser_.Click(QStringLiteral("[data-tab=notices]"));
   Look("notices");
   browser_.Click(QStringLiteral("#list .row"));
   WaitForText(browser_, QStringLiteral("#card"), QStringLiteral("78"));
   Look("conflict");
   ClickButton(browser_, Text("بستن"));
+  journal_.isFull = true;
+  test::Count(browser_, kCheese, QStringLiteral("5"));
+  WaitForText(browser_, QStringLiteral("#refusal"), Text("میز می‌گوید"));
+  Look("desk-refuses");
+  OpenQueue(browser_, Text("میز اکنون رقمی نمی‌پذیرد"));
+  Look("desk-refuses-queue");
+  journal_.isFull = false;
+  WaitForState(browser_, kAllArrived);
   Save();
   WaitForState(browser_, Text("میز درنگ کرده"));
   Look("paused");
   test::Count(browser_, kOil, QStringLiteral("9"));
+  WaitForState(browser_, Text("میز درنگ کرده؛ 1 در گوشی مانده"));
   session_->Stop();
   WaitForState(browser_, Text("این شمارش بسته است"));
   WaitForText(browser_, QStringLiteral("#queue"), Text(kOil.name));
@@ -161,9 +173,8 @@ TEST_P(PageLooks, Nothing_is_cut_off_wherever_the_counter_is) {
 TEST_P(PageLooks, Nothing_is_cut_off_whatever_fails) {
   ServeSecurely();
   browser_.Open(Url(1, true));
-  browser_.Click(QStringLiteral("#name"));
-  browser_.Keys(Text("رضا\n"));
-  browser_.WaitFor(QStringLiteral("!document.getElementById('arrived').hidden"));
+  GiveName(browser_, Text("رضا"));
+  WaitForShown(browser_, "arrived");
   Look("change-from-http");
   ClickButton(browser_, Text("نشمرده‌ام یا همه رسیده است"));
   WaitForState(browser_, kAllArrived);
@@ -177,29 +188,25 @@ TEST_P(PageLooks, Nothing_is_cut_off_whatever_fails) {
   Scan(browser_, kCheese);
   BreakStorage(browser_);
   ClickButton(browser_, Text("ثبت شود"));
-  WaitForText(browser_, QStringLiteral("#banner"), Text("ثبت نشد، چون گوشی آن را نگه نداشت"));
+  WaitForBanner(browser_, Text("ثبت نشد، چون گوشی آن را نگه نداشت"));
   Look("not-kept-after-going-on");
   MendStorage(browser_);
   ClickButton(browser_, Text("بستن"));
   browser_.SetOffline(true);
   test::Count(browser_, kTea, QStringLiteral("70"));
   test::Count(browser_, kCheese, QStringLiteral("71"));
-  WaitForState(browser_, Text("2 در گوشی مانده"));
+  WaitForLeft(browser_, 2);
   browser_.Click(QStringLiteral("#banner"));
-  browser_.Command(QStringLiteral("Storage.clearDataForOrigin"),
-                   {{"origin", Url(1, true).section(QLatin1Char('/'), 0, 2)}, {"storageTypes", "indexeddb"}});
-  WaitForText(browser_, QStringLiteral("#banner"),
-              Text("داده‌های این صفحه از مرورگر پاک شد"));
+  EraseData(browser_);
+  WaitForBanner(browser_, Text("داده‌های این صفحه از مرورگر پاک شد"));
   Look("erased");
   browser_.Click(QStringLiteral("#banner"));
-  Desk().Timer1.Fire();
-  messages.WillAnswer(Answer::Yes);
-  ASSERT_TRUE(Desk().cmdDeleteAll.UserClick());
+  DeleteAllLines();
   OpenCard(browser_, kLong);
   browser_.Keys(QStringLiteral("5"));
   browser_.SetOffline(false);
-  WaitForText(browser_, QStringLiteral("#card"), Text("این کالا دیگر در شمارش نیست"));
-  browser_.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '2'"));
+  WaitForText(browser_, QStringLiteral("#card"), Text("سطر این کالا دیگر در شمارش نیست"));
+  WaitForNotices(browser_, 2);
   Look("all-lines-deleted-card");
   ClickButton(browser_, Text("باشد"));
   Look("all-lines-deleted");
@@ -210,8 +217,63 @@ TEST_P(PageLooks, Nothing_is_cut_off_whatever_fails) {
   WaitForText(browser_, QStringLiteral("#card"), Text("رقم شما"));
   BreakStorage(browser_);
   ClickButton(browser_, Text("باشد"));
-  WaitForText(browser_, QStringLiteral("#banner"), Text("گوشی این تغییر را نگه نداشت"));
+  WaitForBanner(browser_, Text("گوشی این تغییر را نگه نداشت"));
   Look("change-not-kept");
+}
+
+TEST_P(PageLooks, Nothing_is_cut_off_of_what_is_left_of_an_earlier_code) {
+  OpenPage(browser_);
+  browser_.SetOffline(true);
+  test::Count(browser_, kTea, QStringLiteral("70"));
+  test::Add(browser_, kLong, QStringLiteral("12.5"));
+  ScanUnknown(browser_, QStringLiteral("6269999999994"));
+  WaitForLeft(browser_, 3);
+  OpenQueue(browser_, Text("2 رقم و 1 بارکد"));
+  Look("left-with-barcode");
+  session_->RenewCode(1);
+  browser_.SetOffline(false);
+  WaitForText(browser_, QStringLiteral("#queue"), Text("این 2 رقم و 1 بارکد به میز نرسیده است"));
+  Look("closed-with-barcode");
+  OpenAnew(browser_, 2);
+  WaitForState(browser_, Text("2 رقم و 1 بارکد با کد پیشین، فرستاده نشده"));
+  Look("earlier-code");
+  OpenQueue(browser_, Text("2 رقم و 1 بارکد از شمارش دیگری است"));
+  Look("other-count-queue");
+  OpenAnew(browser_, 1);
+  WaitForState(browser_, Text("2 رقم با کد پیشین، فرستاده نشده"));
+  OpenQueue(browser_, Text("2 رقم با کد پیشین همین شمارش است"));
+  browser_.SetOffline(true);
+  test::Count(browser_, kCheese, QStringLiteral("6"));
+  OpenQueue(browser_, Text("1 رقم دیگر در گوشی می‌ماند"));
+  Look("earlier-code-queue");
+  ClickButton(browser_, Text("پاک کردن از گوشی"));
+  Look("earlier-code-erase");
+}
+
+TEST_P(PageLooks, Nothing_is_cut_off_in_several_messages_and_those_of_an_earlier_code) {
+  OpenPage(browser_);
+  browser_.SetOffline(true);
+  test::Count(browser_, kTea, QStringLiteral("70"));
+  test::Count(browser_, kLong, QStringLiteral("-3"));
+  WaitForLeft(browser_, 2);
+  Set(1, {kTea.barcode, 1}, "78");
+  browser_.SetOffline(false);
+  WaitForNotices(browser_, 2);
+  test::Add(browser_, kTea, QStringLiteral("-100"));
+  WaitForNotices(browser_, 3);
+  Look("two-notices");
+  Scan(browser_, kTea);
+  WaitForText(browser_, QStringLiteral("#card"), Text("رقم شما ثبت نشد: -100"));
+  Look("two-notices-card");
+  session_->RenewCode(1);
+  OpenAnew(browser_, 1);
+  WaitForNotices(browser_, 3);
+  browser_.Click(QStringLiteral("[data-tab=notices]"));
+  browser_.WaitFor(QStringLiteral("document.querySelectorAll('#list .row:not([hidden])').length === 3"));
+  Look("notices-of-earlier-code");
+  browser_.Run(QStringLiteral("document.querySelectorAll('#list .row')[2].click()"));
+  WaitForText(browser_, QStringLiteral("#card"), Text("با کد پیشین"));
+  Look("notice-of-earlier-code-card");
 }
 
 INSTANTIATE_TEST_SUITE_P(At, PageLooks,

@@ -7,16 +7,13 @@
 namespace koru::test {
 namespace {
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 class PageNetwork : public PageWorld {
  protected:
-  void WaitForThree() {
+  void WaitForThree(Browser& browser) {
     WaitForDesk(kTea, QStringLiteral("1"));
     WaitForDesk(kCheese, QStringLiteral("2"));
-    WaitForDesk(kOil, QStringLiteral("3"));
+    WaitForArrival(browser, kOil, QStringLiteral("3"));
   }
-  [[nodiscard]] static QString Left(int number) { return Text("%1 در گوشی مانده").arg(number); }
 };
 
 TEST_F(PageNetwork, Figures_without_network_stay_readable_on_the_device_and_arrive_with_the_network) {
@@ -24,24 +21,20 @@ TEST_F(PageNetwork, Figures_without_network_stay_readable_on_the_device_and_arri
   OpenPage(browser);
   browser.SetOffline(true);
   CountThree(browser);
-  WaitForState(browser, Left(3));
+  WaitForLeft(browser, 3);
   EXPECT_EQ(ShownFigure(browser, kCheese), QStringLiteral("2")) << "counting continues";
-  browser.Click(QStringLiteral("#state"));
-  WaitForText(browser, QStringLiteral("#queue"), Text("میز پیدا نیست"));
+  OpenQueue(browser, Text("میز پیدا نیست"));
   WaitForText(browser, QStringLiteral("#queue"), Text(kCheese.name));
   WaitForText(browser, QStringLiteral("#queue"), Text(kCheese.barcode));
   EXPECT_EQ(AtDesk(kTea), QString());
   browser.SetOffline(false);
-  WaitForThree();
-  WaitForState(browser, kAllArrived);
+  WaitForThree(browser);
 }
 
 TEST_F(PageNetwork, An_answer_that_is_lost_while_adding_adds_once) {
   Browser browser;
   OpenPage(browser);
-  test::Count(browser, kTea, QStringLiteral("5"));
-  WaitForDesk(kTea, QStringLiteral("5"));
-  WaitForState(browser, kAllArrived);
+  CountArrives(browser, kTea, QStringLiteral("5"));
   MakeDeaf(browser);
   test::Add(browser, kTea, QStringLiteral("7"));
   WaitForDesk(kTea, QStringLiteral("12"));
@@ -49,7 +42,7 @@ TEST_F(PageNetwork, An_answer_that_is_lost_while_adding_adds_once) {
   EXPECT_EQ(ShownFigure(browser, kTea), QStringLiteral("12"))
       << "what the desk has by now is not added to again";
   Type(1, LineColumn::FirstCounting, "100");  // meanwhile, the desk
-  browser.Run(QStringLiteral("window.isDeaf = false"));
+  HearAgain(browser);
   WaitForState(browser, kAllArrived);
   EXPECT_EQ(AtDesk(kTea), QStringLiteral("100")) << "not added again";
   browser.WaitFor(QStringLiteral("document.querySelector('#list .number').textContent === '100'"),
@@ -59,19 +52,16 @@ TEST_F(PageNetwork, An_answer_that_is_lost_while_adding_adds_once) {
 TEST_F(PageNetwork, A_desk_that_ends_without_warning_gets_all_figures_after_it_begins_again) {
   Browser browser;
   OpenPage(browser);
-  test::Count(browser, kTea, QStringLiteral("1"));
-  WaitForDesk(kTea, QStringLiteral("1"));
-  WaitForState(browser, kAllArrived);
+  CountArrives(browser, kTea, QStringLiteral("1"));
   KillDesk();
   test::Count(browser, kCheese, QStringLiteral("2"));
-  WaitForState(browser, Left(1));
+  WaitForLeft(browser, 1);
   StartAndOpen();
   EXPECT_EQ(session_->Left().Cells().size(), 1U) << "the figure of the journal";
   session_->Replay();
   Serve();
   test::Count(browser, kOil, QStringLiteral("3"));
-  WaitForThree();
-  WaitForState(browser, kAllArrived);
+  WaitForThree(browser);
 }
 
 TEST_F(PageNetwork, A_closed_tab_keeps_its_figures_for_the_next_one) {
@@ -80,15 +70,14 @@ TEST_F(PageNetwork, A_closed_tab_keeps_its_figures_for_the_next_one) {
   const QString first = browser.CurrentTab();
   browser.SetOffline(true);
   CountThree(browser);
-  WaitForState(browser, Left(3));
+  WaitForLeft(browser, 3);
   browser.OpenTab();
   const QString second = browser.CurrentTab();
   browser.SwitchTo(first);
   browser.CloseTab();
   browser.SwitchTo(second);
   browser.Open(Url(1));
-  WaitForThree();
-  WaitForState(browser, kAllArrived);
+  WaitForThree(browser);
 }
 
 TEST_F(PageNetwork, A_browser_that_is_killed_keeps_its_figures) {
@@ -100,14 +89,13 @@ TEST_F(PageNetwork, A_browser_that_is_killed_keeps_its_figures) {
     OpenPage(browser);
     browser.SetOffline(true);
     CountThree(browser);
-    WaitForState(browser, Left(3));
+    WaitForLeft(browser, 3);
     browser.Kill();
   }
   EXPECT_EQ(AtDesk(kTea), QString());
   Browser browser(settings);
   browser.Open(Url(1));
-  WaitForThree();
-  WaitForState(browser, kAllArrived);
+  WaitForThree(browser);
 }
 
 TEST_F(PageNetwork, A_temporary_save_pauses_and_Edit_resumes) {
@@ -119,8 +107,7 @@ TEST_F(PageNetwork, A_temporary_save_pauses_and_Edit_resumes) {
   WaitForText(browser, QStringLiteral("#state"), Text("میز درنگ کرده؛ 1 در گوشی مانده"));
   EXPECT_EQ(AtDesk(kTea), QString());
   ASSERT_TRUE(Desk().cmdEdit.UserClick());
-  WaitForDesk(kTea, QStringLiteral("1"));
-  WaitForState(browser, kAllArrived);
+  WaitForArrival(browser, kTea, QStringLiteral("1"));
 }
 
 TEST_F(PageNetwork, A_figure_for_a_deleted_line_is_gone_and_its_counter_reads_so) {
@@ -128,18 +115,16 @@ TEST_F(PageNetwork, A_figure_for_a_deleted_line_is_gone_and_its_counter_reads_so
   OpenPage(browser);
   browser.SetOffline(true);
   test::Count(browser, kTea, QStringLiteral("6"));
-  Lines().UserMoveTo(1, LineColumn::Barcode);
-  messages.WillAnswer(Answer::Yes);
-  ASSERT_TRUE(Lines().UserDeleteRow());
+  DeleteTea();
   browser.SetOffline(false);
-  browser.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === '1'"));
+  WaitForNotices(browser, 1);
   WaitForState(browser, kAllArrived);
   browser.Click(QStringLiteral("[data-tab=notices]"));
-  WaitForText(browser, QStringLiteral("#list"), Text("این کالا دیگر در شمارش نیست"));
+  WaitForText(browser, QStringLiteral("#list"), Text("سطر این کالا دیگر در شمارش نیست"));
   browser.Click(QStringLiteral("#list .row"));
   WaitForText(browser, QStringLiteral("#card"), Text("رقم شما: 6"));
   ClickButton(browser, Text("باشد"));
-  browser.WaitFor(QStringLiteral("document.getElementById('notices-number').textContent === ''"));
+  WaitForNotices(browser, 0);
 }
 
 TEST_F(PageNetwork, A_closed_counting_lists_what_has_not_arrived_and_keeps_it) {
@@ -147,7 +132,7 @@ TEST_F(PageNetwork, A_closed_counting_lists_what_has_not_arrived_and_keeps_it) {
   OpenPage(browser);
   browser.SetOffline(true);
   CountThree(browser);
-  WaitForState(browser, Left(3));
+  WaitForLeft(browser, 3);
   session_->Stop();
   browser.SetOffline(false);
   WaitForState(browser, Text("این شمارش بسته است"));
@@ -166,35 +151,19 @@ TEST_F(PageNetwork, Figures_of_a_code_that_was_renewed_are_sent_under_the_new_on
   session_->RenewCode(1);
   browser.SetOffline(false);
   WaitForState(browser, Text("این شمارش بسته است"));
-  browser.Open(QStringLiteral("about:blank"));
-  browser.Open(Url(1));
+  OpenAnew(browser, 1);
   browser.WaitFor(QStringLiteral("document.querySelectorAll('#list .row').length > 0"));
   WaitForText(browser, QStringLiteral("#state"), QStringLiteral("3"));
   EXPECT_EQ(AtDesk(kTea), QString()) << "not of itself: it may be another counting";
   browser.Click(QStringLiteral("#state"));
   ClickButton(browser, Text("فرستادن به این شمارش"));
-  WaitForThree();
-  WaitForState(browser, kAllArrived);
-}
-
-TEST_F(PageNetwork, Figures_that_the_desk_cannot_put_on_its_disk_stay_on_the_device) {
-  Browser browser;
-  OpenPage(browser);
-  journal_.isFull = true;
-  test::Add(browser, kTea, QStringLiteral("7"));
-  WaitUntil([&] { return !failures_.empty(); }, QStringLiteral("the desk has tried"));
-  browser.WaitFor(QStringLiteral("document.getElementById('state').textContent.startsWith('1 ')"));
-  journal_.isFull = false;
-  WaitForState(browser, kAllArrived);
-  EXPECT_EQ(AtDesk(kTea), QStringLiteral("7"));
+  WaitForThree(browser);
 }
 
 TEST_F(PageNetwork, A_page_that_does_not_reach_the_desk_shows_the_lines_that_it_kept) {
   Browser browser;
   OpenPage(browser);
-  test::Count(browser, kTea, QStringLiteral("1"));
-  WaitForDesk(kTea, QStringLiteral("1"));
-  WaitForState(browser, kAllArrived);
+  CountArrives(browser, kTea, QStringLiteral("1"));
   Type(2, LineColumn::FirstCounting, "11");
   browser.WaitFor(QStringLiteral("document.getElementById('list').textContent.includes('11')"));
   Block(browser, {QStringLiteral("*/a/*")});
@@ -205,10 +174,9 @@ TEST_F(PageNetwork, A_page_that_does_not_reach_the_desk_shows_the_lines_that_it_
   EXPECT_EQ(ShownFigure(browser, kCheese), QStringLiteral("11")) << "what the desk has changed";
   WaitForText(browser, QStringLiteral("#progress-text"), Text("2 از 7"));
   test::Count(browser, kCheese, QStringLiteral("2"));
-  WaitForState(browser, Left(1));
+  WaitForLeft(browser, 1);
   Block(browser, {});
-  WaitForDesk(kCheese, QStringLiteral("2"));
-  WaitForState(browser, kAllArrived);
+  WaitForArrival(browser, kCheese, QStringLiteral("2"));
 }
 
 TEST_F(PageNetwork, A_new_tab_opens_the_page_and_its_lines_while_the_desk_is_away) {
@@ -226,8 +194,7 @@ TEST_F(PageNetwork, An_unknown_barcode_without_network_is_listed_at_the_desk_lat
   Browser browser;
   OpenPage(browser);
   browser.SetOffline(true);
-  browser.Keys(QStringLiteral("6269999999994\n"));
-  browser.WaitFor(QStringLiteral("!document.getElementById('unknown').hidden"));
+  ScanUnknown(browser, QStringLiteral("6269999999994"));
   browser.Reload();  // without network, from the cache or not at all
   browser.SetOffline(false);
   browser.Open(Url(1));
@@ -239,28 +206,24 @@ TEST_F(PageNetwork, Storage_that_fails_for_a_while_ends_no_sending) {
   OpenPage(browser);
   browser.SetOffline(true);
   test::Count(browser, kTea, QStringLiteral("5"));
-  WaitForState(browser, Left(1));
+  WaitForLeft(browser, 1);
   BreakStorage(browser);
   browser.SetOffline(false);
   WaitForState(browser, Text("1 در گوشی مانده؛ صفحه را دوباره باز کنید"));
   MendStorage(browser);
-  WaitForDesk(kTea, QStringLiteral("5"));
-  WaitForState(browser, kAllArrived);
+  WaitForArrival(browser, kTea, QStringLiteral("5"));
 }
 
 TEST_F(PageNetwork, A_line_that_is_deleted_while_the_counter_types_says_so_with_the_typed_figure) {
   Browser browser;
   OpenPage(browser);
-  Scan(browser, kTea);
-  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+  OpenCard(browser, kTea);
   browser.Keys(QStringLiteral("6"));
-  Lines().UserMoveTo(1, LineColumn::Barcode);
-  messages.WillAnswer(Answer::Yes);
-  ASSERT_TRUE(Lines().UserDeleteRow());
-  WaitForText(browser, QStringLiteral("#card"), Text("این کالا دیگر در شمارش نیست"));
+  DeleteTea();
+  WaitForText(browser, QStringLiteral("#card"), Text("سطر این کالا دیگر در شمارش نیست"));
   WaitForText(browser, QStringLiteral("#card"), Text("رقم شما: 6"));
   ClickButton(browser, Text("باشد"));
-  browser.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
+  WaitUntilHidden(browser, "card");
 }
 
 }  // namespace

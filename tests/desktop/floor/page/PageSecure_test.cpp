@@ -5,8 +5,6 @@
 namespace koru::test {
 namespace {
 
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
 class PageSecure : public PageWorld {
  protected:
   PageSecure() : browser_({.acceptsInsecureCertificates = true}) { ServeSecurely(); }
@@ -14,9 +12,8 @@ class PageSecure : public PageWorld {
   /// Opens the page of the https address on a device that has not had it yet, as far as the question.
   void OpenUntilAsked() {
     browser_.Open(Url(1, true));
-    browser_.Click(QStringLiteral("#name"));
-    browser_.Keys(Text("رضا\n"));
-    browser_.WaitFor(QStringLiteral("!document.getElementById('arrived').hidden"));
+    GiveName(browser_, Text("رضا"));
+    WaitForShown(browser_, "arrived");
   }
 
   Browser browser_;
@@ -26,20 +23,18 @@ TEST_F(PageSecure, A_device_that_changes_from_http_is_asked_first_whether_all_ha
   OpenPage(browser_);
   Block(browser_, {QStringLiteral("http://*/a/*")});
   test::Count(browser_, kTea, QStringLiteral("5"));
-  WaitForState(browser_, Text("1 در گوشی مانده"));
+  WaitForLeft(browser_, 1);
   OpenUntilAsked();
   WaitForText(browser_, QStringLiteral("#arrived"), Text("همهٔ رقم‌ها رسیده است؟"));
   EXPECT_EQ(AtDesk(kTea), QString());
   Block(browser_, {});
   browser_.Click(QStringLiteral("#plain"));
   browser_.WaitFor(QStringLiteral("location.protocol === 'http:'"));
-  WaitForDesk(kTea, QStringLiteral("5"));
-  WaitForState(browser_, kAllArrived);
+  WaitForArrival(browser_, kTea, QStringLiteral("5"));
   browser_.Back();
   browser_.WaitFor(QStringLiteral("location.protocol === 'https:'"));
   ClickButton(browser_, Text("نشمرده‌ام یا همه رسیده است"));
-  test::Count(browser_, kCheese, QStringLiteral("2"));
-  WaitForDesk(kCheese, QStringLiteral("2"));
+  CountArrives(browser_, kCheese, QStringLiteral("2"));
 }
 
 TEST_F(PageSecure, Nothing_but_the_question_can_be_reached_and_it_is_asked_once_for_a_device) {
@@ -52,8 +47,18 @@ TEST_F(PageSecure, Nothing_but_the_question_can_be_reached_and_it_is_asked_once_
   browser_.Reload();
   WaitForState(browser_, kAllArrived);
   EXPECT_FALSE(browser_.Shows(QStringLiteral("#arrived")));
-  test::Count(browser_, kTea, QStringLiteral("5"));
-  WaitForDesk(kTea, QStringLiteral("5"));
+  CountArrives(browser_, kTea, QStringLiteral("5"));
+}
+
+TEST_F(PageSecure, An_answer_that_the_browser_does_not_keep_lets_the_counter_count) {
+  RunBeforePages(
+      browser_,
+      Text("Storage.prototype.setItem = () => { throw new DOMException('', 'QuotaExceededError'); }"));
+  OpenUntilAsked();
+  ClickButton(browser_, Text("نشمرده‌ام یا همه رسیده است"));
+  WaitForState(browser_, kAllArrived);
+  EXPECT_FALSE(browser_.Shows(QStringLiteral("#arrived")));
+  CountArrives(browser_, kTea, QStringLiteral("5"));
 }
 
 TEST_F(PageSecure, The_page_of_the_http_address_does_not_ask) {

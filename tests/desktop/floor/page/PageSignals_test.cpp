@@ -24,7 +24,7 @@ constexpr const char* kSpy = R"(
 class PageSignals : public PageWorld {
  protected:
   PageSignals() {
-    browser_.Command(QStringLiteral("Page.addScriptToEvaluateOnNewDocument"), {{"source", kSpy}});
+    RunBeforePages(browser_, Text(kSpy));
     OpenPage(browser_);
   }
 
@@ -42,8 +42,7 @@ class PageSignals : public PageWorld {
 };
 
 TEST_F(PageSignals, A_barcode_that_no_line_has_sounds_low_and_vibrates_long) {
-  browser_.Keys(QStringLiteral("6269999999994\n"));
-  browser_.WaitFor(QStringLiteral("!document.getElementById('unknown').hidden"));
+  ScanUnknown(browser_, QStringLiteral("6269999999994"));
   EXPECT_TRUE(HasAlarmed());
 }
 
@@ -52,7 +51,7 @@ TEST_F(PageSignals, A_figure_that_is_kept_sounds_high_and_one_that_is_refused_so
   browser_.WaitFor(QStringLiteral("window.heard.length > 0"));
   EXPECT_TRUE(browser_.Run(QStringLiteral("return window.heard[0] > 600 && window.felt[0] < 100")).toBool())
       << "it is kept in the device";
-  WaitForText(browser_, QStringLiteral("#banner"), QStringLiteral("تعداد كمتر از اندازة مجاز است."));
+  WaitForBanner(browser_, QStringLiteral("تعداد كمتر از اندازة مجاز است."));
   browser_.Run(QStringLiteral("window.heard.shift(); window.felt.shift()"));
   EXPECT_TRUE(HasAlarmed());
 }
@@ -63,18 +62,15 @@ TEST_F(PageSignals, A_figure_of_another_device_that_came_before_sounds_low_and_v
   browser_.SetOffline(true);
   test::Count(browser_, kTea, QStringLiteral("70"));
   browser_.WaitFor(QStringLiteral("window.heard.length > 0"));
-  test::Count(other, kTea, QStringLiteral("78"));
-  WaitForDesk(kTea, QStringLiteral("78"));
+  CountArrives(other, kTea, QStringLiteral("78"));
   ForgetSignals();
   browser_.SetOffline(false);
-  WaitForText(browser_, QStringLiteral("#banner"), QStringLiteral("در این میان رقم دیگری ثبت شده است."));
+  WaitForBanner(browser_, QStringLiteral("در این میان رقم دیگری ثبت شده است."));
   EXPECT_TRUE(HasAlarmed());
 }
 
 TEST_F(PageSignals, The_browser_is_asked_once_to_keep_the_figures_lastingly) {
-  test::Count(browser_, kTea, QStringLiteral("1"));
-  WaitForDesk(kTea, QStringLiteral("1"));
-  WaitForState(browser_, kAllArrived);
+  CountArrives(browser_, kTea, QStringLiteral("1"));
   EXPECT_EQ(browser_.Run(QStringLiteral("return window.persists")).toInt(), 1);
 }
 

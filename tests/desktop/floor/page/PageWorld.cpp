@@ -1,6 +1,5 @@
 #include "tests/desktop/floor/page/PageWorld.h"
 
-#include <QJsonArray>
 #include <array>
 
 namespace koru::test {
@@ -22,15 +21,6 @@ std::string Insertion(const PageGood& good, int row) {
          "(CountingID,Barcode,RowNumber,ScaleID,SystemCounting,BaseValue)"
          " values (20," +
          Quoted(good.barcode) + "," + std::to_string(row) + ",1,4444,3);";
-}
-
-QString Text(const char* utf8) { return QString::fromUtf8(utf8); }
-
-/// What a script sees as a text.
-QString Literal(const QString& text) {
-  QString escaped = text;
-  escaped.replace(QLatin1Char('\\'), QLatin1String("\\\\")).replace(QLatin1Char('\''), QLatin1String("\\'"));
-  return QLatin1Char('\'') + escaped + QLatin1Char('\'');
 }
 
 }  // namespace
@@ -66,13 +56,21 @@ FloorServerSettings PageWorld::Settings() const {
   settings.securePort = 0;
   settings.folder = folder_.path().toStdString();
   settings.addresses = {"127.0.0.1"};
-  settings.store = "انبار مركزي";
+  settings.store = store_;
+  settings.counting = counting_;
+  settings.limits = limits_;
   return settings;
 }
 
 void PageWorld::Serve() {
   server_ = std::make_unique<FloorServer>(*session_, Settings());
   port_ = server_->Port();
+}
+
+void PageWorld::ServeWithin(const FloorServerLimits& limits) {
+  limits_ = limits;
+  server_.reset();
+  Serve();
 }
 
 void PageWorld::ServeSecurely() {
@@ -95,6 +93,17 @@ void PageWorld::ServeSecurely() {
   }
 }
 
+void PageWorld::ServeAnotherCounting() {
+  server_.reset();
+  session_.reset();
+  journal_.Remove();
+  journal_.aside.clear();
+  store_ = "انبار دو";
+  counting_ = "00000000000000b2";
+  Open();
+  Serve();
+}
+
 void PageWorld::KillDesk() {
   server_.reset();
   Crash();
@@ -115,8 +124,7 @@ void PageWorld::OpenPage(Browser& browser, int count, const QString& name) {
   browser.WaitFor(
       QStringLiteral("!document.getElementById('naming').hidden || document.querySelector('#list .row')"));
   if (browser.Shows(QStringLiteral("#naming"))) {
-    browser.Click(QStringLiteral("#name"));
-    browser.Keys(name + QLatin1Char('\n'));
+    GiveName(browser, name);
   }
   WaitForState(browser, kAllArrived);
   browser.WaitFor(QStringLiteral("document.querySelectorAll('#list .row').length > 0"));
@@ -131,98 +139,39 @@ void PageWorld::WaitForDesk(const PageGood& good, const QString& figure, int cou
             QStringLiteral("the desk has %1 instead of %2").arg(AtDesk(good, count), figure));
 }
 
-void Scan(Browser& browser, const PageGood& good) { browser.Keys(Text(good.barcode) + QLatin1Char('\n')); }
-
-void OpenCard(Browser& browser, const PageGood& good) {
-  Scan(browser, good);
-  browser.WaitFor(QStringLiteral("document.activeElement.id === 'figure'"));
+void PageWorld::WaitForArrival(Browser& browser, const PageGood& good, const QString& figure) {
+  WaitForDesk(good, figure);
+  WaitForState(browser, kAllArrived);
 }
 
-void Count(Browser& browser, const PageGood& good, const QString& figure) {
-  OpenCard(browser, good);
-  browser.Keys(figure + QLatin1Char('\n'));
-  browser.WaitFor(QStringLiteral("document.getElementById('card').hidden"));
+void PageWorld::CountArrives(Browser& browser, const PageGood& good, const QString& figure) {
+  test::Count(browser, good, figure);
+  WaitForArrival(browser, good, figure);
 }
 
-void Add(Browser& browser, const PageGood& good, const QString& figure) {
-  OpenCard(browser, good);
-  browser.Keys(figure);
-  ClickButton(browser, Text("افزودن"));
+void PageWorld::OpenAnew(Browser& browser, int count) {
+  browser.Open(QStringLiteral("about:blank"));
+  browser.Open(Url(count));
 }
 
-void CountThree(Browser& browser) {
-  Count(browser, kTea, QStringLiteral("1"));
-  Count(browser, kCheese, QStringLiteral("2"));
-  Count(browser, kOil, QStringLiteral("3"));
+QStringList PageWorld::OpenSecondTab(Browser& browser, int count) {
+  const QString first = browser.CurrentTab();
+  const QString second = browser.OpenTab();
+  OpenPage(browser, count);
+  return {first, second};
 }
 
-void WaitForState(Browser& browser, const QString& text) {
-  browser.WaitFor(QStringLiteral("document.getElementById('state').textContent === ") + Literal(text), text);
+void PageWorld::DeleteTea() {
+  Lines().UserMoveTo(1, LineColumn::Barcode);
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Lines().UserDeleteRow());
 }
 
-void WaitForText(Browser& browser, const QString& selector, const QString& part) {
-  // Marks that isolate directions are no part of what is read.
-  browser.WaitFor(QStringLiteral("(document.querySelector(%1)?.textContent ?? '')"
-                                 ".replace(/[\\u2066-\\u2069]/g, '').includes(%2)")
-                      .arg(Literal(selector), Literal(part)),
-                  part);
-}
-
-void ClickButton(Browser& browser, const QString& text) {
-  browser.WaitFor(
-      QStringLiteral("[...document.querySelectorAll('button')].some(button => button.offsetParent && "
-                     "button.textContent.replace(/[\\u2066-\\u2069]/g, '') === %1)")
-          .arg(Literal(text)),
-      text);
-  browser.Run(
-      QStringLiteral("[...document.querySelectorAll('button')].find(button => button.offsetParent && "
-                     "button.textContent.replace(/[\\u2066-\\u2069]/g, '') === arguments[0]).click()"),
-      {text});
-}
-
-bool ShowsButton(Browser& browser, const QString& text) {
-  return browser
-      .Run(QStringLiteral("return [...document.querySelectorAll('button')].some(button => "
-                          "button.offsetParent && button.textContent === arguments[0])"),
-           {text})
-      .toBool();
-}
-
-void Block(Browser& browser, const QJsonArray& patterns) {
-  browser.Command(QStringLiteral("Network.enable"));
-  browser.Command(QStringLiteral("Network.setBlockedURLs"), {{"urls", patterns}});
-}
-
-void BreakStorage(Browser& browser) {
-  browser.Run(QStringLiteral(
-      "window.begin = IDBDatabase.prototype.transaction;"
-      "IDBDatabase.prototype.transaction = () => { throw new DOMException('', 'UnknownError'); }"));
-}
-
-void MendStorage(Browser& browser) {
-  browser.Run(QStringLiteral("IDBDatabase.prototype.transaction = window.begin"));
-}
-
-void MakeDeaf(Browser& browser) {
-  browser.Run(
-      QStringLiteral("const ask = window.fetch; window.sent = []; window.lost = 0; window.isDeaf = true;"
-                     "window.fetch = async (path, options) => {"
-                     "  if (path === 'a/figures') window.sent.push(options.body);"
-                     "  const answer = await ask(path, options);"
-                     "  if (path !== 'a/figures' || !window.isDeaf) return answer;"
-                     "  window.lost += 1; throw new TypeError('the answer is lost'); }"));
-}
-
-QString ShownFigure(Browser& browser, const PageGood& good) {
-  // The list is drawn with the next frame.
-  return browser
-      .Run(QStringLiteral(
-               "return new Promise(done => requestAnimationFrame(() => requestAnimationFrame(done)))"
-               ".then(() => [...document.querySelectorAll('#list .row')].find(row => !row.hidden && "
-               "row.querySelector('.name').textContent === arguments[0])"
-               "?.querySelector('.number').textContent ?? '')"),
-           {Text(good.name)})
-      .toString();
+void PageWorld::DeleteAllLines() {
+  Desk().Timer1.Fire();  // the commands are those of what is on the form
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Desk().cmdDeleteAll.UserClick());
+  ASSERT_EQ(Lines().Rows(), 1);
 }
 
 }  // namespace koru::test
