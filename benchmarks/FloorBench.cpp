@@ -24,6 +24,8 @@ namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
+constexpr std::chrono::milliseconds kOnTheWay{50};  ///< a request to the desk, at most
+
 int CountOf(int device) { return device % kFloorCounts + 1; }
 
 int Occurrences(const std::string& text, std::string_view part) {
@@ -79,13 +81,72 @@ class Beat {
   double lastOfProcessor_ = ProcessorMilliseconds();
 };
 
+/// The devices, each in a thread of its own.
+class Devices {
+ public:
+  explicit Devices(const std::function<void(int device)>& work) {
+    for (int device = 0; device < kDevices; ++device) {
+      threads_.emplace_back([this, work, device] { Work(work, device); });
+    }
+  }
+
+  /// Runs the desk's event loop until that is so.
+  static void RunUntil(const std::function<bool()>& isSo) {
+    while (!isSo()) QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+  }
+  /// The same until all have done their work, noting how long it was held. Throws what a device has thrown.
+  void Finish(Hold& hold) {
+    const Beat beat(hold);
+    RunUntil([this] { return atWork_ == 0; });
+    threads_.clear();
+    if (!failure_.empty()) throw std::runtime_error(failure_);
+  }
+
+ private:
+  void Work(const std::function<void(int device)>& work, int device) {
+    try {
+      work(device);
+    } catch (const std::exception& error) {
+      const std::lock_guard lock(mutex_);
+      failure_ = error.what();
+    }
+    --atWork_;
+  }
+
+  std::atomic<int> atWork_ = kDevices;
+  std::mutex mutex_;
+  std::string failure_;
+  std::vector<std::jthread> threads_;
+};
+
+/// The answers that a device of the page gets to its requests for changes.
+class Listener {
+ public:
+  Listener(std::unique_ptr<test::BlockingClient> client, int device)
+      : client_(std::move(client)), device_(std::to_string(device)) {}
+
+  [[nodiscard]] test::BlockingClient& Client() { return *client_; }
+  /// Waits for the next one; reads the lines where that says so.
+  void Next() {
+    const std::string changes = client_->Get("/a/changes?since=" + revision_ + "&device=d" + device_);
+    revision_ = changes.substr(7, changes.find(',') - 7);
+    if (changes.find(R"("lines":true)") != std::string::npos) client_->Get("/a/lines");
+  }
+
+ private:
+  std::unique_ptr<test::BlockingClient> client_;
+  std::string device_;
+  std::string revision_ = "0";
+};
+
 }  // namespace
 
 // The window owns the desk.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 FloorBench::FloorBench(const std::string& file, const std::filesystem::path& folder)
     : files_(Emptied(folder)),
-      program_(file, kFullCounting, {}),
+      drafts_(folder / "drafts"),
+      program_(file, kFullCounting, {}, &drafts_),
       desk_(new FloorDesk(program_.Window(), program_.Form(), files_, Settings(folder))) {
   desk_->Open();
   desk_->OpenSecure();
@@ -94,25 +155,7 @@ FloorBench::FloorBench(const std::string& file, const std::filesystem::path& fol
 // NOLINTEND(cppcoreguidelines-owning-memory)
 
 void FloorBench::WhileDevicesWork(Hold& hold, const std::function<void(int)>& work) {
-  std::atomic<int> atWork = kDevices;
-  std::mutex mutex;
-  std::string failure;
-  std::vector<std::jthread> devices;
-  const Beat beat(hold);
-  for (int device = 0; device < kDevices; ++device) {
-    devices.emplace_back([&, device] {
-      try {
-        work(device);
-      } catch (const std::exception& error) {
-        const std::lock_guard lock(mutex);
-        failure = error.what();
-      }
-      --atWork;
-    });
-  }
-  while (atWork > 0) QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-  devices.clear();
-  if (!failure.empty()) throw std::runtime_error(failure);
+  Devices(work).Finish(hold);
 }
 
 std::unique_ptr<test::BlockingClient> FloorBench::Connect(int device, bool secure) const {
@@ -120,6 +163,16 @@ std::unique_ptr<test::BlockingClient> FloorBench::Connect(int device, bool secur
   const std::string& code = desk_->Session()->Code(CountOf(device));
   if (secure) return std::make_unique<SecureClient>(server.SecurePort(), code);
   return std::make_unique<test::BlockingClient>(server.Port(), code);
+}
+
+void FloorBench::Listen(int device, const std::stop_token& stop) const {
+  Listener listener(Connect(device), device);
+  const std::stop_callback hangUp(stop, [&] { listener.Client().HangUp(); });
+  try {
+    while (!stop.stop_requested()) listener.Next();
+  } catch (const std::runtime_error&) {
+    if (!stop.stop_requested()) throw;
+  }
 }
 
 std::string FloorBench::Figures(int device, int sequence, int many) const {
@@ -144,6 +197,7 @@ double FloorBench::Sum() const {
 
 void FloorBench::SendKept(Hold& hold) {
   WhileDevicesWork(hold, [&, sequence = TakeSequence(kKept)](int device) {
+    const std::jthread listener([&, device](const std::stop_token& stop) { Listen(device, stop); });
     const std::string answer = Connect(device)->Post("/a/figures", Figures(device, sequence, kKept));
     if (Occurrences(answer, R"("state":"stored")") != kKept)
       throw std::runtime_error("not stored: " + answer.substr(0, 300));
@@ -178,6 +232,32 @@ void FloorBench::MakeLines() const {
     json += kLinesEnd;
     if (Gzip(json, 1).empty()) throw std::runtime_error("no lines");
   }
+}
+
+void FloorBench::ReadChangedLines(Hold& hold) {
+  std::atomic<int> listening = 0;
+  Devices devices([&](int device) {
+    Listener listener(Connect(device), device);
+    listener.Next();
+    ++listening;
+    listener.Next();
+  });
+  Devices::RunUntil([&] { return listening == kDevices; });
+  const auto sent = SteadyClock::now() + kOnTheWay;
+  Devices::RunUntil([&] { return SteadyClock::now() > sent; });
+  Grid& grid = program_.Form().flexDetail;
+  const std::string figure = std::to_string(++changed_);
+  {
+    const GridRedrawOff redrawOff(grid);
+    const BatchEdit batch(grid);
+    for (int row = 1; row < grid.Rows(); ++row) {
+      for (int count = 1; count <= kFloorCounts; ++count) {
+        if (!grid.UserEditElsewhere(row, FloorLines::ColumnOf(count), figure))
+          throw std::runtime_error("not entered");
+      }
+    }
+  }
+  devices.Finish(hold);
 }
 
 }  // namespace koru::bench

@@ -71,17 +71,6 @@ void Print(const char* load, Answers& answers) {
               answers.AtPercent(100));
 }
 
-/// Asks for changes until the device has done its work.
-void Poll(const FloorBench& floor, int device, const std::stop_token& stop) {
-  const auto client = floor.Connect(device);
-  std::string revision = "0";
-  while (!stop.stop_requested()) {
-    const std::string changes =
-        client->Get("/a/changes?since=" + revision + "&device=d" + std::to_string(device));
-    revision = changes.substr(7, changes.find(',') - 7);
-  }
-}
-
 /// Each device enters a figure each second of a minute, and holds a request for changes besides.
 bool RunMinute(FloorBench& floor) {
   const double before = floor.Sum();
@@ -89,7 +78,7 @@ bool RunMinute(FloorBench& floor) {
   Hold hold;
   const auto begin = SteadyClock::now();
   floor.WhileDevicesWork(hold, [&, sequence = floor.TakeSequence(kSeconds)](int device) {
-    const std::jthread poll([&, device](const std::stop_token& stop) { Poll(floor, device, stop); });
+    const std::jthread listener([&, device](const std::stop_token& stop) { floor.Listen(device, stop); });
     const auto client = floor.Connect(device);
     for (int second = 0; second < kSeconds; ++second) {
       std::this_thread::sleep_until(begin +
@@ -152,6 +141,7 @@ int Main(int argc, char** argv) {
   }
   Hold ofKept;
   Hold ofPages;
+  Hold ofChanges;
   Workload kept{"15,000 figures kept by 30 devices", 20, [&] { floor.SendKept(ofKept); },
                 [&] { floor.EnterByHand(); }};
   kept.isOfWaiting = true;
@@ -160,10 +150,15 @@ int Main(int argc, char** argv) {
                  [&] { floor.EnterByHand(kMoreThanChanges); }};
   pages.isOfWaiting = true;
   pages.maxMs = 2'000;
+  Workload changes{"32,767 lines changed at the desk, read by 30", 20,
+                   [&] { floor.ReadChangedLines(ofChanges); }, [&] { floor.MakeLines(); }};
+  changes.isOfWaiting = true;
+  changes.maxMs = 2'000;
   argv[1] = argv[0];
-  ok &= RunAndReport({kept, pages}, {}, argc - 1, argv + 1);
+  ok &= RunAndReport({kept, pages, changes}, {}, argc - 1, argv + 1);
   if (ofKept.onClock > 0) ok &= PrintHold(kept.name, ofKept);
   if (ofPages.onClock > 0) ok &= PrintHold(pages.name, ofPages);
+  if (ofChanges.onClock > 0) ok &= PrintHold(changes.name, ofChanges);
   return ok ? 0 : 1;
 }
 

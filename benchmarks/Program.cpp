@@ -1,15 +1,20 @@
 #include "benchmarks/Program.h"
 
 #include <QApplication>
+#include <future>
 #include <stdexcept>
+#include <utility>
 
 #include "adapters/system/DataFolder.h"
 #include "desktop/suite/Windows.h"
 
 namespace koru::bench {
 
-Program::Program(const std::string& file, std::int32_t counting, const std::string& workbooks)
-    : counting_(counting), spreadsheets_({.folder = workbooks, .open = Opened, .showMessage = {}}, clock_) {
+Program::Program(const std::string& file, std::int32_t counting, const std::string& workbooks,
+                 DraftStore* drafts)
+    : counting_(counting),
+      spreadsheets_({.folder = workbooks, .open = Opened, .showMessage = {}}, clock_),
+      control_(*this, Services(drafts)) {
   RegisterWindows(screen_, records_);
   RegisterDesktopComponents(components_, databases_, DataFolder());
   messages_.RegisterIn(components_);
@@ -17,6 +22,12 @@ Program::Program(const std::string& file, std::int32_t counting, const std::stri
   control_.SetUserID(1);
   Edit();
   Draw();
+}
+
+HostServices Program::Services(DraftStore* drafts) {
+  HostServices services{databases_, components_, screen_, clock_, files_, spreadsheets_, drafts};
+  services.runDraftWrite = [this](std::packaged_task<void()> write) { draftWriter_.Run(std::move(write)); };
+  return services;
 }
 
 InvCountingWindow& Program::Window() const {

@@ -5,6 +5,7 @@
 
 #include "adapters/sqlite/SqliteConnector.h"
 #include "adapters/system/SystemServices.h"
+#include "adapters/system/WriterThread.h"
 #include "adapters/xlsx/XlsxStarter.h"
 #include "component/comInvCounting.h"
 #include "desktop/fields/SelectorRecords.h"
@@ -19,8 +20,10 @@ namespace koru::bench {
 /// recorded, not shown.
 class Program : private ControlHost {
  public:
-  /// Opens `counting` from the database `file`; workbooks are written to the folder `workbooks`.
-  Program(const std::string& file, std::int32_t counting, const std::string& workbooks);
+  /// Opens `counting` from the database `file`; workbooks are written to the folder `workbooks`, and drafts
+  /// where there is a store for them.
+  Program(const std::string& file, std::int32_t counting, const std::string& workbooks,
+          DraftStore* drafts = nullptr);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
   ~Program() override = default;
@@ -50,6 +53,7 @@ class Program : private ControlHost {
     }
     koru::Form* shown = nullptr;
   };
+  [[nodiscard]] HostServices Services(DraftStore* drafts);
   /// Replaces a spreadsheet program.
   static bool Opened(const std::string& /*path*/) { return true; }
 
@@ -65,7 +69,8 @@ class Program : private ControlHost {
   XlsxStarter spreadsheets_;
   SelectorRecords records_{databases_};
   OpenScreen screen_;
-  comInvCounting control_{*this, {databases_, components_, screen_, clock_, files_, spreadsheets_}};
+  WriterThread draftWriter_;
+  comInvCounting control_;
 };
 
 }  // namespace koru::bench
