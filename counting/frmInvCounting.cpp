@@ -158,6 +158,7 @@ bool frmInvCounting::ContinueDraft(LeftDraft& draft) {
   if (isNew && !CheckPermission(shared_, FormPermission::OpenForNew)) return false;
   if (!CheckPermission(shared_, isNew ? FormPermission::New : FormPermission::Edit)) return false;
   drafts_.Continue(draft);
+  linesAreStored_ = false;
   entryIsWritten_ = false;
   history_.Clear();
   finder_.Apply();

@@ -56,6 +56,7 @@ void DraftKeeper::Tick() {
     if (!held_) Remove();
     return;
   }
+  held_ = false;  // the entry continues: its end removes the draft
   if (IsWriting()) return;
   Try(&DraftKeeper::EndWrite);
   if (!changed_ || shared_.services.drafts == nullptr) return;

@@ -221,6 +221,34 @@ TEST_F(Drafts, Are_gone_with_a_save_a_registration_or_a_cancel) {
   EXPECT_EQ(program_->FindDraft(), std::nullopt);
 }
 
+TEST_F(Drafts, That_are_restored_and_cancelled_are_not_what_is_stored) {
+  Edit(10);
+  Type("7");
+  Pause();
+  Crash();
+  ASSERT_TRUE(program_->FindDraft());
+  ASSERT_TRUE(program_->RestoreDraft());
+  messages.WillAnswer(Answer::Yes);
+  Click(Counting().cmdCancel);
+  EXPECT_TRUE(Counting().cmdReadLines.Visible()) << "the stored lines can be read";
+  Click(Counting().cmdEdit);
+  EXPECT_FALSE(Counting().EntryIsWritten());
+}
+
+TEST_F(Drafts, Are_gone_with_a_save_that_comes_after_one_that_has_failed) {
+  Edit(10);
+  Type("7");
+  Pause();
+  failing.Plan().FailAt(1);
+  Click(Counting().cmdTmpSave);
+  failing.Plan().FailAt(0);
+  ASSERT_EQ(Mode(), DocumentMode::Editing);
+  EXPECT_EQ(Files(), 1U);
+  Click(Counting().cmdTmpSave);
+  ASSERT_EQ(Mode(), DocumentMode::Viewing);
+  EXPECT_EQ(Files(), 0U);
+}
+
 TEST_F(Drafts, Stay_when_the_save_fails) {
   Edit(10);
   Type("7");
