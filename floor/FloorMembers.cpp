@@ -13,14 +13,9 @@ void FloorMembers::Member::Keep(const FloorAnswer& answer) {
 }
 
 FloorMembers::FloorMembers(const JournalStart& start) {
-  for (const JournalStart::Device& kept : start.devices) {
-    if (kept.name.empty()) {  // of an earlier session, and not heard of since
-      earlier_[{kept.count, kept.id}] = kept.entered;
-      continue;
-    }
-    Member& member = Of(kept.count, kept.id);
-    member.device.name = kept.name;
-    member.entered = kept.entered;
+  TakeEntered(start);
+  for (const JournalStart::Device& kept : start.devices) {  // without a name: not heard of since then
+    if (!kept.name.empty()) Of(kept.count, kept.id).device.name = kept.name;
   }
 }
 

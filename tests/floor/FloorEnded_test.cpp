@@ -79,5 +79,17 @@ TEST_F(FloorEnded, By_the_end_of_the_form_writes_what_the_disk_could_not_take_as
   EXPECT_EQ(ReadJournal(journal_.synced).figures.size(), 2U) << "the next Edit offers both";
 }
 
+TEST_F(FloorEnded, By_the_desk_keeps_nothing_of_a_device_that_has_brought_no_figure) {
+  EXPECT_EQ(Add(1, kTea, "-3").state, FigureState::Refused);
+  SaveAndEdit();
+  Crash();
+  StartAndOpen();
+  session_->Stop();
+  Save();
+  EXPECT_EQ(session_->Ended(), FloorSession::End::Stopped);
+  EXPECT_EQ(journal_.Read(), "");
+  EXPECT_EQ(journal_.aside.size(), 0U);
+}
+
 }  // namespace
 }  // namespace koru::test
