@@ -20,7 +20,10 @@ std::set<std::string> Several(const std::vector<FloorModel::Record>& records) {
 
 }  // namespace
 
-FloorModel::FloorModel(std::vector<StoredLine> lines) : stored_(std::move(lines)) { ReadStored(); }
+FloorModel::FloorModel(std::vector<StoredLine> lines) : stored_(std::move(lines)) {
+  ReadStored();
+  begun_ = lines_;
+}
 
 FloorModel::Line* FloorModel::Find(int id) {
   const auto found =
@@ -45,6 +48,7 @@ int FloorModel::FreeOrdinal(const std::string& barcode) {
 void FloorModel::DeskEnters(int id, int count, const std::string& text) {
   Line& line = *Find(id);
   const std::string before = std::exchange(line.counts.at(Place(count)), text);
+  Change();
   if (before == text) return;
   Supersede(line, count, before, text);
   if (state_ == State::Ended) return;
@@ -61,6 +65,7 @@ void FloorModel::DeskAdds(int id, const std::string& barcode) {
     return line.key.barcode == barcode && (line.key.ordinal < 0 || line.key.ordinal >= kFirstDrawn);
   });
   lines_.push_back({id, {barcode, isDrawn ? Draw() : FreeOrdinal(barcode)}, {}});
+  Change();
 }
 
 std::ptrdiff_t FloorModel::Number(const std::string& barcode) const {
@@ -70,6 +75,7 @@ std::ptrdiff_t FloorModel::Number(const std::string& barcode) const {
 
 void FloorModel::DeskDeletes(int id) {
   std::erase_if(lines_, [id](const Line& line) { return line.id == id; });
+  Change();
   std::erase_if(acknowledged_, [id](const auto& figure) { return figure.first.first == id; });
 }
 
@@ -78,6 +84,7 @@ void FloorModel::Save(const std::vector<int>& order) {
   saved.reserve(order.size());
   for (const int id : order) saved.push_back({id, Find(id)->key.barcode, Find(id)->counts});
   stored_ = std::move(saved);
+  areStored_ = true;
   isChangedElsewhere_ = false;
   const auto place = [&order](const Line& line) { return std::find(order.begin(), order.end(), line.id); };
   std::sort(lines_.begin(), lines_.end(),
@@ -86,14 +93,23 @@ void FloorModel::Save(const std::vector<int>& order) {
   Settle(true);
 }
 
-void FloorModel::Cancel(bool isWritten) {
-  if (isWritten) KeepOrdinals();
-  Settle(isWritten);
+void FloorModel::Cancel() {
+  if (isWritten_) KeepOrdinals();
+  Settle(isWritten_);
 }
 
 void FloorModel::Edit() {
   if (isChangedElsewhere_) ReadStored();
   isEdited_ = true;
+  isWritten_ = areStored_;
+  begun_ = lines_;
+}
+
+/// What nobody has changed is not worth a draft.
+bool FloorModel::DraftIsCurrent() const {
+  const std::vector<Line>& kept = draft_ ? *draft_ : begun_;
+  return std::equal(kept.begin(), kept.end(), lines_.begin(), lines_.end(),
+                    [](const Line& a, const Line& b) { return a.id == b.id && a.counts == b.counts; });
 }
 
 void FloorModel::ShowStored() {
@@ -121,6 +137,7 @@ void FloorModel::Supersede(const std::vector<StoredLine>& lines) {
 }
 
 void FloorModel::ReadStored() {
+  areStored_ = true;
   isChangedElsewhere_ = false;
   lines_.clear();
   for (const StoredLine& line : stored_) lines_.push_back({line.id, {line.barcode, 0}, line.counts});
@@ -165,7 +182,8 @@ void FloorModel::TakeDrawn(const std::map<int, int>& ordinalsByLine) {
 
 // The session.
 
-void FloorModel::Begin(bool onStored) {
+void FloorModel::Begin() {
+  const bool onStored = isWritten_;
   state_ = State::Running;
   answered_.clear();
   leftIsTakenBack_ = false;
@@ -233,6 +251,7 @@ FloorAnswer FloorModel::Take(int count, const FloorFigure& figure) {
   } else {
     answer.text = figure.text.empty() ? "" : NumberText(number);
     line->counts.at(Place(count)) = answer.text;
+    Change();
   }
   record.answer = answer;
   if (record.IsEntered()) Acknowledge(*line, count);
@@ -260,6 +279,7 @@ void FloorModel::DropSame(const Line& line, int count) {
 /// The entry has ended.
 void FloorModel::Settle(bool isWritten) {
   const bool wasEdited = std::exchange(isEdited_, false);
+  if (wasEdited) draft_.reset();
   if (state_ == State::Ended || !wasEdited) return;
   if (!isWritten) return End();
   hasUnsaved_ = false;
@@ -276,9 +296,7 @@ void FloorModel::End() {
     enteredAtEnd_ = journal_.entered;
     SetJournalAside();
   } else {
-    atEnd_ = ordinals_;
-    if (last_ || !entered_.empty() || !ArePlain()) last_ = ordinals_;
-    lastSeveral_.clear();
+    KeepEndAside();
   }
   hasJournal_ = false;
   journal_ = {};
@@ -287,8 +305,18 @@ void FloorModel::End() {
 
 void FloorModel::SetJournalAside() {
   aside_.insert(aside_.begin(), journal_);
+  ++setAside_;
   last_ = journal_.ordinals;
   lastSeveral_ = Several(journal_.records);
+}
+
+/// A later session needs the keys of the lines and the numbers of the figures, unless it would give the same
+/// keys and no figure has reached the counting.
+void FloorModel::KeepEndAside() {
+  lastSeveral_.clear();
+  if (setAside_ == 0 && entered_.empty() && ArePlain()) return;
+  ++setAside_;
+  last_ = ordinals_;
 }
 
 /// The lines of the form, in their order of entry, are the stored ones.
@@ -311,16 +339,24 @@ void FloorModel::BeginJournalAnew() {
   journal_.records.clear();
 }
 
-void FloorModel::Crash(std::size_t kept) {
+void FloorModel::Crash(std::size_t kept, bool isRestored) {
   state_ = State::Ended;
-  ReadStored();
+  if (isRestored) {
+    lines_ = *draft_;
+    areStored_ = false;
+  } else {
+    draft_.reset();
+    ReadStored();
+    begun_ = lines_;
+  }
   journal_.records.resize(kept);
   std::erase_if(acknowledged_, [](const auto& figure) { return !figure.second.under.empty(); });
   for (const Line& line : lines_) {
     for (int count = 1; count <= kFloorCounts; ++count) DropSame(line, count);
   }
   isEdited_ = true;
-  Begin(true);
+  isWritten_ = areStored_;
+  Begin();
 }
 
 }  // namespace koru::test

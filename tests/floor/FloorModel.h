@@ -72,6 +72,8 @@ class FloorModel {
   [[nodiscard]] const std::vector<Line>& Lines() const { return lines_; }
   [[nodiscard]] const std::vector<StoredLine>& Stored() const { return stored_; }
   [[nodiscard]] bool IsEdited() const { return isEdited_; }
+  /// Whether nothing has been entered since the lines were stored.
+  [[nodiscard]] bool IsWritten() const { return isWritten_; }
   [[nodiscard]] Line* Find(int id);
   [[nodiscard]] Line* Find(const LineKey& key);
   [[nodiscard]] std::string Cell(int id, int count) { return Find(id)->counts.at(Place(count)); }
@@ -84,8 +86,11 @@ class FloorModel {
   void DeskDeletes(int id);
   /// The rows, whose lines are in this order, are saved.
   void Save(const std::vector<int>& order);
-  /// The desk leaves the entry. `isWritten`: nothing had been entered.
-  void Cancel(bool isWritten);
+  void DeskSorts() { Change(); }
+  /// The desk does not overwrite what another station has stored.
+  void DoesNotSave() { isWritten_ = false; }
+  /// The desk leaves the entry.
+  void Cancel();
   /// Edit; lines that another station has changed are read anew.
   void Edit();
   /// The stored lines are shown instead of those on the form.
@@ -95,28 +100,34 @@ class FloorModel {
   /// Whether another station has written since the form has read or written the lines.
   [[nodiscard]] bool IsChangedElsewhere() const { return isChangedElsewhere_; }
 
+  /// A draft of what is on the form is written.
+  void WriteDraft() { draft_ = lines_; }
+  [[nodiscard]] bool HasDraft() const { return draft_.has_value(); }
+  /// Whether a crash would take nothing from the desk.
+  [[nodiscard]] bool DraftIsCurrent() const;
+
   // The floor.
 
   [[nodiscard]] State SessionState() const { return state_; }
   [[nodiscard]] bool IsOpen() const { return state_ == State::Running && left_.empty() && isEdited_; }
   [[nodiscard]] const std::vector<LeftCell>& Left() const { return left_; }
+  /// The journals with figures that have been set aside, the last one first.
   [[nodiscard]] const std::vector<Journal>& Aside() const { return aside_; }
+  /// The number of all journals that have been set aside, with figures or without.
+  [[nodiscard]] std::size_t SetAside() const { return setAside_; }
   [[nodiscard]] std::size_t Journalled() const { return journal_.records.size(); }
 
-  /// A session begins, or continues the journal. `onStored`: the lines are those of the database.
-  void Begin(bool onStored);
-  /// A journal has been set aside, with figures or without.
-  void NoteAside() {
-    if (!last_) last_ = atEnd_;
-  }
+  /// A session begins, or continues the journal.
+  void Begin();
   void Stop() { state_ = State::Stopped; }
   void Reopen() { state_ = State::Running; }
   FloorAnswer Take(int count, const FloorFigure& figure);
   void Replay();
   void Forgo();
   bool TakeBackSetAside();
-  /// The program ends and is started anew, with the stored lines; the journal has that number of records.
-  void Crash(std::size_t kept);
+  /// The program ends and is started anew, with the lines of the draft or the stored ones; the journal has
+  /// that number of records. A draft that is not restored is discarded.
+  void Crash(std::size_t kept, bool isRestored);
   /// The lines that have drawn ordinals, with these ones. Until then, each has one below 0.
   void TakeDrawn(const std::map<int, int>& ordinalsByLine);
 
@@ -137,11 +148,15 @@ class FloorModel {
 
   [[nodiscard]] int FreeOrdinal(const std::string& barcode);
   [[nodiscard]] static std::size_t Place(int count) { return static_cast<std::size_t>(count - 1); }
+  void Change() {
+    if (isEdited_) areStored_ = isWritten_ = false;
+  }
   void ReadStored();
   void GiveKeys(bool onStored);
   [[nodiscard]] int Draw() { return --lastDrawn_; }
   [[nodiscard]] bool ArePlain() const;
   void SetJournalAside();
+  void KeepEndAside();
   void Settle(bool isWritten);
   void End();
   void KeepOrdinals();
@@ -162,7 +177,11 @@ class FloorModel {
   std::vector<Line> lines_;  // in the order of the stored ones, then those that were added since
   std::vector<StoredLine> stored_;
   bool isEdited_ = true;
+  bool areStored_ = true;  // the lines, as they are
+  bool isWritten_ = true;
   bool isChangedElsewhere_ = false;
+  std::vector<Line> begun_;                 // those with which the entry has begun
+  std::optional<std::vector<Line>> draft_;  // those of the draft
 
   State state_ = State::Ended;
   bool hasJournal_ = false;
@@ -172,7 +191,7 @@ class FloorModel {
   std::set<std::string> several_;  // barcodes of which the journal has figures of several lines
   std::optional<Ordinals> last_;   // of the journal that was set aside last, with figures or without
   std::set<std::string> lastSeveral_;
-  Ordinals atEnd_;  // of the session that has ended last
+  std::size_t setAside_ = 0;
   int lastDrawn_ = 0;
   std::vector<Journal> aside_;  // the last one first
   std::map<FigureKey, FloorAnswer> answered_;

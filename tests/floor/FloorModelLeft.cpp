@@ -79,6 +79,7 @@ void FloorModel::Replay() {
     isWhole = isWhole && isEntered;
     if (!isEntered) continue;
     const std::string before = std::exchange(line->counts.at(Place(cell.count)), cell.last);
+    Change();
     Acknowledge(*line, cell.count);
     entered.push_back({cell.count,
                        true,

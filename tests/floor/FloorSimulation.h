@@ -10,6 +10,7 @@
 
 #include "tests/floor/FloorModel.h"
 #include "tests/floor/FloorWorld.h"
+#include "tests/floor/MemoryDrafts.h"
 
 namespace koru::test {
 
@@ -25,10 +26,11 @@ struct SimulatedDevice {
 
 /// Sessions by chance: two devices for each count over a network that loses, doubles and reorders, a desk
 /// that types, undoes, sorts, deletes, adds, saves and cancels, another station that writes in between, and
-/// crashes of either side. A line is known by its book stock, which no other line has.
+/// crashes of either side, after which the desk restores its draft or discards it. A line is known by its
+/// book stock, which no other line has.
 class FloorSimulation : public FloorWorld {
  protected:
-  FloorSimulation() : FloorWorld(TestDatabase::Kind::File) {}
+  FloorSimulation();
 
   /// One whole session, different for each seed; fails where it does not end as the model says.
   void Session(unsigned seed);
@@ -70,6 +72,8 @@ class FloorSimulation : public FloorWorld {
   void TakeBack();
   void CrashDesk();
   void StartAfterCrash(std::size_t kept);
+  void RestoreDraft();
+  void PauseAtDesk();
   void RenewCode();
   void NoteCodes();
   void OtherStationWrites();
@@ -79,6 +83,7 @@ class FloorSimulation : public FloorWorld {
 
   // What must be (FloorSimulation_test.cpp).
   void ExpectModel();
+  void ExpectOrderOfEntry();
   void ExpectSession();
   void ExpectKeys();
   void ExpectStored();
@@ -103,6 +108,8 @@ class FloorSimulation : public FloorWorld {
   std::size_t done_ = 0;  ///< the steps of the history that are not undone
   int lastLine_ = 0;
   bool isGuarded_ = true;  ///< the form knows what another station must not have changed
+  MemoryDrafts store_;
+  bool draftIsGuarded_ = true;  ///< the draft knows it
 };
 
 }  // namespace koru::test

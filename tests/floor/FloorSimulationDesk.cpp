@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "draft/DraftKeeper.h"
 #include "tests/floor/FloorSimulation.h"
 
 namespace koru::test {
@@ -57,6 +58,7 @@ void FloorSimulation::RedoAtDesk() {
 void FloorSimulation::SortAtDesk() {
   constexpr std::array kOrders = {RowOrder::Ascending, RowOrder::Descending, RowOrder::Entry};
   Lines().UserSort({Any(kLineColumns), kOrders.at(static_cast<std::size_t>(Any(3)))});
+  model_.DeskSorts();
 }
 
 void FloorSimulation::DeleteAtDesk() {
@@ -93,7 +95,7 @@ void FloorSimulation::SaveAtDesk() {
   Desk().Timer1.Fire();
   ASSERT_TRUE(Desk().cmdTmpSave.UserClick());
   ASSERT_EQ(messages.UnusedAnswers(), 0U);
-  if (choice == 1) return;
+  if (choice == 1) return model_.DoesNotSave();
   HasReadOrSaved();
   if (choice == 0) return model_.Save(order);
   model_.ShowStored();
@@ -115,10 +117,10 @@ void FloorSimulation::FailToSave() {
   Desk().Timer1.Fire();
   // A save that has failed in the middle of writing has forgotten what it could overwrite.
   const bool isInWrite = !model_.IsChangedElsewhere() && Any(2) == 0;
-  isGuarded_ = isGuarded_ && !isInWrite;
   failing.Plan().FailAt(isInWrite ? 2 : 1);
   Desk().cmdTmpSave.UserClick();
   failing.Plan().FailAt(0);
+  isGuarded_ = isGuarded_ && !isInWrite;
   ASSERT_EQ(DeskMode(), DocumentMode::Editing);
 }
 
@@ -133,23 +135,19 @@ void FloorSimulation::Edit() {
 /// counters to read.
 void FloorSimulation::BeginIfEnded() {
   if (model_.SessionState() != FloorModel::State::Ended) return;
-  const bool onStored = Desk().EntryIsWritten();
-  const bool hasAside = !journal_.aside.empty();
   session_.reset();
   Open();
-  if (hasAside) model_.NoteAside();
-  model_.Begin(onStored);
+  model_.Begin();
   for (SimulatedDevice& device : devices_) device = {device.count, device.id, device.lastSequence, {}, {}, 0};
   NoteCodes();
   ExpectKeys();
 }
 
 void FloorSimulation::Cancel() {
-  const bool isWritten = Desk().EntryIsWritten();
   messages.WillAnswer(Answer::Yes);
   ASSERT_TRUE(Desk().cmdCancel.UserClick());
   ASSERT_EQ(DeskMode(), DocumentMode::Viewing);
-  model_.Cancel(isWritten);
+  model_.Cancel();
   ForgetHistory();
 }
 
@@ -211,10 +209,32 @@ void FloorSimulation::CrashDesk() {
 }
 
 void FloorSimulation::StartAfterCrash(std::size_t kept) {
-  StartAndOpen();
-  if (!journal_.aside.empty()) model_.NoteAside();
-  model_.Crash(kept);
+  const bool isRestored = model_.HasDraft() && Any(4) > 0;
+  if (isRestored) {
+    RestoreDraft();
+  } else {
+    store_.text.clear();
+    StartAndOpen();
+  }
+  model_.Crash(kept, isRestored);
   HasReadOrSaved();
+  if (isRestored) isGuarded_ = draftIsGuarded_;
+}
+
+void FloorSimulation::RestoreDraft() {
+  StartProgram();
+  ASSERT_TRUE(program_->FindDraft());
+  ASSERT_TRUE(program_->RestoreDraft());
+  ASSERT_EQ(DeskMode(), DocumentMode::Editing);
+  Open();
+}
+
+/// While the desk does nothing, the form's timer ticks. After a second the draft holds what is on the form.
+void FloorSimulation::PauseAtDesk() {
+  const int ticks = Any(3) == 0 ? 1 : DraftKeeper::kPauseTicks;
+  for (int tick = 0; tick < ticks; ++tick) Desk().Timer1.Fire();
+  if (!model_.IsEdited() || ticks < DraftKeeper::kPauseTicks) return;
+  ASSERT_TRUE(model_.DraftIsCurrent());
 }
 
 void FloorSimulation::NoteCodes() {

@@ -1,5 +1,9 @@
 // Sessions of the floor by chance, compared with a plain model after each step.
 
+#include <algorithm>
+#include <iterator>
+#include <numeric>
+
 #include "tests/floor/FloorSimulation.h"
 
 namespace koru::test {
@@ -14,12 +18,21 @@ constexpr int kLastLine = 104;
 
 }  // namespace
 
+FloorSimulation::FloorSimulation() : FloorWorld(TestDatabase::Kind::File) {
+  drafts_ = &store_;
+  store_.onWrite = [this] {
+    model_.WriteDraft();
+    draftIsGuarded_ = isGuarded_;
+  };
+}
+
 void FloorSimulation::Reset(unsigned seed) {
   chance_.seed(seed);
   session_.reset();
   program_.reset();
   journal_.Remove();
   journal_.aside.clear();
+  store_.text.clear();
   drawn_.clear();
   database.Execute(
       "delete from tblInventoryCountingDetail where CountingID=20;"
@@ -28,7 +41,7 @@ void FloorSimulation::Reset(unsigned seed) {
       "values (20,'G1',1,1,101,3),(20,'G2',2,1,102,3),(20,'G3',3,1,103,3),(20,'G1',4,1,104,3)");
   lastLine_ = kLastLine;
   model_ = FloorModel({{kFirstLine, "G1", {}}, {102, "G2", {}}, {103, "G3", {}}, {kLastLine, "G1", {}}});
-  model_.Begin(true);
+  model_.Begin();
   StartAndOpen();
   devices_.clear();
   NoteCodes();
@@ -63,8 +76,8 @@ void FloorSimulation::Step() {
 }
 
 void FloorSimulation::StepOfDesk() {
-  const int step = Any(24);
-  if (step == 0) return CrashDesk();
+  const int step = Any(29);
+  if (step == 0 || step == 28) return CrashDesk();
   if (step == 1) return OtherStationWrites();
   if (step == 2) return SortAtDesk();
   if (!model_.IsEdited()) return step < 4 ? ShowAgain() : Edit();
@@ -92,7 +105,11 @@ void FloorSimulation::StepOfDesk() {
     case 15:
       return TakeBack();
     case 19:
-      return Desk().Timer1.Fire();
+    case 24:
+    case 25:
+    case 26:
+    case 27:
+      return PauseAtDesk();
     case 20:
       return RenewCode();
     case 16:
@@ -115,9 +132,23 @@ void FloorSimulation::ExpectModel() {
   std::map<int, FloorModel::Counts> expected;
   for (const FloorModel::Line& line : model_.Lines()) expected[line.id] = line.counts;
   ASSERT_EQ(onForm, expected);
+  ASSERT_NO_FATAL_FAILURE(ExpectOrderOfEntry());
+  ASSERT_EQ(!store_.text.empty(), model_.HasDraft());
+  ASSERT_EQ(model_.IsEdited() && Desk().EntryIsWritten(), model_.IsEdited() && model_.IsWritten());
   ASSERT_EQ(model_.Lost(), "");
   ASSERT_EQ(model_.Misplaced(), Texts{});
   ASSERT_NO_FATAL_FAILURE(ExpectSession());
+}
+
+void FloorSimulation::ExpectOrderOfEntry() {
+  std::vector<int> rows(static_cast<std::size_t>(Lines().Rows() - 1));
+  std::iota(rows.begin(), rows.end(), 1);
+  std::ranges::sort(rows, {}, [this](int row) { return Lines().Entry(row); });
+  std::vector<int> lines;
+  std::ranges::transform(rows, std::back_inserter(lines), [this](int row) { return LineIn(row); });
+  std::vector<int> expected;
+  std::ranges::transform(model_.Lines(), std::back_inserter(expected), &FloorModel::Line::id);
+  ASSERT_EQ(lines, expected);
 }
 
 void FloorSimulation::ExpectSession() {
@@ -128,6 +159,7 @@ void FloorSimulation::ExpectSession() {
   const auto withFigures = std::count_if(journal_.aside.begin(), journal_.aside.end(),
                                          [](const auto& text) { return !ReadJournal(text).figures.empty(); });
   ASSERT_EQ(static_cast<std::size_t>(withFigures), model_.Aside().size());
+  ASSERT_EQ(journal_.aside.size(), model_.SetAside());
   if (state != State::Running) return;
   ASSERT_NO_FATAL_FAILURE(ExpectKeys());
   for (int count = 1; count <= kFloorCounts; ++count)
