@@ -11,11 +11,9 @@ class PageDevices : public PageWorld {
   void MakeConflict(Browser& one, Browser& other) {
     OpenPage(one, 1, Text("رضا"));
     OpenPage(other, 1, Text("حسن"));
-    one.SetOffline(true);
-    test::Count(one, kTea, QStringLiteral("70"));
+    CountOffline(one, kTea, QStringLiteral("70"));
     CountArrives(other, kTea, QStringLiteral("78"));
-    one.SetOffline(false);
-    WaitForNotices(one, 1);
+    ConnectAgain(one, 1);
     EXPECT_EQ(AtDesk(kTea), QStringLiteral("78")) << "the first figure holds";
     Scan(one, kTea);
     WaitForText(one, QStringLiteral("#card"), Text("رقم حسن: 78"));
@@ -47,9 +45,7 @@ TEST_F(PageDevices, Two_devices_on_a_line_are_a_question_and_the_own_figure_may_
   Browser one;
   Browser other;
   MakeConflict(one, other);
-  ClickButton(one, Text("70 ثبت شود"));
-  WaitForArrival(one, kTea, QStringLiteral("70"));
-  WaitForNotices(one, 0);
+  InsistOn(one, QStringLiteral("70"));
 }
 
 TEST_F(PageDevices, Three_devices_make_three_counts_and_see_their_own_alone) {
@@ -79,9 +75,7 @@ TEST_F(PageDevices, Two_tabs_of_a_device_give_no_number_twice_and_send_each_figu
   for (int round = 0; round < 3; ++round) {
     for (const QString& tab : tabs) {
       browser.SwitchTo(tab);
-      OpenCard(browser, kTea);
-      browser.Keys(QStringLiteral("1"));
-      ClickButton(browser, Text("افزودن"));
+      test::Add(browser, kTea, QStringLiteral("1"));
     }
   }
   WaitForArrival(browser, kTea, QStringLiteral("6"));
@@ -123,12 +117,8 @@ TEST_F(PageDevices, Figures_of_another_count_that_is_open_are_neither_moved_nor_
 TEST_F(PageDevices, Figures_of_another_count_that_is_closed_are_not_moved_into_this_one) {
   Browser browser;
   OpenPage(browser, 1);
-  browser.SetOffline(true);
-  test::Count(browser, kTea, QStringLiteral("5"));
-  WaitForLeft(browser, 1);
-  session_->RenewCode(1);
-  browser.SetOffline(false);
-  OpenAnew(browser, 2);
+  CountOffline(browser, kTea, QStringLiteral("5"));
+  OpenWithNewCode(browser, 2);
   WaitForState(browser, Text("1 رقم با کد پیشین، فرستاده نشده"));
   OpenQueue(browser, Text("1 رقم از شمارش دیگری است"));
   EXPECT_FALSE(ShowsButton(browser, Text("فرستادن به این شمارش")));
@@ -158,9 +148,7 @@ TEST_F(PageDevices, The_question_names_what_the_desk_has_by_now_and_the_own_figu
   WaitForText(one, QStringLiteral("#card"), Text("در این میان رقم دیگری ثبت شده است. رقم کنونی: 79"));
   WaitForText(one, QStringLiteral("#list"), Text("رقم کنونی: 79"));
   EXPECT_FALSE(ShowsButton(one, Text("78 بماند")));
-  ClickButton(one, Text("70 ثبت شود"));
-  WaitForArrival(one, kTea, QStringLiteral("70"));
-  WaitForNotices(one, 0);
+  InsistOn(one, QStringLiteral("70"));
 }
 
 TEST_F(PageDevices, Adding_leaves_a_question_that_is_not_answered) {

@@ -142,10 +142,8 @@ TEST_P(PageLooks, Nothing_is_cut_off_wherever_the_counter_is) {
   Set(1, {kTea.barcode, 1}, "78");
   OpenQueue(browser_, Text("میز پیدا نیست"));
   Look("queue");
-  browser_.SetOffline(false);
-  WaitForState(browser_, kAllArrived);
-  WaitForNotices(browser_, 1);
-  browser_.Click(QStringLiteral("[data-tab=notices]"));
+  ConnectAgain(browser_, 1);
+  OpenNotices(browser_, 1);
   Look("notices");
   browser_.Click(QStringLiteral("#list .row"));
   WaitForText(browser_, QStringLiteral("#card"), QStringLiteral("78"));
@@ -210,8 +208,7 @@ TEST_P(PageLooks, Nothing_is_cut_off_whatever_fails) {
   Look("all-lines-deleted-card");
   ClickButton(browser_, Text("باشد"));
   Look("all-lines-deleted");
-  browser_.Click(QStringLiteral("[data-tab=notices]"));
-  browser_.WaitFor(QStringLiteral("document.querySelector('#list .row:not([hidden]) .below')"));
+  OpenNotices(browser_, 2);
   Look("all-lines-deleted-notices");
   browser_.Click(QStringLiteral("#list .row"));
   WaitForText(browser_, QStringLiteral("#card"), Text("رقم شما"));
@@ -226,7 +223,7 @@ TEST_P(PageLooks, Nothing_is_cut_off_of_what_is_left_of_an_earlier_code) {
   browser_.SetOffline(true);
   test::Count(browser_, kTea, QStringLiteral("70"));
   test::Add(browser_, kLong, QStringLiteral("12.5"));
-  ScanUnknown(browser_, QStringLiteral("6269999999994"));
+  ScanUnknown(browser_, kUnlisted);
   WaitForLeft(browser_, 3);
   OpenQueue(browser_, Text("2 رقم و 1 بارکد"));
   Look("left-with-barcode");
@@ -268,8 +265,7 @@ TEST_P(PageLooks, Nothing_is_cut_off_in_several_messages_and_those_of_an_earlier
   session_->RenewCode(1);
   OpenAnew(browser_, 1);
   WaitForNotices(browser_, 3);
-  browser_.Click(QStringLiteral("[data-tab=notices]"));
-  browser_.WaitFor(QStringLiteral("document.querySelectorAll('#list .row:not([hidden])').length === 3"));
+  OpenNotices(browser_, 3);
   Look("notices-of-earlier-code");
   browser_.Run(QStringLiteral("document.querySelectorAll('#list .row')[2].click()"));
   WaitForText(browser_, QStringLiteral("#card"), Text("با کد پیشین"));

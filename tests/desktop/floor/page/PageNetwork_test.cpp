@@ -19,9 +19,7 @@ class PageNetwork : public PageWorld {
 TEST_F(PageNetwork, Figures_without_network_stay_readable_on_the_device_and_arrive_with_the_network) {
   Browser browser;
   OpenPage(browser);
-  browser.SetOffline(true);
-  CountThree(browser);
-  WaitForLeft(browser, 3);
+  CountThreeOffline(browser);
   EXPECT_EQ(ShownFigure(browser, kCheese), QStringLiteral("2")) << "counting continues";
   OpenQueue(browser, Text("میز پیدا نیست"));
   WaitForText(browser, QStringLiteral("#queue"), Text(kCheese.name));
@@ -68,9 +66,7 @@ TEST_F(PageNetwork, A_closed_tab_keeps_its_figures_for_the_next_one) {
   Browser browser;
   OpenPage(browser);
   const QString first = browser.CurrentTab();
-  browser.SetOffline(true);
-  CountThree(browser);
-  WaitForLeft(browser, 3);
+  CountThreeOffline(browser);
   browser.OpenTab();
   const QString second = browser.CurrentTab();
   browser.SwitchTo(first);
@@ -87,9 +83,7 @@ TEST_F(PageNetwork, A_browser_that_is_killed_keeps_its_figures) {
   {
     Browser browser(settings);
     OpenPage(browser);
-    browser.SetOffline(true);
-    CountThree(browser);
-    WaitForLeft(browser, 3);
+    CountThreeOffline(browser);
     browser.Kill();
   }
   EXPECT_EQ(AtDesk(kTea), QString());
@@ -113,26 +107,20 @@ TEST_F(PageNetwork, A_temporary_save_pauses_and_Edit_resumes) {
 TEST_F(PageNetwork, A_figure_for_a_deleted_line_is_gone_and_its_counter_reads_so) {
   Browser browser;
   OpenPage(browser);
-  browser.SetOffline(true);
-  test::Count(browser, kTea, QStringLiteral("6"));
+  CountOffline(browser, kTea, QStringLiteral("6"));
   DeleteTea();
-  browser.SetOffline(false);
-  WaitForNotices(browser, 1);
-  WaitForState(browser, kAllArrived);
-  browser.Click(QStringLiteral("[data-tab=notices]"));
+  ConnectAgain(browser, 1);
+  OpenNotices(browser, 1);
   WaitForText(browser, QStringLiteral("#list"), Text("سطر این کالا دیگر در شمارش نیست"));
   browser.Click(QStringLiteral("#list .row"));
-  WaitForText(browser, QStringLiteral("#card"), Text("رقم شما: 6"));
-  ClickButton(browser, Text("باشد"));
+  ReadDeleted(browser, QStringLiteral("6"));
   WaitForNotices(browser, 0);
 }
 
 TEST_F(PageNetwork, A_closed_counting_lists_what_has_not_arrived_and_keeps_it) {
   Browser browser;
   OpenPage(browser);
-  browser.SetOffline(true);
-  CountThree(browser);
-  WaitForLeft(browser, 3);
+  CountThreeOffline(browser);
   session_->Stop();
   browser.SetOffline(false);
   WaitForState(browser, Text("این شمارش بسته است"));
@@ -146,8 +134,7 @@ TEST_F(PageNetwork, A_closed_counting_lists_what_has_not_arrived_and_keeps_it) {
 TEST_F(PageNetwork, Figures_of_a_code_that_was_renewed_are_sent_under_the_new_one_when_the_counter_says_so) {
   Browser browser;
   OpenPage(browser);
-  browser.SetOffline(true);
-  CountThree(browser);
+  CountThreeOffline(browser);
   session_->RenewCode(1);
   browser.SetOffline(false);
   WaitForState(browser, Text("این شمارش بسته است"));
@@ -194,19 +181,17 @@ TEST_F(PageNetwork, An_unknown_barcode_without_network_is_listed_at_the_desk_lat
   Browser browser;
   OpenPage(browser);
   browser.SetOffline(true);
-  ScanUnknown(browser, QStringLiteral("6269999999994"));
+  ScanUnknown(browser, kUnlisted);
   browser.Reload();  // without network, from the cache or not at all
   browser.SetOffline(false);
   browser.Open(Url(1));
-  WaitUntil([&] { return session_->Unknown().size() == 1; }, QStringLiteral("the desk does not know of it"));
+  WaitForUnlisted();
 }
 
 TEST_F(PageNetwork, Storage_that_fails_for_a_while_ends_no_sending) {
   Browser browser;
   OpenPage(browser);
-  browser.SetOffline(true);
-  test::Count(browser, kTea, QStringLiteral("5"));
-  WaitForLeft(browser, 1);
+  CountOffline(browser, kTea, QStringLiteral("5"));
   BreakStorage(browser);
   browser.SetOffline(false);
   WaitForState(browser, Text("1 در گوشی مانده؛ صفحه را دوباره باز کنید"));
@@ -220,9 +205,7 @@ TEST_F(PageNetwork, A_line_that_is_deleted_while_the_counter_types_says_so_with_
   OpenCard(browser, kTea);
   browser.Keys(QStringLiteral("6"));
   DeleteTea();
-  WaitForText(browser, QStringLiteral("#card"), Text("سطر این کالا دیگر در شمارش نیست"));
-  WaitForText(browser, QStringLiteral("#card"), Text("رقم شما: 6"));
-  ClickButton(browser, Text("باشد"));
+  ReadDeleted(browser, QStringLiteral("6"));
   WaitUntilHidden(browser, "card");
 }
 

@@ -23,12 +23,6 @@ class PageNotices : public PageWorld {
         QStringLiteral("document.querySelectorAll('#card .notice:not([hidden])').length === %1").arg(number),
         QStringLiteral("the notices of the card"));
   }
-  static void OpenNotices(Browser& browser, int number) {
-    browser.Click(QStringLiteral("[data-tab=notices]"));
-    browser.WaitFor(
-        QStringLiteral("document.querySelectorAll('#list .row:not([hidden])').length === %1").arg(number),
-        QStringLiteral("the messages"));
-  }
   /// Two additions to the tea that the form refuses.
   void RefuseTwo(Browser& browser) {
     OpenPage(browser);
@@ -36,16 +30,12 @@ class PageNotices : public PageWorld {
     test::Add(browser, kTea, QStringLiteral("-3"));
     test::Add(browser, kTea, QStringLiteral("-4"));
     WaitForLeft(browser, 2);
-    browser.SetOffline(false);
-    WaitForState(browser, kAllArrived);
-    WaitForNotices(browser, 2);
+    ConnectAgain(browser, 2);
   }
   /// The device has 70 of the tea without network, the desk 78.
   void WaitWithConflict(Browser& browser) {
     OpenPage(browser);
-    browser.SetOffline(true);
-    test::Count(browser, kTea, QStringLiteral("70"));
-    WaitForLeft(browser, 1);
+    CountOffline(browser, kTea, QStringLiteral("70"));
     Set(1, {kTea.barcode, 1}, "78");
   }
 };
@@ -58,14 +48,11 @@ TEST_F(PageNotices, Each_addition_to_a_line_that_is_deleted_is_a_message) {
   test::Add(browser, kTea, QStringLiteral("3"));
   WaitForLeft(browser, 2);
   DeleteTea();
-  browser.SetOffline(false);
-  WaitForState(browser, kAllArrived);
-  WaitForNotices(browser, 2);
+  ConnectAgain(browser, 2);
   OpenNotices(browser, 2);
   EXPECT_EQ(Shown(browser, "#list .row .number"), (QStringList{"+3", "+5"}));
   browser.Click(QStringLiteral("#list .row"));
-  WaitForText(browser, QStringLiteral("#card"), Text("رقم شما: +3"));
-  ClickButton(browser, Text("باشد"));
+  ReadDeleted(browser, QStringLiteral("+3"));
   WaitForNotices(browser, 1);
   OpenNotices(browser, 1);
   EXPECT_EQ(Shown(browser, "#list .row .number"), QStringList{"+5"});
@@ -100,8 +87,7 @@ TEST_F(PageNotices, A_figure_that_is_set_replaces_all_notices_of_its_line) {
 TEST_F(PageNotices, A_warning_about_an_addition_leaves_the_question_of_an_earlier_figure) {
   Browser browser;
   WaitWithConflict(browser);
-  browser.SetOffline(false);
-  WaitForNotices(browser, 1);
+  ConnectAgain(browser, 1);
   test::Add(browser, kTea, QStringLiteral("1000000000"));
   ClickButton(browser, Text("مقدار است"));
   WaitForArrival(browser, kTea, QStringLiteral("1000000078"));
@@ -116,20 +102,15 @@ TEST_F(PageNotices, Of_two_figures_that_are_set_without_network_the_later_one_is
   test::Count(browser, kTea, QStringLiteral("50"));
   WaitForLeft(browser, 2);
   Set(1, {kTea.barcode, 1}, "8");
-  browser.SetOffline(false);
-  WaitForState(browser, kAllArrived);
-  WaitForNotices(browser, 1);
+  ConnectAgain(browser, 1);
   Scan(browser, kTea);
-  ClickButton(browser, Text("50 ثبت شود"));
-  WaitForArrival(browser, kTea, QStringLiteral("50"));
-  WaitForNotices(browser, 0);
+  InsistOn(browser, QStringLiteral("50"));
 }
 
 TEST_F(PageNotices, A_message_that_was_not_read_is_shown_after_the_desk_has_made_a_new_code) {
   Browser browser;
   WaitWithConflict(browser);
-  browser.SetOffline(false);
-  WaitForNotices(browser, 1);
+  ConnectAgain(browser, 1);
   session_->RenewCode(1);
   OpenAnew(browser, 1);
   WaitForState(browser, kAllArrived);
@@ -167,9 +148,7 @@ TEST_F(PageNotices, An_answer_to_a_figure_of_another_count_is_said_at_once_and_s
   OpenAnew(browser, 1);
   WaitForState(browser, kAllArrived);
   Scan(browser, kTea);
-  ClickButton(browser, Text("70 ثبت شود"));
-  WaitForArrival(browser, kTea, QStringLiteral("70"));
-  WaitForNotices(browser, 0);
+  InsistOn(browser, QStringLiteral("70"));
 }
 
 TEST_F(PageNotices, A_figure_that_is_added_to_one_without_an_answer_is_asked_about_together_with_it) {
@@ -182,15 +161,11 @@ TEST_F(PageNotices, A_figure_that_is_added_to_one_without_an_answer_is_asked_abo
   WaitForLeft(browser, 3);
   EXPECT_EQ(ShownFigure(browser, kTea), QStringLiteral("44"));
   Set(1, {kTea.barcode, 1}, "8");
-  browser.SetOffline(false);
-  WaitForState(browser, kAllArrived);
+  ConnectAgain(browser, 1);
   EXPECT_EQ(AtDesk(kTea), QStringLiteral("8")) << "nobody has counted 11 or 12";
-  WaitForNotices(browser, 1);
   Scan(browser, kTea);
   WaitForAsked(browser, Text("رقم d1: 8"));
-  ClickButton(browser, Text("44 ثبت شود"));
-  WaitForArrival(browser, kTea, QStringLiteral("44"));
-  WaitForNotices(browser, 0);
+  InsistOn(browser, QStringLiteral("44"));
 }
 
 TEST_F(PageNotices, Figures_that_are_set_and_added_without_network_arrive_as_their_sum) {
@@ -212,15 +187,12 @@ TEST_F(PageNotices, Figures_that_are_set_and_added_without_network_arrive_as_the
 TEST_F(PageNotices, The_question_names_what_the_desk_has_after_an_addition_of_its_counter) {
   Browser browser;
   WaitWithConflict(browser);
-  browser.SetOffline(false);
-  WaitForNotices(browser, 1);
+  ConnectAgain(browser, 1);
   test::Add(browser, kTea, QStringLiteral("2"));
   WaitForArrival(browser, kTea, QStringLiteral("80"));
   Scan(browser, kTea);
   WaitForAsked(browser, Text("رقم کنونی: 80"));
-  ClickButton(browser, Text("70 ثبت شود"));
-  WaitForArrival(browser, kTea, QStringLiteral("70"));
-  WaitForNotices(browser, 0);
+  InsistOn(browser, QStringLiteral("70"));
 }
 
 }  // namespace

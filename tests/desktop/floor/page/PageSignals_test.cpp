@@ -42,7 +42,7 @@ class PageSignals : public PageWorld {
 };
 
 TEST_F(PageSignals, A_barcode_that_no_line_has_sounds_low_and_vibrates_long) {
-  ScanUnknown(browser_, QStringLiteral("6269999999994"));
+  ScanUnknown(browser_, kUnlisted);
   EXPECT_TRUE(HasAlarmed());
 }
 

@@ -45,10 +45,23 @@ void AddUnheard(Browser& browser, const PageGood& good, const QString& figure) {
   browser.WaitFor(QStringLiteral("window.lost > 0"), QStringLiteral("an answer that is not heard"));
 }
 
-void CountThree(Browser& browser) {
-  Count(browser, kTea, QStringLiteral("1"));
+void CountOffline(Browser& browser, const PageGood& good, const QString& figure) {
+  browser.SetOffline(true);
+  Count(browser, good, figure);
+  WaitForLeft(browser, 1);
+}
+
+void CountThreeOffline(Browser& browser) {
+  CountOffline(browser, kTea, QStringLiteral("1"));
   Count(browser, kCheese, QStringLiteral("2"));
   Count(browser, kOil, QStringLiteral("3"));
+  WaitForLeft(browser, 3);
+}
+
+void ConnectAgain(Browser& browser, int notices) {
+  browser.SetOffline(false);
+  WaitForState(browser, kAllArrived);
+  WaitForNotices(browser, notices);
 }
 
 void WaitForState(Browser& browser, const QString& text) {
@@ -74,6 +87,19 @@ void WaitForNotices(Browser& browser, int number) {
       QStringLiteral("the number of messages"));
 }
 
+void OpenNotices(Browser& browser, int number) {
+  browser.Click(QStringLiteral("[data-tab=notices]"));
+  browser.WaitFor(
+      QStringLiteral("document.querySelectorAll('#list .row:not([hidden])').length === %1").arg(number),
+      QStringLiteral("the messages"));
+}
+
+void ReadDeleted(Browser& browser, const QString& figure) {
+  WaitForText(browser, QStringLiteral("#card"), Text("سطر این کالا دیگر در شمارش نیست"));
+  WaitForText(browser, QStringLiteral("#card"), Text("رقم شما: ") + figure);
+  ClickButton(browser, Text("باشد"));
+}
+
 void WaitForBanner(Browser& browser, const QString& part) {
   WaitForText(browser, QStringLiteral("#banner"), part);
 }
@@ -96,7 +122,7 @@ void WaitUntilHidden(Browser& browser, const char* id) {
 
 void OpenQueue(Browser& browser, const QString& part) {
   browser.Click(QStringLiteral("#state"));
-  WaitForText(browser, QStringLiteral("#queue"), part);
+  WaitForText(browser, QStringLiteral("#queue:not([hidden])"), part);
 }
 
 void GiveName(Browser& browser, const QString& name) {

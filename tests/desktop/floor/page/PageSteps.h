@@ -26,6 +26,9 @@ inline constexpr PageGood kLong{"6260100000062", "107",
                                 "ABCDEFGHIJKLMNOPQRSTUVWXYZ-0123456789-"
                                 "ABCDEFGHIJKLMNOPQRSTUVWXYZ"};
 
+/// A barcode that no line has.
+inline const QString kUnlisted = QStringLiteral("6269999999994");
+
 /// What the page says once the desk has all figures.
 inline const QString kAllArrived = QStringLiteral("همه رسیده");
 
@@ -44,8 +47,13 @@ void Add(Browser& browser, const PageGood& good, const QString& figure);
 /// Adds a figure that reaches the desk; the loaded page does not hear its answer, nor any other before
 /// HearAgain.
 void AddUnheard(Browser& browser, const PageGood& good, const QString& figure);
-/// Figures 1 of the tea, 2 of the cheese and 3 of the oil.
-void CountThree(Browser& browser);
+/// Cuts the device off and counts a good: its figure is left on the device.
+void CountOffline(Browser& browser, const PageGood& good, const QString& figure);
+/// Cuts the device off: figures 1 of the tea, 2 of the cheese and 3 of the oil are left on it.
+void CountThreeOffline(Browser& browser);
+/// Connects the device again, and waits until the desk has answered all its figures, and the page has a
+/// number of messages to be read.
+void ConnectAgain(Browser& browser, int notices);
 /// Waits until the button that says how it is with the figures has a text.
 void WaitForState(Browser& browser, const QString& text);
 void WaitForText(Browser& browser, const QString& selector, const QString& part);
@@ -53,6 +61,10 @@ void WaitForText(Browser& browser, const QString& selector, const QString& part)
 void WaitForLeft(Browser& browser, int number);
 /// Waits until the page has a number of messages of the desk to be read.
 void WaitForNotices(Browser& browser, int number);
+/// Opens the list of these messages.
+void OpenNotices(Browser& browser, int number);
+/// Reads on the card that the line of a figure is deleted.
+void ReadDeleted(Browser& browser, const QString& figure);
 /// Waits for a part of what the page says above the list.
 void WaitForBanner(Browser& browser, const QString& part);
 /// Waits until the card of a good is open.

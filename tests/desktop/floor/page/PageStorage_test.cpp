@@ -128,11 +128,8 @@ TEST_F(PageStorage, A_message_whose_reading_cannot_be_kept_stays_and_the_counter
 TEST_F(PageStorage, Figures_of_a_closed_count_that_cannot_be_moved_or_forgotten_stay_listed) {
   Browser browser;
   OpenPage(browser);
-  browser.SetOffline(true);
-  test::Count(browser, kTea, QStringLiteral("5"));
-  session_->RenewCode(1);
-  browser.SetOffline(false);
-  OpenAnew(browser, 1);
+  CountOffline(browser, kTea, QStringLiteral("5"));
+  OpenWithNewCode(browser);
   WaitForState(browser, Text("1 رقم با کد پیشین، فرستاده نشده"));
   OpenQueue(browser, Text("1 رقم با کد پیشین همین شمارش است"));
   for (const char* const button : {"فرستادن به این شمارش", "پاک کردن از گوشی"}) {

@@ -144,14 +144,31 @@ void PageWorld::WaitForArrival(Browser& browser, const PageGood& good, const QSt
   WaitForState(browser, kAllArrived);
 }
 
+void PageWorld::InsistOn(Browser& browser, const QString& figure) {
+  ClickButton(browser, Text("%1 ثبت شود").arg(figure));
+  WaitForArrival(browser, kTea, figure);
+  WaitForNotices(browser, 0);
+}
+
 void PageWorld::CountArrives(Browser& browser, const PageGood& good, const QString& figure) {
   test::Count(browser, good, figure);
   WaitForArrival(browser, good, figure);
 }
 
+void PageWorld::WaitForUnlisted() {
+  WaitUntil([&] { return session_->Unknown().size() == 1; }, QStringLiteral("the desk does not know of it"));
+  EXPECT_EQ(session_->Unknown().front().barcode, kUnlisted.toStdString());
+}
+
 void PageWorld::OpenAnew(Browser& browser, int count) {
   browser.Open(QStringLiteral("about:blank"));
   browser.Open(Url(count));
+}
+
+void PageWorld::OpenWithNewCode(Browser& browser, int count) {
+  session_->RenewCode(1);
+  browser.SetOffline(false);
+  OpenAnew(browser, count);
 }
 
 QStringList PageWorld::OpenSecondTab(Browser& browser, int count) {

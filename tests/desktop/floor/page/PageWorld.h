@@ -42,10 +42,16 @@ class PageWorld : public FloorWorld {
   void WaitForDesk(const PageGood& good, const QString& figure, int count = 1);
   /// Waits until the desk has a figure in the first count, and the page the answers to all.
   void WaitForArrival(Browser& browser, const PageGood& good, const QString& figure);
+  /// Answers the question about the tea: its counter's figure is set, and arrives.
+  void InsistOn(Browser& browser, const QString& figure);
   /// Counts a good, and waits for the arrival of the figure.
   void CountArrives(Browser& browser, const PageGood& good, const QString& figure);
+  /// Waits until the desk lists the barcode that no line has.
+  void WaitForUnlisted();
   /// Opens the page of a count anew, on a device that has opened one before.
   void OpenAnew(Browser& browser, int count);
+  /// The desk gives the first count a new code; the device, connected again, opens the page of a count anew.
+  void OpenWithNewCode(Browser& browser, int count = 1);
   /// Opens the page of a count in a second tab of the browser, which becomes the current one. Returns the
   /// tabs.
   QStringList OpenSecondTab(Browser& browser, int count = 1);
