@@ -183,12 +183,12 @@ export class Floor extends EventTarget {
     return { code: this.#code, count, place, counting };
   }
 
-  /** The browser has erased what it kept; figures and notices that are shown are kept again, and the id is another. */
+  /** The browser has erased what it kept; what is shown as unsent or unread is kept again, and the id is another. */
   erased() {
     this.#listener.greetAnew();
     keepText(nameKey, this.#name);
     keepText(codeKey, this.#code);
-    if (this.queue.length > 0) this.#changed('erased');
+    if (this.queue.length + this.unknown.length > 0) this.#changed('erased');
   }
 
   async dismiss(notice) {
@@ -219,7 +219,9 @@ export class Floor extends EventTarget {
   }
 
   async noteUnknown(barcode) {
-    await this.#store.keepUnknown({ ...this.#here(), barcode, time: Date.now() });
+    const entry = { ...this.#here(), barcode, time: Date.now() };
+    await this.#store.keepUnknown(entry);
+    this.unknown = [...this.unknown, entry];  // as an entered figure
     await this.readKept().catch(() => {});
     this.#sender.wake();
   }

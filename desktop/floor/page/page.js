@@ -11,7 +11,7 @@ import { fillLine, fillNotice, makeRow } from './rows.js';
 import { Sayings } from './sayings.js';
 import { ScanField } from './scan-field.js';
 import { alarm } from './signals.js';
-import { hasStrangers, stateOf } from './state.js';
+import { hasStrangers, stateOf, unsentOf } from './state.js';
 import { Store } from './store.js';
 import { VirtualList } from './virtual-list.js';
 
@@ -82,7 +82,7 @@ class Page {
     this.#floor.addEventListener('failed', () => this.#sayings.sayUntilRead(
         'گوشی این تغییر را نگه نداشت. جای خالی گوشی را ببینید و دوباره بزنید.'));
     this.#floor.addEventListener('erased', () => this.#sayings.sayUntilRead(
-        'داده‌های این صفحه از مرورگر پاک شد. رقم‌های نرسیده دوباره در گوشی نگه داشته شد.'));
+        `داده‌های این صفحه از مرورگر پاک شد. ${unsentOf(this.#floor)} نرسیده دوباره در گوشی نگه داشته شد.`));
   }
 
   begin() {
@@ -361,7 +361,7 @@ async function main() {
   let floor = null;
   const store = await Store.open({
     changed: () => floor?.readKept().catch(() => {}),
-    known: () => ({ queue: floor?.queue ?? [], notices: floor?.notices ?? [] }),
+    known: () => floor ?? { queue: [], notices: [], unknown: [] },
     erased: () => floor?.erased(),
   });
   floor = new Floor(store, code);

@@ -8,6 +8,7 @@ const maxItems = 500;
 const maxLength = 200000;
 const pauses = [300, 700, 1500, 2000];
 const pauseWhileClosed = 20000;
+const pauseAfterAll = 5000;  // a tab that was closed leaves its figures to the others, and wakes none
 
 /** The first figures, of one device, that fit into a request. */
 function nextBatch(items, atMost) {
@@ -68,7 +69,7 @@ export class Sender {
       this.#wake.settle();
       const outcome = await this.#trySendAll();
       failures = outcome === 'waits' ? failures + 1 : 0;
-      if (outcome === 'sent') await this.#wake.wait();
+      if (outcome === 'sent') await this.#wake.wait(pauseAfterAll);
       if (outcome === 'closed') await this.#wake.wait(pauseWhileClosed);
       if (outcome === 'waits') await this.#wake.wait(pauses[Math.min(failures, pauses.length) - 1]);
     }

@@ -25,6 +25,12 @@ export function stateOf(floor) {
   return { text: 'همه رسیده', className: 'good' };
 }
 
+/** What has not reached the desk, as a part of a sentence. */
+export function unsentOf({ queue, unknown }) {
+  if (unknown.length === 0) return 'رقم‌های';
+  return queue.length === 0 ? 'بارکدهای' : 'رقم‌ها و بارکدهای';
+}
+
 /** What the counter should know about what is on the device. */
 export function queueText(floor) {
   const kept = namesOf({ figures: floor.queue, barcodes: floor.unknown });

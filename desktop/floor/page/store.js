@@ -132,8 +132,8 @@ export class Store {
 
   /**
    * Throws when the browser keeps nothing, as some do in private windows. `page` hears `changed()` when another tab or
-   * the browser has changed what is kept, gives as `known()` the {queue, notices} that it shows, and hears `erased()`
-   * when these are all that is left of what was kept, and are kept again; `device` is another one then.
+   * the browser has changed what is kept, gives as `known()` the {queue, notices, unknown} that it shows, and hears
+   * `erased()` when these are all that is left of what was kept, and are kept again; `device` is another one then.
    */
   static async open(page) {
     const store = new Store();
@@ -295,14 +295,16 @@ export class Store {
    * is put into this one, which another tab may have made and used.
    */
   async #join(database) {
-    const transaction = database.transaction(['meta', 'queue', 'notices'], 'readwrite', strict);
-    const [meta, queue, notices] = ['meta', 'queue', 'notices'].map((store) => transaction.objectStore(store));
+    const rescued = ['queue', 'notices', 'unknown'];
+    const transaction = database.transaction(['meta', ...rescued], 'readwrite', strict);
+    const meta = transaction.objectStore('meta');
     const [device, numbers] = await Promise.all(['device', 'numbers'].map((key) => result(meta.get(key))));
     const isAnother = this.#device !== null && this.#device !== device;
     if (isAnother) {
       const known = this.#page.known();
-      for (const figure of known.queue) putMissing(queue, figure);
-      for (const notice of known.notices) putMissing(notices, notice);
+      for (const store of rescued) {
+        for (const value of known[store]) putMissing(transaction.objectStore(store), value);
+      }
       meta.put({ ...numbers, time: latest(known.queue, numbers.time) }, 'numbers');
     }
     await finished(transaction);

@@ -14,10 +14,10 @@ export class Wake {
     this.#woken = false;
   }
 
-  async wait(milliseconds = Infinity) {
+  async wait(milliseconds) {
     if (!this.#woken) {
       await new Promise((resolve) => {
-        const timer = milliseconds === Infinity ? null : setTimeout(resolve, milliseconds);
+        const timer = setTimeout(resolve, milliseconds);
         this.#end = () => {
           clearTimeout(timer);
           resolve();

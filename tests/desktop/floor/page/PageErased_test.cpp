@@ -48,6 +48,22 @@ TEST_F(PageErased, Data_that_are_erased_while_figures_wait_take_none_of_those_th
   EXPECT_EQ(AtDesk(kOil), QStringLiteral("3"));
 }
 
+TEST_F(PageErased, An_unknown_barcode_that_waits_while_data_are_erased_reaches_the_desk) {
+  Browser browser;
+  OpenPage(browser);
+  Block(browser, {QStringLiteral("*/a/*")});
+  ScanUnknown(browser, kUnlisted);
+  WaitForLeft(browser, 1);
+  EraseData(browser);
+  WaitForBanner(browser, Text("بارکدهای نرسیده دوباره در گوشی نگه داشته شد."));
+  WaitForLeft(browser, 1);
+  browser.Reload();
+  OpenQueue(browser, kUnlisted);
+  Block(browser, {});
+  WaitForUnlisted();
+  WaitForState(browser, kAllArrived);
+}
+
 TEST_F(PageErased, Figures_that_are_entered_after_data_were_erased_are_new_to_the_desk) {
   Browser browser;
   OpenPage(browser);

@@ -193,7 +193,8 @@ TEST_P(PageLooks, Nothing_is_cut_off_whatever_fails) {
   browser_.SetOffline(true);
   test::Count(browser_, kTea, QStringLiteral("70"));
   test::Count(browser_, kCheese, QStringLiteral("71"));
-  WaitForLeft(browser_, 2);
+  ScanUnknown(browser_, kUnlisted);
+  WaitForLeft(browser_, 3);
   browser_.Click(QStringLiteral("#banner"));
   EraseData(browser_);
   WaitForBanner(browser_, Text("داده‌های این صفحه از مرورگر پاک شد"));

@@ -76,6 +76,21 @@ TEST_F(PageNetwork, A_closed_tab_keeps_its_figures_for_the_next_one) {
   WaitForThree(browser);
 }
 
+TEST_F(PageNetwork, A_closed_tab_leaves_its_figures_to_the_one_that_is_open_beside_it) {
+  Browser browser;
+  OpenPage(browser);
+  // In a window of its own, it stays visible all the time.
+  browser.Run(QStringLiteral(
+      "addEventListener('visibilitychange', event => event.stopImmediatePropagation(), true)"));
+  const QStringList tabs = OpenSecondTab(browser);
+  Block(browser, {QStringLiteral("*/a/*")});
+  test::Count(browser, kTea, QStringLiteral("5"));
+  WaitForLeft(browser, 1);
+  browser.CloseTab();
+  browser.SwitchTo(tabs.front());
+  WaitForArrival(browser, kTea, QStringLiteral("5"));
+}
+
 TEST_F(PageNetwork, A_browser_that_is_killed_keeps_its_figures) {
   const QTemporaryDir profile;
   BrowserSettings settings;
