@@ -1,5 +1,7 @@
 // How it is with the figures and with the barcodes that no line has, in a few words.
 
+const paused = 'میز درنگ کرده';
+
 /** Text and class of the button that opens the list of what is on the device. */
 export function stateOf(floor) {
   const kept = floor.queue.length + floor.unknown.length;
@@ -9,20 +11,26 @@ export function stateOf(floor) {
     const left = kept > 0 ? `${kept} در گوشی مانده؛ ` : '';
     return { text: `${left}صفحه را دوباره باز کنید`, className: 'bad' };
   }
+  const desk = deskText(floor);
   const strangers = namesOf(strangersOf(floor));
-  if (strangers !== '') return { text: `${strangers} با کد پیشین، فرستاده نشده`, className: 'bad' };
-  if (floor.reach === 'away') {
-    return { text: kept > 0 ? `${kept} در گوشی مانده` : 'میز پیدا نیست', className: 'waits' };
+  if (strangers !== '') {
+    return { text: desk === '' ? `${strangers} با کد پیشین، فرستاده نشده` : `${desk}؛ ${strangers} با کد پیشین`,
+             className: 'bad' };
   }
-  if (floor.refusal !== '') {
-    return { text: kept > 0 ? `${kept} در گوشی مانده` : 'میز نمی‌پذیرد', className: 'waits' };
-  }
-  if (!floor.open) {
-    return { text: kept > 0 ? `میز درنگ کرده؛ ${kept} در گوشی مانده` : 'میز درنگ کرده', className: 'waits' };
+  if (desk !== '' && kept === 0) return { text: desk, className: 'waits' };
+  if (desk !== '') {
+    return { text: desk === paused ? `${desk}؛ ${kept} در گوشی مانده` : `${kept} در گوشی مانده`, className: 'waits' };
   }
   if (kept > 0) return { text: `${kept} در راه`, className: 'waits' };
   if (floor.reach === 'unknown') return { text: 'در حال خواندن', className: '' };
   return { text: 'همه رسیده', className: 'good' };
+}
+
+/** Why the desk takes nothing now; empty while it does. */
+function deskText(floor) {
+  if (floor.reach === 'away') return 'میز پیدا نیست';
+  if (floor.refusal !== '') return 'میز نمی‌پذیرد';
+  return floor.open ? '' : paused;
 }
 
 /** What has not reached the desk, as a part of a sentence. */

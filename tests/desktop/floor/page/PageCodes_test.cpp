@@ -117,6 +117,20 @@ TEST_F(PageCodes, Figures_of_an_earlier_code_do_not_hide_that_others_wait) {
               Text("میز پیدا نیست. 1 رقم دیگر در گوشی می‌ماند"));
 }
 
+TEST_F(PageCodes, Figures_of_an_earlier_code_do_not_hide_that_the_desk_is_away_or_takes_none_now) {
+  Browser browser;
+  CountBeforeNewCode(browser);
+  WaitForUnsent(browser, "1 رقم");
+  KillDesk();
+  WaitForState(browser, Text("میز پیدا نیست؛ 1 رقم با کد پیشین"));
+  StartAndOpen();
+  session_->Replay();
+  Serve();
+  WaitForUnsent(browser, "1 رقم");
+  Save();
+  WaitForState(browser, Text("میز درنگ کرده؛ 1 رقم با کد پیشین"));
+}
+
 TEST_F(PageCodes, Figures_of_another_counting_are_listed_with_their_store_and_never_sent_to_this_one) {
   Browser browser;
   CountBeforeAnotherCounting(browser);

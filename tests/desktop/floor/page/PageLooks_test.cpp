@@ -235,6 +235,10 @@ TEST_P(PageLooks, Nothing_is_cut_off_of_what_is_left_of_an_earlier_code) {
   OpenAnew(browser_, 2);
   WaitForState(browser_, Text("2 رقم و 1 بارکد با کد پیشین، فرستاده نشده"));
   Look("earlier-code");
+  Save();
+  WaitForState(browser_, Text("میز درنگ کرده؛ 2 رقم و 1 بارکد با کد پیشین"));
+  Look("earlier-code-paused");
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
   OpenQueue(browser_, Text("2 رقم و 1 بارکد از شمارش دیگری است"));
   Look("other-count-queue");
   OpenAnew(browser_, 1);
