@@ -13,7 +13,23 @@
 namespace koru::test {
 namespace {
 
-class FiguresElsewhere : public GridViewTest {};
+class FiguresElsewhere : public GridViewTest {
+ protected:
+  /// The editor of a cell with 10 is open; nothing was typed.
+  void OpenCell() {
+    Start();
+    grid.SetTextMatrix(2, 2, "10");
+    grid.SetCurrent(2, 2);
+    Press(Qt::Key_F2);
+    ASSERT_NE(Editor(), nullptr);
+  }
+  /// The cell after a 5 that is typed into its editor.
+  [[nodiscard]] std::string TypeFive() {
+    Type("5");
+    Press(Qt::Key_Return);
+    return Cell(2, 2);
+  }
+};
 
 TEST_F(FiguresElsewhere, Leave_the_open_editor_with_its_text_its_cursor_and_the_keyboard) {
   Start();
@@ -31,49 +47,31 @@ TEST_F(FiguresElsewhere, Leave_the_open_editor_with_its_text_its_cursor_and_the_
     EXPECT_TRUE(editor->hasFocus());
     EXPECT_EQ(Current(), std::pair(2, 2));
   }
-  Type("5");
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Cell(2, 2), "775") << "the desk's figure wins over the one that came while it was typed";
+  EXPECT_EQ(TypeFive(), "775") << "the desk's figure wins over the one that came while it was typed";
   EXPECT_EQ(Cell(3, 2), "42");
 }
 
 TEST_F(FiguresElsewhere, In_the_row_of_an_editor_in_which_nothing_was_typed_leave_its_text_selected) {
-  Start();
-  grid.SetTextMatrix(2, 2, "10");
-  grid.SetCurrent(2, 2);
-  Press(Qt::Key_F2);
-  ASSERT_NE(Editor(), nullptr);
+  ASSERT_NO_FATAL_FAILURE(OpenCell());
   EXPECT_TRUE(grid.UserEditElsewhere(2, 3, "42"));
   EXPECT_EQ(Editor()->selectedText(), "10");
-  Type("5");
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Cell(2, 2), "5");
+  EXPECT_EQ(TypeFive(), "5");
 }
 
 TEST_F(FiguresElsewhere, In_its_row_leave_the_cursor_in_an_editor_in_which_the_user_has_only_moved) {
-  Start();
-  grid.SetTextMatrix(2, 2, "10");
-  grid.SetCurrent(2, 2);
-  Press(Qt::Key_F2);
+  ASSERT_NO_FATAL_FAILURE(OpenCell());
   Press(Qt::Key_Home);
   EXPECT_TRUE(grid.UserEditElsewhere(2, 3, "42"));
-  Type("5");
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Cell(2, 2), "510");
+  EXPECT_EQ(TypeFive(), "510");
 }
 
 TEST_F(FiguresElsewhere, In_the_cell_of_an_editor_in_which_nothing_was_typed_become_its_selected_text) {
-  Start();
-  grid.SetTextMatrix(2, 2, "10");
-  grid.SetCurrent(2, 2);
-  Press(Qt::Key_F2);
+  ASSERT_NO_FATAL_FAILURE(OpenCell());
   EXPECT_TRUE(grid.UserEditElsewhere(2, 2, "12"));
   ASSERT_NE(Editor(), nullptr);
   EXPECT_EQ(Editor()->text(), "12");
   EXPECT_EQ(Editor()->selectedText(), "12");
-  Type("5");
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Cell(2, 2), "5");
+  EXPECT_EQ(TypeFive(), "5");
 }
 
 TEST_F(FiguresElsewhere, Leave_the_keyboard_where_it_is_and_do_not_scroll) {
