@@ -35,6 +35,12 @@ void FloorMembers::TakeEntered(const JournalStart& earlier) {
   }
 }
 
+void FloorMembers::TakeEntered(const std::vector<JournalFigure>& earlier) {
+  for (const JournalFigure& figure : earlier) {
+    if (!figure.IsOfDesk()) earlier_[{figure.count, figure.device}].Add(figure.figure.sequence);
+  }
+}
+
 bool FloorMembers::HaveEntered() const {
   return !earlier_.empty() || std::any_of(members_.begin(), members_.end(), [](const auto& member) {
     return !member.second.entered.IsEmpty();

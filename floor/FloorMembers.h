@@ -34,6 +34,8 @@ class FloorMembers {
   /// Takes from an earlier session which figures have reached the counting: a device whose answer was lost
   /// may send them again. Its devices are no members until they are heard of.
   void TakeEntered(const JournalStart& earlier);
+  /// The same from figures that are in the counting.
+  void TakeEntered(const std::vector<JournalFigure>& earlier);
   /// Whether any figure has reached the counting.
   [[nodiscard]] bool HaveEntered() const;
 

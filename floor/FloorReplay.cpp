@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -106,6 +107,22 @@ bool LeftFigures::CanBeEntered(const Grid& grid, FloorLines& lines) const {
     const int row = lines.RowOf(cell.line);
     return row != 0 && cell.MayReplace(grid.TextMatrix(row, FloorLines::ColumnOf(cell.count)));
   });
+}
+
+std::vector<JournalFigure> LeftFigures::ExtractOthers(std::vector<JournalFigure>& journal, const Grid& grid,
+                                                      FloorLines& lines) const {
+  std::set<CellKey> lacking;
+  for (const Cell& cell : cells_) {
+    if (!Holds(grid, lines.RowOf(cell.line), cell.count, cell.text))
+      lacking.emplace(cell.count, cell.line.barcode, cell.line.ordinal);
+  }
+  const auto others = std::stable_partition(journal.begin(), journal.end(), [&](const JournalFigure& figure) {
+    return figure.IsEntered() && lacking.contains(KeyOf(figure));
+  });
+  std::vector<JournalFigure> extracted(std::make_move_iterator(others),
+                                       std::make_move_iterator(journal.end()));
+  journal.erase(others, journal.end());
+  return extracted;
 }
 
 std::vector<JournalFigure> FiguresInPlace(const std::vector<JournalFigure>& journal, const Grid& grid,

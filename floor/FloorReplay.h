@@ -40,6 +40,10 @@ class LeftFigures {
   [[nodiscard]] const std::vector<Cell>& Cells() const { return cells_; }
   /// Whether one of them could be entered now.
   [[nodiscard]] bool CanBeEntered(const Grid& grid, FloorLines& lines) const;
+  /// Takes the figures that are not left out of their journal: those of other cells, those of cells that hold
+  /// their last one by now, and what was not entered.
+  [[nodiscard]] std::vector<JournalFigure> ExtractOthers(std::vector<JournalFigure>& journal,
+                                                         const Grid& grid, FloorLines& lines) const;
 
  private:
   std::vector<Cell> cells_;

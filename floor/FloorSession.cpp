@@ -49,8 +49,7 @@ FloorSession::FloorSession(InvCountingControls& controls, const SharedState& sha
   }
   const std::string text = around_.journal.Read();
   if (text.empty()) {
-    TakeFromSetAside();
-    BeginJournal();
+    BeginJournal(TakeFromSetAside());
   } else {
     ReadLeft(text);
   }
@@ -190,9 +189,10 @@ void FloorSession::Follow(bool settled) {
     if (!around_.entryIsWritten()) return Finish(End::Cancelled);
     hasUnsaved_ = false;
     lines_.KeepStored();
+    const bool isWithoutLeft = LeaveOutLeft();
     if (controls_.IsFinal()) return Finish(End::Registered);
     if (end_ == End::Stopped) return Finish(End::Stopped);
-    ForgetSaved();
+    if (isWithoutLeft) keeper_.BeginAnew();  // the database holds its figures
   }
 }
 
@@ -205,22 +205,20 @@ void FloorSession::Finish(End end) {
   }
   Flush();
   subscriptions_.clear();
-  const bool remains = end == End::Unloaded && (hasUnsaved_ || holdsLeft_);  // for the next session
-  if (!remains && hasUnsaved_) static_cast<void>(keeper_.SetAside());
-  if (!remains && !hasUnsaved_ && (!holdsLeft_ || SetLeftAside())) RemoveJournal();
+  SettleJournal(end);
   Changed.Raise();
+}
+
+void FloorSession::SettleJournal(End end) {
+  if (end == End::Unloaded && (hasUnsaved_ || holdsLeft_)) return;  // the next session offers its figures
+  if (hasUnsaved_ || SaveSetsLeftAside()) return static_cast<void>(keeper_.SetAside());
+  if (!holdsLeft_ || SetLeftAside()) RemoveJournal();
 }
 
 /// What the desk has entered last reaches the disk before the session ends.
 void FloorSession::Flush() {
   if (IsEdited()) static_cast<void>(lines_.Revision());
   static_cast<void>(Commit());
-}
-
-/// The database holds the figures: the journal is begun anew without them. Left figures that are not in the
-/// counting are set aside; while that fails, the journal remains as it is.
-void FloorSession::ForgetSaved() {
-  if (!holdsLeft_ || SetLeftAside()) keeper_.BeginAnew();
 }
 
 JournalStart FloorSession::StartNow() {

@@ -143,10 +143,9 @@ class FloorSession {
   /// The figures of the journal that the counting lacks, since the program ended before a save. While there
   /// are some, the session is paused until the desk has decided.
   [[nodiscard]] const LeftFigures& Left() const { return left_; }
-  /// Whether a save or a registration would set them aside; those that were taken back are already.
-  [[nodiscard]] bool SaveSetsLeftAside() const {
-    return holdsLeft_ && !leftIsTakenBack_ && !left_.Cells().empty();
-  }
+  /// Whether a save or a registration would set them aside; those that were taken back are already, and those
+  /// that an earlier save has left out.
+  [[nodiscard]] bool SaveSetsLeftAside() const { return !leftIsAside_ && !left_.Cells().empty(); }
   /// Enters them as devices do. Cells in which the desk has entered something else since keep it. Does
   /// nothing unless the counting is being edited.
   ReplayedFigures Replay();
@@ -172,19 +171,21 @@ class FloorSession {
   };
 
   void Continue(JournalContents contents);
-  void TakeFromSetAside();
-  void BeginJournal();
+  [[nodiscard]] std::vector<JournalFigure> TakeFromSetAside();
+  void BeginJournal(const std::vector<JournalFigure>& earlier);
   void ContinueLines(const JournalContents& earlier);
   void RemoveJournal();
   void ReadLeft(std::string_view text);
-  [[nodiscard]] bool SetDamagedAside(const JournalContents& contents);
+  [[nodiscard]] std::string SetTextAside(std::string_view text);
+  [[nodiscard]] bool SetDamagedAside(std::string_view text, const JournalContents& contents);
   [[nodiscard]] bool IsEdited() const;
   void Follow(bool settled);
   void Finish(End end);
   /// Whether the session has ended and its journal is settled.
   [[nodiscard]] bool IsFinished() const { return subscriptions_.empty(); }
   void Flush();
-  void ForgetSaved();
+  void SettleJournal(End end);
+  bool LeaveOutLeft();
   bool SetLeftAside();
   void Take(const std::vector<JournalFigure>& figures);
   [[nodiscard]] JournalStart StartNow();
@@ -206,7 +207,7 @@ class FloorSession {
   std::vector<UnknownBarcode> unknown_;
   LeftFigures left_;
   std::vector<JournalFigure> leftJournal_;  ///< the figures that left_ comes from
-  bool leftIsTakenBack_ = false;            ///< they are another journal's
+  bool leftIsAside_ = false;                ///< that is, of a journal which was set aside
   bool holdsLeft_ = false;                  ///< the journal has left figures that are not in the counting
   JournalStart leftStart_;                  ///< what the journal began with
   std::optional<JournalDamage> damage_;

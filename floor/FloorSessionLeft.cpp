@@ -28,13 +28,17 @@ std::optional<JournalContents> ContentsOf(std::string_view text, std::int32_t co
 }  // namespace
 
 /// What has reached the counting, and the keys of its lines, are in the journal that was set aside last.
-void FloorSession::TakeFromSetAside() {
+/// Returns its figures, some of which may have reached the counting, too: the disk was full when a save was
+/// to begin the journal anew.
+std::vector<JournalFigure> FloorSession::TakeFromSetAside() {
   for (const std::string& text : around_.journal.ReadSetAside()) {
-    const auto contents = ContentsOf(text, countingID_);
+    auto contents = ContentsOf(text, countingID_);
     if (!contents) continue;
     members_.TakeEntered(contents->start);
-    return ContinueLines(*contents);
+    ContinueLines(*contents);
+    return std::move(contents->figures);
   }
+  return {};
 }
 
 void FloorSession::ContinueLines(const JournalContents& earlier) {
@@ -46,8 +50,9 @@ void FloorSession::ContinueLines(const JournalContents& earlier) {
   lines_.Continue(earlier.start.ordinals, std::move(several));
 }
 
-void FloorSession::BeginJournal() {
+void FloorSession::BeginJournal(const std::vector<JournalFigure>& earlier) {
   lines_.Begin(around_.entryIsWritten());
+  members_.TakeEntered(FiguresInPlace(earlier, controls_.flexDetail, lines_));
   around_.journal.Begin(JournalText(StartNow()));
 }
 
@@ -62,18 +67,25 @@ void FloorSession::RemoveJournal() {
   static_cast<void>(keeper_.SetAside());
 }
 
+/// Sets the journal aside, which has that text, unless the disk has no room for the next one: without a
+/// journal, the next Edit would offer nothing and say nothing of the damage.
+std::string FloorSession::SetTextAside(std::string_view text) {
+  around_.journal.Begin(text);
+  return around_.journal.SetAside();
+}
+
 /// A journal of another counting, or without its beginning, is no journal of this session. Which keys its
 /// lines have had is not known then.
 void FloorSession::ReadLeft(std::string_view text) {
   auto contents = ContentsOf(text);
   if (!contents || contents->start.countingID != countingID_) {
     using Kind = JournalDamage::Kind;
-    TakeFromSetAside();
+    const auto earlier = TakeFromSetAside();
     lines_.Continue({}, {});
-    damage_ = {contents ? Kind::OtherCounting : Kind::Unreadable, 0, around_.journal.SetAside()};
-    return BeginJournal();
+    damage_ = {contents ? Kind::OtherCounting : Kind::Unreadable, 0, SetTextAside(text)};
+    return BeginJournal(earlier);
   }
-  if (contents->damaged > 0 && SetDamagedAside(*contents)) {
+  if (contents->damaged > 0 && SetDamagedAside(text, *contents)) {
     around_.journal.Begin(JournalText(*contents));
   } else if (contents->whole < text.size()) {  // what is appended must not follow half a line
     around_.journal.Begin(text.substr(0, contents->whole));
@@ -83,10 +95,10 @@ void FloorSession::ReadLeft(std::string_view text) {
 
 /// A save begins the journal anew, and the damaged lines may be of use to somebody. False when it stays where
 /// it is.
-bool FloorSession::SetDamagedAside(const JournalContents& contents) {
+bool FloorSession::SetDamagedAside(std::string_view text, const JournalContents& contents) {
   damage_ = {JournalDamage::Kind::Lines, contents.damaged, {}};
   try {
-    damage_->file = around_.journal.SetAside();
+    damage_->file = SetTextAside(text);
     return true;
   } catch (const InputError&) {
     return false;
@@ -141,7 +153,7 @@ ReplayedFigures FloorSession::Replay() {
   }
   replayed.entered = entered.size();
   const auto journal = std::exchange(leftJournal_, {});
-  if (std::exchange(leftIsTakenBack_, false)) {
+  if (std::exchange(leftIsAside_, false)) {
     Take(FiguresInPlace(journal, controls_.flexDetail, lines_));
   } else if (replayed.entered == left.Cells().size()) {
     holdsLeft_ = false;
@@ -162,6 +174,20 @@ void FloorSession::Take(const std::vector<JournalFigure>& figures) {
   static_cast<void>(Commit());
 }
 
+/// Left figures that are not in the counting are set aside by its save; false while that fails. Those that
+/// the desk has not decided about have not reached the counting: a device that still has one sends it anew,
+/// and the desk may still take them.
+bool FloorSession::LeaveOutLeft() {
+  const bool areUndecided = SaveSetsLeftAside();
+  if (holdsLeft_ && !SetLeftAside()) return false;
+  if (!areUndecided) return true;
+  leftIsAside_ = true;
+  members_.ForgetFigures(leftStart_);
+  for (const JournalFigure& saved : left_.ExtractOthers(leftJournal_, controls_.flexDetail, lines_))
+    members_.Take(saved);
+  return true;
+}
+
 bool FloorSession::SetLeftAside() {
   if (!keeper_.SetAside()) return false;
   holdsLeft_ = false;
@@ -170,10 +196,10 @@ bool FloorSession::SetLeftAside() {
 
 bool FloorSession::ForgoLeft() {
   if (left_.Cells().empty()) return true;
-  const bool isHeld = holdsLeft_ && !leftIsTakenBack_;  // otherwise it has been set aside already
+  const bool isHeld = SaveSetsLeftAside();
   if (isHeld && !SetLeftAside()) return false;
   left_ = {};
-  leftIsTakenBack_ = false;
+  leftIsAside_ = false;
   const auto journal = std::exchange(leftJournal_, {});
   if (isHeld && !IsFinished()) {
     // The figures that nobody wants have not reached the counting: a device that still has one sends it anew.
@@ -199,7 +225,7 @@ bool FloorSession::TakeBackSetAside() {
     if (lacking.Cells().empty() || !isBetter) continue;
     left_ = std::move(lacking);
     leftJournal_ = std::move(contents->figures);
-    leftIsTakenBack_ = true;
+    leftIsAside_ = true;
     if (left_.CanBeEntered(grid, lines_)) break;
   }
   if (left_.Cells().empty()) return false;

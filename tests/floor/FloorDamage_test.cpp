@@ -6,15 +6,12 @@
 namespace koru::test {
 namespace {
 
-const LineKey kTea{"G1", 1};
-const LineKey kSugar{"G2", 1};
-
 class FloorDamage : public FloorWorld {
  protected:
   /// Ends the program with a figure of tea and one of sugar.
   void CountAndCrash() {
-    Set(1, kTea, "12");
-    Set(1, kSugar, "13");
+    Set(1, kTeaLine, "12");
+    Set(1, kSugarLine, "13");
     Crash();
   }
   /// Damages the line of the journal with that text.
@@ -66,13 +63,13 @@ TEST_F(FloorDamage, Of_some_lines_leaves_the_others_and_the_desk_hears_their_num
   EXPECT_EQ(journal_.aside, Texts{text});
   EXPECT_EQ(session_->Code(1), code);
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 1), "12");
-  EXPECT_EQ(Count(kSugar, 1), "");
+  EXPECT_EQ(Count(kTeaLine, 1), "12");
+  EXPECT_EQ(Count(kSugarLine, 1), "");
   Crash();
   StartAndOpen();
   EXPECT_FALSE(session_->TakeDamage()) << "the journal has what could be read, and is whole";
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 1), "12");
+  EXPECT_EQ(Count(kTeaLine, 1), "12");
 }
 
 TEST_F(FloorDamage, Of_a_journal_that_cannot_be_set_aside_leaves_it_where_it_is) {
@@ -87,8 +84,33 @@ TEST_F(FloorDamage, Of_a_journal_that_cannot_be_set_aside_leaves_it_where_it_is)
   EXPECT_EQ(damage->lines, 1U);
   EXPECT_EQ(damage->file, "");
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 1), "12");
-  EXPECT_EQ(Set(1, kSugar, "14").state, FigureState::Stored);
+  EXPECT_EQ(Count(kTeaLine, 1), "12");
+  EXPECT_EQ(Set(1, kSugarLine, "14").state, FigureState::Stored);
+}
+
+TEST_F(FloorDamage, Of_some_lines_on_a_full_disk_does_not_keep_the_others_from_being_offered) {
+  CountAndCrash();
+  Damage("\t13\t");
+  Start();
+  journal_.hasRoom = false;
+  Open();
+  EXPECT_EQ(session_->Left().Cells().size(), 1U);
+  journal_.hasRoom = true;
+  Crash();
+  StartAndOpen();
+  EXPECT_EQ(session_->TakeDamage()->file, "aside 1");
+  EXPECT_EQ(session_->Replay().entered, 1U);
+}
+
+TEST_F(FloorDamage, At_the_beginning_is_reported_when_the_disk_was_full_at_first) {
+  CountAndCrash();
+  Damage("floor1");
+  Start();
+  journal_.hasRoom = false;
+  EXPECT_THROW(Open(), InputError);
+  journal_.hasRoom = true;
+  Open();
+  EXPECT_TRUE(session_->TakeDamage());
 }
 
 TEST_F(FloorDamage, Is_not_what_a_program_leaves_that_ends_in_the_middle_of_a_line) {

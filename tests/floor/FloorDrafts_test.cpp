@@ -9,10 +9,6 @@
 namespace koru::test {
 namespace {
 
-const LineKey kTea{"G1", 1};
-const LineKey kOtherTea{"G1", 2};
-const LineKey kSugar{"G2", 1};
-
 class FloorDrafts : public FloorWorld {
  protected:
   FloorDrafts() {
@@ -20,11 +16,6 @@ class FloorDrafts : public FloorWorld {
     journal_.Remove();
     drafts_ = &store_;
     StartAndOpen();
-  }
-  void Delete(int row) {
-    Lines().UserMoveTo(row, LineColumn::FirstCounting);
-    messages.WillAnswer(Answer::Yes);
-    ASSERT_TRUE(Lines().UserDeleteRow());
   }
   void WriteDraft() {
     for (int tick = 0; tick < DraftKeeper::kMaxTicksUnwritten; ++tick) Desk().Timer1.Fire();
@@ -61,7 +52,7 @@ TEST_F(FloorDrafts, Of_sorted_lines_have_a_figure_in_one_line_of_its_barcode) {
   Type(1, LineColumn::ThirdCounting, "100");
   Type(4, LineColumn::ThirdCounting, "400");
   Lines().UserSort({LineColumn::ThirdCounting, RowOrder::Descending});
-  Set(1, kTea, "5");
+  Set(1, kTeaLine, "5");
   CrashAndRestore();
   const ReplayedFigures replayed = session_->Replay();
   EXPECT_EQ(replayed.entered, 0U);
@@ -72,12 +63,12 @@ TEST_F(FloorDrafts, Of_sorted_lines_have_a_figure_in_one_line_of_its_barcode) {
 }
 
 TEST_F(FloorDrafts, Without_a_deleted_line_take_no_figure_of_it_into_another_one) {
-  Set(1, kOtherTea, "8");
+  Set(1, kOtherTeaLine, "8");
   Delete(1);
   CrashAndRestore();
   EXPECT_EQ(session_->Replay().gone.size(), 1U) << "nobody knows which line it was for";
-  EXPECT_EQ(Add(1, kTea, "3").state, FigureState::Gone);
-  EXPECT_EQ(Add(1, kOtherTea, "2").state, FigureState::Gone);
+  EXPECT_EQ(Add(1, kTeaLine, "3").state, FigureState::Gone);
+  EXPECT_EQ(Add(1, kOtherTeaLine, "2").state, FigureState::Gone);
   ASSERT_EQ(KeysOf("G1").size(), 1U);
   EXPECT_EQ(FiguresOf("G1", 1), std::vector<std::string>{"8"});
   EXPECT_EQ(Add(1, KeysOf("G1")[0], "2").state, FigureState::Stored);
@@ -88,12 +79,12 @@ TEST_F(FloorDrafts, Keep_the_key_of_the_only_line_of_a_barcode) {
   WriteDraft();
   Type(2, LineColumn::SecondCounting, "4");
   WriteDraft();
-  Set(1, kSugar, "7");
+  Set(1, kSugarLine, "7");
   Crash();
   Restore();
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kSugar, 1), "7");
-  EXPECT_EQ(Add(1, kSugar, "1").state, FigureState::Stored);
+  EXPECT_EQ(Count(kSugarLine, 1), "7");
+  EXPECT_EQ(Add(1, kSugarLine, "1").state, FigureState::Stored);
 }
 
 TEST_F(FloorDrafts, With_a_line_of_a_barcode_that_had_figures_of_several_do_not_keep_its_key) {
@@ -104,11 +95,11 @@ TEST_F(FloorDrafts, With_a_line_of_a_barcode_that_had_figures_of_several_do_not_
   Delete(2);
   CrashAndRestore();
   EXPECT_EQ(session_->Replay().entered, 0U);
-  EXPECT_EQ(Add(1, kSugar, "1").state, FigureState::Gone);
+  EXPECT_EQ(Add(1, kSugarLine, "1").state, FigureState::Gone);
 }
 
 TEST_F(FloorDrafts, A_line_that_is_added_afterwards_takes_no_figure_of_the_earlier_ones) {
-  Set(1, kTea, "5");
+  Set(1, kTeaLine, "5");
   Delete(4);
   CrashAndRestore();
   static_cast<void>(session_->Replay());
@@ -122,11 +113,11 @@ TEST_F(FloorDrafts, A_line_that_is_added_afterwards_takes_no_figure_of_the_earli
 }
 
 TEST_F(FloorDrafts, Keep_their_keys_when_they_are_saved_and_opened_again) {
-  Set(1, kTea, "5");
+  Set(1, kTeaLine, "5");
   CrashAndRestore();
   static_cast<void>(session_->Replay());
   const std::vector<LineKey> keys = KeysOf("G1");
-  EXPECT_NE(keys[0], kTea);
+  EXPECT_NE(keys[0], kTeaLine);
   SaveAndEdit();
   EXPECT_EQ(KeysOf("G1"), keys);
   Set(1, keys[1], "6");
@@ -138,7 +129,7 @@ TEST_F(FloorDrafts, Keep_their_keys_when_they_are_saved_and_opened_again) {
 }
 
 TEST_F(FloorDrafts, That_are_given_up_leave_the_figures_of_before_to_their_lines) {
-  Set(1, kOtherTea, "8");
+  Set(1, kOtherTeaLine, "8");
   CrashAndRestore();
   static_cast<void>(session_->Replay());
   messages.WillAnswer(Answer::Yes);
@@ -150,8 +141,8 @@ TEST_F(FloorDrafts, That_are_given_up_leave_the_figures_of_before_to_their_lines
   Open();
   ASSERT_TRUE(session_->TakeBackSetAside());
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kOtherTea, 1), "8");
-  EXPECT_EQ(Count(kTea, 1), "");
+  EXPECT_EQ(Count(kOtherTeaLine, 1), "8");
+  EXPECT_EQ(Count(kTeaLine, 1), "");
 }
 
 TEST_F(FloorDrafts, And_a_session_that_begins_after_the_desk_has_deleted_a_line_know_no_line_of_its_barcode) {
@@ -159,7 +150,7 @@ TEST_F(FloorDrafts, And_a_session_that_begins_after_the_desk_has_deleted_a_line_
   journal_.Remove();
   Delete(1);
   Open();
-  Set(1, kTea, "8");  // the second line of before
+  Set(1, kTeaLine, "8");  // the second line of before
   Crash();
   StartAndOpen();
   EXPECT_EQ(session_->Replay().gone.size(), 1U);
@@ -167,7 +158,7 @@ TEST_F(FloorDrafts, And_a_session_that_begins_after_the_desk_has_deleted_a_line_
 }
 
 TEST_F(FloorDrafts, And_lines_that_another_station_has_added_are_not_taken_for_earlier_ones) {
-  Set(1, kTea, "8");
+  Set(1, kTeaLine, "8");
   Crash();
   database.Execute(
       "insert into tblInventoryCountingDetail "
@@ -184,13 +175,13 @@ TEST_F(FloorDrafts, And_lines_that_another_station_has_added_are_not_taken_for_e
 }
 
 TEST_F(FloorDrafts, Lines_of_which_another_station_has_removed_one_are_known_again_after_a_crash) {
-  Set(1, kSugar, "1");
+  Set(1, kSugarLine, "1");
   Save();
   database.Execute("delete from tblInventoryCountingDetail where CountingID=20 and RowNumber=1");
   ASSERT_TRUE(Desk().cmdEdit.UserClick());
   ASSERT_EQ(KeysOf("G1").size(), 1U);
   const LineKey key = KeysOf("G1")[0];
-  EXPECT_EQ(Add(1, kTea, "3").state, FigureState::Gone);
+  EXPECT_EQ(Add(1, kTeaLine, "3").state, FigureState::Gone);
   ASSERT_EQ(Set(1, key, "9").state, FigureState::Stored);
   Crash();
   StartAndOpen();

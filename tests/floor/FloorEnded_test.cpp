@@ -5,8 +5,6 @@
 namespace koru::test {
 namespace {
 
-const LineKey kTea{"G1", 1};
-
 class FloorEnded : public FloorWorld {
  protected:
   void Register() {
@@ -23,7 +21,7 @@ class FloorEnded : public FloorWorld {
 };
 
 TEST_F(FloorEnded, By_a_registration_is_not_written_to_by_a_new_code_or_a_device) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Register();
   session_->RenewCode(1);
   session_->Hello(2, "d2", "تبلت");
@@ -33,7 +31,7 @@ TEST_F(FloorEnded, By_a_registration_is_not_written_to_by_a_new_code_or_a_device
 }
 
 TEST_F(FloorEnded, By_a_registration_on_a_full_disk_does_not_begin_a_journal_when_there_is_room_again) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   journal_.hasRoom = false;
   Register();
   EXPECT_EQ(journal_.Read(), "");
@@ -43,9 +41,9 @@ TEST_F(FloorEnded, By_a_registration_on_a_full_disk_does_not_begin_a_journal_whe
 }
 
 TEST_F(FloorEnded, By_a_cancel_on_a_full_disk_never_acknowledges_what_is_not_in_the_journal) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   journal_.hasRoom = false;
-  const FloorFigure late{50, kTea, FloorFigure::Operation::Set, "13", "12"};
+  const FloorFigure late{50, kTeaLine, FloorFigure::Operation::Set, "13", "12"};
   EXPECT_EQ(session_->Enter(1, "d1", {&late, 1}).at(0).state, FigureState::Stored);
   EXPECT_FALSE(session_->Commit());
   Cancel();
@@ -57,7 +55,7 @@ TEST_F(FloorEnded, By_a_cancel_on_a_full_disk_never_acknowledges_what_is_not_in_
 }
 
 TEST_F(FloorEnded, By_a_cancel_does_not_begin_a_journal_for_left_figures_that_the_desk_forgoes_then) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Crash();
   StartAndOpen();
   ASSERT_EQ(session_->Left().Cells().size(), 1U);
@@ -69,9 +67,9 @@ TEST_F(FloorEnded, By_a_cancel_does_not_begin_a_journal_for_left_figures_that_th
 }
 
 TEST_F(FloorEnded, By_the_end_of_the_form_writes_what_the_disk_could_not_take_as_soon_as_it_can) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   journal_.hasRoom = false;
-  const FloorFigure late{50, kTea, FloorFigure::Operation::Set, "13", "12"};
+  const FloorFigure late{50, kTeaLine, FloorFigure::Operation::Set, "13", "12"};
   EXPECT_EQ(session_->Enter(1, "d1", {&late, 1}).at(0).state, FigureState::Stored);
   Desk().Unload();
   journal_.hasRoom = true;
@@ -80,7 +78,7 @@ TEST_F(FloorEnded, By_the_end_of_the_form_writes_what_the_disk_could_not_take_as
 }
 
 TEST_F(FloorEnded, By_the_desk_keeps_nothing_of_a_device_that_has_brought_no_figure) {
-  EXPECT_EQ(Add(1, kTea, "-3").state, FigureState::Refused);
+  EXPECT_EQ(Add(1, kTeaLine, "-3").state, FigureState::Refused);
   SaveAndEdit();
   Crash();
   StartAndOpen();

@@ -5,10 +5,6 @@
 namespace koru::test {
 namespace {
 
-const LineKey kTea{"G1", 1};
-const LineKey kSugar{"G2", 1};
-const LineKey kOtherTea{"G1", 2};
-
 constexpr const char* kTooMuch = "تعداد بيشتر از اندازة مجاز است.";
 constexpr const char* kTooLittle = "تعداد كمتر از اندازة مجاز است.";
 
@@ -17,7 +13,7 @@ class FloorEntry : public FloorWorld {};
 TEST_F(FloorEntry, A_figure_is_stored_in_its_own_count_and_nothing_moves_at_the_desk) {
   Lines().UserMoveTo(3, LineColumn::Rate);
   Desk().SetFocus(Desk().txtNotes);
-  EXPECT_EQ(Set(2, kSugar, "12"), (FloorAnswer{1, FigureState::Stored, "12", "", ""}));
+  EXPECT_EQ(Set(2, kSugarLine, "12"), (FloorAnswer{1, FigureState::Stored, "12", "", ""}));
   EXPECT_EQ(CellOf(2, LineColumn::SecondCounting), "12");
   EXPECT_EQ(CellOf(2, LineColumn::FirstCounting), "");
   EXPECT_EQ(Lines().Row(), 3);
@@ -40,7 +36,7 @@ TEST_F(FloorEntry, Every_typed_number_becomes_what_the_desk_makes_of_it) {
     Lines().SetTextMatrix(3, LineColumn::FirstCounting, "5");
     const bool isStored = Type(3, LineColumn::FirstCounting, typed);
     const Texts shown = NewMessages();
-    const FloorAnswer answer = Set(1, kSugar, typed, "5");
+    const FloorAnswer answer = Set(1, kSugarLine, typed, "5");
     EXPECT_EQ(NewMessages(), Texts{}) << "nothing at the desk";
     EXPECT_EQ(CellOf(2, LineColumn::FirstCounting), CellOf(3, LineColumn::FirstCounting));
     EXPECT_EQ(answer.text, CellOf(3, LineColumn::FirstCounting));
@@ -56,45 +52,46 @@ TEST_F(FloorEntry, What_is_not_wholly_a_number_is_refused_where_the_desk_would_s
        {std::string("abc"), std::string("12x"), std::string("12,5"), std::string("-"), std::string("1/2/3"),
         std::string("NaN"), std::string("0x10"), std::string(101, '1')}) {
     SCOPED_TRACE(typed);
-    const FloorAnswer answer = Set(1, kSugar, typed);
+    const FloorAnswer answer = Set(1, kSugarLine, typed);
     EXPECT_EQ(answer.state, FigureState::Refused);
     EXPECT_FALSE(answer.message.empty());
     EXPECT_EQ(CellOf(2, LineColumn::FirstCounting), "");
   }
-  EXPECT_EQ(Add(1, kSugar, "").state, FigureState::Refused) << "nothing cannot be added";
+  EXPECT_EQ(Add(1, kSugarLine, "").state, FigureState::Refused) << "nothing cannot be added";
   EXPECT_TRUE(arrivals_.empty());
 }
 
 TEST_F(FloorEntry, The_forms_refusal_and_warning_are_for_the_counter) {
-  EXPECT_EQ(Set(1, kTea, "-3"), (FloorAnswer{1, FigureState::Refused, "", kTooLittle, ""}));
-  EXPECT_EQ(Set(1, kTea, "1000000001"), (FloorAnswer{2, FigureState::Warned, "1000000001", kTooMuch, ""}));
+  EXPECT_EQ(Set(1, kTeaLine, "-3"), (FloorAnswer{1, FigureState::Refused, "", kTooLittle, ""}));
+  EXPECT_EQ(Set(1, kTeaLine, "1000000001"),
+            (FloorAnswer{2, FigureState::Warned, "1000000001", kTooMuch, ""}));
   EXPECT_EQ(NewMessages(), Texts{});
   Type(1, LineColumn::FirstCounting, "-3");
   EXPECT_EQ(NewMessages(), Texts{kTooLittle}) << "the desk reads its own again";
 }
 
 TEST_F(FloorEntry, Figures_are_added_and_the_sum_is_what_the_form_accepts) {
-  EXPECT_EQ(Add(1, kTea, "5").text, "5");
-  EXPECT_EQ(Add(1, kTea, "۷").text, "12");
-  EXPECT_EQ(Add(1, kTea, "0.1").text, "12.1");
-  EXPECT_EQ(Add(1, kTea, "0.2").text, "12.3");
-  EXPECT_EQ(Add(1, kTea, "-2").text, "10.3");
-  const FloorAnswer refused = Add(1, kTea, "-11");
+  EXPECT_EQ(Add(1, kTeaLine, "5").text, "5");
+  EXPECT_EQ(Add(1, kTeaLine, "۷").text, "12");
+  EXPECT_EQ(Add(1, kTeaLine, "0.1").text, "12.1");
+  EXPECT_EQ(Add(1, kTeaLine, "0.2").text, "12.3");
+  EXPECT_EQ(Add(1, kTeaLine, "-2").text, "10.3");
+  const FloorAnswer refused = Add(1, kTeaLine, "-11");
   EXPECT_EQ(refused.state, FigureState::Refused);
   EXPECT_EQ(refused.text, "10.3");
 }
 
 TEST_F(FloorEntry, A_figure_that_is_sent_again_is_applied_once_and_has_the_same_answer) {
-  const FloorFigure add{7, kTea, FloorFigure::Operation::Add, "5", {}};
+  const FloorFigure add{7, kTeaLine, FloorFigure::Operation::Add, "5", {}};
   const FloorAnswer first = Send(1, add);
   EXPECT_EQ(Send(1, add), first);
   Type(1, LineColumn::FirstCounting, "100");
   EXPECT_EQ(Send(1, add), first);
-  const FloorFigure set{8, kTea, FloorFigure::Operation::Set, "6", "100"};
+  const FloorFigure set{8, kTeaLine, FloorFigure::Operation::Set, "6", "100"};
   const FloorAnswer second = Send(1, set);
   Type(1, LineColumn::FirstCounting, "100");
   EXPECT_EQ(Send(1, set), second);
-  const FloorFigure refused{9, kTea, FloorFigure::Operation::Set, "abc", "100"};
+  const FloorFigure refused{9, kTeaLine, FloorFigure::Operation::Set, "abc", "100"};
   EXPECT_EQ(Send(1, refused), Send(1, refused));
   EXPECT_EQ(CellOf(1, LineColumn::FirstCounting), "100");
   EXPECT_EQ(Send(2, add).text, "5") << "the same number of another device";
@@ -106,18 +103,18 @@ TEST_F(FloorEntry, A_figure_that_is_sent_again_is_applied_once_and_has_the_same_
 
 TEST_F(FloorEntry, A_counter_who_saw_another_count_is_asked_and_nothing_is_stored) {
   session_->Hello(1, "d1", " تبلت انبار ");
-  Set(1, kTea, "78");
-  const auto answers =
-      session_->Enter(1, "other", std::vector<FloorFigure>{{1, kTea, FloorFigure::Operation::Set, "70", ""}});
+  Set(1, kTeaLine, "78");
+  const auto answers = session_->Enter(
+      1, "other", std::vector<FloorFigure>{{1, kTeaLine, FloorFigure::Operation::Set, "70", ""}});
   EXPECT_EQ(answers.at(0), (FloorAnswer{1, FigureState::Conflict, "78", "", "تبلت انبار"}));
   EXPECT_EQ(CellOf(1, LineColumn::FirstCounting), "78");
   Type(1, LineColumn::FirstCounting, "80");
-  EXPECT_EQ(Set(1, kTea, "79", "78").by, "") << "the desk's own";
-  EXPECT_EQ(Set(1, kTea, "80", "78").state, FigureState::Stored) << "both counted the same";
-  EXPECT_EQ(Set(1, kTea, "81", "۸۰").state, FigureState::Stored) << "the same in other digits";
-  EXPECT_EQ(Set(1, kTea, "0", "").state, FigureState::Conflict);
+  EXPECT_EQ(Set(1, kTeaLine, "79", "78").by, "") << "the desk's own";
+  EXPECT_EQ(Set(1, kTeaLine, "80", "78").state, FigureState::Stored) << "both counted the same";
+  EXPECT_EQ(Set(1, kTeaLine, "81", "۸۰").state, FigureState::Stored) << "the same in other digits";
+  EXPECT_EQ(Set(1, kTeaLine, "0", "").state, FigureState::Conflict);
   Type(1, LineColumn::FirstCounting, "");
-  EXPECT_EQ(Set(1, kTea, "1", "0").state, FigureState::Conflict) << "nothing counted is not 0 counted";
+  EXPECT_EQ(Set(1, kTeaLine, "1", "0").state, FigureState::Conflict) << "nothing counted is not 0 counted";
 }
 
 TEST_F(FloorEntry, Devices_do_not_learn_from_the_order_of_the_lines_what_the_desk_has_sorted_by) {
@@ -134,14 +131,14 @@ TEST_F(FloorEntry, Devices_do_not_learn_from_the_order_of_the_lines_what_the_des
 }
 
 TEST_F(FloorEntry, A_line_is_found_wherever_it_has_been_sorted_and_what_is_deleted_is_gone) {
-  Set(1, kTea, "1");
-  Set(1, kOtherTea, "2");
+  Set(1, kTeaLine, "1");
+  Set(1, kOtherTeaLine, "2");
   Lines().UserClickHeader(LineColumn::FirstCounting);
   Lines().UserSort({LineColumn::FirstCounting, RowOrder::Descending});
-  EXPECT_EQ(Set(1, kOtherTea, "22", "2").state, FigureState::Stored);
-  EXPECT_EQ(Set(1, kTea, "11", "1").state, FigureState::Stored);
-  EXPECT_EQ(Count(kTea, 1), "11");
-  EXPECT_EQ(Count(kOtherTea, 1), "22");
+  EXPECT_EQ(Set(1, kOtherTeaLine, "22", "2").state, FigureState::Stored);
+  EXPECT_EQ(Set(1, kTeaLine, "11", "1").state, FigureState::Stored);
+  EXPECT_EQ(Count(kTeaLine, 1), "11");
+  EXPECT_EQ(Count(kOtherTeaLine, 1), "22");
   for (int row = 1; row < Lines().Rows(); ++row) {
     if (CellOf(row, LineColumn::FirstCounting) != "11") continue;
     Lines().UserMoveTo(row, LineColumn::FirstCounting);
@@ -149,13 +146,13 @@ TEST_F(FloorEntry, A_line_is_found_wherever_it_has_been_sorted_and_what_is_delet
     ASSERT_TRUE(Lines().UserDeleteRow());
     break;
   }
-  EXPECT_EQ(Set(1, kTea, "12", "11").state, FigureState::Gone);
+  EXPECT_EQ(Set(1, kTeaLine, "12", "11").state, FigureState::Gone);
   EXPECT_EQ(Set(1, {"G9", 1}, "1").state, FigureState::Gone);
-  EXPECT_EQ(Count(kOtherTea, 1), "22");
+  EXPECT_EQ(Count(kOtherTeaLine, 1), "22");
   Lines().AddItem("5");
   Lines().SetTextMatrix(Lines().Rows() - 1, LineColumn::Barcode, "G1");
-  EXPECT_EQ(Set(1, kTea, "3").state, FigureState::Stored) << "the good was added again";
-  EXPECT_EQ(Count(kTea, 1), "3");
+  EXPECT_EQ(Set(1, kTeaLine, "3").state, FigureState::Stored) << "the good was added again";
+  EXPECT_EQ(Count(kTeaLine, 1), "3");
 }
 
 TEST_F(FloorEntry, While_the_desk_is_asked_about_a_line_a_figure_leaves_the_question_about_that_line) {
@@ -166,30 +163,30 @@ TEST_F(FloorEntry, While_the_desk_is_asked_about_a_line_a_figure_leaves_the_ques
     EXPECT_EQ(Set(1, {"G3", 1}, "42").state, FigureState::Stored);
   };
   EXPECT_TRUE(Lines().UserDeleteRow());
-  EXPECT_EQ(Count(kSugar, 1), "none");
+  EXPECT_EQ(Count(kSugarLine, 1), "none");
   EXPECT_EQ(Count({"G3", 1}, 1), "42");
 }
 
 TEST_F(FloorEntry, While_the_desk_reads_a_warning_about_its_own_figure_both_are_stored) {
   messages.OnShow = [&](const FakeMessages::Message&) {
     messages.OnShow = nullptr;
-    EXPECT_EQ(Set(1, kSugar, "42").state, FigureState::Stored);
+    EXPECT_EQ(Set(1, kSugarLine, "42").state, FigureState::Stored);
   };
   EXPECT_TRUE(Type(1, LineColumn::FirstCounting, "2000000000"));
   EXPECT_EQ(NewMessages(), Texts{kTooMuch});
-  EXPECT_EQ(Count(kTea, 1), "2000000000");
-  EXPECT_EQ(Count(kSugar, 1), "42");
+  EXPECT_EQ(Count(kTeaLine, 1), "2000000000");
+  EXPECT_EQ(Count(kSugarLine, 1), "42");
 }
 
 TEST_F(FloorEntry, While_a_command_works_nothing_is_taken) {
   const Hourglass hourglass(screen);
   EXPECT_TRUE(session_->IsCommandAtWork());
-  EXPECT_EQ(Set(1, kTea, "1").state, FigureState::Paused);
+  EXPECT_EQ(Set(1, kTeaLine, "1").state, FigureState::Paused);
 }
 
 TEST_F(FloorEntry, A_device_sees_the_lines_with_its_own_count_alone) {
-  Set(1, kTea, "1");
-  Set(2, kTea, "2");
+  Set(1, kTeaLine, "1");
+  Set(2, kTeaLine, "2");
   const std::vector<FloorLine> expected = {{{"G1", 1}, "101", "چاي", "عدد", "2"},
                                            {{"G2", 1}, "", "قند", "عدد", ""},
                                            {{"G3", 1}, "103", "شكر", "عدد", ""},
@@ -205,13 +202,13 @@ TEST_F(FloorEntry, A_device_hears_of_true_changes_of_its_own_count) {
   int changes = 0;
   const Subscription changed = session_->Changed.Subscribe([&] { ++changes; });
 
-  Set(1, kTea, "1");
-  Set(1, kTea, "2", "1");
-  Set(2, kTea, "3");
+  Set(1, kTeaLine, "1");
+  Set(1, kTeaLine, "2", "1");
+  Set(2, kTeaLine, "3");
   Type(2, LineColumn::FirstCounting, "4");
   EXPECT_GT(changes, 0);
-  EXPECT_EQ(session_->ChangesSince(revision, 1).cells, (Cells{{kTea, "2"}, {kSugar, "4"}}));
-  EXPECT_EQ(session_->ChangesSince(revision, 2).cells, (Cells{{kTea, "3"}}));
+  EXPECT_EQ(session_->ChangesSince(revision, 1).cells, (Cells{{kTeaLine, "2"}, {kSugarLine, "4"}}));
+  EXPECT_EQ(session_->ChangesSince(revision, 2).cells, (Cells{{kTeaLine, "3"}}));
   EXPECT_EQ(session_->ChangesSince(revision, 3).cells, Cells{});
   revision = session_->ChangesSince(revision, 1).revision;
 
@@ -236,7 +233,7 @@ TEST_F(FloorEntry, A_device_that_has_missed_many_changes_of_its_count_is_to_read
   };
   change(1, kMany);
   EXPECT_FALSE(session_->ChangesSince(revision, 1).linesChanged);
-  EXPECT_EQ(session_->ChangesSince(revision, 1).cells, (std::vector<FloorChanges::Cell>{{kSugar, "2"}}));
+  EXPECT_EQ(session_->ChangesSince(revision, 1).cells, (std::vector<FloorChanges::Cell>{{kSugarLine, "2"}}));
   change(2, kMany + 1);
   EXPECT_FALSE(session_->ChangesSince(revision, 1).linesChanged) << "not its count";
   const FloorChanges many = session_->ChangesSince(revision, 2);
@@ -250,7 +247,7 @@ TEST_F(FloorEntry, Devices_are_listed_with_their_names_and_last_contact) {
   const auto before = session_->Devices().at(0);
   EXPECT_EQ(before.count, 3);
   EXPECT_EQ(before.name, std::string(FloorSession::kMaxNameLength, 'x'));
-  Set(3, kTea, "1");
+  Set(3, kTeaLine, "1");
   EXPECT_GT(session_->Devices().at(0).lastContact, before.lastContact);
   EXPECT_THROW(session_->Hello(3, "d 3", "x"), std::invalid_argument);
   EXPECT_THROW(session_->Hello(3, "", "x"), std::invalid_argument);

@@ -5,9 +5,6 @@
 namespace koru::test {
 namespace {
 
-const LineKey kTea{"G1", 1};
-const LineKey kSugar{"G2", 1};
-
 class FloorKept : public FloorWorld {
  protected:
   [[nodiscard]] std::size_t Journalled() const {
@@ -45,12 +42,12 @@ class FloorKept : public FloorWorld {
     Open();
     ASSERT_TRUE(session_->TakeBackSetAside());
     EXPECT_EQ(session_->Replay().entered, 1U);
-    EXPECT_EQ(Count(kTea, 1), "12");
+    EXPECT_EQ(Count(kTeaLine, 1), "12");
   }
 };
 
 TEST_F(FloorKept, When_the_desk_shows_what_another_station_has_stored_instead_of_saving) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   messages.WillAnswer(Answer::No);
   messages.WillAnswer(Answer::Yes);
   SaveAndShowStored(
@@ -61,7 +58,7 @@ TEST_F(FloorKept, When_the_desk_shows_what_another_station_has_stored_instead_of
 }
 
 TEST_F(FloorKept, When_another_station_has_registered_the_counting_and_the_desk_shows_that) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   messages.WillAnswer(Answer::Yes);
   SaveAndShowStored("update tblInventoryCounting set Code=5 where ID=20");
   EXPECT_TRUE(Desk().IsFinal());
@@ -70,7 +67,7 @@ TEST_F(FloorKept, When_another_station_has_registered_the_counting_and_the_desk_
 }
 
 TEST_F(FloorKept, When_the_host_shows_the_same_counting_again) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   ASSERT_TRUE(program_->View(20));
   Desk().Timer1.Fire();
   EXPECT_EQ(session_->Ended(), FloorSession::End::Cancelled);
@@ -79,7 +76,7 @@ TEST_F(FloorKept, When_the_host_shows_the_same_counting_again) {
 
 TEST_F(FloorKept, When_an_earlier_save_was_followed_by_an_edit_that_is_cancelled) {
   SaveAndEdit();
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Cancel();
   ExpectTakenBack();
 }
@@ -92,7 +89,7 @@ TEST_F(FloorKept, A_cancel_of_an_entry_without_a_change_is_a_pause) {
 }
 
 TEST_F(FloorKept, When_a_replay_finds_no_line_and_the_rest_is_saved) {
-  Set(1, kSugar, "13");
+  Set(1, kSugarLine, "13");
   Crash();
   Start();
   Lines().RemoveItem(2);
@@ -104,7 +101,7 @@ TEST_F(FloorKept, When_a_replay_finds_no_line_and_the_rest_is_saved) {
 }
 
 TEST_F(FloorKept, When_a_save_comes_before_the_replay_and_a_crash_after_it) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Crash();
   StartAndOpen();
   SaveAndEdit();
@@ -112,11 +109,11 @@ TEST_F(FloorKept, When_a_save_comes_before_the_replay_and_a_crash_after_it) {
   Crash();
   StartAndOpen();
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 1), "12");
+  EXPECT_EQ(Count(kTeaLine, 1), "12");
 }
 
 TEST_F(FloorKept, When_the_desk_has_typed_and_cleared_a_cell_before_the_replay) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Crash();
   StartAndOpen();
   Type(1, LineColumn::FirstCounting, "9");
@@ -125,28 +122,28 @@ TEST_F(FloorKept, When_the_desk_has_typed_and_cleared_a_cell_before_the_replay) 
   Crash();
   StartAndOpen();
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 1), "12");
+  EXPECT_EQ(Count(kTeaLine, 1), "12");
 }
 
 TEST_F(FloorKept, When_the_desk_has_typed_and_cleared_a_cell_whose_figure_is_left_before_a_crash) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   CrashTypeOverAndCrash();
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 1), "12");
+  EXPECT_EQ(Count(kTeaLine, 1), "12");
 }
 
 TEST_F(FloorKept, When_the_desk_does_without_a_figure_over_which_it_has_typed_and_cleared_before_a_crash) {
-  const FloorFigure figure{7, kTea, FloorFigure::Operation::Set, "12", ""};
+  const FloorFigure figure{7, kTeaLine, FloorFigure::Operation::Set, "12", ""};
   Send(1, figure);
   CrashTypeOverAndCrash();
   session_->ForgoLeft();
   EXPECT_EQ(SetAside(), 3U);
   EXPECT_EQ(Send(1, figure).state, FigureState::Stored);
-  EXPECT_EQ(Count(kTea, 1), "12");
+  EXPECT_EQ(Count(kTeaLine, 1), "12");
 }
 
 TEST_F(FloorKept, What_another_station_has_stored_stays_where_the_desk_has_typed_over_it_and_back) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Crash();
   database.Execute(
       "update tblInventoryCountingDetail set FirstCounting=8 where CountingID=20 and RowNumber=1");
@@ -157,15 +154,15 @@ TEST_F(FloorKept, What_another_station_has_stored_stays_where_the_desk_has_typed
   Crash();
   StartAndOpen();
   EXPECT_EQ(session_->Replay().replaced.size(), 1U);
-  EXPECT_EQ(Count(kTea, 1), "8");
+  EXPECT_EQ(Count(kTeaLine, 1), "8");
 }
 
 TEST_F(FloorKept, When_older_figures_that_were_set_aside_come_back_where_a_newer_one_is) {
-  Set(1, kTea, "5");
-  Set(1, kSugar, "3");
+  Set(1, kTeaLine, "5");
+  Set(1, kSugarLine, "3");
   Cancel();
   StartAndOpen();
-  Set(1, kTea, "7");
+  Set(1, kTeaLine, "7");
   ASSERT_TRUE(session_->TakeBackSetAside());
   const ReplayedFigures replayed = session_->Replay();
   EXPECT_EQ(replayed.entered, 1U);
@@ -173,47 +170,47 @@ TEST_F(FloorKept, When_older_figures_that_were_set_aside_come_back_where_a_newer
   Crash();
   StartAndOpen();
   session_->Replay();
-  EXPECT_EQ(Count(kTea, 1), "7");
-  EXPECT_EQ(Count(kSugar, 1), "3");
+  EXPECT_EQ(Count(kTeaLine, 1), "7");
+  EXPECT_EQ(Count(kSugarLine, 1), "3");
 }
 
 TEST_F(FloorKept, Older_journals_that_were_set_aside_are_taken_back_past_newer_ones_of_no_use) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Cancel();
   StartAndOpen();
-  Set(1, kSugar, "3");
+  Set(1, kSugarLine, "3");
   Cancel();
   ASSERT_EQ(journal_.aside.size(), 2U);
   journal_.aside.insert(journal_.aside.begin(), "damaged\n");
   StartAndOpen();
   ASSERT_TRUE(session_->TakeBackSetAside());
-  EXPECT_EQ(session_->Left().Cells()[0].line, kSugar) << "the last one that can be read";
+  EXPECT_EQ(session_->Left().Cells()[0].line, kSugarLine) << "the last one that can be read";
   EXPECT_EQ(session_->Replay().entered, 1U);
   ASSERT_TRUE(session_->TakeBackSetAside());
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 1), "12");
+  EXPECT_EQ(Count(kTeaLine, 1), "12");
   EXPECT_FALSE(session_->TakeBackSetAside());
 }
 
 TEST_F(FloorKept, Figures_that_cannot_be_entered_do_not_hide_older_ones_that_were_set_aside) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Cancel();
   StartAndOpen();
-  Set(1, kSugar, "3");
+  Set(1, kSugarLine, "3");
   Cancel();
   StartAndOpen();
   Lines().RemoveItem(2);
   ASSERT_TRUE(session_->TakeBackSetAside());
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 1), "12");
+  EXPECT_EQ(Count(kTeaLine, 1), "12");
   ASSERT_TRUE(session_->TakeBackSetAside());
   EXPECT_EQ(session_->Replay().gone.size(), 1U) << "the desk is informed of it";
 }
 
 TEST_F(FloorKept, A_figure_that_the_desk_takes_back_is_not_added_again_by_its_device_even_after_a_crash) {
-  const FloorFigure first{7, kTea, FloorFigure::Operation::Add, "5", {}};
+  const FloorFigure first{7, kTeaLine, FloorFigure::Operation::Add, "5", {}};
   Send(1, first);
-  Send(1, {8, kTea, FloorFigure::Operation::Add, "2", {}});
+  Send(1, {8, kTeaLine, FloorFigure::Operation::Add, "2", {}});
   Cancel();
   StartAndOpen();
   ASSERT_TRUE(session_->TakeBackSetAside());
@@ -222,12 +219,12 @@ TEST_F(FloorKept, A_figure_that_the_desk_takes_back_is_not_added_again_by_its_de
   StartAndOpen();
   session_->Replay();
   EXPECT_EQ(Send(1, first).state, FigureState::Stored);
-  EXPECT_EQ(Count(kTea, 1), "7");
+  EXPECT_EQ(Count(kTeaLine, 1), "7");
 }
 
 TEST_F(FloorKept, When_the_desk_does_without_them_the_devices_keep_the_names_that_they_have_given_since) {
   session_->Hello(1, "d1", "گوشي");
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Crash();
   StartAndOpen();
   session_->Hello(1, "d1", "گوشي سارا");
@@ -240,14 +237,14 @@ TEST_F(FloorKept, When_the_desk_does_without_them_the_devices_keep_the_names_tha
   ASSERT_TRUE(session_->ForgoLeft());
   EXPECT_EQ(names(), (Texts{"گوشي سارا", "تبلت"}));
   EXPECT_EQ(session_->Devices()[0].received, 0);
-  Set(2, kTea, "1");
+  Set(2, kTeaLine, "1");
   Crash();
   StartAndOpen();
   EXPECT_EQ(names(), (Texts{"گوشي سارا", "تبلت"}));
 }
 
 TEST_F(FloorKept, When_the_desk_does_without_them_and_the_disk_is_full) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Crash();
   StartAndOpen();
   journal_.isFull = true;
@@ -264,7 +261,7 @@ TEST_F(FloorKept, When_the_desk_does_without_them_and_the_disk_is_full) {
 }
 
 TEST_F(FloorKept, When_undecided_ones_cannot_be_set_aside_by_a_save) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Crash();
   StartAndOpen();
   journal_.isFull = true;
@@ -278,7 +275,7 @@ TEST_F(FloorKept, When_undecided_ones_cannot_be_set_aside_by_a_save) {
 }
 
 TEST_F(FloorKept, What_the_desk_does_after_it_has_stopped_the_session_is_not_offered_to_be_undone) {
-  Set(1, kSugar, "5");
+  Set(1, kSugarLine, "5");
   session_->Stop();
   Type(2, LineColumn::FirstCounting, "");
   session_.reset();
@@ -297,7 +294,7 @@ TEST_F(FloorKept, What_the_desk_imports_is_on_the_disk_with_the_next_commit) {
 }
 
 TEST_F(FloorKept, What_the_desk_does_after_it_has_stopped_the_session_is_on_the_disk_with_the_next_tick) {
-  Set(1, kTea, "5");
+  Set(1, kTeaLine, "5");
   session_->Stop();
   Lines().UserSort({LineColumn::Barcode, RowOrder::Descending});
   Type(4, LineColumn::FirstCounting, "8");

@@ -186,14 +186,14 @@ void FloorModel::Begin() {
   const bool onStored = isWritten_;
   state_ = State::Running;
   answered_.clear();
-  leftIsTakenBack_ = false;
+  leftIsAside_ = false;
   isContinued_ = hasJournal_ || last_;
-  if (!hasJournal_) {
-    hasJournal_ = true;
+  const bool isNew = !std::exchange(hasJournal_, true);
+  if (isNew) {
     journal_ = {};
     journal_.entered = enteredAtEnd_;
     if (last_) journal_.ordinals = *last_;
-    several_ = last_ ? lastSeveral_ : std::set<std::string>();
+    several_ = Several(lastRecords_);
   } else {
     several_ = Several(journal_.records);
   }
@@ -207,6 +207,11 @@ void FloorModel::Begin() {
     }
   }
   isContinued_ = true;
+  if (isNew) {
+    for (const Record& record : InPlace(lastRecords_)) {
+      if (record.ofFloor) journal_.entered.emplace(record.count, record.figure.sequence);
+    }
+  }
   journal_.ordinals = ordinals_;
   entered_ = journal_.entered;
   enteredBeforeLeft_ = journal_.entered;
@@ -283,8 +288,8 @@ void FloorModel::Settle(bool isWritten) {
   if (state_ == State::Ended || !wasEdited) return;
   if (!isWritten) return End();
   hasUnsaved_ = false;
+  if (std::exchange(holdsLeft_, false)) LeaveOutLeft();
   if (state_ == State::Stopped) return End();
-  if (std::exchange(holdsLeft_, false)) SetJournalAside();
   BeginJournalAnew();
 }
 
@@ -307,13 +312,13 @@ void FloorModel::SetJournalAside() {
   aside_.insert(aside_.begin(), journal_);
   ++setAside_;
   last_ = journal_.ordinals;
-  lastSeveral_ = Several(journal_.records);
+  lastRecords_ = journal_.records;
 }
 
 /// A later session needs the keys of the lines and the numbers of the figures, unless it would give the same
 /// keys and no figure has reached the counting.
 void FloorModel::KeepEndAside() {
-  lastSeveral_.clear();
+  lastRecords_.clear();
   if (setAside_ == 0 && entered_.empty() && ArePlain()) return;
   ++setAside_;
   last_ = ordinals_;

@@ -158,6 +158,7 @@ class FloorModel {
   void SetJournalAside();
   void KeepEndAside();
   void Settle(bool isWritten);
+  void LeaveOutLeft();
   void End();
   void KeepOrdinals();
   void BeginJournalAnew();
@@ -190,7 +191,7 @@ class FloorModel {
   bool isContinued_ = false;       // the counting has had a session
   std::set<std::string> several_;  // barcodes of which the journal has figures of several lines
   std::optional<Ordinals> last_;   // of the journal that was set aside last, with figures or without
-  std::set<std::string> lastSeveral_;
+  std::vector<Record> lastRecords_;
   std::size_t setAside_ = 0;
   int lastDrawn_ = 0;
   std::vector<Journal> aside_;  // the last one first
@@ -200,7 +201,7 @@ class FloorModel {
   std::vector<LeftCell> left_;
   std::vector<Record> leftRecords_;
   std::set<FigureKey> enteredBeforeLeft_;
-  bool leftIsTakenBack_ = false;
+  bool leftIsAside_ = false;
   bool holdsLeft_ = false;
   bool hasUnsaved_ = false;
   std::vector<std::string> misplaced_;

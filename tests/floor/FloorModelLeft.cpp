@@ -70,7 +70,7 @@ std::vector<FloorModel::Record> FloorModel::InPlace(const std::vector<Record>& r
 
 void FloorModel::Replay() {
   const std::vector<LeftCell> left = std::exchange(left_, {});
-  const bool isTakenBack = std::exchange(leftIsTakenBack_, false);
+  const bool wereAside = std::exchange(leftIsAside_, false);
   bool isWhole = true;
   std::vector<Record> entered;
   for (const LeftCell& cell : left) {
@@ -90,7 +90,7 @@ void FloorModel::Replay() {
     NotePlace(cell, *line);
   }
   std::vector<Record> taken;
-  if (isTakenBack) {
+  if (wereAside) {
     taken = InPlace(leftRecords_);
   } else if (isWhole) {
     holdsLeft_ = false;
@@ -111,10 +111,8 @@ void FloorModel::NotePlace(const LeftCell& cell, const Line& line) {
 /// The devices may send what is not in the counting anew.
 void FloorModel::Forgo() {
   left_.clear();
-  const bool isTakenBack = std::exchange(leftIsTakenBack_, false);
-  const bool isHeld = holdsLeft_ && !isTakenBack;
   const std::vector<Record> records = std::exchange(leftRecords_, {});
-  if (!isHeld) return;
+  if (std::exchange(leftIsAside_, false)) return;
   holdsLeft_ = false;
   SetJournalAside();
   answered_.clear();
@@ -123,6 +121,28 @@ void FloorModel::Forgo() {
   journal_.records = InPlace(records);
   hasUnsaved_ = !journal_.records.empty();
   for (const Record& record : journal_.records) Keep(record);
+}
+
+/// A save sets left figures aside. Those that are not decided have not reached the counting: the devices may
+/// send them anew.
+void FloorModel::LeaveOutLeft() {
+  SetJournalAside();
+  if (left_.empty() || std::exchange(leftIsAside_, true)) return;
+  const std::vector<Record> records = std::exchange(leftRecords_, {});
+  answered_.clear();
+  entered_ = enteredBeforeLeft_;
+  for (const Record& record : records) {
+    const bool isLacking = std::any_of(left_.begin(), left_.end(), [&](const LeftCell& cell) {
+      const Line* const line = Find(cell.line);
+      const bool isSame = cell.count == record.count && cell.line == record.figure.line;
+      return isSame && (line == nullptr || line->counts.at(Place(cell.count)) != cell.last);
+    });
+    if (record.IsEntered() && isLacking) {
+      leftRecords_.push_back(record);
+    } else {
+      Keep(record);
+    }
+  }
 }
 
 bool FloorModel::CanBeEntered(const std::vector<LeftCell>& cells) {
@@ -144,7 +164,7 @@ bool FloorModel::TakeBackSetAside() {
   if (found == nullptr) return false;
   left_ = Lacking(found->records);
   leftRecords_ = found->records;
-  leftIsTakenBack_ = true;
+  leftIsAside_ = true;
   return true;
 }
 

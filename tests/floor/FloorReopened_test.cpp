@@ -6,17 +6,8 @@
 namespace koru::test {
 namespace {
 
-const LineKey kTea{"G1", 1};
-const LineKey kOtherTea{"G1", 2};
-const LineKey kSugar{"G2", 1};
-
 class FloorReopened : public FloorWorld {
  protected:
-  void Delete(int row) {
-    Lines().UserMoveTo(row, LineColumn::FirstCounting);
-    messages.WillAnswer(Answer::Yes);
-    ASSERT_TRUE(Lines().UserDeleteRow());
-  }
   void StopAndReopen() {
     session_->Stop();
     ASSERT_TRUE(session_->Reopen());
@@ -25,19 +16,19 @@ class FloorReopened : public FloorWorld {
 
 TEST_F(FloorReopened, Takes_figures_with_the_codes_and_answers_of_before) {
   const std::string code = session_->Code(1);
-  const FloorFigure add{7, kTea, FloorFigure::Operation::Add, "5", {}};
+  const FloorFigure add{7, kTeaLine, FloorFigure::Operation::Add, "5", {}};
   Send(1, add);
   StopAndReopen();
   EXPECT_TRUE(session_->IsOpen());
   EXPECT_EQ(session_->CountOf(code), 1);
   EXPECT_EQ(Send(1, add).state, FigureState::Stored);
-  EXPECT_EQ(Count(kTea, 1), "5");
-  EXPECT_EQ(Set(2, kTea, "6").state, FigureState::Stored);
+  EXPECT_EQ(Count(kTeaLine, 1), "5");
+  EXPECT_EQ(Set(2, kTeaLine, "6").state, FigureState::Stored);
 }
 
 TEST_F(FloorReopened, An_addition_whose_answer_was_lost_is_not_applied_again_by_a_later_session) {
   const std::string code = session_->Code(1);
-  const FloorFigure add{7, kTea, FloorFigure::Operation::Add, "5", {}};
+  const FloorFigure add{7, kTeaLine, FloorFigure::Operation::Add, "5", {}};
   Send(1, add);
   for (int session = 0; session < 2; ++session) {
     Save();
@@ -49,32 +40,45 @@ TEST_F(FloorReopened, An_addition_whose_answer_was_lost_is_not_applied_again_by_
     EXPECT_TRUE(session_->Devices().empty());
   }
   EXPECT_EQ(Send(1, add).state, FigureState::Stored);
-  EXPECT_EQ(Count(kTea, 1), "5");
+  EXPECT_EQ(Count(kTeaLine, 1), "5");
+}
+
+TEST_F(FloorReopened, An_addition_that_was_saved_on_a_full_disk_is_not_applied_again_by_a_later_session) {
+  const FloorFigure add{7, kTeaLine, FloorFigure::Operation::Add, "5", {}};
+  Send(1, add);
+  journal_.hasRoom = false;
+  Save();
+  ASSERT_TRUE(program_->View(10));
+  ASSERT_FALSE(session_->IsOpen());
+  journal_.hasRoom = true;
+  StartAndOpen();
+  EXPECT_EQ(Send(1, add).state, FigureState::Stored);
+  EXPECT_EQ(Count(kTeaLine, 1), "5");
 }
 
 TEST_F(FloorReopened, An_addition_that_a_cancel_has_taken_back_is_applied_by_a_later_session) {
-  const FloorFigure add{7, kTea, FloorFigure::Operation::Add, "5", {}};
+  const FloorFigure add{7, kTeaLine, FloorFigure::Operation::Add, "5", {}};
   Send(1, add);
   messages.WillAnswer(Answer::Yes);
   Desk().cmdCancel.UserClick();
   ASSERT_EQ(session_->Ended(), FloorSession::End::Cancelled);
   StartAndOpen();
   EXPECT_EQ(Send(1, add).state, FigureState::Stored);
-  EXPECT_EQ(Count(kTea, 1), "5");
+  EXPECT_EQ(Count(kTeaLine, 1), "5");
 }
 
 TEST_F(FloorReopened, Lines_of_one_barcode_keep_their_keys_when_the_desk_has_deleted_one_meanwhile) {
-  Set(1, kOtherTea, "8");
+  Set(1, kOtherTeaLine, "8");
   session_->Stop();
   Delete(1);
   ASSERT_TRUE(session_->Reopen());
-  EXPECT_EQ(Count(kOtherTea, 1), "8");
-  EXPECT_EQ(Add(1, kTea, "5").state, FigureState::Gone) << "the figure of the deleted line";
-  EXPECT_EQ(Count(kOtherTea, 1), "8");
+  EXPECT_EQ(Count(kOtherTeaLine, 1), "8");
+  EXPECT_EQ(Add(1, kTeaLine, "5").state, FigureState::Gone) << "the figure of the deleted line";
+  EXPECT_EQ(Count(kOtherTeaLine, 1), "8");
 }
 
 TEST_F(FloorReopened, Figures_of_a_line_that_the_desk_has_deleted_meanwhile_are_not_left) {
-  Set(1, kSugar, "8");
+  Set(1, kSugarLine, "8");
   session_->Stop();
   Delete(2);
   ASSERT_TRUE(session_->Reopen());
@@ -83,7 +87,7 @@ TEST_F(FloorReopened, Figures_of_a_line_that_the_desk_has_deleted_meanwhile_are_
 }
 
 TEST_F(FloorReopened, Left_figures_are_still_to_be_decided) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Crash();
   StartAndOpen();
   StopAndReopen();
@@ -92,7 +96,7 @@ TEST_F(FloorReopened, Left_figures_are_still_to_be_decided) {
 }
 
 TEST_F(FloorReopened, Is_not_possible_after_the_entry_has_ended) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   session_->Stop();
   SaveAndEdit();
   EXPECT_FALSE(session_->Reopen());
@@ -102,7 +106,7 @@ TEST_F(FloorReopened, Is_not_possible_after_the_entry_has_ended) {
 TEST_F(FloorReopened, Figures_that_are_taken_back_find_their_lines_after_another_one_was_deleted_and_saved) {
   Delete(1);
   SaveAndEdit();
-  Set(1, kOtherTea, "8");
+  Set(1, kOtherTeaLine, "8");
   ASSERT_TRUE(program_->View(20));
   Desk().Timer1.Fire();
   ASSERT_TRUE(Desk().cmdEdit.UserClick());
@@ -110,12 +114,12 @@ TEST_F(FloorReopened, Figures_that_are_taken_back_find_their_lines_after_another
   Open();
   ASSERT_TRUE(session_->TakeBackSetAside());
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kOtherTea, 1), "8");
+  EXPECT_EQ(Count(kOtherTeaLine, 1), "8");
 }
 
 TEST_F(FloorReopened, A_session_after_a_save_in_another_order_finds_its_lines_after_a_crash) {
-  Set(1, kTea, "1");
-  Set(1, kOtherTea, "2");
+  Set(1, kTeaLine, "1");
+  Set(1, kOtherTeaLine, "2");
   session_->Stop();
   Lines().UserSort({LineColumn::FirstCounting, RowOrder::Descending});
   SaveAndEdit();
@@ -140,13 +144,13 @@ TEST_F(FloorReopened, A_session_after_sorting_a_counting_that_was_viewed_finds_i
   Lines().UserSort({LineColumn::ThirdCounting, RowOrder::Descending});
   ASSERT_TRUE(Desk().cmdEdit.UserClick());
   Open();
-  const std::string third = Count(kTea, 3);
-  EXPECT_EQ(Set(1, kTea, "7").state, FigureState::Stored);
+  const std::string third = Count(kTeaLine, 3);
+  EXPECT_EQ(Set(1, kTeaLine, "7").state, FigureState::Stored);
   Crash();
   StartAndOpen();
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 1), "7");
-  EXPECT_EQ(Count(kTea, 3), third);
+  EXPECT_EQ(Count(kTeaLine, 1), "7");
+  EXPECT_EQ(Count(kTeaLine, 3), third);
 }
 
 TEST_F(FloorReopened, A_cancel_after_sorting_a_counting_that_was_viewed_keeps_the_keys) {
@@ -159,16 +163,16 @@ TEST_F(FloorReopened, A_cancel_after_sorting_a_counting_that_was_viewed_keeps_th
   messages.WillAnswer(Answer::Yes);
   ASSERT_TRUE(Desk().cmdCancel.UserClick());
   ASSERT_TRUE(Desk().cmdEdit.UserClick());
-  ASSERT_EQ(Count(kTea, 3), "100");
-  EXPECT_EQ(Set(1, kTea, "7").state, FigureState::Stored);
+  ASSERT_EQ(Count(kTeaLine, 3), "100");
+  EXPECT_EQ(Set(1, kTeaLine, "7").state, FigureState::Stored);
   Crash();
   StartAndOpen();
   EXPECT_EQ(session_->Replay().entered, 1U);
-  EXPECT_EQ(Count(kTea, 3), "100");
+  EXPECT_EQ(Count(kTeaLine, 3), "100");
 }
 
 TEST_F(FloorReopened, Figures_that_a_replay_has_not_entered_are_kept_aside_by_the_save) {
-  Set(1, kTea, "12");
+  Set(1, kTeaLine, "12");
   Crash();
   database.Execute(
       "update tblInventoryCountingDetail set FirstCounting=9 where CountingID=20 and RowNumber=1");
@@ -186,14 +190,14 @@ TEST_F(FloorReopened,
   StartAndOpen();
   Delete(3);
   EXPECT_EQ(session_->Replay().gone.size(), 1U);
-  const FloorFigure add{40, kSugar, FloorFigure::Operation::Add, "5", {}};
+  const FloorFigure add{40, kSugarLine, FloorFigure::Operation::Add, "5", {}};
   ASSERT_EQ(Send(1, add).state, FigureState::Stored);
   session_->Stop();
   SaveAndEdit();
   session_.reset();
   Open();
   EXPECT_EQ(Send(1, add).state, FigureState::Stored);
-  EXPECT_EQ(Count(kSugar, 1), "5");
+  EXPECT_EQ(Count(kSugarLine, 1), "5");
 }
 
 }  // namespace

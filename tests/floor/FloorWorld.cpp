@@ -67,6 +67,12 @@ bool FloorWorld::Type(int row, int col, const std::string& text) {
   return Lines().UserEdit(row, col, TypedNumberText(text));
 }
 
+void FloorWorld::Delete(int row) {
+  Lines().UserMoveTo(row, LineColumn::FirstCounting);
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Lines().UserDeleteRow());
+}
+
 void FloorWorld::Save() {
   Desk().Timer1.Fire();  // the commands are those of what is on the form
   ASSERT_TRUE(Desk().cmdTmpSave.UserClick());

@@ -15,6 +15,11 @@ namespace koru::test {
 
 using Answer = FakeMessages::Answer;
 
+// Lines of counting 20.
+inline const LineKey kTeaLine{"G1", 1};
+inline const LineKey kOtherTeaLine{"G1", 2};
+inline const LineKey kSugarLine{"G2", 1};
+
 /// Counting 20 is being edited at the desk and open to the floor: G1, G2, G3 and G1 once more, book stock 10
 /// and rate 3 each, nothing counted. Devices "d1", "d2" and "d3" take part in counts 1, 2 and 3.
 class FloorWorld : public CountingWorld {
@@ -41,6 +46,7 @@ class FloorWorld : public CountingWorld {
   [[nodiscard]] std::string CellOf(int row, int col) { return std::string(Lines().TextMatrix(row, col)); }
   /// The user at the desk types what a window would hand over.
   bool Type(int row, int col, const std::string& text);
+  void Delete(int row);
   void Save();
   void SaveAndEdit();
 
