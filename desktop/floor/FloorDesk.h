@@ -116,8 +116,9 @@ class FloorDesk : public QObject {
   void LeaveDialog();
   [[nodiscard]] bool KeepsEntry() const;
   [[nodiscard]] bool KeepsUnsaved(WantedSave wanted);
+  void Forgo();
   void Replay();
-  void ShowNotEntered(const ReplayedFigures& replayed);
+  void ShowNotEntered(const ReplayedFigures& replayed, bool wereAside);
   void Say(const QString& sentence);
   [[nodiscard]] QString NameIn(const Control& selector) const;
   [[nodiscard]] bool Asks(const std::string& question) const;

@@ -18,15 +18,23 @@ constexpr const char* kQuestionOnJournal =
     "دفتر رقم\u200cهاي گوشي\u200cهاي اين شمارش باز نشده است و شايد رقم\u200cهايي دارد كه در اين شمارش "
     "نيست. شمارش نهايي ديگر آن\u200cها را نمي\u200cگيرد. آيا ثبت نهايي ادامه يابد؟";
 
-/// Asked before a save or a registration that as many left figures are not part of.
-QString QuestionOn(std::size_t left, bool isFinal) {
-  if (isFinal) {
-    return QStringLiteral(
-               "%1 رقم گوشي\u200cها در اين شمارش نيست. با ثبت نهايي 30 روز كنار مي\u200cماند و تا شمارش "
-               "نهايي است وارد آن نمي\u200cشود. براي ديدن و وارد كردن آن\u200cها «خير» و سپس «رقم\u200cهاي "
-               "مانده...» را بزنيد. آيا ثبت نهايي ادامه يابد؟")
-        .arg(left);
-  }
+/// Asked before a registration that as many left figures are not part of. `areAside`: they are kept already.
+QString QuestionOnFinal(std::size_t left, bool areAside) {
+  const QString question =
+      areAside
+          ? QStringLiteral(
+                "%1 رقم گوشي\u200cها در اين شمارش نيست. پيش از اين كنار گذاشته شد و تا شمارش نهايي است "
+                "وارد آن نمي\u200cشود. براي ديدن و وارد كردن آن\u200cها «خير» و سپس «رقم\u200cهاي "
+                "مانده...» را بزنيد. آيا ثبت نهايي ادامه يابد؟")
+          : QStringLiteral(
+                "%1 رقم گوشي\u200cها در اين شمارش نيست. با ثبت نهايي 30 روز كنار مي\u200cماند و تا شمارش "
+                "نهايي است وارد آن نمي\u200cشود. براي ديدن و وارد كردن آن\u200cها «خير» و سپس «رقم\u200cهاي "
+                "مانده...» را بزنيد. آيا ثبت نهايي ادامه يابد؟");
+  return question.arg(left);
+}
+
+/// The same before a temporary save, which sets them aside.
+QString QuestionOnSave(std::size_t left) {
   return QStringLiteral(
              "%1 رقم گوشي\u200cها در اين شمارش نيست. با ثبت موقت 30 روز كنار مي\u200cماند و پس از «اصلاح» "
              "همين شمارش، در «شمارش با گوشي» با «بازگرداندن كنارگذاشته\u200cها...» برمي\u200cگردد. آيا ثبت "
@@ -79,26 +87,34 @@ bool FloorDesk::OfferLeft() {
   if (dialog.Chosen() == LeftFiguresDialog::Choice::Take) {
     Replay();
   } else if (dialog.Chosen() == LeftFiguresDialog::Choice::Forgo) {
-    Say(session_->ForgoLeft()
-            ? QStringLiteral("رقم\u200cهاي مانده وارد نشد و 30 روز كنار مي\u200cماند.")
-            : QStringLiteral("رقم\u200cهاي مانده كنار گذاشته نشد، چون روي ديسك نوشته نشد؛ هنوز مانده است."));
+    Forgo();
   }
   emit changed();
   return true;
 }
 
+void FloorDesk::Forgo() {
+  const bool wereAside = !session_->SaveSetsLeftAside();
+  if (!session_->ForgoLeft()) {
+    return Say(QStringLiteral("رقم\u200cهاي مانده كنار گذاشته نشد، چون روي ديسك نوشته نشد؛ هنوز مانده است."));
+  }
+  Say(wereAside ? QStringLiteral("رقم\u200cهاي مانده وارد نشد و همچنان كنار گذاشته است.")
+                : QStringLiteral("رقم\u200cهاي مانده وارد نشد و 30 روز كنار مي\u200cماند."));
+}
+
 /// The entry may have ended while the figures were offered: then they are still left.
 void FloorDesk::Replay() {
+  const bool wereAside = !session_->SaveSetsLeftAside();
   const ReplayedFigures replayed = session_->Replay();
   if (session_->Left().Cells().empty()) {
     Say(SentenceOn(replayed));
-    return ShowNotEntered(replayed);
+    return ShowNotEntered(replayed, wereAside);
   }
   Say(QStringLiteral("رقم\u200cهاي مانده وارد نشد: اين شمارش اكنون در حال اصلاح نيست."));
 }
 
 /// The numbers in the sentence name no line: the figures are listed, and are in the log.
-void FloorDesk::ShowNotEntered(const ReplayedFigures& replayed) {
+void FloorDesk::ShowNotEntered(const ReplayedFigures& replayed, bool wereAside) {
   FloorLog listed(names_, [this](int count) { return Hides(count); });
   const auto add = [&](const std::vector<NotEntered>& figures, FigureState why) {
     for (const NotEntered& figure : figures) {
@@ -114,7 +130,7 @@ void FloorDesk::ShowNotEntered(const ReplayedFigures& replayed) {
   listed.ShowNew();
   if (listed.rowCount() == 0) return;
   log_.ShowNew();
-  NotEnteredDialog(SentenceOn(replayed), listed, &window_).exec();
+  NotEnteredDialog(SentenceOn(replayed), wereAside, listed, &window_).exec();
 }
 
 void FloorDesk::TakeBackSetAside() {
@@ -150,8 +166,9 @@ bool FloorDesk::KeepsUnsaved(WantedSave wanted) {
     return isFinal && form_.CountingID() > 0 && journals_.Has(Owner()) && !Asks(kQuestionOnJournal);
   }
   const std::size_t left = session_->Left().Cells().size();
-  if (left == 0 || (!isFinal && !session_->SaveSetsLeftAside())) return false;
-  return !Asks(FromQt(QuestionOn(left, isFinal)));
+  const bool setsAside = session_->SaveSetsLeftAside();
+  if (left == 0 || (!isFinal && !setsAside)) return false;
+  return !Asks(FromQt(isFinal ? QuestionOnFinal(left, !setsAside) : QuestionOnSave(left)));
 }
 
 }  // namespace koru

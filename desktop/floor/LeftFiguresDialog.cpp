@@ -67,7 +67,10 @@ LeftFiguresDialog::LeftFiguresDialog(const std::vector<LeftFigures::Cell>& cells
   };
   auto* const take = add("takeLeft", QStringLiteral("وارد كردن رقم\u200cها"), Choice::Take);
   take->setProperty("main", true);
-  add("forgoLeft", QStringLiteral("صرف نظر (30 روز كنار مي\u200cماند)"), Choice::Forgo);
+  add("forgoLeft",
+      desk.Session()->SaveSetsLeftAside() ? QStringLiteral("صرف نظر (30 روز كنار مي\u200cماند)")
+                                          : QStringLiteral("صرف نظر (كنار گذاشته مي\u200cماند)"),
+      Choice::Forgo);
   add("decideLater", QStringLiteral("بعداً (Esc)"), Choice::Later);
   bar->addStretch();
   take->setDefault(true);

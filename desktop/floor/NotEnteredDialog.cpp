@@ -17,18 +17,23 @@ namespace {
 
 constexpr QSize kDefaultSize(880, 380);
 
+constexpr const char* kKeptBySave =
+    " فهرست زير در «رويدادها»ي «شمارش با گوشي» هم هست، و رقم\u200cهاي آن با ثبت بعدي 30 روز كنار "
+    "مي\u200cماند.";
+constexpr const char* kKeptAlready =
+    " فهرست زير در «رويدادها»ي «شمارش با گوشي» هم هست. رقم\u200cهاي آن پيش از اين كنار گذاشته شد و تا 30 "
+    "روز پس از آن روز مي\u200cماند.";
+
 }  // namespace
 
-NotEnteredDialog::NotEnteredDialog(const QString& sentence, FloorLog& figures, QWidget* parent)
+NotEnteredDialog::NotEnteredDialog(const QString& sentence, bool areAside, FloorLog& figures, QWidget* parent)
     : QDialog(parent) {
   setObjectName(QStringLiteral("notEntered"));
   setWindowTitle(QStringLiteral("رقم\u200cهايي كه وارد نشد"));
   auto* const layout = new QVBoxLayout(this);
-  auto* const label = new QLabel(
-      RightToLeft(sentence +
-                  QStringLiteral(" فهرست زير در «رويدادها»ي «شمارش با گوشي» هم هست، و رقم\u200cهاي آن با ثبت "
-                                 "بعدي 30 روز كنار مي\u200cماند.")),
-      this);
+  auto* const label =
+      new QLabel(RightToLeft(sentence + QString::fromUtf8(areAside ? kKeptAlready : kKeptBySave)), this);
+  label->setObjectName(QStringLiteral("notEnteredSentence"));
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->setMargin(2);  // some letters reach beyond their line

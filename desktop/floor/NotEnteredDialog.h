@@ -13,8 +13,9 @@ class NotEnteredDialog : public QDialog {
   Q_OBJECT
 
  public:
-  /// `sentence`: what became of all of them. `figures` must outlive the dialog.
-  NotEnteredDialog(const QString& sentence, FloorLog& figures, QWidget* parent);
+  /// `sentence`: what became of all of them. `areAside`: they are kept in a journal that was set aside
+  /// earlier; otherwise the next save sets them aside. `figures` must outlive the dialog.
+  NotEnteredDialog(const QString& sentence, bool areAside, FloorLog& figures, QWidget* parent);
 };
 
 }  // namespace koru

@@ -11,9 +11,6 @@ namespace {
 using test::Press;
 using test::Type;
 
-constexpr const char* kRice = "6261";
-constexpr const char* kOil = "6262";
-
 TEST_F(FloorDeskTest, An_arriving_figure_tints_its_cell_for_a_moment_and_marks_counts_that_differ_at_once) {
   OpenInEdit();
   auto& lines = Find<GridView>("flexDetail");

@@ -5,8 +5,6 @@
 namespace koru {
 namespace {
 
-constexpr const char* kRice = "6261";
-constexpr const char* kOil = "6262";
 constexpr const char* kFormsQuestion = "آيا مطمئن هستيد؟";
 
 TEST_F(FloorDeskTest, Cancel_says_first_that_the_figures_are_kept_aside_and_closes_it) {
@@ -92,9 +90,7 @@ TEST_F(FloorDeskTest, What_was_set_aside_can_be_taken_back) {
   StartAnew();
   OpenInEdit();
   EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "");
-  EXPECT_TRUE(WithDialog(
-      "koru::LeftFiguresDialog", [this] { Click(*desk->Dialog(), "floorTakeBack"); },
-      [](QDialog& dialog) { Click(dialog, "takeLeft"); }));
+  EXPECT_TRUE(OffersLeft([this] { Click(*desk->Dialog(), "floorTakeBack"); }, "takeLeft"));
   EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
 }
 

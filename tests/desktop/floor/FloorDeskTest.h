@@ -21,6 +21,10 @@
 
 namespace koru {
 
+// The barcodes of the lines.
+inline constexpr const char* kRice = "6261";
+inline constexpr const char* kOil = "6262";
+
 /// Counting 1 is viewed in its window, which has the command of the floor: rice with the count 10, oil with
 /// the count 7, both counted once. Devices "d1", "d2" and "d3" take part in counts 1, 2 and 3.
 class FloorDeskTest : public InvCountingWindowTest {
@@ -113,6 +117,18 @@ class FloorDeskTest : public InvCountingWindowTest {
     look.start(0);
     action();
     return shown;
+  }
+  /// Whether the action offers left figures, in a dialog whose button with that name is pressed then.
+  [[nodiscard]] bool OffersLeft(const std::function<void()>& action, const char* button) {
+    return WithDialog("koru::LeftFiguresDialog", action,
+                      [button](QDialog& dialog) { Click(dialog, button); });
+  }
+  void EditAndRefresh() {
+    Edit();
+    desk->Refresh();
+  }
+  [[nodiscard]] bool EditAndChoose(const char* button) {
+    return OffersLeft([this] { EditAndRefresh(); }, button);
   }
   static void Click(QWidget& in, const char* name) {
     auto* const button = in.findChild<QAbstractButton*>(QLatin1String(name));

@@ -8,8 +8,6 @@
 namespace koru {
 namespace {
 
-constexpr const char* kRice = "6261";
-
 TEST_F(FloorDeskTest, Nothing_listens_and_nothing_is_shown_before_the_desk_opens_it) {
   Edit();
   EXPECT_EQ(Bar(), "hidden");
@@ -28,6 +26,7 @@ TEST_F(FloorDeskTest, In_an_edit_the_command_opens_the_floor_and_shows_its_dialo
   Set(2, kRice, "9");
   Set(3, kRice, "abc");
   EXPECT_EQ(Bar(), "شمارش با گوشي باز است: 2 دستگاه، 2 رقم رسيده، 1 رقم وارد نشده.");
+  EXPECT_TRUE(Find<QWidget>("floorLeft").isHidden()) << "nothing is left";
   EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
 }
 

@@ -17,8 +17,6 @@
 namespace koru {
 namespace {
 
-constexpr const char* kRice = "6261";
-
 class FloorDialogTest : public FloorDeskTest {
  protected:
   void SetUp() override { OpenInEdit(); }
@@ -318,6 +316,18 @@ TEST_F(FloorDialogTest, The_whole_address_with_its_code_can_be_read_and_typed) {
 TEST_F(FloorDialogTest, A_pause_is_shown_in_it) {
   Save();
   EXPECT_NE(Part<QLabel>("floorSummary").text().indexOf(QStringLiteral("درنگ")), -1);
+}
+
+TEST_F(FloorDialogTest, The_log_has_room_for_a_long_barcode_and_for_why_a_figure_was_not_entered) {
+  Set(3, "6260100000017", "9");
+  Set(1, kRice, "9", "8");
+  desk->Refresh();
+  QApplication::processEvents();
+  const auto& log = Part<QTableView>("floorLog");
+  const QAbstractItemView& view = log;
+  for (const int col :
+       {FloorLog::Time, FloorLog::Count, FloorLog::Barcode, FloorLog::Figure, FloorLog::State})
+    EXPECT_GE(log.columnWidth(col), view.sizeHintForColumn(col)) << col;
 }
 
 }  // namespace

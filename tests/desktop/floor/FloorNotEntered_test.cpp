@@ -7,9 +7,6 @@
 namespace koru {
 namespace {
 
-constexpr const char* kRice = "6261";
-constexpr const char* kOil = "6262";
-
 /// A program has ended with three figures that it has not saved: of rice in the first and second count, of
 /// oil in the third. Since then another station has stored a first count of rice and removed the oil.
 class FloorNotEntered : public FloorDeskTest {
@@ -30,8 +27,13 @@ class FloorNotEntered : public FloorDeskTest {
   }
   /// Takes the left figures; returns the texts of what is listed as not entered, without the times.
   [[nodiscard]] Rows TakeAndRead() {
+    return TakeAndRead([this] { EditAndRefresh(); });
+  }
+  /// The same from the offer that an action makes.
+  [[nodiscard]] Rows TakeAndRead(const std::function<void()>& action) {
     Rows rows;
     const auto read = [&](QDialog& dialog) {
+      sentence_ = FromQt(dialog.findChild<QLabel*>(QStringLiteral("notEnteredSentence"))->text());
       const auto& table = *dialog.findChild<QTableView*>(QStringLiteral("notEnteredTable"))->model();
       for (int row = 0; row < table.rowCount(); ++row) {
         rows.emplace_back();
@@ -41,19 +43,12 @@ class FloorNotEntered : public FloorDeskTest {
       }
       Click(dialog, "notEnteredClose");
     };
-    const auto take = [this] {
-      Edit();
-      desk->Refresh();
-    };
     EXPECT_TRUE(WithDialog(
-        "koru::NotEnteredDialog",
-        [&] {
-          EXPECT_TRUE(WithDialog("koru::LeftFiguresDialog", take,
-                                 [](QDialog& dialog) { Click(dialog, "takeLeft"); }));
-        },
-        read));
+        "koru::NotEnteredDialog", [&] { EXPECT_TRUE(OffersLeft(action, "takeLeft")); }, read));
     return rows;
   }
+
+  std::string sentence_;  ///< above the list
 };
 
 TEST_F(FloorNotEntered, Figures_are_listed_with_their_line_their_device_and_the_reason) {
@@ -66,6 +61,22 @@ TEST_F(FloorNotEntered, Figures_are_listed_with_their_line_their_device_and_the_
             {"شمارش اول", "تبلت انبار", "برنج", "6261", "12", "وارد نشد: خانه رقم ديگري دارد (20 از ميز)"}}));
   EXPECT_EQ(Cell(1, LineColumn::SecondCounting), "9");
   EXPECT_EQ(said.find("1 رقم از گوشي\u200cها بازگردانده شد."), 0U) << said;
+}
+
+TEST_F(FloorNotEntered, Figures_are_said_to_be_kept_by_the_next_save) {
+  static_cast<void>(TakeAndRead());
+  EXPECT_NE(sentence_.find("با ثبت بعدي 30 روز كنار مي\u200cماند."), std::string::npos) << sentence_;
+}
+
+TEST_F(FloorNotEntered, Figures_that_a_save_has_set_aside_are_said_to_be_kept_since_then) {
+  ASSERT_TRUE(EditAndChoose("decideLater"));
+  world.messages.WillAnswer(Answer::Yes);
+  Save();
+  Edit();
+  EXPECT_EQ(TakeAndRead([this] { desk->OfferLeft(); }).size(), 2U);
+  EXPECT_NE(sentence_.find("پيش از اين كنار گذاشته شد و تا 30 روز پس از آن روز مي\u200cماند."),
+            std::string::npos)
+      << sentence_;
 }
 
 TEST_F(FloorNotEntered, Figures_stay_in_the_log) {
