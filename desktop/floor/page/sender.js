@@ -69,10 +69,17 @@ export class Sender {
       this.#wake.settle();
       const outcome = await this.#trySendAll();
       failures = outcome === 'waits' ? failures + 1 : 0;
-      if (outcome === 'sent') await this.#wake.wait(pauseAfterAll);
+      if (outcome === 'sent') await this.#rest();
       if (outcome === 'closed') await this.#wake.wait(pauseWhileClosed);
       if (outcome === 'waits') await this.#wake.wait(pauses[Math.min(failures, pauses.length) - 1]);
     }
+  }
+
+  /** A hidden tab leaves what a closed one has left to those that are seen, where the desk's questions are read. */
+  async #rest() {
+    let isWoken = false;
+    do isWoken = await this.#wake.wait(pauseAfterAll);
+    while (!isWoken && document.hidden);
   }
 
   /** What the browser's storage does not do now is tried again. */

@@ -14,6 +14,7 @@ export class Wake {
     this.#woken = false;
   }
 
+  /** Returns whether something has woken it. */
   async wait(milliseconds) {
     if (!this.#woken) {
       await new Promise((resolve) => {
@@ -25,6 +26,8 @@ export class Wake {
       });
     }
     this.#end = null;
+    const isWoken = this.#woken;
     this.#woken = false;
+    return isWoken;
   }
 }

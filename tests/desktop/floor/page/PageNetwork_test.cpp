@@ -91,6 +91,28 @@ TEST_F(PageNetwork, A_closed_tab_leaves_its_figures_to_the_one_that_is_open_besi
   WaitForArrival(browser, kTea, QStringLiteral("5"));
 }
 
+TEST_F(PageNetwork, A_hidden_tab_leaves_the_figures_of_a_closed_one_to_those_that_are_seen) {
+  Browser browser;
+  browser.Command(QStringLiteral("Page.enable"));
+  browser.Command(QStringLiteral("Page.addScriptToEvaluateOnNewDocument"),
+                  {{"source",
+                    "const begin = setTimeout; window.looks = 0; window.isSeen = false;"
+                    "window.setTimeout = (done, time) => begin(done, time === 5000 ? ++looks : time);"
+                    "Object.defineProperty(document, 'hidden', {get: () => !isSeen});"}});
+  OpenPage(browser);
+  const QStringList tabs = OpenSecondTab(browser);
+  Block(browser, {QStringLiteral("*/a/*")});
+  test::Count(browser, kTea, QStringLiteral("5"));
+  WaitForLeft(browser, 1);
+  browser.CloseTab();
+  browser.SwitchTo(tabs.front());
+  browser.Run(QStringLiteral("window.before = looks"));
+  browser.WaitFor(QStringLiteral("looks > before + 5"));
+  EXPECT_EQ(AtDesk(kTea), QString());
+  browser.Run(QStringLiteral("isSeen = true"));
+  WaitForArrival(browser, kTea, QStringLiteral("5"));
+}
+
 TEST_F(PageNetwork, A_browser_that_is_killed_keeps_its_figures) {
   const QTemporaryDir profile;
   BrowserSettings settings;
