@@ -34,7 +34,7 @@ class FloorMembers {
   /// Takes from an earlier session which figures have reached the counting: a device whose answer was lost
   /// may send them again. Its devices are no members until they are heard of.
   void TakeEntered(const JournalStart& earlier);
-  /// The same from figures that are in the counting.
+  /// The same from figures that are in the counting, before any device is heard of.
   void TakeEntered(const std::vector<JournalFigure>& earlier);
   /// Whether any figure has reached the counting.
   [[nodiscard]] bool HaveEntered() const;

@@ -1,6 +1,7 @@
 #include "floor/FloorReplay.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <set>
@@ -77,6 +78,15 @@ std::vector<Trail> TrailsOf(const std::vector<JournalFigure>& journal) {
   return trails;
 }
 
+template <typename Wanted>
+std::vector<JournalFigure> Extract(std::vector<JournalFigure>& journal, const Wanted& isWanted) {
+  const auto wanted = std::stable_partition(journal.begin(), journal.end(), std::not_fn(isWanted));
+  std::vector<JournalFigure> extracted(std::make_move_iterator(wanted),
+                                       std::make_move_iterator(journal.end()));
+  journal.erase(wanted, journal.end());
+  return extracted;
+}
+
 }  // namespace
 
 LeftFigures::LeftFigures(const std::vector<JournalFigure>& journal, const Grid& grid, FloorLines& lines) {
@@ -116,16 +126,12 @@ std::vector<JournalFigure> LeftFigures::ExtractOthers(std::vector<JournalFigure>
     if (!Holds(grid, lines.RowOf(cell.line), cell.count, cell.text))
       lacking.emplace(cell.count, cell.line.barcode, cell.line.ordinal);
   }
-  const auto others = std::stable_partition(journal.begin(), journal.end(), [&](const JournalFigure& figure) {
-    return figure.IsEntered() && lacking.contains(KeyOf(figure));
+  return Extract(journal, [&](const JournalFigure& figure) {
+    return !figure.IsEntered() || !lacking.contains(KeyOf(figure));
   });
-  std::vector<JournalFigure> extracted(std::make_move_iterator(others),
-                                       std::make_move_iterator(journal.end()));
-  journal.erase(others, journal.end());
-  return extracted;
 }
 
-std::vector<JournalFigure> FiguresInPlace(const std::vector<JournalFigure>& journal, const Grid& grid,
+std::vector<JournalFigure> ExtractInPlace(std::vector<JournalFigure>& journal, const Grid& grid,
                                           FloorLines& lines) {
   std::map<CellKey, bool> inPlace;
   for (const Trail& trail : TrailsOf(journal)) {
@@ -133,10 +139,8 @@ std::vector<JournalFigure> FiguresInPlace(const std::vector<JournalFigure>& jour
     inPlace[{cell.count, cell.line.barcode, cell.line.ordinal}] =
         Holds(grid, lines.RowOf(cell.line), cell.count, cell.text);
   }
-  std::vector<JournalFigure> figures;
-  std::copy_if(journal.begin(), journal.end(), std::back_inserter(figures),
-               [&](const JournalFigure& figure) { return figure.IsEntered() && inPlace.at(KeyOf(figure)); });
-  return figures;
+  return Extract(
+      journal, [&](const JournalFigure& figure) { return figure.IsEntered() && inPlace.at(KeyOf(figure)); });
 }
 
 }  // namespace koru

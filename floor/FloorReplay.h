@@ -40,8 +40,8 @@ class LeftFigures {
   [[nodiscard]] const std::vector<Cell>& Cells() const { return cells_; }
   /// Whether one of them could be entered now.
   [[nodiscard]] bool CanBeEntered(const Grid& grid, FloorLines& lines) const;
-  /// Takes the figures that are not left out of their journal: those of other cells, those of cells that hold
-  /// their last one by now, and what was not entered.
+  /// Takes out of the journal all figures but those that are left: those of other cells, those of cells that
+  /// hold their last one by now, and what was not entered.
   [[nodiscard]] std::vector<JournalFigure> ExtractOthers(std::vector<JournalFigure>& journal,
                                                          const Grid& grid, FloorLines& lines) const;
 
@@ -49,9 +49,9 @@ class LeftFigures {
   std::vector<Cell> cells_;
 };
 
-/// The figures of a journal whose cells hold the last one of theirs.
-[[nodiscard]] std::vector<JournalFigure> FiguresInPlace(const std::vector<JournalFigure>& journal,
-                                                        const Grid& grid, FloorLines& lines);
+/// Takes out of a journal the figures whose cells hold the last one of theirs.
+[[nodiscard]] std::vector<JournalFigure> ExtractInPlace(std::vector<JournalFigure>& journal, const Grid& grid,
+                                                        FloorLines& lines);
 
 /// A left figure that was not entered.
 struct NotEntered : LeftFigures::Cell {

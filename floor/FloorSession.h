@@ -172,7 +172,7 @@ class FloorSession {
 
   void Continue(JournalContents contents);
   [[nodiscard]] std::vector<JournalFigure> TakeFromSetAside();
-  void BeginJournal(const std::vector<JournalFigure>& earlier);
+  void BeginJournal(std::vector<JournalFigure> earlier);
   void ContinueLines(const JournalContents& earlier);
   void RemoveJournal();
   void ReadLeft(std::string_view text);
@@ -186,6 +186,7 @@ class FloorSession {
   void Flush();
   void SettleJournal(End end);
   bool LeaveOutLeft();
+  void ForgetLeft(const LeftFigures& left, std::vector<JournalFigure>& journal);
   bool SetLeftAside();
   void Take(const std::vector<JournalFigure>& figures);
   [[nodiscard]] JournalStart StartNow();

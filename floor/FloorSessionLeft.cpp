@@ -28,8 +28,8 @@ std::optional<JournalContents> ContentsOf(std::string_view text, std::int32_t co
 }  // namespace
 
 /// What has reached the counting, and the keys of its lines, are in the journal that was set aside last.
-/// Returns its figures, some of which may have reached the counting, too: the disk was full when a save was
-/// to begin the journal anew.
+/// Returns its figures, some of which may be on the form, too: a Cancel leaves them there, and a save stores
+/// them, which cannot begin the journal anew while the disk is full.
 std::vector<JournalFigure> FloorSession::TakeFromSetAside() {
   for (const std::string& text : around_.journal.ReadSetAside()) {
     auto contents = ContentsOf(text, countingID_);
@@ -50,10 +50,18 @@ void FloorSession::ContinueLines(const JournalContents& earlier) {
   lines_.Continue(earlier.start.ordinals, std::move(several));
 }
 
-void FloorSession::BeginJournal(const std::vector<JournalFigure>& earlier) {
-  lines_.Begin(around_.entryIsWritten());
-  members_.TakeEntered(FiguresInPlace(earlier, controls_.flexDetail, lines_));
-  around_.journal.Begin(JournalText(StartNow()));
+/// Figures of an earlier session that are in their cells are not entered again. Unless the database has them,
+/// they are this session's own: after a crash they are offered, and Cancel asks.
+void FloorSession::BeginJournal(std::vector<JournalFigure> earlier) {
+  const bool areStored = around_.entryIsWritten();
+  lines_.Begin(areStored);
+  JournalContents begun;
+  begun.figures = ExtractInPlace(earlier, controls_.flexDetail, lines_);
+  if (areStored) members_.TakeEntered(std::exchange(begun.figures, {}));
+  begun.start = StartNow();
+  around_.journal.Begin(JournalText(begun));
+  for (const JournalFigure& figure : begun.figures) members_.Take(figure);
+  hasUnsaved_ = !begun.figures.empty();
 }
 
 /// A save holds all figures of the session. A device whose answer was lost, or that has figures which it has
@@ -80,10 +88,10 @@ void FloorSession::ReadLeft(std::string_view text) {
   auto contents = ContentsOf(text);
   if (!contents || contents->start.countingID != countingID_) {
     using Kind = JournalDamage::Kind;
-    const auto earlier = TakeFromSetAside();
+    auto earlier = TakeFromSetAside();
     lines_.Continue({}, {});
     damage_ = {contents ? Kind::OtherCounting : Kind::Unreadable, 0, SetTextAside(text)};
-    return BeginJournal(earlier);
+    return BeginJournal(std::move(earlier));
   }
   if (contents->damaged > 0 && SetDamagedAside(text, *contents)) {
     around_.journal.Begin(JournalText(*contents));
@@ -152,9 +160,9 @@ ReplayedFigures FloorSession::Replay() {
     }
   }
   replayed.entered = entered.size();
-  const auto journal = std::exchange(leftJournal_, {});
+  auto journal = std::exchange(leftJournal_, {});
   if (std::exchange(leftIsAside_, false)) {
-    Take(FiguresInPlace(journal, controls_.flexDetail, lines_));
+    Take(ExtractInPlace(journal, controls_.flexDetail, lines_));
   } else if (replayed.entered == left.Cells().size()) {
     holdsLeft_ = false;
   }
@@ -176,15 +184,19 @@ void FloorSession::Take(const std::vector<JournalFigure>& figures) {
 
 /// Left figures that are not in the counting are set aside by its save; false while that fails. Those that
 /// the desk has not decided about have not reached the counting: a device that still has one sends it anew,
-/// and the desk may still take them.
+/// and the desk may still take them. A later save holds those that the desk has typed itself meanwhile.
 bool FloorSession::LeaveOutLeft() {
   const bool areUndecided = SaveSetsLeftAside();
   if (holdsLeft_ && !SetLeftAside()) return false;
-  if (!areUndecided) return true;
-  leftIsAside_ = true;
-  members_.ForgetFigures(leftStart_);
-  for (const JournalFigure& saved : left_.ExtractOthers(leftJournal_, controls_.flexDetail, lines_))
-    members_.Take(saved);
+  std::vector<JournalFigure> saved;
+  if (areUndecided) {
+    members_.ForgetFigures(leftStart_);
+    saved = left_.ExtractOthers(leftJournal_, controls_.flexDetail, lines_);
+    leftIsAside_ = true;
+  } else if (leftIsAside_) {
+    saved = ExtractInPlace(leftJournal_, controls_.flexDetail, lines_);
+  }
+  for (const JournalFigure& figure : saved) members_.Take(figure);
   return true;
 }
 
@@ -198,18 +210,26 @@ bool FloorSession::ForgoLeft() {
   if (left_.Cells().empty()) return true;
   const bool isHeld = SaveSetsLeftAside();
   if (isHeld && !SetLeftAside()) return false;
-  left_ = {};
+  const LeftFigures left = std::exchange(left_, {});
+  auto journal = std::exchange(leftJournal_, {});
   leftIsAside_ = false;
-  const auto journal = std::exchange(leftJournal_, {});
-  if (isHeld && !IsFinished()) {
-    // The figures that nobody wants have not reached the counting: a device that still has one sends it anew.
-    members_.ForgetFigures(leftStart_);
-    hasUnsaved_ = false;
-    keeper_.BeginAnew();
-    Take(FiguresInPlace(journal, controls_.flexDetail, lines_));
+  if (!IsFinished()) {
+    const auto inPlace = ExtractInPlace(journal, controls_.flexDetail, lines_);
+    if (isHeld) ForgetLeft(left, journal);
+    Take(inPlace);
   }
   Changed.Raise();
   return true;
+}
+
+/// The figures that nobody wants have not reached the counting: a device that still has one sends it anew.
+/// Those that the desk has corrected since have.
+void FloorSession::ForgetLeft(const LeftFigures& left, std::vector<JournalFigure>& journal) {
+  members_.ForgetFigures(leftStart_);
+  for (const JournalFigure& corrected : left.ExtractOthers(journal, controls_.flexDetail, lines_))
+    members_.Take(corrected);
+  hasUnsaved_ = false;
+  keeper_.BeginAnew();
 }
 
 bool FloorSession::TakeBackSetAside() {

@@ -98,7 +98,7 @@ void FloorDesk::Forgo() {
   if (!session_->ForgoLeft()) {
     return Say(QStringLiteral("رقم\u200cهاي مانده كنار گذاشته نشد، چون روي ديسك نوشته نشد؛ هنوز مانده است."));
   }
-  Say(wereAside ? QStringLiteral("رقم\u200cهاي مانده وارد نشد و همچنان كنار گذاشته است.")
+  Say(wereAside ? QStringLiteral("رقم\u200cهاي مانده وارد نشد و همچنان كنار گذاشته شده است.")
                 : QStringLiteral("رقم\u200cهاي مانده وارد نشد و 30 روز كنار مي\u200cماند."));
 }
 

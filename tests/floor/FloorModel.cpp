@@ -207,7 +207,8 @@ void FloorModel::Begin() {
     }
   }
   isContinued_ = true;
-  if (isNew) {
+  if (isNew && !onStored) journal_.records = InPlace(lastRecords_);
+  if (isNew && onStored) {
     for (const Record& record : InPlace(lastRecords_)) {
       if (record.ofFloor) journal_.entered.emplace(record.count, record.figure.sequence);
     }
@@ -288,7 +289,7 @@ void FloorModel::Settle(bool isWritten) {
   if (state_ == State::Ended || !wasEdited) return;
   if (!isWritten) return End();
   hasUnsaved_ = false;
-  if (std::exchange(holdsLeft_, false)) LeaveOutLeft();
+  LeaveOutLeft();
   if (state_ == State::Stopped) return End();
   BeginJournalAnew();
 }

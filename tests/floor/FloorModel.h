@@ -159,6 +159,8 @@ class FloorModel {
   void KeepEndAside();
   void Settle(bool isWritten);
   void LeaveOutLeft();
+  void ForgetLeft(const std::vector<LeftCell>& left, std::vector<Record>& records);
+  [[nodiscard]] std::vector<Record> ExtractInPlace(std::vector<Record>& records);
   void End();
   void KeepOrdinals();
   void BeginJournalAnew();

@@ -68,6 +68,16 @@ std::vector<FloorModel::Record> FloorModel::InPlace(const std::vector<Record>& r
   return found;
 }
 
+std::vector<FloorModel::Record> FloorModel::ExtractInPlace(std::vector<Record>& records) {
+  std::vector<Record> inPlace = InPlace(records);
+  std::erase_if(records, [&inPlace](const Record& record) {
+    return std::any_of(inPlace.begin(), inPlace.end(), [&record](const Record& of) {
+      return record.IsEntered() && of.count == record.count && of.figure.line == record.figure.line;
+    });
+  });
+  return inPlace;
+}
+
 void FloorModel::Replay() {
   const std::vector<LeftCell> left = std::exchange(left_, {});
   const bool wereAside = std::exchange(leftIsAside_, false);
@@ -108,41 +118,47 @@ void FloorModel::NotePlace(const LeftCell& cell, const Line& line) {
                        std::to_string(line.id));
 }
 
-/// The devices may send what is not in the counting anew.
+/// What is in its cell is the session's own.
 void FloorModel::Forgo() {
-  left_.clear();
-  const std::vector<Record> records = std::exchange(leftRecords_, {});
-  if (std::exchange(leftIsAside_, false)) return;
-  holdsLeft_ = false;
-  SetJournalAside();
-  answered_.clear();
-  entered_ = enteredBeforeLeft_;
-  BeginJournalAnew();
-  journal_.records = InPlace(records);
-  hasUnsaved_ = !journal_.records.empty();
-  for (const Record& record : journal_.records) Keep(record);
+  const std::vector<LeftCell> left = std::exchange(left_, {});
+  std::vector<Record> records = std::exchange(leftRecords_, {});
+  const std::vector<Record> inPlace = ExtractInPlace(records);
+  if (!std::exchange(leftIsAside_, false)) {
+    holdsLeft_ = false;
+    SetJournalAside();
+    ForgetLeft(left, records);
+    hasUnsaved_ = false;
+    BeginJournalAnew();
+  }
+  for (const Record& record : inPlace) Keep(record);
+  journal_.records.insert(journal_.records.end(), inPlace.begin(), inPlace.end());
+  hasUnsaved_ = hasUnsaved_ || !inPlace.empty();
 }
 
-/// A save sets left figures aside. Those that are not decided have not reached the counting: the devices may
-/// send them anew.
-void FloorModel::LeaveOutLeft() {
-  SetJournalAside();
-  if (left_.empty() || std::exchange(leftIsAside_, true)) return;
-  const std::vector<Record> records = std::exchange(leftRecords_, {});
+/// The devices may send left figures anew, but none that the desk has corrected since. The left ones remain.
+void FloorModel::ForgetLeft(const std::vector<LeftCell>& left, std::vector<Record>& records) {
   answered_.clear();
   entered_ = enteredBeforeLeft_;
-  for (const Record& record : records) {
-    const bool isLacking = std::any_of(left_.begin(), left_.end(), [&](const LeftCell& cell) {
-      const Line* const line = Find(cell.line);
-      const bool isSame = cell.count == record.count && cell.line == record.figure.line;
-      return isSame && (line == nullptr || line->counts.at(Place(cell.count)) != cell.last);
+  std::erase_if(records, [&](const Record& record) {
+    const bool isLeft = std::any_of(left.begin(), left.end(), [&record](const LeftCell& cell) {
+      return cell.count == record.count && cell.line == record.figure.line;
     });
-    if (record.IsEntered() && isLacking) {
-      leftRecords_.push_back(record);
-    } else {
-      Keep(record);
-    }
-  }
+    if (record.IsEntered() && isLeft) return false;
+    Keep(record);
+    return true;
+  });
+}
+
+/// A save sets left figures aside, and holds what is in its cell. Those that are not decided have not reached
+/// the counting.
+void FloorModel::LeaveOutLeft() {
+  const bool areUndecided = !left_.empty() && !leftIsAside_;
+  if (std::exchange(holdsLeft_, false)) SetJournalAside();
+  if (!areUndecided && !leftIsAside_) return;
+  leftIsAside_ = true;
+  const std::vector<Record> inPlace = ExtractInPlace(leftRecords_);
+  if (areUndecided) ForgetLeft(left_, leftRecords_);
+  for (const Record& record : inPlace) Keep(record);
 }
 
 bool FloorModel::CanBeEntered(const std::vector<LeftCell>& cells) {

@@ -12,6 +12,14 @@ class FloorReopened : public FloorWorld {
     session_->Stop();
     ASSERT_TRUE(session_->Reopen());
   }
+  /// The form shows what was cancelled, and the next session begins with it.
+  void CancelAndEdit() {
+    messages.WillAnswer(Answer::Yes);
+    ASSERT_TRUE(Desk().cmdCancel.UserClick());
+    ASSERT_TRUE(Desk().cmdEdit.UserClick());
+    session_.reset();
+    Open();
+  }
 };
 
 TEST_F(FloorReopened, Takes_figures_with_the_codes_and_answers_of_before) {
@@ -65,6 +73,34 @@ TEST_F(FloorReopened, An_addition_that_a_cancel_has_taken_back_is_applied_by_a_l
   StartAndOpen();
   EXPECT_EQ(Send(1, add).state, FigureState::Stored);
   EXPECT_EQ(Count(kTeaLine, 1), "5");
+}
+
+TEST_F(FloorReopened, An_addition_that_a_cancel_has_left_on_the_form_is_the_next_sessions_own) {
+  const FloorFigure add{7, kSugarLine, FloorFigure::Operation::Add, "3", {}};
+  Send(1, add);
+  CancelAndEdit();
+  EXPECT_EQ(Send(1, add).state, FigureState::Stored);
+  EXPECT_EQ(Count(kSugarLine, 1), "3");
+  EXPECT_TRUE(session_->HasUnsaved()) << "Cancel asks";
+  Crash();
+  StartAndOpen();
+  EXPECT_EQ(session_->Left().Cells().size(), 1U);
+}
+
+TEST_F(FloorReopened, An_addition_that_a_second_cancel_takes_off_the_form_is_applied_by_a_later_session) {
+  const FloorFigure add{7, kSugarLine, FloorFigure::Operation::Add, "3", {}};
+  Send(1, add);
+  CancelAndEdit();
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Desk().cmdCancel.UserClick());
+  ASSERT_TRUE(program_->View(20));
+  Desk().Timer1.Fire();
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  session_.reset();
+  Open();
+  EXPECT_EQ(Count(kSugarLine, 1), "");
+  EXPECT_EQ(Send(1, add).state, FigureState::Stored);
+  EXPECT_EQ(Count(kSugarLine, 1), "3");
 }
 
 TEST_F(FloorReopened, Lines_of_one_barcode_keep_their_keys_when_the_desk_has_deleted_one_meanwhile) {

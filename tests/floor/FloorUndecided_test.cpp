@@ -134,5 +134,35 @@ TEST_F(FloorUndecided, Leave_those_of_devices_after_a_replay_that_could_not_ente
   EXPECT_EQ(Send(1, kOfTea).text, "5");
 }
 
+TEST_F(FloorUndecided, Leave_what_the_desk_has_corrected_as_it_is_when_it_forgoes_them_without_a_save) {
+  CountCrashAndOpen();
+  Type(1, LineColumn::FirstCounting, "6");
+  ASSERT_TRUE(session_->ForgoLeft());
+  EXPECT_EQ(Send(1, kOfTea).state, FigureState::Stored);
+  EXPECT_EQ(Count(kTeaLine, 1), "6");
+}
+
+TEST_F(FloorUndecided, Are_not_added_to_what_the_desk_has_typed_for_them_after_the_save) {
+  CountCrashAndOpen();
+  SaveAndEdit();
+  Type(2, LineColumn::FirstCounting, "3");
+  ASSERT_TRUE(session_->ForgoLeft());
+  EXPECT_EQ(Send(1, kOfSugar).state, FigureState::Stored);
+  EXPECT_EQ(Count(kSugarLine, 1), "3");
+}
+
+TEST_F(FloorUndecided, Are_not_added_to_what_the_desk_has_typed_for_them_and_saved) {
+  CountCrashAndOpen();
+  SaveAndEdit();
+  Type(2, LineColumn::FirstCounting, "3");
+  Save();
+  ASSERT_TRUE(program_->View(20));
+  ASSERT_FALSE(session_->IsOpen());
+  session_.reset();
+  StartAndOpen();
+  EXPECT_EQ(Send(1, kOfSugar).state, FigureState::Stored);
+  EXPECT_EQ(Count(kSugarLine, 1), "3");
+}
+
 }  // namespace
 }  // namespace koru::test

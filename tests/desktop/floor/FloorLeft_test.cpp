@@ -59,7 +59,7 @@ TEST_F(FloorLeft, That_are_aside_already_are_said_to_stay_there_when_the_desk_do
         EXPECT_EQ(forgo.text().indexOf(QStringLiteral("30")), -1) << "the days began earlier";
         Click(dialog, "forgoLeft");
       }));
-  EXPECT_EQ(said, "رقم\u200cهاي مانده وارد نشد و همچنان كنار گذاشته است.");
+  EXPECT_EQ(said, "رقم\u200cهاي مانده وارد نشد و همچنان كنار گذاشته شده است.");
   EXPECT_EQ(Bar(), "hidden");
 }
 
