@@ -1,8 +1,6 @@
 #include "floor/FloorReplay.h"
 
 #include <algorithm>
-#include <functional>
-#include <iterator>
 #include <map>
 #include <set>
 #include <tuple>
@@ -78,12 +76,13 @@ std::vector<Trail> TrailsOf(const std::vector<JournalFigure>& journal) {
   return trails;
 }
 
+/// Takes out what is wanted, which is asked of each figure in their order.
 template <typename Wanted>
 std::vector<JournalFigure> Extract(std::vector<JournalFigure>& journal, const Wanted& isWanted) {
-  const auto wanted = std::stable_partition(journal.begin(), journal.end(), std::not_fn(isWanted));
-  std::vector<JournalFigure> extracted(std::make_move_iterator(wanted),
-                                       std::make_move_iterator(journal.end()));
-  journal.erase(wanted, journal.end());
+  std::vector<JournalFigure> extracted;
+  std::vector<JournalFigure> rest;
+  for (JournalFigure& figure : journal) (isWanted(figure) ? extracted : rest).push_back(std::move(figure));
+  journal = std::move(rest);
   return extracted;
 }
 
@@ -133,14 +132,29 @@ std::vector<JournalFigure> LeftFigures::ExtractOthers(std::vector<JournalFigure>
 
 std::vector<JournalFigure> ExtractInPlace(std::vector<JournalFigure>& journal, const Grid& grid,
                                           FloorLines& lines) {
-  std::map<CellKey, bool> inPlace;
-  for (const Trail& trail : TrailsOf(journal)) {
-    const LeftFigures::Cell& cell = trail.Cell();
-    inPlace[{cell.count, cell.line.barcode, cell.line.ordinal}] =
-        Holds(grid, lines.RowOf(cell.line), cell.count, cell.text);
+  struct Place {
+    Trail trail;
+    std::string before;  ///< all of them
+    std::size_t figures = 0;
+    std::size_t inPlace = 0;  ///< the first ones
+    bool isHeld = false;      ///< the text after all of them so far
+    std::size_t asked = 0;
+  };
+  std::map<CellKey, Place> places;
+  for (const JournalFigure& figure : journal) {
+    if (!figure.IsEntered()) continue;
+    Place& place = places.try_emplace(KeyOf(figure), Place{Trail(figure), figure.before}).first->second;
+    place.trail.Add(figure);
+    ++place.figures;
+    const LeftFigures::Cell& cell = place.trail.Cell();
+    place.isHeld = Holds(grid, lines.RowOf(cell.line), cell.count, cell.text);
+    if (place.isHeld && cell.text != place.before) place.inPlace = place.figures;
   }
-  return Extract(
-      journal, [&](const JournalFigure& figure) { return figure.IsEntered() && inPlace.at(KeyOf(figure)); });
+  return Extract(journal, [&](const JournalFigure& figure) {
+    if (!figure.IsEntered()) return false;
+    Place& place = places.at(KeyOf(figure));
+    return place.isHeld || place.asked++ < place.inPlace;
+  });
 }
 
 }  // namespace koru

@@ -49,7 +49,9 @@ class LeftFigures {
   std::vector<Cell> cells_;
 };
 
-/// Takes out of a journal the figures whose cells hold the last one of theirs.
+/// Takes out of a journal the figures that cells have come from: a cell that holds what it held after one of
+/// its figures has come from this one and those before it. If it held the same before all of them, it has
+/// come from all or none: from all where it holds the last one.
 [[nodiscard]] std::vector<JournalFigure> ExtractInPlace(std::vector<JournalFigure>& journal, const Grid& grid,
                                                         FloorLines& lines);
 

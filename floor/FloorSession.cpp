@@ -327,6 +327,7 @@ void FloorSession::NoteDesk(const LineKey& line, int count, const std::string& b
   record.before = before;
   record.time = around_.now();
   keeper_.Add(JournalLine(record));
+  if (!left_.Cells().empty()) leftJournal_.push_back(record);
 }
 
 }  // namespace koru

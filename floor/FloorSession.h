@@ -207,7 +207,7 @@ class FloorSession {
   FloorMembers members_;
   std::vector<UnknownBarcode> unknown_;
   LeftFigures left_;
-  std::vector<JournalFigure> leftJournal_;  ///< the figures that left_ comes from
+  std::vector<JournalFigure> leftJournal_;  ///< the figures that left_ comes from, and the desk's since
   bool leftIsAside_ = false;                ///< that is, of a journal which was set aside
   bool holdsLeft_ = false;                  ///< the journal has left figures that are not in the counting
   JournalStart leftStart_;                  ///< what the journal began with

@@ -137,6 +137,7 @@ ReplayedFigures FloorSession::Replay() {
   ReplayedFigures replayed;
   Follow(false);
   if (end_ != End::None || !IsEdited() || IsCommandAtWork()) return replayed;
+  Flush();
   const LeftFigures left = std::exchange(left_, {});
   std::vector<JournalFigure> entered;
   for (const LeftFigures::Cell& cell : left.Cells()) {
@@ -188,14 +189,10 @@ void FloorSession::Take(const std::vector<JournalFigure>& figures) {
 bool FloorSession::LeaveOutLeft() {
   const bool areUndecided = SaveSetsLeftAside();
   if (holdsLeft_ && !SetLeftAside()) return false;
-  std::vector<JournalFigure> saved;
-  if (areUndecided) {
-    members_.ForgetFigures(leftStart_);
-    saved = left_.ExtractOthers(leftJournal_, controls_.flexDetail, lines_);
-    leftIsAside_ = true;
-  } else if (leftIsAside_) {
-    saved = ExtractInPlace(leftJournal_, controls_.flexDetail, lines_);
-  }
+  if (left_.Cells().empty()) return true;
+  leftIsAside_ = true;
+  const auto saved = ExtractInPlace(leftJournal_, controls_.flexDetail, lines_);
+  if (areUndecided) ForgetLeft(left_, leftJournal_);
   for (const JournalFigure& figure : saved) members_.Take(figure);
   return true;
 }
@@ -208,6 +205,7 @@ bool FloorSession::SetLeftAside() {
 
 bool FloorSession::ForgoLeft() {
   if (left_.Cells().empty()) return true;
+  Flush();
   const bool isHeld = SaveSetsLeftAside();
   if (isHeld && !SetLeftAside()) return false;
   const LeftFigures left = std::exchange(left_, {});
@@ -215,21 +213,23 @@ bool FloorSession::ForgoLeft() {
   leftIsAside_ = false;
   if (!IsFinished()) {
     const auto inPlace = ExtractInPlace(journal, controls_.flexDetail, lines_);
-    if (isHeld) ForgetLeft(left, journal);
+    if (isHeld) {
+      ForgetLeft(left, journal);
+      hasUnsaved_ = false;
+      keeper_.BeginAnew();
+    }
     Take(inPlace);
   }
   Changed.Raise();
   return true;
 }
 
-/// The figures that nobody wants have not reached the counting: a device that still has one sends it anew.
-/// Those that the desk has corrected since have.
+/// Left figures have not reached the counting: a device that still has one sends it anew. They remain in the
+/// journal, from which those that cells have come from were taken.
 void FloorSession::ForgetLeft(const LeftFigures& left, std::vector<JournalFigure>& journal) {
   members_.ForgetFigures(leftStart_);
-  for (const JournalFigure& corrected : left.ExtractOthers(journal, controls_.flexDetail, lines_))
-    members_.Take(corrected);
-  hasUnsaved_ = false;
-  keeper_.BeginAnew();
+  for (const JournalFigure& other : left.ExtractOthers(journal, controls_.flexDetail, lines_))
+    members_.Take(other);
 }
 
 bool FloorSession::TakeBackSetAside() {

@@ -189,5 +189,38 @@ TEST_F(FloorDrafts, Lines_of_which_another_station_has_removed_one_are_known_aga
   EXPECT_EQ(Count(key, 1), "9");
 }
 
+TEST_F(FloorDrafts, Keep_the_part_of_a_figure_that_they_have_over_a_cancel) {
+  const FloorFigure three{7, kSugarLine, FloorFigure::Operation::Add, "3", {}};
+  Send(1, three);
+  WriteDraft();
+  Add(1, kSugarLine, "2");
+  Crash();
+  Restore();
+  ASSERT_EQ(session_->Left().Cells().size(), 1U);
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Desk().cmdCancel.UserClick());
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  session_.reset();
+  Open();
+  EXPECT_EQ(Send(1, three).state, FigureState::Stored);
+  EXPECT_EQ(Count(kSugarLine, 1), "3");
+}
+
+TEST_F(FloorDrafts, That_the_desk_corrects_before_it_forgoes_figures_are_offered_after_a_crash_without_them) {
+  Add(1, kSugarLine, "5");
+  WriteDraft();
+  Add(1, {"G3", 1}, "3");
+  Crash();
+  Restore();
+  ASSERT_EQ(session_->Left().Cells().size(), 1U);
+  Type(2, LineColumn::FirstCounting, "6");
+  ASSERT_TRUE(session_->ForgoLeft());
+  EXPECT_TRUE(session_->HasUnsaved()) << "Cancel asks";
+  Crash();
+  StartAndOpen();
+  ASSERT_EQ(session_->Left().Cells().size(), 1U);
+  EXPECT_EQ(session_->Left().Cells()[0].line, kSugarLine);
+}
+
 }  // namespace
 }  // namespace koru::test

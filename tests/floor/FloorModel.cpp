@@ -58,6 +58,7 @@ void FloorModel::DeskEnters(int id, int count, const std::string& text) {
                               before,
                               {0, FigureState::Stored, text, {}, {}},
                               id});
+  if (!left_.empty()) leftRecords_.push_back(journal_.records.back());
 }
 
 void FloorModel::DeskAdds(int id, const std::string& barcode) {
@@ -207,9 +208,11 @@ void FloorModel::Begin() {
     }
   }
   isContinued_ = true;
-  if (isNew && !onStored) journal_.records = InPlace(lastRecords_);
+  std::vector<Record> last = isNew ? lastRecords_ : std::vector<Record>();
+  std::vector<Record> inPlace = ExtractInPlace(last);
+  if (isNew && !onStored) journal_.records = std::move(inPlace);
   if (isNew && onStored) {
-    for (const Record& record : InPlace(lastRecords_)) {
+    for (const Record& record : inPlace) {
       if (record.ofFloor) journal_.entered.emplace(record.count, record.figure.sequence);
     }
   }

@@ -173,7 +173,6 @@ class FloorModel {
   [[nodiscard]] bool IsLeft(const LineKey& line, int count) const;
   [[nodiscard]] static std::vector<LeftCell> Trails(const std::vector<Record>& records);
   [[nodiscard]] std::vector<LeftCell> Lacking(const std::vector<Record>& records);
-  [[nodiscard]] std::vector<Record> InPlace(const std::vector<Record>& records);
   [[nodiscard]] bool CanBeEntered(const std::vector<LeftCell>& cells);
   [[nodiscard]] bool IsSomewhere(int id, int count, const Acknowledged& figure) const;
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <tuple>
 
 #include "tests/floor/FloorModel.h"
 
@@ -54,27 +56,36 @@ std::vector<FloorModel::LeftCell> FloorModel::Lacking(const std::vector<Record>&
   return cells;
 }
 
-/// The figures of the cells that hold the last one of theirs.
-std::vector<FloorModel::Record> FloorModel::InPlace(const std::vector<Record>& records) {
-  const std::vector<LeftCell> cells = Trails(records);
-  std::vector<Record> found;
-  std::copy_if(records.begin(), records.end(), std::back_inserter(found), [&](const Record& record) {
-    const auto cell = std::find_if(cells.begin(), cells.end(), [&record](const LeftCell& of) {
-      return of.count == record.count && of.line == record.figure.line;
-    });
-    const Line* const line = Find(record.figure.line);
-    return record.IsEntered() && line != nullptr && line->counts.at(Place(record.count)) == cell->last;
-  });
-  return found;
-}
-
+/// The figures that cells have come from: up to the last one after which the cell held what it holds, but not
+/// before all of them.
 std::vector<FloorModel::Record> FloorModel::ExtractInPlace(std::vector<Record>& records) {
-  std::vector<Record> inPlace = InPlace(records);
-  std::erase_if(records, [&inPlace](const Record& record) {
-    return std::any_of(inPlace.begin(), inPlace.end(), [&record](const Record& of) {
-      return record.IsEntered() && of.count == record.count && of.figure.line == record.figure.line;
-    });
-  });
+  using Cell = std::tuple<int, std::string, int>;
+  const auto cellOf = [](const Record& record) {
+    return Cell(record.count, record.figure.line.barcode, record.figure.line.ordinal);
+  };
+  std::map<Cell, std::size_t> all;
+  for (const Record& record : records) all[cellOf(record)] += record.IsEntered() ? 1 : 0;
+  std::map<Cell, std::vector<Record>> figures;
+  std::map<Cell, std::size_t> held;
+  for (const Record& record : records) {
+    if (!record.IsEntered()) continue;
+    std::vector<Record>& ofCell = figures[cellOf(record)];
+    ofCell.push_back(record);
+    const Line* const line = Find(record.figure.line);
+    const std::string last = Trails(ofCell).front().last;
+    if (line == nullptr || line->counts.at(Place(record.count)) != last) continue;
+    if (ofCell.size() == all[cellOf(record)] || last != ofCell.front().before)
+      held[cellOf(record)] = ofCell.size();
+  }
+  std::vector<Record> inPlace;
+  std::vector<Record> others;
+  for (const Record& record : records) {
+    std::size_t& left = held[cellOf(record)];
+    const bool isHeld = record.IsEntered() && left > 0;
+    left -= isHeld ? 1 : 0;
+    (isHeld ? inPlace : others).push_back(record);
+  }
+  records = std::move(others);
   return inPlace;
 }
 
@@ -101,7 +112,7 @@ void FloorModel::Replay() {
   }
   std::vector<Record> taken;
   if (wereAside) {
-    taken = InPlace(leftRecords_);
+    taken = ExtractInPlace(leftRecords_);
   } else if (isWhole) {
     holdsLeft_ = false;
   }

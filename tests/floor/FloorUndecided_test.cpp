@@ -8,6 +8,7 @@ namespace {
 
 const FloorFigure kOfTea{7, kTeaLine, FloorFigure::Operation::Add, "5", {}};
 const FloorFigure kOfSugar{8, kSugarLine, FloorFigure::Operation::Add, "3", {}};
+const FloorFigure kMoreSugar{9, kSugarLine, FloorFigure::Operation::Add, "2", {}};
 
 class FloorUndecided : public FloorWorld {
  protected:
@@ -27,6 +28,23 @@ class FloorUndecided : public FloorWorld {
     StoreTea();
     StartAndOpen();
     ASSERT_EQ(session_->Left().Cells().size(), 1U);
+  }
+  /// The counting has the three of sugar, and the two that were added to them are left.
+  void CountTwiceCrashAndOpen() {
+    Send(1, kOfSugar);
+    Send(1, kMoreSugar);
+    Crash();
+    database.Execute(
+        "update tblInventoryCountingDetail set FirstCounting=3 where CountingID=20 and RowNumber=2");
+    StartAndOpen();
+    ASSERT_EQ(session_->Left().Cells().size(), 1U);
+  }
+  /// Both additions come once more: the three are counted already, the two are not.
+  void ExpectMoreSugarAlone() {
+    EXPECT_EQ(Send(1, kOfSugar).state, FigureState::Stored);
+    EXPECT_EQ(Count(kSugarLine, 1), "3");
+    EXPECT_EQ(Send(1, kMoreSugar).state, FigureState::Stored);
+    EXPECT_EQ(Count(kSugarLine, 1), "5");
   }
   void OpenNextSession() {
     session_.reset();
@@ -162,6 +180,22 @@ TEST_F(FloorUndecided, Are_not_added_to_what_the_desk_has_typed_for_them_and_sav
   StartAndOpen();
   EXPECT_EQ(Send(1, kOfSugar).state, FigureState::Stored);
   EXPECT_EQ(Count(kSugarLine, 1), "3");
+}
+
+TEST_F(FloorUndecided,
+       Leave_the_part_of_a_figure_that_the_counting_has_counted_when_the_desk_forgoes_the_rest) {
+  CountTwiceCrashAndOpen();
+  ASSERT_TRUE(session_->ForgoLeft());
+  ExpectMoreSugarAlone();
+}
+
+TEST_F(FloorUndecided,
+       Leave_the_part_of_a_figure_that_the_counting_has_counted_when_a_save_leaves_out_the_rest) {
+  CountTwiceCrashAndOpen();
+  SaveAndEdit();
+  Crash();
+  StartAndOpen();
+  ExpectMoreSugarAlone();
 }
 
 }  // namespace
