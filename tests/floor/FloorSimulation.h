@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/floor/FloorLedger.h"
 #include "tests/floor/FloorModel.h"
 #include "tests/floor/FloorWorld.h"
 #include "tests/floor/MemoryDrafts.h"
@@ -51,11 +52,13 @@ class FloorSimulation : public FloorWorld {
 
   // Devices (FloorSimulationDevices.cpp).
   void EnterOnDevice();
-  void Deliver();
+  void LoseAnswers();
+  void Deliver(SimulatedDevice& device, bool isAnswered);
   void ReadChanges(SimulatedDevice& device);
   [[nodiscard]] std::vector<FloorFigure> Batch(const SimulatedDevice& device);
 
   // The desk (FloorSimulationDesk.cpp).
+  void DeskEnters(int id, int count, const std::string& text);
   void TypeAtDesk();
   void UndoAtDesk();
   void RedoAtDesk();
@@ -69,6 +72,7 @@ class FloorSimulation : public FloorWorld {
   void ShowAgain();
   void StopOrReopen();
   void DecideLeft();
+  void WorkWhileLeft();
   void TakeBack();
   void CrashDesk();
   void StartAfterCrash(std::size_t kept);
@@ -78,6 +82,7 @@ class FloorSimulation : public FloorWorld {
   void NoteCodes();
   void OtherStationWrites();
   void BeginIfEnded();
+  void FollowSession();
   void HasReadOrSaved();
   void ForgetHistory();
 
@@ -97,10 +102,12 @@ class FloorSimulation : public FloorWorld {
   [[nodiscard]] bool HasLines() { return Lines().Rows() > 1; }
   /// The line in a row, by its book stock.
   [[nodiscard]] int LineIn(int row) { return std::stoi(CellOf(row, LineColumn::SystemCounting)); }
+  [[nodiscard]] std::pair<int, int> AnyCell();
   [[nodiscard]] std::vector<int> Order();
 
   std::mt19937 chance_;
   FloorModel model_{{}};
+  FloorLedger ledger_;
   std::vector<SimulatedDevice> devices_;
   std::array<std::string, kFloorCounts> codes_;
   std::set<int> drawn_;  ///< the ordinals that have been drawn

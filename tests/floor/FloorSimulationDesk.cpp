@@ -14,15 +14,40 @@ std::vector<int> FloorSimulation::Order() {
   return order;
 }
 
+void FloorSimulation::DeskEnters(int id, int count, const std::string& text) {
+  ledger_.DeskEnters(count, model_.Find(id)->key, model_.Cell(id, count), text);
+  model_.DeskEnters(id, count, text);
+}
+
+/// A row and a count; those with a figure are the ones that the desk corrects.
+std::pair<int, int> FloorSimulation::AnyCell() {
+  if (!model_.Left().empty() && Any(2) == 0) {
+    const FloorModel::LeftCell& left = model_.Left().front();
+    for (int row = 1; row < Lines().Rows(); ++row) {
+      if (model_.Find(LineIn(row))->key == left.line) return {row, left.count};
+    }
+  }
+  int row = 1 + Any(Lines().Rows() - 1);
+  int count = 1 + Any(kFloorCounts);
+  for (int again = 0; again < 5 && CellOf(row, FloorLines::ColumnOf(count)).empty(); ++again) {
+    row = 1 + Any(Lines().Rows() - 1);
+    count = 1 + Any(kFloorCounts);
+  }
+  return {row, count};
+}
+
 void FloorSimulation::TypeAtDesk() {
   if (!HasLines()) return;
-  const int row = 1 + Any(Lines().Rows() - 1);
+  const auto [row, count] = AnyCell();
   const int id = LineIn(row);
-  const int count = 1 + Any(kFloorCounts);
-  const std::string text = Any(6) == 0 ? std::string() : std::to_string(Any(20));
+  std::string text = Any(6) == 0 ? std::string() : std::to_string(Any(20));
+  for (const FloorModel::LeftCell& left : model_.Left()) {
+    const bool isHere = left.count == count && left.line == model_.Find(id)->key;
+    if (isHere && Any(2) == 0) text = left.last;  // the desk enters what it is offered
+  }
   const std::string before = model_.Cell(id, count);
   ASSERT_TRUE(Type(row, FloorLines::ColumnOf(count), text));
-  model_.DeskEnters(id, count, text);
+  DeskEnters(id, count, text);
   if (before == text) return;
   history_.resize(done_);
   history_.push_back({id, count, before, text});
@@ -35,7 +60,7 @@ void FloorSimulation::UndoAtDesk() {
   while (done_ > 0) {
     const DeskStep step = history_[--done_];
     if (model_.Find(step.id) != nullptr) {
-      if (model_.Cell(step.id, step.count) == step.after) model_.DeskEnters(step.id, step.count, step.before);
+      if (model_.Cell(step.id, step.count) == step.after) DeskEnters(step.id, step.count, step.before);
       return;
     }
     history_.erase(history_.begin() + static_cast<std::ptrdiff_t>(done_));
@@ -47,7 +72,7 @@ void FloorSimulation::RedoAtDesk() {
   while (done_ < history_.size()) {
     const DeskStep step = history_[done_];
     if (model_.Find(step.id) != nullptr) {
-      if (model_.Cell(step.id, step.count) == step.before) model_.DeskEnters(step.id, step.count, step.after);
+      if (model_.Cell(step.id, step.count) == step.before) DeskEnters(step.id, step.count, step.after);
       ++done_;
       return;
     }
@@ -68,6 +93,7 @@ void FloorSimulation::DeleteAtDesk() {
   Lines().UserMoveTo(row, LineColumn::FirstCounting);
   messages.WillAnswer(Answer::Yes);
   ASSERT_TRUE(Lines().UserDeleteRow());
+  ledger_.DeskDeletes(model_.Find(id)->key);
   model_.DeskDeletes(id);
 }
 
@@ -97,8 +123,12 @@ void FloorSimulation::SaveAtDesk() {
   ASSERT_EQ(messages.UnusedAnswers(), 0U);
   if (choice == 1) return model_.DoesNotSave();
   HasReadOrSaved();
-  if (choice == 0) return model_.Save(order);
+  if (choice == 0) {
+    model_.Save(order);
+    return ledger_.Save();
+  }
   model_.ShowStored();
+  ledger_.ShowStored();
 }
 
 /// The form has the lines that are stored.
@@ -127,20 +157,35 @@ void FloorSimulation::FailToSave() {
 void FloorSimulation::Edit() {
   ASSERT_TRUE(Desk().cmdEdit.UserClick());
   ASSERT_EQ(DeskMode(), DocumentMode::Editing);
+  if (model_.IsChangedElsewhere()) ledger_.ShowStored();
   model_.Edit();
   BeginIfEnded();
 }
 
-/// A session that begins with a new journal has other codes: devices keep what they have not sent, for the
-/// counters to read.
+/// A session that begins with a new journal has other codes: devices send with them what they have not sent.
 void FloorSimulation::BeginIfEnded() {
   if (model_.SessionState() != FloorModel::State::Ended) return;
   session_.reset();
   Open();
+  FollowSession();
   model_.Begin();
-  for (SimulatedDevice& device : devices_) device = {device.count, device.id, device.lastSequence, {}, {}, 0};
+  for (SimulatedDevice& device : devices_) {
+    device.seen.clear();
+    device.revision = 0;
+  }
   NoteCodes();
   ExpectKeys();
+}
+
+/// The ledger sees what the session decides and offers.
+void FloorSimulation::FollowSession() {
+  session_->Decided.Always([this](const JournalFigure& figure, const std::string& /*device*/) {
+    if (figure.IsEntered()) ledger_.Enter(figure);
+  });
+  ledger_.Offer(session_->Left().Cells(), {journal_.Read()});
+  const auto text = [this](const LineKey& line, int count) { return Count(line, count); };
+  const bool isNew = ReadJournal(journal_.Read()).figures.empty() && !journal_.aside.empty();
+  ledger_.TakeInPlace(isNew ? journal_.aside.front() : journal_.Read(), text, Desk().EntryIsWritten());
 }
 
 void FloorSimulation::Cancel() {
@@ -148,6 +193,7 @@ void FloorSimulation::Cancel() {
   ASSERT_TRUE(Desk().cmdCancel.UserClick());
   ASSERT_EQ(DeskMode(), DocumentMode::Viewing);
   model_.Cancel();
+  ledger_.Cancel();
   ForgetHistory();
 }
 
@@ -156,6 +202,7 @@ void FloorSimulation::ShowAgain() {
   ASSERT_TRUE(program_->View(20));
   Desk().Timer1.Fire();
   model_.ShowStored();
+  ledger_.ShowStored();
   HasReadOrSaved();
 }
 
@@ -172,24 +219,43 @@ void FloorSimulation::StopOrReopen() {
 /// What an earlier program or a journal that was set aside has left is entered, or done without.
 void FloorSimulation::DecideLeft() {
   if (model_.SessionState() != FloorModel::State::Running || model_.Left().empty()) return;
-  if (Any(3) > 0) {
-    session_->Replay();
+  if (Any(2) == 0) {
+    ledger_.Replay(session_->Replay());
     model_.Replay();
     return;
   }
   ASSERT_TRUE(session_->Commit());
   ASSERT_TRUE(session_->ForgoLeft());
   model_.Forgo();
+  ledger_.Forgo();
+}
+
+/// The desk works on before it decides.
+void FloorSimulation::WorkWhileLeft() {
+  switch (Any(5)) {
+    case 0:
+      return SaveAtDesk();
+    case 1:
+    case 2:
+      return DecideLeft();
+    default:
+      return TypeAtDesk();
+  }
 }
 
 void FloorSimulation::TakeBack() {
   if (model_.SessionState() != FloorModel::State::Running || !model_.Left().empty()) return;
   ASSERT_EQ(session_->TakeBackSetAside(), model_.TakeBackSetAside());
+  ledger_.Offer(session_->Left().Cells(), journal_.aside);
   if (Any(3) > 0) DecideLeft();
 }
 
 void FloorSimulation::CrashDesk() {
   const bool isAgain = Any(4) == 0;
+  for (int round = Any(3); round > 0 && model_.IsOpen(); --round) {
+    ASSERT_NO_FATAL_FAILURE(LoseAnswers());
+    ASSERT_NO_FATAL_FAILURE(PauseAtDesk());
+  }
   for (int crash = 0; crash < (isAgain ? 2 : 1); ++crash) {
     if (Any(2) == 0) {
       ASSERT_TRUE(session_->Commit());
@@ -204,7 +270,7 @@ void FloorSimulation::CrashDesk() {
     ASSERT_NO_FATAL_FAILURE(StartAfterCrash(kept));
     if (!hasJournal) NoteCodes();
     ASSERT_NO_FATAL_FAILURE(ExpectKeys());
-    if (Any(3) > 0) DecideLeft();
+    if (Any(2) > 0) DecideLeft();
   }
 }
 
@@ -217,6 +283,8 @@ void FloorSimulation::StartAfterCrash(std::size_t kept) {
     StartAndOpen();
   }
   model_.Crash(kept, isRestored);
+  ledger_.Crash(isRestored);
+  FollowSession();
   HasReadOrSaved();
   if (isRestored) isGuarded_ = draftIsGuarded_;
 }

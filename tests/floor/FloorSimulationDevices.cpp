@@ -14,7 +14,7 @@ void FloorSimulation::EnterOnDevice() {
     const auto seen = std::next(device.seen.begin(), Any(static_cast<int>(device.seen.size())));
     line = {seen->first.first, seen->first.second};
   }
-  const auto operation = Any(3) == 0 ? FloorFigure::Operation::Add : FloorFigure::Operation::Set;
+  const auto operation = Any(2) == 0 ? FloorFigure::Operation::Add : FloorFigure::Operation::Set;
   std::string text = std::to_string(Any(4) == 0 ? Any(20) : Any(1000));
   if (Any(12) == 0) text = operation == FloorFigure::Operation::Set ? "" : "-" + text;
   std::string base = device.seen[{line.barcode, line.ordinal}];
@@ -36,8 +36,15 @@ std::vector<FloorFigure> FloorSimulation::Batch(const SimulatedDevice& device) {
   return batch;
 }
 
-void FloorSimulation::Deliver() {
-  SimulatedDevice& device = AnyDevice();
+/// Figures reach the desk, and the network is gone before its answers.
+void FloorSimulation::LoseAnswers() {
+  EnterOnDevice();
+  for (SimulatedDevice& device : devices_) {
+    if (!HasFatalFailure()) Deliver(device, false);
+  }
+}
+
+void FloorSimulation::Deliver(SimulatedDevice& device, bool isAnswered) {
   const std::vector<FloorFigure> batch = Batch(device);
   const auto answers = session_->Enter(device.count, device.id, batch);
   ASSERT_EQ(answers.size(), batch.size());
@@ -47,7 +54,9 @@ void FloorSimulation::Deliver() {
     ASSERT_EQ(answers[at].text, expected.text) << batch[at].line.barcode << " " << batch[at].text;
   }
   ASSERT_TRUE(session_->Commit());
-  if (Any(3) == 0) return;  // the answers are lost
+  if (model_.SessionState() != FloorModel::State::Running) return;  // without a code, nothing is answered
+  for (const FloorAnswer& answer : answers) ledger_.Answer(device.count, answer);
+  if (!isAnswered) return;
   for (const FloorAnswer& answer : answers) {
     if (answer.state == FigureState::Paused) continue;
     std::erase_if(device.queue,

@@ -22,6 +22,7 @@ FloorSimulation::FloorSimulation() : FloorWorld(TestDatabase::Kind::File) {
   drafts_ = &store_;
   store_.onWrite = [this] {
     model_.WriteDraft();
+    ledger_.WriteDraft();
     draftIsGuarded_ = isGuarded_;
   };
 }
@@ -43,6 +44,8 @@ void FloorSimulation::Reset(unsigned seed) {
   model_ = FloorModel({{kFirstLine, "G1", {}}, {102, "G2", {}}, {103, "G3", {}}, {kLastLine, "G1", {}}});
   model_.Begin();
   StartAndOpen();
+  ledger_ = {};
+  FollowSession();
   devices_.clear();
   NoteCodes();
   for (int count = 1; count <= kFloorCounts; ++count) {
@@ -58,7 +61,7 @@ void FloorSimulation::Step() {
       return ReadChanges(AnyDevice());
     case 1:
     case 2:
-      return Deliver();
+      return Deliver(AnyDevice(), Any(3) > 0);
     case 3:
       if (Any(3) > 0) return EnterOnDevice();
       for (SimulatedDevice& device : devices_) {  // a page that is opened anew
@@ -76,6 +79,7 @@ void FloorSimulation::Step() {
 }
 
 void FloorSimulation::StepOfDesk() {
+  if (model_.IsEdited() && !model_.Left().empty() && Any(2) == 0) return WorkWhileLeft();
   const int step = Any(29);
   if (step == 0 || step == 28) return CrashDesk();
   if (step == 1) return OtherStationWrites();
@@ -135,6 +139,7 @@ void FloorSimulation::ExpectModel() {
   ASSERT_NO_FATAL_FAILURE(ExpectOrderOfEntry());
   ASSERT_EQ(!store_.text.empty(), model_.HasDraft());
   ASSERT_EQ(model_.IsEdited() && Desk().EntryIsWritten(), model_.IsEdited() && model_.IsWritten());
+  ASSERT_EQ(ledger_.Complaint(session_->Left().Cells()), "");
   ASSERT_EQ(model_.Lost(), "");
   ASSERT_EQ(model_.Misplaced(), Texts{});
   ASSERT_NO_FATAL_FAILURE(ExpectSession());
@@ -244,7 +249,7 @@ void FloorSimulation::End() {
   if (!model_.IsEdited()) Edit();
   if (model_.SessionState() == FloorModel::State::Stopped) StopOrReopen();
   while (!model_.Left().empty()) DecideLeft();
-  for (int round = 0; round < 30 && !HasFatalFailure(); ++round) Deliver();
+  for (int round = 0; round < 30 && !HasFatalFailure(); ++round) Deliver(AnyDevice(), Any(3) > 0);
   if (!HasFatalFailure()) ExpectModel();
   if (!HasFatalFailure()) ExpectSameAsTyped();
 }
