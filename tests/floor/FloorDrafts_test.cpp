@@ -134,11 +134,7 @@ TEST_F(FloorDrafts, That_are_given_up_leave_the_figures_of_before_to_their_lines
   static_cast<void>(session_->Replay());
   messages.WillAnswer(Answer::Yes);
   ASSERT_TRUE(Desk().cmdCancel.UserClick());
-  ASSERT_TRUE(program_->View(20));
-  Desk().Timer1.Fire();
-  ASSERT_TRUE(Desk().cmdEdit.UserClick());
-  session_.reset();
-  Open();
+  ViewEditAndOpen();
   ASSERT_TRUE(session_->TakeBackSetAside());
   EXPECT_EQ(session_->Replay().entered, 1U);
   EXPECT_EQ(Count(kOtherTeaLine, 1), "8");
@@ -197,11 +193,7 @@ TEST_F(FloorDrafts, Keep_the_part_of_a_figure_that_they_have_over_a_cancel) {
   Crash();
   Restore();
   ASSERT_EQ(session_->Left().Cells().size(), 1U);
-  messages.WillAnswer(Answer::Yes);
-  ASSERT_TRUE(Desk().cmdCancel.UserClick());
-  ASSERT_TRUE(Desk().cmdEdit.UserClick());
-  session_.reset();
-  Open();
+  CancelAndEdit();
   EXPECT_EQ(Send(1, three).state, FigureState::Stored);
   EXPECT_EQ(Count(kSugarLine, 1), "3");
 }

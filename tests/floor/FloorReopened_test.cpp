@@ -12,14 +12,6 @@ class FloorReopened : public FloorWorld {
     session_->Stop();
     ASSERT_TRUE(session_->Reopen());
   }
-  /// The form shows what was cancelled, and the next session begins with it.
-  void CancelAndEdit() {
-    messages.WillAnswer(Answer::Yes);
-    ASSERT_TRUE(Desk().cmdCancel.UserClick());
-    ASSERT_TRUE(Desk().cmdEdit.UserClick());
-    session_.reset();
-    Open();
-  }
 };
 
 TEST_F(FloorReopened, Takes_figures_with_the_codes_and_answers_of_before) {
@@ -93,11 +85,7 @@ TEST_F(FloorReopened, An_addition_that_a_second_cancel_takes_off_the_form_is_app
   CancelAndEdit();
   messages.WillAnswer(Answer::Yes);
   ASSERT_TRUE(Desk().cmdCancel.UserClick());
-  ASSERT_TRUE(program_->View(20));
-  Desk().Timer1.Fire();
-  ASSERT_TRUE(Desk().cmdEdit.UserClick());
-  session_.reset();
-  Open();
+  ViewEditAndOpen();
   EXPECT_EQ(Count(kSugarLine, 1), "");
   EXPECT_EQ(Send(1, add).state, FigureState::Stored);
   EXPECT_EQ(Count(kSugarLine, 1), "3");
@@ -143,11 +131,7 @@ TEST_F(FloorReopened, Figures_that_are_taken_back_find_their_lines_after_another
   Delete(1);
   SaveAndEdit();
   Set(1, kOtherTeaLine, "8");
-  ASSERT_TRUE(program_->View(20));
-  Desk().Timer1.Fire();
-  ASSERT_TRUE(Desk().cmdEdit.UserClick());
-  session_.reset();
-  Open();
+  ViewEditAndOpen();
   ASSERT_TRUE(session_->TakeBackSetAside());
   EXPECT_EQ(session_->Replay().entered, 1U);
   EXPECT_EQ(Count(kOtherTeaLine, 1), "8");

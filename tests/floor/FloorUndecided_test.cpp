@@ -46,10 +46,6 @@ class FloorUndecided : public FloorWorld {
     EXPECT_EQ(Send(1, kMoreSugar).state, FigureState::Stored);
     EXPECT_EQ(Count(kSugarLine, 1), "5");
   }
-  void OpenNextSession() {
-    session_.reset();
-    Open();
-  }
   /// Both figures come once more: tea is counted already, sugar is not.
   void ExpectSugarAlone() {
     EXPECT_EQ(Send(1, kOfTea).state, FigureState::Stored);

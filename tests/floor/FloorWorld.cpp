@@ -31,6 +31,10 @@ void FloorWorld::StartProgram() {
 
 void FloorWorld::Start() {
   StartProgram();
+  ViewAndEdit();
+}
+
+void FloorWorld::ViewAndEdit() {
   ASSERT_TRUE(program_->View(20));
   Desk().Timer1.Fire();
   ASSERT_TRUE(Desk().cmdEdit.UserClick());
@@ -77,6 +81,23 @@ void FloorWorld::Save() {
   Desk().Timer1.Fire();  // the commands are those of what is on the form
   ASSERT_TRUE(Desk().cmdTmpSave.UserClick());
   ASSERT_EQ(DeskMode(), DocumentMode::Viewing);
+}
+
+void FloorWorld::CancelAndEdit() {
+  messages.WillAnswer(Answer::Yes);
+  ASSERT_TRUE(Desk().cmdCancel.UserClick());
+  ASSERT_TRUE(Desk().cmdEdit.UserClick());
+  OpenNextSession();
+}
+
+void FloorWorld::ViewEditAndOpen() {
+  ViewAndEdit();
+  OpenNextSession();
+}
+
+void FloorWorld::OpenNextSession() {
+  session_.reset();
+  Open();
 }
 
 void FloorWorld::SaveAndEdit() {

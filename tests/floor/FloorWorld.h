@@ -49,6 +49,12 @@ class FloorWorld : public CountingWorld {
   void Delete(int row);
   void Save();
   void SaveAndEdit();
+  /// The form shows what was cancelled, and the next session begins with it.
+  void CancelAndEdit();
+  /// The form shows what is stored, and the next session begins with it.
+  void ViewEditAndOpen();
+  void OpenNextSession();
+  void ViewAndEdit();
 
   /// A figure from the device of a count; the answer after it is on the disk.
   FloorAnswer Send(int count, const FloorFigure& figure);

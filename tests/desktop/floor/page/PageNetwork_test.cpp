@@ -14,6 +14,15 @@ class PageNetwork : public PageWorld {
     WaitForDesk(kCheese, QStringLiteral("2"));
     WaitForArrival(browser, kOil, QStringLiteral("3"));
   }
+  /// Another tab of the browser keeps five of tea, which it cannot send.
+  void LeaveFiveInAClosedTab(Browser& browser) {
+    const QStringList tabs = OpenSecondTab(browser);
+    Block(browser, {QStringLiteral("*/a/*")});
+    test::Count(browser, kTea, QStringLiteral("5"));
+    WaitForLeft(browser, 1);
+    browser.CloseTab();
+    browser.SwitchTo(tabs.front());
+  }
 };
 
 TEST_F(PageNetwork, Figures_without_network_stay_readable_on_the_device_and_arrive_with_the_network) {
@@ -82,12 +91,7 @@ TEST_F(PageNetwork, A_closed_tab_leaves_its_figures_to_the_one_that_is_open_besi
   // In a window of its own, it stays visible all the time.
   browser.Run(QStringLiteral(
       "addEventListener('visibilitychange', event => event.stopImmediatePropagation(), true)"));
-  const QStringList tabs = OpenSecondTab(browser);
-  Block(browser, {QStringLiteral("*/a/*")});
-  test::Count(browser, kTea, QStringLiteral("5"));
-  WaitForLeft(browser, 1);
-  browser.CloseTab();
-  browser.SwitchTo(tabs.front());
+  LeaveFiveInAClosedTab(browser);
   WaitForArrival(browser, kTea, QStringLiteral("5"));
 }
 
@@ -100,12 +104,7 @@ TEST_F(PageNetwork, A_hidden_tab_leaves_the_figures_of_a_closed_one_to_those_tha
                     "window.setTimeout = (done, time) => begin(done, time === 5000 ? ++looks : time);"
                     "Object.defineProperty(document, 'hidden', {get: () => !isSeen});"}});
   OpenPage(browser);
-  const QStringList tabs = OpenSecondTab(browser);
-  Block(browser, {QStringLiteral("*/a/*")});
-  test::Count(browser, kTea, QStringLiteral("5"));
-  WaitForLeft(browser, 1);
-  browser.CloseTab();
-  browser.SwitchTo(tabs.front());
+  LeaveFiveInAClosedTab(browser);
   browser.Run(QStringLiteral("window.before = looks"));
   browser.WaitFor(QStringLiteral("looks > before + 5"));
   EXPECT_EQ(AtDesk(kTea), QString());
